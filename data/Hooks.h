@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace marvello {
+
+/// How a message box is meant; the user interface chooses the mark.
+enum class BoxKind { plain, information, critical };
+
+/// What the rooms without windows need from above. `app/` installs these at start; a command-line program or
+/// a test may leave them empty.
+struct Hooks {
+    /// Lets pending window events be handled, for instance a click on an abort button.
+    std::function<void()> giveTurn;
+    /// Shows one sentence to the user and waits until it is acknowledged.
+    std::function<void(BoxKind, const std::string& text)> showBox;
+    /// The per-user value of product, section and name; nothing when there is none.
+    std::function<std::optional<std::string>(const std::string& product, const std::string& section,
+                                             const std::string& name)>
+        readSetting;
+    /// Stores a per-user value.
+    std::function<void(const std::string& product, const std::string& section, const std::string& name,
+                       const std::string& value)>
+        writeSetting;
+};
+
+/// The hooks of the process.
+Hooks& hooks();
+
+/// Gives the user interface a turn; does nothing without one.
+void giveTurn();
+
+/// Shows a box; without a user interface the text goes to standard error.
+void showBox(BoxKind kind, const std::string& text);
+
+}  // namespace marvello

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace marvello {
+
+/// A failed open, a failed statement, a missing column or a NULL where a value is needed. `what()` is one
+/// sentence that names the file, the statement or the column.
+class DatabaseError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A forward-only result of clsDatabase::Execute. It stands on its first row when it is handed out. Columns are
+/// found by name without regard to case. Any number of results may be open on one connection.
+class RecordSet {
+  public:
+    RecordSet(RecordSet&&) noexcept;
+    RecordSet& operator=(RecordSet&&) noexcept;
+    ~RecordSet();
+
+    /// True when there is no current row.
+    bool eof() const;
+    /// Goes to the next row. Raises DatabaseError when the statement fails.
+    void moveNext();
+
+    /// The value of a column of the current row. Each raises DatabaseError for an unknown column, for NULL and
+    /// for a value that is not of the kind asked for.
+    double number(std::string_view column) const;
+    int integer(std::string_view column) const;
+    bool boolean(std::string_view column) const;
+    std::string text(std::string_view column) const;
+
+    bool isNull(std::string_view column) const;
+    /// The value as text, or `defaultText` for NULL.
+    std::string NullToDefault(std::string_view column, std::string_view defaultText) const;
+
+  private:
+    friend class clsDatabase;
+    struct Implementation;
+    explicit RecordSet(std::unique_ptr<Implementation> implementation);
+    std::unique_ptr<Implementation> implementation_;
+};
+
+/// The one read-only connection to the catalogue file.
+class clsDatabase {
+  public:
+    /// `PRAGMA application_id` of a catalogue file: the letters "Marv".
+    static constexpr int applicationId = 0x4D617276;
+    /// `PRAGMA user_version` of the schema that this program reads.
+    static constexpr int schemaVersion = 1;
+
+    clsDatabase();
+    ~clsDatabase();
+    clsDatabase(const clsDatabase&) = delete;
+    clsDatabase& operator=(const clsDatabase&) = delete;
+
+    /// Of the provider's form; only its "Data Source" is used. "\" in it separates folders as "/" does.
+    std::string ConnectionString;
+
+    /// Opens the connection unless it is open already. An argument that is not blank replaces ConnectionString
+    /// first. True when the connection is open; raises DatabaseError when the file is missing, is no
+    /// catalogue or has another schema version.
+    bool Connect(const std::string& connectionString);
+
+    /// Runs the text as it stands. Raises DatabaseError on a closed connection or a failing statement.
+    RecordSet Execute(const std::string& sql);
+
+    /// Closes the connection if there is one; always false.
+    bool CloseConnection();
+
+    /// How many statements were run since construction, for benchmarks and tests.
+    long long executedStatements() const;
+
+  private:
+    struct Connection;
+    std::unique_ptr<Connection> connection_;
+    long long executedStatements_ = 0;
+};
+
+}  // namespace marvello
