@@ -30,7 +30,7 @@ std::string localText(double value);
 /// The text with every "." replaced by the locale's decimal mark.
 std::string ToLocalDecimal(std::string_view text);
 
-/// Reads a number that a person wrote: "." and the locale's mark are both decimal marks.
+/// Reads a number that a person wrote: ".", "," and the locale's mark are decimal marks, U+2212 is a minus.
 std::optional<double> localNumber(std::string_view text);
 
 }  // namespace marvello

@@ -14,8 +14,12 @@ class DatabaseError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// The text as an SQL literal: in single quotes, those inside doubled.
+std::string quoted(std::string_view text);
+
 /// A forward-only result of clsDatabase::Execute. It stands on its first row when it is handed out. Columns
-/// are found by name without regard to case. Any number of results may be open on one connection.
+/// are found by name without regard to case. Any number of results may be open on one connection, and an open
+/// result outlives CloseConnection.
 class RecordSet {
   public:
     RecordSet(RecordSet&&) noexcept;
@@ -63,7 +67,8 @@ class clsDatabase {
 
     /// Opens the connection unless it is open already. An argument that is not blank replaces
     /// ConnectionString first. True when the connection is open; raises DatabaseError when the file is
-    /// missing, is no catalogue or has another schema version.
+    /// missing, is no catalogue or has another schema version. The file is opened for reading alone, so that
+    /// a catalogue in a read-only folder serves.
     bool Connect(const std::string& connectionString);
 
     /// Runs the text as it stands. Raises DatabaseError on a closed connection or a failing statement.
@@ -77,7 +82,7 @@ class clsDatabase {
 
   private:
     struct Connection;
-    std::unique_ptr<Connection> connection_;
+    std::shared_ptr<Connection> connection_;  ///< Shared with the open results.
     long long executedStatements_ = 0;
 };
 
