@@ -7,17 +7,6 @@
 
 namespace marvello {
 
-namespace {
-
-void replaceAll(std::string& text, const std::string& what, const std::string& by) {
-    if (what.empty()) return;
-    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size())) {
-        text.replace(at, what.size(), by);
-    }
-}
-
-}  // namespace
-
 void clsMessage::Format(std::string format, std::vector<std::string> arguments) {
     format_ = std::move(format);
     arguments_ = std::move(arguments);
