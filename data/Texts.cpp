@@ -22,12 +22,6 @@ std::string_view withoutBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-void replaceAll(std::string& text, std::string_view from, std::string_view to) {
-    if (from.empty()) return;
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-        text.replace(at, from.size(), to);
-}
-
 template <class... Format>
 std::string written(double value, Format... format) {
     std::array<char, 64> buffer{};
@@ -53,6 +47,12 @@ std::string uppered(std::string_view text) {
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, lower, lower);
+}
+
+void replaceAll(std::string& text, std::string_view from, std::string_view to) {
+    if (from.empty()) return;
+    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
 }
 
 std::string ListLookup(std::string_view key, std::string_view list) {

@@ -12,6 +12,9 @@ std::string lowered(std::string_view text);
 std::string uppered(std::string_view text);
 bool equalIgnoringCase(std::string_view a, std::string_view b);
 
+/// Replaces every occurrence of `from`; a blank `from` replaces nothing.
+void replaceAll(std::string& text, std::string_view from, std::string_view to);
+
 /// The caption of `key` in a list "key|caption;key|caption", keys compared trimmed and without regard to
 /// case;
 /// "" when no entry has it. Empty entries are skipped.
