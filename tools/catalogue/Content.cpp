@@ -136,7 +136,9 @@ class TableReader {
             faults_.add(file_, "the name lacks the language: " + std::string(table_.name) + ".LANGUAGE.csv");
             return;
         }
+        const auto before = faults_.lines().size();
         const auto records = readCsv(wholeText(file), file_, faults_);
+        if (faults_.lines().size() != before) return;
         if (records.empty()) {
             faults_.add(file_, 1, "the line of column names is missing");
             return;
