@@ -58,7 +58,8 @@ FluidPoint Mixture::reducing(std::span<const double> x) const {
 void Mixture::setWeights(std::span<const double> x, std::span<double> weights) const {
     std::size_t block = 0;
     for (; block < components_.size(); ++block) weights[block] = x[block];
-    for (const PairInteraction& pair : pairs_) weights[block++] = x[pair.first] * x[pair.second] * pair.factor;
+    for (const PairInteraction& pair : pairs_)
+        weights[block++] = x[pair.first] * x[pair.second] * pair.factor;
 }
 
 }  // namespace marvello::fluids

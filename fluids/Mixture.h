@@ -22,9 +22,9 @@ struct PairInteraction {
     std::vector<ResidualTerm> departure;
 };
 
-/// A mixture of pure fluids after Kunz and Wagner (J. Chem. Eng. Data 57 (2012) 3032): the residual parts of the
-/// components and the departures of the pairs, all at a reduced temperature and density that depend on the
-/// composition. One component alone is the pure fluid exactly.
+/// A mixture of pure fluids after Kunz and Wagner (J. Chem. Eng. Data 57 (2012) 3032): the residual parts of
+/// the components and the departures of the pairs, all at a reduced temperature and density that depend on
+/// the composition. One component alone is the pure fluid exactly.
 class Mixture {
   public:
     /// `components` holds at least one fluid, `pairs` an entry for each pair of them.

@@ -29,8 +29,8 @@ struct ReducedPressure {
     double potential = 0;  ///< g/(R T) less its part that depends on temperature alone
 };
 
-/// One homogeneous phase of given composition. The temperature is set first and the density asked for then, as
-/// often as wanted. An evaluation allocates no memory.
+/// One homogeneous phase of given composition. The temperature is set first and the density asked for then,
+/// as often as wanted. An evaluation allocates no memory.
 class Phase {
   public:
     /// `mixture` must outlive the phase.
@@ -62,7 +62,7 @@ class Phase {
     double tau_ = 0;
     double densityShare_ = 0;  ///< sum of x_i R_i/R, the weight of ln rho in the ideal part
     bool idealIsSet_ = false;
-    TauDerivatives ideal_;     ///< of the mixture at this temperature, at rho = 1 mol/dm^3
+    TauDerivatives ideal_;  ///< of the mixture at this temperature, at rho = 1 mol/dm^3
 };
 
 }  // namespace marvello::fluids

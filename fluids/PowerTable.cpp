@@ -42,7 +42,8 @@ void PowerTable::fill(double base, std::span<double> powers) const {
     double before = 1;
     for (std::size_t i = 0; i < steps_.size(); ++i) {
         const Step& step = steps_[i];
-        powers[i] = step.gap != 0 ? before * integerPower(base, step.gap) : std::exp(step.exponent * logarithm);
+        powers[i] =
+            step.gap != 0 ? before * integerPower(base, step.gap) : std::exp(step.exponent * logarithm);
         if (step.exponent >= 0) before = powers[i];
     }
 }

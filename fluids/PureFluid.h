@@ -7,9 +7,9 @@ namespace marvello::fluids {
 
 /// The forms of a residual term. All are a function of tau times a function of delta.
 enum class TermKind {
-    power,       ///< n delta^d tau^t
-    exponential, ///< n delta^d tau^t exp(-delta^l)
-    gaussian     ///< n delta^d tau^t exp(-eta (delta - epsilon)^2 - beta (tau - gamma)^2)
+    power,        ///< n delta^d tau^t
+    exponential,  ///< n delta^d tau^t exp(-delta^l)
+    gaussian      ///< n delta^d tau^t exp(-eta (delta - epsilon)^2 - beta (tau - gamma)^2)
 };
 
 /// One term of the residual Helmholtz energy.
@@ -66,15 +66,15 @@ struct FluidPoint {
 /// delta) with tau = reducing.temperature/T and delta = rho/reducing.density.
 struct PureFluid {
     std::string name;
-    double molarMass = 0;       ///< g/mol
-    double gasConstant = 0;     ///< J/(mol K), the one that the equation was fitted with
+    double molarMass = 0;    ///< g/mol
+    double gasConstant = 0;  ///< J/(mol K), the one that the equation was fitted with
     double acentricFactor = 0;
-    FluidPoint critical;        ///< as published; the library finds the equation's own
-    FluidPoint reducing;        ///< pressure unused
-    double temperatureMin = 0;  ///< K, triple point or lower limit of the equation
-    double temperatureMax = 0;  ///< K
-    double pressureMax = 0;     ///< kPa
-    std::string referenceState; ///< the fluid's usual one: IIR, NBP or ASH
+    FluidPoint critical;         ///< as published; the library finds the equation's own
+    FluidPoint reducing;         ///< pressure unused
+    double temperatureMin = 0;   ///< K, triple point or lower limit of the equation
+    double temperatureMax = 0;   ///< K
+    double pressureMax = 0;      ///< kPa
+    std::string referenceState;  ///< the fluid's usual one: IIR, NBP or ASH
     IdealPart ideal;
     std::vector<ResidualTerm> residual;
 };

@@ -12,7 +12,7 @@ bool isAny(const ResidualTerm&) { return true; }
 bool isExponential(const ResidualTerm& term) { return term.kind == TermKind::exponential; }
 
 std::vector<double> collect(const Blocks& blocks, bool (*wanted)(const ResidualTerm&),
-                            double ResidualTerm::*exponent) {
+                            double ResidualTerm::* exponent) {
     std::vector<double> found;
     for (const auto& block : blocks) {
         for (const ResidualTerm& term : block) {

@@ -20,11 +20,11 @@ struct ResidualDerivatives {
     double dt = 0;
 };
 
-/// The residual Helmholtz energy of a mixture: a weighted sum of blocks of terms, one block for each component
-/// and one for each departure function. For a pure fluid there is one block of weight 1.
+/// The residual Helmholtz energy of a mixture: a weighted sum of blocks of terms, one block for each
+/// component and one for each departure function. For a pure fluid there is one block of weight 1.
 ///
-/// Every term is a factor of tau times a factor of delta. The factors of tau are kept in a workspace, so that an
-/// iteration on the density at one temperature pays for them once.
+/// Every term is a factor of tau times a factor of delta. The factors of tau are kept in a workspace, so that
+/// an iteration on the density at one temperature pays for them once.
 class Residual {
   public:
     explicit Residual(const std::vector<std::vector<ResidualTerm>>& blocks);
@@ -40,9 +40,9 @@ class Residual {
     struct Workspace {
         std::vector<double> tauPowers;
         std::vector<double> deltaPowers;
-        std::vector<double> decayPowers;    ///< delta^l
-        std::vector<double> decays;         ///< exp(-delta^l)
-        std::vector<TauFactor> factors;     ///< one for each term
+        std::vector<double> decayPowers;  ///< delta^l
+        std::vector<double> decays;       ///< exp(-delta^l)
+        std::vector<TauFactor> factors;   ///< one for each term
     };
     Workspace makeWorkspace() const;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -15,25 +16,26 @@ struct Slope {
 
 /// Finds where an increasing function is 0, between `low` (value at most 0) and `high` (value at least 0):
 /// Newton's method, with bisection where a step leaves the bracket or gains too little. `function(x)` gives a
-/// Slope; `guess` is where to begin. Ends when a step is below the spacing of doubles at x times `roundings`.
+/// Slope; `guess` is where to begin. Steps are measured against |x|, or `magnitude` if that is greater.
 template <class Function>
-double findIncreasingRoot(double low, double high, double guess, Function function, double roundings = 2) {
+double findIncreasingRoot(double low, double high, double guess, Function function, double magnitude = 0) {
     constexpr int steps = 200;
-    constexpr double epsilon = std::numeric_limits<double>::epsilon();
+    constexpr double converged = 1e-8;  // what is left after a Newton step is of the order of its square
+    constexpr double spacing = 4 * std::numeric_limits<double>::epsilon();
     double x = guess > low && guess < high ? guess : (low + high) / 2;
     double lastStep = high - low;
     for (int i = 0; i < steps; ++i) {
         const Slope f = function(x);
         if (f.value == 0) return x;
         (f.value < 0 ? low : high) = x;
-        double next = f.derivative > 0 ? x - f.value / f.derivative : low;
-        // A step that is not half the step before last time is made a bisection, so the bracket always shrinks.
-        if (!(next > low && next < high) || std::abs(next - x) > 0.7 * std::abs(lastStep)) {
-            next = (low + high) / 2;
-        }
-        lastStep = next - x;
-        if (std::abs(lastStep) <= roundings * epsilon * std::abs(x) || next == low || next == high) return next;
-        x = next;
+        const double unit = std::max(std::abs(x), magnitude);
+        const double newton = f.derivative > 0 ? -f.value / f.derivative : high - low;
+        if (std::abs(newton) <= converged * unit) return x + newton;
+        const bool usable =
+            x + newton > low && x + newton < high && std::abs(newton) <= 0.7 * std::abs(lastStep);
+        lastStep = usable ? newton : (low + high) / 2 - x;
+        x += lastStep;
+        if (std::abs(lastStep) <= spacing * unit) return x;
     }
     throw PropertyError(Fault::noConvergence, "A search for a state did not end.");
 }
