@@ -255,7 +255,8 @@ SaturationPoint SaturationLine::atPressure(double pressure) {
         refuse("There is no saturation above the critical pressure " + std::to_string(critical_.pressure) +
                " kPa.");
     }
-    if (pressure < pressureMin()) {
+    // A little room, so that the pressure answered for the lowest temperature is taken back.
+    if (pressure < pressureMin() * (1 - 1e-12)) {
         refuse("The pressure lies below that of saturation at the lowest temperature of the equation.");
     }
     SaturationPoint point = guessAt(thetaAtPressure(std::log(pressure)));
