@@ -20,11 +20,11 @@ bool catalogueHas(const std::string& condition) {
 
 /// Each name is looked up before it reaches the engine, so that an answer says what is missing.
 void checkNames(const Request& request) {
-    const std::string ofRefrigerant = "fRefrigerantID=" + quoted(request.refrigerant);
+    const std::string ofRefrigerant = "fRefrigerantID=" + sqlText(request.refrigerant);
     if (!catalogueHas(ofRefrigerant)) {
         throw NothingMatches("The catalogue has no refrigerant " + request.refrigerant + ".");
     }
-    const std::string ofSeries = ofRefrigerant + " and fSerieID=" + quoted(request.series);
+    const std::string ofSeries = ofRefrigerant + " and fSerieID=" + sqlText(request.series);
     if (!catalogueHas(ofSeries)) {
         throw NothingMatches("The catalogue has no series " + request.series + " for " + request.refrigerant +
                              ".");
@@ -34,7 +34,7 @@ void checkNames(const Request& request) {
     for (std::size_t end = rest.find(';'); end != std::string::npos; end = rest.find(';')) {
         const std::string model = rest.substr(0, end);
         rest.erase(0, end + 1);
-        if (!catalogueHas(ofSeries + " and fModelID=" + quoted(model))) {
+        if (!catalogueHas(ofSeries + " and fModelID=" + sqlText(model))) {
             throw NothingMatches("The series " + request.series + " has no model " + model + " for " +
                                  request.refrigerant + ".");
         }
