@@ -1,6 +1,7 @@
 // What thermodynamics itself demands of the properties, over the whole range and near its edges.
 #include <gtest/gtest.h>
 
+#include <cfenv>
 #include <cmath>
 #include <random>
 
@@ -152,6 +153,24 @@ TEST_P(Consistency, OnTheLineIsVapourAndBesideItIsNot) {
         EXPECT_EQ(atTP(t, p * (1 + 1e-7)).q, -998);
         EXPECT_EQ(atTP(t, p * (1 - 1e-7)).q, 998);
     }
+}
+
+/// A caller may have made such faults of arithmetic into signals.
+TEST_P(Consistency, NoSearchDividesByZeroOrOverflows) {
+    const Fluid& fluid = GetParam();
+    std::feclearexcept(FE_ALL_EXCEPT);
+    for (double t = fluid.lowest; t <= fluid.highest; t += 3.7) {
+        for (double p = 1e-6; p <= fluid.pressureMax; p *= 2.3) {
+            const Properties state = atTP(t, p);
+            atPH(p, state.h);
+            atPS(p, state.s);
+            atTS(t, state.s);
+            atPH(p, -1e7);
+            atPS(p, 1e5);
+        }
+        saturationAtT(t);
+    }
+    EXPECT_EQ(std::fetestexcept(FE_DIVBYZERO | FE_INVALID | FE_OVERFLOW), 0);
 }
 
 /// The zero of each reference state, where its definition puts it.
