@@ -41,8 +41,8 @@ class clsApplication {
     void LoadUserInformation();
     void WriteRegistryValue(const std::string& product, const std::string& section, const std::string& name,
                             const std::string& value);
-    std::string ReadRegistryValue(const std::string& product, const std::string& section, const std::string& name,
-                                  const std::string& defaultText);
+    std::string ReadRegistryValue(const std::string& product, const std::string& section,
+                                  const std::string& name, const std::string& defaultText);
 
     clsUser user_;
     clsDictionary dictionary_;

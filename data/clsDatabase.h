@@ -14,8 +14,12 @@ class DatabaseError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// A forward-only result of clsDatabase::Execute. It stands on its first row when it is handed out. Columns are
-/// found by name without regard to case. Any number of results may be open on one connection.
+/// The text as an SQL literal: in single quotes, those inside doubled.
+std::string sqlText(std::string_view text);
+
+/// A forward-only result of clsDatabase::Execute. It stands on its first row when it is handed out. Columns
+/// are found by name without regard to case. Any number of results may be open on one connection, and an open
+/// result outlives CloseConnection.
 class RecordSet {
   public:
     RecordSet(RecordSet&&) noexcept;
@@ -27,8 +31,8 @@ class RecordSet {
     /// Goes to the next row. Raises DatabaseError when the statement fails.
     void moveNext();
 
-    /// The value of a column of the current row. Each raises DatabaseError for an unknown column, for NULL and
-    /// for a value that is not of the kind asked for.
+    /// The value of a column of the current row. Each raises DatabaseError for an unknown column, for NULL
+    /// and for a value that is not of the kind asked for.
     double number(std::string_view column) const;
     int integer(std::string_view column) const;
     bool boolean(std::string_view column) const;
@@ -61,9 +65,10 @@ class clsDatabase {
     /// Of the provider's form; only its "Data Source" is used. "\" in it separates folders as "/" does.
     std::string ConnectionString;
 
-    /// Opens the connection unless it is open already. An argument that is not blank replaces ConnectionString
-    /// first. True when the connection is open; raises DatabaseError when the file is missing, is no
-    /// catalogue or has another schema version.
+    /// Opens the connection unless it is open already. An argument that is not blank replaces
+    /// ConnectionString first. True when the connection is open; raises DatabaseError when the file is
+    /// missing, is no catalogue or has another schema version. The file is opened for reading alone, so that
+    /// a catalogue in a read-only folder serves.
     bool Connect(const std::string& connectionString);
 
     /// Runs the text as it stands. Raises DatabaseError on a closed connection or a failing statement.
@@ -77,7 +82,7 @@ class clsDatabase {
 
   private:
     struct Connection;
-    std::unique_ptr<Connection> connection_;
+    std::shared_ptr<Connection> connection_;  ///< Shared with the open results.
     long long executedStatements_ = 0;
 };
 

@@ -30,8 +30,11 @@ class clsDictionary {
     clsDictionaryEntry* Item(std::string_view key);
     clsDictionaryEntry* Item(int index);
     bool Exist(std::string_view key);
+    bool Exist(int index);
     int Count() const;
+    /// Takes an entry out; nothing happens when it is not there.
     void Remove(std::string_view key);
+    void Remove(int index);
     void Clear();
 
     auto begin() { return entries_.begin(); }

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace marvello {
+
+/// An argument of a message: a text or a number, which becomes text with the locale's decimal mark.
+using MessageArgument = std::variant<std::string, double>;
+
+/// One message under a dictionary key. Its text is made when it is read, so that it follows a change of
+/// language.
+class clsMessage {
+  public:
+    std::string Name;  ///< The dictionary key.
+
+    /// Stores a format and its arguments.
+    void Format(std::string format, std::vector<std::string> arguments);
+    void setDescription(std::string description) { description_ = std::move(description); }
+
+    /// Without a format the stored description. Otherwise the format in lower case, the key in it replaced by
+    /// its dictionary text and each "{i}" by argument i. Raises UnknownTextKey.
+    std::string Description() const;
+
+  private:
+    std::string description_;
+    std::string format_;
+    std::vector<std::string> arguments_;
+};
+
+/// Messages in the order of adding; a key may stand twice.
+class clsMessages {
+  public:
+    void add(const std::string& Name, const std::string& format,
+             const std::vector<MessageArgument>& arguments = {});
+    /// By position from 1. Raises std::out_of_range.
+    const clsMessage& Item(int index) const;
+    int Count() const { return static_cast<int>(messages_.size()); }
+    void Clear() { messages_.clear(); }
+
+    auto begin() const { return messages_.begin(); }
+    auto end() const { return messages_.end(); }
+
+  private:
+    std::vector<clsMessage> messages_;
+};
+
+/// What the engine has to say about one compressor.
+struct ClsSelectionMessages {
+    clsMessages Error;
+    clsMessages Attention;
+    clsMessages Information;
+};
+
+}  // namespace marvello

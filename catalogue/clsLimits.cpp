@@ -1,0 +1,190 @@
+#include "catalogue/clsLimits.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <stdexcept>
+
+#include "data/Texts.h"
+
+namespace marvello {
+
+namespace {
+
+struct LimitLook {
+    int type, drawStyle, color, drawWidth;
+    const char *description, *caption;
+    bool visible;
+};
+
+constexpr LimitLook otherLook = {0, 0, 0, 2, "", "", true};
+
+constexpr std::array limitLooks = {
+    LimitLook{-1, 1, 255, 2, "Over limit", "", true},
+    LimitLook{0, 0, 0, 3, "Application limit", "", true},
+    LimitLook{1, 0, 33535, 2, "Iniection limit", "", true},
+    LimitLook{2, 0, 16745092, 2, "Oil cooling limit", "", true},
+    LimitLook{3, 0, 16711935, 2, "Motor Small limit", "", true},
+    LimitLook{4, 2, 8421504, 2, "", "25%", true},
+    LimitLook{5, 4, 8421504, 2, "", "50%", true},
+    LimitLook{6, 2, 8421504, 2, "", "75%", true},
+    LimitLook{7, 0, 49152, 2, "Oil Filter", "", true},
+    LimitLook{8, 4, 65535, 2, "H only", "", false},
+    LimitLook{9, 4, 65280, 2, "H suggested", "", false},
+    LimitLook{10, 4, 16711680, 2, "S Suggested", "", false},
+    LimitLook{11, 0, 231, 2, "", "", true},
+    LimitLook{12, 0, 7273, 2, "50Hz", "50Hz", true},
+    LimitLook{13, 0, 7273, 2, "60Hz", "60Hz", true},
+    LimitLook{14, 0, 1234, 2, "70Hz", "70Hz", true},
+};
+
+const double pi = 4 * std::atan(1.0);
+
+/// A two-argument arc tangent with a single-precision result.
+float vectorAngle(double y, double x) {
+    if (x > 0) return y == 0 ? 0.0F : static_cast<float>(std::atan(y / x));
+    if (x < 0) {
+        if (y == 0) return static_cast<float>(pi);
+        return static_cast<float>(std::atan(y / x) + (y > 0 ? pi : -pi));
+    }
+    if (y == 0) return 0.0F;
+    return static_cast<float>(y > 0 ? pi / 2 : -pi / 2);
+}
+
+void widen(std::optional<clsPoint>& left, std::optional<clsPoint>& right, const clsPoint& topLeft,
+           const clsPoint& bottomRight) {
+    if (!left) {
+        left = topLeft;
+        right = bottomRight;
+        return;
+    }
+    left->x = std::min(left->x, topLeft.x);
+    left->Y = std::max(left->Y, topLeft.Y);
+    right->x = std::max(right->x, bottomRight.x);
+    right->Y = std::min(right->Y, bottomRight.Y);
+}
+
+template <class List>
+void requirePosition(const List& list, int index, const char* what) {
+    if (index < 1 || index > static_cast<int>(list.size())) {
+        throw std::out_of_range(std::string("There is no ") + what + " " + std::to_string(index) + ".");
+    }
+}
+
+clsPoint parsePoint(const std::string& piece) {
+    const std::size_t comma = piece.find(',');
+    if (comma != std::string::npos) {
+        const std::size_t next = piece.find(',', comma + 1);  // further elements are ignored
+        const auto x = storedNumber(piece.substr(0, comma));
+        const auto y =
+            storedNumber(piece.substr(comma + 1, next == std::string::npos ? next : next - comma - 1));
+        if (x && y) return {*x, *y};
+    }
+    throw std::invalid_argument("\"" + piece + "\" is no point \"x,y\" of an envelope line");
+}
+
+}  // namespace
+
+void clsPoints::add(double x, double y) {
+    points_.push_back({x, y});
+    widen(left_, right_, points_.back(), points_.back());
+}
+
+const clsPoint& clsPoints::Item(int index) const {
+    requirePosition(points_, index, "point");
+    return points_[static_cast<std::size_t>(index) - 1];
+}
+
+void clsPoints::Remove(int index) {
+    requirePosition(points_, index, "point");
+    points_.erase(points_.begin() + (index - 1));
+}
+
+void clsPoints::ClearAll() {
+    points_.clear();
+    left_.reset();
+    right_.reset();
+}
+
+clsPoints parsePoints(std::string_view text) {
+    std::string plain(text);
+    std::erase_if(plain, [](char c) { return c == '(' || c == ')'; });
+    clsPoints points;
+    std::size_t begin = 0;
+    while (true) {
+        const std::size_t end = plain.find(';', begin);
+        const clsPoint point = parsePoint(plain.substr(begin, end == std::string::npos ? end : end - begin));
+        points.add(point.x, point.Y);
+        if (end == std::string::npos) return points;
+        begin = end + 1;
+    }
+}
+
+void clsLimit::setType(int type) {
+    const auto* found = std::find_if(limitLooks.begin(), limitLooks.end(),
+                                     [type](const LimitLook& look) { return look.type == type; });
+    const LimitLook& look = found == limitLooks.end() ? otherLook : *found;
+    LimitType = type;
+    DrawStyle = look.drawStyle;
+    Color = look.color;
+    DrawWidth = look.drawWidth;
+    Description = look.description;
+    Caption = look.caption;
+    Visible = look.visible;
+}
+
+void clsLimits::add(std::shared_ptr<clsLimit> limit) {
+    if (!limit->LeftPoint()) throw std::invalid_argument("An envelope line has no points.");
+    widen(left_, right_, *limit->LeftPoint(), *limit->RightPoint());
+    limits_.push_back(std::move(limit));
+}
+
+const clsLimit& clsLimits::Item(int index) const {
+    requirePosition(limits_, index, "limit");
+    return *limits_[static_cast<std::size_t>(index) - 1];
+}
+
+void clsLimits::Remove(int index) {
+    requirePosition(limits_, index, "limit");
+    limits_.erase(limits_.begin() + (index - 1));
+}
+
+const clsLimit* clsLimits::GetLimitType(int type) const {
+    for (const auto& limit : limits_) {
+        if (limit->LimitType == type) return limit.get();
+    }
+    return nullptr;
+}
+
+clsLimits clsLimits::GetLimitsFromPoint(double x, double y) const {
+    clsLimits holding;
+    for (const auto& limit : limits_) {
+        if (polygonTest(limit->Points, x, y) > PolygonState::outside) holding.add(limit);
+    }
+    return holding;
+}
+
+PolygonState polygonTest(const clsPoints& line, double x, double y) {
+    if (line.Count() < 4) return PolygonState::undecided;
+    for (const clsPoint& point : line) {
+        if (point.x == x && point.Y == y) return PolygonState::onVertex;
+    }
+    float sum = 0;
+    for (int i = 1; i < line.Count(); ++i) {
+        const clsPoint& from = line.Item(i);
+        const clsPoint& to = line.Item(i + 1);
+        const float theta = vectorAngle(from.Y - y, from.x - x);
+        const double cosine = std::cos(static_cast<double>(theta));
+        const double sine = std::sin(static_cast<double>(theta));
+        const double p = to.x - x;
+        const double q = to.Y - y;
+        const float phi = vectorAngle(q * cosine - p * sine, p * cosine + q * sine);
+        if (static_cast<double>(phi) == pi) return PolygonState::onEdge;  // kept: a single never equals it
+        sum += phi;
+    }
+    const double turn = std::abs(static_cast<double>(sum));
+    if (turn < 0.0001) return PolygonState::outside;
+    return turn > pi ? PolygonState::inside : PolygonState::undecided;
+}
+
+}  // namespace marvello

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <variant>
+#include <vector>
+
+namespace marvello {
+
+/// A variable that does not exist, or a text read as a number.
+class VariableError : public std::out_of_range {
+  public:
+    using std::out_of_range::out_of_range;
+};
+
+/// Nothing, a number or a text.
+using VariableValue = std::variant<std::monostate, double, std::string>;
+
+/// One named value of a calculation.
+class clsVariable {
+  public:
+    std::string Name;
+    std::string Description;
+    std::string UnitMeasuretext;  ///< The unit to show.
+    std::string Tag;
+
+    const VariableValue& value() const { return value_; }
+    /// A text that reads as a number is stored as one. Raises ArithmeticFault for an infinity or
+    /// not-a-number.
+    void setValue(VariableValue value);
+
+    bool isNumber() const { return std::holds_alternative<double>(value_); }
+    /// Raises VariableError when the value is no number.
+    double number() const;
+    /// The value as text, a number with the locale's decimal mark.
+    std::string text() const;
+
+  private:
+    VariableValue value_;
+};
+
+/// The bag of named values that a calculation reads and writes, in the order of adding. Names are compared
+/// without regard to case: "Pe", "PE" and "pe" are one variable.
+class clsVariables {
+  public:
+    clsVariables() = default;
+    clsVariables(clsVariables&&) noexcept = default;
+    clsVariables& operator=(clsVariables&&) noexcept = default;
+
+    /// Adds at the end; an entry of the name is removed first.
+    void add(const std::string& Name, VariableValue value, const std::string& Description = {},
+             const std::string& UnitMeasuretext = {}, const std::string& Tag = {});
+
+    /// By name or by position from 1. Raises VariableError when there is none.
+    clsVariable& Item(std::string_view name);
+    const clsVariable& Item(std::string_view name) const;
+    const clsVariable& Item(int position) const;
+    bool Exist(std::string_view name) const;
+    void Remove(std::string_view name);
+    void Clear();
+    int Count() const { return static_cast<int>(entries_.size()); }
+
+    /// The first variable with that tag, case ignored, or nothing.
+    const clsVariable* getFromTag(std::string_view tag) const;
+
+    /// The number of a name; raises VariableError.
+    double operator()(std::string_view name) const { return Item(name).number(); }
+
+    auto begin() const { return entries_.begin(); }
+    auto end() const { return entries_.end(); }
+
+  private:
+    struct NameHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view name) const;
+    };
+    struct NameEqual {
+        using is_transparent = void;
+        bool operator()(std::string_view a, std::string_view b) const;
+    };
+
+    clsVariable* find(std::string_view name) const;
+
+    std::vector<std::unique_ptr<clsVariable>> entries_;
+    std::unordered_map<std::string, clsVariable*, NameHash, NameEqual> byName_;
+};
+
+}  // namespace marvello

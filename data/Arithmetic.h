@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cmath>
+#include <stdexcept>
+
+namespace marvello {
+
+/// A division by zero, an overflow or an invalid operation.
+class ArithmeticFault : public std::domain_error {
+  public:
+    using std::domain_error::domain_error;
+};
+
+/// The value itself, or ArithmeticFault when it is an infinity or not a number.
+inline double checked(double value) {
+    if (!std::isfinite(value)) throw ArithmeticFault("A calculation left the range of numbers.");
+    return value;
+}
+
+/// Conversion to an integer, half to even. Raises ArithmeticFault outside the range of `int`.
+inline int roundedToInteger(double value) {
+    const double whole = std::nearbyint(value);
+    if (!(whole >= -2147483648.0 && whole <= 2147483647.0)) throw ArithmeticFault("A number is too large.");
+    return static_cast<int>(whole);
+}
+
+/// What a format pattern with that many decimal places shows, as a number: half away from zero.
+inline double roundedToPlaces(double value, int places) {
+    const double scale = std::pow(10.0, places);
+    return std::round(value * scale) / scale;
+}
+
+}  // namespace marvello

@@ -1,0 +1,79 @@
+#include "data/ParameterSets.h"
+
+#include <exception>
+#include <optional>
+#include <string_view>
+
+#include "data/Globals.h"
+#include "data/Hooks.h"
+#include "data/Texts.h"
+
+namespace marvello {
+
+namespace {
+
+using DictionaryText = std::function<std::string(const std::string&)>;
+
+std::vector<std::string_view> pieces(std::string_view text, char separator) {
+    std::vector<std::string_view> found;
+    for (std::size_t start = 0;;) {
+        const auto end = text.find(separator, start);
+        found.push_back(text.substr(start, end - start));
+        if (end == std::string_view::npos) return found;
+        start = end + 1;
+    }
+}
+
+/// The value with its placeholders replaced; nothing when a text is missing or the replacing never ends, as
+/// with a text that holds its own key.
+std::optional<std::string> expanded(std::string value, const DictionaryText& dictionaryText) {
+    constexpr int mostReplacements = 100;
+    constexpr std::size_t longestValue = 1'000'000;
+    for (int count = 0; count <= mostReplacements && value.size() <= longestValue; ++count) {
+        const auto open = value.find('{');
+        const auto close = value.find('}');
+        if (open == std::string::npos || close == std::string::npos || close < open) return value;
+        try {
+            const std::string text = dictionaryText(value.substr(open + 1, close - open - 1));
+            value = value.substr(0, open) + text + value.substr(close + 1);
+        } catch (const std::exception&) {
+            return std::nullopt;
+        }
+    }
+    return std::nullopt;
+}
+
+void addAssignments(std::vector<ParameterAssignment>& assignments, const std::string& object,
+                    std::string_view propertyValues, const DictionaryText& dictionaryText) {
+    for (const auto piece : pieces(propertyValues, ':')) {
+        const auto parts = pieces(piece, '=');
+        if (parts.size() < 2) continue;
+        const auto value = expanded(trimmed(parts[1]), dictionaryText);
+        if (value) assignments.push_back({object, trimmed(parts[0]), trimmed(*value)});
+    }
+}
+
+}  // namespace
+
+std::vector<ParameterAssignment> readParameterSet(const std::string& type, const std::string& typeKey,
+                                                  const std::string& key,
+                                                  const DictionaryText& dictionaryText) {
+    std::vector<ParameterAssignment> assignments;
+    if (!gDatabase().Connect("")) {
+        showBox(BoxKind::critical, "Database not connect");
+        return assignments;
+    }
+    auto rows = gDatabase().Execute(
+        "SELECT tParametersHead.fType, tParametersHead.fTypeKey, tParametersHead.fKey, "
+        "tParametersRows.fObjectName, tParametersRows.fObjectType, tParametersRows.fObjectPropertyValue "
+        "FROM tParametersHead INNER JOIN tParametersRows "
+        "ON tParametersHead.fParametersRowsID = tParametersRows.fParametersRowsID "
+        "WHERE fType=" +
+        sqlText(type) + " AND fTypeKey=" + sqlText(typeKey) + " AND fKey=" + sqlText(key) + ";");
+    for (; !rows.eof(); rows.moveNext())
+        addAssignments(assignments, rows.NullToDefault("fObjectName", ""),
+                       rows.NullToDefault("fobjectpropertyvalue", ""), dictionaryText);
+    return assignments;
+}
+
+}  // namespace marvello

@@ -1,0 +1,287 @@
+#include "thermo/clsRefprop.h"
+
+#include <algorithm>
+#include <bit>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string_view>
+
+#include "data/Globals.h"
+#include "data/Hooks.h"
+#include "data/Texts.h"
+
+namespace marvello {
+
+namespace {
+
+/// Fixed-length texts are filled with blanks, as the library expects them.
+template <std::size_t length>
+void fill(std::array<char, length>& field, std::string_view text) {
+    field.fill(' ');
+    std::copy_n(text.begin(), std::min(text.size(), length), field.begin());
+}
+
+template <std::size_t length>
+std::string textOf(const std::array<char, length>& field) {
+    const std::string_view all(field.data(), length);
+    return trimmed(all.substr(0, all.find('\0')));
+}
+
+std::string nativePath(std::string path) {
+    if constexpr (std::filesystem::path::preferred_separator == '/')
+        std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
+constexpr std::string_view unknownFunctionText = "Aggiungere funzione";
+
+/// The two property codes of a state function as one number, for a switch.
+constexpr int key(int type1, int type2) { return 100 * type1 + type2; }
+
+/// More states than a run of the whole catalogue at one condition asks for.
+constexpr std::size_t rememberedStates = 8192;
+
+std::unique_ptr<clsRefprop>& sharedService() {
+    static std::unique_ptr<clsRefprop> service;
+    return service;
+}
+
+}  // namespace
+
+clsRefprop::clsRefprop() : library_(&refpropFunctions()) {}
+
+bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string& refrigerant,
+                            const std::string& fluidPath) {
+    nc_ = 0;
+    ixflag_ = 1;
+    std::string files;
+    if (!trimmed(refrigerant).empty()) Refrigerant = trimmed(refrigerant);
+    if (!trimmed(fluidPath).empty()) Fluidpath = trimmed(fluidPath);
+
+    RecordSet rows = db.Execute(
+        "SELECT tRefrigeranti.fRefrigeranteId, tFluidi.fFluido, tFluidi.fPFluido FROM tRefrigeranti LEFT "
+        "JOIN tFluidi "
+        "ON tRefrigeranti.fRefrigeranteId = tFluidi.fRefrigeranteId WHERE tFluidi.fRefrigeranteId='" +
+        Refrigerant + "'");
+    for (; !rows.eof(); rows.moveNext()) {
+        ++nc_;
+        if (nc_ > 1) files += '|';
+        files += Fluidpath + trimmed(rows.text("fFluido"));
+        if (static_cast<std::size_t>(nc_) > maximumComponents) {
+            throw std::out_of_range("The refrigerant " + Refrigerant + " has more than 20 components.");
+        }
+        xkg_[static_cast<std::size_t>(nc_) - 1] = rows.number("fPFluido");
+    }
+    if (nc_ > 1) {
+        files += '|';
+        ixflag_ = 2;  // the reference state of a blend applies to the mixture
+    }
+
+    fill(hfmix_, nativePath(Fluidpath + "hmx.bnc"));
+    fill(hrf_, "DEF");
+    fill(hfiles_, nativePath(files));
+    fill(herr_, "");
+    remembered_.clear();
+
+    std::int32_t ierr = 0;
+    library_->SETUPdll(&nc_, hfiles_.data(), hfmix_.data(), hrf_.data(), &ierr, herr_.data(), 10000, 255, 3,
+                       255);
+    setupFault_ = ierr > 0 ? textOf(herr_) : std::string();
+    double mixtureMass = 0;
+    library_->XMOLEdll(xkg_.data(), z_.data(), &mixtureMass);
+    library_->WMOLdll(z_.data(), &wm_);
+    double h0 = 0, s0 = 0, t0 = 0, p0 = 0;
+    library_->SETREFdll(hrf_.data(), &ixflag_, z_.data(), &h0, &s0, &t0, &p0, &ierr, herr_.data(), 3, 255);
+    if (setupFault_.empty() && ierr > 0) setupFault_ = textOf(herr_);
+
+    Convert.Initialize(unitsMeasure, wm_);
+    return true;
+}
+
+double clsRefprop::Pressure(double t, int kph) {
+    ask({Function::satt, kph, Convert.ConvertUnitsRefprop(t, 0), 0});
+    return Convert.ConvertUnitsApp(state_.p, 1);
+}
+
+double clsRefprop::Temperature(double value1, int type1, int kph, double value2, int type2) {
+    // Kept: the two enthalpy calls here tell the library a shorter error text.
+    constexpr RefpropFunctions::Length shortErrorLength = 173;
+    const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
+    const double v2 = type2 == -1 ? 0 : Convert.ConvertUnitsRefprop(value2, type2);
+    switch (key(type1, type2)) {
+        case key(1, -1):
+            ask({Function::satp, kph, v1, 0});
+            break;
+        case key(1, 4):
+            ask({Function::psflsh, 0, v1, v2});
+            break;
+        case key(4, 1):
+            ask({Function::psflsh, 0, v2, v1});
+            break;
+        case key(1, 3):
+            ask({Function::phflsh, 0, v1, v2}, shortErrorLength);
+            break;
+        case key(3, 1):
+            ask({Function::phflsh, 0, v2, v1}, shortErrorLength);
+            break;
+        default:
+            unknownFunction();
+    }
+    return Convert.ConvertUnitsApp(state_.t, 0);
+}
+
+double clsRefprop::Enthalpy(double value1, int type1, double value2, int type2) {
+    const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
+    const double v2 = Convert.ConvertUnitsRefprop(value2, type2);
+    switch (key(type1, type2)) {
+        case key(0, 1):
+            ask({Function::tpflsh, 0, v1, v2});
+            break;
+        case key(1, 0):
+            ask({Function::tpflsh, 0, v2, v1});
+            break;
+        case key(1, 4):
+            ask({Function::psflsh, 0, v1, v2});
+            break;
+        case key(4, 1):
+            ask({Function::psflsh, 0, v2, v1});
+            break;
+        case key(0, 4):
+            ask({Function::tsflsh, 0, v1, v2});
+            break;
+        case key(4, 0):
+            ask({Function::tsflsh, 0, v2, v1});
+            break;
+        default:
+            unknownFunction();
+    }
+    return Convert.ConvertUnitsApp(state_.h, 3);
+}
+
+double clsRefprop::Entropy(double value1, int type1, double value2, int type2) {
+    const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
+    const double v2 = Convert.ConvertUnitsRefprop(value2, type2);
+    switch (key(type1, type2)) {
+        case key(0, 1):
+            ask({Function::tpflsh, 0, v1, v2});
+            break;
+        case key(1, 0):
+            ask({Function::tpflsh, 0, v2, v1});
+            break;
+        case key(1, 3):
+            ask({Function::phflsh, 0, v1, v2});
+            break;
+        case key(3, 1):
+            ask({Function::phflsh, 0, v2, v1});
+            break;
+        default:
+            unknownFunction();
+    }
+    return Convert.ConvertUnitsApp(state_.s, 4);
+}
+
+double clsRefprop::Density(double value1, int type1, int kph, std::optional<double> value2, int type2) {
+    const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
+    double v2 = 0;
+    if (value2) {
+        if (type2 == -1) {
+            showBox(BoxKind::plain, "Il parametro vValue2 non è conforme alle specifiche della funzione");
+            return 0;
+        }
+        v2 = Convert.ConvertUnitsRefprop(*value2, type2);
+    }
+    switch (key(type1, type2)) {
+        case key(0, -1):  // kept: a temperature alone goes in as a pressure
+        case key(1, -1):
+            ask({Function::satp, kph, v1, 0});
+            state_.d = state_.dv;  // kept: the vapour's density, whatever kph says
+            break;
+        case key(0, 1):
+            ask({Function::tpflsh, 0, v1, v2});
+            break;
+        case key(1, 0):
+            ask({Function::tpflsh, 0, v2, v1});
+            break;
+        default:
+            unknownFunction();
+    }
+    return Convert.ConvertUnitsApp(state_.d, 2);
+}
+
+void clsRefprop::unknownFunction() { showBox(BoxKind::plain, std::string(unknownFunctionText)); }
+
+std::size_t clsRefprop::CallHash::operator()(const Call& call) const {
+    constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15ULL;
+    const auto mix = [](std::uint64_t hash, std::uint64_t part) {
+        hash = (hash ^ part) * multiplier;
+        return hash ^ (hash >> 29);
+    };
+    std::uint64_t hash = mix(static_cast<std::uint64_t>(call.function), static_cast<std::uint64_t>(call.kph));
+    hash = mix(hash, std::bit_cast<std::uint64_t>(call.first));
+    hash = mix(hash, std::bit_cast<std::uint64_t>(call.second));
+    return static_cast<std::size_t>(hash);
+}
+
+void clsRefprop::ask(const Call& call, RefpropFunctions::Length errorLength) {
+    if (const auto found = remembered_.find(call); found != remembered_.end()) {
+        state_ = found->second;
+        return;
+    }
+    askLibrary(call, errorLength);
+    ++libraryCalls_;
+    if (remembered_.size() >= rememberedStates) remembered_.clear();
+    remembered_.emplace(call, state_);
+}
+
+void clsRefprop::askLibrary(const Call& call, RefpropFunctions::Length errorLength) {
+    double first = call.first;
+    double second = call.second;
+    std::int32_t kph = call.kph;
+    std::int32_t root = 0;
+    State& r = state_;
+    switch (call.function) {
+        case Function::satt:
+            library_->SATTdll(&first, z_.data(), &kph, &r.p, &r.dl, &r.dv, x_.data(), y_.data(), &r.ierr,
+                              herr_.data(), errorLength);
+            break;
+        case Function::satp:
+            library_->SATPdll(&first, z_.data(), &kph, &r.t, &r.dl, &r.dv, x_.data(), y_.data(), &r.ierr,
+                              herr_.data(), errorLength);
+            break;
+        case Function::tpflsh:
+            library_->TPFLSHdll(&first, &second, z_.data(), &r.d, &r.dl, &r.dv, x_.data(), y_.data(), &r.q,
+                                &r.e, &r.h, &r.s, &r.cv, &r.cp, &r.w, &r.ierr, herr_.data(), errorLength);
+            break;
+        case Function::tsflsh:
+            library_->TSFLSHdll(&first, &second, z_.data(), &root, &r.p, &r.d, &r.dl, &r.dv, x_.data(),
+                                y_.data(), &r.q, &r.e, &r.h, &r.cv, &r.cp, &r.w, &r.ierr, herr_.data(),
+                                errorLength);
+            break;
+        case Function::phflsh:
+            library_->PHFLSHdll(&first, &second, z_.data(), &r.t, &r.d, &r.dl, &r.dv, x_.data(), y_.data(),
+                                &r.q, &r.e, &r.s, &r.cv, &r.cp, &r.w, &r.ierr, herr_.data(), errorLength);
+            break;
+        case Function::psflsh:
+            library_->PSFLSHdll(&first, &second, z_.data(), &r.t, &r.d, &r.dl, &r.dv, x_.data(), y_.data(),
+                                &r.q, &r.e, &r.h, &r.cv, &r.cp, &r.w, &r.ierr, herr_.data(), errorLength);
+            break;
+    }
+}
+
+void InitRefprop(const std::string& refrigerant) {
+    auto service = std::make_unique<clsRefprop>();
+    service->Initialize(gDatabase(), 0, refrigerant, "Fluids\\");
+    sharedService() = std::move(service);
+}
+
+clsRefprop& GetRefprop(const std::string& refrigerant) {
+    if (!sharedService() || !equalIgnoringCase(sharedService()->Refrigerant, trimmed(refrigerant))) {
+        InitRefprop(refrigerant);
+    }
+    return *sharedService();
+}
+
+void releaseRefprop() { sharedService().reset(); }
+
+}  // namespace marvello

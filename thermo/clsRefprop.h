@@ -1,0 +1,111 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+#include "data/clsDatabase.h"
+#include "thermo/RefpropLibrary.h"
+#include "thermo/clsConvert.h"
+
+namespace marvello {
+
+/// The one gateway to thermodynamic properties, bound to one refrigerant. Inputs and results are in the units
+/// of `Convert`: for the set 0 degrees Celsius, bar absolute, kg/m^3, kJ/kg, kJ/kg-K. Property codes are
+/// those of clsConvert; the second code -1 means that there is no second value. `kph` 1 is the bubble side, 2
+/// the dew side.
+///
+/// The library's error channel is not acted on: a state outside its range gives what the library leaves, and
+/// its undefined marker shows the box of clsConvert. What protects the results are the envelope and the
+/// rules.
+///
+/// A state asked for before is not calculated again: results are remembered until the object is released.
+class clsRefprop {
+  public:
+    /// Binds to the library of the application folder. Raises FluidLibraryError.
+    clsRefprop();
+
+    clsConvert Convert;
+    std::string Fluidpath;    ///< Folder of the fluid files, ending in "\".
+    std::string Refrigerant;  ///< A key of tRefrigeranti.
+
+    /// Sets the library up for a refrigerant of the catalogue; a blank refrigerant or path keeps the former
+    /// one. Always true; SetupFault tells what the library said. Raises DatabaseError, and std::out_of_range
+    /// for a 21st component.
+    bool Initialize(clsDatabase& db, int unitsMeasure, const std::string& refrigerant,
+                    const std::string& fluidPath);
+
+    /// The library's sentence about the last Initialize, empty when it was content. For those who start a
+    /// calculation; no calculation reads it.
+    const std::string& SetupFault() const { return setupFault_; }
+
+    /// Saturation pressure at the temperature `t`.
+    double Pressure(double t, int kph);
+    double Temperature(double value1, int type1, int kph, double value2, int type2);
+    double Enthalpy(double value1, int type1, double value2, int type2);
+    double Entropy(double value1, int type1, double value2, int type2);
+    /// With a pressure alone the saturated vapour's density, whatever `kph` says.
+    double Density(double value1, int type1, int kph, std::optional<double> value2 = std::nullopt,
+                   int type2 = -1);
+
+    /// How often the library was asked for a state, for benchmarks and tests.
+    long long libraryCalls() const { return libraryCalls_; }
+
+  private:
+    static constexpr std::size_t maximumComponents = 20;
+    using Composition = std::array<double, maximumComponents>;
+
+    enum class Function : std::uint8_t { satt, satp, tpflsh, tsflsh, phflsh, psflsh };
+
+    /// The numbers that a call leaves, in the library's units.
+    struct State {
+        double t = 0, p = 0, d = 0, dl = 0, dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
+        std::int32_t ierr = 0;
+    };
+
+    struct Call {
+        Function function;
+        std::int32_t kph;
+        double first, second;
+        bool operator==(const Call&) const = default;
+    };
+    struct CallHash {
+        std::size_t operator()(const Call& call) const;
+    };
+
+    void ask(const Call& call, RefpropFunctions::Length errorLength = 255);
+    void askLibrary(const Call& call, RefpropFunctions::Length errorLength);
+    void unknownFunction();
+
+    const RefpropFunctions* library_;
+
+    std::array<char, 10000> hfiles_{};
+    std::array<char, 255> hfmix_{};
+    std::array<char, 3> hrf_{};
+    std::array<char, 255> herr_{};
+    std::int32_t nc_ = 0;
+    std::int32_t ixflag_ = 1;
+    Composition xkg_{}, z_{}, x_{}, y_{};
+    double wm_ = 0;
+
+    State state_;
+    std::unordered_map<Call, State, CallHash> remembered_;
+    long long libraryCalls_ = 0;
+    std::string setupFault_;
+};
+
+/// Replaces the shared service by one for `refrigerant`, on gDatabase(), with the units set 0.
+void InitRefprop(const std::string& refrigerant);
+
+/// The shared service bound to `refrigerant`; set up anew only when the refrigerant differs, case ignored.
+/// The library keeps its fluid in global state, so there is one service, and a change of refrigerant costs a
+/// set-up.
+clsRefprop& GetRefprop(const std::string& refrigerant);
+
+/// Releases the shared service, for a change of catalogue or folder.
+void releaseRefprop();
+
+}  // namespace marvello
