@@ -43,17 +43,16 @@ void Flash::setReference(ReferenceState reference) {
 void Flash::checkTemperature(double temperature) const {
     const PureFluid& fluid = mixture_.components().front();
     if (!(temperature >= fluid.temperatureMin && temperature <= fluid.temperatureMax)) {
-        refuse("The temperature " + std::to_string(temperature) + " K lies outside the range of " +
-               fluid.name + ", " + std::to_string(fluid.temperatureMin) + " to " +
-               std::to_string(fluid.temperatureMax) + " K.");
+        refuse("The temperature " + inText(temperature) + " K lies outside the range of " + fluid.name +
+               ", " + inText(fluid.temperatureMin) + " to " + inText(fluid.temperatureMax) + " K.");
     }
 }
 
 void Flash::checkPressure(double pressure) const {
     const PureFluid& fluid = mixture_.components().front();
     if (!(pressure >= pressureLeast && pressure <= fluid.pressureMax)) {
-        refuse("The pressure " + std::to_string(pressure) + " kPa lies outside the range of " + fluid.name +
-               ", above 0 to " + std::to_string(fluid.pressureMax) + " kPa.");
+        refuse("The pressure " + inText(pressure) + " kPa lies outside the range of " + fluid.name +
+               ", above 0 to " + inText(fluid.pressureMax) + " kPa.");
     }
 }
 
@@ -260,7 +259,7 @@ FluidState Flash::searchIsotherm(double temperature, double wanted, double low, 
     const double logDensity = findIncreasingRoot(std::log(low), std::log(high), std::log(guess), move, 1);
     const PhaseState state = phase_.state(std::exp(logDensity));
     if (std::abs(state.entropy - wanted) > 1e-6 * (state.cv + std::abs(wanted))) {
-        refuse("No state of " + mixture_.components().front().name + " at " + std::to_string(temperature) +
+        refuse("No state of " + mixture_.components().front().name + " at " + inText(temperature) +
                " K has this entropy.");
     }
     checkPressure(state.pressure);

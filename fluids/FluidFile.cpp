@@ -73,6 +73,7 @@ class Field {
         if (!value_->is_array()) refuse("is not a list");
         if (value_->size() > mostTerms) refuse("has more than " + std::to_string(mostTerms) + " entries");
         std::vector<decltype(read(*this))> found;
+        found.reserve(value_->size());
         for (std::size_t i = 0; i < value_->size(); ++i) {
             found.push_back(read(Field((*value_)[i], file_, name_ + "[" + std::to_string(i) + "]")));
         }

@@ -9,6 +9,7 @@ namespace {
 std::vector<std::vector<ResidualTerm>> blocksOf(const std::vector<PureFluid>& components,
                                                 const std::vector<PairInteraction>& pairs) {
     std::vector<std::vector<ResidualTerm>> blocks;
+    blocks.reserve(components.size() + pairs.size());
     for (const PureFluid& fluid : components) blocks.push_back(fluid.residual);
     for (const PairInteraction& pair : pairs) blocks.push_back(pair.departure);
     return blocks;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <charconv>
 #include <stdexcept>
 #include <string>
 
@@ -15,6 +17,14 @@ enum class Fault {
     notSupported = 102,    ///< the file or the call asks for something this library does not offer
     internalFailure = 199  ///< anything else, such as exhausted memory
 };
+
+/// A number as it stands in a sentence: ten digits at most, with a point whatever the locale.
+inline std::string inText(double value) {
+    std::array<char, 32> buffer{};
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 10);
+    return {buffer.data(), end.ptr};
+}
 
 /// A failure of the library; the text is one sentence for a person.
 class PropertyError : public std::runtime_error {

@@ -29,8 +29,8 @@ Residual::Residual(const Blocks& blocks)
       deltaPowers_(collect(blocks, isAny, &ResidualTerm::d)),
       decayPowers_(collect(blocks, isExponential, &ResidualTerm::l)) {
     for (std::vector<ResidualTerm> block : blocks) {
-        std::stable_sort(block.begin(), block.end(),
-                         [](const auto& left, const auto& right) { return left.kind < right.kind; });
+        std::sort(block.begin(), block.end(),
+                  [](const auto& left, const auto& right) { return left.kind < right.kind; });
         const auto count = [&](TermKind kind) {
             return static_cast<std::size_t>(std::count_if(
                 block.begin(), block.end(), [kind](const ResidualTerm& term) { return term.kind == kind; }));

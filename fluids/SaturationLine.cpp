@@ -85,7 +85,7 @@ void SaturationLine::makeTable(const PureFluid& fluid) {
         const std::optional<SaturationPoint> found = solve(guess);
         if (!found) {
             throw PropertyError(Fault::fluidFile, "The equation of " + fluid.name + " has no saturation at " +
-                                                      std::to_string(guess.temperature) + " K.");
+                                                      inText(guess.temperature) + " K.");
         }
         nodes_[i] = nodeAt(*found);
     };
@@ -211,19 +211,18 @@ std::optional<SaturationPoint> SaturationLine::solve(SaturationPoint guess) {
 
 SaturationPoint SaturationLine::atTemperature(double temperature) {
     if (temperature > critical_.temperature) {
-        refuse("There is no saturation above the critical temperature " +
-               std::to_string(critical_.temperature) + " K.");
+        refuse("There is no saturation above the critical temperature " + inText(critical_.temperature) +
+               " K.");
     }
     if (temperature < temperatureMin_) {
-        refuse("The temperature lies below the lowest of the equation, " + std::to_string(temperatureMin_) +
-               " K.");
+        refuse("The temperature lies below the lowest of the equation, " + inText(temperatureMin_) + " K.");
     }
     SaturationPoint guess = guessAt(theta(temperature));
     guess.temperature = temperature;
     if (temperature > critical_.temperature * (1 - criticalNeighbourhood)) return guess;
     if (const std::optional<SaturationPoint> found = solve(guess)) return *found;
     throw PropertyError(Fault::noConvergence,
-                        "The saturation at " + std::to_string(temperature) + " K was not found.");
+                        "The saturation at " + inText(temperature) + " K was not found.");
 }
 
 double SaturationLine::pressureMin() const { return std::exp(nodes_.back().value.pressure); }
@@ -252,8 +251,7 @@ double SaturationLine::thetaAtPressure(double logPressure) const {
 
 SaturationPoint SaturationLine::atPressure(double pressure) {
     if (pressure > critical_.pressure) {
-        refuse("There is no saturation above the critical pressure " + std::to_string(critical_.pressure) +
-               " kPa.");
+        refuse("There is no saturation above the critical pressure " + inText(critical_.pressure) + " kPa.");
     }
     // A little room, so that the pressure answered for the lowest temperature is taken back.
     if (pressure < pressureMin() * (1 - 1e-12)) {

@@ -1,0 +1,258 @@
+// Bad calls and bad files: one sentence, undefined numbers, and nothing left of the set-up before.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <limits>
+#include <string>
+
+#include "fluids/Refprop.h"
+#include "tests/fluids/FluidCalls.h"
+
+namespace marvello::test {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+/// Each test runs in an empty folder of its own.
+class Failures : public testing::Test {
+  protected:
+    Failures() : before_(fs::current_path()) {
+        std::string name = (fs::temp_directory_path() / "marvello-fluids-XXXXXX").string();
+        folder_ = mkdtemp(name.data());
+        fs::current_path(folder_);
+    }
+    ~Failures() override {
+        fs::current_path(before_);
+        fs::remove_all(folder_);
+    }
+    Failures(const Failures&) = delete;
+    Failures& operator=(const Failures&) = delete;
+
+    static std::string shipped() {
+        std::ifstream file(std::string(MARVELLO_SOURCE_FOLDER) + "/fluids/files/R134A.FLD", std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+    static void write(const fs::path& path, const std::string& text) {
+        if (path.has_parent_path()) fs::create_directories(path.parent_path());
+        std::ofstream(path, std::ios::binary) << text;
+    }
+    static void expectUnset() {
+        const Properties found = saturationAtT(273.15);
+        EXPECT_EQ(found.error.code, 1);
+        EXPECT_EQ(found.p, undefined);
+    }
+
+  private:
+    fs::path before_;
+    fs::path folder_;
+};
+
+TEST_F(Failures, NothingAnswersBeforeASetUp) {
+    EXPECT_NE(setUp("", 0).code, 0);
+    for (const Properties& found : {saturationAtT(300), saturationAtP(500), atTP(300, 100), atTS(300, 180),
+                                    atPH(100, 1e4), atPS(100, 180)}) {
+        EXPECT_EQ(found.error.code, 1);
+        EXPECT_EQ(found.error.text, "No fluid has been set up.");
+        EXPECT_EQ(found.Dl, undefined);
+        EXPECT_EQ(found.Dv, undefined);
+        for (const double fraction : found.y) EXPECT_EQ(fraction, undefined);
+    }
+    const Fractions mass{1.0};
+    Fractions mole{};
+    double molarMass = 0;
+    XMOLEdll(mass.data(), mole.data(), &molarMass);
+    EXPECT_EQ(molarMass, undefined);
+    EXPECT_EQ(mole[19], undefined);
+    WMOLdll(mass.data(), &molarMass);
+    EXPECT_EQ(molarMass, undefined);
+    EXPECT_EQ(setReference("DEF").code, 1);
+}
+
+TEST_F(Failures, SetUpArguments) {
+    EXPECT_THAT(setUp("Fluids\\R134A.FLD", 0).text, HasSubstr("number of components is 0"));
+    EXPECT_NE(setUp("Fluids\\R134A.FLD", -3).code, 0);
+    EXPECT_NE(setUp("Fluids\\R134A.FLD", 21).code, 0);
+    EXPECT_THAT(setUp("Fluids\\R134A.FLD", 2).text, HasSubstr("File name 2 of 2 is missing"));
+    EXPECT_THAT(setUp("Fluids\\R134A.FLD|Fluids\\PROPANE.FLD|", 2).text, HasSubstr("blends"));
+    EXPECT_THAT(setUp("Fluids\\R134A.FLD", 1, "QQQ").text, HasSubstr("QQQ"));
+    EXPECT_THAT(setUp("Fluids\\NOSUCH.FLD").text, HasSubstr("no fluid file \"Fluids\\NOSUCH.FLD\""));
+    EXPECT_NE(setUp("Fluids").code, 0);
+    expectUnset();
+}
+
+TEST_F(Failures, PathsFromOtherSystems) {
+    for (const char* name :
+         {"Fluids\\R134A.FLD", "Fluids/R134A.FLD", "fluids\\r134a.fld", ".\\FLUIDS/R134a.Fld"}) {
+        EXPECT_EQ(setUp(name).text, "") << name;
+    }
+    EXPECT_EQ(setUp(std::string(MARVELLO_APP_FOLDER) + "/Fluids/PROPANE.FLD").text, "");
+    // The current folder comes before the library's.
+    write("fluids/R134A.fld", "{}");
+    EXPECT_THAT(setUp("Fluids\\R134A.FLD").text, HasSubstr("the field format is missing"));
+}
+
+TEST_F(Failures, ASetUpThatFailsLeavesNothing) {
+    ASSERT_EQ(setUp("Fluids\\R134A.FLD").code, 0);
+    const double pressure = saturationAtT(273.15).p;
+    ASSERT_EQ(setUp("Fluids\\PROPANE.FLD", 1, "NBP").code, 0);
+    EXPECT_GT(saturationAtT(273.15).p, 1.5 * pressure);
+    ASSERT_EQ(setUp("Fluids\\R134A.FLD").code, 0);
+    EXPECT_EQ(saturationAtT(273.15).p, pressure);
+    EXPECT_NE(setUp("Fluids\\NOSUCH.FLD").code, 0);
+    expectUnset();
+}
+
+TEST_F(Failures, AFileCutAnywhereIsRefused) {
+    const std::string whole = shipped();
+    ASSERT_GT(whole.size(), 2000U);
+    for (std::size_t length = 0; length < whole.find_last_of('}'); length += 23) {
+        write("cut.fld", whole.substr(0, length));
+        const Answer answer = setUp("cut.fld");
+        ASSERT_EQ(answer.code, 101) << length;
+        ASSERT_THAT(answer.text, HasSubstr("cut.fld")) << length;
+    }
+    expectUnset();
+}
+
+TEST_F(Failures, FieldsThatMakeNoSense) {
+    struct Case {
+        const char* from;
+        const char* to;
+        const char* complaint;
+    };
+    for (const Case& wrong : {
+             Case{"\"marvello-fluid\"", "\"other\"", "field format"},
+             Case{"\"version\": 1", "\"version\": 2", "field version"},
+             Case{"\"molar_mass\": 102.032", "\"molar_mass\": \"102\"", "molar_mass is not a number"},
+             Case{"\"molar_mass\": 102.032", "\"molar_mass\": -1", "molar_mass"},
+             Case{"\"molar_mass\"", "\"mass\"", "molar_mass is missing"},
+             Case{"8.314471", "8314.471", "gas_constant"},
+             Case{"\"temperature\": 374.21", "\"temperature\": 474.21", "critical"},
+             Case{"\"pressure\": 4059.28", "\"pressure\": 405.928", "critical"},
+             Case{"\"temperature_max\": 455", "\"temperature_max\": 300", "limits"},
+             Case{"\"temperature_max\": 455", "\"temperature_max\": 1e999", "too large"},
+             Case{"\"reference_state\": \"IIR\"", "\"reference_state\": \"\"", "reference_state"},
+             Case{"\"ideal\": {", "\"ideal\": [], \"x\": {", "ideal is not an object"},
+             Case{"\"powers\": [", "\"powers\": 1, \"x\": [", "ideal.powers is not a list"},
+             Case{"\"einstein\": []", "\"einstein\": [{\"n\": 1, \"theta\": -1}]", "einstein[0].theta"},
+             Case{"\"kind\": \"exp\"", "\"kind\": \"virial\"", "residual[8].kind is \"virial\""},
+             Case{"\"d\": 5, \"t\": 1, \"l\": 1", "\"d\": 5, \"t\": 1", "residual[8] has no l"},
+             Case{"\"t\": 50", "\"t\": 5000", "residual[20].t"},
+             Case{"\"n\": 0.498223", "\"n\": null", "residual[1].n"},
+             Case{"\"n\": 0.498223", "\"n\": 49.8223", "no critical point"},
+             Case{"\"critical\"", "critical", "line 16 is ill-formed"},
+         }) {
+        std::string text = shipped();
+        const std::size_t place = text.find(wrong.from);
+        ASSERT_NE(place, std::string::npos) << wrong.from;
+        text.replace(place, std::string(wrong.from).size(), wrong.to);
+        write("wrong.fld", text);
+        const Answer answer = setUp("wrong.fld");
+        EXPECT_EQ(answer.code, 101) << wrong.to;
+        EXPECT_THAT(answer.text, HasSubstr(wrong.complaint));
+    }
+}
+
+TEST_F(Failures, StatesOutOfRange) {
+    ASSERT_EQ(setUp("Fluids\\R134A.FLD").code, 0);
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinite = std::numeric_limits<double>::infinity();
+    const auto expectRefused = [](const Properties& found, std::int32_t code) {
+        EXPECT_EQ(found.error.code, code) << found.error.text;
+        EXPECT_GT(found.error.text.size(), 10U);
+        EXPECT_EQ(found.Dl, undefined);
+        EXPECT_EQ(found.x[0], undefined);
+    };
+    expectRefused(saturationAtT(100), 3);
+    expectRefused(saturationAtT(374.3), 3);
+    expectRefused(saturationAtP(4060), 3);
+    expectRefused(saturationAtP(1e-3), 3);
+    expectRefused(saturationAtP(-1), 3);
+    expectRefused(saturationAtT(300, 0), 2);
+    expectRefused(saturationAtP(300, 3), 2);
+    expectRefused(atTP(160, 100), 3);
+    expectRefused(atTP(460, 100), 3);
+    expectRefused(atTP(300, 0), 3);
+    expectRefused(atTP(300, -5), 3);
+    expectRefused(atTP(300, 70001), 3);
+    expectRefused(atPH(100, 1e6), 3);
+    expectRefused(atPH(100, -1e6), 3);
+    expectRefused(atPH(6000, 1e6), 3);
+    expectRefused(atPS(100, 1000), 3);
+    expectRefused(atPS(100, -1000), 3);
+    expectRefused(atTS(300, 1e4), 3);
+    expectRefused(atTS(300, -1e4), 3);
+    expectRefused(atTS(400, 60), 3);
+    for (const double odd : {nan, infinite, -infinite}) {
+        expectRefused(saturationAtT(odd), 2);
+        expectRefused(saturationAtP(odd), 2);
+        expectRefused(atTP(300, odd), 2);
+        expectRefused(atTP(odd, 300), 2);
+        expectRefused(atPH(100, odd), 2);
+        expectRefused(atPS(odd, 180), 2);
+        expectRefused(atTS(odd, 180), 2);
+        expectRefused(atPH(100, undefined), 3);
+    }
+}
+
+/// No byte is read or written beyond the lengths told, and the rest of the error text is blank.
+TEST_F(Failures, BuffersAreRespected) {
+    const std::int32_t count = 1;
+    // Garbage stands right behind the lengths told.
+    const std::string files = "Fluids\\R134A.FLDgarbage";
+    const std::string reference = "DEFgarbage";
+    std::string error(60, '#');
+    std::int32_t code = -1;
+    SETUPdll(&count, files.data(), nullptr, reference.data(), &code, error.data(), 16, 0, 3, 20);
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(error, std::string(20, ' ') + std::string(40, '#'));
+
+    const std::string ended = std::string("Fluids\\R134A.FLD") + '\0' + "behind";
+    SETUPdll(&count, ended.data(), nullptr, reference.data(), &code, error.data(), 23, 0, 3, 20);
+    EXPECT_EQ(code, 0);
+
+    SETUPdll(&count, "missing.fld", nullptr, reference.data(), &code, error.data(), 11, 0, 3, 20);
+    EXPECT_EQ(code, 101);
+    EXPECT_EQ(error, "There is no fluid fi" + std::string(40, '#'));
+    SETUPdll(&count, "missing.fld", nullptr, reference.data(), &code, error.data(), -1, 0, 3, 0);
+    EXPECT_NE(code, 0);
+
+    ASSERT_EQ(setUp("Fluids\\R134A.FLD").code, 0);
+    const double t = 300;
+    const std::int32_t side = 1;
+    double p = 0;
+    double liquid = 0;
+    double vapour = 0;
+    std::array<double, 22> x{};
+    x.fill(77);
+    std::array<double, 22> y = x;
+    SATTdll(&t, y.data(), &side, &p, &liquid, &vapour, x.data() + 1, y.data() + 1, &code, error.data(), 20);
+    for (const auto& fractions : {x, y}) {
+        EXPECT_EQ(fractions.front(), 77);
+        EXPECT_EQ(fractions[1], 1);
+        EXPECT_EQ(fractions[20], 0);
+        EXPECT_EQ(fractions.back(), 77);
+    }
+}
+
+TEST_F(Failures, MolarMassOfAPureFluid) {
+    ASSERT_EQ(setUp("Fluids\\PROPANE.FLD").code, 0);
+    const Fractions mass{0.25};
+    Fractions mole{};
+    double molarMass = 0;
+    XMOLEdll(mass.data(), mole.data(), &molarMass);
+    EXPECT_EQ(mole[0], 1);
+    EXPECT_EQ(mole[1], 0);
+    EXPECT_EQ(molarMass, 44.09562);
+    molarMass = 0;
+    WMOLdll(mole.data(), &molarMass);
+    EXPECT_EQ(molarMass, 44.09562);
+}
+
+}  // namespace
+}  // namespace marvello::test
