@@ -69,7 +69,7 @@ std::vector<ParameterAssignment> readParameterSet(const std::string& type, const
         "FROM tParametersHead INNER JOIN tParametersRows "
         "ON tParametersHead.fParametersRowsID = tParametersRows.fParametersRowsID "
         "WHERE fType=" +
-        quoted(type) + " AND fTypeKey=" + quoted(typeKey) + " AND fKey=" + quoted(key) + ";");
+        sqlText(type) + " AND fTypeKey=" + sqlText(typeKey) + " AND fKey=" + sqlText(key) + ";");
     for (; !rows.eof(); rows.moveNext())
         addAssignments(assignments, rows.NullToDefault("fObjectName", ""),
                        rows.NullToDefault("fobjectpropertyvalue", ""), dictionaryText);

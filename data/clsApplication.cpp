@@ -23,7 +23,7 @@ void store(clsDictionaryEntry& entry, const std::string& text, bool isDefault) {
 }
 
 void readHelp(clsDictionary& dictionary, const std::string& language, bool isDefault) {
-    auto rows = gDatabase().Execute("select *  from thelp where flanguage=" + quoted(language) + " ");
+    auto rows = gDatabase().Execute("select *  from thelp where flanguage=" + sqlText(language) + " ");
     for (; !rows.eof(); rows.moveNext()) {
         const std::string key = "help." + lowered(trimmed(rows.text("ffield"))) + ".rtf";
         store(itemOrNew(dictionary, key), rows.text("fhelp"), isDefault);
@@ -69,12 +69,11 @@ void clsApplication::populateDictionary(const std::string& defaultLanguage, cons
     const bool second = !language.empty() && !equalIgnoringCase(language, defaultLanguage);
 
     std::string sql =
-        "Select *, 1 as flanguagedefault from tDictionary where fLanguageID =" + quoted(defaultLanguage) +
+        "Select *, 1 as flanguagedefault from tDictionary where fLanguageID =" + sqlText(defaultLanguage) +
         " ";
     if (second)
-        sql +=
-            " union Select *, 0 as flanguagedefault from tDictionary where fLanguageID =" + quoted(language) +
-            " ";
+        sql += " union Select *, 0 as flanguagedefault from tDictionary where fLanguageID =" +
+               sqlText(language) + " ";
 
     if (!gDatabase().Connect("")) return;
     auto rows = gDatabase().Execute(sql);

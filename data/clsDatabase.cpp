@@ -54,7 +54,7 @@ void checkIsCatalogue(SQLite::Database& database, const std::string& file) {
 
 }  // namespace
 
-std::string quoted(std::string_view text) {
+std::string sqlText(std::string_view text) {
     std::string result = "'";
     for (const char c : text) result.append(c == '\'' ? 2 : 1, c);
     return result + "'";

@@ -15,7 +15,7 @@ class DatabaseError : public std::runtime_error {
 };
 
 /// The text as an SQL literal: in single quotes, those inside doubled.
-std::string quoted(std::string_view text);
+std::string sqlText(std::string_view text);
 
 /// A forward-only result of clsDatabase::Execute. It stands on its first row when it is handed out. Columns
 /// are found by name without regard to case. Any number of results may be open on one connection, and an open

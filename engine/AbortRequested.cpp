@@ -1,0 +1,10 @@
+#include "engine/AbortRequested.h"
+
+namespace marvello {
+
+bool& AbortRequested() {
+    static bool requested = false;
+    return requested;
+}
+
+}  // namespace marvello

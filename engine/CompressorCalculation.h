@@ -1,0 +1,83 @@
+#pragma once
+
+#include <string>
+
+#include "catalogue/clsCompressor.h"
+#include "catalogue/clsProjectConditions.h"
+#include "engine/SelectionRules.h"
+#include "engine/Statements.h"
+#include "engine/formTimeout.h"
+#include "thermo/clsRefprop.h"
+
+namespace marvello {
+
+/// The calculation of one compressor at one operating point. All it finds lands in the compressor's Variables
+/// and Messages. Temperatures in degrees Celsius, pressures in bar, enthalpies in kJ/kg, mass flows in kg/h,
+/// capacity and power in kW, currents in A.
+///
+/// A reference-point model: the catalogue's surfaces give capacity and power at a suction superheat of 10 K.
+/// The reference capacity gives the volume flow that the compressor displaces, and this flow is applied to
+/// the real suction state. Power is taken as it is.
+class CompressorCalculation {
+  public:
+    CompressorCalculation(clsCompressor& compressor, clsRefprop& refprop,
+                          const clsProjectConditions& conditions, formTimeout& timeout);
+
+    void run();
+
+  private:
+    // The stages, in order.
+    void preparation();
+    void inputVariables();
+    void saturationVariables();
+    void calculateInEnvelope();
+    void correctInputs();
+    void suctionState();
+    void liquidSide();
+    void referenceSurfaces();
+    void flowsAndCapacity();
+    void current();
+    void ratedCurrents();
+    void efficiency();
+    void dischargeTemperature();
+    void dischargeLimit();
+    void dischargeStateAndOilLoad();
+    void economizer();
+    void condenser();
+
+    bool failed() const { return compressor_.Messages.Error.Count() > 0; }
+
+    /// Adds a variable; a failing value is an error entry and leaves a former one as it was.
+    template <class Value>
+    void let(const std::string& name, Value&& value, const std::string& unit = {},
+             const std::string& description = {}) {
+        statements_.attempt([&] { v_.add(name, value(), description, unit); });
+    }
+
+    /// Overwrites a variable in its place, with its unit and description; a failing value is an error entry.
+    template <class Value>
+    void set(const std::string& name, Value&& value) {
+        statements_.attempt([&] { v_.Item(name).setValue(value()); });
+    }
+
+    double H(double t, double p) { return refprop_.Enthalpy(t, 0, p, 1); }
+    double S(double t, double p) { return refprop_.Entropy(t, 0, p, 1); }
+    double D(double t, double p) { return refprop_.Density(t, 0, 2, p, 1); }
+
+    clsCompressor& compressor_;
+    clsRefprop& refprop_;
+    const clsProjectConditions& conditions_;
+    formTimeout& timeout_;
+    clsVariables& v_;
+    const clsConvert& units_;
+    Statements statements_;
+    SelectionRules rules_;
+    clsLimits around_;  ///< The limits that hold the point.
+};
+
+/// The heat that oil cooling carries off in the standard cycle: writes `Pra` in kW, and `H2Rif` where the
+/// discharge is above 0 degrees Celsius. Reads `OC`, `T21`, `H21`, `Pc` and `MBase`. Raises what the reads
+/// raise.
+void CalculateOilCooling(clsCompressor& compressor, clsRefprop& refprop);
+
+}  // namespace marvello

@@ -1,0 +1,17 @@
+#include "engine/CompressorCalculation.h"
+
+namespace marvello {
+
+void CalculateOilCooling(clsCompressor& compressor, clsRefprop& refprop) {
+    clsVariables& v = compressor.Variables;
+    const auto writeLoad = [&v](double load) { v.Item("Pra").setValue(load); };
+    if (v("T21") <= 0) {
+        writeLoad(0);
+        return;
+    }
+    v.add("H2Rif", refprop.Enthalpy(v("OC"), 0, v("Pc"), 1));
+    writeLoad(v("MBase") * (v("H21") - v("H2Rif")) / 3600);
+    if (v("T21") < v("OC")) writeLoad(0);
+}
+
+}  // namespace marvello

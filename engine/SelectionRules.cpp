@@ -1,0 +1,255 @@
+#include "engine/SelectionRules.h"
+
+#include <array>
+#include <string>
+
+#include "data/Arithmetic.h"
+#include "data/Texts.h"
+
+namespace marvello {
+
+namespace {
+
+/// Types of the lines of an envelope.
+namespace limit {
+constexpr int over = -1;
+constexpr int application = 0;
+constexpr int injection = 1;
+constexpr int oilCooling = 2;
+constexpr int smallMotor = 3;
+constexpr int step25 = 4;
+constexpr int step50 = 5;
+constexpr int step75 = 6;
+constexpr int oilFilter = 7;
+constexpr int hOnly = 8;
+constexpr int hSuggested = 9;
+constexpr int sSuggested = 10;
+constexpr int forbidden = 11;
+constexpr int hertz50 = 12;
+constexpr int hertz60 = 13;
+constexpr int hertz70 = 14;
+}  // namespace limit
+
+void raise(clsMessages& list, const std::string& key) { list.add(key, key); }
+
+/// With an argument 0 that no text refers to.
+void raiseWithZero(clsMessages& list, const std::string& key) { list.add(key, key, {0.0}); }
+
+}  // namespace
+
+SelectionRules::SelectionRules(clsCompressor& compressor, const clsProjectConditions& conditions,
+                               Statements& statements)
+    : compressor_(compressor),
+      conditions_(conditions),
+      statements_(statements),
+      messages_(compressor.Messages),
+      v_(compressor.Variables),
+      serie_(lowered(compressor.Serie)),
+      model_(lowered(compressor.Model)),
+      refrigerant_(lowered(compressor.Refrigerant)) {}
+
+void SelectionRules::envelopeRules(const clsLimits& around) {
+    if (around.FindLimitType(limit::forbidden)) {
+        forbiddenRegion();
+    } else {
+        capacityStep(around);
+        polynomials();
+        polynomialsAndMotor(around);
+        overLimit(around);
+        oilFilter(around);
+        smallMotor(around);
+        injection(around);
+        suggestedVersion(around);
+    }
+    inverterFrequency(around);
+}
+
+void SelectionRules::inputRangeRules() {
+    statements_.attempt([this] { subcooling(); });
+    statements_.attempt([this] { superheat(); });
+}
+
+void SelectionRules::oilRules(const clsLimits& around) {
+    statements_.attempt([&] { oilCooling(around); });
+    statements_.attempt([&] { injectionForOil(around); });
+}
+
+void SelectionRules::closingRules() {
+    lowTemperatureRefrigerant();
+    variableSeries();
+    statements_.attempt([this] { powerOfModel(); });
+    bareModel();
+    flammableRefrigerant();
+}
+
+void SelectionRules::forbiddenRegion() {
+    messages_.Attention.Clear();
+    messages_.Error.Clear();
+    messages_.Information.Clear();
+    raise(messages_.Error, "messages.message02");
+}
+
+void SelectionRules::capacityStep(const clsLimits& around) {
+    const int step = conditions_.StepCapacity;
+    if (step == 100) {
+        if (serie_ == "tk-a(p)" || serie_ == "tk-a(q)")
+            raiseWithZero(messages_.Information, "messages.message28");
+        return;
+    }
+    const bool allowed = (step == 75 && around.FindLimitType(limit::step75)) ||
+                         (step == 50 && around.FindLimitType(limit::step50)) ||
+                         (step == 25 && around.FindLimitType(limit::step25));
+    if (allowed) {
+        raise(messages_.Information, "messages.message30");
+    } else {
+        raise(messages_.Error, "messages.message29");
+    }
+}
+
+bool SelectionRules::hasSoundPolynomials() const {
+    return compressor_.polynomialPta.isOK() && compressor_.PolynomialQ0.isOK();
+}
+
+void SelectionRules::polynomials() {
+    if (!hasSoundPolynomials()) raise(messages_.Error, "messages.message31");
+}
+
+// Kept: the polynomials and the capacity step are tested twice, so that their messages stand twice.
+void SelectionRules::polynomialsAndMotor(const clsLimits& around) {
+    if (!hasSoundPolynomials()) {
+        raise(messages_.Error, "messages.message31");
+    } else if (!compressor_.hasInvert && serie_ != "nl-h" && !compressor_.Motor.isValid()) {
+        raise(messages_.Error, "messages.message33");
+    } else {
+        capacityStep(around);
+    }
+}
+
+void SelectionRules::overLimit(const clsLimits& around) {
+    if (around.FindLimitType(limit::over) && !around.FindLimitType(limit::application)) {
+        raise(messages_.Attention, "messages.message02");
+    }
+}
+
+void SelectionRules::oilFilter(const clsLimits& around) {
+    if (around.FindLimitType(limit::oilFilter)) raise(messages_.Attention, "messages.message03");
+}
+
+void SelectionRules::smallMotor(const clsLimits& around) {
+    if (!compressor_.hasFullSmallMotor) return;
+    const bool inSmallMotorLimit = around.FindLimitType(limit::smallMotor);
+    if (inSmallMotorLimit && compressor_.Motor.MotorType == 1)
+        raise(messages_.Information, "messages.message04");
+    if (compressor_.limits.FindLimitType(limit::smallMotor) && compressor_.Motor.MotorType == 0 &&
+        !inSmallMotorLimit) {
+        raise(messages_.Error, "messages.message05");
+    }
+}
+
+void SelectionRules::injection(const clsLimits& around) {
+    if (around.FindLimitType(limit::oilCooling) || !around.FindLimitType(limit::injection)) return;
+    const bool isGh = serie_ == "gh" || serie_ == "gh4";
+    raise(messages_.Attention, isGh ? "messages.message06" : "messages.message07");
+}
+
+void SelectionRules::suggestedVersion(const clsLimits& around) {
+    if (around.FindLimitType(limit::hOnly)) {
+        raise(messages_.Information, "messages.message08");
+    } else if (around.FindLimitType(limit::hSuggested)) {
+        raise(messages_.Information, "messages.message09");
+    } else if (around.FindLimitType(limit::sSuggested)) {
+        raise(messages_.Information, "messages.message10");
+    }
+}
+
+void SelectionRules::inverterFrequency(const clsLimits& around) {
+    if (!compressor_.hasInvert) return;
+    const auto ceiling = [this](float highest, const char* format) {
+        if (conditions_.InverterFrequency > highest) messages_.Error.add("messages.message35", format);
+    };
+    if (around.FindLimitType(limit::hertz70)) {
+        ceiling(70, "<= 70 Hz");
+    } else if (around.FindLimitType(limit::hertz60)) {
+        ceiling(60, "<=60 Hz");
+    } else if (around.FindLimitType(limit::hertz50)) {
+        ceiling(50, "<=50 Hz");
+    }
+}
+
+void SelectionRules::subcooling() {
+    const double highest = roundedToPlaces((v_("Tcb") - v_("Teb")) * 0.8, 2);
+    if (v_("Sc") < 0 || v_("Sc") > highest) {
+        messages_.Error.add("messages.message12", "messages.message12 ({0})", {highest});
+    }
+}
+
+void SelectionRules::superheat() {
+    const double highest = refrigerant_ == "r290" ? 40 : 20;
+    const double base = v_("ShType") == 0 ? 0 : v_("Ted");
+    if (v_("Sh") < base || v_("Sh") > base + highest) raiseWithZero(messages_.Error, "messages.message13");
+}
+
+void SelectionRules::oilCooling(const clsLimits& around) {
+    if (!around.FindLimitType(limit::oilCooling)) return;
+    if (serie_ != "gh") {
+        raise(messages_.Attention, "messages.message16");
+    } else {
+        const bool isHigh = model_.find('h') != std::string::npos;
+        raiseWithZero(messages_.Attention, isHigh ? "messages.message14" : "messages.message15");
+    }
+}
+
+void SelectionRules::injectionForOil(const clsLimits& around) {
+    if (!compressor_.limits.FindLimitType(limit::injection) || around.FindLimitType(limit::injection)) return;
+    if (v_("Pra") > 0)
+        raise(messages_.Attention, serie_ == "gh" ? "messages.message17" : "messages.message07");
+}
+
+void SelectionRules::lowTemperatureRefrigerant() {
+    if ((serie_ == "mv-a" || serie_ == "mv-e") && (refrigerant_ == "r404a" || refrigerant_ == "r507")) {
+        raiseWithZero(messages_.Attention, "messages.message18");
+    }
+}
+
+void SelectionRules::variableSeries() {
+    if (serie_ != "mv-a(v)") return;
+    raiseWithZero(messages_.Information, "messages.message19");
+    raiseWithZero(messages_.Attention, "messages.message20");
+}
+
+void SelectionRules::powerOfModel() {
+    if (serie_ != "mv-j") return;
+    if (!raisedPowerLimit("Pta") && v_.Exist("ptaEco")) raisedPowerLimit("ptaEco");
+}
+
+bool SelectionRules::raisedPowerLimit(const char* variable) {
+    struct PowerLimit {
+        const char* model;
+        double kilowatts;
+    };
+    constexpr std::array limits = {PowerLimit{"Q40", 51}, PowerLimit{"Q50", 52.2}, PowerLimit{"Q60", 58.5}};
+    for (const PowerLimit& limit : limits) {
+        if (compressor_.Model == limit.model && v_(variable) > limit.kilowatts) {
+            raiseWithZero(messages_.Error, "messages.message32");
+            return true;
+        }
+    }
+    return false;
+}
+
+void SelectionRules::bareModel() {
+    if (serie_ != "dz" || compressor_.Model.empty()) return;
+    const std::string bareModels = "|7K2100|7K2200|7K2300|7K2400|7K2500|";
+    const bool isBare = uppered(compressor_.Model).starts_with("7J") ||
+                        bareModels.find("|" + uppered(trimmed(compressor_.Model)) + "|") != std::string::npos;
+    if (isBare) raiseWithZero(messages_.Information, "messages.message34");
+}
+
+void SelectionRules::flammableRefrigerant() {
+    if (refrigerant_ != "r290") return;
+    raiseWithZero(messages_.Information, "messages.message28");
+    raiseWithZero(messages_.Information, "messages.message35");
+    raiseWithZero(messages_.Attention, "messages.message36");
+}
+
+}  // namespace marvello

@@ -1,0 +1,160 @@
+#include "engine/clsSelections.h"
+
+#include <algorithm>
+#include <limits>
+#include <stdexcept>
+
+#include "data/Arithmetic.h"
+#include "data/Globals.h"
+#include "data/Hooks.h"
+#include "data/Texts.h"
+#include "engine/AbortRequested.h"
+#include "engine/CompressorCalculation.h"
+#include "thermo/clsRefprop.h"
+
+namespace marvello {
+
+namespace {
+
+bool isInverterSeries(const std::string& serie) {
+    return serie == "TK-D" || serie == "TK-B" || serie == "TK-C";
+}
+
+/// The pieces of a list joined with ";", quoted and joined with ",".
+std::string quotedList(const std::string& models) {
+    std::string list;
+    std::size_t begin = 0;
+    while (begin <= models.size()) {
+        const std::size_t end = std::min(models.find(';', begin), models.size());
+        if (!list.empty()) list += ',';
+        list += '\'' + models.substr(begin, end - begin) + '\'';
+        begin = end + 1;
+    }
+    return list;
+}
+
+std::uint8_t asByte(int value) {
+    if (value < 0 || value > 255) throw ArithmeticFault("The capacity step is out of range.");
+    return static_cast<std::uint8_t>(value);
+}
+
+int movedBy(int cursor, int step) {
+    const long long moved = static_cast<long long>(cursor) + step;
+    if (moved > std::numeric_limits<int>::max() || moved < std::numeric_limits<int>::min()) {
+        throw ArithmeticFault("The cursor left the range of numbers.");
+    }
+    return static_cast<int>(moved);
+}
+
+}  // namespace
+
+void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> conditions,
+                              const std::string& Serie, const std::string& models,
+                              const std::string& refrigerants, std::uint8_t Market) {
+    isAborted_ = false;
+    Clear();
+    stopFlag_ = false;
+    Refrigerants = trimmed(refrigerants);
+    Series = trimmed(Serie);
+    if (!trimmed(models).empty()) Models = trimmed(models);
+    if (conditions) ProjectConditions = std::move(conditions);
+    if (!ProjectConditions) ProjectConditions = std::make_shared<clsProjectConditions>();
+
+    loadCompressors(BuildSelectionSql(Serie, models, refrigerants, isInverterSeries(Serie), Market));
+    if (Count() > 0) CalculateCompressors();
+}
+
+std::string clsSelections::BuildSelectionSql(const std::string& serie, const std::string& models,
+                                             const std::string& refrigerant, bool inverter,
+                                             std::uint8_t market) {
+    std::string filter = "fRefrigerantID='" + refrigerant +
+                         "' and fHasInverter=" + (inverter ? "True" : "False") + " and fSerieID=('" + serie +
+                         "')";
+    if (market != 0) filter += " and ((fMarket & " + std::to_string(market) + ")=fMarket)";
+    if (models != "*" && !models.empty()) filter += " and fModelID in(" + quotedList(models) + ")";
+    return "Select * from tCompressors Where " + filter +
+           " ORDER BY tCompressors.fRefrigerantID, tCompressors.fSerieID, tCompressors.fSequence, "
+           "tCompressors.fModelID";
+}
+
+void clsSelections::loadCompressors(const std::string& sql) {
+    const clsProjectConditions& conditions = *ProjectConditions;
+    const bool economized = conditions.EcoCalculateMode != 0;
+    for (RecordSet row = gDatabase().Execute(sql); !row.eof(); row.moveNext()) {
+        giveTurn();
+        if (AbortRequested()) {
+            Abort();
+            return;
+        }
+        auto compressor = std::make_shared<clsCompressor>();
+        compressor->GetCompressorFromDb(gDatabase(), conditions, row.text("fRefrigerantID"),
+                                        row.text("fSerieID"), row.text("fModelID"), conditions.MotorHz,
+                                        conditions.MotorRPM, conditions.MotorSize, economized,
+                                        asByte(conditions.StepCapacity));
+        compressor->Motor.Voltage = roundedToInteger(conditions.MotorVoltage);
+        add(std::move(compressor));
+    }
+}
+
+void clsSelections::CalculateCompressors() {
+    const int count = Count();
+    for (int i = 1; i <= count; ++i) {
+        if (AbortRequested()) {
+            Abort();
+            return;
+        }
+        CalculateCompressor(Item(i));
+        if (SelectionPercent) SelectionPercent(roundedToInteger(static_cast<double>(i) / count * 100), i);
+    }
+}
+
+void clsSelections::CalculateCompressor(clsCompressor& compressor) {
+    timeout_ = std::make_unique<formTimeout>();
+    timeout_->Timeout = [] { giveTurn(); };
+    CompressorCalculation(compressor, GetRefprop(compressor.Refrigerant), *ProjectConditions, *timeout_)
+        .run();
+}
+
+void clsSelections::Abort() {
+    Clear();
+    AbortRequested() = false;
+    isAborted_ = true;
+}
+
+void clsSelections::add(std::shared_ptr<clsCompressor> compressor) {
+    if (!byKey_.emplace(lowered(compressor->Key()), compressor.get()).second) {
+        throw std::invalid_argument("The catalogue holds the compressor " + compressor->Key() + " twice.");
+    }
+    compressors_.push_back(std::move(compressor));
+}
+
+void clsSelections::Clear() {
+    byKey_.clear();
+    compressors_.clear();
+}
+
+clsCompressor& clsSelections::Item(int position) const {
+    if (position < 1 || position > Count()) {
+        throw std::out_of_range("There is no compressor at position " + std::to_string(position) + ".");
+    }
+    return *compressors_[static_cast<std::size_t>(position) - 1];
+}
+
+clsCompressor& clsSelections::Item(std::string_view key) const {
+    const auto found = byKey_.find(lowered(key));
+    if (found == byKey_.end()) throw std::out_of_range("There is no compressor " + std::string(key) + ".");
+    return *found->second;
+}
+
+bool clsSelections::Exist(std::string_view key) const { return byKey_.contains(lowered(key)); }
+
+void clsSelections::MoveNext() { cursor_ = movedBy(cursor_, 1); }
+
+void clsSelections::MovePrevious() { cursor_ = movedBy(cursor_, -1); }
+
+void clsSelections::stopselection() {
+    stopFlag_ = true;
+    giveTurn();
+}
+
+}  // namespace marvello

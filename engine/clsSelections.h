@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "catalogue/clsCompressor.h"
+#include "catalogue/clsProjectConditions.h"
+#include "engine/formTimeout.h"
+
+namespace marvello {
+
+/// Runs a selection: reads the catalogue rows that match, makes a compressor of each and calculates it. Every
+/// row stays in the results, in catalogue order, with what was found about it in its Messages.
+class clsSelections {
+  public:
+    std::string Refrigerants;  ///< Last refrigerant given to Selection, trimmed.
+    std::string Series;        ///< Last series, trimmed.
+    std::string Models;        ///< Last model list, trimmed; unchanged when a blank one was given.
+    int UnitMeasure = 0;       ///< Stored only.
+    std::shared_ptr<const clsProjectConditions> ProjectConditions;
+
+    /// Raised after each compressor: percent done, and its position in the results.
+    std::function<void(int Percent, int Index)> SelectionPercent;
+
+    /// Runs a whole selection; the results replace those before. `Serie` is the catalogue's name, `Models` a
+    /// list joined with ";" or "*" for all, `Market` 0 for no filter. Without `conditions` those of before
+    /// serve. Raises DatabaseError, FluidLibraryError, what the loader raises, and std::invalid_argument for
+    /// a catalogue that holds an entry twice; the results stay as far as they were built.
+    void Selection(std::shared_ptr<const clsProjectConditions> conditions, const std::string& Serie,
+                   const std::string& Models, const std::string& Refrigerants, std::uint8_t Market);
+
+    /// Adds under the compressor's key. Raises std::invalid_argument for a key that is there.
+    void add(std::shared_ptr<clsCompressor> compressor);
+
+    /// The compressor at the cursor, at a position from 1, or of a key. Raises std::out_of_range.
+    clsCompressor& Item() const { return Item(cursor_); }
+    clsCompressor& Item(int position) const;
+    clsCompressor& Item(std::string_view key) const;
+    bool Exist(std::string_view key) const;
+
+    int Count() const { return static_cast<int>(compressors_.size()); }
+    void Clear();
+
+    void MoveFirst() { cursor_ = 1; }
+    void MoveLast() { cursor_ = Count(); }
+    /// Without bounds. Raise ArithmeticFault on overflow.
+    void MoveNext();
+    void MovePrevious();
+    bool EOC() const { return Count() == 0 || cursor_ > Count(); }
+    bool BOC() const { return cursor_ < 1; }
+    int AbsolutePosition() const { return cursor_; }
+
+    /// True after a run that was stopped through AbortRequested.
+    bool isAborted() const { return isAborted_; }
+    /// Kept: sets a flag that nothing reads, and gives the user interface a turn.
+    void stopselection();
+
+    auto begin() const { return compressors_.begin(); }
+    auto end() const { return compressors_.end(); }
+
+  private:
+    void Abort();
+    static std::string BuildSelectionSql(const std::string& serie, const std::string& models,
+                                         const std::string& refrigerant, bool inverter, std::uint8_t market);
+    void loadCompressors(const std::string& sql);
+    void CalculateCompressors();
+    void CalculateCompressor(clsCompressor& compressor);
+
+    int cursor_ = 0;
+    bool isAborted_ = false;
+    bool stopFlag_ = false;
+    std::vector<std::shared_ptr<clsCompressor>> compressors_;
+    std::unordered_map<std::string, clsCompressor*> byKey_;  ///< Keys in lower case.
+    std::unique_ptr<formTimeout> timeout_;
+};
+
+}  // namespace marvello

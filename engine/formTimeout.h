@@ -1,0 +1,29 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+namespace marvello {
+
+/// The one-shot watchdog of one compressor's calculation. It ends nothing: after 4 seconds it gives the user
+/// interface, and so the abort button, a turn. Its tick is delivered where a calculation calls poll().
+class formTimeout {
+  public:
+    static constexpr std::chrono::milliseconds interval{4000};
+
+    /// Raised by the tick.
+    std::function<void()> Timeout;
+
+    void StartTimeout();
+    void StopTimeout() { enabled_ = false; }
+    bool isStopped() const { return !enabled_; }
+
+    /// Delivers the tick when its time has come.
+    void poll();
+
+  private:
+    bool enabled_ = false;
+    std::chrono::steady_clock::time_point start_;
+};
+
+}  // namespace marvello

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <limits>
+
+#include "fluids/Phase.h"
+#include "fluids/SaturationLine.h"
+
+namespace marvello::fluids {
+
+/// What stands for a number that is not defined, such as a heat capacity in the two-phase region.
+inline constexpr double undefined = -9999990;
+
+/// Quality of a single phase, where none is defined.
+inline constexpr double liquidQuality = -998;
+inline constexpr double vapourQuality = 998;
+inline constexpr double supercriticalQuality = 999;
+
+/// A state of the fluid, one phase or two, in K, kPa, mol/dm^3, J/mol, J/(mol K), m/s. In one phase both
+/// densities of the phases are the density. In two phases `quality` is the vapour's share of the moles, and
+/// heat capacities and speed of sound are undefined.
+struct FluidState {
+    double temperature = 0;
+    double pressure = 0;
+    double density = 0;
+    double liquidDensity = 0;
+    double vapourDensity = 0;
+    double quality = 0;
+    double energy = 0;
+    double enthalpy = 0;
+    double entropy = 0;
+    double cv = 0;
+    double cp = 0;
+    double soundSpeed = 0;
+};
+
+/// The usual choices of a zero for enthalpy and entropy.
+enum class ReferenceState {
+    iir,     ///< 200 kJ/kg and 1 kJ/(kg K) for saturated liquid at 0 degC
+    nbp,     ///< 0 for saturated liquid at 101.325 kPa
+    ashrae,  ///< 0 for saturated liquid at -40 degC
+};
+
+/// Finds states of a pure fluid from two of its properties. Every search runs in a bracket that is known to
+/// hold the one stable solution. A state outside the range of the equation throws; nothing is allocated
+/// otherwise.
+class Flash {
+  public:
+    explicit Flash(Mixture mixture);
+    Flash(const Flash&) = delete;
+    Flash& operator=(const Flash&) = delete;
+
+    const Mixture& mixture() const { return mixture_; }
+    const SaturationLine& saturation() const { return line_; }
+
+    void setReference(ReferenceState reference);
+
+    SaturationPoint saturationAtTemperature(double temperature) { return line_.atTemperature(temperature); }
+    SaturationPoint saturationAtPressure(double pressure) { return line_.atPressure(pressure); }
+
+    /// Within 1e-9 of the saturation pressure the answer is saturated vapour.
+    FluidState atTemperaturePressure(double temperature, double pressure);
+    FluidState atPressureEnthalpy(double pressure, double enthalpy);
+    FluidState atPressureEntropy(double pressure, double entropy);
+    FluidState atTemperatureEntropy(double temperature, double entropy);
+
+  private:
+    enum class Heat { enthalpy, entropy };
+    /// Densities between which the pressure rises at a temperature.
+    struct Bracket {
+        double low = 0;
+        double high = 0;
+    };
+    /// Where to look for a state along an isobar.
+    struct IsobarRange {
+        double low = 0;      ///< K
+        double high = 0;     ///< K
+        double guess = 0;    ///< K
+        double density = 0;  ///< a guess at the temperature guessed
+        double vapourCeiling =
+            0;  ///< no density of a vapour lies above; 0 for a liquid or supercritical state
+    };
+
+    void checkTemperature(double temperature) const;
+    void checkPressure(double pressure) const;
+    Bracket densities(double temperature, double vapourCeiling) const;
+    double densityAt(double pressure, const Bracket& bracket, double guess);
+    double greatestDensity();
+    FluidState single(const PhaseState& state, double quality) const;
+    FluidState twoPhase(const SaturationPoint& point, double quality);
+    FluidState atPressureHeat(double pressure, Heat heat, double wanted);
+    FluidState searchIsobar(double pressure, Heat heat, double wanted, const IsobarRange& range);
+    FluidState searchIsotherm(double temperature, double entropy, double low, double high, double guess);
+    double qualityName(double temperature, double pressure, double density) const;
+
+    Mixture mixture_;
+    Phase phase_;
+    SaturationLine line_;
+    double densityMax_ = 0;  ///< the greatest density of the equation's range
+    double enthalpyShift_ = 0;
+    double entropyShift_ = 0;
+};
+
+}  // namespace marvello::fluids

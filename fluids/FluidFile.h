@@ -1,0 +1,14 @@
+#pragma once
+
+#include <filesystem>
+
+#include "fluids/PureFluid.h"
+
+namespace marvello::fluids {
+
+/// Reads a fluid file (its layout is told in docs/fluids.md). Throws PropertyError with the file, the line or
+/// the field, and the reason, when the file is missing, is no fluid file, or holds a value that makes no
+/// sense.
+PureFluid readFluidFile(const std::filesystem::path& path);
+
+}  // namespace marvello::fluids

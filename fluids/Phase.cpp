@@ -1,0 +1,79 @@
+#include "fluids/Phase.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace marvello::fluids {
+
+Phase::Phase(const Mixture& mixture, std::span<const double> moleFractions)
+    : mixture_(&mixture),
+      fractions_(moleFractions.begin(), moleFractions.end()),
+      weights_(mixture.residual().blockCount()),
+      workspace_(mixture.residual().makeWorkspace()),
+      reducing_(mixture.reducing(moleFractions)),
+      molarMass_(mixture.molarMass(moleFractions)) {
+    mixture.setWeights(fractions_, weights_);
+    for (std::size_t i = 0; i < fractions_.size(); ++i) {
+        densityShare_ += fractions_[i] * mixture.components()[i].gasConstant / mixture.gasConstant();
+    }
+}
+
+void Phase::setTemperature(double temperature) {
+    if (temperature == temperature_) return;
+    temperature_ = temperature;
+    tau_ = reducing_.temperature / temperature;
+    mixture_->residual().setTau(tau_, workspace_);
+    idealIsSet_ = false;
+}
+
+/// Each component is taken at its own reducing point, and weighted with its own gas constant.
+void Phase::setIdeal() {
+    ideal_ = {};
+    for (std::size_t i = 0; i < fractions_.size(); ++i) {
+        if (fractions_[i] <= 0) continue;
+        const PureFluid& fluid = mixture_->components()[i];
+        const double share = fractions_[i] * fluid.gasConstant / mixture_->gasConstant();
+        const TauDerivatives own = fluid.ideal.at(fluid.reducing.temperature / temperature_);
+        ideal_.value += share * (own.value + std::log(fractions_[i] / fluid.reducing.density));
+        ideal_.first += share * own.first;
+        ideal_.second += share * own.second;
+    }
+    idealIsSet_ = true;
+}
+
+ReducedPressure Phase::reducedPressure(double density) {
+    const ResidualDerivatives residual =
+        mixture_->residual().byDensity(density / reducing_.density, weights_, workspace_);
+    return {density * (1 + residual.d), 1 + 2 * residual.d + residual.dd,
+            std::log(density) + residual.value + residual.d};
+}
+
+PhaseState Phase::state(double density) {
+    if (!idealIsSet_) setIdeal();
+    const ResidualDerivatives residual =
+        mixture_->residual().all(density / reducing_.density, weights_, workspace_);
+    const double gas = mixture_->gasConstant();
+    const double compressibility = 1 + residual.d;
+    const double stiffness = 1 + 2 * residual.d + residual.dd;
+    const double expansion = 1 + residual.d - residual.dt;
+    const double energy = ideal_.first + residual.t;
+    const double cv = -(ideal_.second + residual.tt);
+
+    PhaseState found;
+    found.temperature = temperature_;
+    found.density = density;
+    found.pressure = density * gas * temperature_ * compressibility;
+    found.energy = gas * temperature_ * energy;
+    found.enthalpy = gas * temperature_ * (energy + compressibility);
+    found.entropy = gas * (energy - ideal_.value - densityShare_ * std::log(density) - residual.value);
+    found.cv = gas * cv;
+    found.cp = gas * (cv + expansion * expansion / stiffness);
+    const double square = stiffness + expansion * expansion / cv;
+    // 1000: from kg/mol to g/mol. Inside the dome the square can be negative; no such state is reported.
+    found.soundSpeed = std::sqrt(std::max(square, 0.0) * 1000 * gas * temperature_ / molarMass_);
+    found.pressureByDensity = gas * temperature_ * stiffness;
+    found.pressureByTemperature = density * gas * expansion;
+    return found;
+}
+
+}  // namespace marvello::fluids

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "fluids/Mixture.h"
+
+namespace marvello::fluids {
+
+/// All properties of one phase at a temperature and a density, in K, kPa, mol/dm^3, J/mol, J/(mol K), m/s.
+struct PhaseState {
+    double temperature = 0;
+    double density = 0;
+    double pressure = 0;
+    double energy = 0;
+    double enthalpy = 0;
+    double entropy = 0;
+    double cv = 0;
+    double cp = 0;
+    double soundSpeed = 0;
+    double pressureByDensity = 0;      ///< dp/drho at constant T, kPa dm^3/mol
+    double pressureByTemperature = 0;  ///< dp/dT at constant rho, kPa/K
+};
+
+/// What a search for a density needs, divided by R T.
+struct ReducedPressure {
+    double value = 0;      ///< p/(R T), mol/dm^3
+    double byDensity = 0;  ///< its derivative by density, without dimension
+    double potential = 0;  ///< g/(R T) less its part that depends on temperature alone
+};
+
+/// One homogeneous phase of given composition. The temperature is set first and the density asked for then,
+/// as often as wanted. An evaluation allocates no memory.
+class Phase {
+  public:
+    /// `mixture` must outlive the phase.
+    Phase(const Mixture& mixture, std::span<const double> moleFractions);
+
+    const Mixture& mixture() const { return *mixture_; }
+    double gasConstant() const { return mixture_->gasConstant(); }
+    double molarMass() const { return molarMass_; }
+    const FluidPoint& reducing() const { return reducing_; }
+
+    /// In K, positive.
+    void setTemperature(double temperature);
+    double temperature() const { return temperature_; }
+
+    /// At a density above 0.
+    ReducedPressure reducedPressure(double density);
+    PhaseState state(double density);
+
+  private:
+    void setIdeal();
+
+    const Mixture* mixture_;
+    std::vector<double> fractions_;
+    std::vector<double> weights_;
+    Residual::Workspace workspace_;
+    FluidPoint reducing_;
+    double molarMass_ = 0;
+    double temperature_ = 0;
+    double tau_ = 0;
+    double densityShare_ = 0;  ///< sum of x_i R_i/R, the weight of ln rho in the ideal part
+    bool idealIsSet_ = false;
+    TauDerivatives ideal_;  ///< of the mixture at this temperature, at rho = 1 mol/dm^3
+};
+
+}  // namespace marvello::fluids

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <SQLiteCpp/Database.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+
+#include "data/Globals.h"
+#include "data/clsDatabase.h"
+
+/// A catalogue file of its own for one test, made by `sql`, and nothing left of it or of the globals
+/// afterwards.
+class TestCatalogue {
+  public:
+    explicit TestCatalogue(const std::string& sql, int schemaVersion = marvello::clsDatabase::schemaVersion) {
+        std::filesystem::create_directories(folder());
+        exec("PRAGMA application_id=" + std::to_string(marvello::clsDatabase::applicationId) +
+             "; PRAGMA user_version=" + std::to_string(schemaVersion) + ";" + sql);
+    }
+    ~TestCatalogue() {
+        marvello::releaseGlobals();
+        std::filesystem::remove_all(folder());
+    }
+    TestCatalogue(const TestCatalogue&) = delete;
+    TestCatalogue& operator=(const TestCatalogue&) = delete;
+
+    void exec(const std::string& sql) const {
+        SQLite::Database(file().string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(sql);
+    }
+
+    /// A folder whose name holds what a connection string might stumble over.
+    std::filesystem::path folder() const {
+        return std::filesystem::temp_directory_path() / ("marvello; data = " + std::to_string(getpid()));
+    }
+    std::filesystem::path file() const { return folder() / "db.mdb"; }
+
+    std::string connectionString() const {
+        return "Provider=Microsoft.Jet.OLEDB.4.0;Password=p;User ID=u;Data Source=" + folder().string() +
+               "\\db.mdb;Persist Security Info=True;Jet OLEDB:System database=" + folder().string() + "\\db";
+    }
+};

@@ -1,0 +1,61 @@
+#include "tools/catalogue/Csv.h"
+
+#include <gmock/gmock.h>
+
+using namespace marvello;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+using Fields = std::vector<std::string>;
+
+/// The records of a text without faults.
+std::vector<Fields> fieldsOf(std::string_view text) {
+    Faults faults;
+    std::vector<Fields> fields;
+    for (auto& record : readCsv(text, "f.csv", faults)) fields.push_back(record.fields);
+    EXPECT_THAT(faults.lines(), IsEmpty());
+    return fields;
+}
+
+std::vector<std::string> faultsOf(std::string_view text) {
+    Faults faults;
+    readCsv(text, "f.csv", faults);
+    return faults.lines();
+}
+
+TEST(Csv, ReadsFieldsAndQuotes) {
+    EXPECT_THAT(fieldsOf("a,b\n1,\n"), ElementsAre(Fields{"a", "b"}, Fields{"1", ""}));
+    EXPECT_THAT(fieldsOf("\xEF\xBB\xBF"
+                         "a\r\n\r\n\"\"\"q\"\", c\"\r\n"),
+                ElementsAre(Fields{"a"}, Fields{"\"q\", c"}));
+    EXPECT_THAT(fieldsOf("\"x\ny\",,z"), ElementsAre(Fields{"x\ny", "", "z"}));
+    EXPECT_THAT(fieldsOf("a\rb"), ElementsAre(Fields{"a\rb"}));  // a lone CR ends no line
+    EXPECT_THAT(fieldsOf(""), IsEmpty());
+}
+
+TEST(Csv, CountsLinesAcrossQuotedLineEnds) {
+    Faults faults;
+    const auto records = readCsv("h\n\"1\n2\"\n\nx\n", "f.csv", faults);
+    ASSERT_EQ(records.size(), 3U);
+    EXPECT_EQ(records[1].line, 2);
+    EXPECT_EQ(records[2].line, 5);
+}
+
+TEST(Csv, ReportsMisplacedQuotes) {
+    EXPECT_THAT(faultsOf("a\nb\"c\n"), ElementsAre(testing::StartsWith("f.csv:2: a quote")));
+    EXPECT_THAT(faultsOf("a\n\"b\"c,d\n"), ElementsAre(testing::StartsWith("f.csv:2: text stands")));
+    EXPECT_THAT(faultsOf("a\n\"b\nc"), ElementsAre("f.csv:2: a field in quotes has no end"));
+}
+
+TEST(Csv, RefusesInvalidUtf8) {
+    EXPECT_THAT(faultsOf("a\nb\xFF\n"), ElementsAre("f.csv:2: the text is not valid UTF-8"));
+    for (const auto* good : {"\u00E9", "\u20AC", "\uD7FF", "\U0010FFFF", "z"}) EXPECT_TRUE(isUtf8(good));
+    // overlong, surrogate, beyond the last code point, cut off, lone continuation
+    for (const auto* bad :
+         {"\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"})
+        EXPECT_FALSE(isUtf8(bad));
+}
+
+}  // namespace

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/catalogue/Faults.h"
+
+namespace marvello {
+
+/// One record of a CSV text.
+struct CsvRecord {
+    int line = 0;  ///< Where the record begins, from 1.
+    std::vector<std::string> fields;
+};
+
+/// The records of a text in the format of RFC 4180: fields separated by ",", a field in double quotes may
+/// hold separators, line ends and doubled quotes. Lines end with LF or CRLF; empty lines are passed over, and
+/// so is a byte order mark. Misplaced quotes and invalid UTF-8 are faults of `file`.
+std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, Faults& faults);
+
+/// Whether the bytes are well-formed UTF-8: no overlong form, no surrogate, nothing above U+10FFFF.
+bool isUtf8(std::string_view bytes);
+
+}  // namespace marvello

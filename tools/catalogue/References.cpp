@@ -1,0 +1,186 @@
+#include <cmath>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "data/Texts.h"
+#include "tools/catalogue/Content.h"
+
+namespace marvello {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What the rows of a table can be found by.
+template <class Key>
+using Known = std::set<Key>;
+
+class ReferenceCheck {
+  public:
+    ReferenceCheck(const Content& content, Faults& faults) : content_(content), faults_(faults) {
+        forEach("tRefrigeranti", [&](const auto& row) { refrigerants_.insert(row.key("fRefrigeranteId")); });
+        forEach("tPolynomials", [&](const auto& row) {
+            polynomials_.emplace(row.key("fPolynomialID"), row.integer("fType"));
+        });
+        forEach("tLimits", [&](const auto& row) { limits_.insert(row.key("fLimitID")); });
+        forEach("tMotors", [&](const auto& row) {
+            if (row.integer("fhz") == 50) motors_.insert(row.integer("fMotorID"));
+        });
+        forEach("tLanguages", [&](const auto& row) { languages_.insert(row.key("fLanguage")); });
+        forEach("tDictionary", [&](const auto& row) {
+            if (row.key("fLanguageID") == defaultLanguage) texts_.insert(row.key("fVariableName"));
+        });
+    }
+
+    void checkCompressors() {
+        forEach("tCompressors", [&](const auto& row) {
+            require(row, refrigerants_.contains(row.key("fRefrigerantID")), "fRefrigerantID", "refrigerant");
+            for (const auto& [column, type] :
+                 {std::pair{"fPolynomialQ0ID", 0}, {"fPolynomialPassID", 1}, {"fPolynomialShID", 3}})
+                require(row, polynomials_.contains({row.key(column), type}), column,
+                        "polynomial of type " + std::to_string(type));
+            require(row, limits_.contains(row.key("fLimitID")), "fLimitID", "envelope");
+            const std::string economized = row.key("fLimitEconomizedID");
+            require(row, economized.empty() || limits_.contains(economized), "fLimitEconomizedID",
+                    "envelope");
+            checkMotors(row);
+        });
+        if (!refrigerants_.contains("r407c")) return;
+        for (const auto* conversion : {"R407CTEM", "R407CTCM"})
+            if (!polynomials_.contains({lowered(conversion), 4}))
+                faults_.add("tPolynomials",
+                            std::string("the polynomial ") + conversion + " of type 4 is missing");
+    }
+
+    void checkFluids(const std::optional<fs::path>& folder) {
+        constexpr int mostComponents = 20;  // as many as the property library takes
+        constexpr double tolerance = 1e-6;
+        struct Mixture {
+            int components = 0;
+            double sum = 0;
+        };
+        std::map<std::string, Mixture> mixtures;
+        forEach("tFluidi", [&](const auto& row) {
+            require(row, refrigerants_.contains(row.key("fRefrigeranteId")), "fRefrigeranteId",
+                    "refrigerant");
+            auto& mixture = mixtures[row.key("fRefrigeranteId")];
+            mixture.sum += row.real("fPFluido");
+            if (row.real("fPFluido") <= 0) row.fault("fPFluido: a mass fraction is above 0");
+            if (++mixture.components == mostComponents + 1) row.fault("more than 20 components");
+            if (folder && !fs::is_regular_file(*folder / row.text("fFluido")))
+                row.fault("fFluido: there is no file " + row.text("fFluido") + " in " + folder->string());
+        });
+        forEach("tRefrigeranti", [&](const auto& row) {
+            const auto& mixture = mixtures[row.key("fRefrigeranteId")];
+            if (mixture.components == 0)
+                row.fault("the refrigerant has no row in tFluidi");
+            else if (std::abs(mixture.sum - 1) > tolerance)
+                row.fault("the mass fractions sum to " + storedText(mixture.sum) + " and not to 1");
+        });
+    }
+
+    void checkTexts() {
+        for (const auto& [table, language] :
+             {std::pair{"tDictionary", "fLanguageID"}, {"thelp", "flanguage"}})
+            forEach(table, [&, column = language](const auto& row) {
+                require(row, languages_.contains(row.key(column)), column, "language");
+            });
+        // The default language is the fallback: a key that it lacks is misspelt or has no text for others.
+        forEach("tDictionary", [&](const auto& row) {
+            if (!texts_.contains(row.key("fVariableName")))
+                row.fault("the key " + row.text("fVariableName") + " has no text in " + defaultLanguage);
+        });
+    }
+
+    void checkParameterSets() {
+        Known<int> heads;
+        Known<int> rows;
+        forEach("tParametersHead", [&](const auto& row) { heads.insert(row.integer("fParametersRowsID")); });
+        forEach("tParametersRows", [&](const auto& row) {
+            rows.insert(row.integer("fParametersRowsID"));
+            if (!heads.contains(row.integer("fParametersRowsID")))
+                row.fault("fParametersRowsID: no set of tParametersHead has these rows");
+            checkPlaceholders(row);
+        });
+        forEach("tParametersHead", [&](const auto& row) {
+            if (!rows.contains(row.integer("fParametersRowsID")))
+                row.fault("fParametersRowsID: tParametersRows has no such rows");
+        });
+    }
+
+  private:
+    /// A row with its table, as the checks read it.
+    struct Row {
+        const TableContent& table;
+        const Record& record;
+        Faults& faults;
+
+        const std::string& text(std::string_view column) const { return table.text(record, column); }
+        /// The text as it is compared.
+        std::string key(std::string_view column) const { return lowered(text(column)); }
+        int integer(std::string_view column) const { return table.integer(record, column); }
+        double real(std::string_view column) const { return table.real(record, column); }
+        void fault(const std::string& reason) const { faults.add(record.file, record.line, reason); }
+    };
+
+    template <class Check>
+    void forEach(std::string_view table, Check check) {
+        const TableContent& content = content_.table(table);
+        for (const auto& record : content.records) check(Row{content, record, faults_});
+    }
+
+    static void require(const Row& row, bool found, const std::string& column, const std::string& what) {
+        if (!found) row.fault(column + ": there is no " + what + " \"" + row.text(column) + "\"");
+    }
+
+    void checkMotors(const Row& row) {
+        // The current of these comes from elsewhere, so that they do without a motor; 0 or less says so.
+        const bool optional = row.integer("fhasInverter") != 0 || row.key("fSerieID") == "nl-h";
+        const auto check = [&](const std::string& column) {
+            const int id = row.integer(column);
+            if (!motors_.contains(id) && !(optional && id <= 0))
+                row.fault(column + ": there is no motor " + std::to_string(id) + " for 50 Hz");
+        };
+        check("fMotorFullID");
+        if (row.integer("fhasFullSmallMotor") != 0) check("fMotorSmallID");
+    }
+
+    void checkPlaceholders(const Row& row) {
+        const std::string& value = row.text("fObjectPropertyValue");
+        for (auto open = value.find('{'); open != std::string::npos; open = value.find('{', open + 1)) {
+            const auto close = value.find('}', open);
+            if (close == std::string::npos) {
+                row.fault("fObjectPropertyValue: a \"{\" has no \"}\"");
+                return;
+            }
+            const std::string key = value.substr(open + 1, close - open - 1);
+            if (!texts_.contains(lowered(key)))
+                row.fault("fObjectPropertyValue: the dictionary has no text for the key \"" + key + "\"");
+        }
+    }
+
+    static inline const std::string defaultLanguage = "en-en";
+
+    const Content& content_;
+    Faults& faults_;
+    Known<std::string> refrigerants_;
+    Known<std::pair<std::string, int>> polynomials_;
+    Known<std::string> limits_;
+    Known<int> motors_;
+    Known<std::string> languages_;
+    Known<std::string> texts_;
+};
+
+}  // namespace
+
+void checkReferences(const Content& content, const std::optional<fs::path>& fluids, Faults& faults) {
+    ReferenceCheck check(content, faults);
+    check.checkCompressors();
+    check.checkFluids(fluids);
+    check.checkTexts();
+    check.checkParameterSets();
+}
+
+}  // namespace marvello

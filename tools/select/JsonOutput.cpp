@@ -1,0 +1,125 @@
+#include <nlohmann/json.hpp>
+
+#include "tools/select/Output.h"
+
+namespace marvello::select {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json ofConditions(const Request& request) {
+    const clsProjectConditions& c = request.conditions;
+    return {{"Refrigerant", request.refrigerant},
+            {"Serie", request.series},
+            {"Models", request.models},
+            {"Market", request.market},
+            {"Ted", c.TEvaporatingDew},
+            {"Tcd", c.TCondensationDew},
+            {"ShType", c.SuperHeatType},
+            {"Sh", c.SuperHeat},
+            {"Sc", c.SubCooling},
+            {"OC", c.OilCooling},
+            {"OCCalculateMode", c.OilCoolingCalculateMode},
+            {"EcoCalculateMode", c.EcoCalculateMode},
+            {"Eco", c.Eco},
+            {"Fm", c.MotorHz},
+            {"MotorType", c.MotorSize},
+            {"MotorRPM", c.MotorRPM},
+            {"Vm", c.MotorVoltage},
+            {"InverterFrequency", c.InverterFrequency},
+            {"StepCapacity", c.StepCapacity}};
+}
+
+Json ofMotor(const clsMotor& motor) {
+    return {{"id", motor.ID},
+            {"type", motor.MotorType},
+            {"standard", motor.isStandard},
+            {"hz", motor.Hz},
+            {"voltage", motor.Voltage},
+            {"phase", motor.Phase},
+            {"nominalPower", motor.NominalPower},
+            {"c", motor.c},
+            {"lra1", motor.Lra1},
+            {"lra2", motor.Lra2}};
+}
+
+Json ofLimits(const clsLimits& limits) {
+    Json list = Json::array();
+    for (const auto& limit : limits) {
+        Json points = Json::array();
+        for (const clsPoint& point : limit->Points) points.push_back({point.x, point.Y});
+        list.push_back({{"type", limit->LimitType}, {"points", std::move(points)}});
+    }
+    return list;
+}
+
+Json ofVariables(const clsVariables& variables) {
+    Json list = Json::array();
+    for (const auto& variable : variables) {
+        Json value;
+        if (const auto* number = std::get_if<double>(&variable->value())) value = *number;
+        if (const auto* text = std::get_if<std::string>(&variable->value())) value = *text;
+        list.push_back({{"name", variable->Name},
+                        {"value", std::move(value)},
+                        {"unit", variable->UnitMeasuretext},
+                        {"description", variable->Description}});
+    }
+    return list;
+}
+
+Json ofMessages(const clsMessages& messages) {
+    Json list = Json::array();
+    for (const clsMessage& message : messages) {
+        list.push_back({{"name", message.Name}, {"description", message.Description()}});
+    }
+    return list;
+}
+
+Json ofCompressor(const clsCompressor& c) {
+    return {{"key", c.Key()},
+            {"refrigerant", c.Refrigerant},
+            {"serie", c.Serie},
+            {"model", c.Model},
+            {"sequence", c.Sequence},
+            {"vi", c.VI},
+            {"hasInvert", c.hasInvert},
+            {"fla", c.Fla},
+            {"oilCoolingLimit", c.OilCoolingLimit},
+            {"ctsca", static_cast<double>(c.ctsca)},
+            {"startMode", c.StartMode},
+            {"motor", ofMotor(c.Motor)},
+            {"economizer",
+             {{"KForo", c.Economizer.KForo}, {"KPerdita", c.Economizer.KPerdita}, {"Sez", c.Economizer.Sez}}},
+            {"inverter", {{"viSelected", c.InverterInfo.ViSelected}}},
+            {"polynomials",
+             {{"Q0", c.PolynomialQ0.c},
+              {"Pta", c.polynomialPta.c},
+              {"Sh", {{"c", c.PolynomialSh.c}, {"reference", c.PolynomialSh.Sh}}}}},
+            {"limits", ofLimits(c.limits)},
+            {"variables", ofVariables(c.Variables)},
+            {"messages",
+             {{"error", ofMessages(c.Messages.Error)},
+              {"attention", ofMessages(c.Messages.Attention)},
+              {"information", ofMessages(c.Messages.Information)}}}};
+}
+
+Json ofRun(const Run& run) {
+    Json compressors = Json::array();
+    for (const auto& compressor : *run.selection) compressors.push_back(ofCompressor(*compressor));
+    return {{"conditions", ofConditions(run.request)},
+            {"aborted", run.selection->isAborted()},
+            {"count", run.selection->Count()},
+            {"compressors", std::move(compressors)}};
+}
+
+}  // namespace
+
+std::string asJson(const std::vector<Run>& runs, bool batch) {
+    Json out = Json::array();
+    for (const Run& run : runs) out.push_back(ofRun(run));
+    if (!batch && runs.size() == 1) out = Json(out.front());
+    return out.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+}  // namespace marvello::select

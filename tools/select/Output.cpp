@@ -1,0 +1,126 @@
+#include "tools/select/Output.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "data/Texts.h"
+
+namespace marvello::select {
+
+namespace {
+
+struct Column {
+    const char* heading;
+    const char* variable;
+    int decimals;
+};
+
+constexpr std::array columns = {
+    Column{"Q0 kW", "Q0", 1}, Column{"Pta kW", "Pta", 1}, Column{"CA A", "CA", 1},
+    Column{"COP", "COP", 2},  Column{"T21 C", "T21", 1},  Column{"Pra kW", "Pra", 1},
+};
+
+const char* mark(const clsCompressor& compressor) {
+    if (compressor.Messages.Error.Count() > 0) return "error";
+    return compressor.Messages.Attention.Count() > 0 ? "warning" : "ok";
+}
+
+std::string label(const clsCompressor& compressor) { return compressor.Serie + "-" + compressor.Model; }
+
+bool isListed(const clsCompressor& compressor, const Column& column) {
+    return compressor.Messages.Error.Count() == 0 && compressor.Variables.Exist(column.variable) &&
+           compressor.Variables.Item(column.variable).isNumber();
+}
+
+/// The texts of the errors, or without errors those of the warnings and notes.
+std::vector<std::string> texts(const clsCompressor& compressor) {
+    std::vector<std::string> result;
+    const auto take = [&result](const clsMessages& messages) {
+        for (const clsMessage& message : messages) {
+            std::string text = message.Description();
+            if (text.empty()) text = "A step of the calculation failed.";
+            if (std::ranges::find(result, text) == result.end()) result.push_back(std::move(text));
+        }
+    };
+    take(compressor.Messages.Error);
+    if (!result.empty()) return result;
+    take(compressor.Messages.Attention);
+    take(compressor.Messages.Information);
+    return result;
+}
+
+std::string fixed(double value, int decimals) {
+    std::array<char, 64> buffer{};
+    std::snprintf(buffer.data(), buffer.size(), "%.*f", decimals, value);
+    return buffer.data();
+}
+
+std::string padded(std::string text, int width, bool right) {
+    const auto wanted = static_cast<std::size_t>(width);
+    if (text.size() >= wanted) return text;
+    return right ? text.insert(0, wanted - text.size(), ' ') : text.append(wanted - text.size(), ' ');
+}
+
+std::string csvField(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    std::string field = text;
+    replaceAll(field, "\"", "\"\"");
+    return "\"" + field + "\"";
+}
+
+std::string pointOf(const Request& request) {
+    const clsProjectConditions& c = request.conditions;
+    return request.refrigerant + " " + request.series + " at " + storedText(c.TEvaporatingDew) + "/" +
+           storedText(c.TCondensationDew) + " C";
+}
+
+}  // namespace
+
+std::string asTable(const std::vector<Run>& runs) {
+    constexpr int labelWidth = 20;
+    constexpr int markWidth = 9;
+    constexpr int width = 9;
+    std::string out;
+    for (const Run& run : runs) {
+        out += pointOf(run.request) + ", " + std::to_string(run.selection->Count()) + " compressors\n";
+        out += padded("Compressor", labelWidth, false) + padded("", markWidth, false);
+        for (const Column& column : columns) out += padded(column.heading, width, true);
+        out += '\n';
+        for (const auto& compressor : *run.selection) {
+            out +=
+                padded(label(*compressor), labelWidth, false) + padded(mark(*compressor), markWidth, false);
+            for (const Column& column : columns) {
+                const bool listed = isListed(*compressor, column);
+                out += padded(listed ? fixed(compressor->Variables(column.variable), column.decimals) : "",
+                              width, true);
+            }
+            out += '\n';
+            for (const std::string& text : texts(*compressor)) out += "    " + text + '\n';
+        }
+    }
+    return out;
+}
+
+std::string asCsv(const std::vector<Run>& runs) {
+    std::string out = "refrigerant,series,model,ted,tcd,mark";
+    for (const Column& column : columns) out += std::string(",") + column.variable;
+    out += ",messages\n";
+    for (const Run& run : runs) {
+        for (const auto& compressor : *run.selection) {
+            out += csvField(compressor->Refrigerant) + ',' + csvField(compressor->Serie) + ',' +
+                   csvField(compressor->Model) + ',' + storedText(run.request.conditions.TEvaporatingDew) +
+                   ',' + storedText(run.request.conditions.TCondensationDew) + ',' + mark(*compressor);
+            for (const Column& column : columns) {
+                out += ',';
+                if (isListed(*compressor, column)) out += storedText(compressor->Variables(column.variable));
+            }
+            std::string all;
+            for (const std::string& text : texts(*compressor)) all += (all.empty() ? "" : " ") + text;
+            out += ',' + csvField(all) + '\n';
+        }
+    }
+    return out;
+}
+
+}  // namespace marvello::select

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/select/Run.h"
+
+namespace marvello::select {
+
+/// The runs as aligned columns to read.
+std::string asTable(const std::vector<Run>& runs);
+/// One line a compressor, separated by commas, numbers with "." and read back exactly.
+std::string asCsv(const std::vector<Run>& runs);
+/// One object a run, an array of them for a batch; numbers read back exactly.
+std::string asJson(const std::vector<Run>& runs, bool batch);
+
+}  // namespace marvello::select

@@ -1,0 +1,145 @@
+#include "tools/select/Request.h"
+
+#include <array>
+#include <cmath>
+
+#include "data/Texts.h"
+
+namespace marvello::select {
+
+namespace {
+
+double number(const std::string& text) {
+    const auto value = storedNumber(text);
+    if (!value) throw BadRequest("\"" + text + "\" is no number");
+    return *value;
+}
+
+int wholeNumber(const std::string& text) {
+    const double value = number(text);
+    if (value != std::floor(value) || std::abs(value) > 1e6)
+        throw BadRequest("\"" + text + "\" is no whole number");
+    return static_cast<int>(value);
+}
+
+template <auto member>
+void readReal(Request& request, const std::string& text) {
+    auto& target = request.conditions.*member;
+    target = static_cast<std::remove_reference_t<decltype(target)>>(number(text));
+}
+
+template <auto member>
+void readWhole(Request& request, const std::string& text) {
+    request.conditions.*member = wholeNumber(text);
+}
+
+void readStep(Request& request, const std::string& text) {
+    const int step = wholeNumber(text);
+    if (step != 100 && step != 75 && step != 50 && step != 25) {
+        throw BadRequest("a capacity step is 100, 75, 50 or 25, not " + text);
+    }
+    request.conditions.StepCapacity = step;
+}
+
+void readMarket(Request& request, const std::string& text) {
+    request.market = wholeNumber(text);
+    if (request.market < 0 || request.market > 255) throw BadRequest("there is no market " + text);
+}
+
+void readInverter(Request& request, const std::string& text) {
+    const std::string word = lowered(trimmed(text));
+    if (word != "true" && word != "1" && word != "false" && word != "0" && !word.empty()) {
+        throw BadRequest("\"" + text + "\" is neither true nor false");
+    }
+    request.inverter = word == "true" || word == "1";
+}
+
+using Conditions = clsProjectConditions;
+
+constexpr std::array options = {
+    RequestOption{"refrigerant", "refrigerant, such as R134A",
+                  [](Request& r, const std::string& text) { r.refrigerant = trimmed(text); }},
+    RequestOption{"series", "series as the catalogue names it",
+                  [](Request& r, const std::string& text) { r.series = trimmed(text); }},
+    RequestOption{
+        "models", "models joined with \";\", or * for all",
+        [](Request& r, const std::string& text) { r.models = trimmed(text).empty() ? "*" : trimmed(text); }},
+    RequestOption{"ted", "evaporating dew temperature, degrees Celsius",
+                  readReal<&Conditions::TEvaporatingDew>},
+    RequestOption{"tcd", "condensing dew temperature, degrees Celsius",
+                  readReal<&Conditions::TCondensationDew>},
+    RequestOption{"sh", "superheat in K, or suction temperature (10)", readReal<&Conditions::SuperHeat>},
+    RequestOption{"sh-type", "0: --sh is a superheat, 1: a suction temperature (0)",
+                  readWhole<&Conditions::SuperHeatType>},
+    RequestOption{"sc", "liquid subcooling, K (5)", readReal<&Conditions::SubCooling>},
+    RequestOption{"eco-mode", "economizer mode (0: none)", readWhole<&Conditions::EcoCalculateMode>},
+    RequestOption{"eco", "economizer value (10)", readReal<&Conditions::Eco>},
+    RequestOption{"oc-mode", "oil cooling: 0 none, 1 limit of the catalogue, 2 limit --oc (1)",
+                  readWhole<&Conditions::OilCoolingCalculateMode>},
+    RequestOption{"oc", "limit of the discharge temperature, degrees Celsius (110)",
+                  readReal<&Conditions::OilCooling>},
+    RequestOption{"voltage", "supply voltage, V (400)", readReal<&Conditions::MotorVoltage>},
+    RequestOption{"hz", "supply frequency, 50 or 60 Hz (50)", readWhole<&Conditions::MotorHz>},
+    RequestOption{"motor-size", "-1 default, 0 small, 1 full motor (-1)", readWhole<&Conditions::MotorSize>},
+    RequestOption{"rpm", "speed of an open drive, 1/min (1450)", readWhole<&Conditions::MotorRPM>},
+    RequestOption{"step", "capacity step in percent: 100, 75, 50 or 25 (100)", readStep},
+    RequestOption{"frequency", "inverter frequency, Hz (50)", readReal<&Conditions::InverterFrequency>},
+    RequestOption{"market", "market of the series DZ: 1 European, 2 Far East (0: no filter)", readMarket},
+    RequestOption{"inverter", "the series runs on an inverter", readInverter},
+};
+
+bool isInverterSeries(const std::string& series) {
+    return series == "TK-B" || series == "TK-C" || series == "TK-D";
+}
+
+}  // namespace
+
+Request::Request() {
+    conditions.TEvaporatingDew = std::nan("");  // has to be stated
+    conditions.TCondensationDew = std::nan("");
+    conditions.SuperHeat = 10;
+    conditions.SubCooling = 5;
+    conditions.Eco = 10;
+    conditions.OilCoolingCalculateMode = 1;
+    conditions.OilCooling = 110;
+    conditions.MotorVoltage = 400;
+    conditions.MotorHz = 50;
+    conditions.MotorSize = -1;
+    conditions.MotorRPM = 1450;
+    conditions.StepCapacity = 100;
+    conditions.InverterFrequency = 50;
+}
+
+std::span<const RequestOption> requestOptions() { return options; }
+
+void readOption(Request& request, std::string_view name, const std::string& text) {
+    for (const RequestOption& option : options) {
+        if (option.name != name) continue;
+        try {
+            option.read(request, text);
+        } catch (const BadRequest& fault) {
+            throw BadRequest(std::string(name) + ": " + fault.what());
+        }
+        return;
+    }
+    throw BadRequest("there is no option " + std::string(name));
+}
+
+void checkRequest(const Request& request) {
+    const auto need = [](bool given, const char* name) {
+        if (!given) throw BadRequest(std::string(name) + " is missing");
+    };
+    need(!request.refrigerant.empty(), "refrigerant");
+    need(!request.series.empty(), "series");
+    need(!std::isnan(request.conditions.TEvaporatingDew), "ted");
+    need(!std::isnan(request.conditions.TCondensationDew), "tcd");
+    if (request.conditions.EcoCalculateMode != 0) {
+        throw BadRequest("eco-mode: this version does not calculate the economizer cycle");
+    }
+    if (request.inverter != isInverterSeries(request.series)) {
+        throw BadRequest("inverter: the series " + request.series +
+                         (request.inverter ? " does not run" : " runs") + " on an inverter");
+    }
+}
+
+}  // namespace marvello::select

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "engine/clsSelections.h"
+#include "tools/select/Request.h"
+
+namespace marvello::select {
+
+/// The catalogue holds nothing of what a request names; `what()` is one sentence.
+class NothingMatches : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A request that was carried out, with its results.
+struct Run {
+    Request request;
+    std::unique_ptr<clsSelections> selection;
+};
+
+/// Opens the catalogue of the application folder and reads the texts of a language. Raises DatabaseError.
+void openCatalogue(const std::string& language);
+
+/// Runs a request on the engine. Raises BadRequest, NothingMatches, DatabaseError, FluidLibraryError, and
+/// std::runtime_error with the fluid library's sentence when it cannot set the refrigerant up.
+Run carryOut(const Request& request);
+
+/// The refrigerants, series and models of the catalogue, one series a line.
+std::string catalogueListing();
+
+}  // namespace marvello::select
