@@ -5,8 +5,6 @@
 #include <charconv>
 #include <cmath>
 #include <fstream>
-#include <map>
-#include <optional>
 #include <stdexcept>
 
 #include "tools/generate/EnvelopeRows.h"
@@ -21,6 +19,13 @@ constexpr std::array fullSteps{100, 75, 50, 25};
 std::string text(double value) {
     std::array<char, 40> buffer{};
     return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr};
+}
+
+std::string oneDecimal(double value) {
+    std::array<char, 40> buffer{};
+    return {
+        buffer.data(),
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, 1).ptr};
 }
 
 std::string text(bool value) { return value ? "True" : "False"; }
@@ -112,7 +117,7 @@ class Builder {
         const std::string sequenceText =
             sequence < 100 ? "0" + std::to_string(sequence) : std::to_string(sequence);
         std::vector<std::string> row{
-            series.refrigerant, series.serie,      model.code, sequenceText, text(series.builtInRatio),
+            series.refrigerant, series.serie,      model.code, sequenceText, oneDecimal(series.builtInRatio),
             text(full.limit),   text(small.limit), polynomial, polynomial,   polynomial,
             text(false)};
         row.insert(row.end(), 9, "0");  // no inverter laws

@@ -86,12 +86,12 @@ std::vector<Point> Region::cut(const BrokenLine& lower, const BrokenLine& upper,
         const double low = std::max(lower_.at(x), lower.at(x));
         const double high = std::min(upper_.at(x), upper.at(x));
         if (low > high + 1e-9) continue;
-        append(below, {toTenth(x), toTenth(low)});
-        append(above, {toTenth(x), toTenth(high)});
+        append(below, {x, low});
+        append(above, {x, high});
     }
+    below.insert(below.end(), above.rbegin(), above.rend());
     std::vector<Point> outline;
-    for (const Point& point : below) append(outline, point);
-    for (auto point = above.rbegin(); point != above.rend(); ++point) append(outline, *point);
+    for (const Point& point : below) append(outline, {toTenth(point.x), toTenth(point.y)});
     if (outline.size() < 3) return {};
     append(outline, Point(outline.front()));
     return outline.size() < 4 ? std::vector<Point>{} : outline;

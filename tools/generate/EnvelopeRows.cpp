@@ -23,7 +23,7 @@ enum LimitType {
 // The regions are drawn for gas at the greatest superheat allowed, which is hotter by this than at the
 // reference.
 constexpr double greatestSuperheat = 20;
-constexpr double injectionAbove = 8;  // K beyond the oil-cooling limit
+constexpr double injectionAbove = 4;  // K beyond the oil-cooling limit
 
 /// Where the discharge temperature at the greatest superheat reaches `limit`, over the width of the over
 /// limit.
@@ -35,15 +35,18 @@ BrokenLine dischargeContour(const SeriesPlan& series, const Fluid& fluid, double
     };
     std::vector<Point> points;
     constexpr double spacing = 5;
-    for (double x = region.left(); x <= region.right() + spacing / 2; x += spacing) {
-        const double place = std::min(x, region.right());
-        double low = region.lower().at(place);
-        double high = region.upper().at(place) + 5;
+    const double first = spacing * (std::floor(region.left() / spacing) + 1);
+    std::vector<double> places{region.left()};
+    for (double x = first; x < region.right(); x += spacing) places.push_back(x);
+    places.push_back(region.right());
+    for (const double x : places) {
+        double low = region.lower().at(x);
+        double high = region.upper().at(x) + 5;
         while (high - low > 0.01) {
             const double middle = (low + high) / 2;
-            (temperature(place, middle) < limit ? low : high) = middle;
+            (temperature(x, middle) < limit ? low : high) = middle;
         }
-        points.push_back({place, std::nearbyint(2 * high) / 2});
+        points.push_back({x, high});
     }
     return BrokenLine(points);
 }

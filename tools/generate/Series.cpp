@@ -99,7 +99,7 @@ std::vector<SeriesPlan> allSeries() {
                         .hasSteps = false,
                         .hasSmallMotors = true,
                         .hasEconomizer = false,
-                        .oilCoolingLimit = 105,
+                        .oilCoolingLimit = 100,
                         .envelope = mvR134a()};
     const auto withPropane = [](SeriesPlan plan, double builtInRatio, const EnvelopePlan& envelope) {
         plan.refrigerant = "R290";
