@@ -34,8 +34,7 @@ std::optional<std::string> expanded(std::string value, const DictionaryText& dic
         const auto close = value.find('}');
         if (open == std::string::npos || close == std::string::npos || close < open) return value;
         try {
-            const std::string text = dictionaryText(value.substr(open + 1, close - open - 1));
-            value = value.substr(0, open) + text + value.substr(close + 1);
+            value.replace(open, close - open + 1, dictionaryText(value.substr(open + 1, close - open - 1)));
         } catch (const std::exception&) {
             return std::nullopt;
         }

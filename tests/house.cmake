@@ -1,3 +1,5 @@
+cmake_minimum_required(VERSION 3.25)
+
 # Fails when a file includes a room that its own room may not use, or Qt below controls/.
 set(uses_fluids "fluids")
 set(uses_data "data")

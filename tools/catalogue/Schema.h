@@ -29,6 +29,7 @@ struct Column {
 struct Table {
     std::string_view name;
     std::vector<Column> columns;
+    // NOLINTBEGIN(readability-redundant-member-init): GCC asks for these where a table leaves a member out.
     /// The columns that tell a row from all others; none when rows may repeat.
     std::vector<std::string_view> key{};
     /// The columns of the index beside the key, for statements that go by others or want another order.
@@ -38,6 +39,7 @@ struct Table {
     bool keepsOrder = false;
     /// The column that a file gives by its name, "table.language.csv", instead of in each row.
     std::string_view languageColumn{};
+    // NOLINTEND(readability-redundant-member-init)
 
     /// The position of a column, found without regard to case; the count of columns when there is none.
     std::size_t columnIndex(std::string_view column) const;

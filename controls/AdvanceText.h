@@ -1,0 +1,227 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPixmap>
+#include <QVariant>
+#include <QWidget>
+#include <optional>
+
+class QLineEdit;
+
+namespace marvello {
+
+/// The program's one input: a caption, a box with a value and its unit, and an optional button that opens a
+/// list.
+///
+/// Sizes are logical pixels. The widget is `halo` wider than its parts on every side, which is where the
+/// focus halo is painted. Colours and fonts that are not set follow the look.
+class AdvanceText : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(QString Help MEMBER help_)
+    Q_PROPERTY(QString HelpKey MEMBER helpKey_)
+    Q_PROPERTY(bool Locked READ Locked WRITE SetLocked)
+    Q_PROPERTY(WId hWnd READ winId)
+    Q_PROPERTY(QString Tag1 READ Tag1 WRITE SetTag1)
+    Q_PROPERTY(bool Enabled READ isEnabled WRITE setEnabled)
+    Q_PROPERTY(QString Key READ Key WRITE SetKey)
+    Q_PROPERTY(QString OldKey READ OldKey)
+    Q_PROPERTY(bool CaptionVisible MEMBER captionVisible_ NOTIFY partsChanged)
+    Q_PROPERTY(QString CaptionText READ CaptionText WRITE SetCaptionText)
+    Q_PROPERTY(QColor CaptionForeColor MEMBER captionForeColor_ NOTIFY partsChanged)
+    Q_PROPERTY(QColor CaptionBackColor MEMBER captionBackColor_ NOTIFY partsChanged)
+    Q_PROPERTY(QFont CaptionFont MEMBER captionFont_ NOTIFY partsChanged)
+    Q_PROPERTY(int CaptionAlignment MEMBER captionAlignment_ NOTIFY partsChanged)
+    Q_PROPERTY(int CaptionWidth MEMBER captionWidth_ NOTIFY partsChanged)
+    Q_PROPERTY(bool UnitCaptionVisible MEMBER unitCaptionVisible_ NOTIFY partsChanged)
+    Q_PROPERTY(QString UnitCaptiontext READ UnitCaptiontext WRITE SetUnitCaptiontext)
+    Q_PROPERTY(QColor UnitCaptionForeColor MEMBER unitCaptionForeColor_ NOTIFY partsChanged)
+    Q_PROPERTY(QColor UnitCaptionBackColor MEMBER unitCaptionBackColor_ NOTIFY partsChanged)
+    Q_PROPERTY(QFont UnitCaptionFont MEMBER unitCaptionFont_ NOTIFY partsChanged)
+    Q_PROPERTY(int UnitCaptionAlignment MEMBER unitCaptionAlignment_ NOTIFY partsChanged)
+    Q_PROPERTY(int UnitCaptionWidth MEMBER unitCaptionWidth_ NOTIFY partsChanged)
+    Q_PROPERTY(bool ButtonVisible MEMBER buttonVisible_ NOTIFY partsChanged)
+    Q_PROPERTY(QColor ButtonBackCOlor MEMBER buttonBackColor_ NOTIFY partsChanged)
+    Q_PROPERTY(QColor ButtonForeColor MEMBER buttonForeColor_ NOTIFY partsChanged)
+    Q_PROPERTY(QColor ButtonBackColorOnCLick MEMBER buttonBackColorOnClick_ NOTIFY partsChanged)
+    Q_PROPERTY(QPixmap ButtonPicture READ ButtonPicture WRITE SetButtonPicture)
+    Q_PROPERTY(int ButtonWidth MEMBER buttonWidth_ NOTIFY partsChanged)
+    Q_PROPERTY(QFont TextFont MEMBER textFont_ NOTIFY partsChanged)
+    Q_PROPERTY(QColor TextForeColor MEMBER textForeColor_ NOTIFY partsChanged)
+    Q_PROPERTY(QColor TextBackColor MEMBER textBackColor_ NOTIFY partsChanged)
+    Q_PROPERTY(QColor TextBordersColor MEMBER textBordersColor_ NOTIFY partsChanged)
+    Q_PROPERTY(QVariant TextValue READ TextValue WRITE SetTextValue)
+    Q_PROPERTY(QString TextText READ TextText WRITE SetTextText)
+    Q_PROPERTY(QString TextFormat READ TextFormat WRITE SetTextFormat)
+    Q_PROPERTY(int TextType READ TextType WRITE SetTextType)
+    Q_PROPERTY(double TextMax MEMBER textMax_)
+    Q_PROPERTY(double TextMin MEMBER textMin_)
+    Q_PROPERTY(int TextMaxLenght READ TextMaxLenght WRITE SetTextMaxLenght)
+    Q_PROPERTY(double TextLeft READ TextLeft)
+    Q_PROPERTY(double TextWidth READ TextWidth)
+    Q_PROPERTY(int TextAlignment READ TextAlignment WRITE SetTextAlignment)
+    Q_PROPERTY(bool Derived READ Derived WRITE SetDerived)
+
+  public:
+    static constexpr int halo = 3;
+    static constexpr int boxHeight = 28;
+
+    explicit AdvanceText(QWidget* parent = nullptr);
+
+    bool Locked() const { return locked_; }
+    /// A locked field takes no typing: a key opens its list instead.
+    void SetLocked(bool locked);
+
+    /// The choices, "key|description;key|description".
+    QString Tag1() const { return tag1_; }
+    void SetTag1(const QString& choices) { tag1_ = choices; }
+
+    QString Key() const { return key_; }
+    QString OldKey() const { return oldKey_; }
+    /// Sets the key and raises KeyChange.
+    void SetKey(const QString& key);
+    /// Sets the key without raising KeyChange; OldKey keeps the one before.
+    void setkey(const QString& key);
+
+    QString CaptionText() const { return captionText_; }
+    void SetCaptionText(const QString& text);
+    QString UnitCaptiontext() const { return unitCaptionText_; }
+    void SetUnitCaptiontext(const QString& text);
+
+    QPixmap ButtonPicture() const { return buttonPicture_; }
+    void SetButtonPicture(const QPixmap& picture);
+
+    /// The value: for TextType 1 a double, 0 when the stored text is no number; otherwise what was stored.
+    QVariant TextValue() const;
+    /// Stores the value, as a double when TextType is 1 and it is numeric, and shows it through TextFormat.
+    /// Never raises TextChange.
+    void SetTextValue(const QVariant& value);
+    /// The value as a double, 0 when it is no number.
+    double number() const;
+
+    /// What the box shows.
+    QString TextText() const;
+    void SetTextText(const QString& text);
+
+    QString TextFormat() const { return textFormat_; }
+    void SetTextFormat(const QString& format);
+    /// 1 is numeric, anything else free text.
+    int TextType() const { return textType_; }
+    void SetTextType(int type);
+    int TextMaxLenght() const;
+    void SetTextMaxLenght(int length);
+    double TextLeft() const;
+    double TextWidth() const;
+    /// 0 left, 1 right, 2 centre.
+    int TextAlignment() const { return textAlignment_; }
+    void SetTextAlignment(int alignment);
+
+    /// A value that the program worked out from another field; shown quieter.
+    bool Derived() const { return derived_; }
+    void SetDerived(bool derived);
+
+    /// The list of the field is open: the button is shown pressed.
+    void setOpen(bool open);
+    /// The text was refused and is not corrected yet.
+    bool isInvalid() const { return invalid_; }
+
+    /// Lays out the parts.
+    void Refresh();
+
+    /// Checks the value as on leaving the box, with the same messages. False when leaving is refused.
+    bool validate();
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  signals:
+    void ButtonClick();
+    void TextGotFocus();
+    void TextLostFocus();
+    /// Raised at the end of a check; the owner sets `cancel` to refuse the value.
+    void TextValidate(bool& cancel);
+    /// Raised by the user's typing only, never by a write of the program.
+    void TextChange();
+    void KeyChange(const QString& oldKey, const QString& newKey);
+    void KeyPress(int keyAscii);
+    void KeyUp(int keyCode, int shift);
+    void UnitCaptionTextChange(const QString& text);
+    void partsChanged();
+
+  protected:
+    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    bool handleKeyPress(int key, const QString& text, Qt::KeyboardModifiers modifiers);
+    void gotFocus();
+    void lostFocus(Qt::FocusReason reason);
+    void takeTyping(const QString& text);
+    bool checkNumber();
+    void show(const QString& text);
+    void showValue();
+    void selectText();
+    void setInvalid(bool invalid);
+    void applyColours();
+    void describe();
+
+    QRectF boxRect() const;
+    QRectF buttonRect() const;
+    QRectF unitRect() const;
+    QRectF captionRect() const;
+    std::optional<double> storedNumber() const;
+    void paintBox(QPainter& painter) const;
+    void paintCaption(QPainter& painter) const;
+    void paintUnit(QPainter& painter) const;
+    void paintButton(QPainter& painter) const;
+
+    QLineEdit* edit_;
+    QString help_;
+    QString helpKey_;
+    QString tag1_;
+    QString key_;
+    QString oldKey_;
+    QString captionText_;
+    QString unitCaptionText_;
+    QString textFormat_;
+    QVariant value_ = QString();
+    QColor captionForeColor_;
+    QColor captionBackColor_;
+    QColor unitCaptionForeColor_;
+    QColor unitCaptionBackColor_;
+    QColor buttonBackColor_;
+    QColor buttonForeColor_;
+    QColor buttonBackColorOnClick_;
+    QColor textForeColor_;
+    QColor textBackColor_;
+    QColor textBordersColor_;
+    QFont captionFont_;
+    QFont unitCaptionFont_;
+    QFont textFont_;
+    QPixmap buttonPicture_;
+    double textMax_ = 0;
+    double textMin_ = 0;
+    int captionWidth_ = 112;
+    int captionAlignment_ = 0;
+    int unitCaptionWidth_ = 48;
+    int unitCaptionAlignment_ = 0;
+    int buttonWidth_ = 26;
+    int textType_ = 0;
+    int textAlignment_ = 0;
+    bool captionVisible_ = true;
+    bool unitCaptionVisible_ = false;
+    bool buttonVisible_ = false;
+    bool locked_ = false;
+    bool derived_ = false;
+    bool invalid_ = false;
+    bool open_ = false;
+    bool pressed_ = false;
+    bool hovered_ = false;
+};
+
+}  // namespace marvello

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QDialog>
+
+class QHBoxLayout;
+class QVBoxLayout;
+
+namespace marvello {
+
+class ctlBtn;
+
+/// A floating window of the program: a title line by which it is moved, a body, and buttons at the lower
+/// right.
+class DialogFrame : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit DialogFrame(const QString& title, QWidget* parent = nullptr);
+
+    /// Where the content goes.
+    QVBoxLayout* body() { return body_; }
+    void addButton(ctlBtn* button);
+    void setClosable(bool closable);
+    /// Sets the window's alpha, 0 to 255.
+    void Transparency(int alpha);
+
+  protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    QVBoxLayout* body_;
+    QHBoxLayout* buttons_;
+    QWidget* close_;
+    QPoint grabbed_;
+    bool moving_ = false;
+};
+
+}  // namespace marvello

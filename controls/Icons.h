@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QRectF>
+#include <QString>
+
+class QPainter;
+
+namespace marvello {
+
+/// A tool or menu icon of the resource folder, tinted by its state: text, disabled, or accent when it is
+/// checked. Sharp at any size and device pixel ratio.
+QIcon icon(const QString& name);
+
+/// A mark ("ledgreen", "msgerror", ...) in the colours of the current look.
+QIcon markIcon(const QString& name);
+
+/// Paints an icon in one colour.
+void paintIcon(QPainter& painter, const QRectF& rect, const QString& name, const QColor& colour);
+
+/// Paints a mark in the colours of the current look.
+void paintMark(QPainter& painter, const QRectF& rect, const QString& name);
+
+}  // namespace marvello

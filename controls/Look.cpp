@@ -1,0 +1,148 @@
+#include "controls/Look.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPalette>
+#include <array>
+#include <utility>
+
+#include "controls/LookStyle.h"
+
+// The resources stand in a static library: nothing links them unless they are asked for.
+static void initialiseResources() { Q_INIT_RESOURCE(controls); }
+
+namespace marvello {
+
+namespace {
+
+const Look* installed = nullptr;
+
+QColor withAlpha(QColor colour, double alpha) {
+    colour.setAlphaF(static_cast<float>(alpha));
+    return colour;
+}
+
+QPalette paletteOf(const Look& look) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, look.window);
+    palette.setColor(QPalette::Base, look.surface);
+    palette.setColor(QPalette::AlternateBase, look.surfaceAlt);
+    palette.setColor(QPalette::Button, look.surfaceAlt);
+    palette.setColor(QPalette::Text, look.text);
+    palette.setColor(QPalette::WindowText, look.text);
+    palette.setColor(QPalette::ButtonText, look.text);
+    palette.setColor(QPalette::PlaceholderText, look.muted);
+    palette.setColor(QPalette::Highlight, look.accentTint);
+    palette.setColor(QPalette::HighlightedText, look.text);
+    palette.setColor(QPalette::Link, look.accent);
+    palette.setColor(QPalette::ToolTipBase, look.text);
+    palette.setColor(QPalette::ToolTipText, look.surface);
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, look.disabled);
+    palette.setColor(QPalette::Disabled, QPalette::Base, look.surfaceAlt);
+    return palette;
+}
+
+QString styleSheetOf(const Look& look) {
+    QFile file(QStringLiteral(":/controls/look.qss"));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QString sheet = QString::fromUtf8(file.readAll());
+    // A name that begins with another one stands before it.
+    const std::array<std::pair<const char*, QColor>, 13> names{{{"@surface-alt", look.surfaceAlt},
+                                                                {"@surface", look.surface},
+                                                                {"@window", look.window},
+                                                                {"@raised", look.raised},
+                                                                {"@control-line", look.controlLine},
+                                                                {"@line", look.line},
+                                                                {"@text", look.text},
+                                                                {"@muted", look.muted},
+                                                                {"@disabled", look.disabled},
+                                                                {"@accent-tint", look.accentTint},
+                                                                {"@accent", look.accent},
+                                                                {"@hover", look.hover},
+                                                                {"@red", look.red}}};
+    for (const auto& [name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
+    return sheet;
+}
+
+}  // namespace
+
+const Look& Look::light() {
+    static const Look look{.window = "#EDF1F3",
+                           .surface = "#FFFFFF",
+                           .surfaceAlt = "#F6F8F9",
+                           .raised = "#FFFFFF",
+                           .line = "#D9DFE3",
+                           .controlLine = "#87949C",
+                           .text = "#182126",
+                           .muted = "#55626A",
+                           .disabled = "#76838B",
+                           .accent = "#0E6A80",
+                           .accentHover = "#0B5A6D",
+                           .accentPress = "#084957",
+                           .onAccent = "#FFFFFF",
+                           .accentTint = "#DCECF0",
+                           .hover = "#E4EAED",
+                           .focusHalo = withAlpha("#0E6A80", 0.22),
+                           .errorTint = "#FBEAE8",
+                           .green = "#1B7F45",
+                           .orange = "#C96A00",
+                           .red = "#C3271D",
+                           .blue = "#2B62C4",
+                           .onMark = "#FFFFFF",
+                           .isDark = false};
+    return look;
+}
+
+const Look& Look::dark() {
+    static const Look look{.window = "#14191C",
+                           .surface = "#1B2226",
+                           .surfaceAlt = "#20282D",
+                           .raised = "#252E33",
+                           .line = "#323C42",
+                           .controlLine = "#6F7E86",
+                           .text = "#E4EAED",
+                           .muted = "#A3B0B7",
+                           .disabled = "#82919A",
+                           .accent = "#58B9CE",
+                           .accentHover = "#73C7D9",
+                           .accentPress = "#3FA4BA",
+                           .onAccent = "#06222A",
+                           .accentTint = "#213D47",
+                           .hover = "#2A3439",
+                           .focusHalo = withAlpha("#58B9CE", 0.28),
+                           .errorTint = "#3A2422",
+                           .green = "#45BB7A",
+                           .orange = "#F0A03C",
+                           .red = "#F06A60",
+                           .blue = "#78A6F3",
+                           .onMark = "#10171A",
+                           .isDark = true};
+    return look;
+}
+
+const Look& Look::current() { return installed ? *installed : light(); }
+
+const Look& Look::matching(const QPalette& systemPalette) {
+    return systemPalette.color(QPalette::Window).lightness() < 128 ? dark() : light();
+}
+
+void Look::install(QApplication& application, const Look& look) {
+    installed = &look;
+    initialiseResources();
+    // The application takes ownership of the style.
+    QApplication::setStyle(std::make_unique<LookStyle>().release());
+    QApplication::setPalette(paletteOf(look));
+    QApplication::setFont(lookFont());
+    application.setStyleSheet(styleSheetOf(look));
+}
+
+QFont lookFont(int pixelSize, QFont::Weight weight) {
+    QFont font;
+    font.setFamilies({QStringLiteral("Roboto"), QStringLiteral("Noto Sans CJK SC"), QFont().defaultFamily()});
+    font.setPixelSize(pixelSize);
+    font.setWeight(weight);
+    return font;
+}
+
+}  // namespace marvello

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QListWidget>
+
+namespace marvello {
+
+/// A list of messages, each with its mark; long texts wrap. A page without messages says so in one line.
+class MessagesView : public QListWidget {
+    Q_OBJECT
+
+  public:
+    explicit MessagesView(QWidget* parent = nullptr);
+
+    /// `mark` is "msgerror", "msgattention" or "msginformation"; `tag` is kept with the row.
+    void addMessage(const QString& mark, const QString& text, const QString& tag);
+    void setEmptyText(const QString& text);
+    QString tag(int row) const;
+    QString mark(int row) const;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    QString emptyText_;
+};
+
+}  // namespace marvello

@@ -1,0 +1,119 @@
+#include "controls/NumberText.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string>
+
+namespace marvello {
+
+namespace {
+
+struct Pattern {
+    int decimals = 0;          // most decimals
+    int requiredDecimals = 0;  // decimals written even when they are zero
+    bool leadingZero = false;
+    bool grouped = false;
+};
+
+Pattern parsed(QStringView text) {
+    Pattern pattern;
+    const qsizetype mark = text.indexOf(u'.');
+    const QStringView whole = mark < 0 ? text : text.left(mark);
+    pattern.leadingZero = whole.contains(u'0');
+    pattern.grouped = whole.contains(u',');
+    if (mark < 0) return pattern;
+    for (const QChar sign : text.mid(mark + 1)) {
+        if (sign != u'0' && sign != u'#') continue;
+        ++pattern.decimals;
+        if (sign == u'0') pattern.requiredDecimals = pattern.decimals;
+    }
+    return pattern;
+}
+
+/// A magnitude as decimal digits: 0.d1d2d3... times ten to `exponent`.
+struct Decimal {
+    std::string digits;
+    int exponent = 0;
+};
+
+Decimal decimalOf(double magnitude) {
+    std::array<char, 40> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
+                                   std::chars_format::scientific, 14)
+                         .ptr;
+    const std::string text(buffer.data(), end);  // d.dddddddddddddde+XX
+    const std::size_t mark = text.find('e');
+    return {text.substr(0, 1) + text.substr(2, mark - 2), std::stoi(text.substr(mark + 1)) + 1};
+}
+
+/// The digits of round(value * 10^decimals), half away from zero.
+std::string scaledDigits(const Decimal& value, int decimals) {
+    const int kept = value.exponent + decimals;
+    if (kept < 0) return "0";
+    std::string digits = value.digits;
+    if (kept >= static_cast<int>(digits.size()))
+        return digits.append(static_cast<std::size_t>(kept) - digits.size(), '0');
+    const bool up = digits[static_cast<std::size_t>(kept)] >= '5';
+    digits = "0" + digits.substr(0, static_cast<std::size_t>(kept));
+    for (std::size_t i = digits.size(); up && i-- > 0;) {
+        if (digits[i] != '9') {
+            ++digits[i];
+            break;
+        }
+        digits[i] = '0';
+    }
+    return digits;
+}
+
+QString grouped(const QString& whole, const QLocale& locale) {
+    QString result;
+    for (qsizetype i = 0; i < whole.size(); ++i) {
+        if (i > 0 && (whole.size() - i) % 3 == 0) result += locale.groupSeparator();
+        result += whole[i];
+    }
+    return result;
+}
+
+}  // namespace
+
+std::optional<double> typedNumber(QStringView text) {
+    QString plain = text.trimmed().toString();
+    plain.replace(QChar(0x2212), u'-');
+    plain.replace(u',', u'.');
+    if (plain.startsWith(u'+') && !plain.startsWith(u"+-")) plain.remove(0, 1);
+    for (const QChar sign : plain)
+        if (!(sign >= u'0' && sign <= u'9') && !QStringView(u".-+eE").contains(sign)) return std::nullopt;
+    const std::string digits = plain.toStdString();
+    double value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (error != std::errc() || end != digits.data() + digits.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+QString formatNumber(double value, QStringView pattern, const QLocale& locale) {
+    if (!std::isfinite(value)) return {};
+    QLocale plain(locale);
+    plain.setNumberOptions(QLocale::OmitGroupSeparator);
+    if (pattern.trimmed().isEmpty()) return plain.toString(value, 'g', 15);
+
+    const Pattern shape = parsed(pattern);
+    std::string digits = scaledDigits(decimalOf(std::abs(value)), shape.decimals);
+    const auto decimals = static_cast<std::size_t>(shape.decimals);
+    if (digits.size() <= decimals) digits.insert(0, decimals + 1 - digits.size(), '0');
+    std::string whole = digits.substr(0, digits.size() - decimals);
+    std::string fraction = digits.substr(digits.size() - decimals);
+    whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
+    while (static_cast<int>(fraction.size()) > shape.requiredDecimals && fraction.back() == '0')
+        fraction.pop_back();
+    if (whole.empty() && shape.leadingZero) whole = "0";
+
+    const bool isZero = (whole + fraction).find_first_not_of('0') == std::string::npos;
+    QString result =
+        shape.grouped ? grouped(QString::fromStdString(whole), locale) : QString::fromStdString(whole);
+    if (!fraction.empty()) result += locale.decimalPoint() + QString::fromStdString(fraction);
+    return value < 0 && !isZero ? locale.negativeSign() + result : result;
+}
+
+}  // namespace marvello

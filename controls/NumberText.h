@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QLocale>
+#include <QString>
+#include <QStringView>
+#include <optional>
+
+namespace marvello {
+
+/// Reads a number that a person typed. "." and "," are both decimal marks whatever the locale, so there is no
+/// grouping and two marks are no number; the minus sign may be U+2212. Nothing for anything else and for what
+/// is not finite.
+std::optional<double> typedNumber(QStringView text);
+
+/// `value` through a pattern such as "#0.00" or "#,#": the digits after "." are the decimals ("#" drops
+/// trailing zeros), a "0" before it is a digit that is always written, "," asks for grouping. Rounds half
+/// away from zero on the 15 digits that a person would see, and writes the marks of `locale`. A blank pattern
+/// gives the value with at most 15 significant digits.
+QString formatNumber(double value, QStringView pattern, const QLocale& locale = QLocale());
+
+}  // namespace marvello

@@ -1,0 +1,215 @@
+#include "controls/ResultsView.h"
+
+#include <QContextMenuEvent>
+#include <QFontMetrics>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+#include <memory>
+
+#include "controls/Icons.h"
+#include "controls/Look.h"
+#include "controls/TwoLineHeader.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int rowHeight = 26;
+constexpr int firstWidth = 120;
+constexpr int otherWidth = 83;
+constexpr int markSize = 14;
+constexpr int groupIndent = 10;
+constexpr int rowIndent = 24;
+constexpr int markGap = 8;
+constexpr int sidePadding = 10;
+
+enum Role { keyRole = Qt::UserRole, tagRole, markRole, groupRole };
+
+/// Paints the contents of a cell; the row paints what is behind it.
+class CellDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override { return {0, rowHeight}; }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const bool isGroup = index.data(groupRole).toBool();
+        painter->setPen(Look::current().text);
+        painter->setFont(lookFont(13, isGroup ? QFont::Medium : QFont::Normal));
+        if (index.column() > 0) {
+            painter->drawText(option.rect.adjusted(4, 0, -sidePadding, 0), Qt::AlignRight | Qt::AlignVCenter,
+                              index.data().toString());
+            return;
+        }
+        const QRect place = option.rect.adjusted(isGroup ? groupIndent : rowIndent, 0, 0, 0);
+        const QRect mark(place.left(), place.top() + (place.height() - markSize) / 2, markSize, markSize);
+        paintMark(*painter, mark, index.data(markRole).toString());
+        painter->drawText(place.adjusted(markSize + markGap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                          index.data().toString());
+    }
+};
+
+}  // namespace
+
+ResultsView::ResultsView(QWidget* parent) : QTreeView(parent) {
+    setModel(&model_);
+    setHeader(new TwoLineHeader(this));
+    header()->setStretchLastSection(false);
+    header()->setMouseTracking(true);
+    setItemDelegate(new CellDelegate(this));
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setIndentation(0);
+    setUniformRowHeights(true);
+    setFrameShape(QFrame::NoFrame);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setMouseTracking(true);
+    setAllColumnsShowFocus(true);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &ResultsView::rowSelected);
+}
+
+void ResultsView::clear() {
+    model_.removeRows(0, model_.rowCount());
+    model_.removeColumns(0, model_.columnCount());
+}
+
+void ResultsView::setColumns(const std::vector<Column>& columns) {
+    model_.setColumnCount(static_cast<int>(columns.size()));
+    for (int i = 0; i < model_.columnCount(); ++i) {
+        const Column& column = columns[static_cast<std::size_t>(i)];
+        auto item = std::make_unique<QStandardItem>(column.text);
+        item->setData(column.key, keyRole);
+        item->setToolTip(column.description);
+        model_.setHorizontalHeaderItem(i, item.release());
+        header()->resizeSection(i, i == 0 ? firstWidth : otherWidth);
+    }
+}
+
+void ResultsView::addGroup(const QString& key, const QString& text) {
+    addRow({key, {}, text, QStringLiteral("ledblue"), {}, {}});
+    const int row = model_.rowCount() - 1;
+    for (int column = 0; column < model_.columnCount(); ++column)
+        model_.setData(model_.index(row, column), true, groupRole);
+    setFirstColumnSpanned(row, {}, true);
+}
+
+void ResultsView::addRow(const Row& row) {
+    QList<QStandardItem*> items;  // the model takes ownership
+    auto label = std::make_unique<QStandardItem>(row.label);
+    label->setData(row.key, keyRole);
+    label->setData(row.tag, tagRole);
+    label->setData(row.mark, markRole);
+    label->setAccessibleText(row.markText.isEmpty() ? row.label
+                                                    : row.label + QStringLiteral(", ") + row.markText);
+    items.append(label.release());
+    for (const QString& value : row.values) items.append(std::make_unique<QStandardItem>(value).release());
+    model_.appendRow(items);
+}
+
+void ResultsView::fitColumns() {
+    const QFontMetrics metrics(lookFont());
+    for (int column = 0; column < model_.columnCount(); ++column) {
+        const QString header = model_.headerData(column, Qt::Horizontal).toString();
+        int width = std::max(column == 0 ? firstWidth : otherWidth, TwoLineHeader::widthOf(header));
+        for (int row = 0; row < model_.rowCount(); ++row) {
+            if (column == 0 && isGroup(row)) continue;
+            const int around = column == 0 ? rowIndent + markSize + markGap + sidePadding : sidePadding + 4;
+            width = std::max(width, metrics.horizontalAdvance(text(row, column)) + around);
+        }
+        this->header()->resizeSection(column, width);
+    }
+}
+
+bool ResultsView::isGroup(int row) const { return model_.index(row, 0).data(groupRole).toBool(); }
+QString ResultsView::key(int row) const { return model_.index(row, 0).data(keyRole).toString(); }
+QString ResultsView::tag(int row) const { return model_.index(row, 0).data(tagRole).toString(); }
+QString ResultsView::mark(int row) const { return model_.index(row, 0).data(markRole).toString(); }
+QString ResultsView::text(int row, int column) const { return model_.index(row, column).data().toString(); }
+
+QStringList ResultsView::columnKeys() const {
+    QStringList keys;
+    for (int column = 0; column < model_.columnCount(); ++column)
+        keys += model_.headerData(column, Qt::Horizontal, keyRole).toString();
+    return keys;
+}
+
+QStringList ResultsView::columnTexts() const {
+    QStringList texts;
+    for (int column = 0; column < model_.columnCount(); ++column)
+        texts += model_.headerData(column, Qt::Horizontal).toString();
+    return texts;
+}
+
+int ResultsView::selectedRow() const {
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.front().row();
+}
+
+void ResultsView::selectRow(int row) {
+    if (row < 0 || row >= model_.rowCount()) return;
+    const QModelIndex index = model_.index(row, 0);
+    setCurrentIndex(index);
+    scrollTo(index);
+}
+
+bool ResultsView::selectKey(const QString& key) {
+    for (int row = 0; row < model_.rowCount(); ++row)
+        if (this->key(row) == key) {
+            selectRow(row);
+            return true;
+        }
+    return false;
+}
+
+void ResultsView::contextMenuEvent(QContextMenuEvent* event) {
+    const int row = selectedRow();
+    if (row < 0) return;
+    const QRect place = visualRect(model_.index(row, 0));
+    emit menuWanted(event->reason() == QContextMenuEvent::Mouse
+                        ? event->globalPos()
+                        : viewport()->mapToGlobal(place.bottomLeft()));
+}
+
+void ResultsView::drawRow(QPainter* painter, const QStyleOptionViewItem& options,
+                          const QModelIndex& index) const {
+    const Look& look = Look::current();
+    const QRect row(0, options.rect.top(), viewport()->width(), options.rect.height());
+    const bool selected = selectionModel()->isRowSelected(index.row(), {});
+    const bool group = isGroup(index.row());
+    if (selected)
+        painter->fillRect(row, hasFocus() ? look.accentTint : look.hover);
+    else if (group)
+        painter->fillRect(row, look.surfaceAlt);
+    else if (row.contains(viewport()->mapFromGlobal(QCursor::pos())) && viewport()->underMouse())
+        painter->fillRect(row, look.hover);
+    if (group) {
+        painter->fillRect(QRect(row.bottomLeft(), QSize(row.width(), 1)), look.line);
+        if (index.row() > 0) painter->fillRect(QRect(row.topLeft(), QSize(row.width(), 1)), look.line);
+    }
+    if (selected) painter->fillRect(QRect(row.topLeft(), QSize(3, row.height())), look.accent);
+    QStyleOptionViewItem plain(options);
+    plain.state &= ~(QStyle::State_Selected | QStyle::State_MouseOver | QStyle::State_HasFocus);
+    plain.palette.setColor(QPalette::Highlight, Qt::transparent);
+    plain.backgroundBrush = Qt::NoBrush;
+    QTreeView::drawRow(painter, plain, index);
+}
+
+bool ResultsView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const int column = header()->logicalIndexAt(help->pos().x());
+        const QString text =
+            column < 0 ? QString() : model_.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
+        QToolTip::showText(help->globalPos(), text, this);
+        return true;
+    }
+    return QTreeView::viewportEvent(event);
+}
+
+}  // namespace marvello

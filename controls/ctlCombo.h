@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QFrame>
+#include <QString>
+
+class QListWidget;
+class QListWidgetItem;
+
+namespace marvello {
+
+/// The drop list behind every selector: a floating list of "key|description" pairs, with check boxes when
+/// several keys may be chosen. Choice is raised before Closed; Escape and a click elsewhere raise Closed
+/// alone.
+class ctlCombo : public QFrame {
+    Q_OBJECT
+    Q_PROPERTY(int RowHeight READ RowHeight)
+    Q_PROPERTY(int ListCount READ ListCount)
+
+  public:
+    explicit ctlCombo(QWidget* parent = nullptr);
+
+    /// Fills the list. `keys` are the chosen keys joined by ";". With `inert` a click chooses nothing by
+    /// itself: only Enter and Tab do. With `checkBoxes` rows are checked and the row "*" excludes all others.
+    void Populate(const QString& list, const QString& keys, bool inert, bool checkBoxes);
+
+    int RowHeight() const;
+    int ListCount() const;
+    /// The told height for the number of rows.
+    int preferredHeight() const;
+
+    /// Shows the list under `box`, a rectangle in global coordinates, or above it where the screen ends.
+    void openUnder(const QRect& box);
+
+  signals:
+    void Choice(const QString& key, const QString& text);
+    void Closed();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void clicked(QListWidgetItem* item);
+    void flip(QListWidgetItem* item);
+    void choose();
+    void chooseChecked();
+
+    QListWidget* list_;
+    QWidget* picresize_;
+    bool inert_ = false;
+    bool checkBoxes_ = false;
+};
+
+}  // namespace marvello

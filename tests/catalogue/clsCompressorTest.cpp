@@ -1,0 +1,210 @@
+#include "catalogue/clsCompressor.h"
+
+#include <gtest/gtest.h>
+
+#include "data/Arithmetic.h"
+#include "data/Globals.h"
+#include "tests/support/SmallCatalogue.h"
+
+namespace marvello {
+namespace {
+
+class clsCompressorTest : public ::testing::Test {
+  protected:
+    bool load(clsCompressor& compressor, int hz = 50, int motorSize = -1, bool economized = false,
+              std::uint8_t step = 100) {
+        return compressor.GetCompressorFromDb(gDatabase(), project, "R134A", serie, "100", hz, 1450,
+                                              motorSize, economized, step);
+    }
+
+    testing::SmallCatalogue catalogue;
+    clsProjectConditions project;
+    std::string serie = "TK-A";
+};
+
+TEST_F(clsCompressorTest, ARowBecomesACompressor) {
+    catalogue.compressor();
+    catalogue.completeDefault();
+    clsCompressor c;
+    ASSERT_TRUE(load(c));
+    EXPECT_EQ(c.Key(), "R134A-TK-A-010-100");
+    EXPECT_EQ(c.PolynomialQ0.c[1], 3);
+    EXPECT_EQ(c.polynomialPta.c[2], 0.25);
+    EXPECT_EQ(c.PolynomialSh.Sh, 10);
+    EXPECT_EQ(c.OilCoolingLimit, 95);
+    EXPECT_EQ(c.Motor.NominalPower, "37 kW");
+    EXPECT_TRUE(c.Motor.isStandard);
+    EXPECT_EQ(c.limits.Count(), 1);
+    clsCompressor none;
+    EXPECT_FALSE(
+        none.GetCompressorFromDb(gDatabase(), project, "R134A", serie, "999", 50, 0, -1, false, 100));
+    EXPECT_EQ(none.Key(), "---");
+}
+
+TEST_F(clsCompressorTest, SixtyHertzScalesTheSurfacesAlone) {
+    catalogue.compressor();
+    catalogue.completeDefault();
+    clsCompressor c;
+    load(c, 60);
+    EXPECT_EQ(c.PolynomialQ0.c[1], 3 * static_cast<double>(1.2F));
+    EXPECT_EQ(c.polynomialPta.c[0], 5 * static_cast<double>(1.2F));
+    EXPECT_EQ(c.PolynomialSh.c[0], 60);
+    EXPECT_EQ(c.Motor.Hz, 60);
+    EXPECT_EQ(c.Motor.ID, 1);  // read from the row of 50 Hz
+}
+
+TEST_F(clsCompressorTest, AnOpenDriveGoesBySpeed) {
+    serie = "NL-H";
+    catalogue.compressor({{"fSerieID", "'NL-H'"}});
+    catalogue.surface("S", 0, 1450, {7});
+    catalogue.surface("S", 1, 1450, {2});
+    catalogue.limit("E", 0, "0,0;1,0;1,1;0,0");
+    clsCompressor c;
+    load(c, 60);
+    EXPECT_EQ(c.PolynomialQ0.c[0], 7);  // unscaled at 60 Hz, and without the row of a step
+    EXPECT_FALSE(c.Motor.isValid());
+}
+
+TEST_F(clsCompressorTest, SmallAndFullMotor) {
+    catalogue.compressor({{"fhasFullSmallMotor", "1"},
+                          {"fisSmallMotorStandard", "1"},
+                          {"fFla", "100"},
+                          {"fFla2", "80"},
+                          {"fMotorSmallID", "2"}});
+    catalogue.completeDefault();
+    catalogue.motor(2, {1, 0, 0, 0, 0});
+    struct Case {
+        int size;
+        double fla;
+        int motor, type;
+        bool standard;
+    };
+    for (const Case& expected :
+         {Case{-1, 80, 2, 0, true}, Case{0, 80, 2, 0, true}, Case{1, 100, 1, 1, false}}) {
+        clsCompressor c;
+        load(c, 50, expected.size);
+        EXPECT_EQ(c.Fla, expected.fla) << expected.size;
+        EXPECT_EQ(c.Motor.ID, expected.motor);
+        EXPECT_EQ(c.Motor.MotorType, expected.type);
+        EXPECT_EQ(c.Motor.isStandard, expected.standard);
+    }
+}
+
+TEST_F(clsCompressorTest, WithoutThePairTheSizeIsIgnoredAndNullSequenceLeavesTwoDashes) {
+    catalogue.compressor({{"fSequence", "NULL"}, {"fFla2", "80"}, {"fMotorSmallID", "2"}});
+    catalogue.completeDefault();
+    clsCompressor c;
+    load(c, 50, 0);
+    EXPECT_EQ(c.Fla, 50);
+    EXPECT_EQ(c.Motor.ID, 1);
+    EXPECT_EQ(c.Key(), "R134A-TK-A--100");
+    // Reading the second rated current moves it into the first.
+    EXPECT_EQ(c.Fla2(), 0);
+    EXPECT_EQ(c.Fla, 80);
+}
+
+TEST_F(clsCompressorTest, EconomizedTakesItsOwnEnvelopeAndLimit) {
+    catalogue.compressor({{"fLimitEconomizedID", "'X'"}});
+    catalogue.completeDefault();
+    catalogue.limit("X", 11, "0,0;1,0;1,1;0,0");
+    clsCompressor c;
+    load(c, 50, -1, true);
+    EXPECT_EQ(c.OilCoolingLimit, 90);
+    EXPECT_TRUE(c.limits.FindLimitType(11));
+}
+
+TEST_F(clsCompressorTest, MissingPartsLoadAndFaultyOnesSaySo) {
+    catalogue.compressor({{"fMotorFullID", "77"}, {"fLimitID", "'none'"}});
+    clsCompressor empty;
+    EXPECT_TRUE(load(empty, 50, -1, false, 50));
+    EXPECT_FALSE(empty.PolynomialQ0.isOK());
+    EXPECT_EQ(empty.Motor.ID, -1);
+    EXPECT_EQ(empty.limits.Count(), 0);
+    catalogue.limit("none", 0, "0,0;1");
+    try {
+        clsCompressor c;
+        load(c);
+        FAIL();
+    } catch (const std::invalid_argument& fault) {
+        EXPECT_STREQ(
+            fault.what(),
+            "The envelope none of TK-A 100 does not parse: \"1\" is no point \"x,y\" of an envelope line.");
+    }
+}
+
+class inverterTest : public clsCompressorTest {
+  protected:
+    inverterTest() {
+        serie = "TK-D";
+        project.InverterFrequency = 25;
+        project.TEvaporatingDew = 0;
+        project.TCondensationDew = 40;
+        catalogue.compressor({{"fSerieID", "'TK-D'"}, {"fhasInverter", "1"}});
+        catalogue.motor(1, {});
+    }
+};
+
+TEST_F(inverterTest, TheVolumeRatioOfTheBestEfficiencyWins) {
+    catalogue.surface("S", 0, 22, {30});
+    catalogue.surface("S", 1, 22, {10});
+    catalogue.surface("S", 0, 26, {40});
+    catalogue.surface("S", 1, 26, {10});
+    catalogue.surface("S", 0, 32, {80});  // equal efficiency: the smaller ratio stays
+    catalogue.surface("S", 1, 32, {20});
+    clsCompressor c;
+    load(c);
+    EXPECT_EQ(c.InverterInfo.ViSelected, "26");
+    EXPECT_EQ(c.VI, "2.6");
+    EXPECT_EQ(c.PolynomialQ0.c[0], 20);  // half speed, no coefficients: factor 0.5
+}
+
+TEST_F(inverterTest, AnIncompletePairSpoilsTheModel) {
+    catalogue.surface("S", 0, 22, {30});
+    catalogue.surface("S", 1, 22, {10});
+    catalogue.surface("S", 0, 26, {40});
+    catalogue.surface("S", 0, 32, {50});
+    catalogue.surface("S", 1, 32, {10});
+    clsCompressor c;
+    load(c);
+    EXPECT_FALSE(c.PolynomialQ0.isOK());
+    EXPECT_FALSE(c.polynomialPta.isOK());
+    EXPECT_EQ(c.InverterInfo.ViSelected, "22");
+}
+
+TEST_F(inverterTest, APowerOfZeroIsAFault) {
+    catalogue.surface("S", 0, 22, {30});
+    catalogue.surface("S", 1, 22, {10, 0, -0.25});  // nothing at 40 degC, though its sum is sound
+    clsCompressor c;
+    EXPECT_THROW(load(c), ArithmeticFault);
+}
+
+TEST_F(inverterTest, OtherSeriesReadTheRow100) {
+    serie = "TK-B";
+    catalogue.compressor({{"fSerieID", "'TK-B'"}, {"fhasInverter", "1"}});
+    catalogue.surface("S", 0, 22, {30});
+    catalogue.surface("S", 1, 22, {10});
+    clsCompressor c;
+    load(c);
+    EXPECT_FALSE(c.PolynomialQ0.isOK());
+    EXPECT_EQ(c.VI, "2.6");
+}
+
+TEST_F(clsCompressorTest, AClone) {
+    catalogue.compressor({{"fFla2", "80"}});
+    catalogue.completeDefault();
+    clsCompressor c;
+    load(c);
+    c.Variables.add("Q0", 5.0, "capacity", "kW", "t");
+    c.Messages.Error.add("a", "a");
+    const clsCompressor copy = c.Clone();
+    EXPECT_EQ(c.Fla, 80);     // the side effect of reading Fla2
+    EXPECT_EQ(copy.Fla, 50);  // taken before it
+    EXPECT_EQ(copy.Variables.Item("q0").Description, "capacity");
+    EXPECT_EQ(copy.Messages.Error.Count(), 0);
+    EXPECT_EQ(copy.VI, "");
+    EXPECT_NE(&copy.limits.Item(1), &c.limits.Item(1));
+    EXPECT_EQ(copy.limits.Item(1).Points.Count(), 5);
+}
+
+}  // namespace
+}  // namespace marvello

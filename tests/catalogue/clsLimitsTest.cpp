@@ -1,0 +1,106 @@
+#include "catalogue/clsLimits.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <random>
+#include <stdexcept>
+
+namespace marvello {
+namespace {
+
+std::shared_ptr<clsLimit> limitOf(int type, const char* points) {
+    auto limit = std::make_shared<clsLimit>();
+    limit->setType(type);
+    limit->Points = parsePoints(points);
+    return limit;
+}
+
+TEST(parsePoints, BracketsFurtherElementsAndFaults) {
+    const clsPoints points = parsePoints("(-20.5,30);(10 , 3e1,99);(1,-2)");
+    ASSERT_EQ(points.Count(), 3);
+    EXPECT_EQ(points.Item(1).x, -20.5);
+    EXPECT_EQ(points.Item(2).Y, 30);
+    EXPECT_EQ(points.getLeftPoint()->x, -20.5);
+    EXPECT_EQ(points.getLeftPoint()->Y, 30);
+    EXPECT_EQ(points.getRightPoint()->x, 10);
+    EXPECT_EQ(points.getRightPoint()->Y, -2);
+    for (const char* bad : {"", "1,2;", "1", "1,2;x,3", "1;2", "1,,2", "nan,1", "1,2;;3,4"}) {
+        EXPECT_THROW(parsePoints(bad), std::invalid_argument) << bad;
+    }
+}
+
+TEST(polygonTest, ClosedAndOpenSquares) {
+    const clsPoints closed = parsePoints("0,0;10,0;10,10;0,10;0,0");
+    EXPECT_EQ(polygonTest(closed, 5, 5), PolygonState::inside);
+    EXPECT_EQ(polygonTest(closed, 50, 5), PolygonState::outside);
+    EXPECT_EQ(polygonTest(closed, 10, 10), PolygonState::onVertex);
+    const clsPoints open = parsePoints("0,0;10,0;10,10;0,10");
+    EXPECT_EQ(polygonTest(open, 5, 5), PolygonState::inside);
+    EXPECT_EQ(polygonTest(open, -1, 5), PolygonState::undecided);  // just beyond the edge that is not there
+    const clsPoints triangle = parsePoints("0,0;10,0;0,10");
+    EXPECT_EQ(polygonTest(triangle, 0, 0), PolygonState::undecided);
+    EXPECT_EQ(polygonTest(parsePoints("0,0;10,0;0,10;0,0"), 2, 2), PolygonState::inside);
+}
+
+/// Second method: how often a ray to the right crosses the edges.
+bool crossesOddly(const clsPoints& line, double x, double y) {
+    bool inside = false;
+    for (int i = 1; i < line.Count(); ++i) {
+        const clsPoint& a = line.Item(i);
+        const clsPoint& b = line.Item(i + 1);
+        if ((a.Y > y) != (b.Y > y) && x < (b.x - a.x) * (y - a.Y) / (b.Y - a.Y) + a.x) inside = !inside;
+    }
+    return inside;
+}
+
+TEST(polygonTest, AgreesWithRayCastingOnAConcaveLineInBothDirections) {
+    const clsPoints around = parsePoints("-20,20;12,20;15,30;15,60;0,55;-5,40;-12,50;-20,35;-20,20");
+    clsPoints reversed;
+    for (int i = around.Count(); i >= 1; --i) reversed.add(around.Item(i).x, around.Item(i).Y);
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> x(-30, 25);
+    std::uniform_real_distribution<double> y(10, 70);
+    for (int i = 0; i < 5000; ++i) {
+        const double px = x(random);
+        const double py = y(random);
+        const auto expected = crossesOddly(around, px, py) ? PolygonState::inside : PolygonState::outside;
+        ASSERT_EQ(polygonTest(around, px, py), expected) << px << " " << py;
+        ASSERT_EQ(polygonTest(reversed, px, py), expected) << px << " " << py;
+    }
+}
+
+TEST(clsLimits, LimitsAroundAPointKeepTheirOrderAndIdentity) {
+    clsLimits limits;
+    limits.add(limitOf(-1, "-30,10;30,10;30,80;-30,80;-30,10"));
+    limits.add(limitOf(6, "-5,25;5,25;5,35;-5,35;-5,25"));
+    limits.add(limitOf(0, "-20,20;15,20;15,60;-20,60;-20,20"));
+    const clsLimits around = limits.GetLimitsFromPoint(10, 50);
+    ASSERT_EQ(around.Count(), 2);
+    EXPECT_EQ(&around.Item(1), &limits.Item(1));
+    EXPECT_EQ(&around.Item(2), &limits.Item(3));
+    EXPECT_TRUE(around.FindLimitType(0));
+    EXPECT_FALSE(around.FindLimitType(6));
+    EXPECT_EQ(limits.GetLimitsFromPoint(100, 50).Count(), 0);
+    EXPECT_EQ(limits.getLeftPoint()->x, -30);
+    EXPECT_EQ(limits.getLeftPoint()->Y, 80);
+    limits.Remove(1);
+    EXPECT_EQ(limits.getLeftPoint()->x, -30);  // corners do not shrink
+    EXPECT_EQ(limits.GetLimitType(-1), nullptr);
+    EXPECT_THROW(limits.add(std::make_shared<clsLimit>()), std::invalid_argument);
+}
+
+TEST(clsLimit, AttributesFollowTheType) {
+    const auto over = limitOf(-1, "0,0");
+    EXPECT_EQ(over->DrawStyle, 1);
+    EXPECT_EQ(over->Color, 0x0000FF);  // red
+    EXPECT_EQ(over->Description, "Over limit");
+    EXPECT_EQ(limitOf(1, "0,0")->Description, "Iniection limit");
+    EXPECT_EQ(limitOf(5, "0,0")->Caption, "50%");
+    EXPECT_FALSE(limitOf(9, "0,0")->Visible);
+    const auto other = limitOf(99, "0,0");
+    EXPECT_TRUE(other->Visible && other->DrawWidth == 2 && other->Color == 0);
+}
+
+}  // namespace
+}  // namespace marvello

@@ -1,0 +1,222 @@
+#include "controls/AdvanceText.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+#include <memory>
+
+#include "controls/MessageBox.h"
+
+using namespace marvello;
+
+namespace {
+
+/// A window with a numeric field and one after it, and the boxes that were shown.
+class AdvanceTextTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        before_ = MessageBox::setHandler([this](MessageBox::Mark, const QString& text) { boxes += text; });
+        field->SetTextType(1);
+        field->SetTextFormat("#0.00");
+        field->SetTextValue(2);
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        next->setFocus();
+    }
+    void TearDown() override {
+        MessageBox::setHandler(before_);
+        QLocale::setDefault(QLocale::c());
+    }
+
+    QLineEdit* edit() const { return field->findChild<QLineEdit*>(); }
+    void type(const QString& text) {
+        field->setFocus();
+        QTest::keyClicks(edit(), text);
+    }
+    /// Tab out of the field, with what follows in the event queue.
+    void leave() {
+        QTest::keyClick(edit(), Qt::Key_Tab);
+        QApplication::processEvents();
+    }
+
+    QWidget window;
+    QVBoxLayout* layout = new QVBoxLayout(&window);
+    AdvanceText* field = [this] {
+        auto* made = new AdvanceText(&window);
+        layout->addWidget(made);
+        return made;
+    }();
+    AdvanceText* next = [this] {
+        auto* made = new AdvanceText(&window);
+        layout->addWidget(made);
+        return made;
+    }();
+    QStringList boxes;
+
+  private:
+    MessageBox::Handler before_;
+};
+
+}  // namespace
+
+TEST_F(AdvanceTextTest, TypingReplacesTheWholeTextAndIsReportedEachTime) {
+    QSignalSpy changes(field, &AdvanceText::TextChange);
+    type("1.5");
+    EXPECT_EQ(field->TextText(), "1.5");
+    EXPECT_EQ(changes.count(), 3);
+    EXPECT_EQ(field->number(), 1.5);
+    leave();
+    EXPECT_TRUE(boxes.isEmpty());
+    EXPECT_EQ(field->TextText(), "1.50");
+}
+
+TEST_F(AdvanceTextTest, AWriteOfTheProgramIsNotTyping) {
+    QSignalSpy changes(field, &AdvanceText::TextChange);
+    field->setFocus();
+    field->SetTextValue(7.126);
+    field->SetTextText("8");
+    EXPECT_EQ(changes.count(), 0);
+    EXPECT_EQ(field->TextText(), "8.00");
+    EXPECT_EQ(field->TextValue().toDouble(), 8.0);
+}
+
+TEST_F(AdvanceTextTest, BothMarksAreTheSameNumberInAGermanLocale) {
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    type("1.5");
+    EXPECT_EQ(field->number(), 1.5);
+    leave();
+    EXPECT_EQ(field->TextText(), "1,50");
+    type("1234,5");
+    leave();
+    EXPECT_EQ(field->number(), 1234.5);
+    EXPECT_EQ(field->TextText(), "1234,50");
+}
+
+TEST_F(AdvanceTextTest, ATextThatIsNoNumberKeepsTheFocusUntilCorrected) {
+    type("1.2.3");
+    leave();
+    EXPECT_EQ(boxes, QStringList("Error. Only Numeric value"));
+    EXPECT_TRUE(edit()->hasFocus());
+    EXPECT_TRUE(field->isInvalid());
+    EXPECT_EQ(field->number(), 0.0);
+    QTest::keyClick(edit(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(edit(), "3");
+    EXPECT_FALSE(field->isInvalid());
+    leave();
+    EXPECT_EQ(boxes.size(), 1);
+    EXPECT_FALSE(edit()->hasFocus());
+}
+
+TEST_F(AdvanceTextTest, AValueOutOfRangeIsBroughtToTheNearerBound) {
+    field->setProperty("TextMin", 0.0);
+    field->setProperty("TextMax", 30.0);
+    type("31");
+    leave();
+    ASSERT_EQ(boxes, QStringList("Error...\nValue (Min= 0 Max= 30)"));
+    EXPECT_EQ(field->number(), 30.0);
+    EXPECT_TRUE(edit()->hasFocus());
+    type("-1");
+    leave();
+    EXPECT_EQ(field->number(), 0.0);
+    EXPECT_EQ(boxes.size(), 2);
+}
+
+TEST_F(AdvanceTextTest, TheOwnerMayRefuseAValue) {
+    QObject::connect(field, &AdvanceText::TextValidate, field, [](bool& cancel) { cancel = true; });
+    field->setFocus();
+    EXPECT_FALSE(field->validate());
+    EXPECT_TRUE(boxes.isEmpty());
+}
+
+TEST_F(AdvanceTextTest, ALockedFieldDropsKeysAndAsksForItsList) {
+    field->SetTextType(0);
+    field->SetLocked(true);
+    field->setProperty("ButtonVisible", true);
+    field->SetTextText("R134A");
+    QSignalSpy clicks(field, &AdvanceText::ButtonClick);
+    field->setFocus();
+    QTest::keyClicks(edit(), "x");
+    QTest::keyClick(edit(), Qt::Key_Down);
+    QTest::keyClick(edit(), Qt::Key_Escape);
+    EXPECT_EQ(clicks.count(), 2);
+    EXPECT_EQ(field->TextText(), "R134A");
+    QTest::keyClick(edit(), Qt::Key_Tab);
+    EXPECT_FALSE(edit()->hasFocus());
+}
+
+TEST_F(AdvanceTextTest, FocusAndF2SelectTheText) {
+    field->setFocus();
+    EXPECT_EQ(edit()->selectedText(), "2.00");
+    edit()->deselect();
+    QTest::keyClick(edit(), Qt::Key_F2);
+    EXPECT_EQ(edit()->selectedText(), "2.00");
+}
+
+TEST_F(AdvanceTextTest, UndoTakesTypingBack) {
+    type("9");
+    QTest::keySequence(edit(), QKeySequence::Undo);
+    EXPECT_EQ(field->TextText(), "2.00");
+    EXPECT_EQ(field->number(), 2.0);
+}
+
+TEST_F(AdvanceTextTest, KeysAreReportedWithTheKeyBefore) {
+    QSignalSpy changes(field, &AdvanceText::KeyChange);
+    field->setkey("a");
+    field->SetKey("b");
+    ASSERT_EQ(changes.count(), 1);
+    EXPECT_EQ(changes[0], (QVariantList{"a", "b"}));
+    EXPECT_EQ(field->OldKey(), "a");
+}
+
+TEST_F(AdvanceTextTest, EveryPropertyIsReachedByItsToldName) {
+    for (const char* name : {"Help",
+                             "HelpKey",
+                             "Locked",
+                             "hWnd",
+                             "Tag1",
+                             "Enabled",
+                             "Key",
+                             "OldKey",
+                             "CaptionVisible",
+                             "CaptionText",
+                             "CaptionForeColor",
+                             "CaptionBackColor",
+                             "CaptionFont",
+                             "CaptionAlignment",
+                             "CaptionWidth",
+                             "UnitCaptionVisible",
+                             "UnitCaptiontext",
+                             "UnitCaptionForeColor",
+                             "UnitCaptionBackColor",
+                             "UnitCaptionFont",
+                             "UnitCaptionAlignment",
+                             "UnitCaptionWidth",
+                             "ButtonVisible",
+                             "ButtonBackCOlor",
+                             "ButtonForeColor",
+                             "ButtonBackColorOnCLick",
+                             "ButtonPicture",
+                             "ButtonWidth",
+                             "TextFont",
+                             "TextForeColor",
+                             "TextBackColor",
+                             "TextBordersColor",
+                             "TextValue",
+                             "TextText",
+                             "TextFormat",
+                             "TextType",
+                             "TextMax",
+                             "TextMin",
+                             "TextMaxLenght",
+                             "TextLeft",
+                             "TextWidth",
+                             "TextAlignment"})
+        EXPECT_GE(field->metaObject()->indexOfProperty(name), 0) << name;
+    field->setProperty("TextMaxLenght", 3);
+    type("12345");
+    EXPECT_EQ(field->TextText(), "123");
+}

@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "controls/ResultsView.h"
+#include "controls/TwoLineHeader.h"
+#include "controls/ctlBtn.h"
+#include "controls/ctlCombo.h"
+
+using namespace marvello;
+
+namespace {
+
+class ComboTest : public testing::Test {
+  protected:
+    QListWidget* list() { return combo.findChild<QListWidget*>(); }
+    void open(const QString& pairs, const QString& keys, bool checkBoxes) {
+        combo.Populate(pairs, keys, false, checkBoxes);
+        combo.openUnder(QRect(10, 10, 200, 28));
+    }
+    void click(int row) {
+        QTest::mouseClick(list()->viewport(), Qt::LeftButton, {},
+                          list()->visualItemRect(list()->item(row)).center());
+    }
+
+    ctlCombo combo;
+    QSignalSpy choices{&combo, &ctlCombo::Choice};
+    QSignalSpy closings{&combo, &ctlCombo::Closed};
+    const QString models = "*|ALL;120|TK-A-120;140|TK-A-140";
+};
+
+}  // namespace
+
+TEST_F(ComboTest, AClickChoosesAndCloses) {
+    open("NL-H|NL-H;TK-A|Series TK-A", "NL-H", false);
+    EXPECT_EQ(list()->currentRow(), 0);
+    click(1);
+    ASSERT_EQ(choices.count(), 1);
+    EXPECT_EQ(choices[0], (QVariantList{"TK-A", "Series TK-A"}));
+    EXPECT_EQ(closings.count(), 1);
+}
+
+TEST_F(ComboTest, KeysChooseAndEscapeOnlyCloses) {
+    open("1|one;2|two", "1", false);
+    QTest::keyClick(list(), Qt::Key_Down);
+    QTest::keyClick(list(), Qt::Key_Return);
+    ASSERT_EQ(choices.count(), 1);
+    EXPECT_EQ(choices[0][0], "2");
+    open("1|one;2|two", "2", false);
+    QTest::keyClick(list(), Qt::Key_Escape);
+    EXPECT_EQ(choices.count(), 1);
+    EXPECT_EQ(closings.count(), 2);
+}
+
+TEST_F(ComboTest, TheRowForAllExcludesTheOthersBothWays) {
+    open(models, "*", true);
+    click(1);
+    click(2);
+    QTest::keyClick(list(), Qt::Key_Return);
+    ASSERT_EQ(choices.count(), 1);
+    EXPECT_EQ(choices[0], (QVariantList{"120;140", "TK-A-120;TK-A-140"}));
+    open(models, "120;140", true);
+    click(0);
+    QTest::keyClick(list(), Qt::Key_Return);
+    EXPECT_EQ(choices[1], (QVariantList{"*", "ALL"}));
+}
+
+TEST_F(ComboTest, NothingCheckedMeansAll) {
+    open(models, "120", true);
+    EXPECT_EQ(list()->currentRow(), 1);
+    QTest::keyClick(list(), Qt::Key_Space);
+    QTest::keyClick(list(), Qt::Key_Tab);
+    ASSERT_EQ(choices.count(), 1);
+    EXPECT_EQ(choices[0], (QVariantList{"*", "All"}));
+}
+
+TEST_F(ComboTest, TheHeightFollowsTheRows) {
+    combo.Populate("", "", false, true);
+    EXPECT_EQ(combo.preferredHeight(), 100);
+    combo.Populate("1|a;2|b", "", false, false);
+    EXPECT_EQ(combo.preferredHeight(), 3 * combo.RowHeight());
+    QStringList many;
+    for (int i = 0; i < 30; ++i) many += QString::number(i) + "|" + QString::number(i);
+    combo.Populate(many.join(';'), "", false, false);
+    EXPECT_EQ(combo.ListCount(), 30);
+    EXPECT_EQ(combo.preferredHeight(), 21 * combo.RowHeight());
+}
+
+TEST(TwoLineHeader, SplitsAtTheLastBracket) {
+    EXPECT_EQ(TwoLineHeader::lines("Capacity(kW)"), std::pair(QString("Capacity"), QString("kW")));
+    EXPECT_EQ(TwoLineHeader::lines("COP()"), std::pair(QString("COP"), QString()));
+    EXPECT_EQ(TwoLineHeader::lines("Power (eco)(kW)"), std::pair(QString("Power (eco)"), QString("kW")));
+    EXPECT_EQ(TwoLineHeader::lines("Compressor"), std::pair(QString("Compressor"), QString()));
+}
+
+TEST(ResultsView, KeepsRowsByKeyAndMovesTheSelection) {
+    ResultsView view;
+    view.setColumns({{"compressor", "Compressor", ""}, {"Q0", "A rather long heading(kW)", ""}});
+    view.addGroup("@R134A", "R134A");
+    view.addRow({"k1", "R134A;TK-A;120", "TK-A-120", "ledgreen", "no remarks", {"68.1"}});
+    view.fitColumns();
+    view.show();
+    EXPECT_TRUE(view.isGroup(0));
+    EXPECT_FALSE(view.isGroup(1));
+    EXPECT_EQ(view.tag(1), "R134A;TK-A;120");
+    EXPECT_EQ(view.text(1, 1), "68.1");
+    EXPECT_GE(view.columnWidth(1), TwoLineHeader::widthOf("A rather long heading(kW)"));
+    QSignalSpy selections(&view, &ResultsView::rowSelected);
+    EXPECT_TRUE(view.selectKey("k1"));
+    EXPECT_EQ(view.selectedRow(), 1);
+    QTest::keyClick(&view, Qt::Key_Up);
+    EXPECT_EQ(view.selectedRow(), 0);
+    EXPECT_EQ(selections.count(), 2);
+    view.clear();
+    EXPECT_EQ(view.rowCount(), 0);
+    EXPECT_EQ(view.selectedRow(), -1);
+}
+
+TEST(ctlBtn, IsClickedByMouseEnterAndSpaceUnlessDisabled) {
+    ctlBtn button("Abort", false);
+    button.show();
+    QSignalSpy clicks(&button, &ctlBtn::clicked);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::keyClick(&button, Qt::Key_Return);
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(clicks.count(), 3);
+    button.setProperty("Enabled", false);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(clicks.count(), 3);
+}

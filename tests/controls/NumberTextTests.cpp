@@ -1,0 +1,50 @@
+#include "controls/NumberText.h"
+
+#include <gtest/gtest.h>
+
+#include <QLocale>
+
+using marvello::formatNumber;
+using marvello::typedNumber;
+
+namespace {
+
+const QLocale english(QLocale::English, QLocale::UnitedKingdom);
+const QLocale german(QLocale::German, QLocale::Germany);
+
+}  // namespace
+
+TEST(TypedNumber, TakesBothMarksAndBothMinusSigns) {
+    EXPECT_EQ(typedNumber(u"1.5"), 1.5);
+    EXPECT_EQ(typedNumber(u"1,5"), 1.5);
+    EXPECT_EQ(typedNumber(u" -12,25 "), -12.25);
+    EXPECT_EQ(typedNumber(u"\u221212"), -12.0);
+    EXPECT_EQ(typedNumber(u"+3"), 3.0);
+    EXPECT_EQ(typedNumber(u".5"), 0.5);
+}
+
+TEST(TypedNumber, RefusesEverythingElse) {
+    for (const auto* text : {u"", u"  ", u"-", u".", u"1.5x", u"1.234,5", u"1,2,3", u"1 5", u"0x10", u"nan",
+                             u"inf", u"1e999", u"--1", u"+-1", u"1-"})
+        EXPECT_FALSE(typedNumber(text)) << QString::fromUtf16(text).toStdString();
+}
+
+TEST(FormatNumber, RoundsHalfAwayFromZeroOnTheDigitsThatOneSees) {
+    EXPECT_EQ(formatNumber(2.675, u"#0.00", english), "2.68");  // stored just below 2.675
+    EXPECT_EQ(formatNumber(-0.125, u"#0.00", english), "-0.13");
+    EXPECT_EQ(formatNumber(0.5, u"#0", english), "1");
+    EXPECT_EQ(formatNumber(9.996, u"#0.00", english), "10.00");
+    EXPECT_EQ(formatNumber(0.04, u"#0.0", english), "0.0");
+    EXPECT_EQ(formatNumber(-0.001, u"#0.00", english), "0.00");
+    EXPECT_EQ(formatNumber(1e17, u"#0.0", english), "100000000000000000.0");
+}
+
+TEST(FormatNumber, FollowsThePatternAndTheLocale) {
+    EXPECT_EQ(formatNumber(1234.5, u"#0.00", german), "1234,50");
+    EXPECT_EQ(formatNumber(1048800, u"#,#", english), "1,048,800");
+    EXPECT_EQ(formatNumber(392400.4, u"#,#", german), "392.400");
+    EXPECT_EQ(formatNumber(0.25, u"#.#", english), ".3");
+    EXPECT_EQ(formatNumber(53.0, u"#", english), "53");
+    EXPECT_EQ(formatNumber(12.5, u"", german), "12,5");
+    EXPECT_EQ(formatNumber(1234567.25, u"", english), "1234567.25");
+}

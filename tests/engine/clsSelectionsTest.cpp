@@ -1,0 +1,138 @@
+#include "engine/clsSelections.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "engine/AbortRequested.h"
+#include "engine/clsOutputs.h"
+#include "engine/formTimeout.h"
+#include "tests/engine/EngineFixture.h"
+#include "thermo/clsRefprop.h"
+
+namespace marvello {
+namespace {
+
+class clsSelectionsTest : public testing::EngineFixture {
+  protected:
+    clsSelectionsTest() {
+        catalogue.compressor({{"fModelID", "'B'"}, {"fSequence", "'010'"}});
+        catalogue.compressor({{"fModelID", "'A'"}, {"fSequence", "'020'"}});
+        catalogue.compressor({{"fModelID", "'C'"}, {"fSequence", "'020'"}, {"fMarket", "1"}});
+        catalogue.compressor({{"fModelID", "'D'"}, {"fSequence", "'030'"}, {"fMarket", "3"}});
+        catalogue.completeDefault();
+    }
+
+    std::string run(const std::string& models, int market = 0, const std::string& serie = "TK-A") {
+        selections.Selection(std::make_shared<clsProjectConditions>(conditions), serie, models, "R134A",
+                             static_cast<std::uint8_t>(market));
+        std::string listed;
+        for (const auto& compressor : selections) listed += compressor->Model;
+        return listed;
+    }
+};
+
+TEST_F(clsSelectionsTest, FilterAndOrder) {
+    EXPECT_EQ(run("*"), "BACD");
+    EXPECT_EQ(run(""), "BACD");
+    EXPECT_EQ(run("A;B"), "BA");
+    EXPECT_EQ(run("A; B"), "A");  // pieces are not trimmed
+    EXPECT_EQ(run("*", 1), "BAC");
+    EXPECT_EQ(run("*", 2), "BA");
+    EXPECT_EQ(run("*", 3), "BACD");
+    EXPECT_EQ(run("*", 0, "tk-a"), "BACD");
+    EXPECT_EQ(run("*", 0, "tk-d"), "");
+}
+
+TEST_F(clsSelectionsTest, PropertiesKeepWhatWasGiven) {
+    run(" A;B ");
+    run("   ");
+    EXPECT_EQ(selections.Models, "A;B");
+    EXPECT_EQ(selections.Count(), 0);  // the blanks were asked for as a model
+    EXPECT_EQ(selections.Series, "TK-A");
+}
+
+TEST_F(clsSelectionsTest, CursorAndKeys) {
+    run("*");
+    EXPECT_EQ(selections.AbsolutePosition(), 0);
+    EXPECT_TRUE(selections.BOC());
+    std::string walked;
+    for (selections.MoveFirst(); !selections.EOC(); selections.MoveNext()) walked += selections.Item().Model;
+    EXPECT_EQ(walked, "BACD");
+    EXPECT_EQ(selections.Item("r134a-TK-A-020-a").Model, "A");
+    EXPECT_THROW(selections.Item("nobody"), std::out_of_range);
+    EXPECT_THROW(selections.Item(), std::out_of_range);
+    selections.Clear();
+    selections.MoveFirst();
+    EXPECT_TRUE(selections.EOC());
+    EXPECT_FALSE(selections.BOC());
+    auto compressor = std::make_shared<clsCompressor>();
+    selections.add(compressor);
+    EXPECT_THROW(selections.add(compressor), std::invalid_argument);
+}
+
+TEST_F(clsSelectionsTest, ProgressAndAbort) {
+    std::vector<int> percents;
+    selections.SelectionPercent = [&](int percent, int) { percents.push_back(percent); };
+    run("A;B;C");
+    EXPECT_EQ(percents, (std::vector<int>{33, 67, 100}));
+
+    selections.SelectionPercent = [](int, int index) {
+        if (index == 2) AbortRequested() = true;
+    };
+    EXPECT_EQ(run("*"), "");
+    EXPECT_TRUE(selections.isAborted());
+    EXPECT_FALSE(AbortRequested());
+
+    // A click while the rows are loaded.
+    selections.SelectionPercent = nullptr;
+    int turns = 0;
+    hooks().giveTurn = [&turns] { AbortRequested() = ++turns == 2; };
+    EXPECT_EQ(run("*"), "");
+    EXPECT_TRUE(selections.isAborted());
+    EXPECT_EQ(turns, 2);
+    hooks().giveTurn = nullptr;
+    EXPECT_EQ(run("*"), "BACD");
+    EXPECT_FALSE(selections.isAborted());
+}
+
+TEST_F(clsSelectionsTest, StatesOfARunAreAskedOnce) {
+    run("B");
+    const long long one = GetRefprop("R134A").libraryCalls();
+    releaseRefprop();
+    run("*");
+    // The four models share suction, liquid and discharge states, so they ask no more than one does.
+    EXPECT_EQ(GetRefprop("R134A").libraryCalls(), one);
+}
+
+TEST_F(clsSelectionsTest, FailuresReachTheCaller) {
+    catalogue.limit("E", 1, "nonsense");
+    EXPECT_THROW(run("*"), std::invalid_argument);
+    EXPECT_THROW(run("A'B"), DatabaseError);
+}
+
+TEST(formTimeoutTest, StartsAndStops) {
+    formTimeout timeout;
+    int ticks = 0;
+    timeout.Timeout = [&ticks] { ++ticks; };
+    EXPECT_TRUE(timeout.isStopped());
+    timeout.StartTimeout();
+    timeout.poll();
+    EXPECT_FALSE(timeout.isStopped());
+    timeout.StopTimeout();
+    EXPECT_TRUE(timeout.isStopped());
+    EXPECT_EQ(ticks, 0);
+}
+
+TEST(clsOutputs, RemovesByNameAndAddsByKey) {
+    clsOutputs outputs;
+    outputs.add("Q0", "Q0", "capacity", "kW", {}, 0);
+    outputs.add("q0", "q0", "again", "kW", {}, 1);
+    ASSERT_EQ(outputs.Count(), 1);
+    EXPECT_EQ(outputs.Item("Q0").Description, "again");
+    EXPECT_THROW(outputs.add("Q0", "Power", "", "", {}, 0), std::invalid_argument);
+    EXPECT_THROW(outputs.Item("x"), std::out_of_range);
+}
+
+}  // namespace
+}  // namespace marvello

@@ -1,0 +1,196 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/engine/EngineFixture.h"
+
+namespace marvello {
+namespace {
+
+using testing::keys;
+
+constexpr const char* wide = "-40,0;40,0;40,90;-40,90;-40,0";
+
+class selectionRules : public testing::EngineFixture {
+  protected:
+    /// A complete compressor with some columns changed and further lines around every point.
+    void given(const std::map<std::string, std::string>& changes, const std::vector<int>& around = {}) {
+        catalogue.compressor(changes);
+        catalogue.completeDefault();
+        for (const int type : around) catalogue.limit("E", type, wide);
+    }
+
+    const ClsSelectionMessages& said(const std::string& refrigerant = "R134A",
+                                     const std::string& serie = "TK-A") {
+        return select(refrigerant, serie).Messages;
+    }
+
+    void expectSaid(const ClsSelectionMessages& messages, const std::vector<const char*>& error,
+                    const std::vector<const char*>& attention, const std::vector<const char*>& information) {
+        EXPECT_EQ(names(messages.Error), keys(error));
+        EXPECT_EQ(names(messages.Attention), keys(attention));
+        EXPECT_EQ(names(messages.Information), keys(information));
+    }
+};
+
+TEST_F(selectionRules, OutsideEveryLine) {
+    given({});
+    conditions.TEvaporatingDew = 16;
+    const clsCompressor& c = select();
+    expectSaid(c.Messages, {"01"}, {}, {});
+    EXPECT_EQ(c.Variables.Count(), 19);  // those of the preparation
+}
+
+TEST_F(selectionRules, AForbiddenRegionSilencesAllButTheFrequency) {
+    given({{"fSerieID", "'TK-C'"}, {"fhasInverter", "1"}}, {11, 14, 7});
+    conditions.StepCapacity = 50;
+    conditions.InverterFrequency = 70.1F;
+    expectSaid(said("R134A", "TK-C"), {"02", "35"}, {}, {});
+}
+
+TEST_F(selectionRules, CapacityStepsSpeakTwice) {
+    given({}, {6});
+    catalogue.surface("S", 0, 75, {50});
+    catalogue.surface("S", 1, 75, {10});
+    conditions.StepCapacity = 75;
+    expectSaid(said(), {}, {}, {"30", "30"});
+    conditions.StepCapacity = 50;  // no line of 50 %, and no row
+    expectSaid(said(), {"29", "31", "31"}, {}, {});
+    catalogue.surface("S", 0, 50, {50});
+    catalogue.surface("S", 1, 50, {10});
+    expectSaid(said(), {"29", "29"}, {}, {});
+}
+
+TEST_F(selectionRules, StepNoteOfTheSeriesWithSteps) {
+    given({{"fSerieID", "'TK-A(P)'"}});
+    expectSaid(said("R134A", "TK-A(P)"), {}, {}, {"28", "28"});
+}
+
+TEST_F(selectionRules, AMissingMotor) {
+    given({{"fMotorFullID", "9"}});
+    expectSaid(said(), {"33"}, {}, {});
+}
+
+TEST_F(selectionRules, AnOpenDriveNeedsNoMotor) {
+    given({{"fSerieID", "'NL-H'"}, {"fMotorFullID", "9"}});
+    catalogue.surface("S", 0, 1450, {50});
+    catalogue.surface("S", 1, 1450, {10});
+    expectSaid(said("R134A", "NL-H"), {}, {}, {});
+}
+
+TEST_F(selectionRules, OverLimitOilFilterAndSuggestions) {
+    given({}, {-1, 7, 9, 10});
+    expectSaid(said(), {}, {"03"}, {"09"});
+    conditions.TEvaporatingDew = 17;  // outside the application limit, inside the over limit
+    expectSaid(said(), {}, {"02", "03"}, {"09"});
+}
+
+TEST_F(selectionRules, SmallAndFullMotor) {
+    given({{"fhasFullSmallMotor", "1"}});
+    catalogue.limit("E", 3, "-20,20;15,20;15,50;-20,50;-20,20");
+    conditions.MotorSize = 1;
+    expectSaid(said(), {}, {}, {"04"});
+    conditions.MotorSize = 0;
+    expectSaid(said(), {}, {}, {});
+    conditions.TCondensationDew = 55;  // above the small motor's line
+    expectSaid(said(), {"05"}, {}, {});
+}
+
+TEST_F(selectionRules, InjectionAndOilBySeries) {
+    given({}, {1});
+    expectSaid(said(), {}, {"07"}, {});
+    catalogue.exec("update tCompressors set fSerieID='GH4'");
+    expectSaid(said("R134A", "GH4"), {}, {"06"}, {});
+    catalogue.limit("E", 2, wide);
+    expectSaid(said("R134A", "GH4"), {}, {"16"}, {});
+    catalogue.exec("update tCompressors set fSerieID='GH', fModelID='10H'");
+    expectSaid(said("R134A", "GH"), {}, {"14"}, {});
+    catalogue.exec("update tCompressors set fModelID='10S'");
+    expectSaid(said("R134A", "GH"), {}, {"15"}, {});
+}
+
+TEST_F(selectionRules, OilLoadBesideTheInjectionLine) {
+    given({});
+    catalogue.limit("E", 1, "-20,55;15,55;15,60;-20,60;-20,55");
+    expectSaid(said(), {}, {"07"}, {});
+    catalogue.exec("update tCompressors set fSerieID='GH'");
+    expectSaid(said("R134A", "GH"), {}, {"17"}, {});
+    conditions.OilCoolingCalculateMode = 0;  // no load, nothing to say
+    expectSaid(said("R134A", "GH"), {}, {}, {});
+}
+
+TEST_F(selectionRules, InverterFrequencyCeilings) {
+    given({{"fSerieID", "'TK-C'"}, {"fhasInverter", "1"}}, {13, 14});
+    conditions.InverterFrequency = 65;  // the line of 70 Hz counts, that of 60 Hz is not looked at
+    expectSaid(said("R134A", "TK-C"), {}, {}, {});
+    conditions.InverterFrequency = 70;
+    expectSaid(said("R134A", "TK-C"), {}, {}, {});
+    conditions.InverterFrequency = 70.1F;
+    catalogue.text("messages.message35", "never shown");
+    gApplication().populateDictionary("en-EN", "");
+    expectSaid(said("R134A", "TK-C"), {"35"}, {}, {});
+    EXPECT_EQ(selections.Item(1).Messages.Error.Item(1).Description(), "<= 70 hz");
+}
+
+TEST_F(selectionRules, SubcoolingAndSuperheat) {
+    given({});
+    catalogue.text("messages.message12", "Too much subcooling");
+    gApplication().populateDictionary("en-EN", "");
+    // The highest subcooling: (45 - 3.195075196) * 0.8 = 33.44393984, shown as 33.44.
+    conditions.SubCooling = 33.44;
+    expectSaid(said(), {}, {}, {});
+    conditions.SubCooling = 33.45;
+    conditions.SuperHeat = 20.001;
+    expectSaid(said(), {"12", "13"}, {}, {});
+    EXPECT_EQ(selections.Item(1).Messages.Error.Item(1).Description(), "Too much subcooling (33.44)");
+    EXPECT_NEAR(selections.Item(1).Variables("Sh"), 20.0011, 1e-12);  // added to before the gate
+    EXPECT_FALSE(selections.Item(1).Variables.Exist("Tga"));
+    conditions.SubCooling = -0.1;
+    conditions.SuperHeat = 1000;
+    expectSaid(said(), {"12", "13"}, {}, {});
+    conditions.SubCooling = 5;
+    conditions.SuperHeatType = 1;
+    conditions.SuperHeat = 15;
+    expectSaid(said(), {}, {}, {});
+    conditions.SuperHeat = 15.1;
+    expectSaid(said(), {"13"}, {}, {});
+    conditions.SuperHeat = -5.1;
+    expectSaid(said(), {"13"}, {}, {});
+}
+
+TEST_F(selectionRules, PropaneMayBeSuperheatedFurtherAndSaysWhatItIs) {
+    given({{"fRefrigerantID", "'R290'"}});
+    conditions.SuperHeat = 40;
+    expectSaid(said("R290"), {}, {"36"}, {"28", "35"});
+    conditions.SuperHeat = 40.1;
+    expectSaid(said("R290"), {"13"}, {}, {});
+}
+
+TEST_F(selectionRules, ClosingRulesBySeries) {
+    catalogue.exec(
+        "insert into tRefrigeranti values('R404A');insert into tFluidi values('R404A','R134A.FLD',1)");
+    given({{"fSerieID", "'MV-E'"}, {"fRefrigerantID", "'R404A'"}});
+    expectSaid(said("R404A", "MV-E"), {}, {"18"}, {});
+    catalogue.exec("update tCompressors set fSerieID='MV-A(V)'");
+    expectSaid(said("R404A", "MV-A(V)"), {}, {"20"}, {"19"});
+    catalogue.exec("update tCompressors set fSerieID='DZ', fModelID='7J100'");
+    expectSaid(said("R404A", "DZ"), {}, {}, {"34"});
+    catalogue.exec("update tCompressors set fModelID='7K2300'");
+    expectSaid(said("R404A", "DZ"), {}, {}, {"34"});
+    catalogue.exec("update tCompressors set fModelID='7K2300X'");
+    expectSaid(said("R404A", "DZ"), {}, {}, {});
+}
+
+TEST_F(selectionRules, PowerOfTheModelsOfMvJ) {
+    given({{"fSerieID", "'MV-J'"}, {"fModelID", "'Q40'"}});
+    catalogue.exec("update tPolynomials set fC1=51, fC2=0, fC3=0 where fType=1");
+    expectSaid(said("R134A", "MV-J"), {}, {}, {});  // exactly at the limit
+    catalogue.exec("update tPolynomials set fC1=51.01 where fType=1");
+    expectSaid(said("R134A", "MV-J"), {"32"}, {}, {});
+    catalogue.exec("update tCompressors set fModelID='Q60'");
+    expectSaid(said("R134A", "MV-J"), {}, {}, {});
+}
+
+}  // namespace
+}  // namespace marvello

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace marvello::testing {
+
+/// A catalogue file of the test's own, with the schema of the real one, opened as gDatabase(); the property
+/// library is that of the built application folder. Nothing is left of it afterwards.
+class SmallCatalogue {
+  public:
+    SmallCatalogue();
+    ~SmallCatalogue();
+    SmallCatalogue(const SmallCatalogue&) = delete;
+    SmallCatalogue& operator=(const SmallCatalogue&) = delete;
+
+    /// Adds a row to tCompressors: R134A, series TK-A, model 100, surfaces "S", motor 1, envelope "E" and no
+    /// frills, with the given columns changed. Values are SQL literals.
+    void compressor(const std::map<std::string, std::string>& changes = {});
+    void surface(const std::string& id, int type, double field, const std::vector<double>& coefficients);
+    void motor(int id, const std::array<double, 5>& coefficients, double lra1 = 300, double lra2 = 100);
+    void limit(const std::string& id, int type, const std::string& points);
+    void text(const std::string& key, const std::string& text, const std::string& language = "en-EN");
+
+    /// The rows that make the default compressor complete: see SmallCatalogue.cpp.
+    void completeDefault();
+
+    void exec(const std::string& sql);
+    /// What the recorded message boxes said.
+    std::vector<std::string> boxes;
+
+  private:
+    std::filesystem::path folder_;
+};
+
+}  // namespace marvello::testing

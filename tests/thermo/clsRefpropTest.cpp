@@ -1,0 +1,105 @@
+#include "thermo/clsRefprop.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "tests/support/SmallCatalogue.h"
+
+namespace marvello {
+namespace {
+
+class clsRefpropTest : public ::testing::Test {
+  protected:
+    testing::SmallCatalogue catalogue;
+};
+
+// Saturation at 2 degC, and states around it, from an evaluation of the equation of Tillner-Roth and Baehr
+// (1994) by another program; h = 200 kJ/kg for saturated liquid at 0 degC.
+constexpr double pressureAt2 = 3.1461943754717896;
+constexpr double enthalpyAt12 = 408.7609219802552;
+constexpr double densityAt12 = 14.709821637630064;
+
+TEST_F(clsRefpropTest, StatesInApplicationUnits) {
+    clsRefprop& refprop = GetRefprop("R134A");
+    EXPECT_TRUE(refprop.SetupFault().empty());
+    EXPECT_NEAR(refprop.Convert.wm, 102.032, 1e-9);
+    EXPECT_NEAR(refprop.Pressure(2, 2), pressureAt2, 1e-8 * pressureAt2);
+    EXPECT_NEAR(refprop.Temperature(pressureAt2, 1, 2, 0, -1), 2, 1e-7);
+    EXPECT_NEAR(refprop.Enthalpy(12, 0, pressureAt2, 1), enthalpyAt12, 1e-6);
+    EXPECT_EQ(refprop.Enthalpy(pressureAt2, 1, 12, 0), refprop.Enthalpy(12, 0, pressureAt2, 1));
+    EXPECT_NEAR(refprop.Density(12, 0, 2, pressureAt2, 1), densityAt12, 1e-7);
+    EXPECT_NEAR(refprop.Temperature(enthalpyAt12, 3, 2, pressureAt2, 1), 12, 1e-6);
+    const double s = refprop.Entropy(12, 0, pressureAt2, 1);
+    EXPECT_NEAR(refprop.Temperature(pressureAt2, 1, 2, s, 4), 12, 1e-6);
+    EXPECT_NEAR(refprop.Enthalpy(pressureAt2, 1, s, 4), enthalpyAt12, 1e-6);
+    EXPECT_NEAR(refprop.Enthalpy(12, 0, s, 4), enthalpyAt12, 1e-5);
+    EXPECT_NEAR(refprop.Entropy(pressureAt2, 1, enthalpyAt12, 3), s, 1e-8);
+    EXPECT_TRUE(catalogue.boxes.empty());
+}
+
+TEST_F(clsRefpropTest, DensityOfAPressureAloneIsTheVapours) {
+    clsRefprop& refprop = GetRefprop("R134A");
+    const double vapour = refprop.Density(pressureAt2, 1, 2);
+    EXPECT_NEAR(vapour, 15.5, 0.2);  // saturated vapour at 2 degC; the liquid is near 1288 kg/m^3
+    EXPECT_EQ(refprop.Density(pressureAt2, 1, 1), vapour);
+    // A temperature alone goes in as a pressure: 275.15 K becomes 275.15 kPa.
+    EXPECT_NEAR(refprop.Density(2, 0, 2), refprop.Density(2.7515, 1, 2), 1e-9);
+}
+
+TEST_F(clsRefpropTest, UnknownCallsSayAndStayStale) {
+    clsRefprop& refprop = GetRefprop("R134A");
+    const double before = refprop.Temperature(pressureAt2, 1, 2, 0, -1);
+    EXPECT_EQ(refprop.Temperature(2, 0, 2, 3, 1), before);
+    EXPECT_EQ(refprop.Density(3, 1, 2, 4.0, -1), 0);
+    EXPECT_EQ(catalogue.boxes, (std::vector<std::string>{
+                                   "Aggiungere funzione",
+                                   "Il parametro vValue2 non è conforme alle specifiche della funzione"}));
+}
+
+TEST_F(clsRefpropTest, AStateIsAskedOfTheLibraryOnce) {
+    clsRefprop& refprop = GetRefprop("R134A");
+    const long long before = refprop.libraryCalls();
+    const double first = refprop.Pressure(2, 2);
+    refprop.Pressure(3, 2);
+    EXPECT_EQ(refprop.Pressure(2, 2), first);
+    EXPECT_EQ(refprop.libraryCalls(), before + 2);
+}
+
+TEST_F(clsRefpropTest, OneSharedServiceBoundToARefrigerant) {
+    clsRefprop* first = &GetRefprop("R134A");
+    const long long statements = gDatabase().executedStatements();
+    EXPECT_EQ(&GetRefprop("r134a"), first);
+    EXPECT_EQ(gDatabase().executedStatements(), statements);
+    const double r134a = first->Pressure(2, 2);
+    // Propane at 0 degC: 4.744 bar, Lemmon, McLinden and Wagner (2009).
+    EXPECT_NEAR(GetRefprop("R290").Pressure(0, 2), 4.744, 0.002);
+    EXPECT_EQ(GetRefprop("R134A").Pressure(2, 2), r134a);
+}
+
+TEST_F(clsRefpropTest, WhatTheLibrarySaysAtSetUpIsKept) {
+    catalogue.exec(
+        "insert into tRefrigeranti values('RX'),('RY');insert into tFluidi values('RX','NOSUCH.FLD',1)");
+    EXPECT_NE(GetRefprop("RX").SetupFault().find("NOSUCH.FLD"), std::string::npos);
+    EXPECT_FALSE(GetRefprop("RY").SetupFault().empty());  // no fluid at all
+    EXPECT_TRUE(GetRefprop("R134A").SetupFault().empty());
+    GetRefprop("RX").Pressure(2, 2);  // a number without meaning, and the box that says so
+    EXPECT_EQ(catalogue.boxes, (std::vector<std::string>{"Undefined"}));
+}
+
+TEST_F(clsRefpropTest, TooManyComponentsAndAMissingLibrary) {
+    catalogue.exec("insert into tRefrigeranti values('RZ')");
+    for (int i = 0; i < 21; ++i) {
+        catalogue.exec("insert into tFluidi values('RZ','F" + std::to_string(i) + ".FLD',0.04)");
+    }
+    EXPECT_THROW(GetRefprop("RZ"), std::out_of_range);
+    setApplicationFolder("/nowhere");
+    EXPECT_THROW(GetRefprop("R134A"), FluidLibraryError);
+    setApplicationFolder(MARVELLO_APP_FOLDER);
+    EXPECT_NEAR(GetRefprop("R134A").Pressure(2, 2), pressureAt2, 1e-7);
+}
+
+}  // namespace
+}  // namespace marvello
