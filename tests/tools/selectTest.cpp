@@ -101,7 +101,7 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
             << expected.arguments << ": " << answer.out;
         EXPECT_EQ(std::count(answer.out.begin(), answer.out.end(), '\n'), 1) << answer.out;
     }
-    EXPECT_EQ(call(std::string(point) + " --ted -100").status,
+    EXPECT_EQ(call("--refrigerant R134A --series TK-A --ted -100 --tcd 40").status,
               0);  // outside the envelope: listed, with its message
     EXPECT_EQ(call(std::string(point) + " --sh 1000").status, 0);
 }
