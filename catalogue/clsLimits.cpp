@@ -53,7 +53,7 @@ float vectorAngle(double y, double x) {
 
 void widen(std::optional<clsPoint>& left, std::optional<clsPoint>& right, const clsPoint& topLeft,
            const clsPoint& bottomRight) {
-    if (!left) {
+    if (!left || !right) {
         left = topLeft;
         right = bottomRight;
         return;
@@ -134,8 +134,10 @@ void clsLimit::setType(int type) {
 }
 
 void clsLimits::add(std::shared_ptr<clsLimit> limit) {
-    if (!limit->LeftPoint()) throw std::invalid_argument("An envelope line has no points.");
-    widen(left_, right_, *limit->LeftPoint(), *limit->RightPoint());
+    const std::optional<clsPoint> left = limit->LeftPoint();
+    const std::optional<clsPoint> right = limit->RightPoint();
+    if (!left || !right) throw std::invalid_argument("An envelope line has no points.");
+    widen(left_, right_, *left, *right);
     limits_.push_back(std::move(limit));
 }
 

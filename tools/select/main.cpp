@@ -98,8 +98,8 @@ int select(const Arguments& arguments) {
     return nothingMatches;
 }
 
-int complain(const std::string& sentence, ExitStatus status) {
-    std::fprintf(stderr, "marvello-select: %s\n", sentence.c_str());
+int complain(const char* sentence, ExitStatus status) {
+    std::fprintf(stderr, "marvello-select: %s\n", sentence);
     return status;
 }
 
@@ -132,17 +132,20 @@ int run(int argc, char** argv) {
     }
     if (inverter) arguments.options["inverter"] = "true";
 
-    try {
-        return select(arguments);
-    } catch (const NothingMatches& fault) {
-        return complain(fault.what(), nothingMatches);
-    } catch (const std::exception& fault) {
-        return complain(fault.what(), refused);
-    }
+    return select(arguments);
 }
 
 }  // namespace
 
 }  // namespace marvello::select
 
-int main(int argc, char** argv) { return marvello::select::run(argc, argv); }
+int main(int argc, char** argv) {
+    using namespace marvello::select;
+    try {
+        return run(argc, argv);
+    } catch (const NothingMatches& fault) {
+        return complain(fault.what(), nothingMatches);
+    } catch (const std::exception& fault) {
+        return complain(fault.what(), refused);
+    }
+}

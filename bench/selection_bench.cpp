@@ -1,0 +1,95 @@
+// What a selection costs, on the catalogue and the property library of the application folder.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <exception>
+#include <memory>
+#include <string>
+
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "engine/clsSelections.h"
+#include "thermo/clsRefprop.h"
+#include "tools/select/Run.h"
+
+namespace {
+
+using namespace marvello;
+
+/// The first 20 compressors of R134A, over as many series as it takes.
+constexpr const char* seriesOf20[] = {"TK-A", "MV-A"};
+
+select::Request requestOf(const char* series) {
+    select::Request request;
+    request.refrigerant = "R134A";
+    request.series = series;
+    request.conditions.TEvaporatingDew = 2;
+    request.conditions.TCondensationDew = 40;
+    return request;
+}
+
+int runBoth() {
+    int compressors = 0;
+    for (const char* series : seriesOf20)
+        compressors += select::carryOut(requestOf(series)).selection->Count();
+    return compressors;
+}
+
+/// As marvello-select does it after its start: the property library is set up for the run.
+void selectionOfTwoSeries(benchmark::State& state) {
+    int compressors = 0;
+    const long long statements = gDatabase().executedStatements();
+    for (auto _ : state) {
+        releaseRefprop();
+        compressors = runBoth();
+    }
+    state.counters["compressors"] = compressors;
+    state.counters["libraryCalls"] = static_cast<double>(GetRefprop("R134A").libraryCalls());
+    state.counters["statements"] = static_cast<double>(gDatabase().executedStatements() - statements) /
+                                   static_cast<double>(state.iterations());
+}
+BENCHMARK(selectionOfTwoSeries)->Unit(benchmark::kMillisecond);
+
+/// The same at a condition that was asked before: no state is calculated again.
+void selectionAtARememberedCondition(benchmark::State& state) {
+    runBoth();
+    const long long calls = GetRefprop("R134A").libraryCalls();
+    for (auto _ : state) benchmark::DoNotOptimize(runBoth());
+    state.counters["libraryCalls"] = static_cast<double>(GetRefprop("R134A").libraryCalls() - calls);
+}
+BENCHMARK(selectionAtARememberedCondition)->Unit(benchmark::kMillisecond);
+
+/// The loading alone: the floor that the database sets.
+void loadingOfTwoSeries(benchmark::State& state) {
+    const clsProjectConditions conditions = requestOf("TK-A").conditions;
+    for (auto _ : state) {
+        for (const char* series : seriesOf20) {
+            for (RecordSet row = gDatabase().Execute(std::string("Select fModelID from tCompressors where "
+                                                                 "fRefrigerantID='R134A' and fSerieID='") +
+                                                     series + "'");
+                 !row.eof(); row.moveNext()) {
+                clsCompressor compressor;
+                compressor.GetCompressorFromDb(gDatabase(), conditions, "R134A", series, row.text("fModelID"),
+                                               50, 1450, -1, false, 100);
+                benchmark::DoNotOptimize(compressor);
+            }
+        }
+    }
+}
+BENCHMARK(loadingOfTwoSeries)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        setApplicationFolder(MARVELLO_APP_FOLDER);
+        select::openCatalogue("en-EN");
+        benchmark::Initialize(&argc, argv);
+        benchmark::RunSpecifiedBenchmarks();
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "%s\n", fault.what());
+        return 2;
+    }
+    return 0;
+}

@@ -1,0 +1,164 @@
+// Runs marvello-select of the built application folder as its users do.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+
+struct Answer {
+    int status = -1;
+    std::string out;  ///< Standard output, or standard error where that was asked for.
+};
+
+Answer call(const std::string& arguments, bool wantErrors = false, const std::string& folder = {}) {
+    const std::string where = folder.empty() ? "" : " --app-folder '" + folder + "'";
+    const std::string command = std::string("cd / && '") + MARVELLO_APP_FOLDER + "/marvello-select'" + where +
+                                " " + arguments + (wantErrors ? " 2>&1 >/dev/null" : " 2>/dev/null");
+    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+    Answer answer;
+    std::array<char, 4096> buffer{};
+    while (const std::size_t read = std::fread(buffer.data(), 1, buffer.size(), pipe.get())) {
+        answer.out.append(buffer.data(), read);
+    }
+    const int status = pclose(pipe.release());
+    answer.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return answer;
+}
+
+constexpr const char* point = "--refrigerant R134A --series TK-A --ted 2 --tcd 40";
+
+double variable(const Json& compressor, const std::string& name) {
+    for (const Json& entry : compressor["variables"]) {
+        if (entry["name"] == name) return entry["value"].get<double>();
+    }
+    return std::nan("");
+}
+
+TEST(marvelloSelect, CapacityAtTheReferenceIsTheCatalogueSurfaces) {
+    for (const char* refrigerant : {"R134A", "R290"}) {
+        for (const char* series : {"TK-A", "MV-A"}) {
+            const Answer answer = call(std::string("--refrigerant ") + refrigerant + " --series " + series +
+                                       " --ted 2 --tcd 40 --sh 10 --sc 5 --format json");
+            ASSERT_EQ(answer.status, 0) << answer.out;
+            const Json run = Json::parse(answer.out);
+            EXPECT_GE(run["count"], 10);
+            int calculated = 0;
+            for (const Json& compressor : run["compressors"]) {
+                if (!compressor["messages"]["error"].empty()) continue;
+                ++calculated;
+                const auto c = compressor["polynomials"]["Q0"].get<std::array<double, 10>>();
+                const double x = 2;
+                const double y = 40;
+                const double surface = c[0] + c[1] * x + c[2] * y + c[3] * x * x + c[4] * x * y +
+                                       c[5] * y * y + c[6] * x * x * x + c[7] * x * x * y + c[8] * x * y * y +
+                                       c[9] * y * y * y;
+                EXPECT_NEAR(variable(compressor, "Q0") / surface, 1, 1e-4) << compressor["key"];
+                EXPECT_GT(variable(compressor, "COP"), 1.5);
+                EXPECT_LT(variable(compressor, "COP"), 8);
+                EXPECT_LT(variable(compressor, "CA"), variable(compressor, "Fla"));
+            }
+            EXPECT_GE(calculated, 8) << refrigerant << " " << series;
+        }
+    }
+}
+
+TEST(marvelloSelect, StatusesAndOneLineOfReason) {
+    struct Case {
+        const char* arguments;
+        int status;
+        const char* says;
+    };
+    for (const Case& expected : {
+             Case{"--refrigerant R134A --series TK-A --ted 2", 2, "tcd is missing"},
+             Case{"--refrigerant R134A --series TK-A --ted nan --tcd 40", 2, "\"nan\" is no number"},
+             Case{"--refrigerant R134A --series TK-A --ted 1,5 --tcd 40", 2, "\"1,5\" is no number"},
+             Case{"--refrigerant R134A --series TK-A --ted 2 --tcd 40 --hz 50.5", 2, "no whole number"},
+             Case{"--refrigerant R134A --series TK-A --ted 2 --tcd 40 --step 60", 2, "100, 75, 50 or 25"},
+             Case{"--refrigerant R134A --series TK-A --ted 2 --tcd 40 --eco-mode 1", 2, "economizer"},
+             Case{"--refrigerant R134A --series TK-A --ted 2 --tcd 40 --inverter", 2, "inverter"},
+             Case{"--refrigerant R134A --series TK-A --ted 2 --tcd 40 --colour red", 2, "--colour"},
+             Case{"--refrigerant R999 --series TK-A --ted 2 --tcd 40", 1, "no refrigerant R999"},
+             Case{"--refrigerant R134A --series \"O'Neill\" --ted 2 --tcd 40", 1, "no series O'Neill"},
+             Case{"--refrigerant R134A --series TK-A --models \"120;9999\" --ted 2 --tcd 40", 1,
+                  "no model 9999"},
+             Case{"--batch /nowhere.csv", 2, "/nowhere.csv cannot be read"},
+         }) {
+        const Answer answer = call(expected.arguments, true);
+        EXPECT_EQ(answer.status, expected.status) << expected.arguments << ": " << answer.out;
+        EXPECT_NE(answer.out.find(expected.says), std::string::npos)
+            << expected.arguments << ": " << answer.out;
+        EXPECT_EQ(std::count(answer.out.begin(), answer.out.end(), '\n'), 1) << answer.out;
+    }
+    EXPECT_EQ(call("--refrigerant R134A --series TK-A --ted -100 --tcd 40").status,
+              0);  // outside the envelope: listed, with its message
+    EXPECT_EQ(call(std::string(point) + " --sh 1000").status, 0);
+}
+
+TEST(marvelloSelect, ABatchRunsInOneProcessAndNamesALineAtFault) {
+    const fs::path file = fs::temp_directory_path() / "marvello-batch.csv";
+    const auto write = [&file](const char* text) { std::ofstream(file) << text; };
+    write("refrigerant,series,ted,tcd\nR134A,TK-A,2,40\nR290,MV-A,-10,45\nR134A,TK-A,-5,\n");
+    const Answer answer = call("--tcd 50 --format json --batch " + file.string());
+    ASSERT_EQ(answer.status, 0);
+    const Json runs = Json::parse(answer.out);
+    ASSERT_EQ(runs.size(), 3);
+    EXPECT_EQ(runs[1]["conditions"]["Refrigerant"], "R290");
+    EXPECT_EQ(runs[2]["conditions"]["Tcd"], 50);  // the command line fills what a line leaves out
+    write("refrigerant,series,ted,tcd\nR134A,TK-A,2,40\nR134A,TK-A,two,40\n");
+    const Answer fault = call("--batch " + file.string(), true);
+    EXPECT_EQ(fault.status, 2);
+    EXPECT_NE(fault.out.find(":3: ted: \"two\" is no number"), std::string::npos) << fault.out;
+    fs::remove(file);
+}
+
+TEST(marvelloSelect, FormatsAgree) {
+    const Json run = Json::parse(call(std::string(point) + " --models 120 --format json").out);
+    ASSERT_EQ(run["count"], 1);
+    const Json& compressor = run["compressors"][0];
+    const std::string csv = call(std::string(point) + " --models 120 --format csv").out;
+    EXPECT_NE(csv.find("," + Json(variable(compressor, "Q0")).dump() + ","), std::string::npos) << csv;
+    EXPECT_NE(call("--list").out.find("R134A  TK-A  120;"), std::string::npos);
+    EXPECT_NE(call(std::string(point)).out.find("TK-A-120"), std::string::npos);
+}
+
+/// Application folders with something missing or wrong.
+TEST(marvelloSelect, BrokenFoldersAreToldInASentence) {
+    const fs::path folder = fs::temp_directory_path() / "marvello-broken";
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+    const fs::path good = MARVELLO_APP_FOLDER;
+    const auto says = [&](const char* sentence) {
+        const Answer answer = call(point, true, folder.string());
+        EXPECT_EQ(answer.status, 2);
+        EXPECT_NE(answer.out.find(sentence), std::string::npos) << answer.out;
+        EXPECT_EQ(std::count(answer.out.begin(), answer.out.end(), '\n'), 1) << answer.out;
+    };
+    says("There is no catalogue file");
+    std::ofstream(folder / "db.mdb") << "not a catalogue";
+    says("is not a catalogue");
+    fs::copy_file(good / "db.mdb", folder / "db.mdb", fs::copy_options::overwrite_existing);
+    says("The fluid library cannot be loaded");
+    fs::copy_file(good / "libRefprop.so", folder / "libRefprop.so");
+    says("R134A.FLD");  // no folder Fluids
+    fs::create_directories(folder / "Fluids");
+    std::ofstream(folder / "Fluids" / "R134A.FLD") << "{\"format\": \"marvello-fluid\"";
+    says("R134A.FLD");
+    fs::remove(folder / "Fluids" / "R134A.FLD");
+    fs::copy_file(good / "Fluids" / "R134A.FLD", folder / "Fluids" / "R134A.FLD");
+    EXPECT_EQ(call(point, false, folder.string()).status, 0);
+    fs::remove_all(folder);
+}
+
+}  // namespace

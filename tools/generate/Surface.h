@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+namespace marvello::generate {
+
+/// A value over evaporating (x) and condensing (y) dew temperature in degC.
+struct Sample {
+    double x;
+    double y;
+    double value;
+};
+
+/// How far a surface is from its samples.
+struct FitError {
+    double rms = 0;      ///< relative
+    double largest = 0;  ///< relative
+};
+
+/// Coefficients in the catalogue's order; the nine-term surface leaves the last at 0.
+using Coefficients = std::array<double, 10>;
+
+/// The two forms of surface in the catalogue.
+enum class SurfaceForm {
+    cubic,       ///< 1, x, y, x^2, xy, y^2, x^3, x^2 y, x y^2, y^3: capacity and power
+    biquadratic  ///< 1, x, x^2, y, y^2, xy, x^2 y, x y^2, x^2 y^2: discharge temperature
+};
+
+double evaluate(SurfaceForm form, const Coefficients& coefficients, double x, double y);
+
+/// Least squares of the relative error. Coefficients are rounded to ten significant digits, which is far
+/// below the error of the fit and keeps the tables the same from machine to machine. Needs more samples than
+/// terms.
+Coefficients fit(SurfaceForm form, const std::vector<Sample>& samples);
+
+FitError errorOf(SurfaceForm form, const Coefficients& coefficients, const std::vector<Sample>& samples);
+
+/// Least-squares polynomial of degree 4 through samples (x, value), y unused; rounded likewise.
+std::array<double, 5> fitQuartic(const std::vector<Sample>& samples);
+
+}  // namespace marvello::generate
