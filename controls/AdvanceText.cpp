@@ -135,19 +135,21 @@ void AdvanceText::setOpen(bool open) {
     update();
 }
 
+void AdvanceText::setTabStop(bool stop) { edit_->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus); }
+
 void AdvanceText::setInvalid(bool invalid) {
     invalid_ = invalid;
     update();
 }
 
-void AdvanceText::show(const QString& text) {
+void AdvanceText::showText(const QString& text) {
     if (edit_->text() != text) edit_->setText(text);
     edit_->setCursorPosition(textAlignment_ == 1 ? static_cast<int>(text.size()) : 0);
 }
 
 void AdvanceText::showValue() {
     const bool isDouble = value_.typeId() == QMetaType::Double;
-    show(isDouble ? formatNumber(value_.toDouble(), textFormat_) : value_.toString());
+    showText(isDouble ? formatNumber(value_.toDouble(), textFormat_) : value_.toString());
     if (invalid_ && (textType_ != 1 || isDouble)) setInvalid(false);
 }
 

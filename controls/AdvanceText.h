@@ -125,6 +125,11 @@ class AdvanceText : public QWidget {
     /// The text was refused and is not corrected yet.
     bool isInvalid() const { return invalid_; }
 
+    /// Whether the tab key stops here.
+    void setTabStop(bool stop);
+    /// The box with its button, in global coordinates.
+    QRect globalBox() const;
+
     /// Lays out the parts.
     void Refresh();
 
@@ -163,7 +168,7 @@ class AdvanceText : public QWidget {
     void lostFocus(Qt::FocusReason reason);
     void takeTyping(const QString& text);
     bool checkNumber();
-    void show(const QString& text);
+    void showText(const QString& text);
     void showValue();
     void selectText();
     void setInvalid(bool invalid);

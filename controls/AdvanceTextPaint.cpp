@@ -58,6 +58,11 @@ QRectF AdvanceText::unitRect() const {
     return {right - unitCaptionWidth_, box.top(), static_cast<qreal>(unitCaptionWidth_), box.height()};
 }
 
+QRect AdvanceText::globalBox() const {
+    const QRect box = boxRect().toRect();
+    return {mapToGlobal(box.topLeft()), box.size()};
+}
+
 double AdvanceText::TextLeft() const { return boxRect().left(); }
 
 double AdvanceText::TextWidth() const {

@@ -1,0 +1,125 @@
+#include "workspace/MDIMain.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMenu>
+#include <QTest>
+
+#include "controls/ResultsView.h"
+#include "controls/TabStrip.h"
+#include "data/Globals.h"
+#include "data/Hooks.h"
+#include "tests/workspace/WorkspaceFixture.h"
+#include "workspace/frmSelection.h"
+
+using namespace marvello;
+using namespace marvello::testing;
+
+namespace {
+
+class MainWindowTest : public WorkspaceFixture {
+  protected:
+    MainWindowTest() {
+        hooks().writeSetting = [this](const std::string&, const std::string&, const std::string&,
+                                      const std::string& value) { storedLanguage = value; };
+        hooks().readSetting = [this](const std::string&, const std::string&, const std::string&) {
+            return storedLanguage.empty() ? std::nullopt : std::optional(storedLanguage);
+        };
+        window = std::make_unique<MDIMain>("1.0.0");
+        window->show();
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+    QAction* action(const char* name) { return control<QAction>(*window, name); }
+    TabStrip* tabs() {
+        return window->centralWidget()->findChild<TabStrip*>("TabStrip", Qt::FindDirectChildrenOnly);
+    }
+    QString status() { return control<QLabel>(*window, "statusCounts")->text(); }
+    /// Closing takes effect in the event loop.
+    static void settle() {
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QApplication::processEvents();
+    }
+
+    std::string storedLanguage;
+    std::unique_ptr<MDIMain> window;
+};
+
+}  // namespace
+
+TEST_F(MainWindowTest, IsQuietWithoutForms) {
+    EXPECT_EQ(window->windowTitle(), "Marvello 1.0.0");
+    EXPECT_EQ(tabs()->count(), 0);
+    for (const char* name :
+         {"frameresize", "frecciaup", "frecciadown", "cascade", "tilehorizontal", "mnu_file_close"})
+        EXPECT_FALSE(action(name)->isEnabled()) << name;
+    action("frecciaup")->trigger();
+    action("mnu_file_closeall")->trigger();
+}
+
+TEST_F(MainWindowTest, EveryFormHasItsTab) {
+    action("mnu_file_new_selection")->trigger();
+    frmSelection* first = window->ActiveForm();
+    action("mnu_file_new_selection")->trigger();
+    frmSelection* second = window->ActiveForm();
+    ASSERT_NE(first, second);
+    EXPECT_EQ(tabs()->tabText(0), "1 Selection");
+    EXPECT_EQ(tabs()->currentKey(), "2Selection");
+    tabs()->setCurrentIndex(0);
+    EXPECT_EQ(window->ActiveForm(), first);
+    action("mnu_file_close")->trigger();
+    settle();
+    EXPECT_EQ(tabs()->count(), 1);
+    EXPECT_EQ(window->ActiveForm(), second);
+    action("mnu_file_closeall")->trigger();
+    settle();
+    EXPECT_EQ(tabs()->count(), 0);
+    EXPECT_FALSE(action("cascade")->isEnabled());
+}
+
+TEST_F(MainWindowTest, CommandsFollowTheStateOfTheActiveForm) {
+    frmSelection* form = window->newSelection();
+    EXPECT_FALSE(action("frecciadown")->isEnabled());
+    EXPECT_FALSE(field(*window, "cmbGroupBy")->isEnabled());
+    choose(*form, "lstSeries", "TK-A");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
+    EXPECT_TRUE(action("frecciadown")->isEnabled());
+    EXPECT_TRUE(status().contains("3")) << status().toStdString();
+    auto* list = control<ResultsView>(*form, "lvCps");
+    action("frecciaup")->trigger();
+    EXPECT_EQ(list->selectedRow(), 0);
+    action("frecciaup")->trigger();
+    EXPECT_EQ(list->selectedRow(), 0);
+    choose(*window, "cmbGroupBy", "1");
+    EXPECT_EQ(list->rowCount(), 6);
+    window->newSelection();
+    EXPECT_FALSE(action("frecciadown")->isEnabled());
+}
+
+TEST_F(MainWindowTest, ALanguageIsTakenByAllFormsAndKept) {
+    frmSelection* form = window->newSelection();
+    auto* menu = control<QMenu>(*window, "mnu_tools_language");
+    ASSERT_EQ(menu->actions().size(), 2);
+    EXPECT_TRUE(menu->actions()[0]->isChecked());
+    menu->actions()[1]->trigger();
+    EXPECT_EQ(storedLanguage, "it-IT");
+    EXPECT_TRUE(menu->actions()[1]->isChecked());
+    EXPECT_FALSE(menu->actions()[0]->isChecked());
+    EXPECT_EQ(field(*form, "lstRefrigerants")->CaptionText(), "Refrigerante");
+    EXPECT_EQ(gApplication().User().language, "it-IT");
+}
+
+TEST_F(MainWindowTest, WindowsAreArranged) {
+    window->resize(1200, 800);
+    for (int i = 0; i < 2; ++i) window->newSelection();
+    action("tilehorizontal")->trigger();
+    const auto* area = window->findChild<QMdiArea*>();
+    const QRect first = window->forms()[0]->parentWidget()->geometry();
+    const QRect second = window->forms()[1]->parentWidget()->geometry();
+    EXPECT_EQ(first.width(), area->width());
+    EXPECT_FALSE(first.intersects(second) && second.top() == first.top());
+    action("tilevertical")->trigger();
+    EXPECT_NE(window->forms()[0]->parentWidget()->x(), window->forms()[1]->parentWidget()->x());
+}

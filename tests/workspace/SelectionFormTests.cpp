@@ -1,0 +1,269 @@
+// The selection form, driven by keys as a user drives it.
+
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+#include <QTimer>
+
+#include "controls/MessagesView.h"
+#include "controls/ResultsView.h"
+#include "controls/Splitter.h"
+#include "controls/ctlBtn.h"
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "engine/AbortRequested.h"
+#include "tests/workspace/WorkspaceFixture.h"
+#include "thermo/clsRefprop.h"
+#include "workspace/frmSelection.h"
+
+using namespace marvello;
+using namespace marvello::testing;
+
+namespace {
+
+class SelectionFormTest : public WorkspaceFixture {
+  protected:
+    SelectionFormTest() {
+        gApplication().populateDictionary("en-EN", "");
+        form = std::make_unique<frmSelection>();
+        form->resize(1200, 800);
+        form->show();
+        form->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    }
+    double value(const char* name) { return field(*form, name)->number(); }
+    QString text(const char* name) { return field(*form, name)->TextText(); }
+    void calculate() {
+        QTest::keyClick(form->focusWidget(), Qt::Key_F5);
+        QApplication::processEvents();
+        form->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    }
+    ResultsView* list() { return control<ResultsView>(*form, "lvCps"); }
+
+    std::unique_ptr<frmSelection> form;
+};
+
+}  // namespace
+
+TEST_F(SelectionFormTest, OpensWithTheToldDefaults) {
+    EXPECT_EQ(text("lstRefrigerants"), "R134A");
+    EXPECT_EQ(field(*form, "lstSeries")->Key(), "DZ1");  // the first row's series, in the order of its key
+    EXPECT_EQ(text("lstModels"), "ALL");
+    EXPECT_EQ(text("txtTED"), "2.00");
+    EXPECT_EQ(text("txtTCD"), "40.00");
+    EXPECT_EQ(text("txtSH"), "10.00");
+    EXPECT_EQ(text("txtSC"), "5.00");
+    EXPECT_EQ(text("cmbSh"), "Superheat");
+    EXPECT_EQ(text("cmbMotorVoltage"), "400 V / 50 Hz");
+    EXPECT_NEAR(value("txtPE"), 3.146, 0.003);  // R134a at 2 degrees Celsius
+    EXPECT_NEAR(value("txtPC"), 10.166, 0.005);
+    EXPECT_TRUE(field(*form, "txtTEM")->isHidden());
+    EXPECT_TRUE(field(*form, "txtEco")->isHidden());
+    EXPECT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
+    EXPECT_FALSE(form->hasResults());
+}
+
+TEST_F(SelectionFormTest, TypingAPressureSetsTheTemperatureAndSwapsTheRoles) {
+    EXPECT_TRUE(field(*form, "txtPE")->Derived());
+    type(*form, "txtPE", "2,006");
+    EXPECT_NEAR(value("txtTED"), -10, 0.02);
+    EXPECT_FALSE(field(*form, "txtPE")->Derived());
+    EXPECT_TRUE(field(*form, "txtTED")->Derived());
+    type(*form, "txtTED", "-");
+    EXPECT_NEAR(value("txtPE"), 2.006, 1e-9) << "half a number leads nothing";
+    QTest::keyClicks(form->focusWidget(), "5");
+    EXPECT_NEAR(value("txtPE"), 2.434, 0.003);  // R134a at -5 degrees Celsius
+}
+
+TEST_F(SelectionFormTest, TheTabKeyWalksThePairInUse) {
+    field(*form, "txtTED")->setFocus();
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(field(*form, "txtTCD")->hasFocus());
+    field(*form, "txtPE")->setFocus();
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(field(*form, "txtPC")->hasFocus());
+}
+
+TEST_F(SelectionFormTest, OffersEachMarketOfASeriesAndItsModels) {
+    EXPECT_TRUE(
+        field(*form, "lstSeries")->Tag1().startsWith("DZ1|DZ European market;DZ2|DZ Far East market"));
+    EXPECT_EQ(field(*form, "lstModels")->Tag1(), "*|ALL;0|0;1|1");
+    choose(*form, "lstSeries", "DZ2");
+    EXPECT_EQ(field(*form, "lstModels")->Tag1(), "*|ALL;0|0;2|2");
+    choose(*form, "lstSeries", "TK-A");
+    EXPECT_EQ(field(*form, "lstModels")->Tag1(), "*|ALL;100|100;120|120;140|140");
+}
+
+TEST_F(SelectionFormTest, AChangeOfRefrigerantKeepsASeriesThatIsStillThere) {
+    choose(*form, "lstSeries", "TK-A");
+    choose(*form, "lstRefrigerants", "R290");
+    EXPECT_EQ(field(*form, "lstSeries")->Key(), "TK-A");
+    EXPECT_NEAR(value("txtPE"), 5.05, 0.03);  // propane at 2 degrees Celsius
+    choose(*form, "lstSeries", "NL-H");
+    choose(*form, "lstRefrigerants", "R134A");
+    EXPECT_EQ(field(*form, "lstSeries")->Key(), "DZ1");
+}
+
+TEST_F(SelectionFormTest, SwitchesSelectorsOffAtTheirNeutralKeys) {
+    choose(*form, "lstSeries", "TK-A");
+    EXPECT_TRUE(field(*form, "cmbMotorSize")->isEnabled());
+    EXPECT_FALSE(field(*form, "cmbMotorRPM")->isEnabled());
+    choose(*form, "cmbStepCapacity", "75");
+    choose(*form, "cmbOilCooling", "2");
+    EXPECT_FALSE(field(*form, "txtOilCooling")->isHidden());
+    choose(*form, "lstSeries", "MV-H");
+    EXPECT_EQ(field(*form, "cmbStepCapacity")->Key(), "100");
+    EXPECT_EQ(text("cmbStepCapacity"), "100%");
+    EXPECT_FALSE(field(*form, "cmbStepCapacity")->isEnabled());
+    EXPECT_TRUE(field(*form, "txtOilCooling")->isHidden());
+    EXPECT_TRUE(field(*form, "cmbMotorVoltage")->isEnabled());
+}
+
+TEST_F(SelectionFormTest, ASuperheatOutOfRangeIsReplacedWithAWordOnLeaving) {
+    type(*form, "txtSH", "25");
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+    QApplication::processEvents();
+    EXPECT_EQ(value("txtSH"), 10);
+    EXPECT_EQ(boxes, QStringList("SuperHeat value out of range. The default value has been set instead."));
+    choose(*form, "cmbSh", "1");
+    EXPECT_EQ(boxes.size(), 1) << "a change of mode corrects in silence";
+    EXPECT_EQ(value("txtSH"), 10);  // between 2 and 22
+    EXPECT_EQ(field(*form, "txtSH")->UnitCaptiontext().trimmed(), QString::fromUtf8("°C"));
+}
+
+TEST_F(SelectionFormTest, ANegativeSubcoolingLosesItsSign) {
+    type(*form, "txtSC", "-3");
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+    QApplication::processEvents();
+    EXPECT_EQ(text("txtSC"), "3.00");
+}
+
+TEST_F(SelectionFormTest, F5ListsEveryModelWithItsMark) {
+    choose(*form, "lstSeries", "TK-A");
+    calculate();
+    ASSERT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
+    ASSERT_TRUE(form->hasResults());
+    ASSERT_EQ(list()->rowCount(), 4);
+    EXPECT_TRUE(list()->isGroup(0));
+    EXPECT_EQ(list()->text(0, 0), "R134A");
+    EXPECT_EQ(list()->text(1, 0), "TK-A-100");
+    EXPECT_EQ(list()->tag(1), "R134A;TK-A;100");
+    EXPECT_EQ(list()->mark(2), "ledred");
+    EXPECT_EQ(list()->text(2, 1).trimmed(), "") << "a model in error has no values";
+    // The reference surface gives 100 + 3*2 - 1.2*40 + 0.03*4 - 0.02*80 + 0.002*1600 + 0.0002*8 - 0.0001*160
+    //   + 0.00005*3200 - 0.00001*64000 = 59.2 kW at 10 K superheat and 5 K subcooling, the point of the form.
+    EXPECT_EQ(list()->columnKeys()[1], "Q0");
+    EXPECT_NEAR(list()->text(1, 1).toDouble(), 59.2, 0.051);
+    EXPECT_NE(list()->text(3, 2), "-");
+    EXPECT_EQ(list()->selectedRow(), 1);
+    EXPECT_EQ(form->countOf("ledred"), 1);
+}
+
+TEST_F(SelectionFormTest, TheMessagesFollowTheSelectedRow) {
+    choose(*form, "lstSeries", "TK-A");
+    calculate();
+    auto* messages = control<MessagesView>(*form, "lvMessages");
+    QTest::keyClick(list(), Qt::Key_Down);
+    ASSERT_EQ(list()->selectedRow(), 2);
+    ASSERT_GE(messages->count(), 1);
+    EXPECT_EQ(messages->tag(0), "messages.message01");
+    EXPECT_EQ(messages->mark(0), "msgerror");
+    list()->selectRow(0);
+    EXPECT_EQ(messages->count(), 0);
+}
+
+TEST_F(SelectionFormTest, GroupsByCompressorToo) {
+    choose(*form, "lstSeries", "TK-A");
+    calculate();
+    form->populateLVCPS(1);
+    ASSERT_EQ(list()->rowCount(), 6);
+    EXPECT_EQ(list()->text(0, 0), "TK-A-100");
+    EXPECT_EQ(list()->text(1, 0), "R134A");
+}
+
+TEST_F(SelectionFormTest, AChangedInputDiscardsTheResults) {
+    choose(*form, "lstSeries", "TK-A");
+    calculate();
+    ASSERT_TRUE(form->hasResults());
+    type(*form, "txtTED", "0");
+    EXPECT_FALSE(form->hasResults());
+    EXPECT_EQ(list()->rowCount(), 0);
+    calculate();
+    ASSERT_TRUE(form->hasResults());
+    choose(*form, "cmbOilCooling", "0");
+    EXPECT_FALSE(form->hasResults());
+}
+
+TEST_F(SelectionFormTest, ChosenModelsAloneAreCalculated) {
+    choose(*form, "lstSeries", "TK-A");
+    field(*form, "lstModels")->SetKey("100;140");
+    calculate();
+    EXPECT_EQ(list()->rowCount(), 3);
+}
+
+TEST_F(SelectionFormTest, NoRunStartsWithATextThatIsNoNumber) {
+    type(*form, "txtTCD", "4o");
+    calculate();
+    EXPECT_FALSE(form->hasResults());
+    EXPECT_EQ(boxes, QStringList("Error. Only Numeric value"));
+    EXPECT_TRUE(field(*form, "txtTCD")->hasFocus());
+}
+
+TEST_F(SelectionFormTest, AnAbortedRunKeepsTheFormUsable) {
+    choose(*form, "lstSeries", "TK-A");
+    QTimer::singleShot(0, form.get(), [] {
+        auto* dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        auto* abort = dialog->findChild<ctlBtn*>("btnAbort");
+        QTest::mouseClick(abort, Qt::LeftButton);
+        EXPECT_FALSE(abort->isEnabled());
+    });
+    calculate();
+    EXPECT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    calculate();
+    EXPECT_EQ(list()->rowCount(), 4);
+}
+
+TEST_F(SelectionFormTest, SaysWhenNothingMatches) {
+    field(*form, "lstModels")->SetKey("no such model");
+    calculate();
+    EXPECT_FALSE(form->hasResults());
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_FALSE(boxes[0].startsWith("messages."));
+}
+
+TEST_F(SelectionFormTest, AMissingFluidFolderIsOneSentenceAndNoCrash) {
+    QTemporaryDir empty;
+    releaseRefprop();
+    setApplicationFolder(empty.path().toStdString());
+    calculate();
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_FALSE(boxes[0].isEmpty());
+    EXPECT_FALSE(form->hasResults());
+    type(*form, "txtTED", "3");
+    EXPECT_EQ(boxes.size(), 1) << "typing reports nothing";
+}
+
+TEST_F(SelectionFormTest, FollowsTheLanguageWithItsResults) {
+    choose(*form, "lstSeries", "TK-A");
+    calculate();
+    list()->selectRow(2);
+    gApplication().populateDictionary("en-EN", "it-IT");
+    form->Traduci();
+    EXPECT_TRUE(form->hasResults());
+    EXPECT_EQ(list()->selectedRow(), 2);
+    EXPECT_EQ(field(*form, "lstRefrigerants")->CaptionText(), "Refrigerante");
+    EXPECT_NE(text("cmbSh"), "Superheat");
+    EXPECT_EQ(control<MessagesView>(*form, "lvMessages")->item(0)->text().left(8), "Il punto");
+}
+
+TEST_F(SelectionFormTest, ThePanelFoldsAwayAndComesBack) {
+    auto* splitter = control<Splitter>(*form, "Splitter1");
+    const int before = splitter->CurrSplitterPos();
+    form->CloseFrame(true);
+    EXPECT_EQ(splitter->CurrSplitterPos(), 0);
+    form->CloseFrame(false);
+    EXPECT_EQ(splitter->CurrSplitterPos(), before);
+}

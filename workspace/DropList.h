@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+namespace marvello {
+
+class AdvanceText;
+class ctlCombo;
+
+/// The one drop list that serves all selectors of a window: opens under a field with its choices and hands
+/// the choice back to it.
+class DropList : public QObject {
+    Q_OBJECT
+
+  public:
+    explicit DropList(QWidget* window);
+
+    /// Lets the button of `field` open the list, with check boxes when several keys may be chosen.
+    void serve(AdvanceText* field, bool checkBoxes = false);
+
+  private:
+    void open(AdvanceText* field, bool checkBoxes);
+    void take(const QString& key, const QString& text);
+    void close();
+
+    ctlCombo* combo_;
+    QPointer<AdvanceText> field_;
+    bool checkBoxes_ = false;
+};
+
+}  // namespace marvello

@@ -1,0 +1,139 @@
+#include "workspace/EmptyPage.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPolygonF>
+
+#include "controls/Look.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr double drawingWidth = 168;
+constexpr double drawingHeight = 112;
+constexpr double sentenceWidth = 380;
+constexpr double lineHeight = 18;
+constexpr double chipPadding = 5;
+
+QFont fontOf(bool strong, bool key) {
+    if (key) return lookFont(11, QFont::Medium);
+    return lookFont(13, strong ? QFont::Medium : QFont::Normal);
+}
+
+}  // namespace
+
+EmptyPage::EmptyPage(QWidget* parent) : QWidget(parent) {}
+
+void EmptyPage::setTexts(const QString& title, const QString& sentence, const QString& button,
+                         const QString& key) {
+    title_ = title;
+    words_.clear();
+    for (const QString& word : sentence.split(u' ', Qt::SkipEmptyParts)) {
+        // A mark of punctuation behind a placeholder stays with it.
+        if (word.startsWith(u"{0}"))
+            words_ += Word{button + word.mid(3), Word::Kind::strong};
+        else if (word.startsWith(u"{1}"))
+            words_ += {Word{key, Word::Kind::key}, Word{word.mid(3), Word::Kind::plain}};
+        else
+            words_ += Word{word, Word::Kind::plain};
+    }
+    setAccessibleName(title + QStringLiteral(". ") + filled(sentence, {button, key}));
+    update();
+}
+
+double EmptyPage::widthOf(const Word& word) {
+    const bool isKey = word.kind == Word::Kind::key;
+    const double text =
+        QFontMetricsF(fontOf(word.kind == Word::Kind::strong, isKey)).horizontalAdvance(word.text);
+    return isKey ? text + 2 * chipPadding + 2 : text;
+}
+
+QList<QList<EmptyPage::Word>> EmptyPage::wrapped(double width) const {
+    const double blank = QFontMetricsF(lookFont()).horizontalAdvance(u' ');
+    QList<QList<Word>> lines{{}};
+    double used = 0;
+    for (const Word& word : words_) {
+        const double advance = widthOf(word) + blank;
+        if (used + advance > width && !lines.back().isEmpty()) {
+            lines.append(QList<Word>{});
+            used = 0;
+        }
+        lines.back() += word;
+        used += advance;
+    }
+    return lines;
+}
+
+void EmptyPage::paintEvent(QPaintEvent*) {
+    const Look& look = Look::current();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), look.surface);
+    const auto lines = wrapped(std::min(sentenceWidth, width() - 32.0));
+    const double whole = drawingHeight + 16 + 20 + 4 + lineHeight * static_cast<double>(lines.size());
+    double top = std::max(8.0, (height() - whole) / 2);
+    paintDrawing(painter, {std::round((width() - drawingWidth) / 2), std::round(top)});
+    top += drawingHeight + 16;
+    painter.setFont(lookFont(15, QFont::Medium));
+    painter.setPen(look.text);
+    painter.drawText(QRectF(0, top, width(), 20), Qt::AlignCenter, title_);
+    top += 24;
+    for (const auto& line : lines) {
+        paintLine(painter, line, top);
+        top += lineHeight;
+    }
+}
+
+void EmptyPage::paintLine(QPainter& painter, const QList<Word>& line, double top) const {
+    const Look& look = Look::current();
+    const double blank = QFontMetricsF(lookFont()).horizontalAdvance(u' ');
+    const auto gapAfter = [&](qsizetype i) {
+        // Nothing between a key chip and its punctuation.
+        return line[i].kind == Word::Kind::key ? 2.0 : line[i].text.isEmpty() ? blank - 2.0 : blank;
+    };
+    double whole = 0;
+    for (qsizetype i = 0; i < line.size(); ++i)
+        whole += widthOf(line[i]) + (i + 1 < line.size() ? gapAfter(i) : 0);
+    double left = (width() - whole) / 2;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        const Word& word = line[i];
+        const bool isKey = word.kind == Word::Kind::key;
+        const QRectF place(left, top, widthOf(word), lineHeight);
+        painter.setFont(fontOf(word.kind == Word::Kind::strong, isKey));
+        painter.setPen(word.kind == Word::Kind::strong ? look.text : look.muted);
+        if (isKey) {
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRoundedRect(place.adjusted(0.5, 1.5, -0.5, -1.5), 3, 3);
+        }
+        painter.drawText(place.adjusted(0, 0, 1, 0),
+                         isKey ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter, word.text);
+        left += place.width() + gapAfter(i);
+    }
+}
+
+void EmptyPage::paintDrawing(QPainter& painter, const QPointF& topLeft) const {
+    const Look& look = Look::current();
+    painter.save();
+    painter.translate(topLeft);
+    painter.setPen(QPen(look.line, 1));
+    for (const double y : {30.5, 52.5, 74.5}) painter.drawLine(QPointF(20, y), QPointF(160, y));
+    for (const double x : {55.5, 90.5, 125.5}) painter.drawLine(QPointF(x, 8), QPointF(x, 96));
+    painter.setPen(QPen(look.controlLine, 1.5));
+    painter.drawPolyline(QPolygonF({{20, 8}, {20, 96}, {160, 96}}));
+    QColor inside = look.accentTint;
+    inside.setAlphaF(0.6F);
+    painter.setPen(QPen(look.accent, 2, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    painter.setBrush(inside);
+    painter.drawPolygon(QPolygonF({{40, 84}, {40, 52}, {76, 22}, {132, 14}, {132, 58}, {116, 84}}));
+    painter.setPen(QPen(look.accent, 1.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(QPointF(92, 52), 8, 8);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(look.accent);
+    painter.drawEllipse(QPointF(92, 52), 3.5, 3.5);
+    painter.restore();
+}
+
+}  // namespace marvello

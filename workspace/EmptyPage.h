@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QWidget>
+
+namespace marvello {
+
+/// What stands beside the inputs before a run: a drawing and one sentence. In the sentence "{0}" is the name
+/// of the button and "{1}" the key, which is drawn as a chip.
+class EmptyPage : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit EmptyPage(QWidget* parent = nullptr);
+
+    void setTexts(const QString& title, const QString& sentence, const QString& button, const QString& key);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    /// A piece of the sentence that stays on one line.
+    struct Word {
+        QString text;
+        enum class Kind { plain, strong, key } kind;
+    };
+    static double widthOf(const Word& word);
+    void paintDrawing(QPainter& painter, const QPointF& topLeft) const;
+    void paintLine(QPainter& painter, const QList<Word>& line, double top) const;
+    QList<QList<Word>> wrapped(double width) const;
+
+    QString title_;
+    QList<Word> words_;
+};
+
+}  // namespace marvello

@@ -1,0 +1,218 @@
+#include "workspace/InputPanel.h"
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include "controls/AdvanceText.h"
+#include "controls/Look.h"
+#include "controls/ctlBtn.h"
+
+namespace marvello {
+
+namespace {
+
+// All measures of the panel, in logical pixels.
+constexpr int side = 16;
+constexpr int firstRow = 12;
+constexpr int pitch = 34;
+constexpr int groupGap = 8;
+constexpr int captionWidthAtStart = 112;
+constexpr int secondCaption = 70;
+constexpr int temperatureBox = 80;
+constexpr int valueBox = 106;
+constexpr int modeGap = 8;
+constexpr int narrowUnit = 20;
+constexpr int wideUnit = 48;
+constexpr int buttonGap = 14;
+constexpr int buttonHeight = 32;
+constexpr int helpGap = 16;
+
+}  // namespace
+
+InputPanel::InputPanel(QWidget* parent)
+    : Container(parent),
+      scroll_(new QScrollArea(this)),
+      PicInput_(new QWidget),
+      captionWidth_(captionWidthAtStart) {
+    setObjectName(QStringLiteral("CoolFrame1"));
+    PicInput_->setObjectName(QStringLiteral("PicInput"));
+    PicInput_->setAutoFillBackground(false);
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->setWidget(PicInput_);
+    scroll_->viewport()->setAutoFillBackground(false);
+
+    lstRefrigerants = list("lstRefrigerants");
+    lstSeries = list("lstSeries");
+    lstModels = list("lstModels");
+    txtTED = number("txtTED");
+    txtTEM = number("txtTEM");
+    txtPE = number("txtPE");
+    txtTCD = number("txtTCD");
+    txtTCM = number("txtTCM");
+    txtPC = number("txtPC");
+    cmbSh = list("cmbSh");
+    txtSH = number("txtSH", false);
+    txtSC = number("txtSC");
+    cmbEco = list("cmbEco");
+    txtEco = number("txtEco", false);
+    cmbOilCooling = list("cmbOilCooling");
+    txtOilCooling = number("txtOilCooling", false);
+    cmbMotorVoltage = list("cmbMotorVoltage");
+    cmbMotorSize = list("cmbMotorSize");
+    cmbMotorRPM = list("cmbMotorRPM");
+    cmbStepCapacity = list("cmbStepCapacity");
+    for (AdvanceText* hidden : {txtTEM, txtTCM, txtEco, txtOilCooling}) hidden->hide();
+
+    lnkCalculate = new ctlBtn(this);
+    lnkCalculate->setObjectName(QStringLiteral("lnkCalculate"));
+    lnkCalculate->setProperty("Main", true);
+    lnkCalculate->setProperty("KeyHint", QStringLiteral("F5"));
+
+    rtfHelp_ = new QLabel(this);
+    rtfHelp_->setObjectName(QStringLiteral("rtfHelp"));
+    rtfHelp_->setWordWrap(true);
+    rtfHelp_->setTextFormat(Qt::RichText);
+    rtfHelp_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    const Look& look = Look::current();
+    rtfHelp_->setStyleSheet(
+        QStringLiteral("background: %1; color: %2; border-radius: 4px; padding: 10px 12px; font-size: 12px")
+            .arg(look.surfaceAlt.name(), look.muted.name()));
+    makeTabOrder();
+    connect(this, &Container::resized, this, &InputPanel::layOut);
+}
+
+AdvanceText* InputPanel::list(const char* name) {
+    auto* field = new AdvanceText(PicInput_);
+    field->setObjectName(QLatin1String(name));
+    field->SetLocked(true);
+    field->setProperty("ButtonVisible", true);
+    fields_ += field;
+    return field;
+}
+
+AdvanceText* InputPanel::number(const char* name, bool captioned) {
+    auto* field = new AdvanceText(PicInput_);
+    field->setObjectName(QLatin1String(name));
+    field->SetTextType(1);
+    field->SetTextFormat(QStringLiteral("#0.00"));
+    field->setProperty("UnitCaptionVisible", true);
+    field->setProperty("CaptionVisible", captioned);
+    fields_ += field;
+    return field;
+}
+
+void InputPanel::makeTabOrder() {
+    for (qsizetype i = 1; i < fields_.size(); ++i) QWidget::setTabOrder(fields_[i - 1], fields_[i]);
+    QWidget::setTabOrder(fields_.back(), lnkCalculate);
+}
+
+void InputPanel::ResizeControls(int captionWidth) {
+    captionWidth_ = captionWidth;
+    layOut();
+}
+
+void InputPanel::place(AdvanceText* field, int left, int right, int captionWidth) {
+    const int halo = AdvanceText::halo;
+    field->setProperty("CaptionWidth", captionWidth);
+    field->setGeometry(left - halo, rowTop_ - halo, right - left + 2 * halo,
+                       AdvanceText::boxHeight + 2 * halo);
+}
+
+void InputPanel::single(AdvanceText* field) {
+    if (field->isHidden()) return;
+    field->setProperty("UnitCaptionWidth", wideUnit);
+    place(field, side, rowWidth_ - side, captionWidth_);
+    rowTop_ += pitch;
+}
+
+void InputPanel::pair(AdvanceText* left, AdvanceText* right) {
+    const int edge = side + captionWidth_ + temperatureBox;
+    left->setProperty("UnitCaptionWidth", narrowUnit);
+    place(left, side, edge, captionWidth_);
+    right->setProperty("UnitCaptionWidth", wideUnit);
+    // The second caption stands 12 off the box before it.
+    constexpr int indent = 12;
+    const int rightCaption = secondCaption - (captionWidth_ - captionWidthAtStart);
+    place(right, edge + indent, rowWidth_ - side, rightCaption - indent);
+    rowTop_ += pitch;
+}
+
+void InputPanel::mode(AdvanceText* selector, AdvanceText* value) {
+    const int right = rowWidth_ - side;
+    if (value->isHidden()) {
+        place(selector, side, right, captionWidth_);
+    } else {
+        place(selector, side, right - valueBox - modeGap, captionWidth_);
+        value->setProperty("UnitCaptionWidth", wideUnit);
+        place(value, right - valueBox, right, 0);
+    }
+    rowTop_ += pitch;
+}
+
+void InputPanel::coupled(AdvanceText* dew, AdvanceText* mid, AdvanceText* pressure) {
+    if (mid->isHidden()) {
+        pair(dew, pressure);
+        return;
+    }
+    pair(dew, mid);
+    single(pressure);
+}
+
+void InputPanel::layOutRows(int width) {
+    rowWidth_ = width;
+    rowTop_ = firstRow;
+    single(lstRefrigerants);
+    single(lstSeries);
+    single(lstModels);
+    rowTop_ += groupGap;
+    coupled(txtTED, txtTEM, txtPE);
+    coupled(txtTCD, txtTCM, txtPC);
+    rowTop_ += groupGap;
+    mode(cmbSh, txtSH);
+    single(txtSC);
+    mode(cmbEco, txtEco);
+    mode(cmbOilCooling, txtOilCooling);
+    rowTop_ += groupGap;
+    single(cmbMotorVoltage);
+    single(cmbMotorSize);
+    single(cmbMotorRPM);
+    single(cmbStepCapacity);
+}
+
+void InputPanel::layOut() {
+    const int width = InternalWidth();
+    layOutRows(width);
+    const int rowsHeight = rowTop_;
+    const int ring = ctlBtn::ring;
+    const int footer = buttonGap - (pitch - AdvanceText::boxHeight) + buttonHeight;
+    const int rowsShown = std::max(pitch, std::min(rowsHeight, InternalHeight() - footer - helpGap));
+    // A bar beside the fields takes nothing of their width: it stands in the margin.
+    PicInput_->resize(width, rowsHeight);
+    scroll_->setGeometry(InternalLeft(), InternalTop(), width, rowsShown);
+
+    const int top = InternalTop() + rowsShown + footer - buttonHeight;
+    const int left = InternalLeft() + side + captionWidth_;
+    lnkCalculate->setGeometry(left - ring, top - ring, width - side - captionWidth_ - side + 2 * ring,
+                              buttonHeight + 2 * ring);
+    const int helpTop = top + buttonHeight + helpGap;
+    const int helpWidth = width - 2 * side;
+    const int helpHeight = rtfHelp_->heightForWidth(helpWidth);
+    const bool fits = helpTop + helpHeight <= InternalTop() + InternalHeight();
+    rtfHelp_->setVisible(fits && !rtfHelp_->text().isEmpty());
+    rtfHelp_->setGeometry(InternalLeft() + side, helpTop, helpWidth, helpHeight);
+}
+
+void InputPanel::VisualizzaHelp(const QString& title, const QString& text) {
+    if (text.isEmpty()) {
+        rtfHelp_->clear();
+    } else {
+        rtfHelp_->setText(QStringLiteral("<div style=\"color:%1; font-weight:500\">%2</div>%3")
+                              .arg(Look::current().text.name(), title.toHtmlEscaped(), text.toHtmlEscaped()));
+    }
+    layOut();
+}
+
+}  // namespace marvello

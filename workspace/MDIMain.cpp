@@ -1,0 +1,256 @@
+#include "workspace/MDIMain.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QSettings>
+#include <QStatusBar>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include "controls/AdvanceText.h"
+#include "controls/Icons.h"
+#include "controls/Look.h"
+#include "controls/TabStrip.h"
+#include "data/Globals.h"
+#include "data/Texts.h"
+#include "workspace/ApplyFormParameters.h"
+#include "workspace/DropList.h"
+#include "workspace/WindowTexts.h"
+#include "workspace/frmSelection.h"
+
+namespace marvello {
+
+namespace {
+
+const QString defaultLanguage = QStringLiteral("en-EN");
+
+QSettings windowSettings() { return QSettings(QStringLiteral("Kestrom"), QStringLiteral("Marvello")); }
+
+}  // namespace
+
+MDIMain::MDIMain(const QString& version, QWidget* parent)
+    : QMainWindow(parent), dropList_(new DropList(this)) {
+    setObjectName(QStringLiteral("MDIMain"));
+    setWindowTitle(QStringLiteral("Kestrom - Marvello "));
+    setWindowIcon(markIcon(QStringLiteral("emblem")));
+    resize(1440, 870);
+    makeCommands();
+    makeMenus();
+    makeToolBar();
+    makeWorkArea();
+    makeStatusBar();
+    ApplyFormParameters(QStringLiteral("frm"), objectName(), QStringLiteral("eng"), *this);
+    populateDictionary(fromCore(gApplication().User().language));
+    Traduci();
+    populateLanguages();
+    setWindowTitle(QStringLiteral("Marvello ") + version);
+    restoreSizes();
+    OpenForms();
+    qApp->installEventFilter(this);
+}
+
+MDIMain::~MDIMain() {
+    // The forms report their end to this window: they go first.
+    disconnect(area_, nullptr, this, nullptr);
+    for (frmSelection* form : forms()) disconnect(form, nullptr, this, nullptr);
+}
+
+void MDIMain::makeWorkArea() {
+    auto* centre = new QWidget(this);
+    auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    TabStrip_ = new TabStrip(TabStrip::Kind::forms, centre);
+    TabStrip_->setObjectName(QStringLiteral("TabStrip"));
+    area_ = new QMdiArea(centre);
+    area_->setBackground(Look::current().window);
+    area_->setFrameShape(QFrame::NoFrame);
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    column->addWidget(TabStrip_);
+    column->addWidget(area_, 1);
+    setCentralWidget(centre);
+    connect(area_, &QMdiArea::subWindowActivated, this, &MDIMain::activated);
+    connect(TabStrip_, &QTabBar::currentChanged, this, [this](int tab) {
+        for (QMdiSubWindow* window : area_->subWindowList())
+            if (const auto* form = qobject_cast<frmSelection*>(window->widget());
+                form && form->Key() == TabStrip_->key(tab) && area_->activeSubWindow() != window)
+                area_->setActiveSubWindow(window);
+    });
+}
+
+void MDIMain::makeStatusBar() {
+    statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    statusBar()->setSizeGripEnabled(false);
+    subject_ = new QLabel(this);
+    counts_ = new QLabel(this);
+    subject_->setContentsMargins(12, 0, 12, 0);
+    counts_->setContentsMargins(12, 0, 12, 0);
+    counts_->setObjectName(QStringLiteral("statusCounts"));
+    statusBar()->addWidget(subject_);
+    statusBar()->addWidget(counts_, 1);
+}
+
+void MDIMain::populateDictionary(const QString& language) {
+    gApplication().populateDictionary(toCore(defaultLanguage), toCore(language));
+}
+
+void MDIMain::populateLanguages() {
+    languages_ = new QActionGroup(this);
+    const QString current = fromCore(lowered(trimmed(gApplication().User().language)));
+    for (RecordSet row = gDatabase().Execute("Select * from tLanguages order by fLanguage"); !row.eof();
+         row.moveNext()) {
+        const QString language = fromCore(row.text("fLanguage"));
+        QAction* item = mnu_tools_language_->addAction(
+            fromCore(row.NullToDefault("fDescription", row.text("fLanguage"))));
+        item->setObjectName(QStringLiteral("mnu_tools_language_items"));
+        item->setData(language);
+        item->setCheckable(true);
+        item->setChecked(language.trimmed().toLower() == current);
+        languages_->addAction(item);
+        connect(item, &QAction::triggered, this, [this, language] { chooseLanguage(language); });
+    }
+}
+
+void MDIMain::chooseLanguage(const QString& language) {
+    populateDictionary(language);
+    for (QAction* item : languages_->actions()) item->setChecked(item->data().toString() == language);
+    clsUser user = gApplication().User();
+    user.language = toCore(language);
+    gApplication().SaveUserInformation(user);
+    Traduci();
+    for (frmSelection* form : forms()) form->Traduci();
+    refreshState();
+}
+
+frmSelection* MDIMain::newSelection() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    auto* form = new frmSelection;
+    const QString number = QString::number(++formNumber_);
+    form->setKey(number + QStringLiteral("Selection"));
+    form->setDescription(number + u' ' +
+                         dictionaryText(QStringLiteral("formselection.description")).trimmed());
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    form->setWindowIcon(icon(QStringLiteral("form")));
+    const QSettings settings = windowSettings();
+    form->setPanelWidth(settings.value(QStringLiteral("Windows/PanelWidth"), form->panelWidth()).toInt());
+    form->setListHeight(settings.value(QStringLiteral("Windows/ListHeight"), form->listHeight()).toInt());
+
+    const QString key = form->Key();
+    connect(form, &frmSelection::stateChanged, this, [this, form] {
+        keepSizes(*form);
+        refreshState();
+    });
+    connect(form, &QObject::destroyed, this, [this, key] {
+        TabStrip_->removeTab(TabStrip_->indexOf(key));
+        OpenForms();
+    });
+    const int tab = TabStrip_->addKeyed(key, form->Description(), icon(QStringLiteral("form")));
+    QMdiSubWindow* window = area_->addSubWindow(form);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setWindowIcon(form->windowIcon());
+    form->populateLVCPS(cmbGroupBy_->Key().toInt());
+    window->showMaximized();
+    TabStrip_->setCurrentIndex(tab);
+    OpenForms();
+    QApplication::restoreOverrideCursor();
+    return form;
+}
+
+frmSelection* MDIMain::ActiveForm() const {
+    const QMdiSubWindow* window = area_->currentSubWindow();
+    return window ? qobject_cast<frmSelection*>(window->widget()) : nullptr;
+}
+
+QList<frmSelection*> MDIMain::forms() const {
+    QList<frmSelection*> result;
+    for (const QMdiSubWindow* window : area_->subWindowList())
+        if (auto* form = qobject_cast<frmSelection*>(window->widget())) result += form;
+    return result;
+}
+
+void MDIMain::activated(QMdiSubWindow* window) {
+    if (const auto* form = window ? qobject_cast<frmSelection*>(window->widget()) : nullptr)
+        TabStrip_->setCurrentIndex(TabStrip_->indexOf(form->Key()));
+    refreshState();
+}
+
+void MDIMain::OpenForms() {
+    const bool any = TabStrip_->count() > 0;
+    TabStrip_->setVisible(any);
+    for (const char* name :
+         {"frameresize", "cascade", "tilehorizontal", "tilevertical", "mnu_file_close", "mnu_file_closeall"})
+        commands_[QLatin1String(name)]->setEnabled(any);
+    refreshState();
+}
+
+void MDIMain::refreshState() {
+    const frmSelection* form = TabStrip_->count() > 0 ? ActiveForm() : nullptr;
+    const bool hasResults = form && form->hasResults();
+    commands_[QStringLiteral("frecciaup")]->setEnabled(hasResults);
+    commands_[QStringLiteral("frecciadown")]->setEnabled(hasResults);
+    commands_[QStringLiteral("frameresize")]->setChecked(form && form->isCollapsed());
+    cmbGroupBy_->setEnabled(hasResults);
+    refreshStatus(form);
+}
+
+void MDIMain::refreshStatus(const frmSelection* form) {
+    subject_->setText(form ? form->subject() : dictionaryText(QStringLiteral("mdimain.status.ready")));
+    if (!form) {
+        counts_->clear();
+    } else if (!form->hasResults()) {
+        counts_->setText(dictionaryText(QStringLiteral("mdimain.status.notcalculated")));
+    } else {
+        const int good = form->countOf(QStringLiteral("ledgreen"));
+        const int warned = form->countOf(QStringLiteral("ledorange"));
+        const int stopped = form->countOf(QStringLiteral("ledred"));
+        counts_->setText(filled(dictionaryText(QStringLiteral("mdimain.status.counts")),
+                                {QString::number(good + warned + stopped), QString::number(good),
+                                 QString::number(warned), QString::number(stopped)}));
+    }
+}
+
+void MDIMain::closeAll() {
+    for (frmSelection* form : forms()) form->Quit();
+}
+
+void MDIMain::restoreSizes() {
+    const QSettings settings = windowSettings();
+    restoreGeometry(settings.value(QStringLiteral("Windows/Frame")).toByteArray());
+}
+
+void MDIMain::keepSizes(const frmSelection& form) {
+    QSettings settings = windowSettings();
+    settings.setValue(QStringLiteral("Windows/PanelWidth"), form.panelWidth());
+    settings.setValue(QStringLiteral("Windows/ListHeight"), form.listHeight());
+}
+
+void MDIMain::closeEvent(QCloseEvent* event) {
+    windowSettings().setValue(QStringLiteral("Windows/Frame"), saveGeometry());
+    QMainWindow::closeEvent(event);
+}
+
+bool MDIMain::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel && watched->isWidgetType())
+        if (turnedWheel(static_cast<QWheelEvent*>(event)->angleDelta().y())) return true;
+    return QMainWindow::eventFilter(watched, event);
+}
+
+// Turns of the wheel over the field in use change its value; fine-stepping wheels add up. True when it was
+// used.
+bool MDIMain::turnedWheel(int delta) {
+    constexpr int turn = 120;
+    frmSelection* form = ActiveForm();
+    if (!form) return false;
+    wheel_ += delta;
+    const int count = wheel_ / turn;
+    wheel_ %= turn;
+    return form->WheelMoved(count);
+}
+
+}  // namespace marvello

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QHash>
+#include <QMainWindow>
+
+class QAction;
+class QActionGroup;
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+class QMenu;
+class QToolBar;
+
+namespace marvello {
+
+class AdvanceText;
+class DropList;
+class TabStrip;
+class frmSelection;
+
+/// The program's frame: holds any number of selection forms, each with its tab.
+class MDIMain : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    /// `version` is shown in the title, as major.minor.revision.
+    explicit MDIMain(const QString& version, QWidget* parent = nullptr);
+    ~MDIMain() override;
+
+    /// Opens a new selection form with its tab.
+    frmSelection* newSelection();
+    frmSelection* ActiveForm() const;
+    QList<frmSelection*> forms() const;
+
+    /// Loads the dictionary of a language against the default "en-EN".
+    void populateDictionary(const QString& language);
+    /// Reads all captions of the frame anew.
+    void Traduci();
+    /// Switches the program to a language of the catalogue and keeps it for the next start.
+    void chooseLanguage(const QString& language);
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    // MDIMain.cpp
+    void makeWorkArea();
+    void makeStatusBar();
+    void populateLanguages();
+    void OpenForms();
+    void refreshState();
+    void refreshStatus(const frmSelection* form);
+    void activated(QMdiSubWindow* window);
+    void closeAll();
+    void restoreSizes();
+    void keepSizes(const frmSelection& form);
+    bool turnedWheel(int delta);
+
+    // MainCommands.cpp
+    QAction* command(const char* name, const char* iconName, const QKeySequence& keys = {});
+    void makeCommands();
+    void makeMenus();
+    void makeToolBar();
+    QWidget* makeSelectors();
+    void tileHorizontal();
+    void tileVertical();
+    void translateCommand(const char* name, const char* key);
+
+    QHash<QString, QAction*> commands_;
+    QMenu* mnu_file_ = nullptr;
+    QMenu* mnu_tools_ = nullptr;
+    QMenu* mnu_tools_language_ = nullptr;
+    QMenu* mnuWindow_ = nullptr;
+    QActionGroup* languages_ = nullptr;
+    QToolBar* CoolBar1_ = nullptr;
+    AdvanceText* cmbGroupBy_ = nullptr;
+    DropList* dropList_ = nullptr;
+    TabStrip* TabStrip_ = nullptr;
+    QMdiArea* area_ = nullptr;
+    QLabel* subject_ = nullptr;
+    QLabel* counts_ = nullptr;
+    int formNumber_ = 0;
+    int wheel_ = 0;
+};
+
+}  // namespace marvello

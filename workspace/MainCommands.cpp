@@ -1,0 +1,177 @@
+// The menus, the tool bar and the selectors of the main window.
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "controls/AdvanceText.h"
+#include "controls/Icons.h"
+#include "controls/Look.h"
+#include "controls/TabStrip.h"
+#include "data/Texts.h"
+#include "workspace/DropList.h"
+#include "workspace/MDIMain.h"
+#include "workspace/WindowTexts.h"
+#include "workspace/frmSelection.h"
+
+namespace marvello {
+
+QAction* MDIMain::command(const char* name, const char* iconName, const QKeySequence& keys) {
+    auto* action = new QAction(this);
+    action->setObjectName(QLatin1String(name));
+    if (iconName) action->setIcon(icon(QLatin1String(iconName)));
+    action->setShortcut(keys);
+    commands_[QLatin1String(name)] = action;
+    return action;
+}
+
+void MDIMain::makeCommands() {
+    connect(command("mnu_file_new_selection", "newselection", QKeySequence::New), &QAction::triggered, this,
+            &MDIMain::newSelection);
+    connect(command("mnu_file_close", nullptr, QKeySequence(Qt::CTRL | Qt::Key_F4)), &QAction::triggered,
+            this, [this] {
+                if (frmSelection* form = ActiveForm()) form->Quit();
+            });
+    connect(command("mnu_file_closeall", nullptr), &QAction::triggered, this, &MDIMain::closeAll);
+    connect(command("mnu_file_exit", nullptr, QKeySequence::Quit), &QAction::triggered, this,
+            &QWidget::close);
+    QAction* panel = command("frameresize", "panel", QKeySequence(Qt::Key_F9));
+    panel->setCheckable(true);
+    connect(panel, &QAction::toggled, this, [this](bool collapse) {
+        if (frmSelection* form = ActiveForm()) form->CloseFrame(collapse);
+    });
+    connect(command("frecciaup", "up", QKeySequence(Qt::CTRL | Qt::Key_Up)), &QAction::triggered, this,
+            [this] {
+                if (frmSelection* form = ActiveForm()) form->moveSelection(-1);
+            });
+    connect(command("frecciadown", "down", QKeySequence(Qt::CTRL | Qt::Key_Down)), &QAction::triggered, this,
+            [this] {
+                if (frmSelection* form = ActiveForm()) form->moveSelection(1);
+            });
+    connect(command("cascade", "cascade"), &QAction::triggered, this, [this] { area_->cascadeSubWindows(); });
+    connect(command("tilehorizontal", "tileh"), &QAction::triggered, this, &MDIMain::tileHorizontal);
+    connect(command("tilevertical", "tilev"), &QAction::triggered, this, &MDIMain::tileVertical);
+}
+
+void MDIMain::makeMenus() {
+    const auto menu = [this](const char* name) {
+        QMenu* result = menuBar()->addMenu(QString());
+        result->setObjectName(QLatin1String(name));
+        return result;
+    };
+    mnu_file_ = menu("mnu_file");
+    mnu_file_->addAction(commands_["mnu_file_new_selection"]);
+    mnu_file_->addSeparator();
+    mnu_file_->addAction(commands_["mnu_file_close"]);
+    mnu_file_->addAction(commands_["mnu_file_closeall"]);
+    mnu_file_->addSeparator();
+    mnu_file_->addAction(commands_["mnu_file_exit"]);
+    mnu_tools_ = menu("mnu_tools");
+    mnu_tools_language_ = mnu_tools_->addMenu(QString());
+    mnu_tools_language_->setObjectName(QStringLiteral("mnu_tools_language"));
+    mnuWindow_ = menu("mnuWindow");
+    for (const char* name : {"cascade", "tilehorizontal", "tilevertical"})
+        mnuWindow_->addAction(commands_[name]);
+}
+
+void MDIMain::makeToolBar() {
+    CoolBar1_ = addToolBar(QString());
+    CoolBar1_->setObjectName(QStringLiteral("CoolBar1"));
+    CoolBar1_->setMovable(false);
+    CoolBar1_->setContextMenuPolicy(Qt::PreventContextMenu);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    CoolBar1_->setIconSize(QSize(20, 20));
+    const QList<QList<const char*>> groups{{"mnu_file_new_selection"},
+                                           {"frameresize"},
+                                           {"frecciaup", "frecciadown"},
+                                           {"cascade", "tilehorizontal", "tilevertical"}};
+    for (const auto& group : groups) {
+        if (&group != &groups.front()) CoolBar1_->addSeparator();
+        for (const char* name : group) CoolBar1_->addAction(commands_[name]);
+    }
+    CoolBar1_->addWidget(makeSelectors());
+}
+
+QWidget* MDIMain::makeSelectors() {
+    constexpr int boxWidth = 132;
+    auto* selectors = new QWidget(this);
+    auto* row = new QHBoxLayout(selectors);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addStretch(1);
+    cmbGroupBy_ = new AdvanceText(selectors);
+    cmbGroupBy_->setObjectName(QStringLiteral("cmbGroupBy"));
+    cmbGroupBy_->SetLocked(true);
+    cmbGroupBy_->setProperty("ButtonVisible", true);
+    cmbGroupBy_->setProperty("CaptionFont", lookFont(12));
+    cmbGroupBy_->setProperty("CaptionAlignment", 1);
+    cmbGroupBy_->setProperty("CaptionWidth", 120);
+    cmbGroupBy_->setFixedWidth(120 + boxWidth + 2 * AdvanceText::halo);
+    cmbGroupBy_->setkey(QStringLiteral("0"));
+    dropList_->serve(cmbGroupBy_);
+    connect(cmbGroupBy_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
+        if (frmSelection* form = ActiveForm()) form->populateLVCPS(key.toInt());
+    });
+    row->addWidget(cmbGroupBy_);
+    return selectors;
+}
+
+void MDIMain::translateCommand(const char* name, const char* key) {
+    QAction* action = commands_[name];
+    const QString text = dictionaryText(QLatin1String(key));
+    QString plain = text;
+    plain.remove(u'&');
+    action->setText(text);
+    const QString keys = action->shortcut().toString(QKeySequence::NativeText);
+    action->setToolTip(keys.isEmpty() ? plain : QStringLiteral("%1 (%2)").arg(plain, keys));
+}
+
+void MDIMain::Traduci() {
+    mnu_file_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.file")));
+    mnu_tools_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.tools")));
+    mnu_tools_language_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.tools.language")));
+    mnuWindow_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.window")));
+    translateCommand("mnu_file_new_selection", "mdimain.menu.file.newselection");
+    translateCommand("mnu_file_close", "mdimain.menu.file.close");
+    translateCommand("mnu_file_closeall", "mdimain.menu.file.closeall");
+    translateCommand("mnu_file_exit", "mdimain.menu.file.exit");
+    translateCommand("cascade", "mdimain.menu.window.cascade");
+    translateCommand("tilehorizontal", "mdimain.menu.window.tileHorinzontal");
+    translateCommand("tilevertical", "mdimain.menu.window.tilevertical");
+    translateCommand("frameresize", "mdimain.toolbar.frameresize");
+    translateCommand("frecciaup", "mdimain.toolbar.frecciaup");
+    translateCommand("frecciadown", "mdimain.toolbar.frecciadown");
+    cmbGroupBy_->SetCaptionText(dictionaryText(QStringLiteral("mdimain.cmbgroupby.captiontext")));
+    const QString choices = QStringLiteral("0|%1;1|%2")
+                                .arg(dictionaryText(QStringLiteral("mdimain.cmbgroupby.item00")),
+                                     dictionaryText(QStringLiteral("mdimain.cmbgroupby.item01")));
+    cmbGroupBy_->SetTag1(choices);
+    cmbGroupBy_->SetTextValue(fromCore(ListLookup(toCore(cmbGroupBy_->Key()), toCore(choices))));
+}
+
+void MDIMain::tileHorizontal() {
+    const QList<QMdiSubWindow*> windows = area_->subWindowList();
+    const auto count = static_cast<int>(windows.size());
+    for (int i = 0; i < count; ++i) {
+        windows[i]->showNormal();
+        const int top = area_->height() * i / count;
+        windows[i]->setGeometry(0, top, area_->width(), area_->height() * (i + 1) / count - top);
+    }
+}
+
+void MDIMain::tileVertical() {
+    const QList<QMdiSubWindow*> windows = area_->subWindowList();
+    const auto count = static_cast<int>(windows.size());
+    for (int i = 0; i < count; ++i) {
+        windows[i]->showNormal();
+        const int left = area_->width() * i / count;
+        windows[i]->setGeometry(left, 0, area_->width() * (i + 1) / count - left, area_->height());
+    }
+}
+
+}  // namespace marvello

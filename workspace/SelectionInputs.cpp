@@ -1,0 +1,349 @@
+// The inputs of a selection form: what they offer, and how they follow one another.
+
+#include <QTimer>
+#include <cmath>
+
+#include "catalogue/Globals.h"
+#include "controls/AdvanceText.h"
+#include "controls/MessageBox.h"
+#include "controls/NumberText.h"
+#include "controls/Splitter.h"
+#include "data/Globals.h"
+#include "data/Texts.h"
+#include "thermo/clsRefprop.h"
+#include "workspace/CoupledFields.h"
+#include "workspace/DropList.h"
+#include "workspace/InputPanel.h"
+#include "workspace/InputRules.h"
+#include "workspace/WindowTexts.h"
+#include "workspace/frmSelection.h"
+
+namespace marvello {
+
+namespace {
+
+QString descriptionOf(const QString& key, const QString& list) {
+    return fromCore(ListLookup(toCore(key), toCore(list)));
+}
+
+void write(AdvanceText* field, const QString& key) { field->setkey(key); }
+
+/// The texts of one column, as a list in which every text is its own description.
+QString pairsOf(const QStringList& keys) {
+    QStringList pairs;
+    for (const QString& key : keys) pairs += key + u'|' + key;
+    return pairs.join(u';');
+}
+
+QStringList column(const std::string& sql, const std::string& name) {
+    QStringList texts;
+    for (RecordSet row = gDatabase().Execute(sql); !row.eof(); row.moveNext())
+        texts += fromCore(row.text(name));
+    return texts;
+}
+
+/// The key of a field's help, empty for a field that has none.
+QString helpKeyOf(const QString& name) {
+    if (name == u"lstRefrigerants") return QStringLiteral("formselection.help.refrigerants.caption");
+    if (name == u"txtTCM") return QStringLiteral("frmselections.help.txttcm.caption");
+    if (name == u"txtEco") return QStringLiteral("frmselection.help.cmbeco.caption");
+    if (name == u"lstModels") return {};
+    return QStringLiteral("frmselection.help.%1.caption").arg(name.toLower());
+}
+
+}  // namespace
+
+void frmSelection::writeDefaults() {
+    write(panel_->cmbStepCapacity, QStringLiteral("100"));
+    panel_->cmbStepCapacity->SetTag1(QStringLiteral("100|100%;75|75%;50|50%;25|Start/Stop(25%)"));
+    write(panel_->cmbMotorVoltage, QStringLiteral("400_50"));
+    write(panel_->cmbMotorSize, QStringLiteral("-1"));
+    write(panel_->cmbEco, QStringLiteral("0"));
+    write(panel_->cmbMotorRPM, QStringLiteral("1450"));
+    write(panel_->cmbOilCooling, QStringLiteral("1"));
+    write(panel_->cmbSh, QStringLiteral("0"));
+    panel_->txtTED->SetTextValue(2.0);
+    panel_->txtTCD->SetTextValue(40.0);
+    panel_->txtSC->SetTextValue(5.0);
+    panel_->txtEco->SetTextValue(10.0);
+    panel_->txtSH->SetTextValue(10.0);
+    panel_->txtOilCooling->SetTextValue(110.0);
+}
+
+void frmSelection::connectInputs() {
+    for (AdvanceText* field : panel_->fields()) {
+        connect(field, &AdvanceText::TextGotFocus, this, [this, field] {
+            VisualizeHelp(field);
+            walkPair(field);
+        });
+        connect(field, &AdvanceText::KeyPress, this, &frmSelection::inputsChanged);
+        connect(field, &AdvanceText::TextChange, this, &frmSelection::inputsChanged);
+        connect(field, &AdvanceText::KeyChange, this, &frmSelection::inputsChanged);
+        if (field->Locked()) dropList_->serve(field, field == panel_->lstModels);
+    }
+    connectCoupledFields();
+    connectModes();
+}
+
+void frmSelection::connectCoupledFields() {
+    for (AdvanceText* field : {panel_->txtTED, panel_->txtTEM, panel_->txtPE, panel_->txtTCD, panel_->txtTCM,
+                               panel_->txtPC, panel_->txtSC}) {
+        connect(field, &AdvanceText::TextChange, this, [this, field] { typedIn(field); });
+        connect(field, &AdvanceText::KeyPress, this, [this, field](int key) {
+            if (key != 13) return;
+            SyncTemperatureFields(field == panel_->txtSC ? QStringLiteral("ted")
+                                                         : field->objectName().mid(3));
+        });
+    }
+    connect(panel_->txtSC, &AdvanceText::TextValidate, this,
+            [this] { panel_->txtSC->SetTextValue(std::abs(panel_->txtSC->number())); });
+    connect(panel_->txtEco, &AdvanceText::TextValidate, this, [this] {
+        const QString mode = panel_->cmbEco->Key();
+        const double value = panel_->txtEco->number();
+        panel_->txtEco->SetTextValue(mode == u"1" || mode == u"2" ? std::abs(value) : value);
+    });
+    // The box waits until the focus has moved.
+    connect(panel_->txtSH, &AdvanceText::TextLostFocus, this,
+            [this] { QTimer::singleShot(0, this, [this] { gestioneSH(true); }); });
+}
+
+void frmSelection::connectModes() {
+    connect(panel_->lstRefrigerants, &AdvanceText::KeyChange, this, [this] {
+        PopulateInputObject(2);
+        if (hasGlide()) {
+            panel_->txtTEM->show();
+            panel_->txtTCM->show();
+        }
+        panel_->layOut();
+        SyncTemperatureFields(QStringLiteral("tcd"));
+        SyncTemperatureFields(QStringLiteral("ted"));
+        emit stateChanged();
+    });
+    connect(panel_->lstSeries, &AdvanceText::KeyChange, this, [this] {
+        PopulateInputObject(3);
+        ApplySeriesRules();
+        emit stateChanged();
+    });
+    connect(panel_->cmbEco, &AdvanceText::KeyChange, this, [this] {
+        panel_->txtEco->setVisible(panel_->cmbEco->Key() != u"0");
+        panel_->layOut();
+        MeasureUnits();
+    });
+    connect(panel_->cmbOilCooling, &AdvanceText::KeyChange, this, [this] {
+        panel_->txtOilCooling->setVisible(panel_->cmbOilCooling->Key().toInt() >= 2);
+        panel_->layOut();
+        MeasureUnits();
+    });
+    connect(panel_->cmbSh, &AdvanceText::KeyChange, this, [this] {
+        panel_->layOut();
+        MeasureUnits();
+        gestioneSH(false);
+    });
+}
+
+bool frmSelection::hasGlide() const { return panel_->lstRefrigerants->Key().toUpper() == u"R407C"; }
+
+void frmSelection::showChoice(AdvanceText* field) {
+    const QString text = descriptionOf(field->Key(), field->Tag1());
+    // Several models stand there by their keys.
+    field->SetTextValue(text.isEmpty() ? field->Key() : text);
+}
+
+void frmSelection::PopulateInputObject(int level, const QString& value) {
+    if (level == 1) populateRefrigerants(value);
+    if (level == 2) populateSeries(value);
+    if (level == 3) populateModels();
+}
+
+void frmSelection::populateRefrigerants(const QString& value) {
+    AdvanceText* field = panel_->lstRefrigerants;
+    field->SetTag1(pairsOf(column("Select distinct fRefrigerantID from tCompressors where fHasInverter=False",
+                                  "fRefrigerantID")));
+    if (!value.isEmpty() && value != field->Key()) field->setkey(value);
+    showChoice(field);
+    PopulateInputObject(2);
+}
+
+void frmSelection::populateSeries(const QString& value) {
+    const QStringList series =
+        column("Select distinct fSerieID from tCompressors where fHasInverter=False and fRefrigerantID=" +
+                   sqlText(toCore(panel_->lstRefrigerants->Key())),
+               "fSerieID");
+    QStringList pairs;
+    for (const QString& serie : series)
+        pairs += serie == u"DZ" ? QStringLiteral("DZ1|DZ European market;DZ2|DZ Far East market")
+                                : serie + u'|' + serie;
+    AdvanceText* field = panel_->lstSeries;
+    field->SetTag1(pairs.join(u';'));
+    if (descriptionOf(field->Key(), field->Tag1()).isEmpty()) {
+        const bool isOffered = !descriptionOf(value, field->Tag1()).isEmpty();
+        field->setkey(isOffered ? value : pairs.join(u';').section(u'|', 0, 0));
+        showChoice(field);
+        PopulateInputObject(3);
+    }
+    ApplySeriesRules();
+}
+
+void frmSelection::populateModels() {
+    const auto [serie, market] = seriesOfMarket(panel_->lstSeries->Key());
+    const std::string bits = std::to_string(market);
+    const QStringList models =
+        column("Select fModelID from tCompressors where fHasInverter=False and fRefrigerantID=" +
+                   sqlText(toCore(panel_->lstRefrigerants->Key())) + " and fSerieID=" + sqlText(serie) +
+                   " and ((fMarket & " + bits + ")=fMarket)",
+               "fModelID");
+    AdvanceText* field = panel_->lstModels;
+    field->SetTag1(models.isEmpty() ? QStringLiteral("*|ALL") : QStringLiteral("*|ALL;") + pairsOf(models));
+    field->setkey(QStringLiteral("*"));
+    showChoice(field);
+}
+
+void frmSelection::ApplySeriesRules() {
+    ApplyInputMask(seriesMask(panel_->lstSeries->Key(), panel_->lstRefrigerants->Key()));
+}
+
+void frmSelection::ApplyInputMask(unsigned mask) {
+    struct Entry {
+        AdvanceText* field;
+        Selector selector;
+        const char* neutralKey;
+    };
+    for (const auto& [field, selector, neutralKey] :
+         {Entry{panel_->cmbMotorSize, Selector::motorSize, "-1"},
+          Entry{panel_->cmbMotorVoltage, Selector::motorVoltage, "400_50"},
+          Entry{panel_->cmbStepCapacity, Selector::stepCapacity, "100"},
+          Entry{panel_->cmbEco, Selector::economiser, "0"},
+          Entry{panel_->cmbOilCooling, Selector::oilCooling, "1"},
+          Entry{panel_->cmbMotorRPM, Selector::motorRpm, "1450"}}) {
+        const bool enabled = allows(mask, selector);
+        field->setEnabled(enabled);
+        if (enabled) continue;
+        if (field->Key() != QLatin1String(neutralKey)) field->SetKey(QLatin1String(neutralKey));
+        showChoice(field);
+    }
+}
+
+void frmSelection::SyncTemperatureFields(const QString& leader) {
+    CoupledFields fields{.TED = panel_->txtTED->number(),
+                         .TEM = panel_->txtTEM->number(),
+                         .PE = panel_->txtPE->number(),
+                         .TCD = panel_->txtTCD->number(),
+                         .TCM = panel_->txtTCM->number(),
+                         .PC = panel_->txtPC->number(),
+                         .SC = panel_->txtSC->number()};
+    const CoupledFields before = fields;
+    const std::string refrigerant = toCore(panel_->lstRefrigerants->Key());
+    try {
+        marvello::SyncTemperatureFields(toCore(leader), fields, refrigerant, GetRefprop(refrigerant),
+                                        gPolynomialTEM(), gPolynomialTCM());
+    } catch (const std::exception&) {
+        return;  // A calculation says what is wrong; a key stroke does not.
+    }
+    const auto write = [](AdvanceText* field, double old, double fresh) {
+        if (fresh != old) field->SetTextValue(fresh);
+    };
+    write(panel_->txtTED, before.TED, fields.TED);
+    write(panel_->txtTEM, before.TEM, fields.TEM);
+    write(panel_->txtPE, before.PE, fields.PE);
+    write(panel_->txtTCD, before.TCD, fields.TCD);
+    write(panel_->txtTCM, before.TCM, fields.TCM);
+    write(panel_->txtPC, before.PC, fields.PC);
+}
+
+void frmSelection::typedIn(AdvanceText* field) {
+    // A number that is typed half follows nothing yet.
+    if (!typedNumber(field->TextText())) return;
+    const QString name = field->objectName().mid(3).toLower();
+    const auto evaporating = [this] {
+        return evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted");
+    };
+    if (name == u"sc") {
+        if (hasGlide()) SyncTemperatureFields(evaporating());
+        return;
+    }
+    if (name == u"ted" || name == u"pe") evaporatingMaster_ = 0;
+    if (name == u"tem") evaporatingMaster_ = 1;
+    if (name == u"tcd") condensingMaster_ = 0;
+    if (name == u"tcm") condensingMaster_ = 1;
+    markDerived(name);
+    SyncTemperatureFields(name);
+    const bool isCondensing = name == u"tcd" || name == u"tcm" || name == u"pc";
+    if (isCondensing && hasGlide()) SyncTemperatureFields(evaporating());
+}
+
+void frmSelection::markDerived(const QString& leader) {
+    const bool isEvaporating = leader == u"ted" || leader == u"tem" || leader == u"pe";
+    const QList<AdvanceText*> couple = isEvaporating ? QList{panel_->txtTED, panel_->txtTEM, panel_->txtPE}
+                                                     : QList{panel_->txtTCD, panel_->txtTCM, panel_->txtPC};
+    QString origin;
+    for (const AdvanceText* field : couple)
+        if (field->objectName().mid(3).toLower() == leader) origin = field->CaptionText();
+    for (AdvanceText* field : couple) {
+        const bool leads = field->objectName().mid(3).toLower() == leader;
+        field->SetDerived(!leads);
+        field->setToolTip(leads ? QString()
+                                : filled(dictionaryText(QStringLiteral("frmselection.derived")), {origin}));
+    }
+}
+
+void frmSelection::walkPair(const AdvanceText* field) {
+    const QList<QList<AdvanceText*>> pairs{
+        {panel_->txtTED, panel_->txtTCD}, {panel_->txtTEM, panel_->txtTCM}, {panel_->txtPE, panel_->txtPC}};
+    bool isCoupled = false;
+    for (const auto& pair : pairs) isCoupled = isCoupled || pair.contains(field);
+    if (!isCoupled) return;
+    for (const auto& pair : pairs)
+        for (AdvanceText* member : pair) member->setTabStop(pair.contains(field));
+}
+
+bool frmSelection::gestioneSH(bool showMessage) {
+    const double asked = panel_->txtSH->number();
+    const double permitted = permittedSuperheat(asked, panel_->lstRefrigerants->Key(), false,
+                                                panel_->cmbSh->Key() == u"0", panel_->txtTED->number());
+    if (permitted == asked) return true;
+    panel_->txtSH->SetTextValue(permitted);
+    if (showMessage)
+        MessageBox::show(
+            this, MessageBox::Mark::critical,
+            QStringLiteral("SuperHeat value out of range. The default value has been set instead."));
+    return false;
+}
+
+void frmSelection::MeasureUnits() {
+    const QString celsius = dictionaryText(QStringLiteral("general.variable03")) + u'C';
+    const QString pressure = QStringLiteral("bar abs");
+    const QString kelvin = QStringLiteral("K");
+    const auto unit = [](AdvanceText* field, const QString& text) { field->SetUnitCaptiontext(text + u' '); };
+    for (AdvanceText* field :
+         {panel_->txtTED, panel_->txtTEM, panel_->txtTCD, panel_->txtTCM, panel_->txtOilCooling})
+        unit(field, celsius);
+    for (AdvanceText* field : {panel_->txtPE, panel_->txtPC}) unit(field, pressure);
+    unit(panel_->txtSC, kelvin);
+    unit(panel_->txtSH, panel_->cmbSh->Key() == u"0" ? kelvin : celsius);
+    unit(panel_->txtEco, panel_->cmbEco->Key() == u"2" ? QStringLiteral("kW") : kelvin);
+}
+
+void frmSelection::VisualizeHelp(const AdvanceText* field) {
+    const QString key = helpKeyOf(field->objectName());
+    panel_->VisualizzaHelp(field->CaptionText(), key.isEmpty() ? QString() : dictionaryTextIfAny(key));
+}
+
+void frmSelection::inputsChanged() {
+    if (!Splitter2_->isHidden()) closesplitter34();
+}
+
+bool frmSelection::WheelMoved(int step) {
+    for (AdvanceText* field : {panel_->txtTED, panel_->txtTEM, panel_->txtPE, panel_->txtPC, panel_->txtSC,
+                               panel_->txtSH, panel_->txtTCD, panel_->txtTCM}) {
+        if (!field->hasFocus() || !field->underMouse()) continue;
+        const bool isWhole = field == panel_->txtTCD || field == panel_->txtTCM;
+        if (step != 0) {
+            field->SetTextValue(field->number() + (isWhole ? step : step / 10.0));
+            emit field->TextChange();
+        }
+        return true;
+    }
+    return false;
+}
+
+}  // namespace marvello

@@ -1,0 +1,132 @@
+// The list of results and the pages of the selected compressor.
+
+#include <QApplication>
+#include <QScreen>
+#include <algorithm>
+#include <vector>
+
+#include "controls/AdvanceText.h"
+#include "controls/MessagesView.h"
+#include "controls/ResultsView.h"
+#include "controls/Splitter.h"
+#include "controls/TabStrip.h"
+#include "workspace/InputPanel.h"
+#include "workspace/ResultsList.h"
+#include "workspace/WindowTexts.h"
+#include "workspace/frmSelection.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int byCompressor = 1;
+const QString blank = QStringLiteral("  ");
+
+QString markText(const QString& mark) { return dictionaryTextIfAny(QStringLiteral("general.") + mark); }
+
+}  // namespace
+
+void frmSelection::populateLVCPS(int groupBy) {
+    groupBy_ = groupBy;
+    if (!Selection_ || Selection_->Count() == 0) return;
+    outputs_ = readOutputs(lvCps_->Tag());
+    lvCps_->clear();
+    const bool hasEconomiser = panel_->cmbEco->Key() != u"0";
+    std::vector<ResultsView::Column> columns{{QStringLiteral("compressor"),
+                                              dictionaryText(QStringLiteral("variables.compressor.name")),
+                                              QString()}};
+    for (const clsOutput& output : outputs_)
+        if (isShown(output.Visibility, false, hasEconomiser))
+            columns.push_back({fromCore(output.Key),
+                               fromCore(output.Name) + u'(' + fromCore(output.UmDescription) + u')',
+                               fromCore(output.Description)});
+    lvCps_->setColumns(columns);
+
+    std::vector<clsCompressor*> sorted;
+    for (const auto& compressor : *Selection_) sorted.push_back(compressor.get());
+    const auto sortText = [groupBy](const clsCompressor* compressor) {
+        return groupBy == byCompressor ? nameWithRefrigerant(*compressor) : fromCore(compressor->Key());
+    };
+    std::stable_sort(sorted.begin(), sorted.end(), [&](const clsCompressor* a, const clsCompressor* b) {
+        return sortText(a).compare(sortText(b), Qt::CaseInsensitive) < 0;
+    });
+    QString group;
+    for (clsCompressor* compressor : sorted) {
+        const QString refrigerant = fromCore(compressor->Refrigerant);
+        const QString name = nameOf(*compressor);
+        const QString value = groupBy == byCompressor ? name : refrigerant;
+        if (value != group) lvCps_->addGroup(u'@' + value, value);
+        group = value;
+        addCompressor(*compressor, groupBy == byCompressor ? refrigerant : name);
+    }
+    lvCps_->fitColumns();
+}
+
+void frmSelection::addCompressor(clsCompressor& compressor, const QString& label) {
+    const QString mark = markOf(compressor);
+    QStringList values;
+    for (const QString& key : lvCps_->columnKeys().mid(1)) {
+        QString text = blank;
+        if (!isBlank(compressor)) {
+            try {
+                text = resultText(compressor, key);
+            } catch (const std::exception&) {
+                text = blank;  // A column of the catalogue that this calculation has no value for.
+            }
+        }
+        values += text;
+    }
+    const QString tag =
+        QStringList{fromCore(compressor.Refrigerant), fromCore(compressor.Serie), fromCore(compressor.Model)}
+            .join(u';');
+    lvCps_->addRow({fromCore(compressor.Key()), tag, label, mark, markText(mark), values});
+}
+
+void frmSelection::PopulateFrame4() {
+    if (Splitter2_->isHidden()) return;
+    lvMessages_->clear();
+    const int row = lvCps_->selectedRow();
+    if (row < 0 || lvCps_->isGroup(row)) {
+        TabStrip_->setToolTip(row < 0 ? QString() : lvCps_->text(row, 0));
+        return;
+    }
+    TabStrip_->setToolTip(QString());
+    const std::string key = toCore(lvCps_->key(row));
+    if (!Selection_->Exist(key)) return;
+    populateMessages(Selection_->Item(key));
+}
+
+void frmSelection::populateMessages(const clsCompressor& compressor) {
+    const auto list = [this](const clsMessages& messages, const QString& mark) {
+        for (const clsMessage& message : messages) {
+            QString text;
+            try {
+                text = fromCore(message.Description());
+            } catch (const std::exception&) {
+                text =
+                    fromCore(message.Name);  // The catalogue lacks the text; its key says more than nothing.
+            }
+            lvMessages_->addMessage(mark, text, fromCore(message.Name));
+        }
+    };
+    list(compressor.Messages.Error, QStringLiteral("msgerror"));
+    if (compressor.Messages.Error.Count() > 0) return;
+    list(compressor.Messages.Attention, QStringLiteral("msgattention"));
+    list(compressor.Messages.Information, QStringLiteral("msginformation"));
+}
+
+void frmSelection::moveSelection(int rows) {
+    const int row = lvCps_->selectedRow() + rows;
+    if (lvCps_->selectedRow() >= 0) lvCps_->selectRow(row);
+}
+
+bool frmSelection::hasResults() const { return !Splitter2_->isHidden(); }
+
+int frmSelection::countOf(const QString& mark) const {
+    int count = 0;
+    for (int row = 0; row < lvCps_->rowCount(); ++row)
+        if (!lvCps_->isGroup(row) && lvCps_->mark(row) == mark) ++count;
+    return count;
+}
+
+}  // namespace marvello

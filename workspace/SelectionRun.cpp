@@ -1,0 +1,125 @@
+// From the press of the button to the list of results.
+
+#include <QApplication>
+#include <cmath>
+
+#include "controls/AdvanceText.h"
+#include "controls/MessageBox.h"
+#include "controls/ResultsView.h"
+#include "controls/Splitter.h"
+#include "controls/TabStrip.h"
+#include "engine/AbortRequested.h"
+#include "thermo/clsRefprop.h"
+#include "workspace/EmptyPage.h"
+#include "workspace/InputPanel.h"
+#include "workspace/InputRules.h"
+#include "workspace/WindowTexts.h"
+#include "workspace/frmSelection.h"
+#include "workspace/frmpG.h"
+
+namespace marvello {
+
+void frmSelection::lnkCalculate_Click() {
+    if (progress_) return;
+    if (allInputsValid()) Calculate();
+}
+
+bool frmSelection::allInputsValid() {
+    for (AdvanceText* field : panel_->fields()) {
+        if (field->TextType() != 1 || field->isHidden() || field->validate()) continue;
+        field->setFocus();
+        return false;
+    }
+    return true;
+}
+
+void frmSelection::Calculate() {
+    closesplitter34();
+    Selection_ = std::make_unique<clsSelections>();
+    gestioneSH(true);
+    AbortRequested() = false;
+    panel_->txtSC->SetTextValue(std::abs(panel_->txtSC->number()));
+
+    progress_ = std::make_unique<frmpG>(window());
+    progress_->show();
+    QApplication::processEvents();
+    const bool isWhole = runSelection();
+    progress_.reset();
+
+    if (Selection_->Count() > 0)
+        showResults();
+    else if (isWhole && !Selection_->isAborted())
+        MessageBox::show(this, MessageBox::Mark::information,
+                         dictionaryText(QStringLiteral("messages.message22")));
+    emit stateChanged();
+}
+
+// False when the run ended in a fault, which was shown.
+bool frmSelection::runSelection() {
+    const std::string refrigerant = toCore(panel_->lstRefrigerants->Key());
+    const auto [serie, market] = seriesOfMarket(panel_->lstSeries->Key());
+    Selection_->SelectionPercent = [this](int percent, int) {
+        if (progress_) progress_->setPercent(percent);
+        QApplication::processEvents();
+    };
+    QString fault;
+    try {
+        if (const std::string& said = GetRefprop(refrigerant).SetupFault(); !said.empty())
+            fault = fromCore(said);
+        else
+            Selection_->Selection(conditions(), serie, toCore(panel_->lstModels->Key()), refrigerant, market);
+    } catch (const std::exception& error) {
+        fault = fromCore(error.what());
+    }
+    if (fault.isEmpty()) return true;
+    Selection_->Clear();
+    progress_->hide();
+    MessageBox::show(this, MessageBox::Mark::critical, fault);
+    return false;
+}
+
+std::shared_ptr<const clsProjectConditions> frmSelection::conditions() const {
+    auto result = std::make_shared<clsProjectConditions>();
+    const QString voltage = panel_->cmbMotorVoltage->Key();
+    result->TEvaporatingDew = panel_->txtTED->number();
+    result->TCondensationDew = panel_->txtTCD->number();
+    result->SuperHeatType = panel_->cmbSh->Key().toInt();
+    result->SuperHeat = panel_->txtSH->number();
+    result->SubCooling = panel_->txtSC->number();
+    result->MotorSize = panel_->cmbMotorSize->Key().toInt();
+    result->MotorVoltage = voltage.left(3).toDouble();
+    result->MotorHz = voltage.right(2).toInt();
+    result->MotorRPM = panel_->cmbMotorRPM->Key().toInt();
+    result->EcoCalculateMode = panel_->cmbEco->Key().toInt();
+    result->Eco = panel_->txtEco->number();
+    result->OilCoolingCalculateMode = panel_->cmbOilCooling->Key().toInt();
+    result->OilCooling = panel_->txtOilCooling->number();
+    result->StepCapacity = panel_->cmbStepCapacity->Key().toInt();
+    return result;
+}
+
+void frmSelection::showResults() {
+    populateLVCPS(groupBy_);
+    Splitter1_->SetChild2(QStringLiteral("splitter2"));
+    frame2_->hide();
+    Splitter2_->show();
+    TabStrip_->setCurrentIndex(0);
+    lvCps_->setFocus();
+    // The first compressor, so that its page is there at once.
+    for (int row = 0; row < lvCps_->rowCount(); ++row)
+        if (!lvCps_->isGroup(row)) {
+            lvCps_->selectRow(row);
+            break;
+        }
+    PopulateFrame4();
+}
+
+void frmSelection::closesplitter34() {
+    lvCps_->clear();
+    Splitter1_->SetChild2(QStringLiteral("Frame2"));
+    frame2_->show();
+    Splitter2_->hide();
+    emit stateChanged();
+}
+
+}  // namespace marvello

@@ -1,0 +1,210 @@
+#include "workspace/frmSelection.h"
+
+#include <QKeyEvent>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "controls/AdvanceText.h"
+#include "controls/Look.h"
+#include "controls/MessagesView.h"
+#include "controls/ResultsView.h"
+#include "controls/Splitter.h"
+#include "controls/TabStrip.h"
+#include "controls/ctlBtn.h"
+#include "data/Globals.h"
+#include "workspace/ApplyFormParameters.h"
+#include "workspace/DropList.h"
+#include "workspace/EmptyPage.h"
+#include "workspace/InputPanel.h"
+#include "workspace/WindowTexts.h"
+#include "workspace/frmpG.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int panelWidthAtStart = 400;
+constexpr int mostPanelWidth = 520;
+constexpr int leastPanelWidth = 360;
+constexpr int leastListHeight = 120;
+constexpr int listHeightAtStart = 338;
+constexpr int captionWidth = 112;
+constexpr int wideCaptionWidth = 116;
+
+/// A plain widget that paints its ground.
+QWidget* pane(const char* name, QWidget* parent) {
+    auto* result = new QWidget(parent);
+    result->setObjectName(QLatin1String(name));
+    result->setAutoFillBackground(true);
+    QPalette palette = result->palette();
+    palette.setColor(QPalette::Window, Look::current().surface);
+    result->setPalette(palette);
+    return result;
+}
+
+}  // namespace
+
+frmSelection::frmSelection(QWidget* parent)
+    : QWidget(parent), dropList_(new DropList(this)), Selection_(std::make_unique<clsSelections>()) {
+    setObjectName(QStringLiteral("frmSelection"));
+    setMinimumSize(880, 560);
+    makePanes();
+    connectInputs();
+    auto* calculate = new QShortcut(QKeySequence(Qt::Key_F5), this);
+    calculate->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(calculate, &QShortcut::activated, this, &frmSelection::lnkCalculate_Click);
+    connect(panel_->lnkCalculate, &ctlBtn::clicked, this, &frmSelection::lnkCalculate_Click);
+
+    writeDefaults();
+    Traduci();
+    PopulateInputObject(1, QStringLiteral("R134A"));
+    SyncTemperatureFields(QStringLiteral("tcd"));
+    SyncTemperatureFields(QStringLiteral("ted"));
+    panel_->layOut();
+}
+
+frmSelection::~frmSelection() = default;
+
+void frmSelection::makePanes() {
+    Splitter1_ = new Splitter(this);
+    Splitter1_->setObjectName(QStringLiteral("Splitter1"));
+    QWidget* Frame1 = pane("Frame1", Splitter1_);
+    panel_ = new InputPanel(Frame1);
+    auto* inside = new QVBoxLayout(Frame1);
+    inside->setContentsMargins(0, 0, 0, 0);
+    inside->addWidget(panel_);
+    frame2_ = new EmptyPage(Splitter1_);
+    frame2_->setObjectName(QStringLiteral("frame2"));
+
+    Splitter2_ = new Splitter(Splitter1_);
+    Splitter2_->setObjectName(QStringLiteral("Splitter2"));
+    QWidget* frame3 = pane("frame3", Splitter2_);
+    lvCps_ = new ResultsView(frame3);
+    lvCps_->setObjectName(QStringLiteral("lvCps"));
+    auto* list = new QVBoxLayout(frame3);
+    list->setContentsMargins(0, 0, 0, 0);
+    list->addWidget(lvCps_);
+
+    QWidget* Frame4 = pane("Frame4", Splitter2_);
+    TabStrip_ = new TabStrip(TabStrip::Kind::pages, Frame4);
+    TabStrip_->setObjectName(QStringLiteral("TabStrip"));
+    TabStrip_->addKeyed(QStringLiteral("messages"), QString());
+    lvMessages_ = new MessagesView(Frame4);
+    lvMessages_->setObjectName(QStringLiteral("lvMessages"));
+    auto* pages = new QVBoxLayout(Frame4);
+    pages->setContentsMargins(0, 0, 0, 0);
+    pages->setSpacing(0);
+    pages->addWidget(TabStrip_);
+    pages->addWidget(lvMessages_, 1);
+
+    Splitter2_->SetOrientation(1);
+    Splitter2_->SetMinSize1(leastListHeight);
+    Splitter2_->SetMinSize2(leastListHeight);
+    Splitter2_->SetChild1(QStringLiteral("Frame3"));
+    Splitter2_->SetChild2(QStringLiteral("Frame4"));
+    Splitter2_->SetSplitterPos(listHeightAtStart);
+    Splitter2_->hide();
+
+    Splitter1_->SetMinSize1(leastPanelWidth);
+    Splitter1_->SetMaxSize(mostPanelWidth);
+    Splitter1_->SetChild1(QStringLiteral("Frame1"));
+    Splitter1_->SetChild2(QStringLiteral("frame2"));
+    Splitter1_->SetSplitterPos(panelWidthAtStart);
+
+    connect(lvCps_, &ResultsView::rowSelected, this, [this] {
+        PopulateFrame4();
+        emit stateChanged();
+    });
+    connect(TabStrip_, &QTabBar::currentChanged, this, &frmSelection::PopulateFrame4);
+    connect(Splitter1_, &Splitter::moved, this, &frmSelection::stateChanged);
+}
+
+void frmSelection::setKey(const QString& key) {
+    key_ = key;
+    setWindowTitle(description_.isEmpty() ? key : description_);
+}
+
+void frmSelection::setDescription(const QString& description) {
+    description_ = description;
+    setWindowTitle(description);
+}
+
+void frmSelection::Traduci() {
+    const bool isChinese = gApplication().User().language == "cn-CN";
+    panel_->ResizeControls(isChinese ? wideCaptionWidth : captionWidth);
+    ApplyFormParameters(QStringLiteral("frm"), objectName(), QStringLiteral("populate"), *this);
+    panel_->lnkCalculate->setText(dictionaryText(QStringLiteral("frmselection.lnkcalculate.caption")));
+    panel_->SetCaptionText(dictionaryText(QStringLiteral("frmselection.coolframe1.captiontext")));
+    frame2_->setTexts(dictionaryText(QStringLiteral("frmselection.empty.title")),
+                      dictionaryText(QStringLiteral("frmselection.empty.text")), panel_->lnkCalculate->text(),
+                      QStringLiteral("F5"));
+    lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
+    translateTabs();
+    // The descriptions of the chosen keys, in the new language.
+    for (AdvanceText* field : panel_->fields())
+        if (field->Locked()) showChoice(field);
+    MeasureUnits();
+    markDerived(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
+    markDerived(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
+    if (!hasResults()) return;
+    const int row = lvCps_->selectedRow();
+    const QString selected = row < 0 ? QString() : lvCps_->key(row);
+    populateLVCPS(groupBy_);
+    lvCps_->selectKey(selected);
+    PopulateFrame4();
+}
+
+void frmSelection::translateTabs() {
+    for (int tab = 0; tab < TabStrip_->count(); ++tab)
+        TabStrip_->setTabText(
+            tab, dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.") + TabStrip_->key(tab)));
+}
+
+void frmSelection::CloseFrame(bool collapse) {
+    if (collapse == collapsed_) return;
+    collapsed_ = collapse;
+    if (collapse) {
+        keptSplitterPos_ =
+            Splitter1_->CurrSplitterPos() > 0 ? Splitter1_->CurrSplitterPos() : panelWidthAtStart;
+        Splitter1_->SetMinSize1(0);
+        Splitter1_->SetSplitterPos(0);
+    } else {
+        Splitter1_->SetMinSize1(leastPanelWidth);
+        Splitter1_->SetSplitterPos(keptSplitterPos_);
+    }
+}
+
+void frmSelection::MnuPopUp(const QString& name) {
+    if (const int tab = TabStrip_->indexOf(name); tab >= 0) TabStrip_->setCurrentIndex(tab);
+}
+
+void frmSelection::Quit() {
+    if (QWidget* window = parentWidget())
+        window->close();
+    else
+        close();
+}
+
+int frmSelection::panelWidth() const { return collapsed_ ? keptSplitterPos_ : Splitter1_->SplitterPos(); }
+void frmSelection::setPanelWidth(int width) { Splitter1_->SetSplitterPos(width); }
+int frmSelection::listHeight() const { return Splitter2_->SplitterPos(); }
+void frmSelection::setListHeight(int height) { Splitter2_->SetSplitterPos(height); }
+
+QString frmSelection::subject() const {
+    return panel_->lstRefrigerants->TextText() + QStringLiteral(" \u00B7 ") + panel_->lstSeries->TextText();
+}
+
+void frmSelection::resizeEvent(QResizeEvent*) { Splitter1_->resize(size()); }
+
+void frmSelection::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!focusWidget()) panel_->txtTED->setFocus();
+}
+
+void frmSelection::keyPressEvent(QKeyEvent* event) {
+    // Enter leaves no field: the calculation is started by its own key.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+    QWidget::keyPressEvent(event);
+}
+
+}  // namespace marvello

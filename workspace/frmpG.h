@@ -1,0 +1,39 @@
+#pragma once
+
+#include "controls/DialogFrame.h"
+
+class QLabel;
+class QTimer;
+
+namespace marvello {
+
+class ProgressBar;
+class ctlBtn;
+
+/// The progress of a calculation, over the main window. Its button asks the run to stop.
+class frmpG : public DialogFrame {
+    Q_OBJECT
+
+  public:
+    explicit frmpG(QWidget* parent);
+
+    /// Sets the bar, 0 to 100.
+    void setPercent(int percent);
+
+  protected:
+    /// Escape and the close button abort too; the window goes when the run has ended.
+    void reject() override;
+
+  private:
+    void abort();
+    void showDots();
+
+    QLabel* Label1_;
+    QLabel* LabelDots_;
+    QLabel* percent_;
+    ProgressBar* pg_;
+    ctlBtn* btnAbort_;
+    QTimer* Timer1_;
+};
+
+}  // namespace marvello
