@@ -8,6 +8,7 @@
 #include <cmath>
 #include <map>
 #include <numbers>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,12 @@
 #include "tools/generate/Surface.h"
 
 namespace marvello::generate {
+
+/// How the test framework names a series.
+void PrintTo(const SeriesPlan& series, std::ostream* stream) {
+    *stream << series.serie << ' ' << series.refrigerant;
+}
+
 namespace {
 
 using testing::ElementsAre;
