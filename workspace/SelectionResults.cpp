@@ -22,7 +22,7 @@ namespace {
 constexpr int byCompressor = 1;
 const QString blank = QStringLiteral("  ");
 
-QString markText(const QString& mark) { return dictionaryText(QStringLiteral("general.") + mark); }
+QString markText(const QString& mark) { return dictionaryTextIfAny(QStringLiteral("general.") + mark); }
 
 }  // namespace
 

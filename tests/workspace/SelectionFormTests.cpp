@@ -34,8 +34,10 @@ class SelectionFormTest : public WorkspaceFixture {
     double value(const char* name) { return field(*form, name)->number(); }
     QString text(const char* name) { return field(*form, name)->TextText(); }
     void calculate() {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
+        QTest::keyClick(form->focusWidget(), Qt::Key_F5);
         QApplication::processEvents();
+        form->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
     }
     ResultsView* list() { return control<ResultsView>(*form, "lvCps"); }
 
@@ -70,16 +72,16 @@ TEST_F(SelectionFormTest, TypingAPressureSetsTheTemperatureAndSwapsTheRoles) {
     EXPECT_TRUE(field(*form, "txtTED")->Derived());
     type(*form, "txtTED", "-");
     EXPECT_NEAR(value("txtPE"), 2.006, 1e-9) << "half a number leads nothing";
-    QTest::keyClicks(QApplication::focusWidget(), "5");
+    QTest::keyClicks(form->focusWidget(), "5");
     EXPECT_NEAR(value("txtPE"), 2.434, 0.003);  // R134a at -5 degrees Celsius
 }
 
 TEST_F(SelectionFormTest, TheTabKeyWalksThePairInUse) {
     field(*form, "txtTED")->setFocus();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(field(*form, "txtTCD")->hasFocus());
     field(*form, "txtPE")->setFocus();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(field(*form, "txtPC")->hasFocus());
 }
 
@@ -120,7 +122,7 @@ TEST_F(SelectionFormTest, SwitchesSelectorsOffAtTheirNeutralKeys) {
 
 TEST_F(SelectionFormTest, ASuperheatOutOfRangeIsReplacedWithAWordOnLeaving) {
     type(*form, "txtSH", "25");
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
     QApplication::processEvents();
     EXPECT_EQ(value("txtSH"), 10);
     EXPECT_EQ(boxes, QStringList("SuperHeat value out of range. The default value has been set instead."));
@@ -132,7 +134,7 @@ TEST_F(SelectionFormTest, ASuperheatOutOfRangeIsReplacedWithAWordOnLeaving) {
 
 TEST_F(SelectionFormTest, ANegativeSubcoolingLosesItsSign) {
     type(*form, "txtSC", "-3");
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
     QApplication::processEvents();
     EXPECT_EQ(text("txtSC"), "3.00");
 }
