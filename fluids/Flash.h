@@ -1,7 +1,5 @@
 #pragma once
 
-#include <limits>
-
 #include "fluids/Phase.h"
 #include "fluids/SaturationLine.h"
 
@@ -50,7 +48,6 @@ class Flash {
     Flash& operator=(const Flash&) = delete;
 
     const Mixture& mixture() const { return mixture_; }
-    const SaturationLine& saturation() const { return line_; }
 
     void setReference(ReferenceState reference);
 
@@ -76,8 +73,8 @@ class Flash {
         double high = 0;     ///< K
         double guess = 0;    ///< K
         double density = 0;  ///< a guess at the temperature guessed
-        double vapourCeiling =
-            0;  ///< no density of a vapour lies above; 0 for a liquid or supercritical state
+        /// No density of a vapour lies above; 0 for a liquid or supercritical state.
+        double vapourCeiling = 0;
     };
 
     void checkTemperature(double temperature) const;

@@ -30,39 +30,43 @@ SaturationLine::SaturationLine(Phase& phase, const PureFluid& fluid)
     makeTable(fluid);
 }
 
-/// The point where dp/drho and its slope vanish. The published one is rounded, and the equation's own lies
-/// beside it.
-void SaturationLine::findCritical(const FluidPoint& published, const std::string& name) {
-    double temperature = published.temperature;
-    double density = published.density;
-    const auto stiffness = [&](double t, double rho) {
+/// Newton's step towards the point where dp/drho and its slope vanish, with the derivatives by differences:
+/// an error of theirs slows the approach and does not move the point.
+SaturationLine::CriticalStep SaturationLine::stepToCritical(double temperature, double density) {
+    const auto stiffness = [this](double t, double rho) {
         phase_.setTemperature(t);
         return phase_.reducedPressure(rho).byDensity;
     };
+    const double dr = 1e-3 * density;
+    const double dt = 1e-5 * temperature;
+    const double here = stiffness(temperature, density);
+    const double left = stiffness(temperature, density - dr);
+    const double right = stiffness(temperature, density + dr);
+    const double slope = (right - left) / (2 * dr);
+    const double curve = (right - 2 * here + left) / (dr * dr);
+    const double byTemperature =
+        (stiffness(temperature + dt, density) - stiffness(temperature - dt, density)) / (2 * dt);
+    const double warmSlope =
+        (stiffness(temperature + dt, density + dr) - stiffness(temperature + dt, density - dr)) / (2 * dr);
+    const double cross = (warmSlope - slope) / dt;
+    const double determinant = slope * cross - byTemperature * curve;
+    if (!(std::abs(determinant) > 1e-12)) return {temperature, density};
+    return {(curve * here - slope * slope) / determinant,
+            (byTemperature * slope - cross * here) / determinant};
+}
+
+/// The published critical point is rounded, and the equation's own lies beside it.
+void SaturationLine::findCritical(const FluidPoint& published, const std::string& name) {
+    double temperature = published.temperature;
+    double density = published.density;
     for (int i = 0; i < 30; ++i) {
-        const double dr = 1e-3 * density;
-        const double dt = 1e-5 * temperature;
-        const double here = stiffness(temperature, density);
-        const double left = stiffness(temperature, density - dr);
-        const double right = stiffness(temperature, density + dr);
-        const double slope = (right - left) / (2 * dr);
-        const double curve = (right - 2 * here + left) / (dr * dr);
-        const double byTemperature =
-            (stiffness(temperature + dt, density) - stiffness(temperature - dt, density)) / (2 * dt);
-        const double cross = (stiffness(temperature + dt, density + dr) -
-                              stiffness(temperature + dt, density - dr) - 2 * dr * slope) /
-                             (2 * dr * dt);
-        const double determinant = slope * cross - byTemperature * curve;
-        if (!(std::abs(determinant) > 1e-12)) break;
-        const double densityStep = (byTemperature * slope - cross * here) / determinant;
-        const double temperatureStep = (curve * here - slope * slope) / determinant;
-        temperature += temperatureStep;
-        density += densityStep;
-        if (!(std::abs(temperature / published.temperature - 1) < 0.02 &&
-              std::abs(density / published.density - 1) < 0.1)) {
-            break;
-        }
-        if (std::abs(temperatureStep) < 1e-12 * temperature && std::abs(densityStep) < 1e-8 * density) {
+        const CriticalStep step = stepToCritical(temperature, density);
+        temperature += step.temperature;
+        density += step.density;
+        const bool near = std::abs(temperature / published.temperature - 1) < 0.02 &&
+                          std::abs(density / published.density - 1) < 0.1;
+        if (!near) break;
+        if (std::abs(step.temperature) < 1e-12 * temperature && std::abs(step.density) < 1e-8 * density) {
             phase_.setTemperature(temperature);
             const double pressure =
                 phase_.reducedPressure(density).value * phase_.gasConstant() * temperature;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "fluids/Phase.h"
@@ -29,7 +31,6 @@ class SaturationLine {
     SaturationLine(Phase& phase, const PureFluid& fluid);
 
     const FluidPoint& critical() const { return critical_; }
-    double temperatureMin() const { return temperatureMin_; }
 
     /// At a temperature from the lowest one up to the critical one; throws outside.
     SaturationPoint atTemperature(double temperature);
@@ -60,6 +61,12 @@ class SaturationLine {
         double within = 0;  ///< 0 to 1, growing with theta
     };
 
+    struct CriticalStep {
+        double temperature = 0;
+        double density = 0;
+    };
+
+    CriticalStep stepToCritical(double temperature, double density);
     void findCritical(const FluidPoint& published, const std::string& name);
     void makeTable(const PureFluid& fluid);
     SaturationPoint firstPoint(const PureFluid& fluid, double temperature);

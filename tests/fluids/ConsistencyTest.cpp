@@ -3,6 +3,7 @@
 
 #include <cfenv>
 #include <cmath>
+#include <ostream>
 #include <random>
 
 #include "fluids/Refprop.h"
@@ -19,6 +20,8 @@ struct Fluid {
     double critical;     // K, of the equation
     double pressureMax;  // kPa
 };
+
+void PrintTo(const Fluid& fluid, std::ostream* stream) { *stream << fluid.file; }
 
 class Consistency : public testing::TestWithParam<Fluid> {
   protected:

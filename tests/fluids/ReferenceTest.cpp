@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <ostream>
 
 #include "tests/fluids/FluidCalls.h"
 
@@ -15,6 +16,8 @@ struct Fluid {
     std::size_t singleRows;
     std::size_t flashRows;
 };
+
+void PrintTo(const Fluid& fluid, std::ostream* stream) { *stream << fluid.file; }
 
 class Reference : public testing::TestWithParam<Fluid> {
   protected:

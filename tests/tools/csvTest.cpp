@@ -1,4 +1,4 @@
-#include "tools/catalogue/Csv.h"
+#include "tools/csv/Csv.h"
 
 #include <gmock/gmock.h>
 

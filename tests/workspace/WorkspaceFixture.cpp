@@ -9,8 +9,8 @@
 
 #include "controls/ctlCombo.h"
 #include "data/Globals.h"
-#include "tools/catalogue/Csv.h"
-#include "tools/catalogue/Faults.h"
+#include "tools/csv/Csv.h"
+#include "tools/csv/Faults.h"
 
 namespace marvello::testing {
 

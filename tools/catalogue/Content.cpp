@@ -9,7 +9,7 @@
 #include <system_error>
 
 #include "data/Texts.h"
-#include "tools/catalogue/Csv.h"
+#include "tools/csv/Csv.h"
 
 namespace marvello {
 

@@ -7,8 +7,8 @@
 #include <variant>
 #include <vector>
 
-#include "tools/catalogue/Faults.h"
 #include "tools/catalogue/Schema.h"
+#include "tools/csv/Faults.h"
 
 namespace marvello {
 

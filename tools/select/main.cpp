@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "data/ApplicationFolder.h"
-#include "tools/catalogue/Csv.h"
-#include "tools/catalogue/Faults.h"
+#include "tools/csv/Csv.h"
+#include "tools/csv/Faults.h"
 #include "tools/select/Output.h"
 #include "tools/select/Request.h"
 #include "tools/select/Run.h"

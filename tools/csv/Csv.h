@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/catalogue/Faults.h"
+#include "tools/csv/Faults.h"
 
 namespace marvello {
 
