@@ -97,7 +97,10 @@ bool Driver::findForm() {
         if (auto* const window = qobject_cast<MDIMain*>(widget); window && window->isVisible())
             window_ = window;
     form_ = window_ ? window_->ActiveForm() : nullptr;
-    return form_ != nullptr;
+    if (!form_) return false;
+    // Only an active window takes keys; a screen without a window manager activates none by itself.
+    if (!window_->isActiveWindow()) window_->activateWindow();
+    return window_->isActiveWindow();
 }
 
 void Driver::typeConditions() {
