@@ -187,7 +187,7 @@ void AdvanceText::lostFocus(Qt::FocusReason reason) {
     }
     // The focus change has to be over before a box may open and the field take the focus back.
     QTimer::singleShot(0, this, [this] {
-        if (!validate()) edit_->setFocus();
+        if (isVisible() && !validate()) edit_->setFocus();
     });
 }
 

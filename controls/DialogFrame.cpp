@@ -28,7 +28,6 @@ DialogFrame::DialogFrame(const QString& title, QWidget* parent)
       buttons_(new QHBoxLayout),
       close_(new QToolButton(this)) {
     setWindowTitle(title);
-    setFixedWidth(dialogWidth);
     auto* button = static_cast<QToolButton*>(close_);
     button->setIcon(icon(QStringLiteral("close")));
     button->setIconSize(QSize(14, 14));
@@ -48,7 +47,6 @@ DialogFrame::DialogFrame(const QString& title, QWidget* parent)
     buttons_->addStretch(1);
     buttons_->setSpacing(0);
     all->addLayout(buttons_);
-    all->setSizeConstraint(QLayout::SetMinimumSize);
 }
 
 void DialogFrame::addButton(ctlBtn* button) { buttons_->addWidget(button); }
@@ -58,7 +56,10 @@ void DialogFrame::setClosable(bool closable) { close_->setVisible(closable); }
 void DialogFrame::Transparency(int alpha) { setWindowOpacity(alpha / 255.0); }
 
 void DialogFrame::showEvent(QShowEvent* event) {
-    adjustSize();
+    // A wrapped text needs its height at the width of the window.
+    const bool wraps = layout()->hasHeightForWidth();
+    setFixedSize(dialogWidth,
+                 wraps ? layout()->totalHeightForWidth(dialogWidth) : layout()->totalSizeHint().height());
     if (const QWidget* over = parentWidget()) {
         const QRect frame = over->window()->frameGeometry();
         move(frame.center() - QPoint(width() / 2, height() / 2));

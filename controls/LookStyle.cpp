@@ -1,9 +1,12 @@
 #include "controls/LookStyle.h"
 
 #include <QPainter>
+#include <QPolygon>
 #include <QStyleFactory>
 #include <QStyleOptionComplex>
 #include <QStyleOptionTitleBar>
+#include <initializer_list>
+#include <utility>
 
 #include "controls/Icons.h"
 #include "controls/Look.h"
@@ -25,36 +28,46 @@ void drawCheckBox(const QStyleOption& option, QPainter& painter) {
     painter.restore();
 }
 
+void drawWindowButton(QPainter& painter, const QRect& rect, const QString& name, bool hovered) {
+    if (!rect.isValid()) return;
+    if (hovered) painter.fillRect(rect, Look::current().hover);
+    QRectF place(0, 0, 14, 14);
+    place.moveCenter(QRectF(rect).center());
+    paintIcon(painter, place, name, Look::current().muted);
+}
+
+/// The buttons of a child window: in its title bar, or in the menu bar while it is maximised.
+void drawWindowButtons(const QStyleOptionComplex& option, QStyle::ComplexControl control, QPainter& painter,
+                       const QStyle& style, const QWidget* widget,
+                       std::initializer_list<std::pair<QStyle::SubControl, const char*>> buttons) {
+    for (const auto& [button, name] : buttons) {
+        if (!(option.subControls & button)) continue;
+        const bool hovered = (option.activeSubControls & button) && (option.state & QStyle::State_MouseOver);
+        drawWindowButton(painter, style.subControlRect(control, &option, button, widget), QLatin1String(name),
+                         hovered);
+    }
+}
+
 void drawTitleBar(const QStyleOptionTitleBar& bar, QPainter& painter, const QStyle& style,
                   const QWidget* widget) {
     const Look& look = Look::current();
-    const bool active = bar.titleBarState & Qt::WindowActive;
     painter.fillRect(bar.rect, look.surfaceAlt);
     painter.setPen(look.line);
     painter.drawLine(bar.rect.bottomLeft(), bar.rect.bottomRight());
-    const QRect menu = style.subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarSysMenu, widget);
-    if (bar.subControls & QStyle::SC_TitleBarSysMenu) bar.icon.paint(&painter, menu);
-    painter.setPen(active ? look.text : look.muted);
+    painter.setPen(look.controlLine);
+    painter.drawPolyline(
+        QPolygon({bar.rect.bottomLeft(), bar.rect.topLeft(), bar.rect.topRight(), bar.rect.bottomRight()}));
+    const QRect iconRect(bar.rect.left() + 10, bar.rect.center().y() - 8, 16, 16);
+    bar.icon.paint(&painter, iconRect, Qt::AlignCenter, QIcon::Normal, QIcon::On);
+    painter.setPen((bar.titleBarState & Qt::WindowActive) ? look.text : look.muted);
     painter.setFont(lookFont(13, QFont::Medium));
-    const QRect label = style.subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, widget);
-    painter.drawText(label.adjusted(4, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter, bar.text);
-
-    const auto button = [&](QStyle::SubControl control, const QString& name) {
-        if (!(bar.subControls & control)) return;
-        const QRect rect = style.subControlRect(QStyle::CC_TitleBar, &bar, control, widget);
-        if (!rect.isValid()) return;
-        if ((bar.activeSubControls & control) && (bar.state & QStyle::State_MouseOver))
-            painter.fillRect(rect, look.hover);
-        QRectF place(0, 0, 14, 14);
-        place.moveCenter(QRectF(rect).center());
-        paintIcon(painter, place, name, look.muted);
-    };
-    if (bar.titleBarState & Qt::WindowMinimized)
-        button(QStyle::SC_TitleBarNormalButton, QStringLiteral("max"));
-    else
-        button(QStyle::SC_TitleBarMinButton, QStringLiteral("min"));
-    button(QStyle::SC_TitleBarMaxButton, QStringLiteral("max"));
-    button(QStyle::SC_TitleBarCloseButton, QStringLiteral("close"));
+    painter.drawText(bar.rect.adjusted(34, 0, -100, 0), Qt::AlignLeft | Qt::AlignVCenter, bar.text);
+    const bool isMinimized = bar.titleBarState & Qt::WindowMinimized;
+    drawWindowButtons(bar, QStyle::CC_TitleBar, painter, style, widget,
+                      {{isMinimized ? QStyle::SC_TitleBarNormalButton : QStyle::SC_TitleBarMinButton,
+                        isMinimized ? "max" : "min"},
+                       {QStyle::SC_TitleBarMaxButton, "max"},
+                       {QStyle::SC_TitleBarCloseButton, "close"}});
 }
 
 }  // namespace
@@ -90,10 +103,17 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
         case SH_DitherDisabledText:
             return 0;
         case SH_ToolTip_Mask:
+        case SH_WindowFrame_Mask:
             return 0;
         default:
             return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
+}
+
+QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                  const QWidget* widget) const {
+    if (type == CT_MdiControls) return {3 * 26, 24};
+    return QProxyStyle::sizeFromContents(type, option, size, widget);
 }
 
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -121,6 +141,12 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
             drawTitleBar(*bar, *painter, *this, widget);
             return;
         }
+    if (control == CC_MdiControls) {
+        drawWindowButtons(
+            *option, control, *painter, *this, widget,
+            {{SC_MdiMinButton, "min"}, {SC_MdiNormalButton, "max"}, {SC_MdiCloseButton, "close"}});
+        return;
+    }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 

@@ -176,6 +176,9 @@ void ResultsView::contextMenuEvent(QContextMenuEvent* event) {
                         : viewport()->mapToGlobal(place.bottomLeft()));
 }
 
+// A dialog or another program takes the focus of the window only for a while.
+bool ResultsView::isInUse() const { return hasFocus() || window()->focusWidget() == this; }
+
 void ResultsView::drawRow(QPainter* painter, const QStyleOptionViewItem& options,
                           const QModelIndex& index) const {
     const Look& look = Look::current();
@@ -183,7 +186,7 @@ void ResultsView::drawRow(QPainter* painter, const QStyleOptionViewItem& options
     const bool selected = selectionModel()->isRowSelected(index.row(), {});
     const bool group = isGroup(index.row());
     if (selected)
-        painter->fillRect(row, hasFocus() ? look.accentTint : look.hover);
+        painter->fillRect(row, isInUse() ? look.accentTint : look.hover);
     else if (group)
         painter->fillRect(row, look.surfaceAlt);
     else if (row.contains(viewport()->mapFromGlobal(QCursor::pos())) && viewport()->underMouse())

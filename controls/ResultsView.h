@@ -70,6 +70,8 @@ class ResultsView : public QTreeView {
     bool viewportEvent(QEvent* event) override;
 
   private:
+    bool isInUse() const;
+
     QStandardItemModel model_;
     QString tag_;
 };

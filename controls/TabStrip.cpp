@@ -1,6 +1,7 @@
 #include "controls/TabStrip.h"
 
 #include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -14,6 +15,14 @@ namespace {
 constexpr int formsHeight = 34;
 constexpr int pagesHeight = 36;
 constexpr int iconSide = 16;
+
+constexpr int inset = 8;
+
+void paintBand(QPainter& painter, const QRect& rect, TabStrip::Kind kind) {
+    const Look& look = Look::current();
+    painter.fillRect(rect, kind == TabStrip::Kind::forms ? look.window : look.surface);
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), look.line);
+}
 
 }  // namespace
 
@@ -51,11 +60,9 @@ QSize TabStrip::tabSizeHint(int index) const {
 QSize TabStrip::minimumTabSizeHint(int index) const { return tabSizeHint(index); }
 
 void TabStrip::paintEvent(QPaintEvent*) {
-    const Look& look = Look::current();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(rect(), kind_ == Kind::forms ? look.window : look.surface);
-    painter.fillRect(QRect(0, height() - 1, width(), 1), look.line);
+    paintBand(painter, rect(), kind_);
     for (int index = 0; index < count(); ++index) {
         if (kind_ == Kind::forms)
             paintForm(painter, index);
@@ -80,7 +87,7 @@ void TabStrip::paintForm(QPainter& painter, int index) const {
         painter.setBrush(look.surface);
         painter.drawPath(path);
     }
-    const QRect iconRect(tab.left() + 10, tab.center().y() - iconSide / 2, iconSide, iconSide);
+    const QRect iconRect(tab.left() + 10, tab.center().y() - iconSide / 2 + 1, iconSide, iconSide);
     tabIcon(index).paint(&painter, iconRect, Qt::AlignCenter, QIcon::Normal,
                          current ? QIcon::On : QIcon::Off);
     painter.setFont(lookFont(13, current ? QFont::Medium : QFont::Normal));
@@ -118,6 +125,18 @@ void TabStrip::leaveEvent(QEvent* event) {
     hovered_ = -1;
     update();
     QTabBar::leaveEvent(event);
+}
+
+TabBand::TabBand(TabStrip::Kind kind, QWidget* parent)
+    : QWidget(parent), strip_(new TabStrip(kind, this)), kind_(kind) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(inset, 0, inset, 0);
+    row->addWidget(strip_);
+}
+
+void TabBand::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintBand(painter, rect(), kind_);
 }
 
 }  // namespace marvello

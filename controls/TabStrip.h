@@ -35,4 +35,20 @@ class TabStrip : public QTabBar {
     int hovered_ = -1;
 };
 
+/// The band behind a row of tabs, from edge to edge, with the tabs set in from the left.
+class TabBand : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit TabBand(TabStrip::Kind kind, QWidget* parent = nullptr);
+    TabStrip* strip() { return strip_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    TabStrip* strip_;
+    TabStrip::Kind kind_;
+};
+
 }  // namespace marvello

@@ -37,12 +37,14 @@ InputPanel::InputPanel(QWidget* parent)
       captionWidth_(captionWidthAtStart) {
     setObjectName(QStringLiteral("CoolFrame1"));
     PicInput_->setObjectName(QStringLiteral("PicInput"));
-    PicInput_->setAutoFillBackground(false);
+    QPalette ground = PicInput_->palette();
+    ground.setColor(QPalette::Window, Look::current().surface);
+    PicInput_->setPalette(ground);
+    scroll_->viewport()->setPalette(ground);
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll_->setFocusPolicy(Qt::NoFocus);
     scroll_->setWidget(PicInput_);
-    scroll_->viewport()->setAutoFillBackground(false);
 
     lstRefrigerants = list("lstRefrigerants");
     lstSeries = list("lstSeries");
@@ -187,7 +189,7 @@ void InputPanel::layOut() {
     layOutRows(width);
     const int rowsHeight = rowTop_;
     const int ring = ctlBtn::ring;
-    const int footer = buttonGap - (pitch - AdvanceText::boxHeight) + buttonHeight;
+    const int footer = buttonGap + buttonHeight;
     const int rowsShown = std::max(pitch, std::min(rowsHeight, InternalHeight() - footer - helpGap));
     // A bar beside the fields takes nothing of their width: it stands in the margin.
     PicInput_->resize(width, rowsHeight);
@@ -209,7 +211,7 @@ void InputPanel::VisualizzaHelp(const QString& title, const QString& text) {
     if (text.isEmpty()) {
         rtfHelp_->clear();
     } else {
-        rtfHelp_->setText(QStringLiteral("<div style=\"color:%1; font-weight:500\">%2</div>%3")
+        rtfHelp_->setText(QStringLiteral("<span style=\"color:%1; font-weight:500\">%2</span><br>%3")
                               .arg(Look::current().text.name(), title.toHtmlEscaped(), text.toHtmlEscaped()));
     }
     layOut();

@@ -7,6 +7,8 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
 #include <QSettings>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -28,6 +30,22 @@ namespace marvello {
 namespace {
 
 const QString defaultLanguage = QStringLiteral("en-EN");
+
+/// The area of the forms; while there is none it shows the emblem.
+class WorkArea : public QMdiArea {
+  public:
+    explicit WorkArea(QWidget* parent) : QMdiArea(parent) { setBackground(Look::current().window); }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QMdiArea::paintEvent(event);
+        if (!subWindowList().isEmpty()) return;
+        constexpr double side = 120;
+        QPainter painter(viewport());
+        const QRectF place((viewport()->width() - side) / 2, (viewport()->height() - side) / 2, side, side);
+        paintIcon(painter, place, QStringLiteral("emblem"), Look::current().hover);
+    }
+};
 
 QSettings windowSettings() { return QSettings(QStringLiteral("Kestrom"), QStringLiteral("Marvello")); }
 
@@ -57,6 +75,7 @@ MDIMain::MDIMain(const QString& version, QWidget* parent)
 MDIMain::~MDIMain() {
     // The forms report their end to this window: they go first.
     disconnect(area_, nullptr, this, nullptr);
+    for (QMdiSubWindow* window : area_->subWindowList()) disconnect(window, nullptr, this, nullptr);
     for (frmSelection* form : forms()) disconnect(form, nullptr, this, nullptr);
 }
 
@@ -65,14 +84,14 @@ void MDIMain::makeWorkArea() {
     auto* column = new QVBoxLayout(centre);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    TabStrip_ = new TabStrip(TabStrip::Kind::forms, centre);
+    tabBand_ = new TabBand(TabStrip::Kind::forms, centre);
+    TabStrip_ = tabBand_->strip();
     TabStrip_->setObjectName(QStringLiteral("TabStrip"));
-    area_ = new QMdiArea(centre);
-    area_->setBackground(Look::current().window);
+    area_ = new WorkArea(centre);
     area_->setFrameShape(QFrame::NoFrame);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    column->addWidget(TabStrip_);
+    column->addWidget(tabBand_);
     column->addWidget(area_, 1);
     setCentralWidget(centre);
     connect(area_, &QMdiArea::subWindowActivated, this, &MDIMain::activated);
@@ -89,10 +108,14 @@ void MDIMain::makeStatusBar() {
     statusBar()->setSizeGripEnabled(false);
     subject_ = new QLabel(this);
     counts_ = new QLabel(this);
-    subject_->setContentsMargins(12, 0, 12, 0);
-    counts_->setContentsMargins(12, 0, 12, 0);
+    subject_->setContentsMargins(10, 0, 6, 0);
+    separator_ = new QWidget(this);
+    separator_->setFixedSize(1, 14);
+    separator_->setStyleSheet(QStringLiteral("background: %1").arg(Look::current().line.name()));
+    counts_->setContentsMargins(6, 0, 12, 0);
     counts_->setObjectName(QStringLiteral("statusCounts"));
     statusBar()->addWidget(subject_);
+    statusBar()->addWidget(separator_);
     statusBar()->addWidget(counts_, 1);
 }
 
@@ -154,6 +177,7 @@ frmSelection* MDIMain::newSelection() {
     QMdiSubWindow* window = area_->addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWindowIcon(form->windowIcon());
+    connect(window, &QMdiSubWindow::windowStateChanged, this, &MDIMain::hideSystemMenu);
     form->populateLVCPS(cmbGroupBy_->Key().toInt());
     window->showMaximized();
     TabStrip_->setCurrentIndex(tab);
@@ -177,12 +201,18 @@ QList<frmSelection*> MDIMain::forms() const {
 void MDIMain::activated(QMdiSubWindow* window) {
     if (const auto* form = window ? qobject_cast<frmSelection*>(window->widget()) : nullptr)
         TabStrip_->setCurrentIndex(TabStrip_->indexOf(form->Key()));
+    hideSystemMenu();
     refreshState();
+}
+
+// A maximised form puts its icon in front of the menus; the tab shows it already.
+void MDIMain::hideSystemMenu() {
+    if (QWidget* corner = menuBar()->cornerWidget(Qt::TopLeftCorner)) corner->hide();
 }
 
 void MDIMain::OpenForms() {
     const bool any = TabStrip_->count() > 0;
-    TabStrip_->setVisible(any);
+    tabBand_->setVisible(any);
     for (const char* name :
          {"frameresize", "cascade", "tilehorizontal", "tilevertical", "mnu_file_close", "mnu_file_closeall"})
         commands_[QLatin1String(name)]->setEnabled(any);
@@ -201,6 +231,7 @@ void MDIMain::refreshState() {
 
 void MDIMain::refreshStatus(const frmSelection* form) {
     subject_->setText(form ? form->subject() : dictionaryText(QStringLiteral("mdimain.status.ready")));
+    separator_->setVisible(form != nullptr);
     if (!form) {
         counts_->clear();
     } else if (!form->hasResults()) {

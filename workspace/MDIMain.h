@@ -15,6 +15,7 @@ namespace marvello {
 
 class AdvanceText;
 class DropList;
+class TabBand;
 class TabStrip;
 class frmSelection;
 
@@ -52,6 +53,7 @@ class MDIMain : public QMainWindow {
     void refreshState();
     void refreshStatus(const frmSelection* form);
     void activated(QMdiSubWindow* window);
+    void hideSystemMenu();
     void closeAll();
     void restoreSizes();
     void keepSizes(const frmSelection& form);
@@ -76,9 +78,11 @@ class MDIMain : public QMainWindow {
     QToolBar* CoolBar1_ = nullptr;
     AdvanceText* cmbGroupBy_ = nullptr;
     DropList* dropList_ = nullptr;
+    TabBand* tabBand_ = nullptr;
     TabStrip* TabStrip_ = nullptr;
     QMdiArea* area_ = nullptr;
     QLabel* subject_ = nullptr;
+    QWidget* separator_ = nullptr;
     QLabel* counts_ = nullptr;
     int formNumber_ = 0;
     int wheel_ = 0;

@@ -26,6 +26,7 @@ QAction* MDIMain::command(const char* name, const char* iconName, const QKeySequ
     auto* action = new QAction(this);
     action->setObjectName(QLatin1String(name));
     if (iconName) action->setIcon(icon(QLatin1String(iconName)));
+    action->setIconVisibleInMenu(false);
     action->setShortcut(keys);
     commands_[QLatin1String(name)] = action;
     return action;

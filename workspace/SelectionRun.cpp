@@ -45,6 +45,7 @@ void frmSelection::Calculate() {
     QApplication::processEvents();
     const bool isWhole = runSelection();
     progress_.reset();
+    window()->activateWindow();
 
     if (Selection_->Count() > 0)
         showResults();

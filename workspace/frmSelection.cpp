@@ -61,6 +61,7 @@ frmSelection::frmSelection(QWidget* parent)
     SyncTemperatureFields(QStringLiteral("tcd"));
     SyncTemperatureFields(QStringLiteral("ted"));
     panel_->layOut();
+    panel_->txtTED->setFocus();
 }
 
 frmSelection::~frmSelection() = default;
@@ -86,7 +87,8 @@ void frmSelection::makePanes() {
     list->addWidget(lvCps_);
 
     QWidget* Frame4 = pane("Frame4", Splitter2_);
-    TabStrip_ = new TabStrip(TabStrip::Kind::pages, Frame4);
+    auto* band = new TabBand(TabStrip::Kind::pages, Frame4);
+    TabStrip_ = band->strip();
     TabStrip_->setObjectName(QStringLiteral("TabStrip"));
     TabStrip_->addKeyed(QStringLiteral("messages"), QString());
     lvMessages_ = new MessagesView(Frame4);
@@ -94,7 +96,7 @@ void frmSelection::makePanes() {
     auto* pages = new QVBoxLayout(Frame4);
     pages->setContentsMargins(0, 0, 0, 0);
     pages->setSpacing(0);
-    pages->addWidget(TabStrip_);
+    pages->addWidget(band);
     pages->addWidget(lvMessages_, 1);
 
     Splitter2_->SetOrientation(1);
@@ -195,11 +197,6 @@ QString frmSelection::subject() const {
 }
 
 void frmSelection::resizeEvent(QResizeEvent*) { Splitter1_->resize(size()); }
-
-void frmSelection::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    if (!focusWidget()) panel_->txtTED->setFocus();
-}
 
 void frmSelection::keyPressEvent(QKeyEvent* event) {
     // Enter leaves no field: the calculation is started by its own key.

@@ -34,7 +34,7 @@ class MainWindowTest : public WorkspaceFixture {
     }
     QAction* action(const char* name) { return control<QAction>(*window, name); }
     TabStrip* tabs() {
-        return window->centralWidget()->findChild<TabStrip*>("TabStrip", Qt::FindDirectChildrenOnly);
+        return window->centralWidget()->findChild<TabBand*>("", Qt::FindDirectChildrenOnly)->strip();
     }
     QString status() { return control<QLabel>(*window, "statusCounts")->text(); }
     /// Closing takes effect in the event loop.

@@ -1,0 +1,128 @@
+// Drives the real windows through a demonstration selection and saves what they show.
+//   marvello-pictures [--dark] [--language it-IT] [--series TK-A] [--refrigerant R134A] FOLDER
+// QT_SCALE_FACTOR chooses the scaling. Run from anywhere: the catalogue is that of the program's own folder.
+
+#include <QAction>
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QMenu>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cstdio>
+#include <memory>
+
+#include "catalogue/Globals.h"
+#include "controls/AdvanceText.h"
+#include "controls/Look.h"
+#include "controls/MessageBox.h"
+#include "controls/ResultsView.h"
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "workspace/MDIMain.h"
+#include "workspace/frmSelection.h"
+
+using namespace marvello;
+
+namespace {
+
+struct Demonstration {
+    QString folder;
+    QString refrigerant;
+    QString series;
+
+    void save(QWidget& window, const char* name) const {
+        QApplication::processEvents();
+        const QString file = QDir(folder).filePath(QLatin1String(name) + QStringLiteral(".png"));
+        std::puts(window.grab().save(file) ? qPrintable(file) : "not saved");
+    }
+
+    void run(MDIMain& window) const {
+        save(window, "empty-frame");
+        frmSelection* form = window.newSelection();
+        QApplication::processEvents();
+        auto* refrigerants = form->findChild<AdvanceText*>(QStringLiteral("lstRefrigerants"));
+        if (refrigerants->Key() != refrigerant) {
+            refrigerants->SetTextValue(refrigerant);
+            refrigerants->SetKey(refrigerant);
+        }
+        auto* list = form->findChild<AdvanceText*>(QStringLiteral("lstSeries"));
+        list->SetTextValue(series);
+        list->SetKey(series);
+        save(window, "inputs-only");
+        emit form->findChild<AdvanceText*>(QStringLiteral("lstModels"))->ButtonClick();
+        if (QWidget* popup = QApplication::activePopupWidget()) {
+            save(*popup, "drop-list");
+            popup->hide();
+        }
+        auto* menu = window.findChild<QMenu*>(QStringLiteral("mnu_file"));
+        menu->popup(window.mapToGlobal(QPoint(0, 28)));
+        save(*menu, "menu");
+        menu->hide();
+
+        // The picture of the dialog is taken while the run waits for its first event.
+        QTimer::singleShot(0, &window, [this] {
+            if (QWidget* dialog = QApplication::activeModalWidget()) save(*dialog, "progress");
+        });
+        form->lnkCalculate_Click();
+        save(window, "results");
+        auto* results = form->findChild<ResultsView*>(QStringLiteral("lvCps"));
+        for (int row = 0; row < results->rowCount(); ++row)
+            if (results->mark(row) == u"ledorange") results->selectRow(row);
+        save(window, "warnings");
+        for (int row = 0; row < results->rowCount(); ++row)
+            if (results->mark(row) == u"ledred") results->selectRow(row);
+        save(window, "error");
+        window.newSelection();
+        window.findChild<QAction*>(QStringLiteral("cascade"))->trigger();
+        save(window, "cascade");
+        QTimer::singleShot(0, &window, [this] {
+            if (QWidget* box = QApplication::activeModalWidget()) {
+                save(*box, "box");
+                box->close();
+            }
+        });
+        MessageBox::show(
+            &window, MessageBox::Mark::critical,
+            QStringLiteral("SuperHeat value out of range. The default value has been set instead."));
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("Marvello"));
+    QCommandLineParser parser;
+    const QCommandLineOption dark("dark", "The dark look.");
+    const QCommandLineOption language("language", "The language.", "KEY", "en-EN");
+    const QCommandLineOption refrigerant("refrigerant", "The refrigerant.", "KEY", "R134A");
+    const QCommandLineOption series("series", "The series.", "KEY", "TK-A");
+    const QCommandLineOption folder("app-folder", "The application folder.", "DIR");
+    parser.addOptions({dark, language, refrigerant, series, folder});
+    parser.addPositionalArgument("folder", "Where the pictures go.");
+    parser.addHelpOption();
+    parser.process(application);
+    if (parser.positionalArguments().size() != 1) parser.showHelp(2);
+
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    try {
+        setApplicationFolder(parser.value(folder).toStdString());
+        gDatabase().Connect("Data Source=" + applicationFolder() + "/db.mdb");
+        loadSharedPolynomials();
+        gApplication().User().language = parser.value(language).toStdString();
+        Look::install(application, parser.isSet(dark) ? Look::dark() : Look::light());
+        MDIMain window(QStringLiteral("1.0.0"));
+        window.resize(1440, 870);
+        window.show();
+        QApplication::processEvents();
+        Demonstration{parser.positionalArguments().front(), parser.value(refrigerant), parser.value(series)}
+            .run(window);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+    return 0;
+}
