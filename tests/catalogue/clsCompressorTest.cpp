@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
+#include "catalogue/Globals.h"
 #include "data/Arithmetic.h"
 #include "data/Globals.h"
 #include "tests/support/SmallCatalogue.h"
@@ -41,6 +44,44 @@ TEST_F(clsCompressorTest, ARowBecomesACompressor) {
     EXPECT_EQ(none.Key(), "---");
 }
 
+TEST_F(clsCompressorTest, EachColumnGoesToItsOwnPlace) {
+    catalogue.compressor({{"fVI", "'3.2'"},
+                          {"fStartMode", "2"},
+                          {"fCtsca", "1.25"},
+                          {"fInverterQ0C1", "1"},
+                          {"fInverterQ0C2", "2"},
+                          {"fInverterQ0C3", "3"},
+                          {"fInverterPtaC1", "4"},
+                          {"fInverterPtaC2", "5"},
+                          {"fInverterPtaC3", "6"},
+                          {"fInverterCaC1", "7"},
+                          {"fInverterCaC2", "8"},
+                          {"fInverterCaC3", "9"},
+                          {"fKForo", "10"},
+                          {"fKPerdita", "11"},
+                          {"fSez", "12"},
+                          {"fValue1", "13"},
+                          {"fPolynomialQ0ID", "'Q'"},
+                          {"fPolynomialPassID", "'P'"},
+                          {"fPolynomialShID", "'D'"}});
+    catalogue.motor(1, {21, 22, 23, 24, 25}, 26, 27);
+    catalogue.limit("E", 0, "0,0;1,0;1,1;0,0");
+    clsCompressor c;
+    ASSERT_TRUE(load(c));
+    EXPECT_EQ(c.VI, "3.2");
+    EXPECT_EQ(c.StartMode, 2);
+    EXPECT_EQ(c.ctsca, 1.25F);
+    const clsInverter& i = c.InverterInfo;
+    EXPECT_EQ((std::array{i.Q0C1, i.Q0C2, i.Q0C3, i.PtaC1, i.PtaC2, i.PtaC3, i.CaC1, i.CaC2, i.CaC3}),
+              (std::array<double, 9>{1, 2, 3, 4, 5, 6, 7, 8, 9}));
+    EXPECT_EQ((std::array{c.Economizer.KForo, c.Economizer.KPerdita, c.Economizer.Sez, c.KValues.Value1}),
+              (std::array<double, 4>{10, 11, 12, 13}));
+    EXPECT_EQ(c.Motor.c, (std::array<double, 5>{21, 22, 23, 24, 25}));
+    EXPECT_EQ((std::array{c.Motor.Lra1, c.Motor.Lra2}), (std::array<double, 2>{26, 27}));
+    EXPECT_EQ(c.Motor.Phase, 3);
+    EXPECT_EQ(c.PolynomialQ0.Name + c.polynomialPta.Name + c.PolynomialSh.Name, "QPD");
+}
+
 TEST_F(clsCompressorTest, SixtyHertzScalesTheSurfacesAlone) {
     catalogue.compressor();
     catalogue.completeDefault();
@@ -51,6 +92,9 @@ TEST_F(clsCompressorTest, SixtyHertzScalesTheSurfacesAlone) {
     EXPECT_EQ(c.PolynomialSh.c[0], 60);
     EXPECT_EQ(c.Motor.Hz, 60);
     EXPECT_EQ(c.Motor.ID, 1);  // read from the row of 50 Hz
+    clsCompressor other;
+    load(other, 0);  // no other frequency scales
+    EXPECT_EQ(other.PolynomialQ0.c[1], 3);
 }
 
 TEST_F(clsCompressorTest, AnOpenDriveGoesBySpeed) {
@@ -158,6 +202,16 @@ TEST_F(inverterTest, TheVolumeRatioOfTheBestEfficiencyWins) {
     EXPECT_EQ(c.PolynomialQ0.c[0], 20);  // half speed, no coefficients: factor 0.5
 }
 
+TEST_F(inverterTest, CapacityAndPowerFollowTheirOwnLaws) {
+    catalogue.exec("update tCompressors set fInverterQ0C3=0.5, fInverterPtaC3=-0.2");
+    catalogue.surface("S", 0, 22, {-30});  // even where the efficiency is negative
+    catalogue.surface("S", 1, 22, {10});
+    clsCompressor c;
+    load(c, 60);  // 1.2 for the supply, 0.5 (1 + 0.5) and 0.5 (1 - 0.2) for the inverter at 25 Hz
+    EXPECT_NEAR(c.PolynomialQ0.c[0], -30 * static_cast<double>(1.2F) * 0.75, 1e-12);
+    EXPECT_NEAR(c.polynomialPta.c[0], 10 * static_cast<double>(1.2F) * 0.4, 1e-12);
+}
+
 TEST_F(inverterTest, AnIncompletePairSpoilsTheModel) {
     catalogue.surface("S", 0, 22, {30});
     catalogue.surface("S", 1, 22, {10});
@@ -204,6 +258,18 @@ TEST_F(clsCompressorTest, AClone) {
     EXPECT_EQ(copy.VI, "");
     EXPECT_NE(&copy.limits.Item(1), &c.limits.Item(1));
     EXPECT_EQ(copy.limits.Item(1).Points.Count(), 5);
+}
+
+TEST_F(clsCompressorTest, TheSharedSurfacesOfMeanTemperatures) {
+    loadSharedPolynomials();
+    EXPECT_FALSE(gPolynomialTEM().isOK());  // no rows: zero, and nothing said
+    catalogue.surface("R407CTEM", 4, 0, {1, 2});
+    catalogue.surface("R407CTCM", 4, 0, {3, 4});
+    loadSharedPolynomials();
+    EXPECT_EQ(gPolynomialTEM().c[1], 2);
+    EXPECT_EQ(gPolynomialTCM().c[1], 4);
+    EXPECT_EQ(gPolynomialTEM().Name + ", " + gPolynomialTCM().Name, "Polynomial TEM, Polynomial TCM");
+    gPolynomialTEM() = gPolynomialTCM() = clsPolynomial();
 }
 
 }  // namespace

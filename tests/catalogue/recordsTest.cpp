@@ -79,6 +79,8 @@ TEST(clsVariables, NamesIgnoreCaseAndTheOrderIsThatOfAdding) {
     EXPECT_FALSE(v.Exist("Pe"));
     EXPECT_THROW(v("Pe"), VariableError);
     EXPECT_THROW(v.Item(2), VariableError);
+    v.add(v.Item(1).Name, 7.0);  // under the very name of the entry that goes
+    EXPECT_EQ(v("Q0"), 7.0);
 }
 
 TEST(clsVariables, NumericTextsAreNumbersAndFaultsStayOut) {
@@ -96,13 +98,13 @@ TEST(clsVariables, NumericTextsAreNumbersAndFaultsStayOut) {
 
 TEST(clsMessages, TextsAreMadeWhenTheyAreRead) {
     testing::SmallCatalogue catalogue;
-    catalogue.text("messages.message12", "Subcooling too high");
+    catalogue.text("Messages.Message12", "Subcooling too high");
     catalogue.text("messages.message12", "Sottoraffreddamento eccessivo", "it-IT");
     catalogue.text("messages.message35", "Anything");
     gApplication().populateDictionary("en-EN", "en-EN");
 
     clsMessages messages;
-    messages.add("messages.message12", "messages.message12 ({0} K MAX)", {7.5});
+    messages.add("Messages.Message12", "Messages.message12 ({0} K MAX)", {7.5});
     messages.add("messages.message12", "messages.message12");
     messages.add("messages.message35", "<= 70 Hz");
     messages.add("Error...", "", {0.0});

@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "data/Arithmetic.h"
 #include "engine/AbortRequested.h"
 #include "engine/clsOutputs.h"
 #include "engine/formTimeout.h"
@@ -44,6 +45,26 @@ TEST_F(clsSelectionsTest, FilterAndOrder) {
     EXPECT_EQ(run("*", 0, "tk-d"), "");
 }
 
+TEST_F(clsSelectionsTest, InverterSeriesAreThreeByName) {
+    for (const char* serie : {"TK-B", "TK-C", "TK-D"}) {
+        catalogue.exec(std::string("update tCompressors set fhasInverter=1, fSerieID='") + serie + "'");
+        EXPECT_EQ(run("B", 0, serie), "B") << serie;
+    }
+    EXPECT_EQ(run("B", 0, "tk-d"), "");
+}
+
+TEST_F(clsSelectionsTest, ConditionsReachTheLoader) {
+    conditions.MotorVoltage = 380.5;
+    conditions.EcoCalculateMode = 2;
+    catalogue.exec("update tCompressors set fLimitEconomizedID='X'");
+    catalogue.limit("X", 11, "-20,20;15,20;15,60;-20,60;-20,20");
+    run("B");
+    EXPECT_EQ(selections.Item(1).Motor.Voltage, 380);  // half to even
+    EXPECT_TRUE(selections.Item(1).limits.FindLimitType(11));
+    conditions.StepCapacity = 300;
+    EXPECT_THROW(run("B"), ArithmeticFault);
+}
+
 TEST_F(clsSelectionsTest, PropertiesKeepWhatWasGiven) {
     run(" A;B ");
     run("   ");
@@ -80,9 +101,20 @@ TEST_F(clsSelectionsTest, ProgressAndAbort) {
     selections.SelectionPercent = [](int, int index) {
         if (index == 2) AbortRequested() = true;
     };
+    selections.MoveFirst();
     EXPECT_EQ(run("*"), "");
     EXPECT_TRUE(selections.isAborted());
     EXPECT_FALSE(AbortRequested());
+    EXPECT_TRUE(selections.EOC());
+    EXPECT_FALSE(selections.BOC());  // the cursor stays
+
+    // After the last compressor there is nothing left to abort; stopselection never aborts.
+    selections.SelectionPercent = [this](int percent, int) {
+        selections.stopselection();
+        AbortRequested() = percent == 100;
+    };
+    EXPECT_EQ(run("*"), "BACD");
+    AbortRequested() = false;
 
     // A click while the rows are loaded.
     selections.SelectionPercent = nullptr;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/engine/EngineFixture.h"
@@ -63,8 +64,14 @@ TEST_F(selectionRules, CapacityStepsSpeakTwice) {
 }
 
 TEST_F(selectionRules, StepNoteOfTheSeriesWithSteps) {
-    given({{"fSerieID", "'TK-A(P)'"}});
+    given({{"fSerieID", "'TK-A(P)'"}}, {4});
     expectSaid(said("R134A", "TK-A(P)"), {}, {}, {"28", "28"});
+    catalogue.exec("update tCompressors set fSerieID='TK-A(Q)'");
+    expectSaid(said("R134A", "TK-A(Q)"), {}, {}, {"28", "28"});
+    catalogue.surface("S", 0, 25, {50});
+    catalogue.surface("S", 1, 25, {10});
+    conditions.StepCapacity = 25;
+    expectSaid(said("R134A", "TK-A(Q)"), {}, {}, {"30", "30"});
 }
 
 TEST_F(selectionRules, AMissingMotor) {
@@ -80,7 +87,9 @@ TEST_F(selectionRules, AnOpenDriveNeedsNoMotor) {
 }
 
 TEST_F(selectionRules, OverLimitOilFilterAndSuggestions) {
-    given({}, {-1, 7, 9, 10});
+    given({}, {-1, 7, 10});
+    expectSaid(said(), {}, {"03"}, {"10"});
+    catalogue.limit("E", 9, wide);
     expectSaid(said(), {}, {"03"}, {"09"});
     conditions.TEvaporatingDew = 17;  // outside the application limit, inside the over limit
     expectSaid(said(), {}, {"02", "03"}, {"09"});
@@ -100,8 +109,11 @@ TEST_F(selectionRules, SmallAndFullMotor) {
 TEST_F(selectionRules, InjectionAndOilBySeries) {
     given({}, {1});
     expectSaid(said(), {}, {"07"}, {});
+    for (const char* serie : {"GH4", "GH"}) {
+        catalogue.exec(std::string("update tCompressors set fSerieID='") + serie + "'");
+        expectSaid(said("R134A", serie), {}, {"06"}, {});
+    }
     catalogue.exec("update tCompressors set fSerieID='GH4'");
-    expectSaid(said("R134A", "GH4"), {}, {"06"}, {});
     catalogue.limit("E", 2, wide);
     expectSaid(said("R134A", "GH4"), {}, {"16"}, {});
     catalogue.exec("update tCompressors set fSerieID='GH', fModelID='10H'");
@@ -121,16 +133,22 @@ TEST_F(selectionRules, OilLoadBesideTheInjectionLine) {
 }
 
 TEST_F(selectionRules, InverterFrequencyCeilings) {
-    given({{"fSerieID", "'TK-C'"}, {"fhasInverter", "1"}}, {13, 14});
-    conditions.InverterFrequency = 65;  // the line of 70 Hz counts, that of 60 Hz is not looked at
-    expectSaid(said("R134A", "TK-C"), {}, {}, {});
-    conditions.InverterFrequency = 70;
-    expectSaid(said("R134A", "TK-C"), {}, {}, {});
-    conditions.InverterFrequency = 70.1F;
+    given({{"fSerieID", "'TK-C'"}, {"fhasInverter", "1"}}, {12});
     catalogue.text("messages.message35", "never shown");
     gApplication().populateDictionary("en-EN", "");
-    expectSaid(said("R134A", "TK-C"), {"35"}, {}, {});
-    EXPECT_EQ(selections.Item(1).Messages.Error.Item(1).Description(), "<= 70 hz");
+    const auto saysAt = [&](float frequency) {
+        conditions.InverterFrequency = frequency;
+        const ClsSelectionMessages& messages = said("R134A", "TK-C");
+        return messages.Error.Count() == 0 ? "" : messages.Error.Item(1).Description();
+    };
+    EXPECT_EQ(saysAt(50), "");
+    EXPECT_EQ(saysAt(50.1F), "<=50 hz");
+    catalogue.limit("E", 13, wide);  // a higher line makes the lower ones not looked at
+    EXPECT_EQ(saysAt(60), "");
+    EXPECT_EQ(saysAt(60.1F), "<=60 hz");
+    catalogue.limit("E", 14, wide);
+    EXPECT_EQ(saysAt(70), "");
+    EXPECT_EQ(saysAt(70.1F), "<= 70 hz");
 }
 
 TEST_F(selectionRules, SubcoolingAndSuperheat) {
@@ -169,27 +187,35 @@ TEST_F(selectionRules, PropaneMayBeSuperheatedFurtherAndSaysWhatItIs) {
 
 TEST_F(selectionRules, ClosingRulesBySeries) {
     catalogue.exec(
-        "insert into tRefrigeranti values('R404A');insert into tFluidi values('R404A','R134A.FLD',1)");
+        "insert into tRefrigeranti values('R404A'),('R507');"
+        "insert into tFluidi values('R404A','R134A.FLD',1),('R507','R134A.FLD',1)");
     given({{"fSerieID", "'MV-E'"}, {"fRefrigerantID", "'R404A'"}});
     expectSaid(said("R404A", "MV-E"), {}, {"18"}, {});
-    catalogue.exec("update tCompressors set fSerieID='MV-A(V)'");
+    catalogue.exec("update tCompressors set fSerieID='MV-A', fRefrigerantID='R507'");
+    expectSaid(said("R507", "MV-A"), {}, {"18"}, {});
+    catalogue.exec("update tCompressors set fSerieID='MV-A(V)', fRefrigerantID='R404A'");
     expectSaid(said("R404A", "MV-A(V)"), {}, {"20"}, {"19"});
     catalogue.exec("update tCompressors set fSerieID='DZ', fModelID='7J100'");
     expectSaid(said("R404A", "DZ"), {}, {}, {"34"});
-    catalogue.exec("update tCompressors set fModelID='7K2300'");
+    catalogue.exec("update tCompressors set fModelID=' 7k2300'");
     expectSaid(said("R404A", "DZ"), {}, {}, {"34"});
     catalogue.exec("update tCompressors set fModelID='7K2300X'");
     expectSaid(said("R404A", "DZ"), {}, {}, {});
 }
 
 TEST_F(selectionRules, PowerOfTheModelsOfMvJ) {
-    given({{"fSerieID", "'MV-J'"}, {"fModelID", "'Q40'"}});
-    catalogue.exec("update tPolynomials set fC1=51, fC2=0, fC3=0 where fType=1");
-    expectSaid(said("R134A", "MV-J"), {}, {}, {});  // exactly at the limit
-    catalogue.exec("update tPolynomials set fC1=51.01 where fType=1");
-    expectSaid(said("R134A", "MV-J"), {"32"}, {}, {});
-    catalogue.exec("update tCompressors set fModelID='Q60'");
-    expectSaid(said("R134A", "MV-J"), {}, {}, {});
+    given({{"fSerieID", "'MV-J'"}});
+    const auto saysAt = [&](const std::string& model, double power) {
+        catalogue.exec("update tCompressors set fModelID='" + model + "'");
+        catalogue.exec("update tPolynomials set fC1=" + std::to_string(power) +
+                       ", fC2=0, fC3=0 where fType=1");
+        return names(said("R134A", "MV-J").Error);
+    };
+    for (const auto& [model, highest] : {std::pair{"Q40", 51.0}, {"Q50", 52.2}, {"Q60", 58.5}}) {
+        EXPECT_EQ(saysAt(model, highest), keys({})) << model;
+        EXPECT_EQ(saysAt(model, highest + 0.01), keys({"32"})) << model;
+    }
+    EXPECT_EQ(saysAt("q40", 60), keys({}));
 }
 
 }  // namespace

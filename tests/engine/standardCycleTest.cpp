@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <map>
+#include <string>
 
 #include "tests/engine/EngineFixture.h"
 #include "thermo/clsRefprop.h"
@@ -13,7 +15,7 @@ using testing::keys;
 class standardCycle : public testing::EngineFixture {
   protected:
     standardCycle() {
-        catalogue.compressor({{"fCtsca", "1.5"}});
+        catalogue.compressor({{"fCtsca", "1.5"}, {"fKForo", "1.6"}});
         catalogue.completeDefault();
     }
 };
@@ -41,6 +43,8 @@ TEST_F(standardCycle, AWholeCompressorByHand) {
     EXPECT_NEAR(v("Pe"), 2.433423698714083, 1e-8);
     EXPECT_NEAR(v("Pc"), 11.599242383423432, 1e-7);
     EXPECT_NEAR(v("Teb"), 3.195075196001225, 1e-8);  // the bubble pressure at 2.4334 degC
+    EXPECT_NEAR(v("Tem"), ((3.195075196001225 - 8) - 5) / 2, 1e-8);
+    EXPECT_NEAR(v("Tcm"), (45 - 8 + 45) / 2.0, 1e-6);
     EXPECT_NEAR(v("Q010"), 38.745, 1e-12);
     EXPECT_NEAR(v("Pta"), 15.75, 1e-12);
     EXPECT_NEAR(v("M010") / 942.5431005708988, 1, 1e-7);
@@ -50,6 +54,12 @@ TEST_F(standardCycle, AWholeCompressorByHand) {
     EXPECT_NEAR(v("CA"), 32.830625 * 400 / 380, 1e-9);
     EXPECT_NEAR(v("Fla"), 50 * 400.0 / 380, 1e-9);
     EXPECT_NEAR(v("Lra1"), 300 * 400.0 / 380, 1e-9);
+    EXPECT_NEAR(v("Lra2"), 100 * 400.0 / 380, 1e-9);
+    EXPECT_NEAR(v("Qbase") / (921.2865476059969 * (408.71280776 - 256.38228784) * 3600), 1, 1e-7);
+    EXPECT_NEAR(v("PLiq"), 1.6 * 2.433423698714083, 1e-8);
+    EXPECT_NEAR(v("T3"), 45 - 8.0001, 1e-6);
+    EXPECT_NEAR(v("H3"), 251.9232261464906, 1e-6);
+    EXPECT_NEAR(v("HE"), 395.60, 0.1);        // saturated vapour at -5 degC, a published table
     EXPECT_DOUBLE_EQ(v("COP"), 40.1 / 15.8);  // 15.75 shows as 15.8
     EXPECT_DOUBLE_EQ(v("EER"), 40.1 / 15.8 * 3.412);
     EXPECT_NEAR(v("T21"), 107.7251, 1e-9);
@@ -67,7 +77,6 @@ TEST_F(standardCycle, AtTheReferenceTheCapacityIsTheSurfaces) {
     conditions.SuperHeat = 10;
     conditions.SubCooling = 5;
     const clsVariables& v = select().Variables;
-    EXPECT_NEAR(v("Q0") / v("Q010"), 1, 1e-4);
     EXPECT_NEAR(v("Q0") / v("Q010"), 1, 2e-6);  // what is left are the two additions of 0.0001 K
 }
 
@@ -135,18 +144,47 @@ TEST_F(standardCycle, VariablesStandInTheirOrder) {
                                  "QcEco"};
     ASSERT_EQ(v.Count(), static_cast<int>(std::size(order)));
     for (int i = 1; i <= v.Count(); ++i) EXPECT_EQ(v.Item(i).Name, order[i - 1]);
-    EXPECT_EQ(v.Item("Pe").UnitMeasuretext, "bar");
-    EXPECT_EQ(v.Item("Sga").UnitMeasuretext, "kJ/kg-K");
-    EXPECT_EQ(v.Item("mbase").UnitMeasuretext, "Kw");
-    EXPECT_EQ(v.Item("Pra").Description, "Raffreddamento Olio");
+}
+
+// Units and descriptions of all that have one; the others have none.
+TEST_F(standardCycle, UnitsAndDescriptions) {
+    const clsVariables& v = select().Variables;
+    const std::map<std::string, std::string> units = {
+        {"Pe", "bar"},    {"Teb", "C"},       {"Tem", "C"},         {"Pc", "bar"},       {"Tcb", "C"},
+        {"Tcm", "C"},     {"Tga", "C"},       {"Hga", "kJ/kg"},     {"Sga", "kJ/kg-K"},  {"Dga", "kg/m^3"},
+        {"Tga10", "C"},   {"Hga10", "kJ/kg"}, {"Sga10", "kJ/kg-K"}, {"Dga10", "kg/m^3"}, {"Plb", "bar"},
+        {"Tlb", "C"},     {"Tl", "C"},        {"Hl", "kJ/kg"},      {"Hlb", "kJ/kg"},    {"Tlba", "C"},
+        {"Hcb", "kJ/kg"}, {"hlba", "kJ/kg"},  {"Q010", "KW"},       {"Pta010", "KW"},    {"M010", "Kg/h"},
+        {"Mbase", "Kw"},  {"Q0", "Kw/h"},     {"Pta", "Kw/h"},      {"CA", "A"},         {"H21", "kJ/kg"},
+        {"Pra", "Kw"}};
+    const std::map<std::string, std::string> descriptions = {{"Q010", "Potenza frigo di riferimento"},
+                                                             {"Pta010", "Potenza Assorbita di riferimento"},
+                                                             {"M010", "Portata di massa di riferimento"},
+                                                             {"V010", "Portata volumetrica di riferimento"},
+                                                             {"Mbase", "Portata di Massa"},
+                                                             {"Q0", "Potenza Frigo"},
+                                                             {"H21", "Entalpia di massa"},
+                                                             {"Pra", "Raffreddamento Olio"},
+                                                             {"Qc", "Condenser Capacity"},
+                                                             {"QcEco", "Condenser Capacity with Eco"}};
+    const auto of = [](const auto& texts, const std::string& name) {
+        const auto found = texts.find(name);
+        return found == texts.end() ? std::string() : found->second;
+    };
+    for (const auto& variable : v) {
+        EXPECT_EQ(variable->UnitMeasuretext, of(units, variable->Name)) << variable->Name;
+        EXPECT_EQ(variable->Description, of(descriptions, variable->Name)) << variable->Name;
+    }
 }
 
 TEST_F(standardCycle, SuperheatAsATemperature) {
-    conditions.SuperHeatType = 1;
     conditions.SuperHeat = 12;
-    const clsVariables& v = select().Variables;
-    EXPECT_NEAR(v("Sh"), 17.0001, 1e-12);
-    EXPECT_NEAR(v("Tga"), 12.0001, 1e-12);
+    for (const int type : {1, 2}) {
+        conditions.SuperHeatType = type;
+        const clsVariables& v = select().Variables;
+        EXPECT_NEAR(v("Sh"), 17.0001, 1e-12);
+        EXPECT_NEAR(v("Tga"), 12.0001, 1e-12);
+    }
 }
 
 TEST_F(standardCycle, OilCoolingModes) {
@@ -223,16 +261,45 @@ TEST_F(standardCycle, CurrentsFailInSilence) {
 
 TEST_F(standardCycle, TheEconomizerIsRefusedInASentence) {
     conditions.EcoCalculateMode = 1;
-    EXPECT_EQ(select().Messages.Error.Count(), 0);  // no port: nothing to calculate
-    catalogue.exec("update tCompressors set fKForo=1.6");
     EXPECT_EQ(names(select().Messages.Error), keys({"38"}));
+    catalogue.exec("update tCompressors set fKForo=0");  // no port: nothing to calculate
+    EXPECT_EQ(select().Messages.Error.Count(), 0);
 }
 
-TEST_F(standardCycle, InverterCurrentComesFromThePowerFactor) {
-    catalogue.compressor({{"fSerieID", "'TK-B'"}, {"fhasInverter", "1"}, {"fInverterCaC3", "0.9"}});
+TEST_F(standardCycle, InverterCurrentAndItsMargin) {
+    catalogue.exec(
+        "update tCompressors set fSerieID='TK-D', fhasInverter=1, fInverterCaC1=0.001, "
+        "fInverterCaC2=0.02, fInverterCaC3=0.3");
     conditions.InverterFrequency = 50;
-    const clsVariables& v = select("R134A", "TK-B").Variables;
-    EXPECT_NEAR(v("CA"), 15750 / (std::sqrt(3.0) * 0.9 * 380), 1e-9);
+    // Power factor 0.001 * 15.75^2 + 0.02 * 15.75 + 0.3 = 0.8630625.
+    const double current = 15750 / (std::sqrt(3.0) * 0.8630625 * 380);
+    EXPECT_NEAR(select("R134A", "TK-D").Variables("CA"), current, 1e-9);
+
+    // The economizer needs 15 % of margin to the rated current.
+    conditions.EcoCalculateMode = 1;
+    const auto withRated = [&](double rated) {
+        catalogue.exec("update tCompressors set fFla=" + std::to_string(rated));
+        return names(select("R134A", "TK-D").Messages.Error);
+    };
+    EXPECT_EQ(withRated(current * 1.151), keys({"38"}));
+    EXPECT_EQ(withRated(current * 1.149), keys({"37"}));
+}
+
+// A blend with glide goes by the inlet of its evaporator; here the file of a pure fluid stands for it, so
+// that the inlet is wet and as cold as the dew point.
+TEST_F(standardCycle, TheMeanOfR407CIsThatOfInletAndDew) {
+    catalogue.exec(
+        "insert into tRefrigeranti values('R407C');insert into tFluidi values('R407C','R134A.FLD',1);"
+        "update tCompressors set fRefrigerantID='R407C'");
+    EXPECT_NEAR(select("R407C").Variables("Tem"), -5, 1e-6);
+}
+
+TEST_F(standardCycle, ADischargeOfZeroNeedsNoReference) {
+    // T21 = 0 exactly: -15.0001 + 10 - 1.5 at the reference of 10 K, before superheat and correction.
+    catalogue.exec("update tPolynomials set fC1=-6.5001, fC2=0, fC3=0, fC4=0, fC5=0, fC6=0 where fType=3");
+    const clsVariables& v = select().Variables;
+    ASSERT_NEAR(v("T21"), 0, 1e-12);
+    EXPECT_EQ(v("Pra"), 0);
 }
 
 }  // namespace

@@ -57,6 +57,7 @@ TEST(clsConvert, KnownValuesInBothDirections) {
         {3, &clsConvert::Hunits, "Btu/lb", 1,
          2.324444444444 * molarMass},  // thermochemical: 1054.35 J / 0.45359 kg
         {4, &clsConvert::Sunits, "J/kg-K", 1000, 102.032},
+        {4, &clsConvert::Sunits, "Btu/lb-R", 1, 4.184 * molarMass},  // 1 Btu/lb-R is 1 cal/g-K
         {5, &clsConvert::Wunits, "km/h", 3.6, 1},
         {6, &clsConvert::Visunits, "centipoise", 1, 1000},
         {7, &clsConvert::Tcxunits, "mW/m-K", 1000, 1},
@@ -125,6 +126,9 @@ TEST(clsConvert, BoxesAndFaults) {
     hooks() = Hooks();
     // Without a molar mass a mass unit would divide by zero.
     EXPECT_THROW(convert.ConvertUnitsRefprop(10, 2), ArithmeticFault);
+    EXPECT_THROW(convert.ConvertUnitsApp(10, 2), ArithmeticFault);
+    convert.wm = molarMass;
+    EXPECT_NO_THROW(convert.ConvertUnitsRefprop(0, 8));  // a volume of nothing, through its reciprocal
 }
 
 }  // namespace
