@@ -154,6 +154,7 @@ void MDIMain::chooseLanguage(const QString& language) {
 frmSelection* MDIMain::newSelection() {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     auto* form = new frmSelection;
+    form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
     const QString number = QString::number(++formNumber_);
     form->setKey(number + QStringLiteral("Selection"));
     form->setDescription(number + u' ' +
@@ -226,6 +227,9 @@ void MDIMain::refreshState() {
     commands_[QStringLiteral("frecciadown")]->setEnabled(hasResults);
     commands_[QStringLiteral("frameresize")]->setChecked(form && form->isCollapsed());
     cmbGroupBy_->setEnabled(hasResults);
+    cmbmeasureunits_->setEnabled(form != nullptr);
+    // Each form keeps its own measure system.
+    if (form) showKey(cmbmeasureunits_, QString::number(form->MeasureUnit()));
     refreshStatus(form);
 }
 

@@ -65,6 +65,10 @@ class MDIMain : public QMainWindow {
     void makeMenus();
     void makeToolBar();
     QWidget* makeSelectors();
+    AdvanceText* selector(const char* name, QWidget* parent, int boxWidth);
+    /// Shows a choice without acting on it.
+    static void showKey(AdvanceText* field, const QString& key);
+    static void offer(AdvanceText* field, const QString& prefix);
     void tileHorizontal();
     void tileVertical();
     void translateCommand(const char* name, const char* key);
@@ -76,6 +80,7 @@ class MDIMain : public QMainWindow {
     QMenu* mnuWindow_ = nullptr;
     QActionGroup* languages_ = nullptr;
     QToolBar* CoolBar1_ = nullptr;
+    AdvanceText* cmbmeasureunits_ = nullptr;
     AdvanceText* cmbGroupBy_ = nullptr;
     DropList* dropList_ = nullptr;
     TabBand* tabBand_ = nullptr;

@@ -22,6 +22,13 @@ namespace {
 constexpr int byCompressor = 1;
 const QString blank = QStringLiteral("  ");
 
+/// The unit of a column. In the imperial system some have another.
+QString unitOf(const clsOutput& output, bool isImperial) {
+    const QString imperial = isImperial ? imperialUnit(fromCore(output.Key)) : QString();
+    if (imperial == u"F") return dictionaryText(QStringLiteral("general.variable03")) + imperial;
+    return imperial.isEmpty() ? fromCore(output.UmDescription) : imperial;
+}
+
 QString markText(const QString& mark) { return dictionaryTextIfAny(QStringLiteral("general.") + mark); }
 
 }  // namespace
@@ -31,14 +38,15 @@ void frmSelection::populateLVCPS(int groupBy) {
     if (!Selection_ || Selection_->Count() == 0) return;
     outputs_ = readOutputs(lvCps_->Tag());
     lvCps_->clear();
+    const bool isImperial = measureUnit_ == MeasureSystem::imperial;
     const bool hasEconomiser = panel_->cmbEco->Key() != u"0";
     std::vector<ResultsView::Column> columns{{QStringLiteral("compressor"),
                                               dictionaryText(QStringLiteral("variables.compressor.name")),
                                               QString()}};
     for (const clsOutput& output : outputs_)
-        if (isShown(output.Visibility, false, hasEconomiser))
+        if (isShown(output.Visibility, isImperial, hasEconomiser))
             columns.push_back({fromCore(output.Key),
-                               fromCore(output.Name) + u'(' + fromCore(output.UmDescription) + u')',
+                               fromCore(output.Name) + u'(' + unitOf(output, isImperial) + u')',
                                fromCore(output.Description)});
     lvCps_->setColumns(columns);
 
@@ -62,6 +70,14 @@ void frmSelection::populateLVCPS(int groupBy) {
     lvCps_->fitColumns();
 }
 
+void frmSelection::relistResults() {
+    const int row = lvCps_->selectedRow();
+    const QString selected = row < 0 ? QString() : lvCps_->key(row);
+    populateLVCPS(groupBy_);
+    lvCps_->selectKey(selected);
+    PopulateFrame4();
+}
+
 void frmSelection::addCompressor(clsCompressor& compressor, const QString& label) {
     const QString mark = markOf(compressor);
     QStringList values;
@@ -69,7 +85,7 @@ void frmSelection::addCompressor(clsCompressor& compressor, const QString& label
         QString text = blank;
         if (!isBlank(compressor)) {
             try {
-                text = resultText(compressor, key);
+                text = resultText(compressor, key, measureUnit_ == MeasureSystem::imperial);
             } catch (const std::exception&) {
                 text = blank;  // A column of the catalogue that this calculation has no value for.
             }

@@ -145,15 +145,10 @@ void frmSelection::Traduci() {
     // The descriptions of the chosen keys, in the new language.
     for (AdvanceText* field : panel_->fields())
         if (field->Locked()) showChoice(field);
-    MeasureUnits();
+    showUnits();
     markDerived(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
     markDerived(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
-    if (!hasResults()) return;
-    const int row = lvCps_->selectedRow();
-    const QString selected = row < 0 ? QString() : lvCps_->key(row);
-    populateLVCPS(groupBy_);
-    lvCps_->selectKey(selected);
-    PopulateFrame4();
+    if (hasResults()) relistResults();
 }
 
 void frmSelection::translateTabs() {

@@ -111,6 +111,22 @@ TEST_F(MainWindowTest, ALanguageIsTakenByAllFormsAndKept) {
     EXPECT_EQ(gApplication().User().language, "it-IT");
 }
 
+TEST_F(MainWindowTest, EachFormKeepsItsMeasureSystem) {
+    EXPECT_FALSE(field(*window, "cmbmeasureunits")->isEnabled());
+    frmSelection* first = window->newSelection();
+    frmSelection* second = window->newSelection();
+    choose(*window, "cmbmeasureunits", "1");
+    EXPECT_EQ(second->MeasureUnit(), 1);
+    EXPECT_EQ(first->MeasureUnit(), 0);
+    tabs()->setCurrentIndex(0);
+    EXPECT_EQ(field(*window, "cmbmeasureunits")->TextText(), "Metric");
+    EXPECT_EQ(field(*first, "txtTED")->TextText(), "2.00");
+    tabs()->setCurrentIndex(1);
+    EXPECT_EQ(field(*window, "cmbmeasureunits")->Key(), "1");
+    EXPECT_EQ(field(*second, "txtTED")->TextText(), "35.60");
+    EXPECT_EQ(window->newSelection()->MeasureUnit(), 1);
+}
+
 TEST_F(MainWindowTest, WindowsAreArranged) {
     window->resize(1200, 800);
     for (int i = 0; i < 2; ++i) window->newSelection();
