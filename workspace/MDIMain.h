@@ -65,10 +65,10 @@ class MDIMain : public QMainWindow {
     void makeMenus();
     void makeToolBar();
     QWidget* makeSelectors();
-    AdvanceText* selector(const char* name, QWidget* parent, int boxWidth);
+    AdvanceText* selector(const char* name, QWidget* parent);
     /// Shows a choice without acting on it.
     static void showKey(AdvanceText* field, const QString& key);
-    static void offer(AdvanceText* field, const QString& prefix);
+    static void offer(AdvanceText* field, const QString& prefix, int boxWidth);
     void tileHorizontal();
     void tileVertical();
     void translateCommand(const char* name, const char* key);

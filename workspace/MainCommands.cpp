@@ -1,6 +1,7 @@
 // The menus, the tool bar and the selectors of the main window.
 
 #include <QAction>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMdiArea>
@@ -21,6 +22,13 @@
 #include "workspace/frmSelection.h"
 
 namespace marvello {
+
+namespace {
+
+constexpr int measureBoxWidth = 116;
+constexpr int groupBoxWidth = 132;
+
+}  // namespace
 
 void MDIMain::showKey(AdvanceText* field, const QString& key) {
     field->setkey(key);
@@ -104,16 +112,13 @@ void MDIMain::makeToolBar() {
     CoolBar1_->addWidget(makeSelectors());
 }
 
-AdvanceText* MDIMain::selector(const char* name, QWidget* parent, int boxWidth) {
-    constexpr int captionWidth = 124;
+AdvanceText* MDIMain::selector(const char* name, QWidget* parent) {
     auto* field = new AdvanceText(parent);
     field->setObjectName(QLatin1String(name));
     field->SetLocked(true);
     field->setProperty("ButtonVisible", true);
     field->setProperty("CaptionFont", lookFont(12));
     field->setProperty("CaptionAlignment", 1);
-    field->setProperty("CaptionWidth", captionWidth);
-    field->setFixedWidth(captionWidth + boxWidth + 2 * AdvanceText::halo);
     field->setkey(QStringLiteral("0"));
     dropList_->serve(field);
     return field;
@@ -123,10 +128,10 @@ QWidget* MDIMain::makeSelectors() {
     auto* selectors = new QWidget(this);
     auto* row = new QHBoxLayout(selectors);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
+    row->setSpacing(16);
     row->addStretch(1);
-    cmbmeasureunits_ = selector("cmbmeasureunits", selectors, 116);
-    cmbGroupBy_ = selector("cmbGroupBy", selectors, 132);
+    cmbmeasureunits_ = selector("cmbmeasureunits", selectors);
+    cmbGroupBy_ = selector("cmbGroupBy", selectors);
     connect(cmbmeasureunits_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
         frmSelection* form = ActiveForm();
         if (form && form->MeasureUnit() != key.toInt()) form->MeasureUnits(key.toInt(), true);
@@ -164,13 +169,18 @@ void MDIMain::Traduci() {
     translateCommand("frameresize", "mdimain.toolbar.frameresize");
     translateCommand("frecciaup", "mdimain.toolbar.frecciaup");
     translateCommand("frecciadown", "mdimain.toolbar.frecciadown");
-    offer(cmbmeasureunits_, QStringLiteral("mdimain.cmbmeasureunits"));
-    offer(cmbGroupBy_, QStringLiteral("mdimain.cmbgroupby"));
+    offer(cmbmeasureunits_, QStringLiteral("mdimain.cmbmeasureunits"), measureBoxWidth);
+    offer(cmbGroupBy_, QStringLiteral("mdimain.cmbgroupby"), groupBoxWidth);
 }
 
 // The caption of a selector and its two choices.
-void MDIMain::offer(AdvanceText* field, const QString& prefix) {
-    field->SetCaptionText(dictionaryText(prefix + QStringLiteral(".captiontext")));
+void MDIMain::offer(AdvanceText* field, const QString& prefix, int boxWidth) {
+    const QString caption = dictionaryText(prefix + QStringLiteral(".captiontext"));
+    constexpr int captionGap = 9;
+    const int captionWidth = QFontMetrics(lookFont(12)).horizontalAdvance(caption) + captionGap;
+    field->SetCaptionText(caption);
+    field->setProperty("CaptionWidth", captionWidth);
+    field->setFixedWidth(captionWidth + boxWidth + 2 * AdvanceText::halo);
     field->SetTag1(QStringLiteral("0|%1;1|%2")
                        .arg(dictionaryText(prefix + QStringLiteral(".item00")),
                             dictionaryText(prefix + QStringLiteral(".item01"))));

@@ -1,8 +1,7 @@
 // The list of results and the pages of the selected compressor.
 
-#include <QApplication>
-#include <QScreen>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "controls/AdvanceText.h"
@@ -50,16 +49,16 @@ void frmSelection::populateLVCPS(int groupBy) {
                                fromCore(output.Description)});
     lvCps_->setColumns(columns);
 
-    std::vector<clsCompressor*> sorted;
-    for (const auto& compressor : *Selection_) sorted.push_back(compressor.get());
-    const auto sortText = [groupBy](const clsCompressor* compressor) {
-        return groupBy == byCompressor ? nameWithRefrigerant(*compressor) : fromCore(compressor->Key());
-    };
-    std::stable_sort(sorted.begin(), sorted.end(), [&](const clsCompressor* a, const clsCompressor* b) {
-        return sortText(a).compare(sortText(b), Qt::CaseInsensitive) < 0;
-    });
+    // By the text of the grouping; the key sets those of one text in a fixed order.
+    std::vector<std::pair<QString, clsCompressor*>> sorted;
+    for (const auto& compressor : *Selection_) {
+        const QString key = fromCore(compressor->Key());
+        const QString text = groupBy == byCompressor ? nameWithRefrigerant(*compressor) + u'\n' + key : key;
+        sorted.emplace_back(text.toLower(), compressor.get());
+    }
+    std::sort(sorted.begin(), sorted.end());
     QString group;
-    for (clsCompressor* compressor : sorted) {
+    for (const auto& [text, compressor] : sorted) {
         const QString refrigerant = fromCore(compressor->Refrigerant);
         const QString name = nameOf(*compressor);
         const QString value = groupBy == byCompressor ? name : refrigerant;
