@@ -1,5 +1,6 @@
 #include "workspace/MDIMain.h"
 
+#include <QAction>
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
@@ -166,10 +167,8 @@ frmSelection* MDIMain::newSelection() {
     form->setListHeight(settings.value(QStringLiteral("Windows/ListHeight"), form->listHeight()).toInt());
 
     const QString key = form->Key();
-    connect(form, &frmSelection::stateChanged, this, [this, form] {
-        keepSizes(*form);
-        refreshState();
-    });
+    connect(form, &frmSelection::stateChanged, this, &MDIMain::refreshState);
+    connect(form, &frmSelection::sizesChanged, this, [this, form] { keepSizes(*form); });
     connect(form, &QObject::destroyed, this, [this, key] {
         TabStrip_->removeTab(TabStrip_->indexOf(key));
         OpenForms();
@@ -178,6 +177,8 @@ frmSelection* MDIMain::newSelection() {
     QMdiSubWindow* window = area_->addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWindowIcon(form->windowIcon());
+    // The menu of the program closes forms; two holders of one key would leave it without effect.
+    for (QAction* action : window->systemMenu()->actions()) action->setShortcuts({});
     connect(window, &QMdiSubWindow::windowStateChanged, this, &MDIMain::hideSystemMenu);
     form->populateLVCPS(cmbGroupBy_->Key().toInt());
     window->showMaximized();

@@ -100,6 +100,7 @@ void frmSelection::addCompressor(clsCompressor& compressor, const QString& label
 void frmSelection::PopulateFrame4() {
     if (Splitter2_->isHidden()) return;
     lvMessages_->clear();
+    lvMessages_->setEmptyText(QString());
     const int row = lvCps_->selectedRow();
     if (row < 0 || lvCps_->isGroup(row)) {
         TabStrip_->setToolTip(row < 0 ? QString() : lvCps_->text(row, 0));
@@ -124,6 +125,7 @@ void frmSelection::populateMessages(const clsCompressor& compressor) {
             lvMessages_->addMessage(mark, text, fromCore(message.Name));
         }
     };
+    lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
     list(compressor.Messages.Error, QStringLiteral("msgerror"));
     if (compressor.Messages.Error.Count() > 0) return;
     list(compressor.Messages.Attention, QStringLiteral("msgattention"));

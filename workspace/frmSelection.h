@@ -72,6 +72,8 @@ class frmSelection : public QWidget {
   signals:
     /// What the main window shows of the form has changed.
     void stateChanged();
+    /// The user moved a splitter.
+    void sizesChanged();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
