@@ -6,6 +6,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
 #include "data/Globals.h"
 #include "data/Hooks.h"
@@ -33,11 +34,6 @@ std::string nativePath(std::string path) {
         std::replace(path.begin(), path.end(), '\\', '/');
     return path;
 }
-
-constexpr std::string_view unknownFunctionText = "Aggiungere funzione";
-
-/// The two property codes of a state function as one number, for a switch.
-constexpr int key(int type1, int type2) { return 100 * type1 + type2; }
 
 /// More states than a run of the whole catalogue at one condition asks for.
 constexpr std::size_t rememberedStates = 8192;
@@ -104,80 +100,47 @@ double clsRefprop::Pressure(double t, int kph) {
     return Convert.ConvertUnitsApp(state_.p, 1);
 }
 
+// Which call serves which pair of property codes. Kept: the two enthalpy calls for a temperature tell the
+// library a shorter error text.
+constexpr clsRefprop::Route clsRefprop::temperatureRoutes[] = {{1, -1, Function::satp},
+                                                               {1, 4, Function::psflsh},
+                                                               {4, 1, Function::psflsh, swapped},
+                                                               {1, 3, Function::phflsh, asGiven, 173},
+                                                               {3, 1, Function::phflsh, swapped, 173}};
+
+constexpr clsRefprop::Route clsRefprop::enthalpyRoutes[] = {
+    {0, 1, Function::tpflsh},          {1, 0, Function::tpflsh, swapped}, {1, 4, Function::psflsh},
+    {4, 1, Function::psflsh, swapped}, {0, 4, Function::tsflsh},          {4, 0, Function::tsflsh, swapped}};
+
+constexpr clsRefprop::Route clsRefprop::entropyRoutes[] = {{0, 1, Function::tpflsh},
+                                                           {1, 0, Function::tpflsh, swapped},
+                                                           {1, 3, Function::phflsh},
+                                                           {3, 1, Function::phflsh, swapped}};
+
+// Kept: a temperature alone goes in as a pressure.
+constexpr clsRefprop::Route clsRefprop::densityRoutes[] = {{0, -1, Function::satp},
+                                                           {0, 1, Function::tpflsh},
+                                                           {1, 0, Function::tpflsh, swapped},
+                                                           {1, -1, Function::satp}};
+
 double clsRefprop::Temperature(double value1, int type1, int kph, double value2, int type2) {
-    // Kept: the two enthalpy calls here tell the library a shorter error text.
-    constexpr RefpropFunctions::Length shortErrorLength = 173;
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = type2 == -1 ? 0 : Convert.ConvertUnitsRefprop(value2, type2);
-    switch (key(type1, type2)) {
-        case key(1, -1):
-            ask({Function::satp, kph, v1, 0});
-            break;
-        case key(1, 4):
-            ask({Function::psflsh, 0, v1, v2});
-            break;
-        case key(4, 1):
-            ask({Function::psflsh, 0, v2, v1});
-            break;
-        case key(1, 3):
-            ask({Function::phflsh, 0, v1, v2}, shortErrorLength);
-            break;
-        case key(3, 1):
-            ask({Function::phflsh, 0, v2, v1}, shortErrorLength);
-            break;
-        default:
-            unknownFunction();
-    }
+    askBy(temperatureRoutes, {type1, type2}, {v1, v2}, kph);
     return Convert.ConvertUnitsApp(state_.t, 0);
 }
 
 double clsRefprop::Enthalpy(double value1, int type1, double value2, int type2) {
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = Convert.ConvertUnitsRefprop(value2, type2);
-    switch (key(type1, type2)) {
-        case key(0, 1):
-            ask({Function::tpflsh, 0, v1, v2});
-            break;
-        case key(1, 0):
-            ask({Function::tpflsh, 0, v2, v1});
-            break;
-        case key(1, 4):
-            ask({Function::psflsh, 0, v1, v2});
-            break;
-        case key(4, 1):
-            ask({Function::psflsh, 0, v2, v1});
-            break;
-        case key(0, 4):
-            ask({Function::tsflsh, 0, v1, v2});
-            break;
-        case key(4, 0):
-            ask({Function::tsflsh, 0, v2, v1});
-            break;
-        default:
-            unknownFunction();
-    }
+    askBy(enthalpyRoutes, {type1, type2}, {v1, v2}, 0);
     return Convert.ConvertUnitsApp(state_.h, 3);
 }
 
 double clsRefprop::Entropy(double value1, int type1, double value2, int type2) {
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = Convert.ConvertUnitsRefprop(value2, type2);
-    switch (key(type1, type2)) {
-        case key(0, 1):
-            ask({Function::tpflsh, 0, v1, v2});
-            break;
-        case key(1, 0):
-            ask({Function::tpflsh, 0, v2, v1});
-            break;
-        case key(1, 3):
-            ask({Function::phflsh, 0, v1, v2});
-            break;
-        case key(3, 1):
-            ask({Function::phflsh, 0, v2, v1});
-            break;
-        default:
-            unknownFunction();
-    }
+    askBy(entropyRoutes, {type1, type2}, {v1, v2}, 0);
     return Convert.ConvertUnitsApp(state_.s, 4);
 }
 
@@ -191,25 +154,24 @@ double clsRefprop::Density(double value1, int type1, int kph, std::optional<doub
         }
         v2 = Convert.ConvertUnitsRefprop(*value2, type2);
     }
-    switch (key(type1, type2)) {
-        case key(0, -1):  // kept: a temperature alone goes in as a pressure
-        case key(1, -1):
-            ask({Function::satp, kph, v1, 0});
-            state_.d = state_.dv;  // kept: the vapour's density, whatever kph says
-            break;
-        case key(0, 1):
-            ask({Function::tpflsh, 0, v1, v2});
-            break;
-        case key(1, 0):
-            ask({Function::tpflsh, 0, v2, v1});
-            break;
-        default:
-            unknownFunction();
-    }
+    const bool isAsked = askBy(densityRoutes, {type1, type2}, {v1, v2}, kph);
+    if (isAsked && type2 == -1) state_.d = state_.dv;  // kept: the vapour's density, whatever kph says
     return Convert.ConvertUnitsApp(state_.d, 2);
 }
 
-void clsRefprop::unknownFunction() { showBox(BoxKind::plain, std::string(unknownFunctionText)); }
+bool clsRefprop::askBy(std::span<const Route> routes, std::pair<int, int> types,
+                       std::pair<double, double> values, int kph) {
+    for (const Route& route : routes) {
+        if (std::pair(route.type1, route.type2) != types) continue;
+        if (route.order == swapped) std::swap(values.first, values.second);
+        const bool isSaturation = route.function == Function::satp;
+        ask({route.function, isSaturation ? kph : 0, values.first, isSaturation ? 0 : values.second},
+            route.errorLength);
+        return true;
+    }
+    showBox(BoxKind::plain, "Aggiungere funzione");
+    return false;
+}
 
 std::size_t clsRefprop::CallHash::operator()(const Call& call) const {
     constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15ULL;

@@ -4,8 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "data/clsDatabase.h"
 #include "thermo/RefpropLibrary.h"
@@ -76,9 +78,25 @@ class clsRefprop {
         std::size_t operator()(const Call& call) const;
     };
 
+    /// How a pair of property codes reaches a call of the library.
+    enum Order : std::uint8_t { asGiven, swapped };
+    struct Route {
+        int type1, type2;
+        Function function;
+        Order order = asGiven;
+        RefpropFunctions::Length errorLength = 255;
+    };
+    static const Route temperatureRoutes[5];
+    static const Route enthalpyRoutes[6];
+    static const Route entropyRoutes[4];
+    static const Route densityRoutes[4];
+
     void ask(const Call& call, RefpropFunctions::Length errorLength = 255);
     void askLibrary(const Call& call, RefpropFunctions::Length errorLength);
-    void unknownFunction();
+    /// Asks by the route of a pair of property codes; false for a pair without one, which shows a
+    /// box and changes nothing.
+    bool askBy(std::span<const Route> routes, std::pair<int, int> types, std::pair<double, double> values,
+               int kph);
 
     const RefpropFunctions* library_;
 

@@ -104,6 +104,10 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
     EXPECT_EQ(call("--refrigerant R134A --series TK-A --ted -100 --tcd 40").status,
               0);  // outside the envelope: listed, with its message
     EXPECT_EQ(call(std::string(point) + " --sh 1000").status, 0);
+    // Beyond the fluid's own range, for ten compressors: said once.
+    const Answer beyond = call("--refrigerant R134A --series TK-A --ted 500 --tcd 40", true);
+    EXPECT_EQ(beyond.status, 0);
+    EXPECT_EQ(beyond.out, "marvello-select: Undefined\n");
 }
 
 TEST(marvelloSelect, ABatchRunsInOneProcessAndNamesALineAtFault) {

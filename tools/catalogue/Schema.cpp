@@ -92,13 +92,11 @@ std::string declaration(ColumnKind kind) {
         case nullable:
             return "TEXT";
         case integer:
-            return "INTEGER NOT NULL";
         case byte:
+        case boolean:
             return "INTEGER NOT NULL";
         case real:
             return "REAL NOT NULL";
-        case boolean:
-            return "INTEGER NOT NULL";
     }
     return {};
 }

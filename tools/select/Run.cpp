@@ -5,6 +5,7 @@
 
 #include "catalogue/Globals.h"
 #include "data/ApplicationFolder.h"
+#include "data/CollectedBoxes.h"
 #include "data/Globals.h"
 #include "data/Texts.h"
 #include "engine/AbortRequested.h"
@@ -56,10 +57,12 @@ Run carryOut(const Request& request) {
     if (const std::string& fault = GetRefprop(request.refrigerant).SetupFault(); !fault.empty()) {
         throw std::runtime_error("The fluid library cannot set up " + request.refrigerant + ": " + fault);
     }
-    Run run{request, std::make_unique<clsSelections>()};
+    Run run{request, std::make_unique<clsSelections>(), {}};
     AbortRequested() = false;
+    const CollectedBoxes said;
     run.selection->Selection(std::make_shared<clsProjectConditions>(request.conditions), request.series,
                              request.models, request.refrigerant, static_cast<std::uint8_t>(request.market));
+    for (const CollectedBoxes::Box& box : said.boxes()) run.remarks.push_back(box.text);
     return run;
 }
 

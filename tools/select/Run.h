@@ -3,6 +3,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "engine/clsSelections.h"
 #include "tools/select/Request.h"
@@ -19,6 +20,7 @@ class NothingMatches : public std::runtime_error {
 struct Run {
     Request request;
     std::unique_ptr<clsSelections> selection;
+    std::vector<std::string> remarks;  ///< What the run had to say in message boxes, each once.
 };
 
 /// Opens the catalogue of the application folder and reads the texts of a language. Raises DatabaseError.

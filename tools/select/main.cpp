@@ -70,6 +70,11 @@ std::vector<Request> readBatch(const std::string& file, const Request& base) {
     return requests;
 }
 
+int complain(const std::string& sentence, ExitStatus status) {
+    std::fprintf(stderr, "marvello-select: %s\n", sentence.c_str());
+    return status;
+}
+
 int select(const Arguments& arguments) {
     setApplicationFolder(arguments.folder);
     openCatalogue(arguments.language);
@@ -88,19 +93,14 @@ int select(const Arguments& arguments) {
     for (const Request& request : requests) {
         runs.push_back(carryOut(request));
         compressors += runs.back().selection->Count();
+        for (const std::string& remark : runs.back().remarks) complain(remark, done);
     }
     const std::string out = arguments.format == "json"  ? asJson(runs, batch)
                             : arguments.format == "csv" ? asCsv(runs)
                                                         : asTable(runs);
     std::fputs(out.c_str(), stdout);
     if (compressors > 0) return done;
-    std::fputs("marvello-select: No compressor matches.\n", stderr);
-    return nothingMatches;
-}
-
-int complain(const char* sentence, ExitStatus status) {
-    std::fprintf(stderr, "marvello-select: %s\n", sentence);
-    return status;
+    return complain("No compressor matches.", nothingMatches);
 }
 
 int run(int argc, char** argv) {

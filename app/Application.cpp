@@ -1,0 +1,28 @@
+#include "app/Application.h"
+
+#include <QPalette>
+#include <exception>
+
+#include "controls/Icons.h"
+#include "controls/Look.h"
+#include "data/Hooks.h"
+
+namespace marvello {
+
+Application::Application(int& argumentCount, char** arguments) : QApplication(argumentCount, arguments) {
+    setOrganizationName(QStringLiteral("Kestrom"));
+    setApplicationName(QStringLiteral("Marvello"));
+    setApplicationDisplayName(QStringLiteral("Marvello"));
+    setApplicationVersion(QStringLiteral(MARVELLO_VERSION));
+    Look::install(*this, Look::matching(palette()));
+    setWindowIcon(markIcon(QStringLiteral("emblem")));
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) try {
+    return QApplication::notify(receiver, event);
+} catch (const std::exception& failure) {
+    showBox(BoxKind::critical, failure.what());
+    return false;
+}
+
+}  // namespace marvello

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace marvello {
+
+/// The per-user value "section/name" of a product of Kestrom, in the platform's own store; nothing when there
+/// is none. Raises std::runtime_error "number - reason" when the store cannot be read.
+std::optional<std::string> readSetting(const std::string& product, const std::string& section,
+                                       const std::string& name);
+
+/// Stores a per-user value at once. Raises std::runtime_error "number - reason" when it cannot be stored.
+void writeSetting(const std::string& product, const std::string& section, const std::string& name,
+                  const std::string& value);
+
+}  // namespace marvello

@@ -1,0 +1,109 @@
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QLockFile>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <filesystem>
+#include <fstream>
+#include <vector>
+
+#include "app/Main.h"
+#include "controls/MessageBox.h"
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "engine/AbortRequested.h"
+#include "workspace/Frmsplash.h"
+#include "workspace/MDIMain.h"
+
+using namespace marvello;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+template <class Window>
+Window* shown() {
+    for (auto* const widget : QApplication::topLevelWidgets())
+        if (auto* const window = dynamic_cast<Window*>(widget); window && window->isVisible()) return window;
+    return nullptr;
+}
+
+class Start : public testing::Test {
+  protected:
+    void SetUp() override {
+        MessageBox::setHandler([this](MessageBox::Mark, const QString& text) {
+            boxes_.push_back(text.toStdString());
+            sawMainWindow_ = sawMainWindow_ || shown<MDIMain>() != nullptr;
+        });
+        fs::current_path(folder());  // away from the Fluids folder of the built program
+        setApplicationFolder(folder());
+    }
+    void TearDown() override {
+        MessageBox::setHandler({});
+        setApplicationFolder("");
+        releaseGlobals();
+        fs::current_path(fs::temp_directory_path());
+    }
+
+    std::string folder() const { return folder_.path().toStdString(); }
+
+    QTemporaryDir folder_;
+    std::vector<std::string> boxes_;
+    bool sawMainWindow_ = false;
+};
+
+TEST_F(Start, FailsWithOneSentenceWithoutFluidsOrCatalogue) {
+    EXPECT_EQ(Main(), failedStart);
+    EXPECT_THAT(boxes_, ElementsAre(AllOf(HasSubstr("cannot start"), HasSubstr(folder() + "/Fluids"))));
+
+    boxes_.clear();
+    fs::create_directory(folder() + "/Fluids");
+    EXPECT_EQ(Main(), failedStart);
+    EXPECT_THAT(boxes_, ElementsAre(HasSubstr("There is no catalogue file " + folder() + "/db.mdb")));
+
+    boxes_.clear();
+    std::ofstream(folder() + "/db.mdb") << "not a catalogue at all, but a text of some length";
+    EXPECT_EQ(Main(), failedStart);
+    EXPECT_THAT(boxes_, ElementsAre(HasSubstr("is not a catalogue")));
+    EXPECT_FALSE(sawMainWindow_);
+    EXPECT_EQ(shown<Frmsplash>(), nullptr);
+}
+
+TEST_F(Start, LeavesTheFirstInstanceAlone) {
+    QLockFile first(instanceLockFile());
+    ASSERT_TRUE(first.tryLock());
+    EXPECT_EQ(Main(), ended);
+    EXPECT_THAT(boxes_, ElementsAre("Another copy of Marvello is already running."));
+    EXPECT_FALSE(sawMainWindow_);
+    EXPECT_EQ(gDatabase().ConnectionString, "");  // the catalogue was not touched
+    EXPECT_TRUE(first.isLocked());
+}
+
+TEST_F(Start, ShowsTheMainWindowAndUnloadsTheSplash) {
+    setApplicationFolder(MARVELLO_APP_FOLDER);
+    AbortRequested() = true;
+    bool splashGone = false;
+    QTimer closing;
+    closing.setInterval(50);
+    int looks = 0;
+    QObject::connect(&closing, &QTimer::timeout, [&] {
+        auto* const window = shown<MDIMain>();
+        if (!window) return;
+        sawMainWindow_ = true;
+        splashGone = shown<Frmsplash>() == nullptr;
+        if (splashGone || ++looks == 200) window->close();  // the window becomes active when it may
+    });
+    closing.start();
+    EXPECT_EQ(Main(), ended);
+    EXPECT_TRUE(sawMainWindow_);
+    EXPECT_TRUE(splashGone);
+    EXPECT_FALSE(AbortRequested());
+    EXPECT_THAT(boxes_, IsEmpty());
+}
+
+}  // namespace
