@@ -48,6 +48,14 @@ class WorkArea : public QMdiArea {
     }
 };
 
+/// The pointer waits as long as this lives.
+struct WaitCursor {
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
 QSettings windowSettings() { return QSettings(QStringLiteral("Kestrom"), QStringLiteral("Marvello")); }
 
 }  // namespace
@@ -153,7 +161,7 @@ void MDIMain::chooseLanguage(const QString& language) {
 }
 
 frmSelection* MDIMain::newSelection() {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const WaitCursor wait;
     auto* form = new frmSelection;
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
     const QString number = QString::number(++formNumber_);
@@ -184,7 +192,6 @@ frmSelection* MDIMain::newSelection() {
     window->showMaximized();
     TabStrip_->setCurrentIndex(tab);
     OpenForms();
-    QApplication::restoreOverrideCursor();
     return form;
 }
 
