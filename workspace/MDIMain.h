@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <array>
 
 class QAction;
 class QActionGroup;
@@ -68,7 +69,7 @@ class MDIMain : public QMainWindow {
     AdvanceText* selector(const char* name, QWidget* parent);
     /// Shows a choice without acting on it.
     static void showKey(AdvanceText* field, const QString& key);
-    static void offer(AdvanceText* field, const QString& prefix, int boxWidth);
+    static void offer(AdvanceText* field, int boxWidth, const std::array<const char*, 3>& keys);
     void tileHorizontal();
     void tileVertical();
     void translateCommand(const char* name, const char* key);

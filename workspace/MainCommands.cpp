@@ -169,21 +169,23 @@ void MDIMain::Traduci() {
     translateCommand("frameresize", "mdimain.toolbar.frameresize");
     translateCommand("frecciaup", "mdimain.toolbar.frecciaup");
     translateCommand("frecciadown", "mdimain.toolbar.frecciadown");
-    offer(cmbmeasureunits_, QStringLiteral("mdimain.cmbmeasureunits"), measureBoxWidth);
-    offer(cmbGroupBy_, QStringLiteral("mdimain.cmbgroupby"), groupBoxWidth);
+    offer(cmbmeasureunits_, measureBoxWidth,
+          {"mdimain.cmbmeasureunits.captiontext", "mdimain.cmbmeasureunits.item00",
+           "mdimain.cmbmeasureunits.item01"});
+    offer(cmbGroupBy_, groupBoxWidth,
+          {"mdimain.cmbgroupby.captiontext", "mdimain.cmbgroupby.item00", "mdimain.cmbgroupby.item01"});
 }
 
-// The caption of a selector and its two choices.
-void MDIMain::offer(AdvanceText* field, const QString& prefix, int boxWidth) {
-    const QString caption = dictionaryText(prefix + QStringLiteral(".captiontext"));
+// The caption of a selector and its two choices, by their keys.
+void MDIMain::offer(AdvanceText* field, int boxWidth, const std::array<const char*, 3>& keys) {
+    const QString caption = dictionaryText(QLatin1String(keys[0]));
     constexpr int captionGap = 9;
     const int captionWidth = QFontMetrics(lookFont(12)).horizontalAdvance(caption) + captionGap;
     field->SetCaptionText(caption);
     field->setProperty("CaptionWidth", captionWidth);
     field->setFixedWidth(captionWidth + boxWidth + 2 * AdvanceText::halo);
     field->SetTag1(QStringLiteral("0|%1;1|%2")
-                       .arg(dictionaryText(prefix + QStringLiteral(".item00")),
-                            dictionaryText(prefix + QStringLiteral(".item01"))));
+                       .arg(dictionaryText(QLatin1String(keys[1])), dictionaryText(QLatin1String(keys[2]))));
     showKey(field, field->Key());
 }
 
