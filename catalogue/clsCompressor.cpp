@@ -13,10 +13,10 @@ constexpr int smallMotor = 0;
 constexpr int fullMotor = 1;
 constexpr int defaultMotor = -1;
 
-clsPolynomial scaledSurface(const RecordSet& row, double factor) {
+clsPolynomial scaledSurface(const RecordSet& row, double frequencyFactor, double speedFactor = 1) {
     clsPolynomial surface;
     for (std::size_t i = 0; i < surface.c.size(); ++i) {
-        surface.c[i] = checked(row.number("fC" + std::to_string(i + 1)) * factor);
+        surface.c[i] = checked(row.number("fC" + std::to_string(i + 1)) * frequencyFactor * speedFactor);
     }
     return surface;
 }
@@ -133,16 +133,15 @@ void clsCompressor::readDischargeSurface(clsDatabase& db, const std::string& pol
 void clsCompressor::LoadInverterPolynomials(clsDatabase& db, float tEvaporating, float tCondensing,
                                             float frequency, float frequencyFactor) {
     const std::string rows = hasVariableVi_ ? " order by fField" : " and fField=100 order by fField";
-    const double factorQ0 = static_cast<double>(frequencyFactor) * InverterInfo.getKQ0(frequency);
-    const double factorPta = static_cast<double>(frequencyFactor) * InverterInfo.getKPta(frequency);
+    const double factor = static_cast<double>(frequencyFactor);
     double bestEfficiency = -1e15;
     for (RecordSet row = db.Execute(surfaceQuery(PolynomialQ0.Name, 0, rows)); !row.eof(); row.moveNext()) {
         const std::string field = storedText(row.number("fField"));
-        const clsPolynomial capacity = scaledSurface(row, factorQ0);
+        const clsPolynomial capacity = scaledSurface(row, factor, InverterInfo.getKQ0(frequency));
         clsPolynomial power;
         const RecordSet powerRow =
             db.Execute(surfaceQuery(polynomialPta.Name, 1, " and fField =" + field + " order by fField"));
-        if (!powerRow.eof()) power = scaledSurface(powerRow, factorPta);
+        if (!powerRow.eof()) power = scaledSurface(powerRow, factor, InverterInfo.getKPta(frequency));
 
         if (!capacity.isOK() || !power.isOK()) {
             // An incomplete pair spoils the whole model, a better row found before included.
@@ -150,8 +149,11 @@ void clsCompressor::LoadInverterPolynomials(clsDatabase& db, float tEvaporating,
             polynomialPta.c.fill(0);
             return;
         }
-        const double efficiency = checked(capacity.Calculate(tEvaporating, tCondensing) /
-                                          power.Calculate(tEvaporating, tCondensing));
+        const double absorbed = power.Calculate(tEvaporating, tCondensing);
+        if (absorbed == 0) {
+            throw ArithmeticFault("The power surface of " + Serie + " " + Model + " is 0 at the conditions.");
+        }
+        const double efficiency = checked(capacity.Calculate(tEvaporating, tCondensing) / absorbed);
         if (efficiency > bestEfficiency) {
             bestEfficiency = efficiency;
             InverterInfo.ViSelected = field;

@@ -12,12 +12,12 @@ class clsMotor {
     std::string NominalPower;  ///< As shown to the user.
     int Voltage = 0;           ///< Supply voltage, V.
     int Phase = 0;
-    std::array<double, 5>
-        c{};            ///< Current in A over the absorbed power t in kW at 50 Hz: c1 + c2 t + ... + c5 t^4.
-    int Hz = 0;         ///< The supply's frequency; the row read is always the one of 50 Hz.
-    int MotorType = 0;  ///< 1 full motor, 0 small motor.
-    double Lra1 = 0;    ///< Locked-rotor current, first value, A.
-    double Lra2 = 0;    ///< Locked-rotor current, second value, A.
+    /// Current in A over the absorbed power t in kW at 50 Hz: c1 + c2 t + ... + c5 t^4.
+    std::array<double, 5> c{};
+    int Hz = 0;               ///< The supply's frequency; the row read is always the one of 50 Hz.
+    int MotorType = 0;        ///< 1 full motor, 0 small motor.
+    double Lra1 = 0;          ///< Locked-rotor current, first value, A.
+    double Lra2 = 0;          ///< Locked-rotor current, second value, A.
     bool isStandard = false;  ///< The motor is the standard fit.
 
     bool isVirtual() const { return ID == 0; }

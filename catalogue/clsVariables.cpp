@@ -50,8 +50,8 @@ void clsVariables::add(const std::string& Name, VariableValue value, const std::
     variable->Description = Description;
     variable->UnitMeasuretext = UnitMeasuretext;
     variable->Tag = Tag;
-    Remove(Name);
-    byName_.emplace(Name, variable.get());
+    Remove(variable->Name);  // `Name` may be that of the entry which goes
+    byName_.emplace(variable->Name, variable.get());
     entries_.push_back(std::move(variable));
 }
 

@@ -205,13 +205,14 @@ void CompressorCalculation::efficiency() {
     let("EER", [&] { return v_("COP") * 3.412; });
 }
 
+/// A compressor without a discharge surface has all its coefficients 0 and goes through here like any other.
 void CompressorCalculation::dischargeTemperature() {
     statements_.attempt([&] {
         const clsPolynomialSh& surface = compressor_.PolynomialSh;
         const double t =
             surface.at(v_("Ted"), v_("Tcd")) + v_("Sh") - surface.Sh + static_cast<double>(compressor_.ctsca);
-        v_.add("T21", t, "", units_.Tunits);
-        v_.add("Tsca", t, "", units_.Tunits);
+        v_.add("T21", t);
+        v_.add("Tsca", t);
     });
 }
 

@@ -17,9 +17,10 @@ auto hasKey(std::string_view key) {
 
 void clsOutputs::add(const std::string& Key, const std::string& Name, const std::string& Description,
                      const std::string& UmDescription, VariableValue value, int Visibility) {
-    Remove(Name);
-    if (Exist(Key)) throw std::invalid_argument("The column " + Key + " is there already.");
-    outputs_.push_back({UmDescription, Key, Name, Description, Visibility, std::move(value)});
+    clsOutput output{UmDescription, Key, Name, Description, Visibility, std::move(value)};
+    Remove(output.Name);
+    if (Exist(output.Key)) throw std::invalid_argument("The column " + output.Key + " is there already.");
+    outputs_.push_back(std::move(output));
 }
 
 clsOutput& clsOutputs::Item(std::string_view key) {

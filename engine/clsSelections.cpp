@@ -48,9 +48,9 @@ int movedBy(int cursor, int step) {
 
 }  // namespace
 
-void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> conditions,
-                              const std::string& Serie, const std::string& models,
-                              const std::string& refrigerants, std::uint8_t Market) {
+// The texts are copies: they may be the properties that are written here.
+void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> conditions, std::string Serie,
+                              std::string models, std::string refrigerants, std::uint8_t Market) {
     isAborted_ = false;
     Clear();
     stopFlag_ = false;
@@ -78,7 +78,8 @@ std::string clsSelections::BuildSelectionSql(const std::string& serie, const std
 }
 
 void clsSelections::loadCompressors(const std::string& sql) {
-    const clsProjectConditions& conditions = *ProjectConditions;
+    const std::shared_ptr<const clsProjectConditions> held = ProjectConditions;  // across the turns below
+    const clsProjectConditions& conditions = *held;
     const bool economized = conditions.EcoCalculateMode != 0;
     for (RecordSet row = gDatabase().Execute(sql); !row.eof(); row.moveNext()) {
         giveTurn();
@@ -103,16 +104,21 @@ void clsSelections::CalculateCompressors() {
             Abort();
             return;
         }
-        CalculateCompressor(Item(i));
-        if (SelectionPercent) SelectionPercent(roundedToInteger(static_cast<double>(i) / count * 100), i);
+        // Shared, since a window event during the calculation may clear the results.
+        CalculateCompressor(compressors_.at(static_cast<std::size_t>(i) - 1));
+        if (SelectionPercent)
+            SelectionPercent(roundedToInteger(checked(static_cast<double>(i) / Count()) * 100), i);
     }
 }
 
-void clsSelections::CalculateCompressor(clsCompressor& compressor) {
-    timeout_ = std::make_unique<formTimeout>();
-    timeout_->Timeout = [] { giveTurn(); };
-    CompressorCalculation(compressor, GetRefprop(compressor.Refrigerant), *ProjectConditions, *timeout_)
-        .run();
+void clsSelections::CalculateCompressor(const std::shared_ptr<clsCompressor>& compressor) {
+    const auto calculated = compressor;
+    const auto conditions = ProjectConditions;
+    const auto timeout = std::make_shared<formTimeout>();
+    timeout->Timeout = [] { giveTurn(); };
+    timeout_ = timeout;
+    const auto refprop = SharedRefprop(calculated->Refrigerant);
+    CompressorCalculation(*calculated, *refprop, *conditions, *timeout).run();
 }
 
 void clsSelections::Abort() {

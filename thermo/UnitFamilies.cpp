@@ -4,6 +4,8 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "data/Arithmetic.h"
+
 namespace marvello {
 
 namespace {
@@ -268,7 +270,7 @@ const UnitIndex& unitIndex() {
 double applyRule(const Unit& unit, double value, double molarMass, UnitPass pass) {
     const bool toBase = pass == UnitPass::toBase;
     const double factor =
-        unit.molarPower == 0 ? unit.factor : unit.factor * std::pow(molarMass, unit.molarPower);
+        unit.molarPower == 0 ? unit.factor : checked(unit.factor * std::pow(molarMass, unit.molarPower));
     switch (unit.rule) {
         case Rule::scaled:
             return toBase ? value * factor : value / factor;

@@ -38,8 +38,8 @@ std::string nativePath(std::string path) {
 /// More states than a run of the whole catalogue at one condition asks for.
 constexpr std::size_t rememberedStates = 8192;
 
-std::unique_ptr<clsRefprop>& sharedService() {
-    static std::unique_ptr<clsRefprop> service;
+std::shared_ptr<clsRefprop>& sharedService() {
+    static std::shared_ptr<clsRefprop> service;
     return service;
 }
 
@@ -232,17 +232,19 @@ void clsRefprop::askLibrary(const Call& call, RefpropFunctions::Length errorLeng
 }
 
 void InitRefprop(const std::string& refrigerant) {
-    auto service = std::make_unique<clsRefprop>();
+    auto service = std::make_shared<clsRefprop>();
     service->Initialize(gDatabase(), 0, refrigerant, "Fluids\\");
     sharedService() = std::move(service);
 }
 
-clsRefprop& GetRefprop(const std::string& refrigerant) {
+std::shared_ptr<clsRefprop> SharedRefprop(const std::string& refrigerant) {
     if (!sharedService() || !equalIgnoringCase(sharedService()->Refrigerant, trimmed(refrigerant))) {
         InitRefprop(refrigerant);
     }
-    return *sharedService();
+    return sharedService();
 }
+
+clsRefprop& GetRefprop(const std::string& refrigerant) { return *SharedRefprop(refrigerant); }
 
 void releaseRefprop() { sharedService().reset(); }
 

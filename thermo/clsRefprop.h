@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -122,6 +123,9 @@ void InitRefprop(const std::string& refrigerant);
 /// The library keeps its fluid in global state, so there is one service, and a change of refrigerant costs a
 /// set-up.
 clsRefprop& GetRefprop(const std::string& refrigerant);
+
+/// The same, for who holds it across window events, in which the service may be replaced.
+std::shared_ptr<clsRefprop> SharedRefprop(const std::string& refrigerant);
 
 /// Releases the shared service, for a change of catalogue or folder.
 void releaseRefprop();
