@@ -101,7 +101,6 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
             return 1;
         case SH_EtchDisabledText:
         case SH_DitherDisabledText:
-            return 0;
         case SH_ToolTip_Mask:
         case SH_WindowFrame_Mask:
             return 0;

@@ -1,6 +1,5 @@
 #include "controls/ResultsView.h"
 
-#include <QContextMenuEvent>
 #include <QFontMetrics>
 #include <QHelpEvent>
 #include <QPainter>
@@ -165,15 +164,6 @@ bool ResultsView::selectKey(const QString& key) {
             return true;
         }
     return false;
-}
-
-void ResultsView::contextMenuEvent(QContextMenuEvent* event) {
-    const int row = selectedRow();
-    if (row < 0) return;
-    const QRect place = visualRect(model_.index(row, 0));
-    emit menuWanted(event->reason() == QContextMenuEvent::Mouse
-                        ? event->globalPos()
-                        : viewport()->mapToGlobal(place.bottomLeft()));
 }
 
 // A dialog or another program takes the focus of the window only for a while.

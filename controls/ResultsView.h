@@ -60,11 +60,8 @@ class ResultsView : public QTreeView {
   signals:
     /// The selected row changed, by mouse, key or program.
     void rowSelected();
-    /// The right mouse button or the menu key on a row.
-    void menuWanted(const QPoint& globalPosition);
 
   protected:
-    void contextMenuEvent(QContextMenuEvent* event) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& options,
                  const QModelIndex& index) const override;
     bool viewportEvent(QEvent* event) override;

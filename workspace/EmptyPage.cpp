@@ -108,7 +108,8 @@ void EmptyPage::paintLine(QPainter& painter, const QList<Word>& line, double top
             painter.drawRoundedRect(place.adjusted(0.5, 1.5, -0.5, -1.5), 3, 3);
         }
         painter.drawText(place.adjusted(0, 0, 1, 0),
-                         isKey ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter, word.text);
+                         static_cast<int>(Qt::AlignVCenter | (isKey ? Qt::AlignHCenter : Qt::AlignLeft)),
+                         word.text);
         left += place.width() + gapAfter(i);
     }
 }

@@ -1,5 +1,6 @@
 #include "workspace/MDIMain.h"
 
+#include <QAction>
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
@@ -45,6 +46,14 @@ class WorkArea : public QMdiArea {
         const QRectF place((viewport()->width() - side) / 2, (viewport()->height() - side) / 2, side, side);
         paintIcon(painter, place, QStringLiteral("emblem"), Look::current().hover);
     }
+};
+
+/// The pointer waits as long as this lives.
+struct WaitCursor {
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
 QSettings windowSettings() { return QSettings(QStringLiteral("Kestrom"), QStringLiteral("Marvello")); }
@@ -152,8 +161,9 @@ void MDIMain::chooseLanguage(const QString& language) {
 }
 
 frmSelection* MDIMain::newSelection() {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const WaitCursor wait;
     auto* form = new frmSelection;
+    form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
     const QString number = QString::number(++formNumber_);
     form->setKey(number + QStringLiteral("Selection"));
     form->setDescription(number + u' ' +
@@ -165,10 +175,8 @@ frmSelection* MDIMain::newSelection() {
     form->setListHeight(settings.value(QStringLiteral("Windows/ListHeight"), form->listHeight()).toInt());
 
     const QString key = form->Key();
-    connect(form, &frmSelection::stateChanged, this, [this, form] {
-        keepSizes(*form);
-        refreshState();
-    });
+    connect(form, &frmSelection::stateChanged, this, &MDIMain::refreshState);
+    connect(form, &frmSelection::sizesChanged, this, [this, form] { keepSizes(*form); });
     connect(form, &QObject::destroyed, this, [this, key] {
         TabStrip_->removeTab(TabStrip_->indexOf(key));
         OpenForms();
@@ -177,12 +185,13 @@ frmSelection* MDIMain::newSelection() {
     QMdiSubWindow* window = area_->addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWindowIcon(form->windowIcon());
+    // The menu of the program closes forms; two holders of one key would leave it without effect.
+    for (QAction* action : window->systemMenu()->actions()) action->setShortcuts({});
     connect(window, &QMdiSubWindow::windowStateChanged, this, &MDIMain::hideSystemMenu);
     form->populateLVCPS(cmbGroupBy_->Key().toInt());
     window->showMaximized();
     TabStrip_->setCurrentIndex(tab);
     OpenForms();
-    QApplication::restoreOverrideCursor();
     return form;
 }
 
@@ -226,6 +235,9 @@ void MDIMain::refreshState() {
     commands_[QStringLiteral("frecciadown")]->setEnabled(hasResults);
     commands_[QStringLiteral("frameresize")]->setChecked(form && form->isCollapsed());
     cmbGroupBy_->setEnabled(hasResults);
+    cmbmeasureunits_->setEnabled(form != nullptr);
+    // Each form keeps its own measure system.
+    if (form) showKey(cmbmeasureunits_, QString::number(form->MeasureUnit()));
     refreshStatus(form);
 }
 

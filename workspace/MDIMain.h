@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <array>
 
 class QAction;
 class QActionGroup;
@@ -65,6 +66,10 @@ class MDIMain : public QMainWindow {
     void makeMenus();
     void makeToolBar();
     QWidget* makeSelectors();
+    AdvanceText* selector(const char* name, QWidget* parent);
+    /// Shows a choice without acting on it.
+    static void showKey(AdvanceText* field, const QString& key);
+    static void offer(AdvanceText* field, int boxWidth, const std::array<const char*, 3>& keys);
     void tileHorizontal();
     void tileVertical();
     void translateCommand(const char* name, const char* key);
@@ -76,6 +81,7 @@ class MDIMain : public QMainWindow {
     QMenu* mnuWindow_ = nullptr;
     QActionGroup* languages_ = nullptr;
     QToolBar* CoolBar1_ = nullptr;
+    AdvanceText* cmbmeasureunits_ = nullptr;
     AdvanceText* cmbGroupBy_ = nullptr;
     DropList* dropList_ = nullptr;
     TabBand* tabBand_ = nullptr;

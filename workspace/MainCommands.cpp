@@ -1,6 +1,7 @@
 // The menus, the tool bar and the selectors of the main window.
 
 #include <QAction>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMdiArea>
@@ -21,6 +22,18 @@
 #include "workspace/frmSelection.h"
 
 namespace marvello {
+
+namespace {
+
+constexpr int measureBoxWidth = 116;
+constexpr int groupBoxWidth = 132;
+
+}  // namespace
+
+void MDIMain::showKey(AdvanceText* field, const QString& key) {
+    field->setkey(key);
+    field->SetTextValue(fromCore(ListLookup(toCore(key), toCore(field->Tag1()))));
+}
 
 QAction* MDIMain::command(const char* name, const char* iconName, const QKeySequence& keys) {
     auto* action = new QAction(this);
@@ -99,25 +112,34 @@ void MDIMain::makeToolBar() {
     CoolBar1_->addWidget(makeSelectors());
 }
 
+AdvanceText* MDIMain::selector(const char* name, QWidget* parent) {
+    auto* field = new AdvanceText(parent);
+    field->setObjectName(QLatin1String(name));
+    field->SetLocked(true);
+    field->setProperty("ButtonVisible", true);
+    field->setProperty("CaptionFont", lookFont(12));
+    field->setProperty("CaptionAlignment", 1);
+    field->setkey(QStringLiteral("0"));
+    dropList_->serve(field);
+    return field;
+}
+
 QWidget* MDIMain::makeSelectors() {
-    constexpr int boxWidth = 132;
     auto* selectors = new QWidget(this);
     auto* row = new QHBoxLayout(selectors);
     row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(16);
     row->addStretch(1);
-    cmbGroupBy_ = new AdvanceText(selectors);
-    cmbGroupBy_->setObjectName(QStringLiteral("cmbGroupBy"));
-    cmbGroupBy_->SetLocked(true);
-    cmbGroupBy_->setProperty("ButtonVisible", true);
-    cmbGroupBy_->setProperty("CaptionFont", lookFont(12));
-    cmbGroupBy_->setProperty("CaptionAlignment", 1);
-    cmbGroupBy_->setProperty("CaptionWidth", 120);
-    cmbGroupBy_->setFixedWidth(120 + boxWidth + 2 * AdvanceText::halo);
-    cmbGroupBy_->setkey(QStringLiteral("0"));
-    dropList_->serve(cmbGroupBy_);
+    cmbmeasureunits_ = selector("cmbmeasureunits", selectors);
+    cmbGroupBy_ = selector("cmbGroupBy", selectors);
+    connect(cmbmeasureunits_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
+        frmSelection* form = ActiveForm();
+        if (form && form->MeasureUnit() != key.toInt()) form->MeasureUnits(key.toInt(), true);
+    });
     connect(cmbGroupBy_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
         if (frmSelection* form = ActiveForm()) form->populateLVCPS(key.toInt());
     });
+    row->addWidget(cmbmeasureunits_);
     row->addWidget(cmbGroupBy_);
     return selectors;
 }
@@ -147,12 +169,24 @@ void MDIMain::Traduci() {
     translateCommand("frameresize", "mdimain.toolbar.frameresize");
     translateCommand("frecciaup", "mdimain.toolbar.frecciaup");
     translateCommand("frecciadown", "mdimain.toolbar.frecciadown");
-    cmbGroupBy_->SetCaptionText(dictionaryText(QStringLiteral("mdimain.cmbgroupby.captiontext")));
-    const QString choices = QStringLiteral("0|%1;1|%2")
-                                .arg(dictionaryText(QStringLiteral("mdimain.cmbgroupby.item00")),
-                                     dictionaryText(QStringLiteral("mdimain.cmbgroupby.item01")));
-    cmbGroupBy_->SetTag1(choices);
-    cmbGroupBy_->SetTextValue(fromCore(ListLookup(toCore(cmbGroupBy_->Key()), toCore(choices))));
+    offer(cmbmeasureunits_, measureBoxWidth,
+          {"mdimain.cmbmeasureunits.captiontext", "mdimain.cmbmeasureunits.item00",
+           "mdimain.cmbmeasureunits.item01"});
+    offer(cmbGroupBy_, groupBoxWidth,
+          {"mdimain.cmbgroupby.captiontext", "mdimain.cmbgroupby.item00", "mdimain.cmbgroupby.item01"});
+}
+
+// The caption of a selector and its two choices, by their keys.
+void MDIMain::offer(AdvanceText* field, int boxWidth, const std::array<const char*, 3>& keys) {
+    const QString caption = dictionaryText(QLatin1String(keys[0]));
+    constexpr int captionGap = 9;
+    const int captionWidth = QFontMetrics(lookFont(12)).horizontalAdvance(caption) + captionGap;
+    field->SetCaptionText(caption);
+    field->setProperty("CaptionWidth", captionWidth);
+    field->setFixedWidth(captionWidth + boxWidth + 2 * AdvanceText::halo);
+    field->SetTag1(QStringLiteral("0|%1;1|%2")
+                       .arg(dictionaryText(QLatin1String(keys[1])), dictionaryText(QLatin1String(keys[2]))));
+    showKey(field, field->Key());
 }
 
 void MDIMain::tileHorizontal() {

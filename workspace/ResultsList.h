@@ -22,9 +22,14 @@ QString markOf(const clsCompressor& compressor);
 /// True when the mark leaves the columns blank.
 bool isBlank(const clsCompressor& compressor);
 
-/// What stands in the column `key` for a calculated compressor, in metric units. Raises VariableError for a
-/// value that is not there.
-QString resultText(clsCompressor& compressor, const QString& key, const QLocale& locale = QLocale());
+/// The unit that a column has in the imperial system, "F" for degrees Fahrenheit; empty where it keeps its
+/// own.
+QString imperialUnit(const QString& key);
+
+/// What stands in the column `key` for a calculated compressor, in the measure system. Raises VariableError
+/// for a value that is not there.
+QString resultText(clsCompressor& compressor, const QString& key, bool isImperial,
+                   const QLocale& locale = QLocale());
 
 /// Serie-Model, and Serie-Model-Refrigerant.
 QString nameOf(const clsCompressor& compressor);

@@ -1,6 +1,7 @@
 // The inputs of a selection form: what they offer, and how they follow one another.
 
 #include <QTimer>
+#include <array>
 #include <cmath>
 
 #include "catalogue/Globals.h"
@@ -127,16 +128,16 @@ void frmSelection::connectModes() {
     connect(panel_->cmbEco, &AdvanceText::KeyChange, this, [this] {
         panel_->txtEco->setVisible(panel_->cmbEco->Key() != u"0");
         panel_->layOut();
-        MeasureUnits();
+        showUnits();
     });
     connect(panel_->cmbOilCooling, &AdvanceText::KeyChange, this, [this] {
         panel_->txtOilCooling->setVisible(panel_->cmbOilCooling->Key().toInt() >= 2);
         panel_->layOut();
-        MeasureUnits();
+        showUnits();
     });
     connect(panel_->cmbSh, &AdvanceText::KeyChange, this, [this] {
         panel_->layOut();
-        MeasureUnits();
+        showUnits();
         gestioneSH(false);
     });
 }
@@ -224,13 +225,22 @@ void frmSelection::ApplyInputMask(unsigned mask) {
 }
 
 void frmSelection::SyncTemperatureFields(const QString& leader) {
-    CoupledFields fields{.TED = panel_->txtTED->number(),
-                         .TEM = panel_->txtTEM->number(),
-                         .PE = panel_->txtPE->number(),
-                         .TCD = panel_->txtTCD->number(),
-                         .TCM = panel_->txtTCM->number(),
-                         .PC = panel_->txtPC->number(),
-                         .SC = panel_->txtSC->number()};
+    using Rule = double (*)(double, MeasureSystem, MeasureSystem);
+    struct Entry {
+        AdvanceText* field;
+        double CoupledFields::* value;
+        Rule rule;
+    };
+    const std::array<Entry, 7> entries{{{panel_->txtTED, &CoupledFields::TED, convertedTemperature},
+                                        {panel_->txtTEM, &CoupledFields::TEM, convertedTemperature},
+                                        {panel_->txtPE, &CoupledFields::PE, convertedPressure},
+                                        {panel_->txtTCD, &CoupledFields::TCD, convertedTemperature},
+                                        {panel_->txtTCM, &CoupledFields::TCM, convertedTemperature},
+                                        {panel_->txtPC, &CoupledFields::PC, convertedPressure},
+                                        {panel_->txtSC, &CoupledFields::SC, convertedDifference}}};
+    CoupledFields fields;
+    for (const auto& [field, value, rule] : entries)
+        fields.*value = rule(field->number(), measureUnit_, MeasureSystem::metric);
     const CoupledFields before = fields;
     const std::string refrigerant = toCore(panel_->lstRefrigerants->Key());
     try {
@@ -239,15 +249,9 @@ void frmSelection::SyncTemperatureFields(const QString& leader) {
     } catch (const std::exception&) {
         return;  // A calculation says what is wrong; a key stroke does not.
     }
-    const auto write = [](AdvanceText* field, double old, double fresh) {
-        if (fresh != old) field->SetTextValue(fresh);
-    };
-    write(panel_->txtTED, before.TED, fields.TED);
-    write(panel_->txtTEM, before.TEM, fields.TEM);
-    write(panel_->txtPE, before.PE, fields.PE);
-    write(panel_->txtTCD, before.TCD, fields.TCD);
-    write(panel_->txtTCM, before.TCM, fields.TCM);
-    write(panel_->txtPC, before.PC, fields.PC);
+    for (const auto& [field, value, rule] : entries)
+        if (fields.*value != before.*value)
+            field->SetTextValue(rule(fields.*value, MeasureSystem::metric, measureUnit_));
 }
 
 void frmSelection::typedIn(AdvanceText* field) {
@@ -298,8 +302,9 @@ void frmSelection::walkPair(const AdvanceText* field) {
 
 bool frmSelection::gestioneSH(bool showMessage) {
     const double asked = panel_->txtSH->number();
-    const double permitted = permittedSuperheat(asked, panel_->lstRefrigerants->Key(), false,
-                                                panel_->cmbSh->Key() == u"0", panel_->txtTED->number());
+    const double permitted =
+        permittedSuperheat(asked, panel_->lstRefrigerants->Key(), measureUnit_ == MeasureSystem::imperial,
+                           panel_->cmbSh->Key() == u"0", panel_->txtTED->number());
     if (permitted == asked) return true;
     panel_->txtSH->SetTextValue(permitted);
     if (showMessage)
@@ -309,18 +314,47 @@ bool frmSelection::gestioneSH(bool showMessage) {
     return false;
 }
 
-void frmSelection::MeasureUnits() {
-    const QString celsius = dictionaryText(QStringLiteral("general.variable03")) + u'C';
-    const QString pressure = QStringLiteral("bar abs");
-    const QString kelvin = QStringLiteral("K");
+void frmSelection::showUnits() {
+    const bool isImperial = measureUnit_ == MeasureSystem::imperial;
+    const QString temperature = dictionaryText(QStringLiteral("general.variable03")) +
+                                (isImperial ? QStringLiteral("F") : QStringLiteral("C"));
+    const QString pressure = isImperial ? QStringLiteral("psia") : QStringLiteral("bar abs");
+    const QString difference = isImperial ? temperature : QStringLiteral("K");
+    const QString power = isImperial ? QStringLiteral("Tons") : QStringLiteral("kW");
     const auto unit = [](AdvanceText* field, const QString& text) { field->SetUnitCaptiontext(text + u' '); };
     for (AdvanceText* field :
          {panel_->txtTED, panel_->txtTEM, panel_->txtTCD, panel_->txtTCM, panel_->txtOilCooling})
-        unit(field, celsius);
+        unit(field, temperature);
     for (AdvanceText* field : {panel_->txtPE, panel_->txtPC}) unit(field, pressure);
-    unit(panel_->txtSC, kelvin);
-    unit(panel_->txtSH, panel_->cmbSh->Key() == u"0" ? kelvin : celsius);
-    unit(panel_->txtEco, panel_->cmbEco->Key() == u"2" ? QStringLiteral("kW") : kelvin);
+    unit(panel_->txtSC, difference);
+    unit(panel_->txtSH, panel_->cmbSh->Key() == u"0" ? difference : temperature);
+    unit(panel_->txtEco, panel_->cmbEco->Key() == u"2" ? power : difference);
+}
+
+void frmSelection::MeasureUnits(int unit, bool refresh) {
+    const MeasureSystem before = measureUnit_;
+    measureUnit_ = unit == 1 ? MeasureSystem::imperial : MeasureSystem::metric;
+    if (measureUnit_ != before) ConvertInputs(before, measureUnit_);
+    showUnits();
+    if (measureUnit_ == before || !refresh) return;
+    SyncTemperatureFields(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
+    SyncTemperatureFields(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
+    if (hasResults()) relistResults();
+}
+
+void frmSelection::ConvertInputs(MeasureSystem from, MeasureSystem to) {
+    const auto convert = [from, to](AdvanceText* field,
+                                    double (*rule)(double, MeasureSystem, MeasureSystem)) {
+        field->SetTextValue(rule(field->number(), from, to));
+    };
+    for (AdvanceText* field :
+         {panel_->txtTCD, panel_->txtTCM, panel_->txtTED, panel_->txtTEM, panel_->txtOilCooling})
+        convert(field, convertedTemperature);
+    convert(panel_->txtSH, panel_->cmbSh->Key() == u"0" ? convertedDifference : convertedTemperature);
+    convert(panel_->txtSC, convertedDifference);
+    // As a difference in every mode; a run takes it back in the same way.
+    convert(panel_->txtEco, convertedDifference);
+    for (AdvanceText* field : {panel_->txtPE, panel_->txtPC}) convert(field, convertedPressure);
 }
 
 void frmSelection::VisualizeHelp(const AdvanceText* field) {

@@ -1,8 +1,7 @@
 // The list of results and the pages of the selected compressor.
 
-#include <QApplication>
-#include <QScreen>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "controls/AdvanceText.h"
@@ -22,6 +21,13 @@ namespace {
 constexpr int byCompressor = 1;
 const QString blank = QStringLiteral("  ");
 
+/// The unit of a column. In the imperial system some have another.
+QString unitOf(const clsOutput& output, bool isImperial) {
+    const QString imperial = isImperial ? imperialUnit(fromCore(output.Key)) : QString();
+    if (imperial == u"F") return dictionaryText(QStringLiteral("general.variable03")) + imperial;
+    return imperial.isEmpty() ? fromCore(output.UmDescription) : imperial;
+}
+
 QString markText(const QString& mark) { return dictionaryTextIfAny(QStringLiteral("general.") + mark); }
 
 }  // namespace
@@ -31,27 +37,28 @@ void frmSelection::populateLVCPS(int groupBy) {
     if (!Selection_ || Selection_->Count() == 0) return;
     outputs_ = readOutputs(lvCps_->Tag());
     lvCps_->clear();
+    const bool isImperial = measureUnit_ == MeasureSystem::imperial;
     const bool hasEconomiser = panel_->cmbEco->Key() != u"0";
     std::vector<ResultsView::Column> columns{{QStringLiteral("compressor"),
                                               dictionaryText(QStringLiteral("variables.compressor.name")),
                                               QString()}};
     for (const clsOutput& output : outputs_)
-        if (isShown(output.Visibility, false, hasEconomiser))
+        if (isShown(output.Visibility, isImperial, hasEconomiser))
             columns.push_back({fromCore(output.Key),
-                               fromCore(output.Name) + u'(' + fromCore(output.UmDescription) + u')',
+                               fromCore(output.Name) + u'(' + unitOf(output, isImperial) + u')',
                                fromCore(output.Description)});
     lvCps_->setColumns(columns);
 
-    std::vector<clsCompressor*> sorted;
-    for (const auto& compressor : *Selection_) sorted.push_back(compressor.get());
-    const auto sortText = [groupBy](const clsCompressor* compressor) {
-        return groupBy == byCompressor ? nameWithRefrigerant(*compressor) : fromCore(compressor->Key());
-    };
-    std::stable_sort(sorted.begin(), sorted.end(), [&](const clsCompressor* a, const clsCompressor* b) {
-        return sortText(a).compare(sortText(b), Qt::CaseInsensitive) < 0;
-    });
+    // By the text of the grouping; the key sets those of one text in a fixed order.
+    std::vector<std::pair<QString, clsCompressor*>> sorted;
+    for (const auto& compressor : *Selection_) {
+        const QString key = fromCore(compressor->Key());
+        const QString text = groupBy == byCompressor ? nameWithRefrigerant(*compressor) + u'\n' + key : key;
+        sorted.emplace_back(text.toLower(), compressor.get());
+    }
+    std::sort(sorted.begin(), sorted.end());
     QString group;
-    for (clsCompressor* compressor : sorted) {
+    for (const auto& [text, compressor] : sorted) {
         const QString refrigerant = fromCore(compressor->Refrigerant);
         const QString name = nameOf(*compressor);
         const QString value = groupBy == byCompressor ? name : refrigerant;
@@ -62,6 +69,14 @@ void frmSelection::populateLVCPS(int groupBy) {
     lvCps_->fitColumns();
 }
 
+void frmSelection::relistResults() {
+    const int row = lvCps_->selectedRow();
+    const QString selected = row < 0 ? QString() : lvCps_->key(row);
+    populateLVCPS(groupBy_);
+    lvCps_->selectKey(selected);
+    PopulateFrame4();
+}
+
 void frmSelection::addCompressor(clsCompressor& compressor, const QString& label) {
     const QString mark = markOf(compressor);
     QStringList values;
@@ -69,7 +84,7 @@ void frmSelection::addCompressor(clsCompressor& compressor, const QString& label
         QString text = blank;
         if (!isBlank(compressor)) {
             try {
-                text = resultText(compressor, key);
+                text = resultText(compressor, key, measureUnit_ == MeasureSystem::imperial);
             } catch (const std::exception&) {
                 text = blank;  // A column of the catalogue that this calculation has no value for.
             }
@@ -85,6 +100,7 @@ void frmSelection::addCompressor(clsCompressor& compressor, const QString& label
 void frmSelection::PopulateFrame4() {
     if (Splitter2_->isHidden()) return;
     lvMessages_->clear();
+    lvMessages_->setEmptyText(QString());
     const int row = lvCps_->selectedRow();
     if (row < 0 || lvCps_->isGroup(row)) {
         TabStrip_->setToolTip(row < 0 ? QString() : lvCps_->text(row, 0));
@@ -109,6 +125,7 @@ void frmSelection::populateMessages(const clsCompressor& compressor) {
             lvMessages_->addMessage(mark, text, fromCore(message.Name));
         }
     };
+    lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
     list(compressor.Messages.Error, QStringLiteral("msgerror"));
     if (compressor.Messages.Error.Count() > 0) return;
     list(compressor.Messages.Attention, QStringLiteral("msgattention"));

@@ -82,19 +82,25 @@ bool frmSelection::runSelection() {
 std::shared_ptr<const clsProjectConditions> frmSelection::conditions() const {
     auto result = std::make_shared<clsProjectConditions>();
     const QString voltage = panel_->cmbMotorVoltage->Key();
-    result->TEvaporatingDew = panel_->txtTED->number();
-    result->TCondensationDew = panel_->txtTCD->number();
+    const auto temperature = [this](const AdvanceText* field) {
+        return convertedTemperature(field->number(), measureUnit_, MeasureSystem::metric);
+    };
+    const auto difference = [this](const AdvanceText* field) {
+        return convertedDifference(field->number(), measureUnit_, MeasureSystem::metric);
+    };
+    result->TEvaporatingDew = temperature(panel_->txtTED);
+    result->TCondensationDew = temperature(panel_->txtTCD);
     result->SuperHeatType = panel_->cmbSh->Key().toInt();
-    result->SuperHeat = panel_->txtSH->number();
-    result->SubCooling = panel_->txtSC->number();
+    result->SuperHeat = panel_->cmbSh->Key() == u"0" ? difference(panel_->txtSH) : temperature(panel_->txtSH);
+    result->SubCooling = difference(panel_->txtSC);
     result->MotorSize = panel_->cmbMotorSize->Key().toInt();
     result->MotorVoltage = voltage.left(3).toDouble();
     result->MotorHz = voltage.right(2).toInt();
     result->MotorRPM = panel_->cmbMotorRPM->Key().toInt();
     result->EcoCalculateMode = panel_->cmbEco->Key().toInt();
-    result->Eco = panel_->txtEco->number();
+    result->Eco = difference(panel_->txtEco);
     result->OilCoolingCalculateMode = panel_->cmbOilCooling->Key().toInt();
-    result->OilCooling = panel_->txtOilCooling->number();
+    result->OilCooling = temperature(panel_->txtOilCooling);
     result->StepCapacity = panel_->cmbStepCapacity->Key().toInt();
     return result;
 }

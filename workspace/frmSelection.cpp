@@ -25,7 +25,7 @@ namespace {
 
 constexpr int panelWidthAtStart = 400;
 constexpr int mostPanelWidth = 520;
-constexpr int leastPanelWidth = 360;
+constexpr int leastPanelWidth = 400;
 constexpr int leastListHeight = 120;
 constexpr int listHeightAtStart = 338;
 constexpr int captionWidth = 112;
@@ -118,7 +118,8 @@ void frmSelection::makePanes() {
         emit stateChanged();
     });
     connect(TabStrip_, &QTabBar::currentChanged, this, &frmSelection::PopulateFrame4);
-    connect(Splitter1_, &Splitter::moved, this, &frmSelection::stateChanged);
+    connect(Splitter1_, &Splitter::moved, this, &frmSelection::sizesChanged);
+    connect(Splitter2_, &Splitter::moved, this, &frmSelection::sizesChanged);
 }
 
 void frmSelection::setKey(const QString& key) {
@@ -140,20 +141,14 @@ void frmSelection::Traduci() {
     frame2_->setTexts(dictionaryText(QStringLiteral("frmselection.empty.title")),
                       dictionaryText(QStringLiteral("frmselection.empty.text")), panel_->lnkCalculate->text(),
                       QStringLiteral("F5"));
-    lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
     translateTabs();
     // The descriptions of the chosen keys, in the new language.
     for (AdvanceText* field : panel_->fields())
         if (field->Locked()) showChoice(field);
-    MeasureUnits();
+    showUnits();
     markDerived(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
     markDerived(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
-    if (!hasResults()) return;
-    const int row = lvCps_->selectedRow();
-    const QString selected = row < 0 ? QString() : lvCps_->key(row);
-    populateLVCPS(groupBy_);
-    lvCps_->selectKey(selected);
-    PopulateFrame4();
+    if (hasResults()) relistResults();
 }
 
 void frmSelection::translateTabs() {

@@ -6,6 +6,7 @@
 #include "catalogue/clsProjectConditions.h"
 #include "engine/clsOutputs.h"
 #include "engine/clsSelections.h"
+#include "workspace/MeasureSystem.h"
 
 namespace marvello {
 
@@ -40,6 +41,10 @@ class frmSelection : public QWidget {
     void Traduci();
     void populateLVCPS(int groupBy);
     void PopulateFrame4();
+    /// Shows the form in a measure system, 0 metric and 1 imperial: inputs and results are converted. With
+    /// `refresh` the coupled fields are worked out again.
+    void MeasureUnits(int unit, bool refresh);
+    int MeasureUnit() const { return static_cast<int>(measureUnit_); }
     void CloseFrame(bool collapse);
     /// Carries out a command by its key: "messages" selects the page of that name.
     void MnuPopUp(const QString& name);
@@ -67,6 +72,8 @@ class frmSelection : public QWidget {
   signals:
     /// What the main window shows of the form has changed.
     void stateChanged();
+    /// The user moved a splitter.
+    void sizesChanged();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -94,7 +101,8 @@ class frmSelection : public QWidget {
     void markDerived(const QString& leader);
     void walkPair(const AdvanceText* field);
     bool gestioneSH(bool showMessage);
-    void MeasureUnits();
+    void showUnits();
+    void ConvertInputs(MeasureSystem from, MeasureSystem to);
     void VisualizeHelp(const AdvanceText* field);
     void inputsChanged();
     bool hasGlide() const;
@@ -108,11 +116,14 @@ class frmSelection : public QWidget {
     void closesplitter34();
 
     // SelectionResults.cpp
+    /// Lists the results anew with the same row selected.
+    void relistResults();
     void addCompressor(clsCompressor& compressor, const QString& label);
     void populateMessages(const clsCompressor& compressor);
 
     QString key_;
     QString description_;
+    MeasureSystem measureUnit_ = MeasureSystem::metric;
     int groupBy_ = 0;
     int evaporatingMaster_ = 0;  // 1 when the mid temperature leads
     int condensingMaster_ = 0;

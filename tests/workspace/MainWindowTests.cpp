@@ -111,6 +111,40 @@ TEST_F(MainWindowTest, ALanguageIsTakenByAllFormsAndKept) {
     EXPECT_EQ(gApplication().User().language, "it-IT");
 }
 
+TEST_F(MainWindowTest, EachFormKeepsItsMeasureSystem) {
+    EXPECT_FALSE(field(*window, "cmbmeasureunits")->isEnabled());
+    frmSelection* first = window->newSelection();
+    frmSelection* second = window->newSelection();
+    choose(*window, "cmbmeasureunits", "1");
+    EXPECT_EQ(second->MeasureUnit(), 1);
+    EXPECT_EQ(first->MeasureUnit(), 0);
+    tabs()->setCurrentIndex(0);
+    EXPECT_EQ(field(*window, "cmbmeasureunits")->TextText(), "Metric");
+    EXPECT_EQ(field(*first, "txtTED")->TextText(), "2.00");
+    tabs()->setCurrentIndex(1);
+    EXPECT_EQ(field(*window, "cmbmeasureunits")->Key(), "1");
+    EXPECT_EQ(field(*second, "txtTED")->TextText(), "35.60");
+    EXPECT_EQ(window->newSelection()->MeasureUnit(), 1);
+}
+
+TEST_F(MainWindowTest, SplittersStandWhereTheyWereLeft) {
+    frmSelection* form = window->newSelection();
+    form->setPanelWidth(450);
+    emit form->sizesChanged();
+    EXPECT_EQ(window->newSelection()->panelWidth(), 450);
+}
+
+TEST_F(MainWindowTest, KeysOpenAndCloseForms) {
+    QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier);
+    QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(tabs()->count(), 2);
+    QTest::keyClick(window->ActiveForm()->focusWidget(), Qt::Key_F4, Qt::ControlModifier);
+    settle();
+    EXPECT_EQ(tabs()->count(), 1);
+    QTest::keyClick(window.get(), Qt::Key_F9);
+    EXPECT_TRUE(window->ActiveForm()->isCollapsed());
+}
+
 TEST_F(MainWindowTest, WindowsAreArranged) {
     window->resize(1200, 800);
     for (int i = 0; i < 2; ++i) window->newSelection();

@@ -57,22 +57,40 @@ TEST(IsShown, FollowsTheVisibility) {
 
 TEST(ResultText, FormatsByKey) {
     clsCompressor c = compressor();
-    EXPECT_EQ(resultText(c, "q0", english), "68.1");
-    EXPECT_EQ(resultText(c, "COP", english), "3.75");
-    EXPECT_EQ(resultText(c, "eer", english), "12.778");
-    EXPECT_EQ(resultText(c, "Pra", english), "0");
-    EXPECT_EQ(resultText(c, "@Lra1", english), "-");
-    EXPECT_EQ(resultText(c, "@fla", english), "53.0");
-    EXPECT_EQ(resultText(c, "Tsca", english), "-");
-    EXPECT_EQ(resultText(c, "Q0", QLocale(QLocale::German)), "68,1");
-    EXPECT_THROW(resultText(c, "nothing", english), VariableError);
+    EXPECT_EQ(resultText(c, "q0", false, english), "68.1");
+    EXPECT_EQ(resultText(c, "COP", false, english), "3.75");
+    EXPECT_EQ(resultText(c, "eer", false, english), "12.778");
+    EXPECT_EQ(resultText(c, "Pra", false, english), "0");
+    EXPECT_EQ(resultText(c, "@Lra1", false, english), "-");
+    EXPECT_EQ(resultText(c, "@fla", false, english), "53.0");
+    EXPECT_EQ(resultText(c, "Tsca", false, english), "-");
+    EXPECT_EQ(resultText(c, "Q0", false, QLocale(QLocale::German)), "68,1");
+    EXPECT_THROW(resultText(c, "nothing", false, english), VariableError);
 }
 
 TEST(ResultText, AModelWithoutPortHasNoEconomisedValues) {
     clsCompressor c = compressor();
-    EXPECT_EQ(resultText(c, "qeco", english), "-");
+    EXPECT_EQ(resultText(c, "qeco", false, english), "-");
     c.Economizer.KForo = 0.5;
-    EXPECT_EQ(resultText(c, "qeco", english), "73.1");  // 68.149 + 5
+    EXPECT_EQ(resultText(c, "qeco", false, english), "73.1");  // 68.149 + 5
+}
+
+// 1 ton of refrigeration is 3.517 kW here, 1 lb is 0.45359237 kg.
+TEST(ResultText, ConvertsForTheImperialSystem) {
+    clsCompressor c = compressor();
+    c.Variables.add("Pta", 18.2);
+    c.Variables.add("Mbase", 1000.0);
+    c.Variables.add("T3", 100.0);
+    c.Variables.add("T21", 70.0);
+    EXPECT_EQ(resultText(c, "Q0", true, english), "19.4");        // 68.149 / 3.517 = 19.377
+    EXPECT_EQ(resultText(c, "Q0Btu", true, english), "232,800");  // of the 19.4 tons shown
+    EXPECT_EQ(resultText(c, "mBase", true, english), "2204.6");   // 1000 / 0.45359237
+    EXPECT_EQ(resultText(c, "t3", true, english), "212.0");
+    EXPECT_EQ(resultText(c, "T21", true, english), "70.0");       // keeps its unit
+    EXPECT_EQ(resultText(c, "ikw/ton", true, english), "0.939");  // 18.2 / 19.377
+    EXPECT_EQ(resultText(c, "qeco", true, english), "-");         // no port
+    EXPECT_EQ(imperialUnit("mBase"), "lb/h");
+    EXPECT_EQ(imperialUnit("T21"), "");
 }
 
 TEST(MarkOf, TheWorseFindingWins) {

@@ -259,6 +259,39 @@ TEST_F(SelectionFormTest, FollowsTheLanguageWithItsResults) {
     EXPECT_EQ(control<MessagesView>(*form, "lvMessages")->item(0)->text().left(8), "Il punto");
 }
 
+TEST_F(SelectionFormTest, ShowsTheSamePointInTheImperialSystem) {
+    choose(*form, "lstSeries", "TK-A");
+    calculate();
+    const double metric = list()->text(1, 1).toDouble();
+    form->MeasureUnits(1, true);
+    EXPECT_EQ(text("txtTED"), "35.60");  // 2 * 1.8 + 32
+    EXPECT_EQ(text("txtTCD"), "104.00");
+    EXPECT_EQ(text("txtSH"), "18.00");
+    EXPECT_EQ(text("txtSC"), "9.00");
+    EXPECT_EQ(text("txtOilCooling"), "230.00");
+    EXPECT_NEAR(value("txtPE"), 45.63, 0.05);  // 3.146 bar / 0.0689476
+    EXPECT_EQ(field(*form, "txtPE")->UnitCaptiontext().trimmed(), "psia");
+    EXPECT_TRUE(form->hasResults());
+    EXPECT_EQ(list()->columnKeys()[2], "Q0Btu");
+    EXPECT_NEAR(list()->text(1, 1).toDouble(), metric / 3.517, 0.051 + 0.05 / 3.517);
+    EXPECT_TRUE(list()->columnTexts()[1].endsWith("(Tons)"));
+    calculate();
+    form->MeasureUnits(0, true);
+    EXPECT_NEAR(list()->text(1, 1).toDouble(), metric, 1e-9) << "the run in imperial values is the same run";
+    EXPECT_EQ(text("txtTED"), "2.00");
+    EXPECT_EQ(text("txtSH"), "10.00");
+}
+
+TEST_F(SelectionFormTest, TheImperialSuperheatHasItsOwnBounds) {
+    form->MeasureUnits(1, true);
+    type(*form, "txtSH", "36.5");
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+    QApplication::processEvents();
+    EXPECT_EQ(value("txtSH"), 18);
+    type(*form, "txtTED", "50");
+    EXPECT_NEAR(value("txtPE"), 60.13, 0.06);  // 4.146 bar, R134a at 10 degrees Celsius
+}
+
 TEST_F(SelectionFormTest, ThePanelFoldsAwayAndComesBack) {
     auto* splitter = control<Splitter>(*form, "Splitter1");
     const int before = splitter->CurrSplitterPos();

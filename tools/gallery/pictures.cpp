@@ -74,6 +74,8 @@ struct Demonstration {
         for (int row = 0; row < results->rowCount(); ++row)
             if (results->mark(row) == u"ledred") results->selectRow(row);
         save(window, "error");
+        form->MeasureUnits(1, true);
+        save(window, "imperial");
         window.newSelection();
         window.findChild<QAction*>(QStringLiteral("cascade"))->trigger();
         save(window, "cascade");

@@ -1,0 +1,204 @@
+// The windows on the catalogue that is shipped, in each of its languages.
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFontMetricsF>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QTabBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <cstdio>
+#include <memory>
+
+#include "catalogue/Globals.h"
+#include "controls/AdvanceText.h"
+#include "controls/Look.h"
+#include "controls/MessageBox.h"
+#include "controls/MessagesView.h"
+#include "controls/ResultsView.h"
+#include "controls/TwoLineHeader.h"
+#include "controls/ctlBtn.h"
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "engine/clsSelections.h"
+#include "thermo/clsRefprop.h"
+#include "workspace/MDIMain.h"
+#include "workspace/frmSelection.h"
+
+using namespace marvello;
+
+namespace {
+
+class RealCatalogueTest : public testing::TestWithParam<const char*> {
+  protected:
+    RealCatalogueTest() {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
+        handlerBefore_ =
+            MessageBox::setHandler([this](MessageBox::Mark, const QString& text) { boxes += text; });
+        setApplicationFolder(MARVELLO_APP_FOLDER);
+        gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
+        loadSharedPolynomials();
+        gApplication().User().language = GetParam();
+        window = std::make_unique<MDIMain>("1.0.0");
+        window->resize(1440, 870);
+        window->show();
+        form = window->newSelection();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+    ~RealCatalogueTest() override {
+        window.reset();
+        MessageBox::setHandler(handlerBefore_);
+        releaseRefprop();
+        releaseGlobals();
+        setApplicationFolder("");
+    }
+
+    AdvanceText* field(const char* name) { return form->findChild<AdvanceText*>(QLatin1String(name)); }
+    ResultsView* list() { return form->findChild<ResultsView*>(QStringLiteral("lvCps")); }
+
+    void calculate() {
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        QTest::keyClick(form->focusWidget(), Qt::Key_F5);
+    }
+
+    static void choose(AdvanceText* selector, int row) {
+        QTest::keyClick(selector->findChild<QLineEdit*>(), Qt::Key_Down);
+        QWidget* popup = QApplication::activePopupWidget();
+        ASSERT_NE(popup, nullptr);
+        auto* rows = popup->findChild<QListWidget*>();
+        rows->setCurrentRow(row);
+        QTest::keyClick(rows, Qt::Key_Return);
+    }
+    static int choices(const AdvanceText* selector) {
+        return static_cast<int>(selector->Tag1().split(';', Qt::SkipEmptyParts).size());
+    }
+
+    QStringList boxes;
+    std::unique_ptr<MDIMain> window;
+    frmSelection* form = nullptr;
+
+  private:
+    QTemporaryDir settings_;
+    MessageBox::Handler handlerBefore_;
+};
+
+/// All texts that the window shows or says.
+QStringList textsOf(const QWidget& window) {
+    QStringList texts;
+    for (const auto* label : window.findChildren<QLabel*>()) texts += label->text();
+    for (const auto* action : window.findChildren<QAction*>()) texts += {action->text(), action->toolTip()};
+    for (const auto* menu : window.findChildren<QMenu*>()) texts += menu->title();
+    for (const auto* button : window.findChildren<ctlBtn*>()) texts += button->text();
+    for (const auto* tabs : window.findChildren<QTabBar*>())
+        for (int tab = 0; tab < tabs->count(); ++tab) texts += tabs->tabText(tab);
+    for (const auto* field : window.findChildren<AdvanceText*>())
+        texts += {field->CaptionText(), field->TextText(), field->toolTip(), field->Tag1(),
+                  field->UnitCaptiontext()};
+    for (const auto* list : window.findChildren<ResultsView*>()) texts += list->columnTexts();
+    for (const auto* list : window.findChildren<MessagesView*>())
+        for (int row = 0; row < list->count(); ++row) texts += list->item(row)->text();
+    for (const auto* widget : window.findChildren<QWidget*>()) texts += widget->accessibleName();
+    return texts;
+}
+
+}  // namespace
+
+INSTANTIATE_TEST_SUITE_P(Languages, RealCatalogueTest, testing::Values("en-EN", "it-IT"),
+                         [](const auto& info) { return std::string(info.param, 2); });
+
+TEST_P(RealCatalogueTest, EverySeriesIsListedWithTheValuesOfTheEngine) {
+    for (int refrigerant = 0; refrigerant < choices(field("lstRefrigerants")); ++refrigerant) {
+        choose(field("lstRefrigerants"), refrigerant);
+        for (int serie = 0; serie < choices(field("lstSeries")); ++serie) {
+            choose(field("lstSeries"), serie);
+            SCOPED_TRACE(form->subject().toStdString());
+            calculate();
+            ASSERT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
+            ASSERT_TRUE(form->hasResults());
+
+            // The same run without a window, at the defaults of the form.
+            auto conditions = std::make_shared<clsProjectConditions>();
+            *conditions = {.TEvaporatingDew = 2,
+                           .TCondensationDew = 40,
+                           .SubCooling = 5,
+                           .SuperHeat = 10,
+                           .StepCapacity = 100,
+                           .MotorSize = -1,
+                           .MotorVoltage = 400,
+                           .MotorHz = 50,
+                           .MotorRPM = 1450,
+                           .Eco = 10,
+                           .OilCooling = 110,
+                           .OilCoolingCalculateMode = 1};
+            clsSelections expected;
+            expected.Selection(conditions, field("lstSeries")->Key().toStdString(), "*",
+                               field("lstRefrigerants")->Key().toStdString(), 0);
+            ASSERT_EQ(list()->rowCount(), expected.Count() + 1);
+            const int column = static_cast<int>(list()->columnKeys().indexOf("Q0"));
+            for (int row = 1; row < list()->rowCount(); ++row) {
+                const clsCompressor& compressor = expected.Item(list()->key(row).toStdString());
+                if (compressor.Messages.Error.Count() > 0) {
+                    EXPECT_EQ(list()->mark(row), "ledred");
+                    EXPECT_TRUE(list()->text(row, column).trimmed().isEmpty());
+                } else {
+                    char text[32];
+                    std::snprintf(text, sizeof text, "%.1f", compressor.Variables("Q0"));
+                    EXPECT_EQ(list()->text(row, column).toStdString(), text);
+                }
+            }
+        }
+    }
+}
+
+TEST_P(RealCatalogueTest, NoTextIsMissing) {
+    calculate();
+    const QRegularExpression key(
+        QStringLiteral("\\b(frm|mdi|general|messages|variables|formselection)[a-z]*\\.[a-z]"));
+    for (const QString& text : textsOf(*window)) {
+        EXPECT_FALSE(text.contains(key)) << text.toStdString();
+        EXPECT_FALSE(text.contains('{') && !text.contains("{0}")) << text.toStdString();
+    }
+    for (const auto* input : form->findChildren<AdvanceText*>())
+        EXPECT_FALSE(input->Locked() && input->TextText().isEmpty()) << input->objectName().toStdString();
+}
+
+TEST_P(RealCatalogueTest, NoTextIsCut) {
+    choose(field("cmbOilCooling"), 2);
+    calculate();
+    ASSERT_TRUE(form->hasResults());
+    for (const auto* input : window->findChildren<AdvanceText*>()) {
+        if (!input->isVisible()) continue;
+        const QFontMetricsF metrics(input->property("CaptionFont").value<QFont>());
+        if (input->property("CaptionVisible").toBool()) {
+            EXPECT_LE(metrics.horizontalAdvance(input->CaptionText()),
+                      input->property("CaptionWidth").toInt() - 7)
+                << input->CaptionText().toStdString();
+        }
+        const auto* edit = input->findChild<QLineEdit*>();
+        EXPECT_LE(QFontMetricsF(edit->font()).horizontalAdvance(edit->text()), edit->width() - 3)
+            << input->objectName().toStdString() << " shows " << edit->text().toStdString();
+        const QFontMetricsF units(input->property("UnitCaptionFont").value<QFont>());
+        if (input->property("UnitCaptionVisible").toBool()) {
+            EXPECT_LE(units.horizontalAdvance(input->UnitCaptiontext().trimmed()),
+                      input->property("UnitCaptionWidth").toInt());
+        }
+    }
+    for (int column = 0; column < list()->columnKeys().size(); ++column)
+        EXPECT_LE(TwoLineHeader::widthOf(list()->columnTexts()[column]), list()->columnWidth(column));
+}
+
+TEST_P(RealCatalogueTest, ASelectionStaysQuick) {
+    QElapsedTimer timer;
+    timer.start();
+    calculate();
+    EXPECT_LT(timer.elapsed(), 2000);
+}
