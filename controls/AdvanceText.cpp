@@ -84,6 +84,7 @@ QVariant AdvanceText::TextValue() const { return textType_ == 1 ? QVariant(numbe
 double AdvanceText::number() const { return storedNumber().value_or(0.0); }
 
 void AdvanceText::SetTextValue(const QVariant& value) {
+    unknown_ = false;
     value_ = value;
     // Free text stays as it was written: a description such as "2.60" is no number.
     if (textType_ == 1) {
@@ -142,6 +143,19 @@ void AdvanceText::setInvalid(bool invalid) {
     update();
 }
 
+void AdvanceText::SetRefusal(const QString& reason) {
+    refusal_ = reason;
+    update();
+}
+
+void AdvanceText::SetUnknown() {
+    value_ = QVariant();
+    unknown_ = true;
+    invalid_ = false;
+    showText(QStringLiteral("\u2013"));
+    update();
+}
+
 void AdvanceText::showText(const QString& text) {
     if (edit_->text() != text) edit_->setText(text);
     edit_->setCursorPosition(textAlignment_ == 1 ? static_cast<int>(text.size()) : 0);
@@ -155,6 +169,8 @@ void AdvanceText::showValue() {
 
 void AdvanceText::takeTyping(const QString& text) {
     value_ = text;
+    unknown_ = false;
+    refusal_.clear();
     if (invalid_ && typedNumber(text)) setInvalid(false);
     emit TextChange();
 }
@@ -179,7 +195,7 @@ void AdvanceText::lostFocus(Qt::FocusReason reason) {
         reason == Qt::MenuBarFocusReason)
         return;
     edit_->deselect();
-    if (textType_ != 1) return;
+    if (textType_ != 1 || unknown_) return;
     const auto value = storedNumber();
     if (value && ((textMin_ == 0 && textMax_ == 0) || (*value >= textMin_ && *value <= textMax_))) {
         validate();
@@ -192,6 +208,7 @@ void AdvanceText::lostFocus(Qt::FocusReason reason) {
 }
 
 bool AdvanceText::validate() {
+    if (unknown_) return true;
     bool cancel = textType_ == 1 && !checkNumber();
     emit TextValidate(cancel);
     if (!cancel) {

@@ -123,7 +123,14 @@ class AdvanceText : public QWidget {
     /// The list of the field is open: the button is shown pressed.
     void setOpen(bool open);
     /// The text was refused and is not corrected yet.
-    bool isInvalid() const { return invalid_; }
+    /// Painted as invalid: no number, or refused by the owner.
+    bool isInvalid() const { return invalid_ || !refusal_.isEmpty(); }
+    /// The owner's reason why the value cannot be used; blank takes it back, and so does typing.
+    void SetRefusal(const QString& reason);
+    const QString& Refusal() const { return refusal_; }
+    /// A derived value that cannot be had: shown as a dash, and no fault of the field.
+    void SetUnknown();
+    bool isUnknown() const { return unknown_; }
 
     /// Whether the tab key stops here.
     void setTabStop(bool stop);
@@ -224,6 +231,8 @@ class AdvanceText : public QWidget {
     bool locked_ = false;
     bool derived_ = false;
     bool invalid_ = false;
+    bool unknown_ = false;
+    QString refusal_;
     bool open_ = false;
     bool pressed_ = false;
     bool hovered_ = false;

@@ -127,7 +127,7 @@ void AdvanceText::paintBox(QPainter& painter) const {
     const Look& look = Look::current();
     const bool focused = edit_->hasFocus() || open_;
     const QRectF frame = boxRect().adjusted(0.5, 0.5, -0.5, -0.5);
-    if (focused && isEnabled() && !invalid_) {
+    if (focused && isEnabled() && !isInvalid()) {
         painter.setPen(QPen(look.focusHalo, halo));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(boxRect().adjusted(-1.5, -1.5, 1.5, 1.5), 5.5, 5.5);
@@ -135,7 +135,7 @@ void AdvanceText::paintBox(QPainter& painter) const {
     QColor border = orElse(textBordersColor_, hovered_ ? look.text : look.controlLine);
     QColor ground = orElse(textBackColor_, look.surface);
     if (focused) border = look.accent;
-    if (invalid_) {
+    if (isInvalid()) {
         border = look.red;
         ground = look.errorTint;
     }
@@ -143,9 +143,9 @@ void AdvanceText::paintBox(QPainter& painter) const {
         border = look.line;
         ground = look.surfaceAlt;
     }
-    painter.setPen(QPen(border, invalid_ ? 2 : 1));
+    painter.setPen(QPen(border, isInvalid() ? 2 : 1));
     painter.setBrush(ground);
-    painter.drawRoundedRect(invalid_ ? frame.adjusted(0.5, 0.5, -0.5, -0.5) : frame, 4, 4);
+    painter.drawRoundedRect(isInvalid() ? frame.adjusted(0.5, 0.5, -0.5, -0.5) : frame, 4, 4);
 }
 
 void AdvanceText::paintUnit(QPainter& painter) const {

@@ -9,6 +9,7 @@
 #include "controls/MessageBox.h"
 #include "controls/NumberText.h"
 #include "controls/Splitter.h"
+#include "data/CollectedBoxes.h"
 #include "data/Globals.h"
 #include "data/Texts.h"
 #include "thermo/clsRefprop.h"
@@ -243,15 +244,37 @@ void frmSelection::SyncTemperatureFields(const QString& leader) {
         fields.*value = rule(field->number(), measureUnit_, MeasureSystem::metric);
     const CoupledFields before = fields;
     const std::string refrigerant = toCore(panel_->lstRefrigerants->Key());
+    const CollectedBoxes said;  // a key stroke opens no box; the field says it
     try {
-        marvello::SyncTemperatureFields(toCore(leader), fields, refrigerant, GetRefprop(refrigerant),
-                                        gPolynomialTEM(), gPolynomialTCM());
+        clsRefprop& refprop = GetRefprop(refrigerant);
+        if (!refprop.SetupFault().empty()) return;
+        marvello::SyncTemperatureFields(toCore(leader), fields, refrigerant, refprop, gPolynomialTEM(),
+                                        gPolynomialTCM());
     } catch (const std::exception&) {
         return;  // A calculation says what is wrong; a key stroke does not.
     }
+    refuseLeader(leader, !said.boxes().empty());
+    if (!said.boxes().empty()) return;
     for (const auto& [field, value, rule] : entries)
-        if (fields.*value != before.*value)
+        if (fields.*value != before.*value || field->isUnknown())
             field->SetTextValue(rule(fields.*value, MeasureSystem::metric, measureUnit_));
+}
+
+QList<AdvanceText*> frmSelection::coupleOf(const QString& name) const {
+    if (name == u"ted" || name == u"tem" || name == u"pe")
+        return {panel_->txtTED, panel_->txtTEM, panel_->txtPE};
+    return {panel_->txtTCD, panel_->txtTCM, panel_->txtPC};
+}
+
+void frmSelection::refuseLeader(const QString& leader, bool refused) {
+    const QString reason = refused ? dictionaryText(QStringLiteral("frmselection.nosaturation")) : QString();
+    const QString name = leader.toLower();
+    for (AdvanceText* field : coupleOf(name)) {
+        const bool leads = field->objectName().mid(3).toLower() == name;
+        field->SetRefusal(leads ? reason : QString());
+        if (leads) field->setToolTip(reason);
+        if (refused && !leads) field->SetUnknown();
+    }
 }
 
 void frmSelection::typedIn(AdvanceText* field) {
@@ -276,9 +299,7 @@ void frmSelection::typedIn(AdvanceText* field) {
 }
 
 void frmSelection::markDerived(const QString& leader) {
-    const bool isEvaporating = leader == u"ted" || leader == u"tem" || leader == u"pe";
-    const QList<AdvanceText*> couple = isEvaporating ? QList{panel_->txtTED, panel_->txtTEM, panel_->txtPE}
-                                                     : QList{panel_->txtTCD, panel_->txtTCM, panel_->txtPC};
+    const QList<AdvanceText*> couple = coupleOf(leader);
     QString origin;
     for (const AdvanceText* field : couple)
         if (field->objectName().mid(3).toLower() == leader) origin = field->CaptionText();
@@ -359,7 +380,12 @@ void frmSelection::ConvertInputs(MeasureSystem from, MeasureSystem to) {
 
 void frmSelection::VisualizeHelp(const AdvanceText* field) {
     const QString key = helpKeyOf(field->objectName());
-    panel_->VisualizzaHelp(field->CaptionText(), key.isEmpty() ? QString() : dictionaryTextIfAny(key));
+    // A field beside the selector of its mode has no caption of its own.
+    const AdvanceText* named = field == panel_->txtSH           ? panel_->cmbSh
+                               : field == panel_->txtEco        ? panel_->cmbEco
+                               : field == panel_->txtOilCooling ? panel_->cmbOilCooling
+                                                                : field;
+    panel_->VisualizzaHelp(named->CaptionText(), key.isEmpty() ? QString() : dictionaryTextIfAny(key));
 }
 
 void frmSelection::inputsChanged() {

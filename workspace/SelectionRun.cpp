@@ -8,6 +8,7 @@
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
 #include "controls/TabStrip.h"
+#include "data/CollectedBoxes.h"
 #include "engine/AbortRequested.h"
 #include "thermo/clsRefprop.h"
 #include "workspace/EmptyPage.h"
@@ -26,6 +27,11 @@ void frmSelection::lnkCalculate_Click() {
 
 bool frmSelection::allInputsValid() {
     for (AdvanceText* field : panel_->fields()) {
+        if (!field->Refusal().isEmpty()) {
+            MessageBox::show(this, MessageBox::Mark::critical, field->Refusal());
+            field->setFocus();
+            return false;
+        }
         if (field->TextType() != 1 || field->isHidden() || field->validate()) continue;
         field->setFocus();
         return false;
@@ -64,6 +70,7 @@ bool frmSelection::runSelection() {
         QApplication::processEvents();
     };
     QString fault;
+    const CollectedBoxes said;  // what the run says in boxes is said once, after it
     try {
         if (const std::string& said = GetRefprop(refrigerant).SetupFault(); !said.empty())
             fault = fromCore(said);
@@ -72,9 +79,11 @@ bool frmSelection::runSelection() {
     } catch (const std::exception& error) {
         fault = fromCore(error.what());
     }
+    if (!fault.isEmpty() || !said.boxes().empty()) progress_->hide();
+    for (const CollectedBoxes::Box& box : said.boxes())
+        MessageBox::show(this, MessageBox::Mark::plain, fromCore(box.text));
     if (fault.isEmpty()) return true;
     Selection_->Clear();
-    progress_->hide();
     MessageBox::show(this, MessageBox::Mark::critical, fault);
     return false;
 }

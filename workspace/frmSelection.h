@@ -98,6 +98,9 @@ class frmSelection : public QWidget {
     void showChoice(AdvanceText* field);
     void SyncTemperatureFields(const QString& leader);
     void typedIn(AdvanceText* field);
+    QList<AdvanceText*> coupleOf(const QString& name) const;
+    /// Marks the field that leads a couple when the fluid has no saturation state there.
+    void refuseLeader(const QString& leader, bool refused);
     void markDerived(const QString& leader);
     void walkPair(const AdvanceText* field);
     bool gestioneSH(bool showMessage);

@@ -76,6 +76,29 @@ TEST_F(SelectionFormTest, TypingAPressureSetsTheTemperatureAndSwapsTheRoles) {
     EXPECT_NEAR(value("txtPE"), 2.434, 0.003);  // R134a at -5 degrees Celsius
 }
 
+TEST_F(SelectionFormTest, AValueBeyondTheFluidIsRefusedInItsFieldAndSaidOnce) {
+    type(*form, "txtTCD", "150");  // R134a has its critical point at 101 degrees Celsius
+    EXPECT_TRUE(boxes.isEmpty()) << "typing opens no box";
+    EXPECT_TRUE(field(*form, "txtTCD")->isInvalid());
+    EXPECT_FALSE(field(*form, "txtTCD")->toolTip().isEmpty());
+    EXPECT_TRUE(field(*form, "txtPC")->isUnknown());
+    calculate();
+    EXPECT_EQ(boxes.size(), 1);
+    EXPECT_FALSE(form->hasResults());
+    field(*form, "txtPC")->setFocus();
+    field(*form, "txtSC")->setFocus();
+    EXPECT_EQ(boxes.size(), 1) << "the unknown pressure is no fault of its own";
+    type(*form, "txtTCD", "40");
+    EXPECT_FALSE(field(*form, "txtTCD")->isInvalid());
+    EXPECT_NEAR(value("txtPC"), 10.166, 0.005);
+    type(*form, "txtPE", "60");
+    EXPECT_TRUE(field(*form, "txtTED")->isUnknown());
+    type(*form, "txtPE", "2.006");
+    EXPECT_NEAR(value("txtTED"), -10, 0.02);
+    calculate();
+    EXPECT_TRUE(form->hasResults());
+}
+
 TEST_F(SelectionFormTest, TheTabKeyWalksThePairInUse) {
     field(*form, "txtTED")->setFocus();
     QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
