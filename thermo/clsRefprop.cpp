@@ -238,9 +238,9 @@ void InitRefprop(const std::string& refrigerant) {
 }
 
 std::shared_ptr<clsRefprop> SharedRefprop(const std::string& refrigerant) {
-    if (!sharedService() || !equalIgnoringCase(sharedService()->Refrigerant, trimmed(refrigerant))) {
-        InitRefprop(refrigerant);
-    }
+    const auto& service = sharedService();
+    const bool isBound = service && equalIgnoringCase(service->Refrigerant, trimmed(refrigerant));
+    if (!isBound || !service->SetupFault().empty()) InitRefprop(refrigerant);
     return sharedService();
 }
 

@@ -119,9 +119,9 @@ class clsRefprop {
 /// Replaces the shared service by one for `refrigerant`, on gDatabase(), with the units set 0.
 void InitRefprop(const std::string& refrigerant);
 
-/// The shared service bound to `refrigerant`; set up anew only when the refrigerant differs, case ignored.
-/// The library keeps its fluid in global state, so there is one service, and a change of refrigerant costs a
-/// set-up.
+/// The shared service bound to `refrigerant`; set up anew only when the refrigerant differs, case ignored, or
+/// when the set-up failed. The library keeps its fluid in global state, so there is one service, and a change
+/// of refrigerant costs a set-up.
 clsRefprop& GetRefprop(const std::string& refrigerant);
 
 /// The same, for who holds it across window events, in which the service may be replaced.

@@ -244,17 +244,21 @@ void frmSelection::SyncTemperatureFields(const QString& leader) {
         fields.*value = rule(field->number(), measureUnit_, MeasureSystem::metric);
     const CoupledFields before = fields;
     const std::string refrigerant = toCore(panel_->lstRefrigerants->Key());
+    QString fault;
     const CollectedBoxes said;  // a key stroke opens no box; the field says it
     try {
         clsRefprop& refprop = GetRefprop(refrigerant);
-        if (!refprop.SetupFault().empty()) return;
-        marvello::SyncTemperatureFields(toCore(leader), fields, refrigerant, refprop, gPolynomialTEM(),
-                                        gPolynomialTCM());
-    } catch (const std::exception&) {
-        return;  // A calculation says what is wrong; a key stroke does not.
+        fault = fromCore(refprop.SetupFault());
+        if (fault.isEmpty())
+            marvello::SyncTemperatureFields(toCore(leader), fields, refrigerant, refprop, gPolynomialTEM(),
+                                            gPolynomialTCM());
+    } catch (const std::exception& error) {
+        fault = fromCore(error.what());
     }
-    refuseLeader(leader, !said.boxes().empty());
-    if (!said.boxes().empty()) return;
+    if (fault.isEmpty() && !said.boxes().empty())
+        fault = dictionaryText(QStringLiteral("frmselection.nosaturation"));
+    refuseLeader(leader, fault);
+    if (!fault.isEmpty()) return;
     for (const auto& [field, value, rule] : entries)
         if (fields.*value != before.*value || field->isUnknown())
             field->SetTextValue(rule(fields.*value, MeasureSystem::metric, measureUnit_));
@@ -266,14 +270,13 @@ QList<AdvanceText*> frmSelection::coupleOf(const QString& name) const {
     return {panel_->txtTCD, panel_->txtTCM, panel_->txtPC};
 }
 
-void frmSelection::refuseLeader(const QString& leader, bool refused) {
-    const QString reason = refused ? dictionaryText(QStringLiteral("frmselection.nosaturation")) : QString();
+void frmSelection::refuseLeader(const QString& leader, const QString& reason) {
     const QString name = leader.toLower();
     for (AdvanceText* field : coupleOf(name)) {
         const bool leads = field->objectName().mid(3).toLower() == name;
         field->SetRefusal(leads ? reason : QString());
         if (leads) field->setToolTip(reason);
-        if (refused && !leads) field->SetUnknown();
+        if (!leads && !reason.isEmpty()) field->SetUnknown();
     }
 }
 

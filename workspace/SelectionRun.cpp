@@ -27,6 +27,8 @@ void frmSelection::lnkCalculate_Click() {
 
 bool frmSelection::allInputsValid() {
     for (AdvanceText* field : panel_->fields()) {
+        // What was refused may have been mended meanwhile, as a missing fluid file.
+        if (!field->Refusal().isEmpty()) SyncTemperatureFields(field->objectName().mid(3));
         if (!field->Refusal().isEmpty()) {
             MessageBox::show(this, MessageBox::Mark::critical, field->Refusal());
             field->setFocus();

@@ -99,8 +99,9 @@ class frmSelection : public QWidget {
     void SyncTemperatureFields(const QString& leader);
     void typedIn(AdvanceText* field);
     QList<AdvanceText*> coupleOf(const QString& name) const;
-    /// Marks the field that leads a couple when the fluid has no saturation state there.
-    void refuseLeader(const QString& leader, bool refused);
+    /// Marks the field that leads a couple when its value leads nowhere, and blanks what follows it; a blank
+    /// reason takes that back.
+    void refuseLeader(const QString& leader, const QString& reason);
     void markDerived(const QString& leader);
     void walkPair(const AdvanceText* field);
     bool gestioneSH(bool showMessage);

@@ -267,6 +267,11 @@ TEST_F(SelectionFormTest, AMissingFluidFolderIsOneSentenceAndNoCrash) {
     EXPECT_FALSE(form->hasResults());
     type(*form, "txtTED", "3");
     EXPECT_EQ(boxes.size(), 1) << "typing reports nothing";
+    EXPECT_TRUE(field(*form, "txtPE")->isUnknown()) << "no pressure of another fluid stays";
+    setApplicationFolder(MARVELLO_APP_FOLDER);
+    calculate();
+    EXPECT_EQ(boxes.size(), 1) << "the mended folder is seen without typing again";
+    EXPECT_TRUE(form->hasResults());
 }
 
 TEST_F(SelectionFormTest, FollowsTheLanguageWithItsResults) {
