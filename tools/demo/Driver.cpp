@@ -43,7 +43,7 @@ std::string padded(const std::string& text, std::size_t width, bool right) {
 
 /// The list as a table of text: a mark, the label and the values, a group on a line of its own.
 void print(const ResultsView& list) {
-    const QStringList headers = list.columnTexts();
+    const QStringList headers = list.columnTexts().replaceInStrings(QStringLiteral("()"), QString());
     std::vector<std::size_t> widths;
     for (int column = 0; column < headers.size(); ++column) {
         widths.push_back(signsIn(headers[column].toStdString()));
