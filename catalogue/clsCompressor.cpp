@@ -58,7 +58,7 @@ bool clsCompressor::GetCompressorFromDb(clsDatabase& db, const clsProjectConditi
                                 static_cast<float>(project.TCondensationDew), project.InverterFrequency,
                                 frequencyFactor);
         if (lowered(Serie) == "tk-d") {
-            if (const auto tenfold = storedNumber(InverterInfo.ViSelected)) VI = localText(*tenfold / 10);
+            VI = localText(storedNumber(InverterInfo.ViSelected).value_or(0) / 10);
         }
     } else {
         readSurfaces(db, motorRpm, frequencyFactor);

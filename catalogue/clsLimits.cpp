@@ -171,7 +171,7 @@ PolygonState polygonTest(const clsPoints& line, double x, double y) {
     for (const clsPoint& point : line) {
         if (point.x == x && point.Y == y) return PolygonState::onVertex;
     }
-    float sum = 0;
+    double sum = 0;
     for (int i = 1; i < line.Count(); ++i) {
         const clsPoint& from = line.Item(i);
         const clsPoint& to = line.Item(i + 1);
@@ -182,9 +182,9 @@ PolygonState polygonTest(const clsPoints& line, double x, double y) {
         const double q = to.Y - y;
         const float phi = vectorAngle(q * cosine - p * sine, p * cosine + q * sine);
         if (static_cast<double>(phi) == pi) return PolygonState::onEdge;  // kept: a single never equals it
-        sum += phi;
+        sum += static_cast<double>(phi);
     }
-    const double turn = std::abs(static_cast<double>(sum));
+    const double turn = std::abs(sum);
     if (turn < 0.0001) return PolygonState::outside;
     return turn > pi ? PolygonState::inside : PolygonState::undecided;
 }

@@ -97,7 +97,8 @@ class clsLimits {
 };
 
 /// Sums the signed angles under which the edges of a line are seen from a point. The edge from the last point
-/// back to the first is not walked, and angles are in single precision: both decide points on an edge.
+/// back to the first is not walked, and angles (not their sum) are in single precision: both decide points on
+/// an edge.
 PolygonState polygonTest(const clsPoints& line, double x, double y);
 
 }  // namespace marvello

@@ -24,9 +24,11 @@ inline int roundedToInteger(double value) {
     return static_cast<int>(whole);
 }
 
-/// What a format pattern with that many decimal places shows, as a number: half away from zero, of the 15
-/// decimal digits that a double is shown with. So 1.005 at two places is 1.01, though its double lies below
-/// the tie.
-double roundedToPlaces(double value, int places);
+/// What a format pattern with that many decimal places shows, as a number: the value times a power of ten,
+/// rounded half away from zero.
+inline double roundedToPlaces(double value, int places) {
+    const double scale = std::pow(10.0, places);
+    return checked(std::round(value * scale) / scale);
+}
 
 }  // namespace marvello

@@ -48,9 +48,11 @@ int movedBy(int cursor, int step) {
 
 }  // namespace
 
-// The texts are copies: they may be the properties that are written here.
-void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> conditions, std::string Serie,
-                              std::string models, std::string refrigerants, std::uint8_t Market) {
+void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> conditions,
+                              const std::string& Serie, const std::string& models,
+                              const std::string& refrigerants, std::uint8_t Market) {
+    // First of all: the texts may be the very properties that are written below.
+    const std::string sql = BuildSelectionSql(Serie, models, refrigerants, isInverterSeries(Serie), Market);
     isAborted_ = false;
     Clear();
     stopFlag_ = false;
@@ -60,7 +62,7 @@ void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> condit
     if (conditions) ProjectConditions = std::move(conditions);
     if (!ProjectConditions) ProjectConditions = std::make_shared<clsProjectConditions>();
 
-    loadCompressors(BuildSelectionSql(Serie, models, refrigerants, isInverterSeries(Serie), Market));
+    loadCompressors(sql);
     if (Count() > 0) CalculateCompressors();
 }
 
@@ -105,20 +107,20 @@ void clsSelections::CalculateCompressors() {
             return;
         }
         // Shared, since a window event during the calculation may clear the results.
-        CalculateCompressor(compressors_.at(static_cast<std::size_t>(i) - 1));
+        const std::shared_ptr<clsCompressor> compressor = compressors_.at(static_cast<std::size_t>(i) - 1);
+        CalculateCompressor(*compressor);
         if (SelectionPercent)
             SelectionPercent(roundedToInteger(checked(static_cast<double>(i) / Count()) * 100), i);
     }
 }
 
-void clsSelections::CalculateCompressor(const std::shared_ptr<clsCompressor>& compressor) {
-    const auto calculated = compressor;
+void clsSelections::CalculateCompressor(clsCompressor& compressor) {
     const auto conditions = ProjectConditions;
     const auto timeout = std::make_shared<formTimeout>();
     timeout->Timeout = [] { giveTurn(); };
     timeout_ = timeout;
-    const auto refprop = SharedRefprop(calculated->Refrigerant);
-    CompressorCalculation(*calculated, *refprop, *conditions, *timeout).run();
+    const auto refprop = SharedRefprop(compressor.Refrigerant);
+    CompressorCalculation(compressor, *refprop, *conditions, *timeout).run();
 }
 
 void clsSelections::Abort() {

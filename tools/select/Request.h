@@ -21,7 +21,6 @@ struct Request {
     std::string refrigerant;
     std::string series;  ///< The catalogue's name.
     std::string models = "*";
-    bool inverter = false;
     int market = 0;
     clsProjectConditions conditions;
 

@@ -66,12 +66,12 @@ Run carryOut(const Request& request) {
     return run;
 }
 
-std::string catalogueListing() {
+std::string catalogueListing(bool inverter) {
     std::string listing;
     std::pair<std::string, std::string> current;
-    for (RecordSet row =
-             gDatabase().Execute("Select fRefrigerantID, fSerieID, fModelID from tCompressors order by "
-                                 "fRefrigerantID, fSerieID, fSequence, fModelID");
+    for (RecordSet row = gDatabase().Execute(
+             std::string("Select fRefrigerantID, fSerieID, fModelID from tCompressors where fHasInverter=") +
+             (inverter ? "True" : "False") + " order by fRefrigerantID, fSerieID, fSequence, fModelID");
          !row.eof(); row.moveNext()) {
         const std::pair series(row.text("fRefrigerantID"), row.text("fSerieID"));
         if (series != current) {
@@ -83,7 +83,7 @@ std::string catalogueListing() {
         }
         listing += row.text("fModelID");
     }
-    return listing + "\n";
+    return listing.empty() ? "" : listing + "\n";
 }
 
 }  // namespace marvello::select

@@ -30,7 +30,8 @@ void openCatalogue(const std::string& language);
 /// std::runtime_error with the fluid library's sentence when it cannot set the refrigerant up.
 Run carryOut(const Request& request);
 
-/// The refrigerants, series and models of the catalogue, one series a line.
-std::string catalogueListing();
+/// The refrigerants, series and models of the catalogue that run at fixed speed, or on an inverter; one
+/// series a line.
+std::string catalogueListing(bool inverter);
 
 }  // namespace marvello::select

@@ -30,6 +30,7 @@ struct Arguments {
     std::string batchFile;
     std::string folder;
     bool list = false;
+    bool inverter = false;
 };
 
 std::string readFile(const std::string& file) {
@@ -79,7 +80,7 @@ int select(const Arguments& arguments) {
     setApplicationFolder(arguments.folder);
     openCatalogue(arguments.language);
     if (arguments.list) {
-        std::fputs(catalogueListing().c_str(), stdout);
+        std::fputs(catalogueListing(arguments.inverter).c_str(), stdout);
         return done;
     }
 
@@ -109,11 +110,9 @@ int run(int argc, char** argv) {
     std::map<std::string, std::string> given;
     for (const RequestOption& option : requestOptions()) {
         const std::string name(option.name);
-        if (name == "inverter") continue;
         app.add_option("--" + name, given[name], std::string(option.help));
     }
-    bool inverter = false;
-    app.add_flag("--inverter", inverter, "the series runs on an inverter");
+    app.add_flag("--inverter", arguments.inverter, "with --list: what runs on an inverter");
     app.add_option("--language", arguments.language, "language of the texts (en-EN)");
     app.add_option("--format", arguments.format, "table, csv or json")
         ->check(CLI::IsMember({"table", "csv", "json"}));
@@ -130,7 +129,6 @@ int run(int argc, char** argv) {
     for (const auto& [name, text] : given) {
         if (app.count("--" + name) > 0) arguments.options[name] = text;
     }
-    if (inverter) arguments.options["inverter"] = "true";
 
     return select(arguments);
 }
