@@ -5,6 +5,7 @@
 #include "data/Arithmetic.h"
 #include "data/Texts.h"
 #include "engine/AbortRequested.h"
+#include "engine/EconomizerCalculation.h"
 
 namespace marvello {
 
@@ -246,9 +247,11 @@ void CompressorCalculation::economizer() {
     statements_.attempt([&] {
         if (!compressor_.Economizer.hasPort() || v_("EcoCalculateMode") == 0) return;
         const bool hasMargin = !compressor_.hasInvert || v_("CA") * 1.15 < compressor_.Fla;
-        // The economized cycle itself is refused in a sentence of its own.
-        const char* const key = hasMargin ? "messages.message38" : "messages.message37";
-        compressor_.Messages.Error.add(key, key);
+        if (hasMargin) {
+            EconomizerCalculation(compressor_, refprop_, timeout_).CalculateEconomizer();
+        } else {
+            compressor_.Messages.Error.add("messages.message37", "messages.message37");
+        }
     });
 }
 

@@ -259,13 +259,6 @@ TEST_F(standardCycle, CurrentsFailInSilence) {
     EXPECT_NEAR(select().Variables("CA"), 2, 1e-12);
 }
 
-TEST_F(standardCycle, TheEconomizerIsRefusedInASentence) {
-    conditions.EcoCalculateMode = 1;
-    EXPECT_EQ(names(select().Messages.Error), keys({"38"}));
-    catalogue.exec("update tCompressors set fKForo=0");  // no port: nothing to calculate
-    EXPECT_EQ(select().Messages.Error.Count(), 0);
-}
-
 TEST_F(standardCycle, InverterCurrentAndItsMargin) {
     catalogue.exec(
         "update tCompressors set fSerieID='TK-D', fhasInverter=1, fInverterCaC1=0.001, "
@@ -281,8 +274,11 @@ TEST_F(standardCycle, InverterCurrentAndItsMargin) {
         catalogue.exec("update tCompressors set fFla=" + std::to_string(rated));
         return names(select("R134A", "TK-D").Messages.Error);
     };
-    EXPECT_EQ(withRated(current * 1.151), keys({"38"}));
+    conditions.Eco = 5;
+    EXPECT_NE(withRated(current * 1.151), keys({"37"}));
+    EXPECT_TRUE(selections.Item(1).Variables.Exist("EcoModel"));
     EXPECT_EQ(withRated(current * 1.149), keys({"37"}));
+    EXPECT_FALSE(selections.Item(1).Variables.Exist("EcoModel"));
 }
 
 // A blend with glide goes by the inlet of its evaporator; here the file of a pure fluid stands for it, so

@@ -85,7 +85,6 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
              Case{"--refrigerant R134A --series TK-A --ted nan --tcd 40", 2, "\"nan\" is no number"},
              Case{"--refrigerant R134A --series TK-A --ted 1,5 --tcd 40", 2, "\"1,5\" is no number"},
              Case{"--refrigerant R134A --series TK-A --ted 2 --tcd 40 --hz 50.5", 2, "no whole number"},
-             Case{"--refrigerant R134A --series TK-A --ted 2 --tcd 40 --eco-mode 1", 2, "economizer"},
              Case{"--refrigerant R134A --series TK-A --ted 2 --tcd 40 --colour red", 2, "--colour"},
              Case{"--refrigerant R999 --series TK-A --ted 2 --tcd 40", 1, "no refrigerant R999"},
              Case{"--refrigerant R134A --series \"O'Neill\" --ted 2 --tcd 40", 1, "no series O'Neill"},

@@ -113,9 +113,6 @@ void checkRequest(const Request& request) {
     need(!request.series.empty(), "series");
     need(!std::isnan(request.conditions.TEvaporatingDew), "ted");
     need(!std::isnan(request.conditions.TCondensationDew), "tcd");
-    if (request.conditions.EcoCalculateMode != 0) {
-        throw BadRequest("eco-mode: this version does not calculate the economizer cycle");
-    }
 }
 
 }  // namespace marvello::select

@@ -1,0 +1,148 @@
+#include <cmath>
+
+#include "data/Arithmetic.h"
+#include "engine/AbortRequested.h"
+#include "engine/EconomizerCalculation.h"
+#include "engine/Statements.h"
+#include "engine/StepControl.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr double isTrue = -1;
+constexpr double isFalse = 0;
+
+/// Trials without a smaller error that a search is given; one that gets anywhere needs a handful.
+constexpr int patience = 500;
+
+}  // namespace
+
+void EconomizerCalculation::Eco_Q0() {
+    const auto missing = [this] { return checked(v_("Eco") - (v_("Q0") + v_("Qeco"))); };
+    StepControl step(0.25F);
+    set("meco", 1.0);
+    EcoCycle();
+    if (AbortRequested()) return;
+    if (missing() < 0) {
+        noSolution();
+        return;
+    }
+    set("meco", v_("Mev") * 0.01);
+    EcoCycle();
+    double error = missing();
+    step.remember(error);
+    set("EcoOK", isFalse);
+
+    LostSearch trials(patience);
+    for (double distance = 20; distance > 0.05; distance = std::abs(error)) {
+        set("meco", v_("meco") * (1 + step.size() * error / 10));
+        EcoCycle();
+        if (AbortRequested()) break;
+        if (std::abs(v_("meco")) > 1.5 * std::abs(v_("Mev"))) {
+            noSolution();
+            return;
+        }
+        EcoCycle();  // kept: a second time at the same flow
+        error = missing();
+        if (v_("meco") < 0) set("meco", 1.0);
+        step.apply(error);
+        if (std::abs(error) > 0.05 && trials.isLost(v_("meco"), step.size(), error)) {
+            noSolution();
+            return;
+        }
+    }
+
+    // Kept: the approach is compared with Eco, though that is a capacity here.
+    if (v_("T31") - v_("T7D") > v_("Eco")) {
+        set("EcoModel", "Piastra");
+    } else if (v_("T31") - v_("T6") > 0) {
+        set("EcoModel", "Tank");
+    } else {
+        set("EcoModel", "Impossible");
+        noSolution();
+        if (v_("EcoOK") == isTrue) noSolution();
+    }
+}
+
+void EconomizerCalculation::Eco_Automatic() {
+    double distance = 0;
+    trySet("meco", [] { return 1.0; });
+    EcoCycle();
+    if (AbortRequested()) return;
+    Statements::attemptSilently([&] { distance = v_("T31") - v_("T6"); });
+    if (distance < 0) {
+        noSolution();
+        set("EcoOK", isTrue);
+        return;
+    }
+    double wanted = 0;
+    Statements::attemptSilently([&] { wanted = v_("Eco"); });
+    if (distance < wanted) {
+        trySet("meco", [&] { return v_("Mev") * 0.01; });
+        tankStage(20, StepControl(automaticStep));
+    } else {
+        plateStage(wanted);
+    }
+}
+
+/// Drives the approach of the subcooled liquid to the injected gas down to the wanted one.
+void EconomizerCalculation::plateStage(double wanted) {
+    StepControl step(automaticStep);
+    set("EcoModel", "Piastra");
+    trySet("meco", [&] { return v_("Mev") * 0.01; });
+    EcoCycle();
+    double approach = 0;
+    Statements::attemptSilently([&] { approach = v_("T31") - v_("T7D"); });
+    double error = approach - wanted;
+    step.remember(error);
+    trySet("meco", [&] { return v_("meco") * (checked(approach / wanted) - 1); });
+    set("EcoOK", isFalse);
+
+    LostSearch trials(patience);
+    while (std::abs(error) > 0.01) {
+        trySet("meco", [&] { return v_("meco") * (1 + step.size() * error / 10); });
+        EcoCycle();
+        if (AbortRequested()) return;
+        if (v_("meco") < 1) {
+            tankStage(error, step);
+            return;
+        }
+        Statements::attemptSilently([&] { approach = v_("T31") - v_("T7D"); });
+        error = std::abs(approach) - wanted;
+        step.apply(approach - wanted);
+        turn();
+        if (std::abs(error) > 0.01 && trials.isLost(v_("meco"), step.size(), error)) {
+            set("EcoModel", "Impossible");
+            noSolution();
+            return;
+        }
+    }
+}
+
+/// Drives the liquid down to the bubble temperature at the injection pressure.
+void EconomizerCalculation::tankStage(double error, StepControl step) {
+    step.restart();
+    set("EcoOK", isFalse);
+    set("EcoModel", "Tank");
+    trySet("meco", [&] { return v_("meco") * 5; });
+    double distance = 0;
+    LostSearch trials(patience);
+    while (std::abs(error) > 0.01 && !AbortRequested()) {
+        EcoCycle();
+        Statements::attemptSilently([&] { distance = v_("T31") - v_("T6"); });
+        error = std::abs(distance);
+        trySet("meco", [&] { return v_("meco") * (1 + step.size() * distance); });
+        if (v_("meco") < 0) set("meco", 1.0);
+        step.apply(distance);
+        const double flow = v_("meco");
+        if (std::abs(flow) > 2 * std::abs(v_("Mev")) || flow < 1 ||
+            (std::abs(error) > 0.01 && trials.isLost(flow, step.size(), error))) {
+            noSolution();
+            set("EcoModel", "Impossible");
+            return;
+        }
+    }
+}
+
+}  // namespace marvello

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "catalogue/clsCompressor.h"
+#include "engine/StepControl.h"
+#include "engine/formTimeout.h"
+#include "thermo/clsRefprop.h"
+
+namespace marvello {
+
+/// The economized cycle of one compressor: beside the evaporator's flow `Mev` it takes in the flow `meco`
+/// through a port at intermediate pressure. Works on the compressor's variables as the standard cycle left
+/// them; temperatures in degrees Celsius, pressures in bar, enthalpies in kJ/kg, flows in kg/h, power and
+/// capacity in kW.
+class EconomizerCalculation {
+  public:
+    EconomizerCalculation(clsCompressor& compressor, clsRefprop& refprop, formTimeout& timeout);
+
+    /// The whole calculation: efficiencies, port state, search, power, current and oil load. What it has to
+    /// say are error messages of the compressor. A step that fails leaves it by an exception, but for those
+    /// of the current and of the searches that go on.
+    void CalculateEconomizer();
+
+  private:
+    /// Solves the cycle for the present `meco`. A step that fails is passed over.
+    void EcoCycle();
+    void injectionPressure();
+
+    /// Searches the `meco` that gives the total capacity `Eco`. A step that fails leaves it.
+    void Eco_Q0();
+    /// Searches the `meco` that gives the approach `Eco`, with a plate economizer or else with a flash tank.
+    /// A step that fails is passed over.
+    void Eco_Automatic();
+    void plateStage(double wanted);
+    void tankStage(double error, StepControl step);
+    static constexpr float automaticStep = 0.1F;
+
+    bool isCapacityWithinReach();
+    void efficiencies();
+    void portState();
+    void power();
+    void current();
+    void oilLoad();
+    void checkApproach();
+    void noSolution();
+
+    /// Writes a variable in its place, or adds it.
+    void set(const std::string& name, VariableValue value, const std::string& unit = {});
+    /// The same, a failure passed over.
+    void trySet(const std::string& name, const std::function<double()>& value);
+    void turn();
+
+    double saturation(double p, int side) { return refprop_.Temperature(p, 1, side, 0, -1); }
+    double temperatureOfEnthalpy(double p, double h) { return refprop_.Temperature(p, 1, 2, h, 3); }
+    double temperatureOfEntropy(double p, double s) { return refprop_.Temperature(p, 1, 2, s, 4); }
+    double H(double t, double p) { return refprop_.Enthalpy(t, 0, p, 1); }
+    double enthalpyOfEntropy(double p, double s) { return refprop_.Enthalpy(p, 1, s, 4); }
+    double D(double t, double p) { return refprop_.Density(t, 0, 2, p, 1); }
+
+    clsCompressor& compressor_;
+    clsRefprop& refprop_;
+    formTimeout& timeout_;
+    clsVariables& v_;
+};
+
+}  // namespace marvello

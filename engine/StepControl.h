@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cmath>
+#include <cstddef>
+#include <limits>
+
+namespace marvello {
+
+/// The step size of a search: halved when the error changes its sign, but never in two trials that follow.
+class StepControl {
+  public:
+    explicit StepControl(float size) : size_(size) {}
+
+    double size() const { return static_cast<double>(size_); }
+    /// The next halving has to wait for one more trial.
+    void restart() { mayHalve_ = false; }
+    void remember(double error) { previous_ = error; }
+    void apply(double error) {
+        const bool turned = sign(error) != sign(previous_);
+        if (turned && mayHalve_) size_ /= 2;
+        mayHalve_ = !(turned && mayHalve_);
+        previous_ = error;
+    }
+
+  private:
+    static int sign(double value) { return (value > 0) - (value < 0); }
+
+    float size_;
+    bool mayHalve_ = false;
+    double previous_ = 0;
+};
+
+/// Finds that an iteration without a pass counter comes to nothing: it goes round in a circle, or its error
+/// has had no new least value for as many passes as its patience lasts. A circle is seen by comparing each
+/// state with one kept from before, which is replaced after 1, 2, 4, 8, ... passes (Brent, BIT 20 (1980)
+/// 176).
+class LostSearch {
+  public:
+    explicit LostSearch(int patience) : patience_(patience) {}
+
+    /// True when the state (a, b) was met before, or the patience is at its end.
+    bool isLost(double a, double b, double error) {
+        if (passes_ > 0 && a == keptA_ && b == keptB_) return true;
+        if (++passes_ == limit_) {
+            limit_ *= 2;
+            keptA_ = a;
+            keptB_ = b;
+        }
+        if (std::abs(error) < least_) {
+            least_ = std::abs(error);
+            withoutGain_ = 0;
+            return false;
+        }
+        return ++withoutGain_ >= patience_;
+    }
+
+  private:
+    int patience_;
+    int withoutGain_ = 0;
+    double least_ = std::numeric_limits<double>::infinity();
+    double keptA_ = 0;
+    double keptB_ = 0;
+    std::size_t passes_ = 0;
+    std::size_t limit_ = 1;
+};
+
+}  // namespace marvello

@@ -1,0 +1,224 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <string>
+
+#include "engine/AbortRequested.h"
+#include "engine/StepControl.h"
+#include "tests/engine/EngineFixture.h"
+#include "thermo/clsRefprop.h"
+
+namespace marvello {
+namespace {
+
+using testing::keys;
+
+constexpr double automatic = 1;
+constexpr double capacity = 2;
+
+class economizer : public testing::EngineFixture {
+  protected:
+    economizer() {
+        catalogue.compressor({{"fKForo", "1.6"}, {"fSez", "300"}});  // no pressure loss unless a test says so
+        catalogue.completeDefault();
+        // A discharge that an efficiency near 0.85 belongs to, so that the cycle is a possible one.
+        catalogue.exec(
+            "update tPolynomials set fC1=70, fC2=-0.5, fC3=0, fC4=0.3, fC5=0, fC6=0 where fType=3");
+        conditions.MotorVoltage = 400;
+        conditions.SuperHeat = 10;
+        conditions.SubCooling = 3;
+        conditions.OilCooling = 110;
+        conditions.OilCoolingCalculateMode = 0;
+    }
+
+    const clsVariables& run(double mode, double value) {
+        conditions.EcoCalculateMode = static_cast<int>(mode);
+        conditions.Eco = value;
+        return select().Variables;
+    }
+
+    /// The injected gas without pressure loss: dew temperature, enthalpy.
+    struct Gas {
+        double dew, enthalpy;
+    };
+    static Gas gasAtPort(const clsVariables& v) {
+        clsRefprop& r = GetRefprop("R134A");
+        const double dew = r.Temperature(v("P9"), 1, 2, 0, -1);
+        return {dew, r.Enthalpy(dew + v("Sh"), 0, v("P9"), 1)};
+    }
+
+    /// What holds for every solved cycle, whatever search found it. The tank's search changes the flow once
+    /// more after the last cycle, so it holds there to the search's tolerance.
+    static void expectBalances(const clsVariables& v, double tolerance = 1e-9) {
+        const double meco = v("meco");
+        const double injected = meco * (v("H7") - v("H3"));
+        EXPECT_NEAR(v("H71") * (meco + v("Mev")) / (v("H7") * meco + v("H9") * v("Mev")), 1, tolerance);
+        EXPECT_NEAR(v("Mev") * (v("H3") - v("H31")) / injected, 1, tolerance);
+        EXPECT_NEAR(v("Qeco") * 3600 / injected, 1, tolerance);
+        EXPECT_NEAR(v("CopEco"), (v("Q0") + v("Qeco")) / v("PtaEco"), 1e-12);
+        EXPECT_NEAR(v("QcEco"), (v("Q0") + v("Pta")) * (1 + meco / v("Mbase")), 1e-9);
+        EXPECT_GT(v("PtaEco"), v("Pta"));
+        EXPECT_GT(v("SCeco"), 0);
+    }
+};
+
+// Without pressure loss the plate's flow has a closed form: the liquid leaves at the gas's dew temperature
+// plus the approach, and the gas takes up what the liquid gives off: meco = Mev (H3 - h(T7D + Eco, Pc)) / (H7
+// - H3).
+TEST_F(economizer, APlateAtTheWantedApproach) {
+    const clsVariables& v = run(automatic, 5);
+    ASSERT_EQ(names(selections.Item(1).Messages.Error), keys({}));
+    EXPECT_EQ(v.Item("EcoModel").text(), "Piastra");
+    EXPECT_EQ(v("EcoOK"), 0);
+    const Gas gas = gasAtPort(v);
+    const double liquid = GetRefprop("R134A").Enthalpy(gas.dew + 5, 0, v("Pc"), 1);
+    // An approach good to 0.01 K: 0.015 kJ/kg of liquid, so a share of the flow under 1e-3.
+    EXPECT_NEAR(v("meco") / (v("Mev") * (v("H3") - liquid) / (gas.enthalpy - v("H3"))), 1, 1e-3);
+    EXPECT_NEAR(v("T31") - v("TSat"), 5, 0.0101);
+    EXPECT_NEAR(v("P9"), 1.6 * v("Pe"), 1e-12);
+    expectBalances(v);
+    // The shaft's view: EtaIso from flow and power, the compression's from the discharge, without the
+    // correction.
+    EXPECT_NEAR(v("EtaIso"), v("Mev") * (v("H2Iso") - v("Hga")) / (15.75 * 3600), 1e-12);
+    EXPECT_NEAR(v("T21"), 70 + 2.5 + 13.5 + 0.0001, 1e-9);
+    EXPECT_NEAR(v("EtaComp1"), 1.05 * v("EtaIso") * (v("H21") - v("Hga")) / (v("H2Iso") - v("Hga")), 1e-12);
+    EXPECT_NEAR(v("PtaEco"), 15.75 + v("meco") * (v("h2") - v("H71")) / (3600 * v("EtaComp1")), 1e-9);
+    EXPECT_NEAR(v("CAECO"), selections.Item(1).Motor.current(v("PtaEco")), 1e-9);
+    EXPECT_EQ(v.Item("CAECO").UnitMeasuretext, "A");
+}
+
+// A tank brings the liquid down to the bubble temperature at the port: meco = Mev (H3 - h(T6, Pc)) / (H7 -
+// H3).
+TEST_F(economizer, ATankWhereTheApproachIsWiderThanTheLiquid) {
+    const clsVariables& v = run(automatic, 60);
+    EXPECT_EQ(v.Item("EcoModel").text(), "Tank");
+    const Gas gas = gasAtPort(v);
+    const double liquid = GetRefprop("R134A").Enthalpy(v("T6"), 0, v("Pc"), 1);
+    EXPECT_NEAR(v("meco") / (v("Mev") * (v("H3") - liquid) / (gas.enthalpy - v("H3"))), 1, 1e-3);
+    expectBalances(v, 1e-3);
+    // Nowhere near the approach asked for: said after everything is there.
+    EXPECT_EQ(names(selections.Item(1).Messages.Error), keys({"25"}));
+}
+
+// At a wanted capacity: meco = (Eco - Q0) 3600 / (H7 - H3).
+TEST_F(economizer, AWantedCapacity) {
+    const double standard = run(0, 0)("Q0");
+    const double wanted = standard + 3;
+    const clsVariables& v = run(capacity, wanted);
+    ASSERT_EQ(names(selections.Item(1).Messages.Error), keys({}));
+    EXPECT_NEAR(v("Q0") + v("Qeco"), wanted, 0.05);
+    EXPECT_EQ(v("Q0"), standard);  // the standard cycle's figures stay
+    EXPECT_NEAR(v("meco"), v("Qeco") * 3600 / (gasAtPort(v).enthalpy - v("H3")), 1e-6);
+    expectBalances(v);
+}
+
+TEST_F(economizer, CapacitiesOutOfReach) {
+    const clsVariables& plain = run(0, 0);
+    const double shown = std::round(plain("Q0") * 10) / 10;
+    const double most = plain("Q0") + plain("Mbase") * (plain("HE") - plain("Hl")) / 3600;
+    const auto says = [&](double wanted) {
+        run(capacity, wanted);
+        return names(selections.Item(1).Messages.Error);
+    };
+    EXPECT_EQ(says(shown - 0.001), keys({"23"}));
+    EXPECT_FALSE(selections.Item(1).Variables.Exist("Mev"));
+    EXPECT_EQ(says(most), keys({"24"}));
+    // Just above what is shown: less than the least injection gives, so no solution, and the model stays as
+    // set.
+    EXPECT_EQ(says(shown), keys({"26"}));
+    EXPECT_EQ(selections.Item(1).Variables("EcoOK"), -1);
+    EXPECT_EQ(selections.Item(1).Variables.Item("EcoModel").text(), "Impossible");
+    EXPECT_TRUE(selections.Item(1).Variables.Exist("CopEco"));
+}
+
+// The loss of the injected gas: P7 - P9 = KPerdita / Sez * D7 / D9D * meco, D7 at P7.
+TEST_F(economizer, PressureLossOfTheInjection) {
+    catalogue.exec("update tCompressors set fKPerdita=0.25");
+    const clsVariables& v = run(automatic, 5);
+    EXPECT_GT(v("P7"), v("P9"));
+    const double density = GetRefprop("R134A").Density(v("T7"), 0, 2, v("P7"), 1);
+    EXPECT_NEAR(v("P7") - v("P9"), 0.25 / 300 * density / v("D9D") * v("meco"), 1e-5);
+    EXPECT_EQ(v("Peco"), v("P7"));
+    EXPECT_NEAR(v("P71") * (v("meco") + v("Mev")), v("P7") * v("meco") + v("P9") * v("Mev"), 1e-6);
+    expectBalances(v);
+}
+
+TEST_F(economizer, OilLoadAboveItsLimitAndTheFactorOnPower) {
+    const double power = run(automatic, 5)("PtaEco");
+    const double discharge = selections.Item(1).Variables("T2");
+    EXPECT_EQ(selections.Item(1).Variables("Pcool"), 0);
+    catalogue.exec("update tCompressors set fValue1=1.1");
+    conditions.OilCooling = discharge - 10;
+    const clsVariables& v = run(automatic, 5);
+    EXPECT_NEAR(v("PtaEco"), 1.1 * power, 1e-9);
+    EXPECT_NEAR(v("Pcool"), (v("meco") + v("Mev")) * (v("h2") - v("H2cool")) / 3600, 1e-9);
+    EXPECT_EQ(v("Pra"), v("Pcool"));
+}
+
+TEST_F(economizer, AbortTakesEffectWithinAPass) {
+    catalogue.compressor({{"fModelID", "'200'"}, {"fKForo", "1.6"}, {"fSez", "300"}});
+    int turns = 0;
+    hooks().giveTurn = [&turns] {
+        if (++turns == 20) AbortRequested() = true;
+    };
+    conditions.EcoCalculateMode = 1;
+    conditions.Eco = 5;
+    selections.Selection(std::make_shared<clsProjectConditions>(conditions), "TK-A", "*", "R134A", 0);
+    EXPECT_TRUE(selections.isAborted());
+    EXPECT_LE(turns, 21);
+    hooks().giveTurn = nullptr;
+}
+
+TEST_F(economizer, AFailingStepOfTheSearchForACapacityLeavesOneEntry) {
+    catalogue.exec("update tPolynomials set fC1=0.0001, fC2=0, fC3=0 where fType=1");
+    // Hardly any power: efficiencies beyond sense, and a cycle that the property library has no state for.
+    run(capacity, run(0, 0)("Q0") + 3);
+    EXPECT_TRUE(selections.Item(1).Variables.Exist("QcEco"));  // the stages after it run
+}
+
+// Ports and conditions without sense: every run comes to its end and leaves finite numbers only.
+TEST_F(economizer, NoPortMakesARunEndless) {
+    std::mt19937 random(11);
+    const auto between = [&random](double low, double high) {
+        return std::uniform_real_distribution<double>(low, high)(random);
+    };
+    for (int i = 0; i < 150; ++i) {
+        catalogue.exec("update tCompressors set fKForo=" + std::to_string(std::exp(between(-3, 4))) +
+                       ", fKPerdita=" + std::to_string(std::exp(between(-8, 12)) * (i % 7 == 0 ? -1 : 1)) +
+                       ", fSez=" + std::to_string(i % 5 == 0 ? 0 : std::exp(between(-3, 7))));
+        conditions.TEvaporatingDew = between(-19, 14);
+        conditions.TCondensationDew = between(21, 59);
+        const double mode = i % 3;
+        run(mode, mode == capacity ? between(20, 120) : between(-5, 70));
+        ASSERT_EQ(selections.Count(), 1);
+    }
+}
+
+TEST(StepControl, HalvesAtATurnButNeverTwiceInTrialsThatFollow) {
+    StepControl step(0.25F);
+    step.remember(1);
+    step.apply(-1);
+    EXPECT_EQ(step.size(), 0.25);  // the first turn only arms it
+    step.apply(1);
+    EXPECT_EQ(step.size(), 0.125);
+    step.apply(-1);
+    EXPECT_EQ(step.size(), 0.125);
+    step.apply(1);
+    EXPECT_EQ(step.size(), 0.0625);
+}
+
+TEST(LostSearch, SeesACircleOfAnyLengthAndTheEndOfPatience) {
+    for (const int length : {1, 2, 3, 17}) {
+        LostSearch search(1000);
+        int passes = 0;
+        while (!search.isLost(passes < 5 ? -passes - 1 : passes % length, 0, 1)) ASSERT_LT(++passes, 200);
+    }
+    LostSearch converging(3);
+    for (int i = 0; i < 1000; ++i) ASSERT_FALSE(converging.isLost(i, 0, 1.0 / (i + 1)));
+    EXPECT_FALSE(converging.isLost(-1, 0, 5) || converging.isLost(-2, 0, -5));
+    EXPECT_TRUE(converging.isLost(-3, 0, 5));
+}
+
+}  // namespace
+}  // namespace marvello
