@@ -182,7 +182,10 @@ void AdvanceText::selectText() {
 }
 
 void AdvanceText::gotFocus() {
-    if (!locked_) selectText();
+    if (locked_)
+        edit_->deselect();  // the line edit selects on a tab, also what cannot be typed over
+    else
+        selectText();
     update();
     emit TextGotFocus();
 }

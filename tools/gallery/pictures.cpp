@@ -74,6 +74,13 @@ struct Demonstration {
         for (int row = 0; row < results->rowCount(); ++row)
             if (results->mark(row) == u"ledred") results->selectRow(row);
         save(window, "error");
+        auto* const economiser = form->findChild<AdvanceText*>(QStringLiteral("cmbEco"));
+        if (economiser->isEnabled()) {
+            economiser->SetTextValue(QStringLiteral("Approach"));
+            economiser->SetKey(QStringLiteral("1"));
+            form->lnkCalculate_Click();
+            save(window, "economiser");
+        }
         form->MeasureUnits(1, true);
         save(window, "imperial");
         window.newSelection();
