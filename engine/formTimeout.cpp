@@ -11,7 +11,7 @@ void formTimeout::StartTimeout() {
 }
 
 void formTimeout::poll() {
-    if (!enabled_ || std::chrono::steady_clock::now() - start_ < interval) return;
+    if (!enabled_ || std::chrono::steady_clock::now() - start_ < interval_) return;
     enabled_ = false;
     giveTurn();
     if (Timeout) Timeout();

@@ -9,7 +9,8 @@ namespace marvello {
 /// interface, and so the abort button, a turn. Its tick is delivered where a calculation calls poll().
 class formTimeout {
   public:
-    static constexpr std::chrono::milliseconds interval{4000};
+    explicit formTimeout(std::chrono::milliseconds interval = std::chrono::milliseconds(4000))
+        : interval_(interval) {}
 
     /// Raised by the tick.
     std::function<void()> Timeout;
@@ -22,6 +23,7 @@ class formTimeout {
     void poll();
 
   private:
+    std::chrono::milliseconds interval_;
     bool enabled_ = false;
     std::chrono::steady_clock::time_point start_;
 };

@@ -156,6 +156,20 @@ TEST(formTimeoutTest, StartsAndStops) {
     EXPECT_EQ(ticks, 0);
 }
 
+TEST(formTimeoutTest, TicksOnceAndGivesATurnBeforeAndAfter) {
+    std::string order;
+    hooks().giveTurn = [&order] { order += "turn "; };
+    formTimeout timeout{std::chrono::milliseconds(0)};
+    timeout.Timeout = [&order] { order += "tick "; };
+    timeout.poll();  // not started
+    timeout.StartTimeout();
+    timeout.poll();
+    timeout.poll();
+    EXPECT_EQ(order, "turn tick turn ");
+    EXPECT_TRUE(timeout.isStopped());
+    hooks().giveTurn = nullptr;
+}
+
 TEST(clsOutputs, RemovesByNameAndAddsByKey) {
     clsOutputs outputs;
     outputs.add("Q0", "Q0", "capacity", "kW", {}, 0);
