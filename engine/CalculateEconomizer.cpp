@@ -3,6 +3,7 @@
 #include "data/Arithmetic.h"
 #include "data/Hooks.h"
 #include "engine/EconomizerCalculation.h"
+#include "engine/MotorCurrent.h"
 #include "engine/Statements.h"
 
 namespace marvello {
@@ -54,7 +55,8 @@ void EconomizerCalculation::CalculateEconomizer() {
     }
 
     power();
-    current();
+    // By the motor's polynomial for inverter compressors too.
+    writeMotorCurrent(v_, compressor_.Motor, "PtaEco", "CAECO");
     oilLoad();
     set("CopEco", (v_("Q0") + v_("Qeco")) / v_("PtaEco"));
     set("TSat", saturation(v_("Peco"), 2));
@@ -102,18 +104,6 @@ void EconomizerCalculation::portState() {
 void EconomizerCalculation::power() {
     set("PtaEco", v_("Pta") + v_("meco") * (v_("h2") - v_("H71")) / (secondsPerHour * v_("EtaComp1")));
     if (compressor_.KValues.hasValue1()) set("PtaEco", v_("PtaEco") * compressor_.KValues.Value1);
-}
-
-/// By the motor's polynomial for inverter compressors too.
-void EconomizerCalculation::current() {
-    double t = 0;
-    double atReferenceVoltage = 0;
-    Statements::attemptSilently([&] { t = checked(v_("PtaEco") * checked(50 / v_("Fm"))); });
-    Statements::attemptSilently([&] { atReferenceVoltage = checked(compressor_.Motor.current(t)); });
-    Statements::attemptSilently([&] {
-        const double referenceVoltage = v_("Fm") == 50 ? 400 : 460;
-        set("CAECO", atReferenceVoltage * checked(referenceVoltage / v_("Vm")), "A");
-    });
 }
 
 /// Only a discharge above the limit replaces the load of the standard cycle.

@@ -6,6 +6,7 @@
 #include "data/Texts.h"
 #include "engine/AbortRequested.h"
 #include "engine/EconomizerCalculation.h"
+#include "engine/MotorCurrent.h"
 
 namespace marvello {
 
@@ -14,9 +15,6 @@ namespace {
 constexpr double secondsPerHour = 3600;
 constexpr double referenceSuperheat = 10;
 constexpr double referenceSubcooling = 5;
-
-/// The voltage that a motor's currents are stated at.
-double referenceVoltage(double hertz) { return hertz == 50 ? 400 : 460; }
 
 }  // namespace
 
@@ -182,12 +180,7 @@ void CompressorCalculation::current() {
             [&] { v_.add("CA", v_("Pta") * 1000 / ((std::sqrt(3.0) * powerFactor) * v_("Vm")), "", "A"); });
         return;
     }
-    double t = 0;
-    double atReferenceVoltage = 0;
-    Statements::attemptSilently([&] { t = checked(v_("Pta") * checked(50 / v_("Fm"))); });
-    Statements::attemptSilently([&] { atReferenceVoltage = checked(compressor_.Motor.current(t)); });
-    Statements::attemptSilently(
-        [&] { v_.add("CA", atReferenceVoltage * checked(referenceVoltage(v_("Fm")) / v_("Vm")), "", "A"); });
+    writeMotorCurrent(v_, compressor_.Motor, "Pta", "CA");
 }
 
 void CompressorCalculation::ratedCurrents() {

@@ -10,6 +10,9 @@ namespace marvello {
 
 namespace {
 
+constexpr double capacityTolerance = 0.05;  // kW
+constexpr double approachTolerance = 0.01;  // K
+
 constexpr double isTrue = -1;
 constexpr double isFalse = 0;
 
@@ -35,7 +38,7 @@ void EconomizerCalculation::Eco_Q0() {
     set("EcoOK", isFalse);
 
     LostSearch trials(patience);
-    for (double distance = 20; distance > 0.05; distance = std::abs(error)) {
+    for (double distance = 20; distance > capacityTolerance; distance = std::abs(error)) {
         set("meco", v_("meco") * (1 + step.size() * error / 10));
         EcoCycle();
         if (AbortRequested()) break;
@@ -47,7 +50,7 @@ void EconomizerCalculation::Eco_Q0() {
         error = missing();
         if (v_("meco") < 0) set("meco", 1.0);
         step.apply(error);
-        if (std::abs(error) > 0.05 && trials.isLost(v_("meco"), step.size(), error)) {
+        if (std::abs(error) > capacityTolerance && trials.isLost(v_("meco"), step.size(), error)) {
             noSolution();
             return;
         }
@@ -100,7 +103,7 @@ void EconomizerCalculation::plateStage(double wanted) {
     set("EcoOK", isFalse);
 
     LostSearch trials(patience);
-    while (std::abs(error) > 0.01) {
+    while (std::abs(error) > approachTolerance) {
         trySet("meco", [&] { return v_("meco") * (1 + step.size() * error / 10); });
         EcoCycle();
         if (AbortRequested()) return;
@@ -112,7 +115,7 @@ void EconomizerCalculation::plateStage(double wanted) {
         error = std::abs(approach) - wanted;
         step.apply(approach - wanted);
         turn();
-        if (std::abs(error) > 0.01 && trials.isLost(v_("meco"), step.size(), error)) {
+        if (std::abs(error) > approachTolerance && trials.isLost(v_("meco"), step.size(), error)) {
             set("EcoModel", "Impossible");
             noSolution();
             return;
@@ -128,7 +131,7 @@ void EconomizerCalculation::tankStage(double error, StepControl step) {
     trySet("meco", [&] { return v_("meco") * 5; });
     double distance = 0;
     LostSearch trials(patience);
-    while (std::abs(error) > 0.01 && !AbortRequested()) {
+    while (std::abs(error) > approachTolerance && !AbortRequested()) {
         EcoCycle();
         Statements::attemptSilently([&] { distance = v_("T31") - v_("T6"); });
         error = std::abs(distance);
@@ -137,7 +140,7 @@ void EconomizerCalculation::tankStage(double error, StepControl step) {
         step.apply(distance);
         const double flow = v_("meco");
         if (std::abs(flow) > 2 * std::abs(v_("Mev")) || flow < 1 ||
-            (std::abs(error) > 0.01 && trials.isLost(flow, step.size(), error))) {
+            (std::abs(error) > approachTolerance && trials.isLost(flow, step.size(), error))) {
             noSolution();
             set("EcoModel", "Impossible");
             return;

@@ -41,7 +41,6 @@ class EconomizerCalculation {
     void efficiencies();
     void portState();
     void power();
-    void current();
     void oilLoad();
     void checkApproach();
     void noSolution();

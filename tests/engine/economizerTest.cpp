@@ -3,6 +3,7 @@
 #include <cmath>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "engine/AbortRequested.h"
 #include "engine/StepControl.h"
@@ -170,11 +171,16 @@ TEST_F(economizer, AbortTakesEffectWithinAPass) {
     hooks().giveTurn = nullptr;
 }
 
-TEST_F(economizer, AFailingStepOfTheSearchForACapacityLeavesOneEntry) {
-    catalogue.exec("update tPolynomials set fC1=0.0001, fC2=0, fC3=0 where fType=1");
-    // Hardly any power: efficiencies beyond sense, and a cycle that the property library has no state for.
-    run(capacity, run(0, 0)("Q0") + 3);
-    EXPECT_TRUE(selections.Item(1).Variables.Exist("QcEco"));  // the stages after it run
+TEST_F(economizer, AFailingStepLeavesItWithOneEntry) {
+    // No power at -5 degC: the quotients COP and EtaIso fail, EER reads a COP that is not there.
+    catalogue.exec("update tPolynomials set fC1=5, fC2=1, fC3=0 where fType=1");
+    const clsVariables& v = run(automatic, 5);
+    EXPECT_EQ(names(selections.Item(1).Messages.Error),
+              (std::vector<std::string>{"Error...", "Error...", "Error..."}));
+    EXPECT_TRUE(v.Exist("H2Iso"));
+    EXPECT_FALSE(v.Exist("EtaIso"));
+    EXPECT_FALSE(v.Exist("P9"));
+    EXPECT_TRUE(v.Exist("QcEco"));  // the stages after it run
 }
 
 // Ports and conditions without sense: every run comes to its end and leaves finite numbers only.
