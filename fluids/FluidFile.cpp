@@ -1,6 +1,7 @@
 #include "fluids/FluidFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <fstream>
 #include <iterator>
@@ -32,6 +33,8 @@ class Field {
         throw PropertyError(Fault::fluidFile,
                             file_ + ": " + (name_.empty() ? "" : "field " + name_ + " ") + reason + ".");
     }
+
+    bool has(const std::string& key) const { return value_->is_object() && value_->contains(key); }
 
     Field at(const std::string& key) const {
         if (!value_->is_object()) refuse("is not an object");
@@ -88,25 +91,77 @@ class Field {
 
 double exponent(const Field& field) { return field.number(-highestExponent, highestExponent); }
 
+void readExponential(const Field& field, ResidualTerm& term) {
+    term.kind = TermKind::exponential;
+    term.l = field.at("l").number(1, 20);
+}
+
+void readGaussian(const Field& field, ResidualTerm& term) {
+    term.kind = TermKind::gaussian;
+    term.eta = field.at("eta").number(0, 1e5);
+    term.epsilon = field.at("epsilon").number(-100, 100);
+    term.beta = field.at("beta").number(0, 1e5);
+    term.gamma = field.at("gamma").number(-100, 100);
+}
+
+void readDoubleExponential(const Field& field, ResidualTerm& term) {
+    term.kind = TermKind::doubleExponential;
+    term.l = field.at("l").number(1, 20);
+    term.m = field.at("m").number(0.1, 20);
+}
+
+void readAssociating(const Field& field, ResidualTerm& term) {
+    term.kind = TermKind::associating;
+    term.eta = field.at("eta").number(-1e5, 0);
+    term.epsilon = field.at("epsilon").number(-100, 100);
+    term.beta = field.at("beta").number(0, 1e5);
+    term.gamma = field.at("gamma").number(-100, 100);
+    term.b = field.at("b").number(0.02, 1e5);
+}
+
+/// The bounds of a, b and beta keep the first derivatives finite everywhere, and the second but at the
+/// critical point.
+void readNonanalytic(const Field& field, ResidualTerm& term) {
+    term.kind = TermKind::nonanalytic;
+    term.a = field.at("a").number(1, 20);
+    term.b = field.at("b").number(0.5, 20);
+    term.beta = field.at("beta").number(0.025, 0.5);
+    term.A = field.at("A").number(0, 100);
+    term.B = field.at("B").number(0, 100);
+    term.C = field.at("C").number(0, 1e5);
+    term.D = field.at("D").number(0, 1e5);
+}
+
+struct KnownKind {
+    const char* name;
+    void (*read)(const Field&, ResidualTerm&);
+};
+constexpr std::array<KnownKind, 6> knownKinds{{
+    {"power", [](const Field&, ResidualTerm&) {}},
+    {"exp", readExponential},
+    {"gauss", readGaussian},
+    {"double_exp", readDoubleExponential},
+    {"gao_b", readAssociating},
+    {"nonanalytic", readNonanalytic},
+}};
+
 ResidualTerm readTerm(const Field& field) {
     ResidualTerm term;
-    term.n = field.at("n").number();
-    term.d = exponent(field.at("d"));
-    term.t = exponent(field.at("t"));
     const Field kind = field.at("kind");
-    if (kind.text() == "power") {
-        term.kind = TermKind::power;
-    } else if (kind.text() == "exp") {
-        term.kind = TermKind::exponential;
-        term.l = field.at("l").number(1, 20);
-    } else if (kind.text() == "gauss") {
-        term.kind = TermKind::gaussian;
-        term.eta = field.at("eta").number(0, 1e5);
-        term.epsilon = field.at("epsilon").number(-100, 100);
-        term.beta = field.at("beta").number(0, 1e5);
-        term.gamma = field.at("gamma").number(-100, 100);
-    } else {
-        kind.refuse("is \"" + kind.text() + "\"; the kinds known are power, exp and gauss");
+    const std::string name = kind.text();
+    const auto* const known = std::find_if(knownKinds.begin(), knownKinds.end(),
+                                           [&](const KnownKind& entry) { return entry.name == name; });
+    if (known == knownKinds.end()) {
+        std::string names;
+        for (const KnownKind& entry : knownKinds)
+            names += (names.empty() ? "" : ", ") + std::string(entry.name);
+        kind.refuse("is \"" + name + "\"; the kinds known are " + names);
+    }
+    term.n = field.at("n").number();
+    known->read(field, term);
+    if (term.kind != TermKind::nonanalytic) {
+        term.d = exponent(field.at("d"));
+        term.t = exponent(field.at("t"));
     }
     return term;
 }
@@ -119,6 +174,24 @@ IdealPart readIdeal(const Field& field) {
             field.at("einstein").list([](const Field& entry) {
                 return EinsteinTerm{entry.at("n").number(), entry.at("theta").number(1e-6, 1e3)};
             })};
+}
+
+void readLimits(const Field& limits, PureFluid& fluid) {
+    fluid.temperatureMin = limits.at("temperature_min").positive();
+    fluid.temperatureMax = limits.at("temperature_max").positive();
+    fluid.temperatureExtrapolated = limits.has("temperature_extrapolated")
+                                        ? limits.at("temperature_extrapolated").positive()
+                                        : fluid.temperatureMax;
+    fluid.pressureMax = limits.at("pressure_max").positive();
+    if (!(fluid.temperatureMin < 0.9 * fluid.critical.temperature)) {
+        limits.refuse("begins too near the critical temperature");
+    }
+    if (!(fluid.temperatureMax > fluid.critical.temperature))
+        limits.refuse("ends below the critical temperature");
+    if (!(fluid.temperatureExtrapolated >= fluid.temperatureMax)) {
+        limits.refuse("has a temperature_extrapolated below its temperature_max");
+    }
+    if (!(fluid.pressureMax > fluid.critical.pressure)) limits.refuse("ends below the critical pressure");
 }
 
 PureFluid readFluid(const Field& root) {
@@ -135,16 +208,7 @@ PureFluid readFluid(const Field& root) {
                       critical.at("density").positive()};
     const Field reducing = root.at("reducing");
     fluid.reducing = {reducing.at("temperature").positive(), 0, reducing.at("density").positive()};
-    const Field limits = root.at("limits");
-    fluid.temperatureMin = limits.at("temperature_min").positive();
-    fluid.temperatureMax = limits.at("temperature_max").positive();
-    fluid.pressureMax = limits.at("pressure_max").positive();
-    if (!(fluid.temperatureMin < 0.9 * fluid.critical.temperature)) {
-        limits.refuse("begins too near the critical temperature");
-    }
-    if (!(fluid.temperatureMax > fluid.critical.temperature))
-        limits.refuse("ends below the critical temperature");
-    if (!(fluid.pressureMax > fluid.critical.pressure)) limits.refuse("ends below the critical pressure");
+    readLimits(root.at("limits"), fluid);
     const Field reference = root.at("reference_state");
     fluid.referenceState = reference.text();
     if (fluid.referenceState != "IIR" && fluid.referenceState != "NBP" && fluid.referenceState != "ASH") {

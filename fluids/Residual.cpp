@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "fluids/PropertyError.h"
+
 namespace marvello::fluids {
 namespace {
 
@@ -39,6 +41,8 @@ Residual::Residual(const Blocks& blocks)
         const std::size_t powerEnd = begin + count(TermKind::power);
         blocks_.push_back({begin, powerEnd, powerEnd + count(TermKind::exponential), begin + block.size()});
         for (const ResidualTerm& term : block) {
+            if (term.kind > TermKind::gaussian)
+                throw PropertyError(Fault::notSupported, "A term's form is not computed yet.");
             terms_.push_back({term, tauPowers_.indexOf(term.t), deltaPowers_.indexOf(term.d),
                               decayPowers_.indexOf(term.l)});
         }
