@@ -3,17 +3,12 @@
 #include <algorithm>
 #include <system_error>
 
+#include "fluids/LatinCase.h"
+
 namespace marvello::fluids {
 namespace {
 
 namespace fs = std::filesystem;
-
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool sameButCase(const std::string& left, const std::string& right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return lower(a) == lower(b); });
-}
 
 /// The entry of a folder with this name, exactly or else without regard to case (the first in order of the
 /// alphabet).

@@ -4,23 +4,11 @@
 #include <span>
 #include <vector>
 
+#include "fluids/PairInteraction.h"
 #include "fluids/PureFluid.h"
 #include "fluids/Residual.h"
 
 namespace marvello::fluids {
-
-/// What the library knows of a pair of components: the parameters of the reducing functions (1 is
-/// Lorentz-Berthelot) and the departure function with its factor.
-struct PairInteraction {
-    std::size_t first = 0;
-    std::size_t second = 0;
-    double betaT = 1;
-    double gammaT = 1;
-    double betaV = 1;
-    double gammaV = 1;
-    double factor = 0;
-    std::vector<ResidualTerm> departure;
-};
 
 /// A mixture of pure fluids after Kunz and Wagner (J. Chem. Eng. Data 57 (2012) 3032): the residual parts of
 /// the components and the departures of the pairs, all at a reduced temperature and density that depend on
