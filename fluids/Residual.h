@@ -6,19 +6,9 @@
 
 #include "fluids/PowerTable.h"
 #include "fluids/PureFluid.h"
+#include "fluids/ResidualDerivatives.h"
 
 namespace marvello::fluids {
-
-/// The residual part and its derivatives at one tau and delta, each made dimensionless: alpha,
-/// delta alpha_delta, delta^2 alpha_deltadelta, tau alpha_tau, tau^2 alpha_tautau, delta tau alpha_deltatau.
-struct ResidualDerivatives {
-    double value = 0;
-    double d = 0;
-    double dd = 0;
-    double t = 0;
-    double tt = 0;
-    double dt = 0;
-};
 
 /// The residual Helmholtz energy of a mixture: a weighted sum of blocks of terms, one block for each
 /// component and one for each departure function. For a pure fluid there is one block of weight 1.

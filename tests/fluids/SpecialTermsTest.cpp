@@ -1,0 +1,266 @@
+// The terms that are evaluated one by one: their derivatives against differences of the forms as published,
+// and the neighbourhood of the critical point, where one of them is singular.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cfenv>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include "fluids/SpecialTerms.h"
+
+namespace marvello::test {
+namespace {
+
+using fluids::addSpecialTerm;
+using fluids::ResidualDerivatives;
+using fluids::ResidualTerm;
+using fluids::TermKind;
+using Real = long double;
+
+ResidualTerm doubleExponential(double n, double d, double t, double l, double m) {
+    ResidualTerm term;
+    term.kind = TermKind::doubleExponential;
+    term.n = n;
+    term.d = d;
+    term.t = t;
+    term.l = l;
+    term.m = m;
+    return term;
+}
+
+ResidualTerm associating(double n, double t, std::array<double, 5> etaEpsilonBetaGammaB) {
+    ResidualTerm term;
+    term.kind = TermKind::associating;
+    term.n = n;
+    term.d = 1;
+    term.t = t;
+    term.eta = etaEpsilonBetaGammaB[0];
+    term.epsilon = etaEpsilonBetaGammaB[1];
+    term.beta = etaEpsilonBetaGammaB[2];
+    term.gamma = etaEpsilonBetaGammaB[3];
+    term.b = etaEpsilonBetaGammaB[4];
+    return term;
+}
+
+ResidualTerm nonanalytic(double n, double a, double b, double B, double C) {
+    ResidualTerm term;
+    term.kind = TermKind::nonanalytic;
+    term.n = n;
+    term.a = a;
+    term.b = b;
+    term.beta = 0.3;
+    term.A = 0.7;
+    term.B = B;
+    term.C = C;
+    term.D = 275;
+    return term;
+}
+
+// Of R125 (Lemmon and Jacobsen 2005), ammonia (Gao et al. 2023) and carbon dioxide (Span and Wagner 1996).
+const std::vector<ResidualTerm> smoothTerms{
+    doubleExponential(-1.532005, 2, 4.5, 2, 1.7), doubleExponential(-0.05883649, 3, 29, 3, 7),
+    doubleExponential(0.02296658, 5, 24, 3, 6),
+    associating(-1.6909858, 4.3315, {-2.8452, 0.4478, 0.3696, 1.108, 1.244}),
+    associating(0.93739074, 4.015, {-2.8342, 0.44689, 0.2962, 1.313, 0.6826})};
+const std::vector<ResidualTerm> criticalTerms{nonanalytic(-0.666422765408, 3.5, 0.875, 0.3, 10),
+                                              nonanalytic(0.726086323499, 3.5, 0.925, 0.3, 10),
+                                              nonanalytic(0.0550686686128, 3, 0.875, 1, 12.5)};
+
+/// The term as it is published.
+Real published(const ResidualTerm& term, Real tau, Real delta) {
+    const auto power = [&] { return term.n * std::pow(delta, Real(term.d)) * std::pow(tau, Real(term.t)); };
+    if (term.kind == TermKind::doubleExponential) {
+        return power() * std::exp(-std::pow(delta, Real(term.l)) - std::pow(tau, Real(term.m)));
+    }
+    if (term.kind == TermKind::associating) {
+        return power() * std::exp(1 / (term.b + term.beta * (tau - term.gamma) * (tau - term.gamma)) +
+                                  term.eta * (delta - term.epsilon) * (delta - term.epsilon));
+    }
+    const Real x = (delta - 1) * (delta - 1);
+    const Real theta = 1 - tau + term.A * std::pow(x, 1 / (2 * Real(term.beta)));
+    const Real distance = theta * theta + term.B * std::pow(x, Real(term.a));
+    return term.n * std::pow(distance, Real(term.b)) * delta *
+           std::exp(-term.C * x - term.D * (tau - 1) * (tau - 1));
+}
+
+ResidualDerivatives computed(const ResidualTerm& term, double tau, double delta) {
+    ResidualDerivatives sum;
+    addSpecialTerm(term, tau, delta, sum);
+    return sum;
+}
+
+/// A central difference over h, h/2, h/4 and h/8, extrapolated to h = 0: its error is of the order h^8.
+template <class Difference>
+Real extrapolated(Difference difference, Real h) {
+    std::array<Real, 4> row{};
+    for (Real& entry : row) {
+        entry = difference(h);
+        h /= 2;
+    }
+    Real factor = 4;
+    for (std::size_t level = 1; level < row.size(); ++level, factor *= 4) {
+        for (std::size_t i = 0; i + level < row.size(); ++i)
+            row[i] = (factor * row[i + 1] - row[i]) / (factor - 1);
+    }
+    return row[0];
+}
+
+/// All of ResidualDerivatives from differences of the published form, with steps of `share` of the distance
+/// to the nearest singularity.
+ResidualDerivatives differences(const ResidualTerm& term, double tau, double delta, Real tauStep,
+                                Real deltaStep) {
+    const auto at = [&](Real i, Real j) { return published(term, tau + i, delta + j); };
+    const Real middle = at(0, 0);
+    const auto first = [&](auto f, Real h) {
+        return extrapolated([&](Real s) { return (f(s) - f(-s)) / (2 * s); }, h);
+    };
+    const auto second = [&](auto f, Real h) {
+        return extrapolated([&](Real s) { return (f(s) - 2 * middle + f(-s)) / (s * s); }, h);
+    };
+    const Real mixed = extrapolated(
+        [&](Real s) {
+            const Real r = s * deltaStep / tauStep;
+            return (at(s, r) - at(s, -r) - at(-s, r) + at(-s, -r)) / (4 * s * r);
+        },
+        tauStep);
+    const Real t = tau;
+    const Real d = delta;
+    return {static_cast<double>(middle),
+            static_cast<double>(d * first([&](Real s) { return at(0, s); }, deltaStep)),
+            static_cast<double>(d * d * second([&](Real s) { return at(0, s); }, deltaStep)),
+            static_cast<double>(t * first([&](Real s) { return at(s, 0); }, tauStep)),
+            static_cast<double>(t * t * second([&](Real s) { return at(s, 0); }, tauStep)),
+            static_cast<double>(t * d * mixed)};
+}
+
+void expectNear(const ResidualDerivatives& found, const ResidualDerivatives& expected, double tolerance,
+                double secondTolerance) {
+    EXPECT_NEAR(found.value, expected.value, tolerance);
+    EXPECT_NEAR(found.d, expected.d, tolerance);
+    EXPECT_NEAR(found.t, expected.t, tolerance);
+    EXPECT_NEAR(found.dd, expected.dd, secondTolerance);
+    EXPECT_NEAR(found.tt, expected.tt, secondTolerance);
+    EXPECT_NEAR(found.dt, expected.dt, secondTolerance);
+}
+
+/// The greatest of the derivatives, by which a deviation is measured.
+double magnitude(const ResidualDerivatives& of) {
+    return std::max({std::abs(of.value), std::abs(of.d), std::abs(of.dd), std::abs(of.t), std::abs(of.tt),
+                     std::abs(of.dt)});
+}
+
+TEST(SpecialTerms, DerivativesOfTheSmoothForms) {
+    for (const ResidualTerm& term : smoothTerms) {
+        for (const double tau : {0.55, 0.8, 1.0, 1.2, 1.5, 1.9}) {
+            for (const double delta : {1e-6, 0.01, 0.3, 0.9, 1.0, 1.7, 2.6, 3.2}) {
+                SCOPED_TRACE(testing::Message() << term.n << " tau " << tau << " delta " << delta);
+                const ResidualDerivatives expected = differences(term, tau, delta, 0.002L, 0.002L * delta);
+                const double unit = magnitude(expected);
+                ASSERT_GT(unit, 0);
+                expectNear(computed(term, tau, delta), expected, 1e-12 * unit, 1e-11 * unit);
+            }
+        }
+    }
+}
+
+/// Steps small against the distance to the zeros of Delta, which lies on the scale of |tau - 1| or of the
+/// root of B x^a, and to delta = 1, where odd powers of |delta - 1| stand.
+TEST(SpecialTerms, DerivativesOfTheNonanalyticForm) {
+    for (const ResidualTerm& term : criticalTerms) {
+        for (const double warmth : {-0.2, -0.03, -1e-3, 2e-4, 0.01, 0.15}) {
+            for (const double offset : {-0.9, -0.4, -0.02, -1e-3, 2e-3, 0.05, 0.3, 0.8}) {
+                const double tau = 1 + warmth;
+                const double delta = 1 + offset;
+                SCOPED_TRACE(testing::Message() << term.n << " tau " << tau << " delta " << delta);
+                const double distance = std::max(std::abs(warmth), std::pow(std::abs(offset), term.a) / 2);
+                const Real tauStep = 0.05L * std::min(distance, 0.02);
+                const Real deltaStep = 0.05L * std::min({std::abs(offset), 0.2, delta});
+                const ResidualDerivatives expected = differences(term, tau, delta, tauStep, deltaStep);
+                const double unit = magnitude(expected);
+                ASSERT_GT(unit, 0);
+                expectNear(computed(term, tau, delta), expected, 1e-10 * unit, 1e-9 * unit);
+            }
+        }
+    }
+}
+
+/// At delta = 1 Delta is (tau - 1)^2, and with s = |tau - 1| the term is n s^(2b) exp(-D s^2). Its
+/// derivatives: by s          n (2b s^(2b-1) - 2D s^(2b+1)) exp(-D s^2), twice by s    n (2b (2b-1) s^(2b-2)
+/// - 2D (4b+1) s^(2b) + 4 D^2 s^(2b+2)) exp(-D s^2). By delta: Delta and psi have no slope there, so delta
+/// alpha_delta is alpha, and of the second derivative only psi's is left: -2C alpha.
+TEST(SpecialTerms, OnTheCriticalIsochore) {
+    for (const ResidualTerm& term : criticalTerms) {
+        for (const double warmth : {-0.1, -1e-2, -1e-4, -1e-9, 1e-12, 1e-6, 3e-3, 0.2}) {
+            const double tau = 1 + warmth;
+            const double s = std::abs(tau - 1);
+            SCOPED_TRACE(testing::Message() << term.n << " tau - 1 " << warmth);
+            const double b2 = 2 * term.b;
+            const double D = term.D;
+            const double share = term.n * std::exp(-D * s * s) * std::pow(s, b2);
+            const double first = share * (b2 / s - 2 * D * s) * (tau > 1 ? 1 : -1);
+            const double second =
+                share * (b2 * (b2 - 1) / (s * s) - 2 * D * (2 * b2 + 1) + 4 * D * D * s * s);
+            const ResidualDerivatives found = computed(term, tau, 1);
+            EXPECT_NEAR(found.value, share, 1e-13 * std::abs(share));
+            EXPECT_NEAR(found.d, share, 1e-13 * std::abs(share));
+            EXPECT_NEAR(found.dd, -2 * term.C * share, 1e-12 * std::abs(share));
+            EXPECT_NEAR(found.t, tau * first, 1e-12 * std::abs(first));
+            EXPECT_NEAR(found.tt, tau * tau * second, 1e-12 * std::abs(second));
+            EXPECT_NEAR(found.dt, tau * first, 1e-12 * std::abs(first));
+        }
+    }
+}
+
+/// From both sides every derivative comes to what it is at delta = 1; the slopes are below 10 there.
+TEST(SpecialTerms, ContinuousAcrossTheCriticalDensity) {
+    for (const ResidualTerm& term : criticalTerms) {
+        for (const double warmth : {-0.05, -1e-3, 1e-3, 0.1}) {
+            const ResidualDerivatives middle = computed(term, 1 + warmth, 1);
+            for (const double offset : {-1e-9, 1e-9}) {
+                SCOPED_TRACE(testing::Message() << term.n << " tau - 1 " << warmth << " offset " << offset);
+                expectNear(computed(term, 1 + warmth, 1 + offset), middle, 1e-8, 1e-8);
+            }
+        }
+    }
+}
+
+/// Nothing but the second derivative by tau is singular at the critical point, and even it is a number there.
+TEST(SpecialTerms, FiniteEverywhere) {
+    constexpr double rounding = std::numeric_limits<double>::epsilon();
+    std::vector<ResidualTerm> all = smoothTerms;
+    all.insert(all.end(), criticalTerms.begin(), criticalTerms.end());
+    std::feclearexcept(FE_ALL_EXCEPT);
+    for (const ResidualTerm& term : all) {
+        for (const double tau : {1e-3, 0.3, 0.9, 1 - rounding, 1.0, 1 + rounding, 1 + 1e-8, 1.3, 3.0, 8.0}) {
+            for (const double delta :
+                 {1e-300, 1e-12, 0.5, 1 - rounding, 1.0, 1 + rounding, 1 - 1e-8, 1 + 1e-5, 4.0, 50.0}) {
+                ASSERT_TRUE(std::isfinite(magnitude(computed(term, tau, delta)))) << tau << ' ' << delta;
+            }
+        }
+    }
+    EXPECT_EQ(std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW), 0);
+    for (const ResidualTerm& term : criticalTerms) {
+        const ResidualDerivatives top = computed(term, 1, 1);
+        for (const double gone : {top.value, top.d, top.dd, top.t, top.dt}) EXPECT_NEAR(gone, 0, 1e-12);
+        EXPECT_GT(std::abs(top.tt), std::abs(computed(term, 1 + 1e-12, 1).tt));
+    }
+}
+
+TEST(SpecialTerms, AddToWhatIsThereAlready) {
+    const ResidualTerm& term = smoothTerms.front();
+    ResidualDerivatives sum{1, 2, 3, 4, 5, 6};
+    addSpecialTerm(term, 1.1, 0.8, sum);
+    const ResidualDerivatives alone = computed(term, 1.1, 0.8);
+    EXPECT_DOUBLE_EQ(sum.value, 1 + alone.value);
+    EXPECT_DOUBLE_EQ(sum.dd, 3 + alone.dd);
+    EXPECT_DOUBLE_EQ(sum.dt, 6 + alone.dt);
+    ResidualTerm plain;
+    plain.n = 1;
+    EXPECT_EQ(magnitude(computed(plain, 1.1, 0.8)), 0);
+}
+
+}  // namespace
+}  // namespace marvello::test
