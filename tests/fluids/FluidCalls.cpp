@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <fstream>
 #include <limits>
-#include <sstream>
 
 #include "fluids/Refprop.h"
 
@@ -109,15 +109,27 @@ Properties atPS(double p, double s) {
     return out;
 }
 
-std::vector<std::vector<double>> readRows(const std::string& file, const std::string& fluid) {
+std::vector<std::vector<std::string>> readFields(const std::string& file, const std::string& first) {
     std::ifstream stream(std::string(MARVELLO_SOURCE_FOLDER) + "/tests/fluids/data/" + file);
     EXPECT_TRUE(stream) << file;
-    std::vector<std::vector<double>> rows;
+    std::vector<std::vector<std::string>> rows;
     for (std::string line; std::getline(stream, line);) {
-        if (!line.starts_with(fluid + ",")) continue;
-        std::istringstream fields(line.substr(fluid.size() + 1));
+        if (!line.starts_with(first + ",")) continue;
+        std::vector<std::string>& row = rows.emplace_back();
+        for (std::size_t from = first.size() + 1; from <= line.size();) {
+            const std::size_t end = std::min(line.find(',', from), line.size());
+            row.push_back(line.substr(from, end - from));
+            from = end + 1;
+        }
+    }
+    return rows;
+}
+
+std::vector<std::vector<double>> readRows(const std::string& file, const std::string& fluid) {
+    std::vector<std::vector<double>> rows;
+    for (const std::vector<std::string>& fields : readFields(file, fluid)) {
         std::vector<double>& row = rows.emplace_back();
-        for (std::string field; std::getline(fields, field, ',');) {
+        for (const std::string& field : fields) {
             double value = std::numeric_limits<double>::quiet_NaN();
             std::from_chars(field.data(), field.data() + field.size(), value);
             row.push_back(value);

@@ -33,6 +33,9 @@ Properties atTS(double t, double s);
 Properties atPH(double p, double h);
 Properties atPS(double p, double s);
 
+/// A table of tests/fluids/data: the fields behind the first one of the rows that begin with `first`.
+std::vector<std::vector<std::string>> readFields(const std::string& file, const std::string& first);
+
 /// A table of tests/fluids/data: rows of the fluid named in the first column, as numbers; an empty field is
 /// NaN.
 std::vector<std::vector<double>> readRows(const std::string& file, const std::string& fluid);

@@ -31,31 +31,50 @@ class Reference : public testing::TestWithParam<Fluid> {
 constexpr double narrow = 1e-10;
 constexpr double atSaturation = 1e-9;
 
+/// What a row of saturation.csv tells of liquid at the bubble point and vapour at the dew point.
+struct SaturationRow {
+    explicit SaturationRow(const std::vector<double>& row)
+        : T(row[0]),
+          bubblePressure(row[1]),
+          dewPressure(row[2]),
+          liquidDensity(row[3]),
+          vapourDensity(row[4]),
+          liquidH(row[5]),
+          liquidS(row[6]),
+          vapourH(row[7]),
+          vapourS(row[8]) {}
+
+    double T, bubblePressure, dewPressure, liquidDensity, vapourDensity;
+    double liquidH, liquidS, vapourH, vapourS;
+};
+
 TEST_P(Reference, Saturation) {
     const auto rows = readRows("saturation.csv", GetParam().name);
     ASSERT_EQ(rows.size(), GetParam().saturationRows);
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row[0]);
+    for (const auto& numbers : rows) {
+        const SaturationRow row(numbers);
+        SCOPED_TRACE(row.T);
         for (const std::int32_t side : {1, 2}) {
-            const Properties byT = saturationAtT(row[0], side);
+            const double pressure = side == 1 ? row.bubblePressure : row.dewPressure;
+            const Properties byT = saturationAtT(row.T, side);
             ASSERT_EQ(byT.error.code, 0) << byT.error.text;
-            EXPECT_LT(deviation(byT.p, row[1]), atSaturation);
-            EXPECT_LT(deviation(byT.Dl, row[2]), atSaturation);
-            EXPECT_LT(deviation(byT.Dv, row[3]), atSaturation);
+            EXPECT_LT(deviation(byT.p, pressure), atSaturation);
+            EXPECT_LT(deviation(byT.Dl, row.liquidDensity), atSaturation);
+            EXPECT_LT(deviation(byT.Dv, row.vapourDensity), atSaturation);
             EXPECT_EQ(byT.x[0] + byT.y[0], 2);
-            const Properties byP = saturationAtP(row[1], side);
-            EXPECT_NEAR(byP.t, row[0], 1e-7);
-            EXPECT_LT(deviation(byP.Dl, row[2]), atSaturation);
-            EXPECT_LT(deviation(byP.Dv, row[3]), atSaturation);
+            const Properties byP = saturationAtP(pressure, side);
+            EXPECT_NEAR(byP.t, row.T, 1e-7);
+            EXPECT_LT(deviation(byP.Dl, row.liquidDensity), atSaturation);
+            EXPECT_LT(deviation(byP.Dv, row.vapourDensity), atSaturation);
         }
         // Enthalpy and entropy of both ends of the two-phase region, by ways that know nothing of each other.
-        const Properties vapour = atTP(row[0], row[1]);
-        EXPECT_LT(deviation(vapour.h, row[6]), atSaturation);
-        EXPECT_LT(deviation(vapour.s, row[7]), atSaturation);
-        const Properties middle = atPH(row[1], (row[4] + row[6]) / 2);
+        const Properties vapour = atTP(row.T, row.dewPressure);
+        EXPECT_LT(deviation(vapour.h, row.vapourH), atSaturation);
+        EXPECT_LT(deviation(vapour.s, row.vapourS), atSaturation);
+        const Properties middle = atPH(row.dewPressure, (row.liquidH + row.vapourH) / 2);
         EXPECT_NEAR(middle.q, 0.5, 1e-8);
-        EXPECT_LT(deviation(middle.s, (row[5] + row[7]) / 2), atSaturation);
-        EXPECT_LT(deviation(1 / middle.D, (1 / row[2] + 1 / row[3]) / 2), atSaturation);
+        EXPECT_LT(deviation(middle.s, (row.liquidS + row.vapourS) / 2), atSaturation);
+        EXPECT_LT(deviation(1 / middle.D, (1 / row.liquidDensity + 1 / row.vapourDensity) / 2), atSaturation);
     }
 }
 
