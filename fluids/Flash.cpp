@@ -1,76 +1,103 @@
 #include "fluids/Flash.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <string>
 #include <utility>
 
+#include "fluids/PhaseEnvelope.h"
 #include "fluids/RootSearch.h"
+#include "fluids/SaturationLine.h"
 
 namespace marvello::fluids {
 namespace {
 
-constexpr std::array<double, 1> pure{1.0};
 constexpr double onTheLine = 1e-9;       // relative distance from the saturation pressure that counts as none
 constexpr double pressureLeast = 1e-12;  // kPa, keeps the densities far from the smallest doubles
+constexpr double coldestBlend = 150;     // K; component equations are used below their triple points
 
 [[noreturn]] void refuse(const std::string& text) { throw PropertyError(Fault::outOfRange, text); }
 
+/// The end of a line through the two-phase region as two phases, liquid first.
+TwoPhases phasesAt(const PhaseBoundary::End& end) {
+    const SaturationPoint& point = end.point;
+    return {point.temperature, end.density == point.liquidDensity ? 0.0 : 1.0, point.liquidDensity,
+            point.vapourDensity, point.logK};
+}
+
+/// Between two states, ln K and the logarithms of densities and temperature linear in `part`.
+TwoPhases between(const TwoPhases& from, const TwoPhases& to, double part, double share) {
+    const auto geometric = [part](double a, double b) { return a * std::pow(b / a, part); };
+    TwoPhases state{geometric(from.temperature, to.temperature),
+                    share,
+                    geometric(from.firstDensity, to.firstDensity),
+                    geometric(from.secondDensity, to.secondDensity),
+                    {}};
+    for (std::size_t i = 0; i < mostComponents; ++i)
+        state.logK[i] = from.logK[i] + part * (to.logK[i] - from.logK[i]);
+    return state;
+}
+
 }  // namespace
 
-Flash::Flash(Mixture mixture)
-    : mixture_(std::move(mixture)), phase_(mixture_, pure), line_(phase_, mixture_.components().front()) {
+Flash::Flash(Mixture mixture, std::span<const double> z)
+    : mixture_(std::move(mixture)), phase_(mixture_, z), name_(mixture_.name()) {
+    const std::vector<PureFluid>& components = mixture_.components();
+    const auto smallest = [&](double PureFluid::* limit) {
+        double found = components.front().*limit;
+        for (const PureFluid& fluid : components) found = std::min(found, fluid.*limit);
+        return found;
+    };
+    if (components.size() == 1) {
+        boundary_ = std::make_unique<SaturationLine>(phase_, components.front());
+    } else {
+        equilibrium_.emplace(mixture_, z);
+        boundary_ = std::make_unique<PhaseEnvelope>(phase_, *equilibrium_, coldestBlend);
+    }
+    limits_ = {boundary_->temperatureMin(), smallest(&PureFluid::temperatureExtrapolated),
+               smallest(&PureFluid::pressureMax)};
     densityMax_ = greatestDensity();
 }
 
-void Flash::setReference(ReferenceState reference) {
+Flash::Shift Flash::shiftFor(ReferenceState reference) {
     constexpr double zero = 273.15;
-    enthalpyShift_ = 0;
-    entropyShift_ = 0;
     const SaturationPoint point =
         reference == ReferenceState::nbp
-            ? line_.atPressure(101.325)
-            : line_.atTemperature(reference == ReferenceState::iir ? zero : zero - 40);
+            ? boundary_->atPressure(101.325, Side::bubble)
+            : boundary_->atTemperature(reference == ReferenceState::iir ? zero : zero - 40, Side::bubble);
     phase_.setTemperature(point.temperature);
     const PhaseState liquid = phase_.state(point.liquidDensity);
     const double mass =
         reference == ReferenceState::iir ? phase_.molarMass() : 0;  // kJ/kg times g/mol is J/mol
-    enthalpyShift_ = 200 * mass - liquid.enthalpy;
-    entropyShift_ = mass - liquid.entropy;
+    return {200 * mass - liquid.enthalpy, mass - liquid.entropy};
 }
 
 void Flash::checkTemperature(double temperature) const {
-    const PureFluid& fluid = mixture_.components().front();
-    if (!(temperature >= fluid.temperatureMin && temperature <= fluid.temperatureMax)) {
-        refuse("The temperature " + inText(temperature) + " K lies outside the range of " + fluid.name +
-               ", " + inText(fluid.temperatureMin) + " to " + inText(fluid.temperatureMax) + " K.");
+    if (!(temperature >= limits_.temperatureMin && temperature <= limits_.temperatureMax)) {
+        refuse("The temperature " + inText(temperature) + " K lies outside the range of " + name_ + ", " +
+               inText(limits_.temperatureMin) + " to " + inText(limits_.temperatureMax) + " K.");
     }
 }
 
 void Flash::checkPressure(double pressure) const {
-    const PureFluid& fluid = mixture_.components().front();
-    if (!(pressure >= pressureLeast && pressure <= fluid.pressureMax)) {
-        refuse("The pressure " + inText(pressure) + " kPa lies outside the range of " + fluid.name +
-               ", above 0 to " + inText(fluid.pressureMax) + " kPa.");
+    if (!(pressure >= pressureLeast && pressure <= limits_.pressureMax)) {
+        refuse("The pressure " + inText(pressure) + " kPa lies outside the range of " + name_ +
+               ", above 0 to " + inText(limits_.pressureMax) + " kPa.");
     }
 }
 
 /// The density at the lowest temperature and highest pressure, with a little room.
 double Flash::greatestDensity() {
-    const PureFluid& fluid = mixture_.components().front();
-    phase_.setTemperature(fluid.temperatureMin);
-    const double wanted = fluid.pressureMax / (phase_.gasConstant() * fluid.temperatureMin);
-    const double low = line_.liquidDensityFloor(fluid.temperatureMin);
-    double high = low;
+    phase_.setTemperature(limits_.temperatureMin);
+    const double wanted = limits_.pressureMax / (phase_.gasConstant() * limits_.temperatureMin);
+    double high = boundary_->liquidDensityFloor(limits_.temperatureMin);
     for (int i = 0; i < 40 && phase_.reducedPressure(high).value < wanted; ++i) high *= 1.05;
     return high * 1.01;
 }
 
 Flash::Bracket Flash::densities(double temperature, double vapourCeiling) const {
     if (vapourCeiling > 0) return {0, vapourCeiling};
-    const bool subcritical = temperature < line_.critical().temperature;
-    return {subcritical ? line_.liquidDensityFloor(temperature) : 0, densityMax_};
+    const bool mayBoil = temperature < boundary_->temperatureMost();
+    return {mayBoil ? boundary_->liquidDensityFloor(temperature) : 0, densityMax_};
 }
 
 /// At the temperature that the phase is set to.
@@ -83,7 +110,7 @@ double Flash::densityAt(double pressure, const Bracket& bracket, double guess) {
 }
 
 double Flash::qualityName(double temperature, double pressure, double density) const {
-    const FluidPoint& critical = line_.critical();
+    const FluidPoint& critical = boundary_->critical();
     if (temperature >= critical.temperature) {
         return pressure >= critical.pressure ? supercriticalQuality : vapourQuality;
     }
@@ -96,16 +123,16 @@ FluidState Flash::single(const PhaseState& state, double quality) const {
     found.pressure = state.pressure;
     found.density = found.liquidDensity = found.vapourDensity = state.density;
     found.quality = quality;
-    found.energy = state.energy + enthalpyShift_;
-    found.enthalpy = state.enthalpy + enthalpyShift_;
-    found.entropy = state.entropy + entropyShift_;
+    found.energy = state.energy + shift_.enthalpy;
+    found.enthalpy = state.enthalpy + shift_.enthalpy;
+    found.entropy = state.entropy + shift_.entropy;
     found.cv = state.cv;
     found.cp = state.cp;
     found.soundSpeed = state.soundSpeed;
     return found;
 }
 
-FluidState Flash::twoPhase(const SaturationPoint& point, double quality) {
+FluidState Flash::twoPhasePure(const SaturationPoint& point, double quality) {
     phase_.setTemperature(point.temperature);
     const PhaseState liquid = phase_.state(point.liquidDensity);
     const PhaseState vapour = phase_.state(point.vapourDensity);
@@ -119,11 +146,91 @@ FluidState Flash::twoPhase(const SaturationPoint& point, double quality) {
     found.liquidDensity = point.liquidDensity;
     found.vapourDensity = point.vapourDensity;
     found.quality = quality;
-    found.enthalpy = mixed(liquid.enthalpy, vapour.enthalpy) + enthalpyShift_;
-    found.entropy = mixed(liquid.entropy, vapour.entropy) + entropyShift_;
+    found.enthalpy = mixed(liquid.enthalpy, vapour.enthalpy) + shift_.enthalpy;
+    found.entropy = mixed(liquid.entropy, vapour.entropy) + shift_.entropy;
     found.energy = found.enthalpy - point.pressure / found.density;
     found.cv = found.cp = found.soundSpeed = undefined;
     return found;
+}
+
+FluidState Flash::twoPhase(const WetSearch& search) {
+    const TwoPhases phases = solveWet(search);
+    const double pressure =
+        search.fixed.of == Condition::Of::pressure ? search.fixed.value : equilibrium_->pressure();
+    const Equilibrium::Heats heats = equilibrium_->heatsOf(phases);
+    FluidState found;
+    found.temperature = phases.temperature;
+    found.pressure = pressure;
+    found.density = 1 / ((1 - phases.share) / phases.firstDensity + phases.share / phases.secondDensity);
+    found.liquidDensity = phases.firstDensity;
+    found.vapourDensity = phases.secondDensity;
+    found.quality = phases.share;
+    found.enthalpy = heats.enthalpy + shift_.enthalpy;
+    found.entropy = heats.entropy + shift_.entropy;
+    found.energy = found.enthalpy - pressure / found.density;
+    found.cv = found.cp = found.soundSpeed = undefined;
+    found.logK = phases.logK;
+    return found;
+}
+
+/// Newton's method from between both known states; where it strays, small steps from one of them.
+TwoPhases Flash::solveWet(const WetSearch& search) {
+    const TwoPhases& from = search.from;
+    const TwoPhases& to = search.to;
+    const double lever =
+        std::clamp((search.wanted.value - search.valueFrom) / (search.valueTo - search.valueFrom), 0.0, 1.0);
+    const double share = from.share + lever * (to.share - from.share);
+    const auto isSound = [this](const std::optional<TwoPhases>& found) {
+        return found && found->share > -1e-6 && found->share < 1 + 1e-6 &&
+               found->firstDensity > found->secondDensity && equilibrium_->isStable();
+    };
+    std::optional<TwoPhases> found =
+        equilibrium_->solve(between(from, to, lever, share), {search.fixed, search.wanted});
+    if (!isSound(found)) found = creep(from, search.valueFrom, search);
+    if (!isSound(found)) found = creep(to, search.valueTo, search);
+    if (!isSound(found)) {
+        throw PropertyError(Fault::noConvergence, "The two phases of " + name_ + " at " +
+                                                      inText(search.fixed.value) + " were not found.");
+    }
+    return *found;
+}
+
+/// From a state where the wanted property has `value` to where it is as wanted, in steps short enough for
+/// Newton's method.
+std::optional<TwoPhases> Flash::creep(TwoPhases state, double value, const WetSearch& search) {
+    constexpr double shortest = 1e-4;
+    double part = 0;
+    for (double step = 0.25; part < 1 && step > shortest;) {
+        const double next = std::min(1.0, part + step);
+        const double target = value + next * (search.wanted.value - value);
+        const std::optional<TwoPhases> found =
+            equilibrium_->solve(state, {search.fixed, {search.wanted.of, target}});
+        if (found && equilibrium_->isStable()) {
+            state = *found;
+            part = next;
+        } else {
+            step /= 2;
+        }
+    }
+    if (part < 1) return std::nullopt;
+    return state;
+}
+
+/// Two phases at the lowest temperature, at a pressure between the dew and bubble pressure there.
+TwoPhases Flash::coldestAt(double pressure) {
+    const double temperature = boundary_->temperatureMin();
+    const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
+    return solveWet({{Condition::Of::temperature, temperature},
+                     {Condition::Of::pressure, pressure},
+                     phasesAt(*cut.liquid),
+                     phasesAt(*cut.vapour),
+                     cut.liquid->point.pressure,
+                     cut.vapour->point.pressure});
+}
+
+PhaseState Flash::stateAt(const PhaseBoundary::End& end) {
+    phase_.setTemperature(end.point.temperature);
+    return phase_.state(end.density);
 }
 
 FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
@@ -132,24 +239,33 @@ FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
     const double gasDensity = pressure / (phase_.gasConstant() * temperature);
     double ceiling = 0;
     double guess = gasDensity;
-    if (temperature < line_.critical().temperature) {
-        const SaturationPoint point = line_.atTemperature(temperature);
-        phase_.setTemperature(temperature);
-        if (std::abs(pressure - point.pressure) <= onTheLine * point.pressure) {
-            FluidState found = single(phase_.state(point.vapourDensity), 1);
-            found.liquidDensity = point.liquidDensity;
+    if (temperature < boundary_->temperatureMost()) {
+        const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
+        const SaturationPoint& dew = cut.vapour->point;
+        const SaturationPoint& bubble = cut.liquid->point;
+        if (std::abs(pressure - dew.pressure) <= onTheLine * dew.pressure) {
+            phase_.setTemperature(temperature);
+            FluidState found = single(phase_.state(cut.vapour->density), 1);
+            found.liquidDensity = dew.liquidDensity;
             found.pressure = pressure;
+            found.logK = dew.logK;
             return found;
         }
-        const bool vapour = pressure < point.pressure;
-        if (vapour) {
+        if (pressure < dew.pressure) {
             // The compressibility factor falls about linearly from 1 to that of the saturated vapour.
             const double saturated =
-                point.pressure / (phase_.gasConstant() * temperature * point.vapourDensity);
-            guess = gasDensity / (1 + (saturated - 1) * pressure / point.pressure);
-            ceiling = point.vapourDensity * (1 + 1e-5);
+                dew.pressure / (phase_.gasConstant() * temperature * cut.vapour->density);
+            guess = gasDensity / (1 + (saturated - 1) * pressure / dew.pressure);
+            ceiling = cut.vapour->density * (1 + 1e-5);
+        } else if (pressure < bubble.pressure * (1 - onTheLine)) {
+            return twoPhase({{Condition::Of::temperature, temperature},
+                             {Condition::Of::pressure, pressure},
+                             phasesAt(*cut.liquid),
+                             phasesAt(*cut.vapour),
+                             bubble.pressure,
+                             dew.pressure});
         } else {
-            guess = point.liquidDensity;
+            guess = cut.liquid->density;
         }
     }
     phase_.setTemperature(temperature);
@@ -159,44 +275,72 @@ FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
 }
 
 FluidState Flash::atPressureEnthalpy(double pressure, double enthalpy) {
-    return atPressureHeat(pressure, Heat::enthalpy, enthalpy - enthalpyShift_);
+    return atPressureHeat(pressure, Heat::enthalpy, enthalpy - shift_.enthalpy);
 }
 
 FluidState Flash::atPressureEntropy(double pressure, double entropy) {
-    return atPressureHeat(pressure, Heat::entropy, entropy - entropyShift_);
+    return atPressureHeat(pressure, Heat::entropy, entropy - shift_.entropy);
 }
 
 /// `wanted` is on the equation's own zero.
 FluidState Flash::atPressureHeat(double pressure, Heat heat, double wanted) {
     checkPressure(pressure);
-    const PureFluid& fluid = mixture_.components().front();
-    if (pressure >= line_.critical().pressure || pressure <= line_.pressureMin()) {
-        const bool vapour = pressure <= line_.pressureMin();
-        const double guess = 1.2 * line_.critical().temperature;
+    const double hottest = limits_.temperatureMax;
+    const double coldest = limits_.temperatureMin;
+    const double gasDensity = pressure / phase_.gasConstant();  // times 1/T
+    PhaseBoundary::Cut cut;
+    if (pressure < boundary_->pressureMost()) cut = boundary_->cutAtPressure(pressure);
+    if (!cut.vapour) {
+        const bool vapour = pressure < boundary_->pressureMost();
+        const double guess = 1.2 * boundary_->critical().temperature;
         return searchIsobar(
             pressure, heat, wanted,
-            {fluid.temperatureMin, fluid.temperatureMax, guess, pressure / (phase_.gasConstant() * guess),
-             vapour ? 1.1 * pressure / (phase_.gasConstant() * fluid.temperatureMin) : 0});
+            {coldest, hottest, guess, gasDensity / guess, vapour ? 1.1 * gasDensity / coldest : 0});
     }
-    const SaturationPoint point = line_.atPressure(pressure);
-    phase_.setTemperature(point.temperature);
-    const PhaseState liquid = phase_.state(point.liquidDensity);
-    const PhaseState vapour = phase_.state(point.vapourDensity);
     const auto of = [heat](const PhaseState& state) {
         return heat == Heat::enthalpy ? state.enthalpy : state.entropy;
     };
-    if (wanted >= of(liquid) && wanted <= of(vapour)) {
-        return twoPhase(point, (wanted - of(liquid)) / (of(vapour) - of(liquid)));
+    const Condition property{heat == Heat::enthalpy ? Condition::Of::enthalpy : Condition::Of::entropy,
+                             wanted};
+    // From an end of the two-phase region along the isobar, with the slopes found there.
+    const auto searchFrom = [&](const PhaseBoundary::End& end, PhaseState edge, IsobarRange range) {
+        const double unit = heat == Heat::enthalpy ? 1 : end.point.temperature;
+        // Less than rounding from the end, where near the critical point the density would be anything.
+        if (std::abs(wanted - of(edge)) * unit <= 1e-12 * edge.cp * end.point.temperature) {
+            edge.pressure = pressure;
+            return single(edge, qualityName(edge.temperature, pressure, edge.density));
+        }
+        range.guess = end.point.temperature + (wanted - of(edge)) * unit / edge.cp;
+        range.density = edge.density - edge.pressureByTemperature / edge.pressureByDensity *
+                                           (range.guess - end.point.temperature);
+        return searchIsobar(pressure, heat, wanted, range);
+    };
+    const PhaseState vapour = stateAt(*cut.vapour);
+    if (wanted > of(vapour)) {
+        return searchFrom(*cut.vapour, vapour,
+                          {cut.vapour->point.temperature, hottest, 0, 0, vapour.density * (1 + 1e-5)});
     }
-    const bool isVapour = wanted > of(vapour);
-    const PhaseState& edge = isVapour ? vapour : liquid;
-    const double unit = heat == Heat::enthalpy ? 1 : point.temperature;
-    IsobarRange range{fluid.temperatureMin, point.temperature, 0, edge.density, 0};
-    if (isVapour)
-        range = {point.temperature, fluid.temperatureMax, 0, edge.density, edge.density * (1 + 1e-5)};
-    range.guess = point.temperature + (wanted - of(edge)) * unit / edge.cp;
-    range.density -= edge.pressureByTemperature / edge.pressureByDensity * (range.guess - point.temperature);
-    return searchIsobar(pressure, heat, wanted, range);
+    if (cut.liquid) {
+        const PhaseState liquid = stateAt(*cut.liquid);
+        if (wanted < of(liquid)) {
+            return searchFrom(*cut.liquid, liquid, {coldest, cut.liquid->point.temperature, 0, 0, 0});
+        }
+        if (!equilibrium_) {
+            return twoPhasePure(cut.vapour->point, (wanted - of(liquid)) / (of(vapour) - of(liquid)));
+        }
+        return twoPhase({{Condition::Of::pressure, pressure},
+                         property,
+                         phasesAt(*cut.liquid),
+                         phasesAt(*cut.vapour),
+                         of(liquid),
+                         of(vapour)});
+    }
+    const TwoPhases cold = coldestAt(pressure);
+    const Equilibrium::Heats heats = equilibrium_->heatsOf(cold);
+    const double least = heat == Heat::enthalpy ? heats.enthalpy : heats.entropy;
+    if (wanted < least) refuse("The state lies below the temperature range of " + name_ + ".");
+    return twoPhase(
+        {{Condition::Of::pressure, pressure}, property, cold, phasesAt(*cut.vapour), least, of(vapour)});
 }
 
 /// Newton's method on the temperature, with the density solved for at each step.
@@ -217,7 +361,7 @@ FluidState Flash::searchIsobar(double pressure, Heat heat, double wanted, const 
     const double miss =
         heat == Heat::enthalpy ? (state.enthalpy - wanted) / state.temperature : state.entropy - wanted;
     if (std::abs(miss) > 1e-6 * (state.cp + std::abs(state.entropy))) {
-        refuse("The state lies outside the temperature range of " + mixture_.components().front().name + ".");
+        refuse("The state lies outside the temperature range of " + name_ + ".");
     }
     state.pressure = pressure;
     return single(state, qualityName(state.temperature, pressure, state.density));
@@ -225,29 +369,37 @@ FluidState Flash::searchIsobar(double pressure, Heat heat, double wanted, const 
 
 FluidState Flash::atTemperatureEntropy(double temperature, double entropy) {
     checkTemperature(temperature);
-    const double wanted = entropy - entropyShift_;
+    const double wanted = entropy - shift_.entropy;
     const double gas = phase_.gasConstant();
     const double least = pressureLeast / (gas * temperature);
-    if (temperature >= line_.critical().temperature) {
+    if (temperature >= boundary_->temperatureMost()) {
         phase_.setTemperature(temperature);
-        const double density = line_.critical().density;
+        const double density = boundary_->critical().density;
         const double guess =
             density * std::exp(std::clamp((phase_.state(density).entropy - wanted) / gas, -60.0, 2.0));
         return searchIsotherm(temperature, wanted, least, densityMax_, guess);
     }
-    const SaturationPoint point = line_.atTemperature(temperature);
-    phase_.setTemperature(temperature);
-    const double ofLiquid = phase_.state(point.liquidDensity).entropy;
-    const double ofVapour = phase_.state(point.vapourDensity).entropy;
+    const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
+    const double ofLiquid = stateAt(*cut.liquid).entropy;
+    const double ofVapour = stateAt(*cut.vapour).entropy;
     if (wanted >= ofLiquid && wanted <= ofVapour) {
-        return twoPhase(point, (wanted - ofLiquid) / (ofVapour - ofLiquid));
+        if (!equilibrium_) {
+            return twoPhasePure(cut.vapour->point, (wanted - ofLiquid) / (ofVapour - ofLiquid));
+        }
+        return twoPhase({{Condition::Of::temperature, temperature},
+                         {Condition::Of::entropy, wanted},
+                         phasesAt(*cut.liquid),
+                         phasesAt(*cut.vapour),
+                         ofLiquid,
+                         ofVapour});
     }
+    phase_.setTemperature(temperature);
     if (wanted < ofLiquid) {
-        return searchIsotherm(temperature, wanted, line_.liquidDensityFloor(temperature), densityMax_,
-                              point.liquidDensity);
+        return searchIsotherm(temperature, wanted, boundary_->liquidDensityFloor(temperature), densityMax_,
+                              cut.liquid->density);
     }
-    const double guess = point.vapourDensity * std::exp(std::max((ofVapour - wanted) / gas, -600.0));
-    return searchIsotherm(temperature, wanted, least, point.vapourDensity * (1 + 1e-5), guess);
+    const double guess = cut.vapour->density * std::exp(std::max((ofVapour - wanted) / gas, -600.0));
+    return searchIsotherm(temperature, wanted, least, cut.vapour->density * (1 + 1e-5), guess);
 }
 
 /// Over the logarithm of the density, in which the entropy of a gas is a straight line.
@@ -259,8 +411,7 @@ FluidState Flash::searchIsotherm(double temperature, double wanted, double low, 
     const double logDensity = findIncreasingRoot(std::log(low), std::log(high), std::log(guess), move, 1);
     const PhaseState state = phase_.state(std::exp(logDensity));
     if (std::abs(state.entropy - wanted) > 1e-6 * (state.cv + std::abs(wanted))) {
-        refuse("No state of " + mixture_.components().front().name + " at " + inText(temperature) +
-               " K has this entropy.");
+        refuse("No state of " + name_ + " at " + inText(temperature) + " K has this entropy.");
     }
     checkPressure(state.pressure);
     return single(state, qualityName(temperature, state.pressure, state.density));

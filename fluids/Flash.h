@@ -1,7 +1,13 @@
 #pragma once
 
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "fluids/Equilibrium.h"
 #include "fluids/Phase.h"
-#include "fluids/SaturationLine.h"
+#include "fluids/PhaseBoundary.h"
 
 namespace marvello::fluids {
 
@@ -15,7 +21,8 @@ inline constexpr double supercriticalQuality = 999;
 
 /// A state of the fluid, one phase or two, in K, kPa, mol/dm^3, J/mol, J/(mol K), m/s. In one phase both
 /// densities of the phases are the density. In two phases `quality` is the vapour's share of the moles, and
-/// heat capacities and speed of sound are undefined.
+/// heat capacities and speed of sound are undefined. `logK` is ln of vapour over liquid mole fraction of each
+/// component, 0 in one phase.
 struct FluidState {
     double temperature = 0;
     double pressure = 0;
@@ -29,6 +36,7 @@ struct FluidState {
     double cv = 0;
     double cp = 0;
     double soundSpeed = 0;
+    PerComponent logK{};
 };
 
 /// The usual choices of a zero for enthalpy and entropy.
@@ -38,23 +46,39 @@ enum class ReferenceState {
     ashrae,  ///< 0 for saturated liquid at -40 degC
 };
 
-/// Finds states of a pure fluid from two of its properties. Every search runs in a bracket that is known to
-/// hold the one stable solution. A state outside the range of the equation throws; nothing is allocated
-/// otherwise.
+/// Finds states of a fluid of given composition from two of its properties. Every search runs in a bracket
+/// that is known to hold the one stable solution. A state outside the range of the equation throws; nothing
+/// is allocated otherwise.
 class Flash {
   public:
-    explicit Flash(Mixture mixture);
+    using Side = PhaseBoundary::Side;
+
+    /// The mole fractions `z`, one for each component of `mixture`, are all above 0 and add up to 1.
+    Flash(Mixture mixture, std::span<const double> z);
     Flash(const Flash&) = delete;
     Flash& operator=(const Flash&) = delete;
 
     const Mixture& mixture() const { return mixture_; }
+    const PhaseBoundary& boundary() const { return *boundary_; }
+    Phase& phase() { return phase_; }
 
-    void setReference(ReferenceState reference);
+    /// What a reference state adds to enthalpy and entropy of the equation, in J/mol and J/(mol K).
+    struct Shift {
+        double enthalpy = 0;
+        double entropy = 0;
+    };
+    Shift shiftFor(ReferenceState reference);
+    void setShift(const Shift& shift) { shift_ = shift; }
 
-    SaturationPoint saturationAtTemperature(double temperature) { return line_.atTemperature(temperature); }
-    SaturationPoint saturationAtPressure(double pressure) { return line_.atPressure(pressure); }
+    SaturationPoint saturationAtTemperature(double temperature, Side side) {
+        return boundary_->atTemperature(temperature, side);
+    }
+    SaturationPoint saturationAtPressure(double pressure, Side side) {
+        return boundary_->atPressure(pressure, side);
+    }
 
-    /// Within 1e-9 of the saturation pressure the answer is saturated vapour.
+    /// Within 1e-9 of the saturation pressure of a pure fluid, or of the dew pressure of a blend, the answer
+    /// is saturated vapour.
     FluidState atTemperaturePressure(double temperature, double pressure);
     FluidState atPressureEnthalpy(double pressure, double enthalpy);
     FluidState atPressureEntropy(double pressure, double entropy);
@@ -76,14 +100,33 @@ class Flash {
         /// No density of a vapour lies above; 0 for a liquid or supercritical state.
         double vapourCeiling = 0;
     };
+    struct Limits {
+        double temperatureMin = 0;
+        double temperatureMax = 0;
+        double pressureMax = 0;
+    };
+    /// A search along a line through the two-phase region of a blend, between two states known: its ends, or
+    /// the state at the lowest temperature.
+    struct WetSearch {
+        Condition fixed;   ///< temperature or pressure
+        Condition wanted;  ///< the other property
+        TwoPhases from, to;
+        double valueFrom = 0;  ///< of the property wanted
+        double valueTo = 0;
+    };
 
     void checkTemperature(double temperature) const;
     void checkPressure(double pressure) const;
     Bracket densities(double temperature, double vapourCeiling) const;
     double densityAt(double pressure, const Bracket& bracket, double guess);
     double greatestDensity();
+    PhaseState stateAt(const PhaseBoundary::End& end);
     FluidState single(const PhaseState& state, double quality) const;
-    FluidState twoPhase(const SaturationPoint& point, double quality);
+    FluidState twoPhase(const WetSearch& search);
+    FluidState twoPhasePure(const SaturationPoint& point, double quality);
+    TwoPhases solveWet(const WetSearch& search);
+    std::optional<TwoPhases> creep(TwoPhases state, double value, const WetSearch& search);
+    TwoPhases coldestAt(double pressure);
     FluidState atPressureHeat(double pressure, Heat heat, double wanted);
     FluidState searchIsobar(double pressure, Heat heat, double wanted, const IsobarRange& range);
     FluidState searchIsotherm(double temperature, double entropy, double low, double high, double guess);
@@ -91,10 +134,12 @@ class Flash {
 
     Mixture mixture_;
     Phase phase_;
-    SaturationLine line_;
+    std::optional<Equilibrium> equilibrium_;  ///< of a blend
+    std::unique_ptr<PhaseBoundary> boundary_;
+    std::string name_;
+    Limits limits_;
     double densityMax_ = 0;  ///< the greatest density of the equation's range
-    double enthalpyShift_ = 0;
-    double entropyShift_ = 0;
+    Shift shift_;
 };
 
 }  // namespace marvello::fluids

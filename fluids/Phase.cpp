@@ -8,11 +8,9 @@ namespace marvello::fluids {
 Phase::Phase(const Mixture& mixture, std::span<const double> moleFractions)
     : mixture_(&mixture),
       fractions_(moleFractions.begin(), moleFractions.end()),
-      weights_(mixture.residual().blockCount()),
-      workspace_(mixture.residual().makeWorkspace()),
+      residual_(mixture.residualAt(moleFractions)),
       reducing_(mixture.reducing(moleFractions)),
       molarMass_(mixture.molarMass(moleFractions)) {
-    mixture.setWeights(fractions_, weights_);
     for (std::size_t i = 0; i < fractions_.size(); ++i) {
         densityShare_ += fractions_[i] * mixture.components()[i].gasConstant / mixture.gasConstant();
     }
@@ -22,7 +20,6 @@ void Phase::setTemperature(double temperature) {
     if (temperature == temperature_) return;
     temperature_ = temperature;
     tau_ = reducing_.temperature / temperature;
-    mixture_->residual().setTau(tau_, workspace_);
     idealIsSet_ = false;
 }
 
@@ -41,17 +38,15 @@ void Phase::setIdeal() {
     idealIsSet_ = true;
 }
 
-ReducedPressure Phase::reducedPressure(double density) {
-    const ResidualDerivatives residual =
-        mixture_->residual().byDensity(density / reducing_.density, weights_, workspace_);
+ReducedPressure Phase::reducedPressure(double density) const {
+    const ResidualDerivatives residual = residual_.at(tau_, density / reducing_.density);
     return {density * (1 + residual.d), 1 + 2 * residual.d + residual.dd,
             std::log(density) + residual.value + residual.d};
 }
 
 PhaseState Phase::state(double density) {
     if (!idealIsSet_) setIdeal();
-    const ResidualDerivatives residual =
-        mixture_->residual().all(density / reducing_.density, weights_, workspace_);
+    const ResidualDerivatives residual = residual_.at(tau_, density / reducing_.density);
     const double gas = mixture_->gasConstant();
     const double compressibility = 1 + residual.d;
     const double stiffness = 1 + 2 * residual.d + residual.dd;

@@ -37,6 +37,7 @@ class Phase {
     Phase(const Mixture& mixture, std::span<const double> moleFractions);
 
     const Mixture& mixture() const { return *mixture_; }
+    std::span<const double> fractions() const { return fractions_; }
     double gasConstant() const { return mixture_->gasConstant(); }
     double molarMass() const { return molarMass_; }
     const FluidPoint& reducing() const { return reducing_; }
@@ -46,7 +47,7 @@ class Phase {
     double temperature() const { return temperature_; }
 
     /// At a density above 0.
-    ReducedPressure reducedPressure(double density);
+    ReducedPressure reducedPressure(double density) const;
     PhaseState state(double density);
 
   private:
@@ -54,8 +55,7 @@ class Phase {
 
     const Mixture* mixture_;
     std::vector<double> fractions_;
-    std::vector<double> weights_;
-    Residual::Workspace workspace_;
+    Residual residual_;  ///< of the mixture at this composition
     FluidPoint reducing_;
     double molarMass_ = 0;
     double temperature_ = 0;

@@ -1,19 +1,28 @@
 #include "fluids/PropertyLibrary.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 #include "fluids/FluidFile.h"
 #include "fluids/FluidPath.h"
+#include "fluids/MixtureFile.h"
 #include "fluids/PropertyError.h"
 
 namespace marvello::fluids {
 namespace {
 
-PureFluid load(const std::string& name, const std::vector<std::filesystem::path>& folders) {
-    const std::filesystem::path path = findFluidFile(name, folders);
-    if (path.empty()) throw PropertyError(Fault::fluidFile, "There is no fluid file \"" + name + "\".");
-    return readFluidFile(path);
+constexpr std::size_t keptCompositions = 4;
+constexpr double nothing = 1e-12;  // a mole fraction below this counts as 0
+
+std::filesystem::path find(const std::string& name, const char* what,
+                           const std::vector<std::filesystem::path>& folders) {
+    std::filesystem::path path = findFluidFile(name, folders);
+    if (path.empty()) {
+        throw PropertyError(Fault::fluidFile, std::string("There is no ") + what + " file \"" + name + "\".");
+    }
+    return path;
 }
 
 ReferenceState referenceOf(const std::string& name, const PureFluid& fluid) {
@@ -25,40 +34,143 @@ ReferenceState referenceOf(const std::string& name, const PureFluid& fluid) {
                         "The reference state \"" + name + "\" is not DEF, IIR, NBP or ASH.");
 }
 
+/// A pure fluid's model, with its own gas constant.
+Mixture single(const PureFluid& fluid) { return {{fluid}, {}, fluid.gasConstant}; }
+
+Mixture load(const PropertyLibrary::Files& files) {
+    std::vector<PureFluid> components;
+    std::vector<std::string> names;
+    for (const std::string& name : files.fluids) {
+        components.push_back(readFluidFile(find(name, "fluid", files.folders)));
+        names.push_back(components.back().name);
+    }
+    if (components.size() == 1) return single(components.front());
+    MixtureModel model = readMixtureFile(find(files.mixture, "mixture", files.folders), names);
+    return {std::move(components), std::move(model.pairs), model.gasConstant};
+}
+
 }  // namespace
 
-void PropertyLibrary::setUp(const std::vector<std::string>& fileNames, const std::string& reference,
-                            const std::vector<std::filesystem::path>& folders) {
-    flash_.reset();
-    if (fileNames.empty()) throw PropertyError(Fault::badArgument, "A set-up needs at least one fluid.");
-    if (fileNames.size() > 1) {
-        throw PropertyError(Fault::notSupported,
-                            "This library knows pure fluids; blends are not among them.");
+void PropertyLibrary::setUp(const Files& files, const std::string& reference) {
+    mixture_.reset();
+    solved_.clear();
+    if (files.fluids.empty()) throw PropertyError(Fault::badArgument, "A set-up needs at least one fluid.");
+    Mixture loaded = load(files);
+    // A fluid alone is solved at once; a blend waits for its composition.
+    std::vector<Solved> solved;
+    if (loaded.size() == 1) {
+        Solved& made = solved.emplace_back();
+        made.kept = {0};
+        made.fractions = {1.0};
+        made.flash = std::make_unique<Flash>(loaded, made.fractions);
+        made.flash->setShift(made.flash->shiftFor(referenceOf(reference, loaded.components().front())));
     }
-    PureFluid fluid = load(fileNames.front(), folders);
-    const ReferenceState zero = referenceOf(reference, fluid);
-    const double gasConstant = fluid.gasConstant;
-    std::vector<PureFluid> components;
-    components.push_back(std::move(fluid));
-    auto made = std::make_unique<Flash>(Mixture(std::move(components), {}, gasConstant));
-    made->setReference(zero);
-    flash_ = std::move(made);
+    for (const PureFluid& fluid : loaded.components()) referenceOf(reference, fluid);
+    mixture_ = std::move(loaded);
+    solved_ = std::move(solved);
+    componentReference_ = reference;
+    mixtureShift_.reset();
 }
 
-Flash& PropertyLibrary::flash() {
-    if (!flash_) throw PropertyError(Fault::notSetUp, "No fluid has been set up.");
-    return *flash_;
+const Mixture& PropertyLibrary::mixture() const {
+    if (!mixture_) throw PropertyError(Fault::notSetUp, "No fluid has been set up.");
+    return *mixture_;
 }
 
-std::size_t PropertyLibrary::componentCount() { return flash().mixture().components().size(); }
+std::size_t PropertyLibrary::componentCount() const { return mixture().size(); }
 
-void PropertyLibrary::setReference(const std::string& reference) {
-    flash().setReference(referenceOf(reference, flash().mixture().components().front()));
+Flash& PropertyLibrary::flash(const double* z) {
+    const std::size_t count = componentCount();
+    if (count == 1) return *solved_.front().flash;
+    Solved& solved = solvedFor(z);
+    if (!solved.hasShift) setShift(solved);
+    return *solved.flash;
+}
+
+PropertyLibrary::Solved& PropertyLibrary::solvedFor(const double* z) {
+    const std::size_t count = componentCount();
+    const auto isWanted = [&](const Solved& solved) { return std::equal(z, z + count, solved.z.begin()); };
+    const auto found = std::find_if(solved_.begin(), solved_.end(), isWanted);
+    if (found == solved_.end()) {
+        if (solved_.size() == keptCompositions) solved_.pop_back();
+        solved_.insert(solved_.begin(), make({z, count}));
+    } else if (found != solved_.begin()) {
+        std::rotate(solved_.begin(), found, found + 1);
+    }
+    return solved_.front();
+}
+
+void PropertyLibrary::setShift(Solved& solved) const {
+    solved.flash->setShift(mixtureShift_ ? *mixtureShift_ : shiftOfComponents(solved));
+    solved.hasShift = true;
+}
+
+PropertyLibrary::Solved PropertyLibrary::make(std::span<const double> z) const {
+    Solved made;
+    std::copy(z.begin(), z.end(), made.z.begin());
+    double sum = 0;
+    for (const double fraction : z) {
+        if (!(std::isfinite(fraction) && fraction >= 0)) {
+            throw PropertyError(Fault::badArgument, "A mole fraction is not a number from 0 on.");
+        }
+        sum += fraction;
+    }
+    if (!(std::abs(sum - 1) < 1e-3)) {
+        throw PropertyError(Fault::badArgument,
+                            "The mole fractions add up to " + inText(sum) + ", not to 1.");
+    }
+    for (std::size_t i = 0; i < z.size(); ++i) {
+        if (z[i] < nothing) continue;
+        made.kept.push_back(i);
+        made.fractions.push_back(z[i] / sum);
+    }
+    made.flash = std::make_unique<Flash>(mixture().reduced(made.kept), made.fractions);
+    return made;
+}
+
+/// Each component's shift is that of the fluid alone.
+Flash::Shift PropertyLibrary::shiftOfComponents(const Solved& solved) const {
+    Flash::Shift sum;
+    for (std::size_t k = 0; k < solved.kept.size(); ++k) {
+        const PureFluid& fluid = mixture().components()[solved.kept[k]];
+        Flash alone(single(fluid), std::vector<double>{1.0});
+        const Flash::Shift own = alone.shiftFor(referenceOf(componentReference_, fluid));
+        sum.enthalpy += solved.fractions[k] * own.enthalpy;
+        sum.entropy += solved.fractions[k] * own.entropy;
+    }
+    return sum;
+}
+
+void PropertyLibrary::setReferenceOfComponents(const std::string& reference) {
+    for (const PureFluid& fluid : mixture().components()) referenceOf(reference, fluid);
+    componentReference_ = reference;
+    mixtureShift_.reset();
+    for (Solved& solved : solved_) setShift(solved);
+}
+
+void PropertyLibrary::setReferenceOfMixture(const std::string& reference, std::span<const double> z) {
+    // What DEF means for a blend is what it means for its first component.
+    const ReferenceState chosen = referenceOf(reference, mixture().components().front());
+    mixtureShift_ = solvedFor(z.data()).flash->shiftFor(chosen);
+    for (Solved& solved : solved_) setShift(solved);
+}
+
+void PropertyLibrary::compositions(const PerComponent& logK, double share, std::span<double> liquid,
+                                   std::span<double> vapour) const {
+    std::fill(liquid.begin(), liquid.end(), 0.0);
+    std::fill(vapour.begin(), vapour.end(), 0.0);
+    const Solved& solved = solved_.front();
+    for (std::size_t k = 0; k < solved.kept.size(); ++k) {
+        const double ratio = logK[k] == 0 ? 1 : std::exp(logK[k]);
+        const double inLiquid = solved.fractions[k] / (1 + share * (ratio - 1));
+        liquid[solved.kept[k]] = inLiquid;
+        vapour[solved.kept[k]] = ratio * inLiquid;
+    }
 }
 
 double PropertyLibrary::moleFractions(std::span<const double> massFractions,
-                                      std::span<double> moleFractions) {
-    const std::vector<PureFluid>& components = flash().mixture().components();
+                                      std::span<double> moleFractions) const {
+    const std::vector<PureFluid>& components = mixture().components();
     if (components.size() == 1) {
         moleFractions[0] = 1;
         return components.front().molarMass;
@@ -78,10 +190,9 @@ double PropertyLibrary::moleFractions(std::span<const double> massFractions,
     return mass / moles;
 }
 
-double PropertyLibrary::molarMass(std::span<const double> moleFractions) {
-    const Mixture& mixture = flash().mixture();
-    if (mixture.components().size() == 1) return mixture.components().front().molarMass;
-    return mixture.molarMass(moleFractions);
+double PropertyLibrary::molarMass(std::span<const double> moleFractions) const {
+    if (componentCount() == 1) return mixture().components().front().molarMass;
+    return mixture().molarMass(moleFractions);
 }
 
 }  // namespace marvello::fluids

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -10,33 +12,65 @@
 
 namespace marvello::fluids {
 
-/// The most components that the arrays of the C functions hold.
-inline constexpr std::size_t mostComponents = 20;
-
-/// What a set-up has made: the fluid and its solvers. A failed set-up leaves nothing of the one before.
+/// What a set-up has made: the fluids, their interactions, and the solvers for each composition asked for. A
+/// failed set-up leaves nothing of the one before.
 class PropertyLibrary {
   public:
-    /// Loads the fluid of each file name; relative names are looked for in `folders` in turn. `reference` is
-    /// DEF for the fluid's usual one, or IIR, NBP, ASH.
-    void setUp(const std::vector<std::string>& fileNames, const std::string& reference,
-               const std::vector<std::filesystem::path>& folders);
+    /// The files of a set-up; relative names are looked for in `folders` in turn.
+    struct Files {
+        std::vector<std::string> fluids;
+        std::string mixture;  ///< read for more than one fluid
+        std::vector<std::filesystem::path> folders;
+    };
 
-    void setReference(const std::string& reference);
+    /// Loads the files. `reference` is DEF for the fluid's usual one, or IIR, NBP, ASH; it holds for each
+    /// component until setReference() says otherwise.
+    void setUp(const Files& files, const std::string& reference);
 
-    /// The solvers; throws before a successful set-up.
-    Flash& flash();
+    /// The reference state of each component, or of the mixture of the mole fractions `z`.
+    void setReferenceOfComponents(const std::string& reference);
+    void setReferenceOfMixture(const std::string& reference, std::span<const double> z);
 
-    std::size_t componentCount();
+    /// The solvers for the mole fractions `z`, one for each component; made where they are not there yet.
+    /// Throws before a successful set-up. The fluid alone where the set-up has one component, whatever `z`
+    /// holds.
+    Flash& flash(const double* z);
+
+    /// Mole fractions of both phases of the flash asked for last, for each component of the set-up, from ln K
+    /// and the vapour's share.
+    void compositions(const PerComponent& logK, double share, std::span<double> liquid,
+                      std::span<double> vapour) const;
+
+    std::size_t componentCount() const;
 
     /// Turns mass fractions into mole fractions, both one for each component; returns the molar mass in
     /// g/mol.
-    double moleFractions(std::span<const double> massFractions, std::span<double> moleFractions);
+    double moleFractions(std::span<const double> massFractions, std::span<double> moleFractions) const;
 
     /// Molar mass in g/mol; for one component whatever `moleFractions` holds.
-    double molarMass(std::span<const double> moleFractions);
+    double molarMass(std::span<const double> moleFractions) const;
 
   private:
-    std::unique_ptr<Flash> flash_;
+    /// Solvers for one composition.
+    struct Solved {
+        PerComponent z{};               ///< as asked for
+        std::vector<std::size_t> kept;  ///< the components that are there
+        std::vector<double> fractions;  ///< of these
+        std::unique_ptr<Flash> flash;
+        bool hasShift = false;
+    };
+
+    const Mixture& mixture() const;
+    Solved& solvedFor(const double* z);
+    void setShift(Solved& solved) const;
+    Solved make(std::span<const double> z) const;
+    Flash::Shift shiftOfComponents(const Solved& solved) const;
+
+    std::optional<Mixture> mixture_;
+    /// The compositions asked for lately, the last one first; no more than a few.
+    std::vector<Solved> solved_;
+    std::string componentReference_ = "DEF";  ///< holds where there is no shift of the mixture
+    std::optional<Flash::Shift> mixtureShift_;
 };
 
 }  // namespace marvello::fluids

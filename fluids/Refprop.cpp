@@ -20,8 +20,10 @@ namespace {
 using marvello::fluids::Fault;
 using marvello::fluids::FluidState;
 using marvello::fluids::mostComponents;
+using marvello::fluids::PerComponent;
 using marvello::fluids::PropertyError;
 using marvello::fluids::PropertyLibrary;
+using Side = marvello::fluids::PhaseBoundary::Side;
 using marvello::fluids::SaturationPoint;
 using marvello::fluids::undefined;
 
@@ -94,25 +96,23 @@ double finite(double value, const char* what) {
     return value;
 }
 
-void checkSide(std::int32_t kph) {
+Side sideOf(std::int32_t kph) {
     if (kph != 1 && kph != 2) {
         throw PropertyError(Fault::badArgument,
                             "The phase flag is " + std::to_string(kph) + ", not 1 (bubble) or 2 (dew).");
     }
+    return kph == 1 ? Side::bubble : Side::dew;
 }
 
-/// Both phases of a pure fluid are the fluid.
-void deliverPure(double* x, double* y) {
-    for (double* array : {x, y}) {
-        std::fill(array, array + mostComponents, 0.0);
-        array[0] = 1;
-    }
+void deliverCompositions(const PerComponent& logK, double share, double* x, double* y) {
+    library().compositions(logK, share, {x, mostComponents}, {y, mostComponents});
 }
 
-void deliverSaturation(const SaturationPoint& point, double* Dl, double* Dv, double* xliq, double* xvap) {
+void deliverSaturation(const SaturationPoint& point, Side side, double* Dl, double* Dv, double* xliq,
+                       double* xvap) {
     *Dl = point.liquidDensity;
     *Dv = point.vapourDensity;
-    deliverPure(xliq, xvap);
+    deliverCompositions(point.logK, side == Side::bubble ? 0 : 1, xliq, xvap);
 }
 
 /// Where the outputs common to all flashes go.
@@ -123,7 +123,7 @@ struct FlashOutputs {
         *D = state.density;
         *Dl = state.liquidDensity;
         *Dv = state.vapourDensity;
-        deliverPure(x, y);
+        deliverCompositions(state.logK, state.quality, x, y);
         *q = state.quality;
         *e = state.energy;
         *cv = state.cv;
@@ -164,28 +164,34 @@ std::vector<std::string> fileNames(const std::string& joined, std::int32_t count
 
 extern "C" {
 
-[[gnu::visibility("default")]] void SETUPdll(const std::int32_t* nc, const char* hfiles,
-                                             const char* /*hfmix*/, const char* hrf, std::int32_t* ierr,
-                                             char* herr, std::int32_t filesLength, std::int32_t /*mixLength*/,
+[[gnu::visibility("default")]] void SETUPdll(const std::int32_t* nc, const char* hfiles, const char* hfmix,
+                                             const char* hrf, std::int32_t* ierr, char* herr,
+                                             std::int32_t filesLength, std::int32_t mixLength,
                                              std::int32_t referenceLength, std::int32_t errorLength) {
     guarded({ierr, herr, errorLength}, {}, [&] {
         library() = PropertyLibrary();
-        library().setUp(fileNames(readText(hfiles, filesLength), *nc), readText(hrf, referenceLength),
-                        fluidFolders());
+        library().setUp(
+            {fileNames(readText(hfiles, filesLength), *nc), readText(hfmix, mixLength), fluidFolders()},
+            readText(hrf, referenceLength));
     });
 }
 
-[[gnu::visibility("default")]] void SETREFdll(const char* hrf, const std::int32_t* ixflag,
-                                              const double* /*x0*/, const double* /*h0*/,
-                                              const double* /*s0*/, const double* /*t0*/,
-                                              const double* /*p0*/, std::int32_t* ierr, char* herr,
-                                              std::int32_t referenceLength, std::int32_t errorLength) {
+[[gnu::visibility("default")]] void SETREFdll(const char* hrf, const std::int32_t* ixflag, const double* x0,
+                                              const double* /*h0*/, const double* /*s0*/,
+                                              const double* /*t0*/, const double* /*p0*/, std::int32_t* ierr,
+                                              char* herr, std::int32_t referenceLength,
+                                              std::int32_t errorLength) {
     guarded({ierr, herr, errorLength}, {}, [&] {
         if (*ixflag != 1 && *ixflag != 2) {
             throw PropertyError(Fault::badArgument,
                                 "The reference flag is " + std::to_string(*ixflag) + ", not 1 or 2.");
         }
-        library().setReference(readText(hrf, referenceLength));
+        const std::string reference = readText(hrf, referenceLength);
+        if (*ixflag == 1 || library().componentCount() == 1) {
+            library().setReferenceOfComponents(reference);
+        } else {
+            library().setReferenceOfMixture(reference, {x0, library().componentCount()});
+        }
     });
 }
 
@@ -204,78 +210,79 @@ extern "C" {
             [&] { *wm = library().molarMass({x, library().componentCount()}); });
 }
 
-[[gnu::visibility("default")]] void SATTdll(const double* t, const double* /*x*/, const std::int32_t* kph,
+[[gnu::visibility("default")]] void SATTdll(const double* t, const double* x, const std::int32_t* kph,
                                             double* p, double* Dl, double* Dv, double* xliq, double* xvap,
                                             std::int32_t* ierr, char* herr, std::int32_t errorLength) {
     guarded({ierr, herr, errorLength}, {{p, Dl, Dv}, {xliq, xvap}}, [&] {
-        checkSide(*kph);
-        const SaturationPoint point = library().flash().saturationAtTemperature(finite(*t, "temperature"));
+        const Side side = sideOf(*kph);
+        const SaturationPoint point =
+            library().flash(x).saturationAtTemperature(finite(*t, "temperature"), side);
         *p = point.pressure;
-        deliverSaturation(point, Dl, Dv, xliq, xvap);
+        deliverSaturation(point, side, Dl, Dv, xliq, xvap);
     });
 }
 
-[[gnu::visibility("default")]] void SATPdll(const double* p, const double* /*x*/, const std::int32_t* kph,
+[[gnu::visibility("default")]] void SATPdll(const double* p, const double* x, const std::int32_t* kph,
                                             double* t, double* Dl, double* Dv, double* xliq, double* xvap,
                                             std::int32_t* ierr, char* herr, std::int32_t errorLength) {
     guarded({ierr, herr, errorLength}, {{t, Dl, Dv}, {xliq, xvap}}, [&] {
-        checkSide(*kph);
-        const SaturationPoint point = library().flash().saturationAtPressure(finite(*p, "pressure"));
+        const Side side = sideOf(*kph);
+        const SaturationPoint point = library().flash(x).saturationAtPressure(finite(*p, "pressure"), side);
         *t = point.temperature;
-        deliverSaturation(point, Dl, Dv, xliq, xvap);
+        deliverSaturation(point, side, Dl, Dv, xliq, xvap);
     });
 }
 
-[[gnu::visibility("default")]] void TPFLSHdll(const double* t, const double* p, const double* /*z*/,
-                                              double* D, double* Dl, double* Dv, double* x, double* y,
-                                              double* q, double* e, double* h, double* s, double* cv,
-                                              double* cp, double* w, std::int32_t* ierr, char* herr,
+[[gnu::visibility("default")]] void TPFLSHdll(const double* t, const double* p, const double* z, double* D,
+                                              double* Dl, double* Dv, double* x, double* y, double* q,
+                                              double* e, double* h, double* s, double* cv, double* cp,
+                                              double* w, std::int32_t* ierr, char* herr,
                                               std::int32_t errorLength) {
     guarded({ierr, herr, errorLength}, {{D, Dl, Dv, q, e, h, s, cv, cp, w}, {x, y}}, [&] {
         const FluidState state =
-            library().flash().atTemperaturePressure(finite(*t, "temperature"), finite(*p, "pressure"));
+            library().flash(z).atTemperaturePressure(finite(*t, "temperature"), finite(*p, "pressure"));
         *h = state.enthalpy;
         *s = state.entropy;
         FlashOutputs{D, Dl, Dv, x, y, q, e, cv, cp, w}.deliver(state);
     });
 }
 
-[[gnu::visibility("default")]] void TSFLSHdll(const double* t, const double* s, const double* /*z*/,
+[[gnu::visibility("default")]] void TSFLSHdll(const double* t, const double* s, const double* z,
                                               const std::int32_t* /*kr*/, double* p, double* D, double* Dl,
                                               double* Dv, double* x, double* y, double* q, double* e,
                                               double* h, double* cv, double* cp, double* w,
                                               std::int32_t* ierr, char* herr, std::int32_t errorLength) {
     guarded({ierr, herr, errorLength}, {{p, D, Dl, Dv, q, e, h, cv, cp, w}, {x, y}}, [&] {
         const FluidState state =
-            library().flash().atTemperatureEntropy(finite(*t, "temperature"), finite(*s, "entropy"));
+            library().flash(z).atTemperatureEntropy(finite(*t, "temperature"), finite(*s, "entropy"));
         *p = state.pressure;
         *h = state.enthalpy;
         FlashOutputs{D, Dl, Dv, x, y, q, e, cv, cp, w}.deliver(state);
     });
 }
 
-[[gnu::visibility("default")]] void PHFLSHdll(const double* p, const double* h, const double* /*z*/,
-                                              double* t, double* D, double* Dl, double* Dv, double* x,
-                                              double* y, double* q, double* e, double* s, double* cv,
-                                              double* cp, double* w, std::int32_t* ierr, char* herr,
+[[gnu::visibility("default")]] void PHFLSHdll(const double* p, const double* h, const double* z, double* t,
+                                              double* D, double* Dl, double* Dv, double* x, double* y,
+                                              double* q, double* e, double* s, double* cv, double* cp,
+                                              double* w, std::int32_t* ierr, char* herr,
                                               std::int32_t errorLength) {
     guarded({ierr, herr, errorLength}, {{t, D, Dl, Dv, q, e, s, cv, cp, w}, {x, y}}, [&] {
         const FluidState state =
-            library().flash().atPressureEnthalpy(finite(*p, "pressure"), finite(*h, "enthalpy"));
+            library().flash(z).atPressureEnthalpy(finite(*p, "pressure"), finite(*h, "enthalpy"));
         *t = state.temperature;
         *s = state.entropy;
         FlashOutputs{D, Dl, Dv, x, y, q, e, cv, cp, w}.deliver(state);
     });
 }
 
-[[gnu::visibility("default")]] void PSFLSHdll(const double* p, const double* s, const double* /*z*/,
-                                              double* t, double* D, double* Dl, double* Dv, double* x,
-                                              double* y, double* q, double* e, double* h, double* cv,
-                                              double* cp, double* w, std::int32_t* ierr, char* herr,
+[[gnu::visibility("default")]] void PSFLSHdll(const double* p, const double* s, const double* z, double* t,
+                                              double* D, double* Dl, double* Dv, double* x, double* y,
+                                              double* q, double* e, double* h, double* cv, double* cp,
+                                              double* w, std::int32_t* ierr, char* herr,
                                               std::int32_t errorLength) {
     guarded({ierr, herr, errorLength}, {{t, D, Dl, Dv, q, e, h, cv, cp, w}, {x, y}}, [&] {
         const FluidState state =
-            library().flash().atPressureEntropy(finite(*p, "pressure"), finite(*s, "entropy"));
+            library().flash(z).atPressureEntropy(finite(*p, "pressure"), finite(*s, "entropy"));
         *t = state.temperature;
         *h = state.enthalpy;
         FlashOutputs{D, Dl, Dv, x, y, q, e, cv, cp, w}.deliver(state);

@@ -2,150 +2,187 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <utility>
 
-#include "fluids/PropertyError.h"
+#include "fluids/SpecialTerms.h"
+#include "fluids/VectorMath.h"
 
 namespace marvello::fluids {
 namespace {
 
-using Blocks = std::vector<std::vector<ResidualTerm>>;
+/// The sums over all terms f of f, D f, (D^2 + D') f, T f, (T^2 + T') f, D T f, where D = delta f_delta / f,
+/// T = tau f_tau / f and D' = delta dD/d delta, T' likewise.
+struct Sums {
+    Lanes f{}, d{}, dd{}, t{}, tt{}, dt{};
+};
 
-bool isAny(const ResidualTerm&) { return true; }
-bool isExponential(const ResidualTerm& term) { return term.kind == TermKind::exponential; }
+/// delta^l; the exponents of decays are small whole numbers in nearly all equations.
+double decayPower(double delta, double l) {
+    if (l == 0) return 0;
+    if (l == 1) return delta;
+    if (l == 2) return delta * delta;
+    if (l == 3) return delta * delta * delta;
+    return std::pow(delta, l);
+}
 
-std::vector<double> collect(const Blocks& blocks, bool (*wanted)(const ResidualTerm&),
-                            double ResidualTerm::* exponent) {
-    std::vector<double> found;
-    for (const auto& block : blocks) {
-        for (const ResidualTerm& term : block) {
-            if (wanted(term)) found.push_back(term.*exponent);
-        }
-    }
+/// Vectors needed for so many terms.
+std::size_t wholeVectors(std::size_t terms) { return (terms + laneCount - 1) / laneCount * laneCount; }
+
+std::vector<ResidualTerm> select(const std::vector<ResidualTerm>& terms, bool (*wanted)(TermKind)) {
+    std::vector<ResidualTerm> found;
+    std::copy_if(terms.begin(), terms.end(), std::back_inserter(found),
+                 [wanted](const ResidualTerm& term) { return wanted(term.kind) && term.n != 0; });
     return found;
+}
+
+/// A decay exp(-v^power) of one variable v at its present value.
+struct Decay {
+    double exponent;  ///< v^power
+    double first;     ///< v d/dv of it
+    double second;    ///< (v d/dv)^2 of it
+};
+
+[[gnu::always_inline]] inline Decay decayOf(double power, double exponent) {
+    return {exponent, power * exponent, power * power * exponent};
+}
+
+[[gnu::always_inline]] inline void addPowers(const double* n, const double* t, const double* d, double logTau,
+                                             double logDelta, const Decay& inTau, const Decay& inDelta,
+                                             Sums& sums) {
+    Lanes factor, tauPower, deltaPower;
+    load(n, factor);
+    load(t, tauPower);
+    load(d, deltaPower);
+    Lanes f = tauPower * logTau + deltaPower * logDelta - (inTau.exponent + inDelta.exponent);
+    exponential(f);
+    f *= factor;
+    const Lanes byTau = tauPower - inTau.first;
+    const Lanes byDelta = deltaPower - inDelta.first;
+    const Lanes fd = f * byDelta;
+    const Lanes ft = f * byTau;
+    sums.f += f;
+    sums.d += fd;
+    sums.dd += fd * byDelta - f * inDelta.second;
+    sums.t += ft;
+    sums.tt += ft * byTau - f * inTau.second;
+    sums.dt += ft * byDelta;
 }
 
 }  // namespace
 
-Residual::Residual(const Blocks& blocks)
-    : tauPowers_(collect(blocks, isAny, &ResidualTerm::t)),
-      deltaPowers_(collect(blocks, isAny, &ResidualTerm::d)),
-      decayPowers_(collect(blocks, isExponential, &ResidualTerm::l)) {
-    for (std::vector<ResidualTerm> block : blocks) {
-        std::sort(block.begin(), block.end(),
-                  [](const auto& left, const auto& right) { return left.kind < right.kind; });
-        const auto count = [&](TermKind kind) {
-            return static_cast<std::size_t>(std::count_if(
-                block.begin(), block.end(), [kind](const ResidualTerm& term) { return term.kind == kind; }));
-        };
-        const std::size_t begin = terms_.size();
-        const std::size_t powerEnd = begin + count(TermKind::power);
-        blocks_.push_back({begin, powerEnd, powerEnd + count(TermKind::exponential), begin + block.size()});
-        for (const ResidualTerm& term : block) {
-            if (term.kind > TermKind::gaussian)
-                throw PropertyError(Fault::notSupported, "A term's form is not computed yet.");
-            terms_.push_back({term, tauPowers_.indexOf(term.t), deltaPowers_.indexOf(term.d),
-                              decayPowers_.indexOf(term.l)});
-        }
-    }
+Residual::Residual(const std::vector<ResidualTerm>& terms) {
+    addPowerTerms(select(terms, [](TermKind kind) {
+        return kind == TermKind::power || kind == TermKind::exponential ||
+               kind == TermKind::doubleExponential;
+    }));
+    addGaussianTerms(select(terms, [](TermKind kind) { return kind == TermKind::gaussian; }));
+    special_ = select(
+        terms, [](TermKind kind) { return kind == TermKind::associating || kind == TermKind::nonanalytic; });
 }
 
-Residual::Workspace Residual::makeWorkspace() const {
-    Workspace made;
-    made.tauPowers.resize(tauPowers_.size());
-    made.deltaPowers.resize(deltaPowers_.size());
-    made.decayPowers.resize(decayPowers_.size());
-    made.decays.resize(decayPowers_.size());
-    made.factors.resize(terms_.size());
-    return made;
-}
-
-void Residual::setTau(double tau, Workspace& workspace) const {
-    tauPowers_.fill(tau, workspace.tauPowers);
-    for (std::size_t i = 0; i < terms_.size(); ++i) {
-        const ResidualTerm& form = terms_[i].form;
-        double factor = form.n * workspace.tauPowers[terms_[i].tauPower];
-        double first = form.t;
-        double second = form.t * (form.t - 1);
-        if (form.kind == TermKind::gaussian) {
-            const double distance = tau - form.gamma;
-            factor *= std::exp(-form.beta * distance * distance);
-            first -= 2 * form.beta * tau * distance;
-            second = first * first - form.t - 2 * form.beta * tau * tau;
-        }
-        workspace.factors[i] = {factor, first, second};
-    }
-}
-
-void Residual::setDelta(double delta, Workspace& workspace) const {
-    deltaPowers_.fill(delta, workspace.deltaPowers);
-    decayPowers_.fill(delta, workspace.decayPowers);
-    for (std::size_t i = 0; i < workspace.decays.size(); ++i) {
-        workspace.decays[i] = std::exp(-workspace.decayPowers[i]);
-    }
-}
-
-/// Calls add(index, value, d, dd) for each term: its value and the logarithmic derivatives by delta.
-template <class Add>
-void Residual::visit(const Block& block, double delta, const Workspace& workspace, Add add) const {
-    const auto base = [&](std::size_t i) {
-        return workspace.factors[i].value * workspace.deltaPowers[terms_[i].deltaPower];
+void Residual::addPowerTerms(std::vector<ResidualTerm> terms) {
+    const auto decays = [](const ResidualTerm& term) {
+        return std::pair(term.kind == TermKind::power ? 0.0 : term.l,
+                         term.kind == TermKind::doubleExponential ? term.m : 0.0);
     };
-    std::size_t i = block.begin;
-    for (; i < block.powerEnd; ++i) {
-        const double d = terms_[i].form.d;
-        add(i, base(i), d, d * (d - 1));
+    std::stable_sort(terms.begin(), terms.end(),
+                     [&](const auto& left, const auto& right) { return decays(left) < decays(right); });
+    const auto close = [this] {
+        const std::size_t size = wholeVectors(powers_.n.size());
+        for (auto* column : {&powers_.n, &powers_.t, &powers_.d}) column->resize(size);
+        if (!groups_.empty()) groups_.back().end = size;
+    };
+    for (const ResidualTerm& term : terms) {
+        const auto [l, m] = decays(term);
+        if (groups_.empty() || groups_.back().l != l || groups_.back().m != m) {
+            close();
+            groups_.push_back({l, m, 0});
+        }
+        powers_.n.push_back(term.n);
+        powers_.t.push_back(term.t);
+        powers_.d.push_back(term.d);
     }
-    for (; i < block.exponentialEnd; ++i) {
-        const ResidualTerm& form = terms_[i].form;
-        const double decay = form.l * workspace.decayPowers[terms_[i].decayPower];
-        const double d = form.d - decay;
-        add(i, base(i) * workspace.decays[terms_[i].decayPower], d, d * (d - 1) - form.l * decay);
-    }
-    for (; i < block.end; ++i) {
-        const ResidualTerm& form = terms_[i].form;
-        const double distance = delta - form.epsilon;
-        const double d = form.d - 2 * form.eta * delta * distance;
-        add(i, base(i) * std::exp(-form.eta * distance * distance), d,
-            d * d - form.d - 2 * form.eta * delta * delta);
-    }
+    close();
 }
 
-ResidualDerivatives Residual::byDensity(double delta, std::span<const double> weights,
-                                        Workspace& workspace) const {
-    setDelta(delta, workspace);
-    ResidualDerivatives sum;
-    for (std::size_t b = 0; b < blocks_.size(); ++b) {
-        double value = 0;
-        double first = 0;
-        double second = 0;
-        visit(blocks_[b], delta, workspace, [&](std::size_t, double term, double d, double dd) {
-            value += term;
-            first += term * d;
-            second += term * dd;
-        });
-        sum.value += weights[b] * value;
-        sum.d += weights[b] * first;
-        sum.dd += weights[b] * second;
+void Residual::addGaussianTerms(const std::vector<ResidualTerm>& terms) {
+    GaussianColumns& to = gaussians_;
+    for (const ResidualTerm& term : terms) {
+        to.n.push_back(term.n);
+        to.t.push_back(term.t);
+        to.d.push_back(term.d);
+        to.eta.push_back(term.eta);
+        to.epsilon.push_back(term.epsilon);
+        to.beta.push_back(term.beta);
+        to.gamma.push_back(term.gamma);
     }
-    return sum;
+    for (auto* column : {&to.n, &to.t, &to.d, &to.eta, &to.epsilon, &to.beta, &to.gamma})
+        column->resize(wholeVectors(terms.size()));
 }
 
-ResidualDerivatives Residual::all(double delta, std::span<const double> weights, Workspace& workspace) const {
-    setDelta(delta, workspace);
-    ResidualDerivatives sum;
-    for (std::size_t b = 0; b < blocks_.size(); ++b) {
-        visit(blocks_[b], delta, workspace, [&](std::size_t i, double term, double d, double dd) {
-            const double value = weights[b] * term;
-            const TauFactor& tau = workspace.factors[i];
-            sum.value += value;
-            sum.d += value * d;
-            sum.dd += value * dd;
-            sum.t += value * tau.first;
-            sum.tt += value * tau.second;
-            sum.dt += value * d * tau.first;
-        });
+[[gnu::always_inline]] inline ResidualDerivatives Residual::evaluate(double tau, double delta) const {
+    const double logTau = std::log(tau);
+    const double logDelta = std::log(delta);
+    Sums sums;
+    std::size_t i = 0;
+    for (const DecayGroup& group : groups_) {
+        const Decay inDelta = decayOf(group.l, decayPower(delta, group.l));
+        const Decay inTau = decayOf(group.m, group.m == 0 ? 0 : std::exp(group.m * logTau));
+        for (; i < group.end; i += laneCount) {
+            addPowers(&powers_.n[i], &powers_.t[i], &powers_.d[i], logTau, logDelta, inTau, inDelta, sums);
+        }
     }
-    return sum;
+    for (i = 0; i < gaussians_.n.size(); i += laneCount) {
+        Lanes n, t, d, eta, epsilon, beta, gamma;
+        load(&gaussians_.n[i], n);
+        load(&gaussians_.t[i], t);
+        load(&gaussians_.d[i], d);
+        load(&gaussians_.eta[i], eta);
+        load(&gaussians_.epsilon[i], epsilon);
+        load(&gaussians_.beta[i], beta);
+        load(&gaussians_.gamma[i], gamma);
+        const Lanes deltaGap = delta - epsilon;
+        const Lanes tauGap = tau - gamma;
+        Lanes f = t * logTau + d * logDelta - eta * deltaGap * deltaGap - beta * tauGap * tauGap;
+        exponential(f);
+        f *= n;
+        const Lanes byDelta = d - 2 * eta * delta * deltaGap;
+        const Lanes byTau = t - 2 * beta * tau * tauGap;
+        sums.f += f;
+        sums.d += f * byDelta;
+        sums.dd += f * (byDelta * byDelta - 2 * eta * delta * (deltaGap + delta));
+        sums.t += f * byTau;
+        sums.tt += f * (byTau * byTau - 2 * beta * tau * (tauGap + tau));
+        sums.dt += f * byDelta * byTau;
+    }
+    ResidualDerivatives total;
+    total.value = sumOf(sums.f);
+    total.d = sumOf(sums.d);
+    total.dd = sumOf(sums.dd) - total.d;  // delta^2 f'' = (D^2 + D' - D) f
+    total.t = sumOf(sums.t);
+    total.tt = sumOf(sums.tt) - total.t;
+    total.dt = sumOf(sums.dt);
+    return total;
+}
+
+#ifdef __x86_64__
+[[gnu::target("avx2,fma")]] ResidualDerivatives Residual::evaluateWide(double tau, double delta) const {
+    return evaluate(tau, delta);
+}
+#else
+ResidualDerivatives Residual::evaluateWide(double tau, double delta) const { return evaluate(tau, delta); }
+#endif
+
+ResidualDerivatives Residual::at(double tau, double delta) const {
+#ifdef __x86_64__
+    static const bool wide = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
+#else
+    constexpr bool wide = false;
+#endif
+    ResidualDerivatives total = wide ? evaluateWide(tau, delta) : evaluate(tau, delta);
+    for (const ResidualTerm& term : special_) addSpecialTerm(term, tau, delta, total);
+    return total;
 }
 
 }  // namespace marvello::fluids

@@ -1,89 +1,61 @@
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "fluids/Expansion.h"
 #include "fluids/Phase.h"
+#include "fluids/PhaseBoundary.h"
 
 namespace marvello::fluids {
-
-/// Liquid and vapour in equilibrium, in K, kPa, mol/dm^3.
-struct SaturationPoint {
-    double temperature = 0;
-    double pressure = 0;
-    double liquidDensity = 0;
-    double vapourDensity = 0;
-};
 
 /// The vapour-pressure curve of a pure fluid, from its lowest temperature to the critical point of its
 /// equation.
 ///
-/// A table made at set-up gives the first guess; each answer is then solved from the equation (equal pressure
-/// and Gibbs energy of both phases). The table stands over theta = sqrt(1 - T/Tc), in which the logarithms of
-/// pressure and densities are smooth up to the critical point.
-class SaturationLine {
+/// Set-up solves the equation (equal pressure and Gibbs energy of both phases) and lays polynomials through
+/// ln p and ln rho, which answer from then on. They stand over theta = sqrt(1 - T/Tc), counted negative for
+/// the vapour: ln rho is one smooth function of it through the critical point, and ln p an even one.
+class SaturationLine final : public PhaseBoundary {
   public:
-    /// Makes the table. `phase` holds the pure fluid and is used, and changed, by every call. Throws when the
-    /// equation has no sound critical point near the published one or no saturation between it and the lowest
-    /// temperature.
+    /// `phase` holds the pure fluid and is used during the construction only. Throws when the equation has no
+    /// sound critical point near the published one or no saturation between it and the lowest temperature.
     SaturationLine(Phase& phase, const PureFluid& fluid);
 
-    const FluidPoint& critical() const { return critical_; }
+    SaturationPoint atTemperature(double temperature) const;
+    SaturationPoint atPressure(double pressure) const;
 
-    /// At a temperature from the lowest one up to the critical one; throws outside.
-    SaturationPoint atTemperature(double temperature);
+    SaturationPoint atTemperature(double temperature, Side) override { return atTemperature(temperature); }
+    SaturationPoint atPressure(double pressure, Side) override { return atPressure(pressure); }
+    Cut cutAtTemperature(double temperature) override;
+    Cut cutAtPressure(double pressure) override;
+    double liquidDensityFloor(double temperature) override;
 
-    /// At a pressure between that of the lowest temperature and the critical one; throws outside.
-    SaturationPoint atPressure(double pressure);
-
-    double pressureMin() const;
-
-    /// A density of the liquid that is surely not above the saturated one, for a temperature below the
-    /// critical.
-    double liquidDensityFloor(double temperature) const;
+    /// The greatest error of the polynomials seen when they were tried out, relative.
+    double error() const { return line_.error(); }
+    std::size_t cellCount() const { return line_.cellCount(); }
 
   private:
-    /// Of ln p, ln liquid density and ln vapour density.
-    struct Logarithms {
-        double pressure = 0;
-        double liquid = 0;
-        double vapour = 0;
-    };
-    struct Node {
-        Logarithms value;
-        Logarithms slope;  ///< by theta
-    };
-    /// Where a temperature lies in the table.
-    struct Place {
-        std::size_t cell = 0;
-        double within = 0;  ///< 0 to 1, growing with theta
-    };
-
     struct CriticalStep {
         double temperature = 0;
         double density = 0;
     };
+    struct Densities {
+        double liquid = 0;
+        double vapour = 0;
+    };
 
-    CriticalStep stepToCritical(double temperature, double density);
-    void findCritical(const FluidPoint& published, const std::string& name);
-    void makeTable(const PureFluid& fluid);
-    SaturationPoint firstPoint(const PureFluid& fluid, double temperature);
-    Node nodeAt(const SaturationPoint& point);
+    CriticalStep stepToCritical(Phase& phase, double temperature, double density) const;
+    void findCritical(Phase& phase, const FluidPoint& published, const std::string& name);
+    void makeLine(Phase& phase, const PureFluid& fluid);
+    Densities firstGuess(Phase& phase, const PureFluid& fluid, double temperature) const;
     double theta(double temperature) const;
     double temperatureAt(double theta) const;
-    Place placeOf(double theta) const;
-    SaturationPoint guessAt(double theta) const;
-    double thetaAtPressure(double logPressure) const;
-    std::optional<SaturationPoint> solve(SaturationPoint guess);
-    double clapeyron(const SaturationPoint& point);
+    SaturationPoint pointAt(double theta) const;
 
-    Phase& phase_;
-    FluidPoint critical_;
-    double temperatureMin_ = 0;
-    double step_ = 0;  ///< of theta between two nodes
-    std::vector<Node> nodes_;
+    Expansion line_;  ///< ln p and ln rho
+    double thetaMax_ = 0;
+    double pressureMin_ = 0;
 };
 
 }  // namespace marvello::fluids

@@ -23,21 +23,6 @@ void addProduct(double value, const Logarithmic& tau, const Logarithmic& delta, 
     sum.dt += value * tau.first * delta.first;
 }
 
-/// Of v^power exp(-v^decayPower), where `decay` is v^decayPower.
-Logarithmic decaying(double power, double decayPower, double decay) {
-    const double first = power - decayPower * decay;
-    return {first, first * (first - 1) - decayPower * decayPower * decay};
-}
-
-void addDoubleExponential(const ResidualTerm& term, double tau, double delta, ResidualDerivatives& sum) {
-    const double logTau = std::log(tau);
-    const double logDelta = std::log(delta);
-    const double tauDecay = std::exp(term.m * logTau);
-    const double deltaDecay = std::exp(term.l * logDelta);
-    addProduct(term.n * std::exp(term.t * logTau + term.d * logDelta - tauDecay - deltaDecay),
-               decaying(term.t, term.m, tauDecay), decaying(term.d, term.l, deltaDecay), sum);
-}
-
 void addAssociating(const ResidualTerm& term, double tau, double delta, ResidualDerivatives& sum) {
     // The bracket g = 1/(b + beta (tau - gamma)^2) has g' = -2 beta (tau - gamma) g^2 and
     // g'' = 2 beta g^2 (4 beta (tau - gamma)^2 g - 1).
@@ -125,9 +110,6 @@ void addNonanalytic(const ResidualTerm& term, double tau, double delta, Residual
 
 void addSpecialTerm(const ResidualTerm& term, double tau, double delta, ResidualDerivatives& sum) {
     switch (term.kind) {
-        case TermKind::doubleExponential:
-            addDoubleExponential(term, tau, delta, sum);
-            break;
         case TermKind::associating:
             addAssociating(term, tau, delta, sum);
             break;
@@ -136,6 +118,7 @@ void addSpecialTerm(const ResidualTerm& term, double tau, double delta, Residual
             break;
         case TermKind::power:
         case TermKind::exponential:
+        case TermKind::doubleExponential:
         case TermKind::gaussian:
             break;
     }

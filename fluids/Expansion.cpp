@@ -1,0 +1,218 @@
+#include "fluids/Expansion.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "fluids/PropertyError.h"
+
+namespace marvello::fluids {
+namespace {
+
+constexpr std::size_t count = Expansion::coefficientCount;
+using Coefficients = std::array<double, count>;
+
+double chebyshevPoint(std::size_t k) {
+    return std::cos(std::numbers::pi * (static_cast<double>(k) + 0.5) / static_cast<double>(count));
+}
+
+/// The matrix from values at the Chebyshev points to coefficients of the powers.
+std::array<Coefficients, count> powersFromValues() {
+    // T_m as powers: T_0 = 1, T_1 = s, T_(m+1) = 2 s T_m - T_(m-1).
+    std::array<Coefficients, count> polynomials{};
+    polynomials[0][0] = 1;
+    polynomials[1][1] = 1;
+    for (std::size_t m = 2; m < count; ++m) {
+        for (std::size_t power = 0; power < count; ++power) {
+            polynomials[m][power] =
+                (power > 0 ? 2 * polynomials[m - 1][power - 1] : 0) - polynomials[m - 2][power];
+        }
+    }
+    std::array<Coefficients, count> matrix{};
+    for (std::size_t k = 0; k < count; ++k) {
+        for (std::size_t m = 0; m < count; ++m) {
+            const double angle = std::numbers::pi * static_cast<double>(m) * (static_cast<double>(k) + 0.5) /
+                                 static_cast<double>(count);
+            const double share = (m == 0 ? 1.0 : 2.0) / static_cast<double>(count) * std::cos(angle);
+            for (std::size_t power = 0; power < count; ++power)
+                matrix[power][k] += share * polynomials[m][power];
+        }
+    }
+    return matrix;
+}
+
+}  // namespace
+
+Expansion::Expansion(const Build& build, const Sample& sample) : functionCount_(build.functionCount) {
+    borders_.push_back(build.borders.front());
+    for (std::size_t i = 0; i + 1 < build.borders.size(); ++i)
+        split(build, sample, build.borders[i], build.borders[i + 1], 1);
+    makeIndex();
+    for (std::size_t f = 0; f < functionCount_; ++f) {
+        for (const double border : borders_) borderValues_.push_back(at(f, border));
+    }
+}
+
+/// Adds the cell from `low` to `high`, or its three parts.
+void Expansion::split(const Build& build, const Sample& sample, double low, double high, double parentError) {
+    static const std::array<Coefficients, count> matrix = powersFromValues();
+    const double middle = (low + high) / 2;
+    const double half = (high - low) / 2;
+    std::array<double, mostFunctions> values{};
+    const auto take = [&](double within) {
+        if (!sample(middle + half * within, {values.data(), functionCount_})) {
+            throw PropertyError(Fault::noConvergence, "No state was found on the phase boundary.");
+        }
+    };
+    const std::size_t first = coefficients_.size();
+    coefficients_.resize(first + count * functionCount_);
+    for (std::size_t k = 0; k < count; ++k) {
+        take(chebyshevPoint(k));
+        for (std::size_t power = 0; power < count; ++power) {
+            for (std::size_t f = 0; f < functionCount_; ++f)
+                coefficients_[first + power * functionCount_ + f] += matrix[power][k] * values[f];
+        }
+    }
+    // Between two Chebyshev points, near an end and near the middle, where errors are greatest.
+    double error = 0;
+    borders_.push_back(high);
+    const std::size_t cell = borders_.size() - 2;
+    for (const double within : {-0.95, 0.31}) {
+        take(within);
+        for (std::size_t f = 0; f < functionCount_; ++f)
+            error = std::max(error, std::abs(at(f, Place{cell, within}) - values[f]));
+    }
+    // An error that a narrower cell has hardly made smaller is rounding of the samples.
+    const bool isNoise = error < 20 * build.tolerance && error > 0.1 * parentError;
+    if (error <= build.tolerance || isNoise || high - low <= build.leastWidth) {
+        error_ = std::max(error_, error);
+        return;
+    }
+    borders_.pop_back();
+    coefficients_.resize(first);
+    const double third = (high - low) / 3;
+    split(build, sample, low, low + third, error);
+    split(build, sample, low + third, high - third, error);
+    split(build, sample, high - third, high, error);
+}
+
+void Expansion::makeIndex() {
+    const std::size_t parts = 4 * cellCount();
+    indexPerWidth_ = static_cast<double>(parts) / (end() - begin());
+    std::size_t cell = 0;
+    for (std::size_t part = 0; part < parts; ++part) {
+        const double left = begin() + static_cast<double>(part) / indexPerWidth_;
+        while (cell + 1 < cellCount() && borders_[cell + 1] <= left) ++cell;
+        index_.push_back(cell);
+    }
+}
+
+Expansion::Place Expansion::placeOf(double x) const {
+    const double part =
+        std::clamp((x - begin()) * indexPerWidth_, 0.0, static_cast<double>(index_.size() - 1));
+    std::size_t cell = index_[static_cast<std::size_t>(part)];
+    while (cell + 1 < cellCount() && x >= borders_[cell + 1]) ++cell;
+    while (cell > 0 && x < borders_[cell]) --cell;
+    const double low = borders_[cell];
+    const double high = borders_[cell + 1];
+    return {cell, (2 * x - low - high) / (high - low)};
+}
+
+double Expansion::at(std::size_t function, Place place) const {
+    const double* from = &coefficients_[place.cell * count * functionCount_ + function];
+    double sum = 0;
+    for (std::size_t power = count; power-- > 0;) sum = sum * place.within + from[power * functionCount_];
+    return sum;
+}
+
+void Expansion::all(Place place, std::span<double> values) const {
+    const double* from = &coefficients_[place.cell * count * functionCount_];
+    std::fill_n(values.begin(), functionCount_, 0.0);
+    for (std::size_t power = count; power-- > 0;) {
+        const double* row = from + power * functionCount_;
+        for (std::size_t f = 0; f < functionCount_; ++f) values[f] = values[f] * place.within + row[f];
+    }
+}
+
+/// Of the polynomial of the lowest `terms` coefficients on a cell; the slope is by the place within.
+Expansion::ValueAndSlope Expansion::within(std::size_t function, Place place, std::size_t terms) const {
+    const double* from = &coefficients_[place.cell * count * functionCount_ + function];
+    ValueAndSlope sum;
+    for (std::size_t power = terms; power-- > 0;) {
+        sum.slope = sum.slope * place.within + sum.value;
+        sum.value = sum.value * place.within + from[power * functionCount_];
+    }
+    return sum;
+}
+
+Expansion::ValueAndSlope Expansion::withSlope(std::size_t function, double x) const {
+    const Place place = placeOf(x);
+    const ValueAndSlope here = within(function, place, count);
+    return {here.value, here.slope * 2 / (borders_[place.cell + 1] - borders_[place.cell])};
+}
+
+double Expansion::inverse(std::size_t function, double value, double low, double high) const {
+    const Place first = placeOf(low);
+    const Place last = placeOf(high);
+    double atLow = at(function, first);
+    double atHigh = at(function, last);
+    const bool rises = atHigh > atLow;
+    if (rises ? value <= atLow : value >= atLow) return low;
+    if (rises ? value >= atHigh : value <= atHigh) return high;
+    // The cell, by halving what lies between.
+    const double* values = &borderValues_[function * borders_.size()];
+    std::size_t cell = first.cell;
+    for (std::size_t beyond = last.cell + 1; beyond - cell > 1;) {
+        const std::size_t middle = cell + (beyond - cell) / 2;
+        ((values[middle] > value) == rises ? beyond : cell) = middle;
+    }
+    Bracket bracket{-1, 1, values[cell], values[cell + 1]};
+    if (cell == first.cell) {
+        bracket.low = first.within;
+        bracket.atLow = atLow;
+    }
+    if (cell == last.cell) {
+        bracket.high = last.within;
+        bracket.atHigh = atHigh;
+    }
+    const double within = inverseWithin(function, value, cell, bracket);
+    return (borders_[cell] + borders_[cell + 1] + within * (borders_[cell + 1] - borders_[cell])) / 2;
+}
+
+/// Newton's method in a bracket: roughly on a cubic first, then on the whole polynomial.
+double Expansion::inverseWithin(std::size_t function, double value, std::size_t cell, Bracket bracket) const {
+    constexpr int steps = 100;
+    constexpr std::size_t cubic = 4;
+    const bool rises = bracket.atHigh > bracket.atLow;
+    double x = bracket.low +
+               (bracket.high - bracket.low) * (value - bracket.atLow) / (bracket.atHigh - bracket.atLow);
+    for (int i = 0; i < 3; ++i) {
+        const ValueAndSlope here = within(function, {cell, x}, cubic);
+        const double next = x - (here.value - value) / here.slope;
+        if (!(next > bracket.low && next < bracket.high)) break;
+        x = next;
+    }
+    for (int i = 0; i < steps; ++i) {
+        const ValueAndSlope here = within(function, {cell, x}, count);
+        ((here.value > value) == rises ? bracket.high : bracket.low) = x;
+        const double newton = x - (here.value - value) / here.slope;
+        const bool inside = newton > bracket.low && newton < bracket.high;
+        const double next = inside ? newton : (bracket.low + bracket.high) / 2;
+        const double step = std::abs(next - x);
+        x = next;
+        if ((inside && step < 1e-8) || bracket.high - bracket.low < 1e-15) break;
+    }
+    return x;
+}
+
+std::optional<double> Expansion::extremum(std::size_t function, double low, double high) const {
+    const bool rises = withSlope(function, low).slope > 0;
+    if ((withSlope(function, high).slope > 0) == rises) return std::nullopt;
+    for (int i = 0; i < 60; ++i) {
+        const double middle = (low + high) / 2;
+        ((withSlope(function, middle).slope > 0) == rises ? low : high) = middle;
+    }
+    return (low + high) / 2;
+}
+
+}  // namespace marvello::fluids

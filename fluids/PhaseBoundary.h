@@ -1,0 +1,70 @@
+#pragma once
+
+#include <optional>
+
+#include "fluids/Mixture.h"
+
+namespace marvello::fluids {
+
+/// Liquid and vapour in equilibrium, one of them of the overall composition; in K, kPa, mol/dm^3.
+struct SaturationPoint {
+    double temperature = 0;
+    double pressure = 0;
+    double liquidDensity = 0;
+    double vapourDensity = 0;
+    PerComponent logK{};  ///< ln of vapour over liquid mole fraction of each component; 0 for a pure fluid
+};
+
+/// Where the overall composition begins to split in two: as saturated liquid at the bubble point, as
+/// saturated vapour at the dew point. For a pure fluid the two are one curve.
+class PhaseBoundary {
+  public:
+    enum class Side { bubble, dew };
+
+    struct End {
+        SaturationPoint point;
+        double density = 0;  ///< of the phase that has the overall composition
+    };
+
+    /// Where a line of constant temperature or pressure enters and leaves the two-phase region. Near the
+    /// critical point of a blend both ends may be of one kind; the liquid is the denser. Nothing stands for
+    /// an end below the lowest temperature.
+    struct Cut {
+        std::optional<End> liquid;
+        std::optional<End> vapour;
+    };
+
+    virtual ~PhaseBoundary() = default;
+
+    const FluidPoint& critical() const { return critical_; }
+    double temperatureMin() const { return temperatureMin_; }
+    /// The highest temperature and pressure at which there are two phases: those of the critical point for a
+    /// pure fluid, a little higher for a blend.
+    double temperatureMost() const { return temperatureMost_; }
+    double pressureMost() const { return pressureMost_; }
+
+    /// From the lowest temperature to the end of the curve; throws outside.
+    virtual SaturationPoint atTemperature(double temperature, Side side) = 0;
+    virtual SaturationPoint atPressure(double pressure, Side side) = 0;
+
+    /// Between temperatureMin() and temperatureMost().
+    virtual Cut cutAtTemperature(double temperature) = 0;
+    /// Above 0 and below pressureMost().
+    virtual Cut cutAtPressure(double pressure) = 0;
+
+    /// A density that the liquid does not fall below and is mechanically stable above, for a temperature
+    /// between temperatureMin() and temperatureMost().
+    virtual double liquidDensityFloor(double temperature) = 0;
+
+  protected:
+    PhaseBoundary() = default;
+    PhaseBoundary(const PhaseBoundary&) = default;
+    PhaseBoundary& operator=(const PhaseBoundary&) = default;
+
+    FluidPoint critical_;
+    double temperatureMin_ = 0;
+    double temperatureMost_ = 0;
+    double pressureMost_ = 0;
+};
+
+}  // namespace marvello::fluids

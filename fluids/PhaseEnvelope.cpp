@@ -1,0 +1,288 @@
+#include "fluids/PhaseEnvelope.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <iterator>
+#include <string>
+
+#include "fluids/PropertyError.h"
+
+namespace marvello::fluids {
+namespace {
+
+/// The functions of the curve; ln K of the components follow.
+enum Function : std::size_t { logTemperature, logPressure, logDensity, firstLogK };
+static_assert(firstLogK + mostComponents <= Expansion::mostFunctions);
+
+constexpr double criticalGap = 0.08;  // of u: nearer to the critical point no state is solved
+constexpr double sharpness = 1e-11;   // of the polynomials
+constexpr double leastWidth = 0.03;   // of a cell, in u
+
+[[noreturn]] void refuse(const std::string& text) { throw PropertyError(Fault::outOfRange, text); }
+
+[[noreturn]] void unknownShape(const Mixture& mixture) {
+    throw PropertyError(Fault::notSupported, "The phase boundary of the blend " + mixture.name() +
+                                                 " could not be followed; it may split into two liquids.");
+}
+
+constexpr Condition feedAlone{Condition::Of::share, 0};
+
+}  // namespace
+
+PhaseEnvelope::PhaseEnvelope(Phase& phase, Equilibrium& equilibrium, double temperatureMin)
+    : componentCount_(equilibrium.mixture().size()) {
+    temperatureMin_ = temperatureMin;
+    Tracing tracing{equilibrium, {}};
+    const TwoPhases guess = firstBubblePoint(phase, equilibrium.mixture());
+    tracing.add(equilibrium.solve(guess, {feedAlone, {Condition::Of::temperature, guess.temperature}}));
+    for (const double direction : {-1.0, 1.0}) {
+        const double coldest = tracing.walk(direction, temperatureMin);
+        temperatureMin_ = std::max(temperatureMin_, coldest);
+    }
+    for (const double direction : {-1.0, 1.0}) tracing.endAt(temperatureMin_, direction);
+    fit(tracing);
+    findLandmarks(equilibrium.mixture());
+}
+
+/// At a low pressure, where the vapour is nearly ideal: its partial pressures are the liquid's fugacities.
+TwoPhases PhaseEnvelope::firstBubblePoint(Phase& phase, const Mixture& mixture) const {
+    const double temperature = std::max(0.62 * phase.reducing().temperature, 1.02 * temperatureMin_);
+    phase.setTemperature(temperature);
+    // A liquid under hardly any pressure, approached from the dense side.
+    double density = 3.5 * phase.reducing().density;
+    for (int i = 0; i < 100; ++i) {
+        const ReducedPressure here = phase.reducedPressure(density);
+        const double change = here.byDensity > 0 ? -here.value / here.byDensity : 0.02 * density;
+        density = std::clamp(density + change, 0.9 * density, 1.1 * density);
+        if (std::abs(change) < 1e-9 * density) break;
+    }
+    TwoPhases point;
+    point.temperature = temperature;
+    point.firstDensity = density;
+    PerComponent amounts{};
+    const std::size_t count = mixture.size();
+    for (std::size_t i = 0; i < count; ++i) amounts[i] = density * phase.fractions()[i];
+    FugacityState liquid;
+    Fugacity(mixture).evaluate(temperature, {amounts.data(), count}, false, liquid);
+    for (std::size_t i = 0; i < count; ++i) point.secondDensity += std::exp(liquid.potential[i]);
+    for (std::size_t i = 0; i < count; ++i) {
+        point.logK[i] = liquid.potential[i] - std::log(point.secondDensity * phase.fractions()[i]);
+    }
+    return point;
+}
+
+/// Adds a state that was found.
+void PhaseEnvelope::Tracing::add(const std::optional<TwoPhases>& state) {
+    if (!state) unknownShape(equilibrium.mixture());
+    known[std::log(state->secondDensity / state->firstDensity)] = *state;
+}
+
+/// What the known states say of another place: the polynomial through the four nearest.
+TwoPhases PhaseEnvelope::Tracing::foretell(double u) const {
+    constexpr std::ptrdiff_t most = 4;
+    const auto used = std::min(most, static_cast<std::ptrdiff_t>(known.size()));
+    auto from = known.lower_bound(u);
+    for (std::ptrdiff_t i = 0; i < used / 2 && from != known.begin(); ++i) --from;
+    while (std::distance(from, known.end()) < used) --from;  // at most four steps
+    const auto end = std::next(from, used);
+    TwoPhases guess;
+    double logTemperature = 0;
+    double logDensity = 0;
+    for (auto node = from; node != end; ++node) {
+        double weight = 1;
+        for (auto other = from; other != end; ++other) {
+            if (other != node) weight *= (u - other->first) / (node->first - other->first);
+        }
+        logTemperature += weight * std::log(node->second.temperature);
+        logDensity += weight * std::log(node->second.firstDensity);
+        for (std::size_t i = 0; i < mostComponents; ++i) guess.logK[i] += weight * node->second.logK[i];
+    }
+    guess.temperature = std::exp(logTemperature);
+    guess.firstDensity = std::exp(logDensity);
+    guess.secondDensity = guess.firstDensity * std::exp(u);
+    return guess;
+}
+
+std::optional<TwoPhases> PhaseEnvelope::Tracing::solve(double u) {
+    return equilibrium.solve(foretell(u), {feedAlone, {Condition::Of::densityRatio, u}});
+}
+
+/// Steps along the curve until it is colder than `temperatureMin`, or no further state is found. Returns the
+/// coldest temperature reached.
+double PhaseEnvelope::Tracing::walk(double direction, double temperatureMin) {
+    constexpr double longest = 0.3;
+    constexpr double shortest = 2e-3;
+    const auto last = [&] { return direction < 0 ? *known.begin() : *known.rbegin(); };
+    for (double step = longest / 2; step > shortest;) {
+        const auto [u, state] = last();
+        if (state.temperature < temperatureMin && u * direction > 0) break;
+        double next = u + direction * step;
+        if (std::abs(next) < criticalGap) next = direction * criticalGap;
+        const std::optional<TwoPhases> found = solve(next);
+        if (found && std::abs(std::log(found->temperature / state.temperature)) < 0.1) {
+            known[next] = *found;
+            step = std::min(1.5 * step, longest);
+        } else {
+            step /= 2;
+        }
+    }
+    const auto [u, state] = last();
+    if (!(u * direction > 0)) unknownShape(equilibrium.mixture());
+    return state.temperature;
+}
+
+/// Puts the end of the curve at a temperature within what is known.
+void PhaseEnvelope::Tracing::endAt(double temperature, double direction) {
+    const auto end = [&] { return direction < 0 ? known.begin() : std::prev(known.end()); };
+    const auto inner = [&] { return direction < 0 ? std::next(known.begin()) : std::prev(known.end(), 2); };
+    while (known.size() > 5 && inner()->second.temperature <= temperature) known.erase(end());
+    if (!(end()->second.temperature < temperature)) return;
+    const double part = std::log(temperature / inner()->second.temperature) /
+                        std::log(end()->second.temperature / inner()->second.temperature);
+    const TwoPhases guess = foretell(inner()->first + part * (end()->first - inner()->first));
+    const auto found = equilibrium.solve(guess, {feedAlone, {Condition::Of::temperature, temperature}});
+    add(found);
+    while (end()->second.temperature < temperature * (1 - 1e-9)) known.erase(end());
+}
+
+void PhaseEnvelope::fit(Tracing& tracing) {
+    constexpr double centre = 0.3;
+    const auto sample = [&](double u, std::span<double> values) {
+        const std::optional<TwoPhases> found = tracing.solve(u);
+        if (!found) return false;
+        values[logTemperature] = std::log(found->temperature);
+        values[logPressure] = std::log(tracing.equilibrium.pressure());
+        values[logDensity] = std::log(found->firstDensity);
+        for (std::size_t i = 0; i < componentCount_; ++i) values[firstLogK + i] = found->logK[i];
+        return true;
+    };
+    std::vector<double> borders;
+    const double begin = tracing.known.begin()->first;
+    const double end = tracing.known.rbegin()->first;
+    // Whole cells of about one unit, the critical point in the middle of one of its own.
+    const auto divide = [&borders](double from, double to) {
+        const double parts = std::ceil(std::abs(to - from));
+        for (double k = 0; k < parts; ++k) borders.push_back(from + (to - from) * k / parts);
+    };
+    divide(begin, -centre);
+    borders.push_back(-centre);
+    divide(centre, end);
+    borders.push_back(end);
+    curve_ = Expansion({borders, firstLogK + componentCount_, sharpness, leastWidth}, sample);
+}
+
+/// The critical point and the extremes, and that temperature and pressure rise up to them and fall beyond.
+void PhaseEnvelope::findLandmarks(const Mixture& mixture) {
+    const auto extreme = [&](std::size_t function) {
+        const std::optional<double> found = curve_.extremum(function, curve_.begin(), curve_.end());
+        if (!found) unknownShape(mixture);
+        constexpr int parts = 400;
+        for (int k = 0; k < parts; ++k) {
+            const double u = curve_.begin() + (curve_.end() - curve_.begin()) * (k + 0.5) / parts;
+            if (std::abs(u - *found) > 0.05 && (curve_.withSlope(function, u).slope > 0) != (u < *found)) {
+                unknownShape(mixture);
+            }
+        }
+        return *found;
+    };
+    hottest_ = extreme(logTemperature);
+    strongest_ = extreme(logPressure);
+    temperatureMost_ = std::exp(curve_.at(logTemperature, hottest_));
+    pressureMost_ = std::exp(curve_.at(logPressure, strongest_));
+    const SaturationPoint point = pointAt(0);
+    critical_ = {point.temperature, point.pressure, point.liquidDensity};
+}
+
+SaturationPoint PhaseEnvelope::pointAt(double u) const {
+    std::array<double, Expansion::mostFunctions> values;
+    curve_.all(curve_.placeOf(u), values);
+    SaturationPoint point;
+    point.temperature = std::exp(values[logTemperature]);
+    point.pressure = std::exp(values[logPressure]);
+    const double feed = std::exp(values[logDensity]);
+    const double incipient = feed * std::exp(u);
+    point.liquidDensity = std::max(feed, incipient);
+    point.vapourDensity = std::min(feed, incipient);
+    const double sign = u < 0 ? 1 : -1;  // beyond the critical point the incipient phase is the liquid
+    for (std::size_t i = 0; i < componentCount_; ++i) point.logK[i] = sign * values[firstLogK + i];
+    return point;
+}
+
+PhaseBoundary::End PhaseEnvelope::endAt(double u) const {
+    const SaturationPoint point = pointAt(u);
+    return {point, u < 0 ? point.liquidDensity : point.vapourDensity};
+}
+
+SaturationPoint PhaseEnvelope::ofSide(double u, Side side, const char* what) const {
+    if (side == Side::bubble ? u > 1e-6 : u < -1e-6) {
+        refuse(std::string("At this ") + what + " beside the critical point, " +
+               inText(critical_.temperature) + " K and " + inText(critical_.pressure) + " kPa, there is no " +
+               (side == Side::bubble ? "bubble" : "dew") + " point.");
+    }
+    return pointAt(u);
+}
+
+SaturationPoint PhaseEnvelope::atTemperature(double temperature, Side side) {
+    if (temperature > temperatureMost_) {
+        refuse("There are no two phases above " + inText(temperatureMost_) + " K.");
+    }
+    if (temperature < temperatureMin_) {
+        refuse("The temperature lies below the lowest of the blend, " + inText(temperatureMin_) + " K.");
+    }
+    SaturationPoint point = ofSide(placeAtTemperature(temperature, side), side, "temperature");
+    point.temperature = temperature;
+    return point;
+}
+
+SaturationPoint PhaseEnvelope::atPressure(double pressure, Side side) {
+    if (pressure > pressureMost_) {
+        refuse("There are no two phases above " + inText(pressureMost_) + " kPa.");
+    }
+    if (pressure < endPressure(side) * (1 - 1e-12)) {
+        refuse("The pressure lies below that of saturation at the lowest temperature of the blend.");
+    }
+    SaturationPoint point = ofSide(placeAtPressure(pressure, side), side, "pressure");
+    point.pressure = pressure;
+    return point;
+}
+
+double PhaseEnvelope::placeAtTemperature(double temperature, Side side) const {
+    return side == Side::bubble
+               ? curve_.inverse(logTemperature, std::log(temperature), curve_.begin(), hottest_)
+               : curve_.inverse(logTemperature, std::log(temperature), hottest_, curve_.end());
+}
+
+double PhaseEnvelope::placeAtPressure(double pressure, Side side) const {
+    return side == Side::bubble ? curve_.inverse(logPressure, std::log(pressure), curve_.begin(), strongest_)
+                                : curve_.inverse(logPressure, std::log(pressure), strongest_, curve_.end());
+}
+
+double PhaseEnvelope::endPressure(Side side) const {
+    return std::exp(curve_.at(logPressure, side == Side::bubble ? curve_.begin() : curve_.end()));
+}
+
+PhaseBoundary::Cut PhaseEnvelope::cutAtTemperature(double temperature) {
+    const auto at = [&](Side side) {
+        End end = endAt(placeAtTemperature(temperature, side));
+        end.point.temperature = temperature;
+        return end;
+    };
+    return {at(Side::bubble), at(Side::dew)};
+}
+
+PhaseBoundary::Cut PhaseEnvelope::cutAtPressure(double pressure) {
+    const auto at = [&](Side side) -> std::optional<End> {
+        if (pressure < endPressure(side)) return std::nullopt;
+        End end = endAt(placeAtPressure(pressure, side));
+        end.point.pressure = pressure;
+        return end;
+    };
+    return {at(Side::bubble), at(Side::dew)};
+}
+
+double PhaseEnvelope::liquidDensityFloor(double temperature) {
+    return std::exp(curve_.at(logDensity, placeAtTemperature(temperature, Side::bubble))) * (1 - 1e-5);
+}
+
+}  // namespace marvello::fluids
