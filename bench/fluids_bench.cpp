@@ -1,47 +1,116 @@
-// Times each call of the property library for R134a, at states as a selection asks for them.
+// Times each call of the property library for a pure fluid and two blends of three components, at states as a
+// selection asks for them, and counts the allocations of a call.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
+#include <new>
 #include <string>
+#include <vector>
 
+#include "fluids/FluidFile.h"
+#include "fluids/MixtureFile.h"
+#include "fluids/Phase.h"
 #include "fluids/Refprop.h"
 
 namespace {
 
-using Fractions = std::array<double, 20>;
+std::atomic<std::size_t> allocations = 0;
 
-struct Outputs {
-    double t = 0, p = 0, D = 0, Dl = 0, Dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
-    Fractions x{}, y{};
-    std::int32_t ierr = 0;
-    std::array<char, 255> herr{};
+}  // namespace
+
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* memory = std::malloc(size)) return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace {
+
+constexpr std::size_t mostComponents = 20;
+constexpr std::int32_t errorLength = 255;
+using Fractions = std::array<double, mostComponents>;
+
+struct Refrigerant {
+    const char* name;
+    std::vector<std::string> files;
+    std::vector<double> massFractions;
 };
 
-constexpr Fractions pure{1.0};
-constexpr std::int32_t errorLength = 255;
+const std::array<Refrigerant, 3> refrigerants{{
+    {"R134A", {"R134A.FLD"}, {1}},
+    {"R404A", {"R125.FLD", "R143A.FLD", "R134A.FLD"}, {0.44, 0.52, 0.04}},
+    {"R407C", {"R32.FLD", "R125.FLD", "R134A.FLD"}, {0.23, 0.25, 0.52}},
+}};
 
-void setUp(Outputs& out) {
-    std::string files = "Fluids\\R134A.FLD";
-    files.resize(10000, ' ');
-    const std::string mix(255, ' ');
-    const std::int32_t count = 1;
-    SETUPdll(&count, files.data(), mix.data(), "DEF", &out.ierr, out.herr.data(), 10000, 255, 3, errorLength);
-    if (out.ierr != 0) {
-        std::cerr << std::string(out.herr.data(), out.herr.size()) << '\n';
+/// The library's buffers as a caller has them.
+struct Caller {
+    double t = 0, p = 0, D = 0, Dl = 0, Dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
+    Fractions z{}, x{}, y{};
+    std::int32_t ierr = 0;
+    std::array<char, errorLength> herr{};
+
+    void check() const {
+        if (ierr == 0) return;
+        std::cerr << std::string(herr.data(), herr.size()) << '\n';
         std::exit(EXIT_FAILURE);
     }
-}
+    void setUp(const Refrigerant& refrigerant) {
+        std::string files;
+        for (const std::string& file : refrigerant.files)
+            files += (files.empty() ? "" : "|") + ("Fluids\\" + file);
+        files.resize(10000, ' ');
+        std::string mix = "Fluids\\hmx.bnc";
+        mix.resize(255, ' ');
+        const auto count = static_cast<std::int32_t>(refrigerant.files.size());
+        SETUPdll(&count, files.data(), mix.data(), "DEF", &ierr, herr.data(), 10000, 255, 3, errorLength);
+        check();
+        Fractions mass{};
+        std::copy(refrigerant.massFractions.begin(), refrigerant.massFractions.end(), mass.begin());
+        double molarMass = 0;
+        XMOLEdll(mass.data(), z.data(), &molarMass);
+        const std::int32_t flag = count == 1 ? 1 : 2;
+        const double zero = 0;
+        SETREFdll("DEF", &flag, z.data(), &zero, &zero, &zero, &zero, &ierr, herr.data(), 3, errorLength);
+        check();
+    }
+    void saturationAtT(double at, std::int32_t side) {
+        SATTdll(&at, z.data(), &side, &p, &Dl, &Dv, x.data(), y.data(), &ierr, herr.data(), errorLength);
+    }
+    void saturationAtP(double at, std::int32_t side) {
+        SATPdll(&at, z.data(), &side, &t, &Dl, &Dv, x.data(), y.data(), &ierr, herr.data(), errorLength);
+    }
+    void atTP(double atT, double atP) {
+        TPFLSHdll(&atT, &atP, z.data(), &D, &Dl, &Dv, x.data(), y.data(), &q, &e, &h, &s, &cv, &cp, &w, &ierr,
+                  herr.data(), errorLength);
+    }
+    void atPH(double atP, double atH) {
+        PHFLSHdll(&atP, &atH, z.data(), &t, &D, &Dl, &Dv, x.data(), y.data(), &q, &e, &s, &cv, &cp, &w, &ierr,
+                  herr.data(), errorLength);
+    }
+    void atPS(double atP, double atS) {
+        PSFLSHdll(&atP, &atS, z.data(), &t, &D, &Dl, &Dv, x.data(), y.data(), &q, &e, &h, &cv, &cp, &w, &ierr,
+                  herr.data(), errorLength);
+    }
+    void atTS(double atT, double atS) {
+        const std::int32_t root = 0;
+        TSFLSHdll(&atT, &atS, z.data(), &root, &p, &D, &Dl, &Dv, x.data(), y.data(), &q, &e, &h, &cv, &cp, &w,
+                  &ierr, herr.data(), errorLength);
+    }
+};
 
 /// Walks a value over a range, so that no answer can be remembered from the call before.
 class Walk {
   public:
     Walk(double from, double to) : from_(from), width_(to - from) {}
     double next() {
-        place_ = place_ + 0.6180339887498949;
+        place_ += 0.6180339887498949;
         if (place_ > 1) place_ -= 1;
         return from_ + width_ * place_;
     }
@@ -52,98 +121,118 @@ class Walk {
     double place_ = 0;
 };
 
-void setup(benchmark::State& state) {
-    Outputs out;
-    for (auto _ : state) setUp(out);
-}
-BENCHMARK(setup)->Unit(benchmark::kMicrosecond);
-
-void saturationPressure(benchmark::State& state) {
-    Outputs out;
-    setUp(out);
-    const std::int32_t dew = 2;
-    Walk temperature(243.15, 343.15);
+/// Runs a call over states; `allocations` is the mean of one call.
+void run(benchmark::State& state, Caller& caller, Walk walk,
+         const std::function<void(Caller&, double)>& call) {
+    call(caller, walk.next());
+    caller.check();
+    const std::size_t before = allocations;
     for (auto _ : state) {
-        const double t = temperature.next();
-        SATTdll(&t, pure.data(), &dew, &out.p, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.ierr,
-                out.herr.data(), errorLength);
-        benchmark::DoNotOptimize(out);
+        call(caller, walk.next());
+        benchmark::DoNotOptimize(caller);
     }
+    state.counters["allocations"] =
+        benchmark::Counter(static_cast<double>(allocations - before), benchmark::Counter::kAvgIterations);
+    caller.check();
 }
-BENCHMARK(saturationPressure);
 
-void saturationTemperature(benchmark::State& state) {
-    Outputs out;
-    setUp(out);
-    const std::int32_t dew = 2;
-    Walk pressure(100, 2000);
-    for (auto _ : state) {
-        const double p = pressure.next();
-        SATPdll(&p, pure.data(), &dew, &out.t, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.ierr,
-                out.herr.data(), errorLength);
-        benchmark::DoNotOptimize(out);
-    }
-}
-BENCHMARK(saturationTemperature);
+constexpr double pressure = 1000;  // kPa
 
-void temperaturePressure(benchmark::State& state, double from, double to) {
-    Outputs out;
-    setUp(out);
-    const double p = 1000;
-    Walk temperature(from, to);
-    for (auto _ : state) {
-        const double t = temperature.next();
-        TPFLSHdll(&t, &p, pure.data(), &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q, &out.e,
-                  &out.h, &out.s, &out.cv, &out.cp, &out.w, &out.ierr, out.herr.data(), errorLength);
-        benchmark::DoNotOptimize(out);
+/// What the isobar looks like, so that the same places are asked of every fluid.
+struct Isobar {
+    explicit Isobar(Caller& caller) {
+        caller.saturationAtP(pressure, 1);
+        bubble = caller.t;
+        caller.atTP(bubble - 40, pressure);
+        coldH = caller.h;
+        caller.atTP(bubble - 0.1, pressure);
+        bubbleH = caller.h;
+        caller.saturationAtP(pressure, 2);
+        dew = caller.t;
+        caller.atTP(dew + 0.1, pressure);
+        dewH = caller.h;
+        dewS = caller.s;
+        caller.atTP(dew + 60, pressure);
+        hotH = caller.h;
+        hotS = caller.s;
     }
-}
-BENCHMARK_CAPTURE(temperaturePressure, liquid, 270.0, 310.0);
-BENCHMARK_CAPTURE(temperaturePressure, vapour, 315.0, 380.0);
+    double bubble, dew, coldH, bubbleH, dewH, dewS, hotH, hotS;
+};
 
-void pressureEnthalpy(benchmark::State& state, double from, double to) {
-    Outputs out;
-    setUp(out);
-    const double p = 1000;
-    Walk enthalpy(from, to);
-    for (auto _ : state) {
-        const double h = enthalpy.next();
-        PHFLSHdll(&p, &h, pure.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
-                  &out.e, &out.s, &out.cv, &out.cp, &out.w, &out.ierr, out.herr.data(), errorLength);
-        benchmark::DoNotOptimize(out);
-    }
+void define(const Refrigerant& refrigerant) {
+    const std::string name = refrigerant.name;
+    const auto add = [&](const std::string& what, auto walk, auto call) {
+        benchmark::RegisterBenchmark((name + "/" + what).c_str(),
+                                     [&refrigerant, walk, call](benchmark::State& state) {
+                                         Caller caller;
+                                         caller.setUp(refrigerant);
+                                         run(state, caller, walk(Isobar(caller)), call);
+                                     });
+    };
+    benchmark::RegisterBenchmark((name + "/setup").c_str(), [&refrigerant](benchmark::State& state) {
+        Caller caller;
+        for (auto _ : state) caller.setUp(refrigerant);
+    })->Unit(benchmark::kMillisecond);
+    const auto temperatures = [](const Isobar&) { return Walk(243.15, 333.15); };
+    add("SATT bubble", temperatures, [](Caller& c, double t) { c.saturationAtT(t, 1); });
+    add("SATT dew", temperatures, [](Caller& c, double t) { c.saturationAtT(t, 2); });
+    add(
+        "SATP dew", [](const Isobar&) { return Walk(200, 2000); },
+        [](Caller& c, double p) { c.saturationAtP(p, 2); });
+    add(
+        "TP liquid", [](const Isobar& i) { return Walk(i.bubble - 40, i.bubble); },
+        [](Caller& c, double t) { c.atTP(t, pressure); });
+    add(
+        "TP vapour", [](const Isobar& i) { return Walk(i.dew, i.dew + 60); },
+        [](Caller& c, double t) { c.atTP(t, pressure); });
+    add(
+        "PH liquid", [](const Isobar& i) { return Walk(i.coldH, i.bubbleH); },
+        [](Caller& c, double h) { c.atPH(pressure, h); });
+    add(
+        "PH two-phase", [](const Isobar& i) { return Walk(i.bubbleH + 500, i.dewH); },
+        [](Caller& c, double h) { c.atPH(pressure, h); });
+    add(
+        "PH vapour", [](const Isobar& i) { return Walk(i.dewH, i.hotH); },
+        [](Caller& c, double h) { c.atPH(pressure, h); });
+    add(
+        "PS vapour", [](const Isobar& i) { return Walk(i.dewS, i.hotS); },
+        [](Caller& c, double s) { c.atPS(pressure, s); });
+    add(
+        "TS vapour", [](const Isobar& i) { return Walk(i.dewS, i.hotS); },
+        [](Caller& c, double s) { c.atTS(330, s); });
+    benchmark::RegisterBenchmark(
+        (name + "/bare p h s cp w").c_str(), [&refrigerant](benchmark::State& state) {
+            using namespace marvello::fluids;
+            std::vector<PureFluid> components;
+            std::vector<std::string> names;
+            for (const std::string& file : refrigerant.files) {
+                components.push_back(readFluidFile(std::string(MARVELLO_APP_FOLDER) + "/Fluids/" + file));
+                names.push_back(components.back().name);
+            }
+            std::vector<double> z;
+            double moles = 0;
+            for (std::size_t i = 0; i < names.size(); ++i)
+                moles += refrigerant.massFractions[i] / components[i].molarMass;
+            for (std::size_t i = 0; i < names.size(); ++i)
+                z.push_back(refrigerant.massFractions[i] / components[i].molarMass / moles);
+            const MixtureModel model =
+                readMixtureFile(std::string(MARVELLO_APP_FOLDER) + "/Fluids/hmx.bnc", names);
+            const double gas = names.size() == 1 ? components.front().gasConstant : model.gasConstant;
+            const Mixture mixture(components, model.pairs, gas);
+            Phase phase(mixture, z);
+            Walk temperature(280, 380);
+            Walk density(0.1, 0.9);
+            for (auto _ : state) {
+                phase.setTemperature(temperature.next());
+                benchmark::DoNotOptimize(phase.state(density.next()));
+            }
+        });
 }
-BENCHMARK_CAPTURE(pressureEnthalpy, liquid, 21000.0, 25000.0);
-BENCHMARK_CAPTURE(pressureEnthalpy, twoPhase, 27000.0, 41000.0);
-BENCHMARK_CAPTURE(pressureEnthalpy, vapour, 43500.0, 50000.0);
-
-void pressureEntropy(benchmark::State& state) {
-    Outputs out;
-    setUp(out);
-    const double p = 1000;
-    Walk entropy(177, 195);
-    for (auto _ : state) {
-        const double s = entropy.next();
-        PSFLSHdll(&p, &s, pure.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
-                  &out.e, &out.h, &out.cv, &out.cp, &out.w, &out.ierr, out.herr.data(), errorLength);
-        benchmark::DoNotOptimize(out);
-    }
-}
-BENCHMARK(pressureEntropy);
-
-void temperatureEntropy(benchmark::State& state) {
-    Outputs out;
-    setUp(out);
-    const double t = 330;
-    const std::int32_t root = 0;
-    Walk entropy(176, 195);
-    for (auto _ : state) {
-        const double s = entropy.next();
-        TSFLSHdll(&t, &s, pure.data(), &root, &out.p, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
-                  &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w, &out.ierr, out.herr.data(), errorLength);
-        benchmark::DoNotOptimize(out);
-    }
-}
-BENCHMARK(temperatureEntropy);
 
 }  // namespace
+
+int main(int argc, char** argv) {
+    for (const Refrigerant& refrigerant : refrigerants) define(refrigerant);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}
