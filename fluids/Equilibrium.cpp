@@ -234,7 +234,7 @@ std::optional<TwoPhases> Equilibrium::solve(const TwoPhases& guess, const Condit
         state.temperature *= std::exp(damping * step(at.temperature));
         state.share += damping * step(at.share);
         // The second case is rounding, which grows towards the critical point.
-        if (size < 1e-8 || (i > 3 && size < 1e-5 && size > 0.5 * lastStep)) {
+        if (size < 1e-8 || (i > 3 && size < 1e-5 && size > lastStep)) {
             double difference = std::abs(std::log(state.secondDensity / state.firstDensity));
             for (std::size_t k = 0; k < count; ++k)
                 difference = std::max(difference, std::abs(state.logK[k]));

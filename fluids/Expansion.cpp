@@ -10,6 +10,7 @@ namespace marvello::fluids {
 namespace {
 
 constexpr std::size_t count = Expansion::coefficientCount;
+constexpr double missing = 1e300;  // an error where a sample has no value
 using Coefficients = std::array<double, count>;
 
 double chebyshevPoint(std::size_t k) {
@@ -46,28 +47,56 @@ std::array<Coefficients, count> powersFromValues() {
 Expansion::Expansion(const Build& build, const Sample& sample) : functionCount_(build.functionCount) {
     borders_.push_back(build.borders.front());
     for (std::size_t i = 0; i + 1 < build.borders.size(); ++i)
-        split(build, sample, build.borders[i], build.borders[i + 1], 1);
+        error_ = std::max(error_, split(build, sample, build.borders[i + 1], 1));
+    if (!(error_ < missing)) throw PropertyError(Fault::noConvergence, "A curve has no value at some place.");
     makeIndex();
     for (std::size_t f = 0; f < functionCount_; ++f) {
         for (const double border : borders_) borderValues_.push_back(at(f, border));
     }
 }
 
-/// Adds the cell from `low` to `high`, or its three parts.
-void Expansion::split(const Build& build, const Sample& sample, double low, double high, double parentError) {
+/// Adds the cell from the last border to `high`, or its three parts where they are better. Returns the
+/// greatest error seen.
+double Expansion::split(const Build& build, const Sample& sample, double high, double parentError) {
+    const double low = borders_.back();
+    const std::size_t cell = borders_.size() - 1;
+    const double error = addCell(sample, high);
+    // An error that a narrower cell has hardly made smaller is rounding of the samples.
+    const bool isNoise = error < 20 * build.tolerance && error > 0.1 * parentError;
+    if (error <= build.tolerance || isNoise || high - low <= build.leastWidth) return error;
+
+    const std::size_t first = cell * count * functionCount_;
+    const std::vector<double> whole(coefficients_.begin() + static_cast<std::ptrdiff_t>(first),
+                                    coefficients_.end());
+    const auto takeBack = [&] {
+        borders_.resize(cell + 1);
+        coefficients_.resize(first);
+    };
+    takeBack();
+    const double third = (high - low) / 3;
+    double partsError = 0;
+    for (const double border : {low + third, high - third, high})
+        partsError = std::max(partsError, split(build, sample, border, error));
+    if (partsError < 0.5 * error) return partsError;
+    takeBack();
+    borders_.push_back(high);
+    coefficients_.insert(coefficients_.end(), whole.begin(), whole.end());
+    return error;
+}
+
+/// Fits the cell from the last border to `high` and tries the fit out. Returns the greatest error seen.
+double Expansion::addCell(const Sample& sample, double high) {
     static const std::array<Coefficients, count> matrix = powersFromValues();
-    const double middle = (low + high) / 2;
-    const double half = (high - low) / 2;
+    const double low = borders_.back();
     std::array<double, mostFunctions> values{};
     const auto take = [&](double within) {
-        if (!sample(middle + half * within, {values.data(), functionCount_})) {
-            throw PropertyError(Fault::noConvergence, "No state was found on the phase boundary.");
-        }
+        return sample((low + high + within * (high - low)) / 2, {values.data(), functionCount_});
     };
     const std::size_t first = coefficients_.size();
     coefficients_.resize(first + count * functionCount_);
+    borders_.push_back(high);
     for (std::size_t k = 0; k < count; ++k) {
-        take(chebyshevPoint(k));
+        if (!take(chebyshevPoint(k))) return missing;
         for (std::size_t power = 0; power < count; ++power) {
             for (std::size_t f = 0; f < functionCount_; ++f)
                 coefficients_[first + power * functionCount_ + f] += matrix[power][k] * values[f];
@@ -75,25 +104,12 @@ void Expansion::split(const Build& build, const Sample& sample, double low, doub
     }
     // Between two Chebyshev points, near an end and near the middle, where errors are greatest.
     double error = 0;
-    borders_.push_back(high);
-    const std::size_t cell = borders_.size() - 2;
     for (const double within : {-0.95, 0.31}) {
-        take(within);
+        if (!take(within)) return missing;
         for (std::size_t f = 0; f < functionCount_; ++f)
-            error = std::max(error, std::abs(at(f, Place{cell, within}) - values[f]));
+            error = std::max(error, std::abs(at(f, Place{borders_.size() - 2, within}) - values[f]));
     }
-    // An error that a narrower cell has hardly made smaller is rounding of the samples.
-    const bool isNoise = error < 20 * build.tolerance && error > 0.1 * parentError;
-    if (error <= build.tolerance || isNoise || high - low <= build.leastWidth) {
-        error_ = std::max(error_, error);
-        return;
-    }
-    borders_.pop_back();
-    coefficients_.resize(first);
-    const double third = (high - low) / 3;
-    split(build, sample, low, low + third, error);
-    split(build, sample, low + third, high - third, error);
-    split(build, sample, high - third, high, error);
+    return error;
 }
 
 void Expansion::makeIndex() {

@@ -26,8 +26,9 @@ class Expansion {
     };
 
     Expansion() = default;
-    /// Fits the functions at the Chebyshev points of each cell and splits in three where another point shows
-    /// an error above the tolerance. Throws PropertyError where a sample is missing.
+    /// Fits the functions at the Chebyshev points of each cell, and splits it in three where another point
+    /// shows an error above the tolerance and the parts have a smaller one. Throws PropertyError where
+    /// samples are missing that no other cell makes needless.
     Expansion(const Build& build, const Sample& sample);
 
     double begin() const { return borders_.front(); }
@@ -67,7 +68,8 @@ class Expansion {
         double atLow = 0;
         double atHigh = 0;
     };
-    void split(const Build& build, const Sample& sample, double low, double high, double parentError);
+    double split(const Build& build, const Sample& sample, double high, double parentError);
+    double addCell(const Sample& sample, double high);
     void makeIndex();
     ValueAndSlope within(std::size_t function, Place place, std::size_t terms) const;
     double inverseWithin(std::size_t function, double value, std::size_t cell, Bracket bracket) const;

@@ -18,6 +18,7 @@ static_assert(firstLogK + mostComponents <= Expansion::mostFunctions);
 constexpr double criticalGap = 0.08;  // of u: nearer to the critical point no state is solved
 constexpr double sharpness = 1e-11;   // of the polynomials
 constexpr double leastWidth = 0.03;   // of a cell, in u
+constexpr double warmestEnd = 0.75;   // of the reducing temperature: a curve that ends above is refused
 
 [[noreturn]] void refuse(const std::string& text) { throw PropertyError(Fault::outOfRange, text); }
 
@@ -27,6 +28,15 @@ constexpr double leastWidth = 0.03;   // of a cell, in u
 }
 
 constexpr Condition feedAlone{Condition::Of::share, 0};
+
+/// How far apart two states are: the greatest difference of a logarithm, the temperature's counted ten times.
+double distance(const TwoPhases& one, const TwoPhases& two) {
+    double greatest = std::max(10 * std::abs(std::log(one.temperature / two.temperature)),
+                               std::abs(std::log(one.firstDensity / two.firstDensity)));
+    for (std::size_t i = 0; i < mostComponents; ++i)
+        greatest = std::max(greatest, std::abs(one.logK[i] - two.logK[i]));
+    return greatest;
+}
 
 }  // namespace
 
@@ -40,8 +50,11 @@ PhaseEnvelope::PhaseEnvelope(Phase& phase, Equilibrium& equilibrium, double temp
         const double coldest = tracing.walk(direction, temperatureMin);
         temperatureMin_ = std::max(temperatureMin_, coldest);
     }
-    for (const double direction : {-1.0, 1.0}) tracing.endAt(temperatureMin_, direction);
-    fit(tracing);
+    // Where the liquid would split in two at the cold end, the curve ends above that.
+    while (!fit(tracing)) {
+        temperatureMin_ *= 1.06;
+        if (temperatureMin_ > warmestEnd * phase.reducing().temperature) unknownShape(equilibrium.mixture());
+    }
     findLandmarks(equilibrium.mixture());
 }
 
@@ -104,8 +117,8 @@ TwoPhases PhaseEnvelope::Tracing::foretell(double u) const {
     return guess;
 }
 
-std::optional<TwoPhases> PhaseEnvelope::Tracing::solve(double u) {
-    return equilibrium.solve(foretell(u), {feedAlone, {Condition::Of::densityRatio, u}});
+std::optional<TwoPhases> PhaseEnvelope::Tracing::solveFrom(const TwoPhases& guess, double u) {
+    return equilibrium.solve(guess, {feedAlone, {Condition::Of::densityRatio, u}});
 }
 
 /// Steps along the curve until it is colder than `temperatureMin`, or no further state is found. Returns the
@@ -114,13 +127,15 @@ double PhaseEnvelope::Tracing::walk(double direction, double temperatureMin) {
     constexpr double longest = 0.3;
     constexpr double shortest = 2e-3;
     const auto last = [&] { return direction < 0 ? *known.begin() : *known.rbegin(); };
-    for (double step = longest / 2; step > shortest;) {
+    for (double step = longest / 4; step > shortest;) {
         const auto [u, state] = last();
         if (state.temperature < temperatureMin && u * direction > 0) break;
         double next = u + direction * step;
         if (std::abs(next) < criticalGap) next = direction * criticalGap;
-        const std::optional<TwoPhases> found = solve(next);
-        if (found && std::abs(std::log(found->temperature / state.temperature)) < 0.1) {
+        const TwoPhases guess = foretell(next);
+        const std::optional<TwoPhases> found = solveFrom(guess, next);
+        // Of several solutions the one that goes on from what is known.
+        if (found && distance(guess, *found) < (known.size() < 4 ? 0.3 : 0.03)) {
             known[next] = *found;
             step = std::min(1.5 * step, longest);
         } else {
@@ -146,11 +161,15 @@ void PhaseEnvelope::Tracing::endAt(double temperature, double direction) {
     while (end()->second.temperature < temperature * (1 - 1e-9)) known.erase(end());
 }
 
-void PhaseEnvelope::fit(Tracing& tracing) {
+/// Lays the polynomials from the lowest temperature to the lowest temperature; false where they do not hold.
+bool PhaseEnvelope::fit(Tracing& tracing) {
     constexpr double centre = 0.3;
+    constexpr double greatestError = 1e-4;
+    for (const double direction : {-1.0, 1.0}) tracing.endAt(temperatureMin_, direction);
     const auto sample = [&](double u, std::span<double> values) {
-        const std::optional<TwoPhases> found = tracing.solve(u);
-        if (!found) return false;
+        const TwoPhases guess = tracing.foretell(u);
+        const std::optional<TwoPhases> found = tracing.solveFrom(guess, u);
+        if (!found || distance(guess, *found) > 0.01) return false;
         values[logTemperature] = std::log(found->temperature);
         values[logPressure] = std::log(tracing.equilibrium.pressure());
         values[logDensity] = std::log(found->firstDensity);
@@ -169,7 +188,12 @@ void PhaseEnvelope::fit(Tracing& tracing) {
     borders.push_back(-centre);
     divide(centre, end);
     borders.push_back(end);
-    curve_ = Expansion({borders, firstLogK + componentCount_, sharpness, leastWidth}, sample);
+    try {
+        curve_ = Expansion({borders, firstLogK + componentCount_, sharpness, leastWidth}, sample);
+    } catch (const PropertyError&) {
+        return false;
+    }
+    return curve_.error() < greatestError;
 }
 
 /// The critical point and the extremes, and that temperature and pressure rise up to them and fall beyond.

@@ -41,13 +41,13 @@ class PhaseEnvelope final : public PhaseBoundary {
 
         void add(const std::optional<TwoPhases>& state);
         TwoPhases foretell(double u) const;
-        std::optional<TwoPhases> solve(double u);
+        std::optional<TwoPhases> solveFrom(const TwoPhases& guess, double u);
         double walk(double direction, double temperatureMin);
         void endAt(double temperature, double direction);
     };
 
     TwoPhases firstBubblePoint(Phase& phase, const Mixture& mixture) const;
-    void fit(Tracing& tracing);
+    bool fit(Tracing& tracing);
     void findLandmarks(const Mixture& mixture);
     SaturationPoint pointAt(double u) const;
     End endAt(double u) const;
