@@ -132,32 +132,24 @@ FluidState Flash::single(const PhaseState& state, double quality) const {
     return found;
 }
 
-FluidState Flash::twoPhasePure(const SaturationPoint& point, double quality) {
+/// Of a pure fluid, from its saturated phases alone.
+FluidState Flash::twoPhase(const SaturationPoint& point, double quality) {
     phase_.setTemperature(point.temperature);
     const PhaseState liquid = phase_.state(point.liquidDensity);
     const PhaseState vapour = phase_.state(point.vapourDensity);
-    const auto mixed = [quality](double ofLiquid, double ofVapour) {
-        return ofLiquid + quality * (ofVapour - ofLiquid);
-    };
-    FluidState found;
-    found.temperature = point.temperature;
-    found.pressure = point.pressure;
-    found.density = 1 / mixed(1 / point.liquidDensity, 1 / point.vapourDensity);
-    found.liquidDensity = point.liquidDensity;
-    found.vapourDensity = point.vapourDensity;
-    found.quality = quality;
-    found.enthalpy = mixed(liquid.enthalpy, vapour.enthalpy) + shift_.enthalpy;
-    found.entropy = mixed(liquid.entropy, vapour.entropy) + shift_.entropy;
-    found.energy = found.enthalpy - point.pressure / found.density;
-    found.cv = found.cp = found.soundSpeed = undefined;
-    return found;
+    return wet({point.temperature, quality, point.liquidDensity, point.vapourDensity, {}}, point.pressure,
+               {liquid.enthalpy + quality * (vapour.enthalpy - liquid.enthalpy),
+                liquid.entropy + quality * (vapour.entropy - liquid.entropy)});
 }
 
 FluidState Flash::twoPhase(const WetSearch& search) {
     const TwoPhases phases = solveWet(search);
     const double pressure =
         search.fixed.of == Condition::Of::pressure ? search.fixed.value : equilibrium_->pressure();
-    const Equilibrium::Heats heats = equilibrium_->heatsOf(phases);
+    return wet(phases, pressure, equilibrium_->heatsOf(phases));
+}
+
+FluidState Flash::wet(const TwoPhases& phases, double pressure, const Equilibrium::Heats& heats) const {
     FluidState found;
     found.temperature = phases.temperature;
     found.pressure = pressure;
@@ -326,7 +318,7 @@ FluidState Flash::atPressureHeat(double pressure, Heat heat, double wanted) {
             return searchFrom(*cut.liquid, liquid, {coldest, cut.liquid->point.temperature, 0, 0, 0});
         }
         if (!equilibrium_) {
-            return twoPhasePure(cut.vapour->point, (wanted - of(liquid)) / (of(vapour) - of(liquid)));
+            return twoPhase(cut.vapour->point, (wanted - of(liquid)) / (of(vapour) - of(liquid)));
         }
         return twoPhase({{Condition::Of::pressure, pressure},
                          property,
@@ -384,7 +376,7 @@ FluidState Flash::atTemperatureEntropy(double temperature, double entropy) {
     const double ofVapour = stateAt(*cut.vapour).entropy;
     if (wanted >= ofLiquid && wanted <= ofVapour) {
         if (!equilibrium_) {
-            return twoPhasePure(cut.vapour->point, (wanted - ofLiquid) / (ofVapour - ofLiquid));
+            return twoPhase(cut.vapour->point, (wanted - ofLiquid) / (ofVapour - ofLiquid));
         }
         return twoPhase({{Condition::Of::temperature, temperature},
                          {Condition::Of::entropy, wanted},

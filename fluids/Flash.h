@@ -122,8 +122,9 @@ class Flash {
     double greatestDensity();
     PhaseState stateAt(const PhaseBoundary::End& end);
     FluidState single(const PhaseState& state, double quality) const;
+    FluidState twoPhase(const SaturationPoint& point, double quality);
     FluidState twoPhase(const WetSearch& search);
-    FluidState twoPhasePure(const SaturationPoint& point, double quality);
+    FluidState wet(const TwoPhases& phases, double pressure, const Equilibrium::Heats& heats) const;
     TwoPhases solveWet(const WetSearch& search);
     std::optional<TwoPhases> creep(TwoPhases state, double value, const WetSearch& search);
     TwoPhases coldestAt(double pressure);
