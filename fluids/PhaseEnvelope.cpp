@@ -97,8 +97,14 @@ TwoPhases PhaseEnvelope::Tracing::foretell(double u) const {
     const auto used = std::min(most, static_cast<std::ptrdiff_t>(known.size()));
     auto from = known.lower_bound(u);
     for (std::ptrdiff_t i = 0; i < used / 2 && from != known.begin(); ++i) --from;
-    while (std::distance(from, known.end()) < used) --from;  // at most four steps
-    const auto end = std::next(from, used);
+    auto end = from;
+    for (std::ptrdiff_t i = 0; i < used; ++i) {
+        if (end == known.end()) {
+            --from;
+        } else {
+            ++end;
+        }
+    }
     TwoPhases guess;
     double logTemperature = 0;
     double logDensity = 0;

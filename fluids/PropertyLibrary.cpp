@@ -130,6 +130,10 @@ PropertyLibrary::Solved PropertyLibrary::make(std::span<const double> z) const {
 
 /// Each component's shift is that of the fluid alone.
 Flash::Shift PropertyLibrary::shiftOfComponents(const Solved& solved) const {
+    if (solved.kept.size() == 1) {
+        const PureFluid& fluid = mixture().components()[solved.kept.front()];
+        return solved.flash->shiftFor(referenceOf(componentReference_, fluid));
+    }
     Flash::Shift sum;
     for (std::size_t k = 0; k < solved.kept.size(); ++k) {
         const PureFluid& fluid = mixture().components()[solved.kept[k]];

@@ -134,8 +134,11 @@ void SaturationLine::makeLine(Phase& phase, const PureFluid& fluid) {
         const auto used = std::min(most, static_cast<std::ptrdiff_t>(solved.size()));
         auto from = solved.lower_bound(place);
         for (std::ptrdiff_t i = 0; i < used / 2 && from != solved.begin(); ++i) --from;
-        while (std::distance(from, solved.end()) < used) --from;
-        const auto end = std::next(from, used);
+        auto end = from;
+        for (std::ptrdiff_t i = 0; i < used; ++i) {
+            if (end == solved.end()) --from;
+            else ++end;
+        }
         double liquid = 0;
         double vapour = 0;
         for (auto node = from; node != end; ++node) {
