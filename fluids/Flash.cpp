@@ -50,7 +50,7 @@ Flash::Flash(Mixture mixture, std::span<const double> z)
     if (components.size() == 1) {
         boundary_ = std::make_unique<SaturationLine>(phase_, components.front());
     } else {
-        equilibrium_.emplace(mixture_, z);
+        equilibrium_ = std::make_unique<Equilibrium>(mixture_, z);
         boundary_ = std::make_unique<PhaseEnvelope>(phase_, *equilibrium_, coldestBlend);
     }
     limits_ = {boundary_->temperatureMin(), smallest(&PureFluid::temperatureExtrapolated),
@@ -214,10 +214,10 @@ TwoPhases Flash::coldestAt(double pressure) {
     const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
     return solveWet({{Condition::Of::temperature, temperature},
                      {Condition::Of::pressure, pressure},
-                     phasesAt(*cut.liquid),
-                     phasesAt(*cut.vapour),
-                     cut.liquid->point.pressure,
-                     cut.vapour->point.pressure});
+                     phasesAt(cut.liquid),
+                     phasesAt(cut.vapour),
+                     cut.liquid.point.pressure,
+                     cut.vapour.point.pressure});
 }
 
 PhaseState Flash::stateAt(const PhaseBoundary::End& end) {
@@ -233,11 +233,11 @@ FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
     double guess = gasDensity;
     if (temperature < boundary_->temperatureMost()) {
         const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
-        const SaturationPoint& dew = cut.vapour->point;
-        const SaturationPoint& bubble = cut.liquid->point;
+        const SaturationPoint& dew = cut.vapour.point;
+        const SaturationPoint& bubble = cut.liquid.point;
         if (std::abs(pressure - dew.pressure) <= onTheLine * dew.pressure) {
             phase_.setTemperature(temperature);
-            FluidState found = single(phase_.state(cut.vapour->density), 1);
+            FluidState found = single(phase_.state(cut.vapour.density), 1);
             found.liquidDensity = dew.liquidDensity;
             found.pressure = pressure;
             found.logK = dew.logK;
@@ -245,25 +245,32 @@ FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
         }
         if (pressure < dew.pressure) {
             // The compressibility factor falls about linearly from 1 to that of the saturated vapour.
-            const double saturated =
-                dew.pressure / (phase_.gasConstant() * temperature * cut.vapour->density);
+            const double saturated = dew.pressure / (phase_.gasConstant() * temperature * cut.vapour.density);
             guess = gasDensity / (1 + (saturated - 1) * pressure / dew.pressure);
-            ceiling = cut.vapour->density * (1 + 1e-5);
+            ceiling = cut.vapour.density * (1 + 1e-5);
         } else if (pressure < bubble.pressure * (1 - onTheLine)) {
             return twoPhase({{Condition::Of::temperature, temperature},
                              {Condition::Of::pressure, pressure},
-                             phasesAt(*cut.liquid),
-                             phasesAt(*cut.vapour),
+                             phasesAt(cut.liquid),
+                             phasesAt(cut.vapour),
                              bubble.pressure,
                              dew.pressure});
         } else {
-            guess = cut.liquid->density;
+            guess = cut.liquid.density;
         }
     }
     phase_.setTemperature(temperature);
     PhaseState state = phase_.state(densityAt(pressure, densities(temperature, ceiling), guess));
     state.pressure = pressure;
     return single(state, qualityName(temperature, pressure, state.density));
+}
+
+double Flash::heatOf(const PhaseState& state, Heat heat) {
+    return heat == Heat::enthalpy ? state.enthalpy : state.entropy;
+}
+
+Condition::Of Flash::conditionOf(Heat heat) {
+    return heat == Heat::enthalpy ? Condition::Of::enthalpy : Condition::Of::entropy;
 }
 
 FluidState Flash::atPressureEnthalpy(double pressure, double enthalpy) {
@@ -280,59 +287,71 @@ FluidState Flash::atPressureHeat(double pressure, Heat heat, double wanted) {
     const double hottest = limits_.temperatureMax;
     const double coldest = limits_.temperatureMin;
     const double gasDensity = pressure / phase_.gasConstant();  // times 1/T
-    PhaseBoundary::Cut cut;
-    if (pressure < boundary_->pressureMost()) cut = boundary_->cutAtPressure(pressure);
-    if (!cut.vapour) {
-        const bool vapour = pressure < boundary_->pressureMost();
-        const double guess = 1.2 * boundary_->critical().temperature;
-        return searchIsobar(
-            pressure, heat, wanted,
-            {coldest, hottest, guess, gasDensity / guess, vapour ? 1.1 * gasDensity / coldest : 0});
+    const double guess = 1.2 * boundary_->critical().temperature;
+    if (pressure >= boundary_->pressureMost())
+        return searchIsobar(pressure, heat, wanted, {coldest, hottest, guess, gasDensity / guess, 0});
+    if (pressure < boundary_->pressureMin(Side::dew)) {
+        return searchIsobar(pressure, heat, wanted,
+                            {coldest, hottest, guess, gasDensity / guess, 1.1 * gasDensity / coldest});
     }
-    const auto of = [heat](const PhaseState& state) {
-        return heat == Heat::enthalpy ? state.enthalpy : state.entropy;
-    };
-    const Condition property{heat == Heat::enthalpy ? Condition::Of::enthalpy : Condition::Of::entropy,
-                             wanted};
-    // From an end of the two-phase region along the isobar, with the slopes found there.
-    const auto searchFrom = [&](const PhaseBoundary::End& end, PhaseState edge, IsobarRange range) {
-        const double unit = heat == Heat::enthalpy ? 1 : end.point.temperature;
-        // Less than rounding from the end, where near the critical point the density would be anything.
-        if (std::abs(wanted - of(edge)) * unit <= 1e-12 * edge.cp * end.point.temperature) {
-            edge.pressure = pressure;
-            return single(edge, qualityName(edge.temperature, pressure, edge.density));
-        }
-        range.guess = end.point.temperature + (wanted - of(edge)) * unit / edge.cp;
-        range.density = edge.density - edge.pressureByTemperature / edge.pressureByDensity *
-                                           (range.guess - end.point.temperature);
-        return searchIsobar(pressure, heat, wanted, range);
-    };
-    const PhaseState vapour = stateAt(*cut.vapour);
-    if (wanted > of(vapour)) {
-        return searchFrom(*cut.vapour, vapour,
-                          {cut.vapour->point.temperature, hottest, 0, 0, vapour.density * (1 + 1e-5)});
-    }
-    if (cut.liquid) {
-        const PhaseState liquid = stateAt(*cut.liquid);
-        if (wanted < of(liquid)) {
-            return searchFrom(*cut.liquid, liquid, {coldest, cut.liquid->point.temperature, 0, 0, 0});
-        }
-        if (!equilibrium_) {
-            return twoPhase(cut.vapour->point, (wanted - of(liquid)) / (of(vapour) - of(liquid)));
-        }
-        return twoPhase({{Condition::Of::pressure, pressure},
-                         property,
-                         phasesAt(*cut.liquid),
-                         phasesAt(*cut.vapour),
-                         of(liquid),
-                         of(vapour)});
-    }
-    const TwoPhases cold = coldestAt(pressure);
+    if (pressure < boundary_->pressureMin(Side::bubble))
+        return aboveColdEnd(boundary_->vapourEndAtPressure(pressure), heat, wanted);
+    return betweenEnds(boundary_->cutAtPressure(pressure), heat, wanted);
+}
+
+/// On an isobar that meets both ends of the two-phase region, in it or beside it.
+FluidState Flash::betweenEnds(const PhaseBoundary::Cut& cut, Heat heat, double wanted) {
+    const PhaseState vapour = stateAt(cut.vapour);
+    const double ofVapour = heatOf(vapour, heat);
+    if (wanted > ofVapour) return besideEnd(cut.vapour, vapour, heat, wanted);
+    const PhaseState liquid = stateAt(cut.liquid);
+    const double ofLiquid = heatOf(liquid, heat);
+    if (wanted < ofLiquid) return besideEnd(cut.liquid, liquid, heat, wanted);
+    if (!equilibrium_) return twoPhase(cut.vapour.point, (wanted - ofLiquid) / (ofVapour - ofLiquid));
+    return twoPhase({{Condition::Of::pressure, cut.vapour.point.pressure},
+                     {conditionOf(heat), wanted},
+                     phasesAt(cut.liquid),
+                     phasesAt(cut.vapour),
+                     ofLiquid,
+                     ofVapour});
+}
+
+/// On an isobar of a blend that is still in the two-phase region at the lowest temperature.
+FluidState Flash::aboveColdEnd(const PhaseBoundary::End& end, Heat heat, double wanted) {
+    const PhaseState vapour = stateAt(end);
+    const double ofVapour = heatOf(vapour, heat);
+    if (wanted > ofVapour) return besideEnd(end, vapour, heat, wanted);
+    const TwoPhases cold = coldestAt(end.point.pressure);
     const Equilibrium::Heats heats = equilibrium_->heatsOf(cold);
     const double least = heat == Heat::enthalpy ? heats.enthalpy : heats.entropy;
     if (wanted < least) refuse("The state lies below the temperature range of " + name_ + ".");
-    return twoPhase(
-        {{Condition::Of::pressure, pressure}, property, cold, phasesAt(*cut.vapour), least, of(vapour)});
+    return twoPhase({{Condition::Of::pressure, end.point.pressure},
+                     {conditionOf(heat), wanted},
+                     cold,
+                     phasesAt(end),
+                     least,
+                     ofVapour});
+}
+
+/// From an end of the two-phase region, where the state is `edge`, along the isobar away from it.
+FluidState Flash::besideEnd(const PhaseBoundary::End& end, PhaseState edge, Heat heat, double wanted) {
+    const double pressure = end.point.pressure;
+    const double temperature = end.point.temperature;
+    const double difference = (wanted - heatOf(edge, heat)) * (heat == Heat::enthalpy ? 1 : temperature);
+    // Less than rounding from the end, where near the critical point the density would be anything.
+    if (std::abs(difference) <= 1e-12 * edge.cp * temperature) {
+        edge.pressure = pressure;
+        return single(edge, qualityName(temperature, pressure, edge.density));
+    }
+    IsobarRange range;
+    range.guess = temperature + difference / edge.cp;
+    range.density =
+        edge.density - edge.pressureByTemperature / edge.pressureByDensity * (range.guess - temperature);
+    const bool isVapour = difference > 0;
+    range.low = isVapour ? temperature : limits_.temperatureMin;
+    range.high = isVapour ? limits_.temperatureMax : temperature;
+    range.vapourCeiling = isVapour ? edge.density * (1 + 1e-5) : 0;
+    return searchIsobar(pressure, heat, wanted, range);
 }
 
 /// Newton's method on the temperature, with the density solved for at each step.
@@ -372,26 +391,26 @@ FluidState Flash::atTemperatureEntropy(double temperature, double entropy) {
         return searchIsotherm(temperature, wanted, least, densityMax_, guess);
     }
     const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
-    const double ofLiquid = stateAt(*cut.liquid).entropy;
-    const double ofVapour = stateAt(*cut.vapour).entropy;
+    const double ofLiquid = stateAt(cut.liquid).entropy;
+    const double ofVapour = stateAt(cut.vapour).entropy;
     if (wanted >= ofLiquid && wanted <= ofVapour) {
         if (!equilibrium_) {
-            return twoPhase(cut.vapour->point, (wanted - ofLiquid) / (ofVapour - ofLiquid));
+            return twoPhase(cut.vapour.point, (wanted - ofLiquid) / (ofVapour - ofLiquid));
         }
         return twoPhase({{Condition::Of::temperature, temperature},
                          {Condition::Of::entropy, wanted},
-                         phasesAt(*cut.liquid),
-                         phasesAt(*cut.vapour),
+                         phasesAt(cut.liquid),
+                         phasesAt(cut.vapour),
                          ofLiquid,
                          ofVapour});
     }
     phase_.setTemperature(temperature);
     if (wanted < ofLiquid) {
         return searchIsotherm(temperature, wanted, boundary_->liquidDensityFloor(temperature), densityMax_,
-                              cut.liquid->density);
+                              cut.liquid.density);
     }
-    const double guess = cut.vapour->density * std::exp(std::max((ofVapour - wanted) / gas, -600.0));
-    return searchIsotherm(temperature, wanted, least, cut.vapour->density * (1 + 1e-5), guess);
+    const double guess = cut.vapour.density * std::exp(std::max((ofVapour - wanted) / gas, -600.0));
+    return searchIsotherm(temperature, wanted, least, cut.vapour.density * (1 + 1e-5), guess);
 }
 
 /// Over the logarithm of the density, in which the entropy of a gas is a straight line.

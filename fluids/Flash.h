@@ -115,6 +115,8 @@ class Flash {
         double valueTo = 0;
     };
 
+    static double heatOf(const PhaseState& state, Heat heat);
+    static Condition::Of conditionOf(Heat heat);
     void checkTemperature(double temperature) const;
     void checkPressure(double pressure) const;
     Bracket densities(double temperature, double vapourCeiling) const;
@@ -129,13 +131,16 @@ class Flash {
     std::optional<TwoPhases> creep(TwoPhases state, double value, const WetSearch& search);
     TwoPhases coldestAt(double pressure);
     FluidState atPressureHeat(double pressure, Heat heat, double wanted);
+    FluidState besideEnd(const PhaseBoundary::End& end, PhaseState edge, Heat heat, double wanted);
+    FluidState betweenEnds(const PhaseBoundary::Cut& cut, Heat heat, double wanted);
+    FluidState aboveColdEnd(const PhaseBoundary::End& vapour, Heat heat, double wanted);
     FluidState searchIsobar(double pressure, Heat heat, double wanted, const IsobarRange& range);
     FluidState searchIsotherm(double temperature, double entropy, double low, double high, double guess);
     double qualityName(double temperature, double pressure, double density) const;
 
     Mixture mixture_;
     Phase phase_;
-    std::optional<Equilibrium> equilibrium_;  ///< of a blend
+    std::unique_ptr<Equilibrium> equilibrium_;  ///< of a blend, none of a pure fluid
     std::unique_ptr<PhaseBoundary> boundary_;
     std::string name_;
     Limits limits_;

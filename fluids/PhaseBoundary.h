@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "fluids/Mixture.h"
 
 namespace marvello::fluids {
@@ -27,11 +25,10 @@ class PhaseBoundary {
     };
 
     /// Where a line of constant temperature or pressure enters and leaves the two-phase region. Near the
-    /// critical point of a blend both ends may be of one kind; the liquid is the denser. Nothing stands for
-    /// an end below the lowest temperature.
+    /// critical point of a blend both ends may be of one kind; the liquid is the denser.
     struct Cut {
-        std::optional<End> liquid;
-        std::optional<End> vapour;
+        End liquid;
+        End vapour;
     };
 
     virtual ~PhaseBoundary() = default;
@@ -42,6 +39,10 @@ class PhaseBoundary {
     /// pure fluid, a little higher for a blend.
     double temperatureMost() const { return temperatureMost_; }
     double pressureMost() const { return pressureMost_; }
+    /// The pressure of the bubble and of the dew point at the lowest temperature.
+    double pressureMin(Side side) const {
+        return side == Side::bubble ? bubblePressureMin_ : dewPressureMin_;
+    }
 
     /// From the lowest temperature to the end of the curve; throws outside.
     virtual SaturationPoint atTemperature(double temperature, Side side) = 0;
@@ -49,8 +50,10 @@ class PhaseBoundary {
 
     /// Between temperatureMin() and temperatureMost().
     virtual Cut cutAtTemperature(double temperature) = 0;
-    /// Above 0 and below pressureMost().
+    /// Between pressureMin(bubble) and pressureMost().
     virtual Cut cutAtPressure(double pressure) = 0;
+    /// The vapour's end alone, between pressureMin(dew) and pressureMost().
+    virtual End vapourEndAtPressure(double pressure) = 0;
 
     /// A density that the liquid does not fall below and is mechanically stable above, for a temperature
     /// between temperatureMin() and temperatureMost().
@@ -65,6 +68,8 @@ class PhaseBoundary {
     double temperatureMin_ = 0;
     double temperatureMost_ = 0;
     double pressureMost_ = 0;
+    double bubblePressureMin_ = 0;
+    double dewPressureMin_ = 0;
 };
 
 }  // namespace marvello::fluids

@@ -220,6 +220,8 @@ void PhaseEnvelope::findLandmarks(const Mixture& mixture) {
     strongest_ = extreme(logPressure);
     temperatureMost_ = std::exp(curve_.at(logTemperature, hottest_));
     pressureMost_ = std::exp(curve_.at(logPressure, strongest_));
+    bubblePressureMin_ = std::exp(curve_.at(logPressure, curve_.begin()));
+    dewPressureMin_ = std::exp(curve_.at(logPressure, curve_.end()));
     const SaturationPoint point = pointAt(0);
     critical_ = {point.temperature, point.pressure, point.liquidDensity};
 }
@@ -269,7 +271,7 @@ SaturationPoint PhaseEnvelope::atPressure(double pressure, Side side) {
     if (pressure > pressureMost_) {
         refuse("There are no two phases above " + inText(pressureMost_) + " kPa.");
     }
-    if (pressure < endPressure(side) * (1 - 1e-12)) {
+    if (pressure < pressureMin(side) * (1 - 1e-12)) {
         refuse("The pressure lies below that of saturation at the lowest temperature of the blend.");
     }
     SaturationPoint point = ofSide(placeAtPressure(pressure, side), side, "pressure");
@@ -288,10 +290,6 @@ double PhaseEnvelope::placeAtPressure(double pressure, Side side) const {
                                 : curve_.inverse(logPressure, std::log(pressure), strongest_, curve_.end());
 }
 
-double PhaseEnvelope::endPressure(Side side) const {
-    return std::exp(curve_.at(logPressure, side == Side::bubble ? curve_.begin() : curve_.end()));
-}
-
 PhaseBoundary::Cut PhaseEnvelope::cutAtTemperature(double temperature) {
     const auto at = [&](Side side) {
         End end = endAt(placeAtTemperature(temperature, side));
@@ -302,13 +300,17 @@ PhaseBoundary::Cut PhaseEnvelope::cutAtTemperature(double temperature) {
 }
 
 PhaseBoundary::Cut PhaseEnvelope::cutAtPressure(double pressure) {
-    const auto at = [&](Side side) -> std::optional<End> {
-        if (pressure < endPressure(side)) return std::nullopt;
-        End end = endAt(placeAtPressure(pressure, side));
-        end.point.pressure = pressure;
-        return end;
-    };
-    return {at(Side::bubble), at(Side::dew)};
+    return {endAtPressure(pressure, Side::bubble), endAtPressure(pressure, Side::dew)};
+}
+
+PhaseBoundary::End PhaseEnvelope::vapourEndAtPressure(double pressure) {
+    return endAtPressure(pressure, Side::dew);
+}
+
+PhaseBoundary::End PhaseEnvelope::endAtPressure(double pressure, Side side) const {
+    End end = endAt(placeAtPressure(pressure, side));
+    end.point.pressure = pressure;
+    return end;
 }
 
 double PhaseEnvelope::liquidDensityFloor(double temperature) {

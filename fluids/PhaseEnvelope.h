@@ -27,6 +27,7 @@ class PhaseEnvelope final : public PhaseBoundary {
     SaturationPoint atPressure(double pressure, Side side) override;
     Cut cutAtTemperature(double temperature) override;
     Cut cutAtPressure(double pressure) override;
+    End vapourEndAtPressure(double pressure) override;
     double liquidDensityFloor(double temperature) override;
 
     /// The greatest error of the polynomials seen when they were tried out, relative.
@@ -51,10 +52,10 @@ class PhaseEnvelope final : public PhaseBoundary {
     void findLandmarks(const Mixture& mixture);
     SaturationPoint pointAt(double u) const;
     End endAt(double u) const;
+    End endAtPressure(double pressure, Side side) const;
     SaturationPoint ofSide(double u, Side side, const char* what) const;
     double placeAtTemperature(double temperature, Side side) const;
     double placeAtPressure(double pressure, Side side) const;
-    double endPressure(Side side) const;
 
     std::size_t componentCount_;
     Expansion curve_;

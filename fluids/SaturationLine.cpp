@@ -136,8 +136,10 @@ void SaturationLine::makeLine(Phase& phase, const PureFluid& fluid) {
         for (std::ptrdiff_t i = 0; i < used / 2 && from != solved.begin(); ++i) --from;
         auto end = from;
         for (std::ptrdiff_t i = 0; i < used; ++i) {
-            if (end == solved.end()) --from;
-            else ++end;
+            if (end == solved.end())
+                --from;
+            else
+                ++end;
         }
         double liquid = 0;
         double vapour = 0;
@@ -178,7 +180,7 @@ void SaturationLine::makeLine(Phase& phase, const PureFluid& fluid) {
         return true;
     };
     line_ = Expansion({{-thetaMax_, thetaMax_}, functionCount, 1e-12, 4e-3}, sample);
-    pressureMin_ = pointAt(thetaMax_).pressure;
+    bubblePressureMin_ = dewPressureMin_ = pointAt(thetaMax_).pressure;
 }
 
 /// Vapour pressure by Wilson's rule from the acentric factor, ideal vapour, and the liquid at that pressure.
@@ -235,7 +237,7 @@ SaturationPoint SaturationLine::atPressure(double pressure) const {
         refuse("There is no saturation above the critical pressure " + inText(critical_.pressure) + " kPa.");
     }
     // A little room, so that the pressure answered for the lowest temperature is taken back.
-    if (pressure < pressureMin_ * (1 - 1e-12)) {
+    if (pressure < bubblePressureMin_ * (1 - 1e-12)) {
         refuse("The pressure lies below that of saturation at the lowest temperature of the equation.");
     }
     SaturationPoint point = pointAt(line_.inverse(logPressure, std::log(pressure), 0, thetaMax_));
@@ -249,9 +251,13 @@ PhaseBoundary::Cut SaturationLine::cutAtTemperature(double temperature) {
 }
 
 PhaseBoundary::Cut SaturationLine::cutAtPressure(double pressure) {
-    if (pressure < pressureMin_) return {};
     const SaturationPoint point = atPressure(pressure);
     return {End{point, point.liquidDensity}, End{point, point.vapourDensity}};
+}
+
+PhaseBoundary::End SaturationLine::vapourEndAtPressure(double pressure) {
+    const SaturationPoint point = atPressure(pressure);
+    return {point, point.vapourDensity};
 }
 
 double SaturationLine::liquidDensityFloor(double temperature) {

@@ -29,6 +29,7 @@ class SaturationLine final : public PhaseBoundary {
     SaturationPoint atPressure(double pressure, Side) override { return atPressure(pressure); }
     Cut cutAtTemperature(double temperature) override;
     Cut cutAtPressure(double pressure) override;
+    End vapourEndAtPressure(double pressure) override;
     double liquidDensityFloor(double temperature) override;
 
     /// The greatest error of the polynomials seen when they were tried out, relative.
@@ -55,7 +56,6 @@ class SaturationLine final : public PhaseBoundary {
 
     Expansion line_;  ///< ln p and ln rho
     double thetaMax_ = 0;
-    double pressureMin_ = 0;
 };
 
 }  // namespace marvello::fluids
