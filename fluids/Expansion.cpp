@@ -134,31 +134,40 @@ Expansion::Place Expansion::placeOf(double x) const {
     return {cell, (2 * x - low - high) / (high - low)};
 }
 
-double Expansion::at(std::size_t function, Place place) const {
-    const double* from = &coefficients_[place.cell * count * functionCount_ + function];
-    double sum = 0;
-    for (std::size_t power = count; power-- > 0;) sum = sum * place.within + from[power * functionCount_];
-    return sum;
-}
+double Expansion::at(std::size_t function, Place place) const { return within(function, place, count).value; }
 
 void Expansion::all(Place place, std::span<double> values) const {
     const double* from = &coefficients_[place.cell * count * functionCount_];
+    const double square = place.within * place.within;
+    std::array<double, mostFunctions> odd;
     std::fill_n(values.begin(), functionCount_, 0.0);
-    for (std::size_t power = count; power-- > 0;) {
-        const double* row = from + power * functionCount_;
-        for (std::size_t f = 0; f < functionCount_; ++f) values[f] = values[f] * place.within + row[f];
+    std::fill_n(odd.begin(), functionCount_, 0.0);
+    for (std::size_t power = count; power > 0; power -= 2) {
+        const double* row = from + (power - 2) * functionCount_;
+        for (std::size_t f = 0; f < functionCount_; ++f) {
+            values[f] = values[f] * square + row[f];
+            odd[f] = odd[f] * square + row[functionCount_ + f];
+        }
     }
+    for (std::size_t f = 0; f < functionCount_; ++f) values[f] += place.within * odd[f];
 }
 
-/// Of the polynomial of the lowest `terms` coefficients on a cell; the slope is by the place within.
+/// Of the polynomial of the lowest `terms` coefficients on a cell, an even number; the slope is by the place
+/// within. Even and odd powers are summed apart, so that they do not wait for each other.
 Expansion::ValueAndSlope Expansion::within(std::size_t function, Place place, std::size_t terms) const {
     const double* from = &coefficients_[place.cell * count * functionCount_ + function];
-    ValueAndSlope sum;
-    for (std::size_t power = terms; power-- > 0;) {
-        sum.slope = sum.slope * place.within + sum.value;
-        sum.value = sum.value * place.within + from[power * functionCount_];
+    const double square = place.within * place.within;
+    ValueAndSlope even;  // slopes by the square
+    ValueAndSlope odd;
+    for (std::size_t power = terms; power > 0; power -= 2) {
+        const double* pair = from + (power - 2) * functionCount_;
+        even.slope = even.slope * square + even.value;
+        odd.slope = odd.slope * square + odd.value;
+        even.value = even.value * square + pair[0];
+        odd.value = odd.value * square + pair[functionCount_];
     }
-    return sum;
+    return {even.value + place.within * odd.value,
+            odd.value + 2 * place.within * (even.slope + place.within * odd.slope)};
 }
 
 Expansion::ValueAndSlope Expansion::withSlope(std::size_t function, double x) const {

@@ -86,8 +86,8 @@ void Residual::addPowerTerms(std::vector<ResidualTerm> terms) {
         return std::pair(term.kind == TermKind::power ? 0.0 : term.l,
                          term.kind == TermKind::doubleExponential ? term.m : 0.0);
     };
-    std::stable_sort(terms.begin(), terms.end(),
-                     [&](const auto& left, const auto& right) { return decays(left) < decays(right); });
+    std::sort(terms.begin(), terms.end(),
+              [&](const auto& left, const auto& right) { return decays(left) < decays(right); });
     const auto close = [this] {
         const std::size_t size = wholeVectors(powers_.n.size());
         for (auto* column : {&powers_.n, &powers_.t, &powers_.d}) column->resize(size);
