@@ -172,19 +172,18 @@ TwoPhases Flash::solveWet(const WetSearch& search) {
     const double lever =
         std::clamp((search.wanted.value - search.valueFrom) / (search.valueTo - search.valueFrom), 0.0, 1.0);
     const double share = from.share + lever * (to.share - from.share);
-    const auto isSound = [this](const std::optional<TwoPhases>& found) {
-        return found && found->share > -1e-6 && found->share < 1 + 1e-6 &&
-               found->firstDensity > found->secondDensity && equilibrium_->isStable();
+    const auto sound = [this](const std::optional<TwoPhases>& found) -> std::optional<TwoPhases> {
+        constexpr double rounding = 1e-6;  // of the share
+        if (!found || found->share < -rounding || found->share > 1 + rounding) return std::nullopt;
+        if (found->firstDensity < found->secondDensity || !equilibrium_->isStable()) return std::nullopt;
+        return found;
     };
-    std::optional<TwoPhases> found =
-        equilibrium_->solve(between(from, to, lever, share), {search.fixed, search.wanted});
-    if (!isSound(found)) found = creep(from, search.valueFrom, search);
-    if (!isSound(found)) found = creep(to, search.valueTo, search);
-    if (!isSound(found)) {
-        throw PropertyError(Fault::noConvergence, "The two phases of " + name_ + " at " +
-                                                      inText(search.fixed.value) + " were not found.");
-    }
-    return *found;
+    const auto direct = equilibrium_->solve(between(from, to, lever, share), {search.fixed, search.wanted});
+    if (const auto found = sound(direct)) return *found;
+    if (const auto found = sound(creep(from, search.valueFrom, search))) return *found;
+    if (const auto found = sound(creep(to, search.valueTo, search))) return *found;
+    throw PropertyError(Fault::noConvergence, "The two phases of " + name_ + " at " +
+                                                  inText(search.fixed.value) + " were not found.");
 }
 
 /// From a state where the wanted property has `value` to where it is as wanted, in steps short enough for
