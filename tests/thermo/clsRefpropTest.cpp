@@ -79,6 +79,37 @@ TEST_F(clsRefpropTest, OneSharedServiceBoundToARefrigerant) {
     EXPECT_EQ(GetRefprop("R134A").Pressure(2, 2), r134a);
 }
 
+// R407C with 23, 25 and 52 % of the mass: bubble and dew states at 30 degC and a two-phase state, from an
+// evaluation of the mixture model of Lemmon and Jacobsen (2004) by another program.
+TEST_F(clsRefpropTest, ABlendIsTheMixtureOfItsComponents) {
+    catalogue.exec(
+        "insert into tRefrigeranti values('R407C');"
+        "insert into tFluidi "
+        "values('R407C','R32.FLD',0.23),('R407C','R125.FLD',0.25),('R407C','R134A.FLD',0.52)");
+    clsRefprop& refprop = GetRefprop("R407C");
+    EXPECT_EQ(refprop.SetupFault(), "");
+    // Of 100 g: 23/52.024 + 25/120.0214 + 52/102.032 = 1.16004 mol. The mean by mass would be 95.0 g/mol.
+    EXPECT_NEAR(refprop.Convert.wm, 100 / 1.16004, 0.001);
+    const double molarMass = refprop.Convert.wm;
+    const double bubble = 13.591126629366915;
+    const double dew = 11.758954979018085;
+    EXPECT_NEAR(refprop.Pressure(30, 1), bubble, 1e-8);
+    EXPECT_NEAR(refprop.Pressure(30, 2), dew, 1e-8);
+    EXPECT_NEAR(refprop.Temperature(bubble, 1, 1, 0, -1), 30, 1e-7);
+    EXPECT_NEAR(refprop.Temperature(dew, 1, 2, 0, -1), 30, 1e-7);
+    // The glide, at the dew pressure of 0 degC: by ln p between the bubble points at -10 and -5 degC, 4.0468
+    // and 4.8105 bar, the bubble point is at -6.25 degC, good to 0.03 K.
+    const double pressure = 4.6071324617244653;
+    EXPECT_NEAR(refprop.Temperature(pressure, 1, 2, 0, -1), 0, 1e-7);
+    EXPECT_NEAR(refprop.Temperature(pressure, 1, 1, 0, -1), -6.25, 0.03);
+    EXPECT_NEAR(refprop.Enthalpy(30, 0, dew, 1), 36360.76705993725 / molarMass, 1e-6);
+    // In two phases the temperature lies between both.
+    const double h = 19112.01540790845 / molarMass;
+    EXPECT_NEAR(refprop.Temperature(pressure, 1, 2, h, 3), 267.67787358324 - 273.15, 1e-6);
+    EXPECT_NEAR(refprop.Entropy(pressure, 1, h, 3), 93.26129927211497 / molarMass, 1e-8);
+    EXPECT_TRUE(catalogue.boxes.empty());
+}
+
 TEST_F(clsRefpropTest, WhatTheLibrarySaysAtSetUpIsKept) {
     catalogue.exec(
         "insert into tRefrigeranti values('RX'),('RY');insert into tFluidi values('RX','NOSUCH.FLD',1)");
