@@ -1,40 +1,28 @@
 // Runs marvello-select of the built application folder as its users do.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
+
+#include "tests/tools/CallProgram.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using Json = nlohmann::json;
 
-struct Answer {
-    int status = -1;
-    std::string out;  ///< Standard output, or standard error where that was asked for.
-};
+using marvello::testing::Answer;
+using marvello::testing::Listen;
 
 Answer call(const std::string& arguments, bool wantErrors = false, const std::string& folder = {}) {
-    const std::string where = folder.empty() ? "" : " --app-folder '" + folder + "'";
-    const std::string command = std::string("cd / && '") + MARVELLO_APP_FOLDER + "/marvello-select'" + where +
-                                " " + arguments + (wantErrors ? " 2>&1 >/dev/null" : " 2>/dev/null");
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    Answer answer;
-    std::array<char, 4096> buffer{};
-    while (const std::size_t read = std::fread(buffer.data(), 1, buffer.size(), pipe.get())) {
-        answer.out.append(buffer.data(), read);
-    }
-    const int status = pclose(pipe.release());
-    answer.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return answer;
+    const std::string where = folder.empty() ? "" : "--app-folder '" + folder + "' ";
+    return marvello::testing::callProgram("marvello-select", where + arguments,
+                                          wantErrors ? Listen::errors : Listen::output);
 }
 
 constexpr const char* point = "--refrigerant R134A --series TK-A --ted 2 --tcd 40";

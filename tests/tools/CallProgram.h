@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace marvello::testing {
+
+/// What a program said and how it ended.
+struct Answer {
+    int status = -1;
+    std::string out;  ///< standard output, or standard error where that was asked for
+};
+
+enum class Listen { output, errors };
+
+/// Runs a program of the built application folder from a folder that is not its own.
+Answer callProgram(const std::string& program, const std::string& arguments, Listen to = Listen::output);
+
+}  // namespace marvello::testing

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "thermo/RefpropLibrary.h"
+#include "tools/fluids/Composition.h"
+
+namespace marvello::properties {
+
+inline constexpr double zeroCelsius = 273.15;  ///< K
+
+/// A state as the property library gives it, in K, kPa, mol/dm^3, J/mol, J/(mol K), m/s. `Dl`, `Dv`, `x`, `y`
+/// and `q` are as in fluids/Refprop.h.
+struct State {
+    double t = 0, p = 0, D = 0, Dl = 0, Dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
+    std::array<double, 20> x{}, y{};
+};
+
+/// The property library of the application folder, set up for one refrigerant. The zero of enthalpy and
+/// entropy is 200 kJ/kg and 1 kJ/(kg K) for saturated liquid of the refrigerant at 0 degC.
+///
+/// The library keeps one set-up for the process: a new caller ends the one before. All calls throw Refusal
+/// with the library's own sentence.
+class FluidCaller {
+  public:
+    enum class Side : std::int32_t { bubble = 1, dew = 2 };
+
+    explicit FluidCaller(const Composition& composition);
+
+    double molarMass() const { return molarMass_; }  ///< g/mol
+
+    State saturationAtT(double t, Side side);
+    State saturationAtP(double p, Side side);
+    State atTP(double t, double p);
+    State atPH(double p, double h);
+    State atPS(double p, double s);
+    State atTS(double t, double s);
+
+    /// Enthalpy, entropy and density of the liquid at its bubble point. A flash answers with vapour on the
+    /// line of a pure fluid, so the liquid is followed to the line from two pressures a hair above.
+    State liquidAt(const State& bubblePoint);
+
+    /// The highest temperature with a bubble and a dew point, to 1e-9 K; there is saturation at `known`.
+    double criticalTemperature(double known);
+
+  private:
+    void check() const;
+
+    const RefpropFunctions* library_;
+    std::string name_;
+    std::array<double, 20> z_{};
+    double molarMass_ = 0;
+    std::int32_t error_ = 0;
+    std::array<char, 255> sentence_{};
+};
+
+}  // namespace marvello::properties
