@@ -133,19 +133,25 @@ double PhaseEnvelope::Tracing::walk(double direction, double temperatureMin) {
     constexpr double longest = 0.3;
     constexpr double shortest = 2e-3;
     const auto last = [&] { return direction < 0 ? *known.begin() : *known.rbegin(); };
+    // Of several solutions the one that goes on from what is known.
+    const auto take = [&](double u) {
+        const TwoPhases guess = foretell(u);
+        const std::optional<TwoPhases> found = solveFrom(guess, u);
+        const bool goesOn = found && distance(guess, *found) < (known.size() < 4 ? 0.3 : 0.03);
+        if (goesOn) known[u] = *found;
+        return goesOn;
+    };
     for (double step = longest / 4; step > shortest;) {
         const auto [u, state] = last();
         if (state.temperature < temperatureMin && u * direction > 0) break;
-        double next = u + direction * step;
-        if (std::abs(next) < criticalGap) next = direction * criticalGap;
-        const TwoPhases guess = foretell(next);
-        const std::optional<TwoPhases> found = solveFrom(guess, next);
-        // Of several solutions the one that goes on from what is known.
-        if (found && distance(guess, *found) < (known.size() < 4 ? 0.3 : 0.03)) {
-            known[next] = *found;
+        const double next = u + direction * step;
+        const bool isCrossing = std::abs(next) < criticalGap;
+        if (take(isCrossing ? direction * criticalGap : next)) {
             step = std::min(1.5 * step, longest);
         } else {
             step /= 2;
+            // The way over the critical point cannot be made shorter, but better foretold.
+            if (isCrossing) take(u - direction * step);
         }
     }
     const auto [u, state] = last();
