@@ -21,4 +21,8 @@ struct MixtureModel {
 /// asked for.
 MixtureModel readMixtureFile(const std::filesystem::path& path, const std::vector<std::string>& fluids);
 
+/// The same of the text of a mixture file, which complaints call `name`.
+MixtureModel readMixtureText(const std::string& text, const std::string& name,
+                             const std::vector<std::string>& fluids);
+
 }  // namespace marvello::fluids
