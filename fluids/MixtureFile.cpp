@@ -77,6 +77,7 @@ std::vector<NamedPair> readPairs(const JsonField& field, const Departures& depar
 /// The interaction of two components in their own order; the places stay to be set.
 PairInteraction interactionOf(const std::string& first, const std::string& second,
                               const std::vector<NamedPair>& pairs, const JsonField& root) {
+    if (sameButCase(first, second)) return {};
     for (const NamedPair& pair : pairs) {
         if (pair.is(first, second)) return pair.interaction;
         if (pair.is(second, first)) {

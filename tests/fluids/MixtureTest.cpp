@@ -280,6 +280,48 @@ TEST(Mixtures, OfOneComponentAreThePureFluid) {
     }
 }
 
+/// A fluid that is named twice is one fluid, whatever its split; one of no amount is none. Twenty names are
+/// the most.
+TEST(Mixtures, TwentyComponentsWithRepeats) {
+    const Refrigerant& blend = refrigerant("R407C");
+    ASSERT_EQ(setUp(blend).code, 0);
+    const std::vector<Properties> told = sampleStates();
+    std::vector<std::string> files = blend.files;
+    std::vector<double> mass = blend.massFractions;
+    for (std::size_t i = 0; i < 3; ++i) {
+        files.push_back(files[i]);
+        mass.push_back(mass[i] * (0.2 + 0.3 * static_cast<double>(i)));
+        mass[i] -= mass.back();
+    }
+    while (files.size() < 20) {
+        files.push_back(allFiles[files.size() % allFiles.size()]);
+        mass.push_back(0);
+    }
+    ASSERT_EQ(setUpOf(files, mass).text, "");
+    std::vector<Properties> found = sampleStates();
+    for (Properties& state : found) {
+        for (Fractions* fractions : {&state.x, &state.y}) {
+            for (std::size_t i = 0; i < 3; ++i) (*fractions)[i] += (*fractions)[i + 3];
+            EXPECT_EQ((*fractions)[19], 0);
+        }
+    }
+    expectAlike(told, found, {0, 1, 2}, 1e-9);
+}
+
+/// The gas constant of mixtures differs from that of R32's equation by 1.0e-6.
+TEST(Mixtures, OfAFluidWithItself) {
+    ASSERT_EQ(setUp(refrigerant("R32")).code, 0);
+    const std::vector<Properties> told = sampleStates();
+    ASSERT_EQ(setUpOf({"R32.FLD", "R32.FLD"}, {0.3, 0.7}).text, "");
+    std::vector<Properties> found = sampleStates();
+    for (Properties& state : found) {
+        EXPECT_NEAR(state.x[0], 0.3, 1e-12);
+        EXPECT_NEAR(state.y[0], 0.3, 1e-12);
+        state.x = state.y = {1.0};
+    }
+    expectAlike(told, found, {0}, 4e-6);
+}
+
 /// All thirteen together either have a phase boundary, and then states, or are refused in a sentence.
 TEST(Mixtures, OfAllFluids) {
     std::vector<std::string> files = allFiles;
