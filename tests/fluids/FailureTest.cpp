@@ -147,6 +147,8 @@ TEST_F(Failures, FieldsThatMakeNoSense) {
              Case{"\"t\": 50", "\"t\": 5000", "residual[20].t"},
              Case{"\"n\": 0.498223", "\"n\": null", "residual[1].n"},
              Case{"\"n\": 0.498223", "\"n\": 49.8223", "no critical point"},
+             Case{"\"d\": 4, \"t\": 1, \"l\": 2", "\"d\": -2, \"t\": 1, \"l\": 2",
+                  "that does not rise with the temperature"},
              Case{"\"critical\"", "critical", "line 16 is ill-formed"},
          }) {
         std::string text = shipped();
