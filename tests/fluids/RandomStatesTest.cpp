@@ -189,5 +189,23 @@ TEST_P(RandomStates, InTwoPhases) {
 
 INSTANTIATE_TEST_SUITE_P(Fluids, RandomStates, testing::ValuesIn(refrigerants()), testName);
 
+/// Blends of no list: of wide and narrow glide, with and without R22.
+INSTANTIATE_TEST_SUITE_P(
+    Unlisted, RandomStates,
+    testing::Values(
+        Refrigerant{"R32_R125_R1234yf", {"R32.FLD", "R125.FLD", "R1234YF.FLD"}, {0.2141, 0.5507, 0.2352}},
+        Refrigerant{"R134a_R152a", {"R134A.FLD", "R152A.FLD"}, {0.1259, 0.8741}},
+        Refrigerant{"R143a_R1234zeE", {"R143A.FLD", "R1234ZEE.FLD"}, {0.0422, 0.9578}},
+        Refrigerant{"R22_R32", {"R22.FLD", "R32.FLD"}, {0.6, 0.4}},
+        Refrigerant{"R22_R1234zeE", {"R22.FLD", "R1234ZEE.FLD"}, {0.7276, 0.2724}},
+        Refrigerant{"R744_R22", {"CO2.FLD", "R22.FLD"}, {0.4071, 0.5929}},
+        Refrigerant{"R32_R600a", {"R32.FLD", "ISOBUTAN.FLD"}, {0.7166, 0.2834}},
+        Refrigerant{"R744_R1234yf", {"CO2.FLD", "R1234YF.FLD"}, {0.7532, 0.2468}},
+        Refrigerant{"R143a_R744_R290", {"R143A.FLD", "CO2.FLD", "PROPANE.FLD"}, {0.4088, 0.0647, 0.5265}},
+        Refrigerant{"R32_R1234zeE_R1270_R290",
+                    {"R32.FLD", "R1234ZEE.FLD", "PROPYLEN.FLD", "PROPANE.FLD"},
+                    {0.3552, 0.3358, 0.0805, 0.2285}}),
+    testName);
+
 }  // namespace
 }  // namespace marvello::test
