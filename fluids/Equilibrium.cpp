@@ -196,7 +196,7 @@ bool Equilibrium::eliminate() {
 }
 
 /// Of the thinner phase, carried along from the last evaluation over the last step to `state`.
-void Equilibrium::setPressure(const TwoPhases& state, double logTemperatureStep) {
+double Equilibrium::pressureOf(const TwoPhases& state, double logTemperatureStep) const {
     const std::size_t thin = state.firstDensity < state.secondDensity ? 0 : 1;
     const double density = thin == 0 ? state.firstDensity : state.secondDensity;
     const FugacityState& phase = phases_[thin];
@@ -205,7 +205,7 @@ void Equilibrium::setPressure(const TwoPhases& state, double logTemperatureStep)
     double reduced = phase.pressure + phase.pressureByHeat * logTemperatureStep;
     for (std::size_t j = 0; j < mixture_->size(); ++j)
         reduced += phase.pressureByAmount[j] * (density * now[thin][j] - amounts_[thin][j]);
-    pressure_ = reduced * mixture_->gasConstant() * state.temperature;
+    return reduced * mixture_->gasConstant() * state.temperature;
 }
 
 std::optional<TwoPhases> Equilibrium::solve(const TwoPhases& guess, const Conditions& conditions) {
@@ -239,7 +239,7 @@ std::optional<TwoPhases> Equilibrium::solve(const TwoPhases& guess, const Condit
             for (std::size_t k = 0; k < count; ++k)
                 difference = std::max(difference, std::abs(state.logK[k]));
             if (difference < alike) return std::nullopt;
-            setPressure(state, damping * step(at.temperature));
+            state.pressure = pressureOf(state, damping * step(at.temperature));
             return state;
         }
         lastStep = size;

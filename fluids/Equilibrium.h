@@ -12,6 +12,7 @@ namespace marvello::fluids {
 /// (1 - share) first + share second holds for each component.
 struct TwoPhases {
     double temperature = 0;  ///< K
+    double pressure = 0;     ///< kPa
     double share = 0;
     double firstDensity = 0;  ///< mol/dm^3
     double secondDensity = 0;
@@ -52,8 +53,6 @@ class Equilibrium {
     /// Whether both phases of the state solved last withstand small changes of density and composition.
     bool isStable() const;
 
-    /// Pressure in kPa of the state solved last.
-    double pressure() const { return pressure_; }
     /// Enthalpy in J/mol and entropy in J/(mol K) of all and of each phase at a state, on the equation's own
     /// zero.
     struct Heats {
@@ -76,7 +75,7 @@ class Equilibrium {
     template <class First, class Second>
     void chain(const TwoPhases& state, First byFirst, Second bySecond, Row& row) const;
     bool eliminate();
-    void setPressure(const TwoPhases& state, double logTemperatureStep);
+    double pressureOf(const TwoPhases& state, double logTemperatureStep) const;
 
     const Mixture* mixture_;
     PerComponent z_{};
@@ -85,7 +84,6 @@ class Equilibrium {
     std::array<PerComponent, 2> fractions_{};
     std::array<PerComponent, 2> amounts_{};
     std::array<Row, mostUnknowns> rows_{};
-    double pressure_ = 0;
 };
 
 }  // namespace marvello::fluids

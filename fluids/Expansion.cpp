@@ -77,7 +77,7 @@ double Expansion::split(const Build& build, const Sample& sample, double high, d
     double partsError = 0;
     for (const double border : {low + third, high - third, high})
         partsError = std::max(partsError, split(build, sample, border, error));
-    if (partsError < 0.5 * error) return partsError;
+    if (partsError < 4 * error) return partsError;
     takeBack();
     borders_.push_back(high);
     coefficients_.insert(coefficients_.end(), whole.begin(), whole.end());

@@ -20,21 +20,36 @@ constexpr double coldestBlend = 150;     // K; component equations are used belo
 /// The end of a line through the two-phase region as two phases, liquid first.
 TwoPhases phasesAt(const PhaseBoundary::End& end) {
     const SaturationPoint& point = end.point;
-    return {point.temperature, end.density == point.liquidDensity ? 0.0 : 1.0, point.liquidDensity,
-            point.vapourDensity, point.logK};
+    return {point.temperature,   point.pressure,      end.density == point.liquidDensity ? 0.0 : 1.0,
+            point.liquidDensity, point.vapourDensity, point.logK};
 }
 
-/// Between two states, ln K and the logarithms of densities and temperature linear in `part`.
-TwoPhases between(const TwoPhases& from, const TwoPhases& to, double part, double share) {
+/// Between two states, share and ln K linear in `part` as the logarithms of the others are.
+TwoPhases between(const TwoPhases& from, const TwoPhases& to, double part) {
+    const auto linear = [part](double a, double b) { return a + part * (b - a); };
     const auto geometric = [part](double a, double b) { return a * std::pow(b / a, part); };
     TwoPhases state{geometric(from.temperature, to.temperature),
-                    share,
+                    geometric(from.pressure, to.pressure),
+                    linear(from.share, to.share),
                     geometric(from.firstDensity, to.firstDensity),
                     geometric(from.secondDensity, to.secondDensity),
                     {}};
-    for (std::size_t i = 0; i < mostComponents; ++i)
-        state.logK[i] = from.logK[i] + part * (to.logK[i] - from.logK[i]);
+    for (std::size_t i = 0; i < mostComponents; ++i) state.logK[i] = linear(from.logK[i], to.logK[i]);
     return state;
+}
+
+/// Whether a state can lie on the line between two others. The equations have more loops than the one between
+/// liquid and vapour, and so solutions that are no phases.
+bool liesBetween(const TwoPhases& state, const TwoPhases& from, const TwoPhases& to) {
+    constexpr double rounding = 1e-6;
+    constexpr double bend = 0.1;  // of the densities, which need not change in one direction
+    const auto within = [&](double TwoPhases::* part, double slack) {
+        const auto [low, high] = std::minmax(from.*part, to.*part);
+        return state.*part >= low * (1 - slack) && state.*part <= high * (1 + slack);
+    };
+    return state.firstDensity > state.secondDensity && state.share > -rounding && state.share < 1 + rounding &&
+           within(&TwoPhases::temperature, rounding) && within(&TwoPhases::pressure, rounding) &&
+           within(&TwoPhases::firstDensity, bend) && within(&TwoPhases::secondDensity, bend);
 }
 
 }  // namespace
@@ -137,29 +152,30 @@ FluidState Flash::twoPhase(const SaturationPoint& point, double quality) {
     phase_.setTemperature(point.temperature);
     const PhaseState liquid = phase_.state(point.liquidDensity);
     const PhaseState vapour = phase_.state(point.vapourDensity);
-    return wet({point.temperature, quality, point.liquidDensity, point.vapourDensity, {}}, point.pressure,
+    return wet({point.temperature, point.pressure, quality, point.liquidDensity, point.vapourDensity, {}},
                {liquid.enthalpy + quality * (vapour.enthalpy - liquid.enthalpy),
                 liquid.entropy + quality * (vapour.entropy - liquid.entropy)});
 }
 
 FluidState Flash::twoPhase(const WetSearch& search) {
-    const TwoPhases phases = solveWet(search);
-    const double pressure =
-        search.fixed.of == Condition::Of::pressure ? search.fixed.value : equilibrium_->pressure();
-    return wet(phases, pressure, equilibrium_->heatsOf(phases));
+    TwoPhases phases = solveWet(search);
+    for (const Condition& known : {search.fixed, search.wanted}) {
+        if (known.of == Condition::Of::pressure) phases.pressure = known.value;
+    }
+    return wet(phases, equilibrium_->heatsOf(phases));
 }
 
-FluidState Flash::wet(const TwoPhases& phases, double pressure, const Equilibrium::Heats& heats) const {
+FluidState Flash::wet(const TwoPhases& phases, const Equilibrium::Heats& heats) const {
     FluidState found;
     found.temperature = phases.temperature;
-    found.pressure = pressure;
+    found.pressure = phases.pressure;
     found.density = 1 / ((1 - phases.share) / phases.firstDensity + phases.share / phases.secondDensity);
     found.liquidDensity = phases.firstDensity;
     found.vapourDensity = phases.secondDensity;
     found.quality = phases.share;
     found.enthalpy = heats.enthalpy + shift_.enthalpy;
     found.entropy = heats.entropy + shift_.entropy;
-    found.energy = found.enthalpy - pressure / found.density;
+    found.energy = found.enthalpy - phases.pressure / found.density;
     found.cv = found.cp = found.soundSpeed = undefined;
     found.logK = phases.logK;
     return found;
@@ -167,23 +183,26 @@ FluidState Flash::wet(const TwoPhases& phases, double pressure, const Equilibriu
 
 /// Newton's method from between both known states; where it strays, small steps from one of them.
 TwoPhases Flash::solveWet(const WetSearch& search) {
-    const TwoPhases& from = search.from;
-    const TwoPhases& to = search.to;
+    constexpr double atCritical = 3e-5;
     const double lever =
         std::clamp((search.wanted.value - search.valueFrom) / (search.valueTo - search.valueFrom), 0.0, 1.0);
-    const double share = from.share + lever * (to.share - from.share);
-    const auto sound = [this](const std::optional<TwoPhases>& found) -> std::optional<TwoPhases> {
-        constexpr double rounding = 1e-6;  // of the share
-        if (!found || found->share < -rounding || found->share > 1 + rounding) return std::nullopt;
-        if (found->firstDensity < found->secondDensity || !equilibrium_->isStable()) return std::nullopt;
-        return found;
-    };
-    const auto direct = equilibrium_->solve(between(from, to, lever, share), {search.fixed, search.wanted});
-    if (const auto found = sound(direct)) return *found;
-    if (const auto found = sound(creep(from, search.valueFrom, search))) return *found;
-    if (const auto found = sound(creep(to, search.valueTo, search))) return *found;
-    throw PropertyError(Fault::noConvergence, "The two phases of " + name_ + " at " +
-                                                  inText(search.fixed.value) + " were not found.");
+    const TwoPhases guess = between(search.from, search.to, lever);
+    if (const auto found = solveSound(guess, search.wanted.value, search)) return *found;
+    if (const auto found = creep(search.from, search.valueFrom, search)) return *found;
+    if (const auto found = creep(search.to, search.valueTo, search)) return *found;
+    // There the phases are one but for rounding, and both ends but for less than that.
+    if (std::abs(guess.temperature / boundary_->critical().temperature - 1) < atCritical) return guess;
+    throw PropertyError(Fault::noConvergence, "The two phases of " + name_ + " near " +
+                                                  inText(guess.temperature) + " K and " +
+                                                  inText(guess.pressure) + " kPa were not found.");
+}
+
+/// The state where the wanted property has `value`, or none where it is no state between the ends.
+std::optional<TwoPhases> Flash::solveSound(const TwoPhases& guess, double value, const WetSearch& search) {
+    const auto found = equilibrium_->solve(guess, {search.fixed, {search.wanted.of, value}});
+    if (!found || !liesBetween(*found, search.from, search.to) || !equilibrium_->isStable())
+        return std::nullopt;
+    return found;
 }
 
 /// From a state where the wanted property has `value` to where it is as wanted, in steps short enough for
@@ -193,10 +212,8 @@ std::optional<TwoPhases> Flash::creep(TwoPhases state, double value, const WetSe
     double part = 0;
     for (double step = 0.25; part < 1 && step > shortest;) {
         const double next = std::min(1.0, part + step);
-        const double target = value + next * (search.wanted.value - value);
-        const std::optional<TwoPhases> found =
-            equilibrium_->solve(state, {search.fixed, {search.wanted.of, target}});
-        if (found && equilibrium_->isStable()) {
+        const auto found = solveSound(state, value + next * (search.wanted.value - value), search);
+        if (found) {
             state = *found;
             part = next;
         } else {

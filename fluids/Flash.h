@@ -126,8 +126,9 @@ class Flash {
     FluidState single(const PhaseState& state, double quality) const;
     FluidState twoPhase(const SaturationPoint& point, double quality);
     FluidState twoPhase(const WetSearch& search);
-    FluidState wet(const TwoPhases& phases, double pressure, const Equilibrium::Heats& heats) const;
+    FluidState wet(const TwoPhases& phases, const Equilibrium::Heats& heats) const;
     TwoPhases solveWet(const WetSearch& search);
+    std::optional<TwoPhases> solveSound(const TwoPhases& guess, double value, const WetSearch& search);
     std::optional<TwoPhases> creep(TwoPhases state, double value, const WetSearch& search);
     TwoPhases coldestAt(double pressure);
     FluidState atPressureHeat(double pressure, Heat heat, double wanted);

@@ -9,6 +9,7 @@
 namespace marvello::fluids {
 namespace {
 
+constexpr const char* fluidFormat = "marvello-fluid";
 constexpr double highestExponent = 200;
 
 double exponent(const JsonField& field) { return field.number(-highestExponent, highestExponent); }
@@ -142,7 +143,11 @@ ResidualTerm readResidualTerm(const JsonField& field) {
 }
 
 PureFluid readFluidFile(const std::filesystem::path& path) {
-    return readFluid(JsonFile(path, "marvello-fluid").root());
+    return readFluid(JsonFile(path, fluidFormat).root());
+}
+
+PureFluid readFluidText(const std::string& text, const std::string& name) {
+    return readFluid(JsonFile(text, name, fluidFormat).root());
 }
 
 }  // namespace marvello::fluids

@@ -13,6 +13,8 @@
 namespace marvello::fluids {
 namespace {
 
+constexpr const char* mixtureFormat = "marvello-mixture";
+
 using Departures = std::map<std::string, std::vector<ResidualTerm>, std::less<>>;
 
 /// A pair as it stands in the file, in the order of its parameters.
@@ -75,6 +77,7 @@ std::vector<NamedPair> readPairs(const JsonField& field, const Departures& depar
 /// The interaction of two components in their own order; the places stay to be set.
 PairInteraction interactionOf(const std::string& first, const std::string& second,
                               const std::vector<NamedPair>& pairs, const JsonField& root) {
+    if (sameButCase(first, second)) return {};
     for (const NamedPair& pair : pairs) {
         if (pair.is(first, second)) return pair.interaction;
         if (pair.is(second, first)) {
@@ -87,11 +90,7 @@ PairInteraction interactionOf(const std::string& first, const std::string& secon
     root.refuse("there is no pair of " + first + " and " + second);
 }
 
-}  // namespace
-
-MixtureModel readMixtureFile(const std::filesystem::path& path, const std::vector<std::string>& fluids) {
-    const JsonFile file(path, "marvello-mixture");
-    const JsonField root = file.root();
+MixtureModel readModel(const JsonField& root, const std::vector<std::string>& fluids) {
     const Departures departures = readDepartures(root.at("departures"));
     const std::vector<NamedPair> pairs = readPairs(root.at("pairs"), departures);
 
@@ -106,6 +105,17 @@ MixtureModel readMixtureFile(const std::filesystem::path& path, const std::vecto
         }
     }
     return model;
+}
+
+}  // namespace
+
+MixtureModel readMixtureFile(const std::filesystem::path& path, const std::vector<std::string>& fluids) {
+    return readModel(JsonFile(path, mixtureFormat).root(), fluids);
+}
+
+MixtureModel readMixtureText(const std::string& text, const std::string& name,
+                             const std::vector<std::string>& fluids) {
+    return readModel(JsonFile(text, name, mixtureFormat).root(), fluids);
 }
 
 }  // namespace marvello::fluids

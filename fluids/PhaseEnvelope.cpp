@@ -183,7 +183,7 @@ bool PhaseEnvelope::fit(Tracing& tracing) {
         const std::optional<TwoPhases> found = tracing.solveFrom(guess, u);
         if (!found || distance(guess, *found) > 0.01) return false;
         values[logTemperature] = std::log(found->temperature);
-        values[logPressure] = std::log(tracing.equilibrium.pressure());
+        values[logPressure] = std::log(found->pressure);
         values[logDensity] = std::log(found->firstDensity);
         for (std::size_t i = 0; i < componentCount_; ++i) values[firstLogK + i] = found->logK[i];
         return true;

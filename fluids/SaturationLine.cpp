@@ -181,6 +181,20 @@ void SaturationLine::makeLine(Phase& phase, const PureFluid& fluid) {
     };
     line_ = Expansion({{-thetaMax_, thetaMax_}, functionCount, 1e-12, 4e-3}, sample);
     bubblePressureMin_ = dewPressureMin_ = pointAt(thetaMax_).pressure;
+    checkPressureRises(fluid.name);
+}
+
+/// A mistyped coefficient may leave a curve that turns back or comes to pressures below 0.
+void SaturationLine::checkPressureRises(const std::string& name) const {
+    constexpr int parts = 400;
+    for (int k = 1; k <= parts; ++k) {
+        const double place = thetaMax_ * k / parts;
+        if (!(line_.withSlope(logPressure, place).slope < 0)) {
+            throw PropertyError(Fault::fluidFile, "The equation of " + name + " has a vapour pressure at " +
+                                                      inText(temperatureAt(place)) +
+                                                      " K that does not rise with the temperature.");
+        }
+    }
 }
 
 /// Vapour pressure by Wilson's rule from the acentric factor, ideal vapour, and the liquid at that pressure.

@@ -49,6 +49,7 @@ class SaturationLine final : public PhaseBoundary {
     CriticalStep stepToCritical(Phase& phase, double temperature, double density) const;
     void findCritical(Phase& phase, const FluidPoint& published, const std::string& name);
     void makeLine(Phase& phase, const PureFluid& fluid);
+    void checkPressureRises(const std::string& name) const;
     Densities firstGuess(Phase& phase, const PureFluid& fluid, double temperature) const;
     double theta(double temperature) const;
     double temperatureAt(double theta) const;

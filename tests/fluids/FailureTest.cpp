@@ -9,6 +9,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "fluids/Refprop.h"
 #include "tests/fluids/FluidCalls.h"
@@ -146,6 +147,8 @@ TEST_F(Failures, FieldsThatMakeNoSense) {
              Case{"\"t\": 50", "\"t\": 5000", "residual[20].t"},
              Case{"\"n\": 0.498223", "\"n\": null", "residual[1].n"},
              Case{"\"n\": 0.498223", "\"n\": 49.8223", "no critical point"},
+             Case{"\"d\": 4, \"t\": 1, \"l\": 2", "\"d\": -2, \"t\": 1, \"l\": 2",
+                  "that does not rise with the temperature"},
              Case{"\"critical\"", "critical", "line 16 is ill-formed"},
          }) {
         std::string text = shipped();
@@ -222,6 +225,76 @@ TEST_F(Failures, StatesOutOfRange) {
         expectRefused(atTS(odd, 180), 2);
         expectRefused(atPH(100, undefined), 3);
     }
+}
+
+/// Each call of a blend that fails leaves every number it was asked for undefined.
+void expectNoNumber(double t, double p, double h, double s, std::int32_t code) {
+    using Output = double Properties::*;
+    const auto expectNone = [code](const Properties& found, const std::vector<Output>& outputs) {
+        EXPECT_EQ(found.error.code, code) << found.error.text;
+        EXPECT_GT(found.error.text.size(), 10U);
+        for (const Output output : outputs) EXPECT_EQ(found.*output, undefined);
+        for (std::size_t i = 0; i < 20; ++i) EXPECT_EQ(found.x[i] + found.y[i], 2 * undefined);
+    };
+    using P = Properties;
+    const std::vector<Output> common{&P::D, &P::Dl, &P::Dv, &P::q, &P::e, &P::cv, &P::cp, &P::w};
+    const auto with = [&](std::initializer_list<Output> more) {
+        std::vector<Output> all = common;
+        all.insert(all.end(), more);
+        return all;
+    };
+    for (const std::int32_t side : {1, 2}) {
+        expectNone(saturationAtT(t, side), {&P::p, &P::Dl, &P::Dv});
+        expectNone(saturationAtP(p, side), {&P::t, &P::Dl, &P::Dv});
+    }
+    expectNone(atTP(t, p), with({&P::h, &P::s}));
+    expectNone(atPH(p, h), with({&P::t, &P::s}));
+    expectNone(atPS(p, s), with({&P::t, &P::h}));
+    expectNone(atTS(t, s), with({&P::p, &P::h}));
+}
+
+TEST_F(Failures, OfBlends) {
+    ASSERT_EQ(setUp(refrigerant("R407C")).text, "");
+    const Fractions z = fractionsInUse();
+    const Properties fine = atTP(300, 100);
+    ASSERT_EQ(fine.error.code, 0);
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    {
+        SCOPED_TRACE("states out of range");
+        expectNoNumber(140, 1e5, 1e9, 1e9, 3);
+        expectNoNumber(500, 1e5, -1e9, -1e9, 3);
+        expectNoNumber(nan, nan, nan, nan, 2);
+    }
+    for (const Fractions& wrong :
+         {Fractions{}, Fractions{0.4, 0.4, 0.1}, Fractions{0.6, 0.6, 0.6}, Fractions{1.2, -0.1, -0.1},
+          Fractions{nan, 0.5, 0.5}, Fractions{0.3, 0.7, std::numeric_limits<double>::infinity()}}) {
+        SCOPED_TRACE(testing::Message() << wrong[0] << ' ' << wrong[1] << ' ' << wrong[2]);
+        useFractions(wrong);
+        expectNoNumber(300, 100, fine.h, fine.s, 2);
+        EXPECT_EQ(setReference("IIR", 2).code, 2);
+    }
+    // Neither what is refused nor what stands behind the components has any effect.
+    Fractions more = z;
+    more[3] = nan;
+    useFractions(more);
+    EXPECT_EQ(atTP(300, 100).D, fine.D);
+    EXPECT_EQ(atTP(300, 100).h, fine.h);
+}
+
+TEST_F(Failures, SetUpsOfBlends) {
+    const std::string files = "Fluids\\R32.FLD|Fluids\\R125.FLD";
+    ASSERT_EQ(setUp(files, 2).text, "");
+    EXPECT_THAT(setUp("Fluids\\R32.FLD|Fluids\\NOSUCH.FLD", 2).text, HasSubstr("NOSUCH.FLD"));
+    expectUnset();
+    EXPECT_THAT(setUp("Fluids\\R32.FLD||Fluids\\R125.FLD", 3).text, HasSubstr("File name 2 of 3 is missing"));
+    expectUnset();
+    EXPECT_THAT(setUp(files, 2, "QQQ").text, HasSubstr("QQQ"));
+    expectUnset();
+    write("Fluids/hmx.bnc", "{\"format\": 1}");
+    EXPECT_THAT(setUp(files, 2).text, HasSubstr("hmx.bnc: field format is not a text"));
+    expectUnset();
+    // A fluid alone does not need it.
+    EXPECT_EQ(setUp("Fluids\\R32.FLD").text, "");
 }
 
 /// No byte is read or written beyond the lengths told, and the rest of the error text is blank.

@@ -219,7 +219,7 @@ TEST(ShippedFiles, PairsHaveASource) {
         double sum = 0;
         for (const auto& row : readFields("blends.csv", blend)) {
             names.push_back(readFluidFile(shipped / row[0]).name);
-            sum += std::stod(row[1]);
+            sum += numberOf(row[1]);
         }
         ASSERT_GE(names.size(), 2U);
         EXPECT_NEAR(sum, 1, 1e-12);

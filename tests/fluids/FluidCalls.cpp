@@ -7,6 +7,7 @@
 #include <cmath>
 #include <fstream>
 #include <limits>
+#include <stdexcept>
 
 #include "fluids/Refprop.h"
 
@@ -14,6 +15,7 @@ namespace marvello::test {
 namespace {
 
 constexpr Fractions pure{1.0};
+Fractions inUse = pure;
 
 /// An error buffer as a caller has it.
 struct Buffer {
@@ -24,14 +26,79 @@ struct Buffer {
     Answer answer() const { return {code, text.substr(0, text.find_last_not_of(' ') + 1)}; }
 };
 
+// A literal: the tests are listed before any object is made.
+constexpr const char* dataFolder = MARVELLO_SOURCE_FOLDER "/tests/fluids/data/";
+
 std::string padded(const std::string& text, std::size_t length) {
     return text + std::string(length - text.size(), ' ');
 }
 
 }  // namespace
 
+double numberOf(const std::string& field) {
+    double value = std::numeric_limits<double>::quiet_NaN();
+    std::from_chars(field.data(), field.data() + field.size(), value);
+    return value;
+}
+
+void PrintTo(const Refrigerant& refrigerant, std::ostream* stream) { *stream << refrigerant.name; }
+
+const std::vector<Refrigerant>& refrigerants() {
+    static const std::vector<Refrigerant> all = [] {
+        std::vector<Refrigerant> found;
+        std::ifstream stream(std::string(dataFolder) + "blends.csv");
+        for (std::string line; std::getline(stream, line);) {
+            if (line.starts_with("#") || line.starts_with("fluid,")) continue;
+            const std::size_t one = line.find(',');
+            const std::size_t two = line.find(',', one + 1);
+            const std::string name = line.substr(0, one);
+            if (found.empty() || found.back().name != name) found.push_back({name, {}, {}});
+            found.back().files.push_back(line.substr(one + 1, two - one - 1));
+            found.back().massFractions.push_back(numberOf(line.substr(two + 1)));
+        }
+        return found;
+    }();
+    return all;
+}
+
+const Refrigerant& refrigerant(const std::string& name) {
+    const auto isIt = [&](const Refrigerant& known) { return known.name == name; };
+    const auto found = std::find_if(refrigerants().begin(), refrigerants().end(), isIt);
+    if (found == refrigerants().end()) throw std::invalid_argument("no refrigerant " + name);
+    return *found;
+}
+
+std::string testName(const testing::TestParamInfo<Refrigerant>& instance) {
+    std::string name = instance.param.name;
+    std::erase_if(name, [](char c) { return c == '(' || c == ')'; });
+    return name;
+}
+
+Answer setUp(const Refrigerant& refrigerant, const std::string& reference) {
+    std::string files;
+    for (const std::string& file : refrigerant.files)
+        files += (files.empty() ? "" : "|") + ("Fluids\\" + file);
+    Answer answer = setUp(files, static_cast<std::int32_t>(refrigerant.files.size()), reference);
+    if (answer.code != 0) return answer;
+    useFractions(molesOf(refrigerant.massFractions).fractions);
+    return refrigerant.isBlend() ? setReference(reference, 2) : answer;
+}
+
+void useFractions(const Fractions& z) { inUse = z; }
+
+const Fractions& fractionsInUse() { return inUse; }
+
+Moles molesOf(const std::vector<double>& massFractions) {
+    Fractions mass{};
+    std::copy(massFractions.begin(), massFractions.end(), mass.begin());
+    Moles moles;
+    XMOLEdll(mass.data(), moles.fractions.data(), &moles.molarMass);
+    return moles;
+}
+
 Answer setUp(const std::string& files, std::int32_t count, const std::string& reference) {
     Buffer error;
+    inUse = pure;
     SETUPdll(&count, padded(files, 10000).data(), padded("Fluids\\hmx.bnc", 255).data(),
              padded(reference, 3).data(), &error.code, error.text.data(), 10000, 255, 3, Buffer::length);
     return error.answer();
@@ -40,7 +107,7 @@ Answer setUp(const std::string& files, std::int32_t count, const std::string& re
 Answer setReference(const std::string& reference, std::int32_t flag) {
     Buffer error;
     const double zero = 0;
-    SETREFdll(padded(reference, 3).data(), &flag, pure.data(), &zero, &zero, &zero, &zero, &error.code,
+    SETREFdll(padded(reference, 3).data(), &flag, inUse.data(), &zero, &zero, &zero, &zero, &error.code,
               error.text.data(), 3, Buffer::length);
     return error.answer();
 }
@@ -48,7 +115,7 @@ Answer setReference(const std::string& reference, std::int32_t flag) {
 Properties saturationAtT(double t, std::int32_t side) {
     Buffer error;
     Properties out;
-    SATTdll(&t, pure.data(), &side, &out.p, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &error.code,
+    SATTdll(&t, inUse.data(), &side, &out.p, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &error.code,
             error.text.data(), Buffer::length);
     out.error = error.answer();
     return out;
@@ -57,7 +124,7 @@ Properties saturationAtT(double t, std::int32_t side) {
 Properties saturationAtP(double p, std::int32_t side) {
     Buffer error;
     Properties out;
-    SATPdll(&p, pure.data(), &side, &out.t, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &error.code,
+    SATPdll(&p, inUse.data(), &side, &out.t, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &error.code,
             error.text.data(), Buffer::length);
     out.error = error.answer();
     return out;
@@ -68,7 +135,7 @@ Properties atTP(double t, double p) {
     Properties out;
     out.t = t;
     out.p = p;
-    TPFLSHdll(&t, &p, pure.data(), &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q, &out.e,
+    TPFLSHdll(&t, &p, inUse.data(), &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q, &out.e,
               &out.h, &out.s, &out.cv, &out.cp, &out.w, &error.code, error.text.data(), Buffer::length);
     out.error = error.answer();
     return out;
@@ -80,7 +147,7 @@ Properties atTS(double t, double s) {
     out.t = t;
     out.s = s;
     const std::int32_t root = 0;
-    TSFLSHdll(&t, &s, pure.data(), &root, &out.p, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
+    TSFLSHdll(&t, &s, inUse.data(), &root, &out.p, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
               &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w, &error.code, error.text.data(),
               Buffer::length);
     out.error = error.answer();
@@ -92,7 +159,7 @@ Properties atPH(double p, double h) {
     Properties out;
     out.p = p;
     out.h = h;
-    PHFLSHdll(&p, &h, pure.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
+    PHFLSHdll(&p, &h, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
               &out.e, &out.s, &out.cv, &out.cp, &out.w, &error.code, error.text.data(), Buffer::length);
     out.error = error.answer();
     return out;
@@ -103,14 +170,14 @@ Properties atPS(double p, double s) {
     Properties out;
     out.p = p;
     out.s = s;
-    PSFLSHdll(&p, &s, pure.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
+    PSFLSHdll(&p, &s, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
               &out.e, &out.h, &out.cv, &out.cp, &out.w, &error.code, error.text.data(), Buffer::length);
     out.error = error.answer();
     return out;
 }
 
 std::vector<std::vector<std::string>> readFields(const std::string& file, const std::string& first) {
-    std::ifstream stream(std::string(MARVELLO_SOURCE_FOLDER) + "/tests/fluids/data/" + file);
+    std::ifstream stream(dataFolder + file);
     EXPECT_TRUE(stream) << file;
     std::vector<std::vector<std::string>> rows;
     for (std::string line; std::getline(stream, line);) {
@@ -129,13 +196,15 @@ std::vector<std::vector<double>> readRows(const std::string& file, const std::st
     std::vector<std::vector<double>> rows;
     for (const std::vector<std::string>& fields : readFields(file, fluid)) {
         std::vector<double>& row = rows.emplace_back();
-        for (const std::string& field : fields) {
-            double value = std::numeric_limits<double>::quiet_NaN();
-            std::from_chars(field.data(), field.data() + field.size(), value);
-            row.push_back(value);
-        }
+        for (const std::string& field : fields) row.push_back(numberOf(field));
     }
     return rows;
+}
+
+double distance(const Fractions& a, const Fractions& b) {
+    double most = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) most = std::max(most, std::abs(a[i] - b[i]));
+    return most;
 }
 
 double deviation(double a, double b) { return b == 0 ? std::abs(a) : std::abs(a / b - 1); }
