@@ -60,6 +60,8 @@ class clsVariables {
     const clsVariable& Item(int position) const;
     bool Exist(std::string_view name) const;
     void Remove(std::string_view name);
+    /// By position from 1. Raises VariableError when there is none.
+    void Remove(int position) { Remove(Item(position).Name); }
     void Clear();
     int Count() const { return static_cast<int>(entries_.size()); }
 

@@ -102,11 +102,10 @@ void CompressorCalculation::saturationVariables() {
 
     if (uppered(trimmed(refprop_.Refrigerant)) != "R407C") return;
     // With its glide the mean is that of the evaporator's inlet, after expansion, and its dew temperature.
-    set("Tem", [&] {
-        const double liquid = H(v_("Tcb") - v_("Sc"), v_("Pc"));
-        const double inlet = refprop_.Temperature(liquid, 3, 2, v_("Pe"), 1);
-        return (v_("Ted") + inlet) / 2;
-    });
+    const double t = intermediate([&] { return v_("Tcb") - v_("Sc"); });
+    const double liquid = intermediate([&] { return H(t, v_("Pc")); });
+    const double inlet = intermediate([&] { return refprop_.Temperature(liquid, 3, 2, v_("Pe"), 1); });
+    set("Tem", [&] { return (v_("Ted") + inlet) / 2; });
 }
 
 /// Keeps the states clear of the saturation line; the additions stay in what is shown.
@@ -201,13 +200,12 @@ void CompressorCalculation::efficiency() {
 
 /// A compressor without a discharge surface has all its coefficients 0 and goes through here like any other.
 void CompressorCalculation::dischargeTemperature() {
-    statements_.attempt([&] {
-        const clsPolynomialSh& surface = compressor_.PolynomialSh;
-        const double t =
-            surface.at(v_("Ted"), v_("Tcd")) + v_("Sh") - surface.Sh + static_cast<double>(compressor_.ctsca);
-        v_.add("T21", t);
-        v_.add("Tsca", t);
-    });
+    const clsPolynomialSh& surface = compressor_.PolynomialSh;
+    const double atReference = intermediate([&] { return surface.at(v_("Ted"), v_("Tcd")); });
+    const double t = intermediate([&] { return atReference + v_("Sh") - surface.Sh; });
+    const double corrected = t + static_cast<double>(compressor_.ctsca);
+    let("T21", [&] { return corrected; });
+    let("Tsca", [&] { return corrected; });
 }
 
 void CompressorCalculation::dischargeLimit() {
@@ -227,8 +225,10 @@ void CompressorCalculation::dischargeStateAndOilLoad() {
     let("H21", [&] { return H(v_("T21"), v_("Pc")); }, units_.Hunits, "Entalpia di massa");
     let("Pra", [] { return 0.0; }, "Kw", "Raffreddamento Olio");
     statements_.attempt([&] {
+        if (v_("OCCalculateMode") == 1) v_.Item("OC").setValue(compressor_.OilCoolingLimit);
+    });
+    statements_.attempt([&] {
         const double mode = v_("OCCalculateMode");
-        if (mode == 1) v_.Item("OC").setValue(compressor_.OilCoolingLimit);
         if (mode == 1 || mode == 2) CalculateOilCooling(compressor_, refprop_);
     });
 }

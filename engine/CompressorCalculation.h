@@ -4,6 +4,7 @@
 
 #include "catalogue/clsCompressor.h"
 #include "catalogue/clsProjectConditions.h"
+#include "data/Arithmetic.h"
 #include "engine/SelectionRules.h"
 #include "engine/Statements.h"
 #include "engine/formTimeout.h"
@@ -58,6 +59,14 @@ class CompressorCalculation {
     template <class Value>
     void set(const std::string& name, Value&& value) {
         statements_.attempt([&] { v_.Item(name).setValue(value()); });
+    }
+
+    /// A value on the way to a variable; a failing one is an error entry and counts as 0 from there on.
+    template <class Value>
+    double intermediate(Value&& value) {
+        double result = 0;
+        statements_.attempt([&] { result = checked(value()); });
+        return result;
     }
 
     double H(double t, double p) { return refprop_.Enthalpy(t, 0, p, 1); }

@@ -50,12 +50,12 @@ void EconomizerCalculation::injectionPressure() {
     trySet("P7", [&] { return v_("P9") + loss; });
 
     double error = 1;
+    double old = 0;
     constexpr int patience = 100;
     LostSearch passes(patience);
     while (std::abs(error) > tolerance && !AbortRequested()) {
         turn();
         gasAt("P7");
-        double old = 0;
         Statements::attemptSilently([&] { old = v_("P7"); });
         trySet("P7", [&] { return v_("P9") + loss; });
         Statements::attemptSilently([&] { error = perBar * (v_("P7") - old); });

@@ -65,7 +65,7 @@ void SelectionRules::envelopeRules(const clsLimits& around) {
 }
 
 void SelectionRules::inputRangeRules() {
-    statements_.attempt([this] { subcooling(); });
+    subcooling();
     statements_.attempt([this] { superheat(); });
 }
 
@@ -177,10 +177,13 @@ void SelectionRules::inverterFrequency(const clsLimits& around) {
 }
 
 void SelectionRules::subcooling() {
-    const double highest = roundedToPlaces((v_("Tcb") - v_("Teb")) * 0.8, 2);
-    if (v_("Sc") < 0 || v_("Sc") > highest) {
-        messages_.Error.add("messages.message12", "messages.message12 ({0})", {highest});
-    }
+    double highest = 0;
+    statements_.attempt([&] { highest = roundedToPlaces((v_("Tcb") - v_("Teb")) * 0.8, 2); });
+    statements_.attempt([&] {
+        if (v_("Sc") < 0 || v_("Sc") > highest) {
+            messages_.Error.add("messages.message12", "messages.message12 ({0})", {highest});
+        }
+    });
 }
 
 void SelectionRules::superheat() {

@@ -40,4 +40,9 @@ bool clsOutputs::Exist(std::string_view key) const { return std::ranges::any_of(
 
 void clsOutputs::Remove(std::string_view key) { std::erase_if(outputs_, hasKey(key)); }
 
+void clsOutputs::Remove(int position) {
+    Item(position);
+    outputs_.erase(outputs_.begin() + (position - 1));
+}
+
 }  // namespace marvello

@@ -31,6 +31,8 @@ class clsOutputs {
     const clsOutput& Item(int position) const;
     bool Exist(std::string_view key) const;
     void Remove(std::string_view key);
+    /// By position from 1. Raises std::out_of_range.
+    void Remove(int position);
     void Clear() { outputs_.clear(); }
     int Count() const { return static_cast<int>(outputs_.size()); }
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <random>
 #include <stdexcept>
+#include <utility>
 
 namespace marvello {
 namespace {
@@ -25,6 +26,10 @@ TEST(parsePoints, BracketsFurtherElementsAndFaults) {
     EXPECT_EQ(points.getLeftPoint()->Y, 30);
     EXPECT_EQ(points.getRightPoint()->x, 10);
     EXPECT_EQ(points.getRightPoint()->Y, -2);
+    clsPoints fewer = points;
+    fewer.Remove(2);
+    EXPECT_EQ(fewer.Item(2).Y, -2);
+    EXPECT_EQ(fewer.getRightPoint()->x, 10);  // the corners stay
     for (const char* bad : {"", "1,2;", "1", "1,2;x,3", "1;2", "1,,2", "nan,1", "1,2;;3,4"}) {
         EXPECT_THROW(parsePoints(bad), std::invalid_argument) << bad;
     }
@@ -41,6 +46,18 @@ TEST(polygonTest, ClosedAndOpenSquares) {
     const clsPoints triangle = parsePoints("0,0;10,0;0,10");
     EXPECT_EQ(polygonTest(triangle, 0, 0), PolygonState::undecided);
     EXPECT_EQ(polygonTest(parsePoints("0,0;10,0;0,10;0,0"), 2, 2), PolygonState::inside);
+}
+
+// The angles of the axes are told one by one: a point straight above, below and beside the corners of a
+// diamond.
+TEST(polygonTest, CornersStraightAboveBelowAndBeside) {
+    for (const char* diamond : {"5,0;10,5;5,10;0,5;5,0", "5,0;0,5;5,10;10,5;5,0"}) {
+        const clsPoints line = parsePoints(diamond);
+        EXPECT_EQ(polygonTest(line, 5, 5), PolygonState::inside);
+        for (const auto& [x, y] : {std::pair{5, -3}, {5, 13}, {-3, 5}, {13, 5}}) {
+            EXPECT_EQ(polygonTest(line, x, y), PolygonState::outside) << x << " " << y;
+        }
+    }
 }
 
 /// Second method: how often a ray to the right crosses the edges.

@@ -81,6 +81,10 @@ TEST(clsVariables, NamesIgnoreCaseAndTheOrderIsThatOfAdding) {
     EXPECT_THROW(v.Item(2), VariableError);
     v.add(v.Item(1).Name, 7.0);  // under the very name of the entry that goes
     EXPECT_EQ(v("Q0"), 7.0);
+    v.add("Pc", 1.0);
+    v.Remove(1);
+    EXPECT_EQ(v.Item(1).Name, "Pc");
+    EXPECT_THROW(v.Remove(2), VariableError);
 }
 
 TEST(clsVariables, NumericTextsAreNumbersAndFaultsStayOut) {

@@ -178,6 +178,10 @@ TEST(clsOutputs, RemovesByNameAndAddsByKey) {
     EXPECT_EQ(outputs.Item("Q0").Description, "again");
     EXPECT_THROW(outputs.add("Q0", "Power", "", "", {}, 0), std::invalid_argument);
     EXPECT_THROW(outputs.Item("x"), std::out_of_range);
+    outputs.add("Pta", "Pta", "power", "kW", {}, 0);
+    outputs.Remove(1);
+    EXPECT_EQ(outputs.Item(1).Key, "Pta");
+    EXPECT_THROW(outputs.Remove(2), std::out_of_range);
 }
 
 }  // namespace

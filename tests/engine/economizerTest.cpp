@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "data/Texts.h"
 #include "engine/AbortRequested.h"
 #include "engine/StepControl.h"
 #include "tests/engine/EngineFixture.h"
@@ -47,6 +48,12 @@ class economizer : public testing::EngineFixture {
         clsRefprop& r = GetRefprop("R134A");
         const double dew = r.Temperature(v("P9"), 1, 2, 0, -1);
         return {dew, r.Enthalpy(dew + v("Sh"), 0, v("P9"), 1)};
+    }
+
+    void portWithBubblePointAt(double t) {
+        const double ratio =
+            GetRefprop("R134A").Pressure(t, 1) / GetRefprop("R134A").Pressure(conditions.TEvaporatingDew, 2);
+        catalogue.exec("update tCompressors set fKForo=" + storedText(ratio));
     }
 
     /// What holds for every solved cycle, whatever search found it. The tank's search changes the flow once
@@ -100,6 +107,33 @@ TEST_F(economizer, ATankWhereTheApproachIsWiderThanTheLiquid) {
     expectBalances(v, 1e-3);
     // Nowhere near the approach asked for: said after everything is there.
     EXPECT_EQ(names(selections.Item(1).Messages.Error), keys({"25"}));
+}
+
+// The bubble point at the port beside the liquid at T3 = 45 - 3.0001 degC decides what is tried at all.
+TEST_F(economizer, ALiquidThatThePortCannotCool) {
+    // Above it there is nothing to be had: said, and what was set up before stays.
+    portWithBubblePointAt(41.9999 + 0.5);
+    const clsVariables& none = run(automatic, 5);
+    EXPECT_EQ(names(selections.Item(1).Messages.Error), keys({"26", "25"}));
+    EXPECT_EQ(none.Item("EcoModel").text(), "Impossible");
+    EXPECT_EQ(none("EcoOK"), -1);
+    EXPECT_EQ(none("meco"), 1);
+    // Below it, but by less than the approach: no plate.
+    portWithBubblePointAt(41.9999 - 0.7);
+    const clsVariables& tank = run(automatic, 5);
+    EXPECT_EQ(tank.Item("EcoModel").text(), "Tank");
+    EXPECT_EQ(tank("EcoOK"), 0);
+    EXPECT_NEAR(tank("T31"), 41.9999 - 0.7, 0.011);
+}
+
+// A tank ends with no approach at all, so that a wanted one is missed by itself.
+TEST_F(economizer, AnApproachIsJudgedByWhatIsShown) {
+    portWithBubblePointAt(41.9999 - 0.23);
+    const clsVariables& v = run(automatic, 0.235);
+    EXPECT_NEAR(v("T31") - v("TSat"), 0, 0.01);
+    EXPECT_EQ(names(selections.Item(1).Messages.Error), keys({}));  // shown as 0.2
+    run(automatic, 0.265);
+    EXPECT_EQ(names(selections.Item(1).Messages.Error), keys({"25"}));  // shown as 0.3
 }
 
 // At a wanted capacity: meco = (Eco - Q0) 3600 / (H7 - H3).

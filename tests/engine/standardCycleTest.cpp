@@ -246,6 +246,22 @@ TEST_F(standardCycle, AFailingStatementIsAnEntryAndTheNextOneRuns) {
     EXPECT_TRUE(c.Variables.Exist("QcEco"));
 }
 
+TEST_F(standardCycle, AFailingStepOnTheWayCountsAsZeroAndFailsAlone) {
+    // A surface beyond the range of numbers: the discharge is that of the corrections, 15.0001 - 10 + 1.5.
+    catalogue.exec("update tPolynomials set fC1=1e308, fC4=1e308 where fType=3");
+    EXPECT_EQ(names(select().Messages.Error), std::vector<std::string>{"Error..."});
+    EXPECT_NEAR(selections.Item(1).Variables("T21"), 6.5001, 1e-9);
+    EXPECT_EQ(selections.Item(1).Variables("Tsca"), selections.Item(1).Variables("T21"));
+
+    // A limit of the catalogue that cannot be taken over: the user's 80 degC stays.
+    catalogue.exec(
+        "update tPolynomials set fC1=60, fC4=0.8 where fType=3;update tCompressors set "
+        "fOilCoolingLimit=9e999");
+    EXPECT_EQ(names(select().Messages.Error), std::vector<std::string>{"Error..."});
+    EXPECT_EQ(selections.Item(1).Variables("OC"), 80);
+    EXPECT_GT(selections.Item(1).Variables("Pra"), 0);
+}
+
 TEST_F(standardCycle, CurrentsFailInSilence) {
     conditions.MotorVoltage = 0;
     const clsCompressor& c = select();

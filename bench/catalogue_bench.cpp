@@ -1,0 +1,257 @@
+// What a run of a whole catalogue costs, beside what the database alone needs for it: the same statements,
+// run and read by SQLiteCpp without anything around it.
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <exception>
+#include <map>
+#include <memory>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "bench/GrownCatalogue.h"
+#include "data/Globals.h"
+#include "engine/clsSelections.h"
+#include "thermo/clsRefprop.h"
+
+namespace {
+
+using namespace marvello;
+using bench::Series;
+
+clsProjectConditions standardCycle() {
+    clsProjectConditions conditions;
+    conditions.TEvaporatingDew = 2;
+    conditions.TCondensationDew = 40;
+    conditions.SuperHeat = 10;
+    conditions.SubCooling = 5;
+    conditions.StepCapacity = 100;
+    conditions.MotorSize = -1;
+    conditions.MotorVoltage = 400;
+    conditions.MotorHz = 50;
+    conditions.MotorRPM = 1450;
+    conditions.OilCooling = 110;
+    conditions.OilCoolingCalculateMode = 1;
+    conditions.InverterFrequency = 50;
+    return conditions;
+}
+
+/// What a run left.
+struct Outcome {
+    int compressors = 0;
+    int failed = 0;          ///< Of these, with errors.
+    long long states = 0;    ///< States that the property library was asked for.
+    long long repeated = 0;  ///< Of these, asked for again when each refrigerant's run is done once more.
+};
+
+int failedOf(const clsSelections& selections) {
+    return static_cast<int>(std::ranges::count_if(
+        selections, [](const auto& compressor) { return compressor->Messages.Error.Count() > 0; }));
+}
+
+/// Every row of the catalogue, refrigerant by refrigerant, from a start without any state.
+Outcome runAll(const std::vector<Series>& all) {
+    Outcome outcome;
+    releaseRefprop();
+    const auto conditions = std::make_shared<const clsProjectConditions>(standardCycle());
+    for (const Series& series : all) {
+        clsSelections selections;
+        selections.Selection(conditions, series.name, "*", series.refrigerant, 0);
+        outcome.compressors += selections.Count();
+        outcome.failed += failedOf(selections);
+    }
+    return outcome;
+}
+
+/// The same with the counts of states, which are kept by refrigerant and go with its property service. That a
+/// second run asks for nothing shows that the first one forgot nothing, and so asked for nothing twice.
+Outcome countAll(const std::vector<Series>& all) {
+    Outcome outcome;
+    releaseRefprop();
+    const auto conditions = std::make_shared<const clsProjectConditions>(standardCycle());
+    for (auto first = all.begin(); first != all.end();) {
+        const auto last = std::find_if(
+            first, all.end(), [&](const Series& series) { return series.refrigerant != first->refrigerant; });
+        const auto runThese = [&] {
+            for (auto series = first; series != last; ++series) {
+                clsSelections().Selection(conditions, series->name, "*", series->refrigerant, 0);
+            }
+            return GetRefprop(first->refrigerant).libraryCalls();
+        };
+        const long long states = runThese();
+        outcome.states += states;
+        outcome.repeated += runThese() - states;
+        first = last;
+    }
+    return outcome;
+}
+
+/// What the engine asked of the database, in order: a statement starts, gives a row, or is at its end. The
+/// statement of a series stays open while those of its compressors run.
+struct DatabaseEvent {
+    enum class Kind : std::uint8_t { start, row, end };
+    Kind kind;
+    std::size_t statement;  ///< Its number in the order of starting.
+    std::string sql;        ///< Of a start.
+};
+
+/// Notes what is asked of every connection that is opened while it lives.
+class Recorder {
+  public:
+    Recorder() {
+        current() = this;
+        sqlite3_auto_extension(reinterpret_cast<void (*)()>(&Recorder::listen));
+    }
+    ~Recorder() {
+        sqlite3_reset_auto_extension();
+        current() = nullptr;
+    }
+    Recorder(const Recorder&) = delete;
+    Recorder& operator=(const Recorder&) = delete;
+
+    void forget() {
+        events.clear();
+        numbers_.clear();
+        started_ = 0;
+    }
+
+    std::vector<DatabaseEvent> events;
+
+  private:
+    using Kind = DatabaseEvent::Kind;
+
+    static Recorder*& current() {
+        static Recorder* recorder = nullptr;
+        return recorder;
+    }
+    static int listen(sqlite3* connection, char**, const void*) {
+        return sqlite3_trace_v2(connection, SQLITE_TRACE_STMT | SQLITE_TRACE_ROW | SQLITE_TRACE_PROFILE,
+                                &Recorder::note, nullptr);
+    }
+    static int note(unsigned event, void*, void* statement, void*) {
+        if (current() != nullptr) current()->note(event, static_cast<sqlite3_stmt*>(statement));
+        return 0;
+    }
+    void note(unsigned event, sqlite3_stmt* statement) {
+        if (event == SQLITE_TRACE_STMT) {
+            numbers_[statement] = started_;
+            events.push_back({Kind::start, started_++, sqlite3_sql(statement)});
+        } else if (const auto found = numbers_.find(statement); found != numbers_.end()) {
+            events.push_back({event == SQLITE_TRACE_ROW ? Kind::row : Kind::end, found->second, {}});
+            if (event == SQLITE_TRACE_PROFILE) numbers_.erase(found);
+        }
+    }
+
+    std::map<sqlite3_stmt*, std::size_t> numbers_;
+    std::size_t started_ = 0;
+};
+
+std::vector<DatabaseEvent> eventsOf(const std::vector<Series>& all, const std::string& file) {
+    gDatabase().CloseConnection();
+    std::vector<DatabaseEvent> events;
+    {
+        Recorder recorder;
+        gDatabase().Connect("Data Source=" + file);
+        recorder.forget();  // without those of the opening
+        runAll(all);
+        events = std::move(recorder.events);
+        gDatabase().CloseConnection();
+    }
+    gDatabase().Connect("");
+    return events;
+}
+
+void readColumns(const SQLite::Statement& statement) {
+    for (int index = 0; index < statement.getColumnCount(); ++index) {
+        const SQLite::Column column = statement.getColumn(index);
+        if (column.isText()) {
+            benchmark::DoNotOptimize(column.getString());
+        } else {
+            benchmark::DoNotOptimize(column.getDouble());
+        }
+    }
+}
+
+void replay(SQLite::Database& database, const std::vector<DatabaseEvent>& events) {
+    std::map<std::size_t, SQLite::Statement> open;
+    for (const DatabaseEvent& event : events) {
+        if (event.kind == DatabaseEvent::Kind::start) {
+            open.emplace(std::piecewise_construct, std::forward_as_tuple(event.statement),
+                         std::forward_as_tuple(database, event.sql));
+        } else if (event.kind == DatabaseEvent::Kind::row) {
+            SQLite::Statement& statement = open.at(event.statement);
+            statement.executeStep();
+            readColumns(statement);
+        } else {
+            open.erase(event.statement);
+        }
+    }
+}
+
+double secondsOf(const auto& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double median(std::vector<double> values) {
+    std::ranges::nth_element(values, values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
+    return values[values.size() / 2];
+}
+
+constexpr int leastCompressors = 800;
+
+/// Engine and database alone by turns, so that both see the same machine.
+void wholeCatalogue(benchmark::State& state) {
+    const bench::GrownCatalogue catalogue(leastCompressors);
+    const std::vector<Series> all = bench::seriesOfCatalogue();
+    const std::vector<DatabaseEvent> events = eventsOf(all, catalogue.file());
+    SQLite::Database alone(catalogue.file(), SQLite::OPEN_READONLY);
+
+    Outcome outcome;
+    std::vector<double> engine;
+    std::vector<double> database;
+    for (auto _ : state) {
+        engine.push_back(secondsOf([&] { outcome = runAll(all); }));
+        database.push_back(secondsOf([&] { replay(alone, events); }));
+        state.SetIterationTime(engine.back());
+    }
+    const Outcome counted = countAll(all);
+    const auto starts = [&events](const char* part) {
+        return static_cast<double>(std::ranges::count_if(events, [part](const DatabaseEvent& event) {
+            return event.kind == DatabaseEvent::Kind::start && event.sql.find(part) != std::string::npos;
+        }));
+    };
+    state.counters["compressors"] = outcome.compressors;
+    state.counters["failed"] = outcome.failed;
+    state.counters["statements"] = starts("");
+    state.counters["setUps"] = starts("tFluidi");
+    state.counters["states"] = static_cast<double>(counted.states);
+    state.counters["repeatedStates"] = static_cast<double>(counted.repeated);
+    state.counters["databaseAlone_ms"] = 1e3 * median(database);
+    state.counters["ratio"] = median(engine) / median(database);
+    releaseRefprop();
+}
+BENCHMARK(wholeCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(3);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        benchmark::Initialize(&argc, argv);
+        benchmark::RunSpecifiedBenchmarks();
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "%s\n", fault.what());
+        return 2;
+    }
+    return 0;
+}

@@ -1,0 +1,196 @@
+// What an economized calculation costs: every compressor of the catalogue that has a port, over a grid of
+// duty points, each run from a start without any remembered state.
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "data/Hooks.h"
+#include "engine/AbortRequested.h"
+#include "engine/clsSelections.h"
+#include "thermo/clsRefprop.h"
+
+namespace {
+
+using namespace marvello;
+using Clock = std::chrono::steady_clock;
+
+struct Model {
+    std::string refrigerant, serie, name;
+};
+
+std::vector<Model> modelsWithPort() {
+    std::vector<Model> models;
+    for (RecordSet row =
+             gDatabase().Execute("Select fRefrigerantID, fSerieID, fModelID from tCompressors where "
+                                 "fKForo + fKPerdita + fSez > 0 order by fRefrigerantID");
+         !row.eof(); row.moveNext()) {
+        models.push_back({row.text("fRefrigerantID"), row.text("fSerieID"), row.text("fModelID")});
+    }
+    return models;
+}
+
+enum Mode { standard = 0, automatic = 1, capacity = 2 };
+
+clsProjectConditions conditionsAt(double ted, double tcd, Mode mode, double eco) {
+    clsProjectConditions conditions;
+    conditions.TEvaporatingDew = ted;
+    conditions.TCondensationDew = tcd;
+    conditions.SuperHeat = 10;
+    conditions.SubCooling = 5;
+    conditions.StepCapacity = 100;
+    conditions.MotorSize = -1;
+    conditions.MotorVoltage = 400;
+    conditions.MotorHz = 50;
+    conditions.MotorRPM = 1450;
+    conditions.OilCooling = 110;
+    conditions.OilCoolingCalculateMode = 1;
+    conditions.InverterFrequency = 50;
+    conditions.EcoCalculateMode = mode;
+    conditions.Eco = eco;
+    return conditions;
+}
+
+/// One run of one compressor.
+struct Cost {
+    double milliseconds = 0;
+    double calls = 0;  ///< Of the property library.
+};
+
+/// Runs the model with the property library set up, but no state remembered.
+Cost runOf(clsSelections& selections, const Model& model, const clsProjectConditions& conditions) {
+    clsRefprop& refprop = GetRefprop(model.refrigerant);
+    refprop.Initialize(gDatabase(), 0, model.refrigerant, "");
+    const long long calls = refprop.libraryCalls();
+    const auto given = std::make_shared<const clsProjectConditions>(conditions);
+    AbortRequested() = false;
+    const auto start = Clock::now();
+    selections.Selection(given, model.serie, model.name, model.refrigerant, 0);
+    const std::chrono::duration<double, std::milli> taken = Clock::now() - start;
+    return {taken.count(), static_cast<double>(refprop.libraryCalls() - calls)};
+}
+
+/// The share of the way from the capacity without economizer to the most that one can give.
+constexpr double wantedShares[] = {0.1, 0.25, 0.5};
+constexpr double plateApproaches[] = {2, 5, 10};
+constexpr double tankApproach = 80;  // wider than any liquid is above the port
+
+std::vector<double> ecoValues(clsSelections& selections, const Model& model, double ted, double tcd,
+                              const std::string& what) {
+    if (what == "plate") return {std::begin(plateApproaches), std::end(plateApproaches)};
+    if (what == "tank") return {tankApproach};
+    runOf(selections, model, conditionsAt(ted, tcd, standard, 0));
+    if (selections.Count() == 0 || !selections.Item(1).Variables.Exist("HE")) return {};
+    const clsVariables& v = selections.Item(1).Variables;
+    std::vector<double> values;
+    for (const double share : wantedShares) {
+        values.push_back(v("Q0") + share * v("Mbase") * (v("HE") - v("Hl")) / 3600);
+    }
+    return values;
+}
+
+/// Calls `visit(model, conditions)` for the grid of every model.
+void overGrid(const std::string& what, const auto& visit) {
+    clsSelections standardRun;
+    const Mode mode = what == "capacity" ? capacity : automatic;
+    for (const Model& model : modelsWithPort()) {
+        for (double ted = -30; ted <= 10; ted += 5) {
+            for (double tcd = 25; tcd <= 60; tcd += 5) {
+                for (const double eco : ecoValues(standardRun, model, ted, tcd, what)) {
+                    visit(model, conditionsAt(ted, tcd, mode, eco));
+                }
+            }
+        }
+    }
+}
+
+double quantile(std::vector<double> values, double share) {
+    if (values.empty()) return 0;
+    std::ranges::sort(values);
+    return values[static_cast<std::size_t>(share * static_cast<double>(values.size() - 1))];
+}
+
+void report(benchmark::State& state, const std::string& what, const std::vector<double>& values) {
+    state.counters[what + "_50"] = quantile(values, 0.5);
+    state.counters[what + "_99"] = quantile(values, 0.99);
+    state.counters[what + "_worst"] = quantile(values, 1);
+}
+
+void economized(benchmark::State& state, const std::string& what) {
+    std::vector<double> times;
+    std::vector<double> calls;
+    int solved = 0;  // with a plate or a tank
+    clsSelections selections;
+    for (auto _ : state) {
+        overGrid(what, [&](const Model& model, const clsProjectConditions& conditions) {
+            const Cost cost = runOf(selections, model, conditions);
+            if (selections.Count() == 0 || !selections.Item(1).Variables.Exist("EcoModel")) return;
+            times.push_back(cost.milliseconds);
+            calls.push_back(cost.calls);
+            if (selections.Item(1).Variables.Item("EcoModel").text() != "Impossible") ++solved;
+        });
+    }
+    state.counters["runs"] = static_cast<double>(times.size());
+    state.counters["solved"] = solved;
+    report(state, "ms", times);
+    report(state, "calls", calls);
+}
+BENCHMARK_CAPTURE(economized, plate, std::string("plate"))->Unit(benchmark::kSecond)->Iterations(1);
+BENCHMARK_CAPTURE(economized, tank, std::string("tank"))->Unit(benchmark::kSecond)->Iterations(1);
+BENCHMARK_CAPTURE(economized, capacity, std::string("capacity"))->Unit(benchmark::kSecond)->Iterations(1);
+
+/// From the click on abort, at the given turn of the user interface, to the end of the run.
+void aborted(benchmark::State& state, const std::string& what) {
+    std::vector<double> delays;
+    std::vector<double> turnsAfter;
+    clsSelections selections;
+    int turns = 0;
+    int abortAt = 0;
+    Clock::time_point click;
+    hooks().giveTurn = [&] {
+        if (++turns != abortAt) return;
+        AbortRequested() = true;
+        click = Clock::now();
+    };
+    for (auto _ : state) {
+        overGrid(what, [&](const Model& model, const clsProjectConditions& conditions) {
+            turns = 0;
+            abortAt = 3 + static_cast<int>(delays.size()) % 60;
+            runOf(selections, model, conditions);
+            if (turns < abortAt) return;  // the run was over before
+            delays.push_back(std::chrono::duration<double, std::milli>(Clock::now() - click).count());
+            turnsAfter.push_back(turns - abortAt);
+        });
+    }
+    hooks().giveTurn = nullptr;
+    AbortRequested() = false;
+    state.counters["runs"] = static_cast<double>(delays.size());
+    report(state, "delay_ms", delays);
+    state.counters["turnsAfter_worst"] = quantile(turnsAfter, 1);
+}
+BENCHMARK_CAPTURE(aborted, plate, std::string("plate"))->Unit(benchmark::kSecond)->Iterations(1);
+BENCHMARK_CAPTURE(aborted, capacity, std::string("capacity"))->Unit(benchmark::kSecond)->Iterations(1);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        setApplicationFolder(MARVELLO_APP_FOLDER);
+        gDatabase().Connect(std::string("Data Source=") + MARVELLO_APP_FOLDER + "/db.mdb");
+        benchmark::Initialize(&argc, argv);
+        benchmark::RunSpecifiedBenchmarks();
+        releaseRefprop();
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "%s\n", fault.what());
+        return 2;
+    }
+    return 0;
+}

@@ -1,0 +1,243 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "tests/engine/EngineFixture.h"
+
+namespace marvello {
+namespace {
+
+constexpr int plain = 0;
+constexpr int automatic = 1;
+constexpr int capacity = 2;
+
+// What holds for every compressor at every operating point, whatever the figures.
+class randomSelections : public testing::EngineFixture {
+  protected:
+    randomSelections() {
+        for (int i = 1; i <= 10; ++i) {
+            for (const char* refrigerant : {"R134A", "R290"}) {
+                catalogue.compressor({{"fRefrigerantID", std::string("'") + refrigerant + "'"},
+                                      {"fModelID", "'" + std::to_string(i) + "'"},
+                                      {"fCtsca", std::to_string(between(-3, 3))},
+                                      {"fKForo", std::to_string(between(1.3, 2.2))},
+                                      {"fKPerdita", std::to_string(i == 1 ? 0 : between(0, 0.5))},
+                                      {"fSez", std::to_string(between(200, 400))},
+                                      {"fOilCoolingLimit", std::to_string(between(60, 110))},
+                                      {"fOilCoolingLimitEco", std::to_string(between(60, 110))}});
+            }
+        }
+        catalogue.completeDefault();
+        catalogue.exec("update tPolynomials set fC1=60, fC2=-0.5, fC3=0, fC4=0.3 where fType=3");
+    }
+
+    double between(double low, double high) {
+        return std::uniform_real_distribution<double>(low, high)(random_);
+    }
+
+    void randomConditions() {
+        conditions.TEvaporatingDew = between(-20, 15);
+        conditions.TCondensationDew = std::max(conditions.TEvaporatingDew + 25, between(25, 60));
+        conditions.SuperHeat = between(0, 18);
+        conditions.SubCooling = between(0, 10);
+        conditions.OilCoolingCalculateMode = static_cast<int>(between(0, 2.99));
+        conditions.OilCooling = between(60, 110);
+        conditions.EcoCalculateMode = plain;
+    }
+
+    /// Runs both refrigerants at random points and gives each compressor that came to its end to `check`.
+    void atRandomPoints(int points, const auto& prepare, const auto& check) {
+        int checked = 0;
+        for (int i = 0; i < points; ++i) {
+            const std::string refrigerant = i % 2 == 0 ? "R134A" : "R290";
+            randomConditions();
+            prepare(refrigerant);
+            select(refrigerant);
+            for (const auto& compressor : selections) {
+                if (!compressor->Variables.Exist("QcEco")) continue;  // outside the envelope
+                ++checked;
+                SCOPED_TRACE(refrigerant + " " + compressor->Model + " at " +
+                             std::to_string(conditions.TEvaporatingDew) + "/" +
+                             std::to_string(conditions.TCondensationDew));
+                check(*compressor);
+                if (HasFailure()) return;
+            }
+        }
+        EXPECT_GT(checked, 5 * points);
+    }
+
+    static bool says(const clsCompressor& compressor, const char* number) {
+        const auto listed = names(compressor.Messages.Error);
+        return std::ranges::count(listed, std::string("messages.message") + number) > 0;
+    }
+
+  private:
+    std::mt19937 random_{2024};
+};
+
+// The condenser takes what evaporator and motor bring in. By the states: what the gas gives off from the
+// discharge down to the liquid is the capacity and the compression, less what the oil carries off.
+TEST_F(randomSelections, HeatOfTheStandardCycle) {
+    atRandomPoints(
+        40, [](const std::string&) {},
+        [](const clsCompressor& c) {
+            const clsVariables& v = c.Variables;
+            ASSERT_EQ(c.Messages.Error.Count(), 0);
+            EXPECT_NEAR(v("Qc"), v("Q0") + v("Pta"), 1e-12);
+            EXPECT_EQ(v("QcEco"), v("Qc"));
+            const double kilogramsPerSecond = v("Mbase") / 3600;
+            EXPECT_NEAR(v("Q0"), kilogramsPerSecond * (v("Hga") - v("Hl")), 1e-6 * v("Q0"));
+            const bool isCooled = v("Pra") > 0;
+            const double compression = kilogramsPerSecond * (v("H21") - v("Hga"));
+            const double condensed = kilogramsPerSecond * ((isCooled ? v("H2Rif") : v("H21")) - v("Hl"));
+            EXPECT_NEAR(condensed, v("Q0") + compression - v("Pra"), 1e-6 * condensed);
+            EXPECT_EQ(isCooled, v("OCCalculateMode") != 0 && v("T21") > v("OC"));
+            if (v("OCCalculateMode") != 0) {
+                EXPECT_EQ(v("Tsca"), std::min(v("T21"), v("OC")));
+            }
+        });
+}
+
+// With injection the gas of both flows condenses, and the subcooled liquid carries the injection's share to
+// the evaporator: (meco + Mev) (h2 - H3) = Q0 + Qeco + both stages of the compression.
+TEST_F(randomSelections, HeatOfTheEconomizedCycle) {
+    atRandomPoints(
+        30,
+        [this](const std::string&) {
+            conditions.EcoCalculateMode = automatic;
+            conditions.Eco = between(2, 30);
+        },
+        [this](const clsCompressor& c) {
+            const clsVariables& v = c.Variables;
+            ASSERT_TRUE(v.Exist("CopEco"));
+            if (says(c, "26")) return;
+            const double both = v("meco") + v("Mev");
+            const double stages = v("Mev") * (v("H9") - v("Hga")) + both * (v("h2") - v("H71"));
+            // A tank's flow is changed once more after the last cycle, within the tolerance of its search.
+            const double tolerance = v.Item("EcoModel").text() == "Tank" ? 2e-3 : 1e-6;
+            EXPECT_NEAR(both * (v("h2") - v("H3")) / 3600, v("Q0") + v("Qeco") + stages / 3600,
+                        tolerance * v("Qc"));
+            EXPECT_NEAR(v("Mev") / v("Mbase"), 1, 1e-6);
+            EXPECT_NEAR(v("QcEco"), v("Qc") * (1 + v("meco") / v("Mbase")), 1e-9 * v("Qc"));
+            EXPECT_EQ(v("Pcool") > 0, v("T2") > v("OC"));
+            if (v("Pcool") > 0) {
+                EXPECT_NEAR(v("Pcool"), both * (v("h2") - v("H2cool")) / 3600, 1e-9 * v("Qc"));
+                EXPECT_EQ(v("Pra"), v("Pcool"));
+            }
+            EXPECT_GE(v("P7"), v("P9"));
+            EXPECT_GT(v("PtaEco"), v("Pta"));
+        });
+}
+
+TEST_F(randomSelections, EachApproachIsMet) {
+    int plates = 0;
+    int tanks = 0;
+    atRandomPoints(
+        30,
+        [this](const std::string&) {
+            conditions.EcoCalculateMode = automatic;
+            conditions.Eco = between(2, 30);
+        },
+        [&](const clsCompressor& c) {
+            const clsVariables& v = c.Variables;
+            const std::string model = v.Item("EcoModel").text();
+            EXPECT_EQ(model == "Impossible", says(c, "26"));
+            if (model == "Piastra") {
+                ++plates;
+                EXPECT_NEAR(std::abs(v("T31") - v("T7D")), conditions.Eco, 0.01);
+                EXPECT_EQ(says(c, "25"), false);
+            } else if (model == "Tank") {
+                ++tanks;
+                EXPECT_NEAR(v("T31"), v("T6"), 0.01);
+            }
+        });
+    EXPECT_GT(plates, 50);
+    EXPECT_GT(tanks, 5);
+}
+
+TEST_F(randomSelections, EachWantedCapacityIsMetOrRefused) {
+    int met = 0;
+    atRandomPoints(
+        30,
+        [this](const std::string& refrigerant) {
+            const clsVariables& v = select(refrigerant).Variables;
+            const double standard = v.Exist("Q0") ? v("Q0") : 0;
+            conditions.EcoCalculateMode = capacity;
+            conditions.Eco = standard * (between(0, 10) < 2 ? between(0.5, 2.5) : between(1, 1.3));
+        },
+        [&](const clsCompressor& c) {
+            const clsVariables& v = c.Variables;
+            const double most = v("Q0") * (1 + (v("HE") - v("Hl")) / (v("Hga") - v("Hl")));
+            EXPECT_EQ(says(c, "23"), conditions.Eco < std::round(v("Q0") * 10) / 10);
+            EXPECT_EQ(says(c, "24"), conditions.Eco >= most);
+            if (c.Messages.Error.Count() > 0) return;
+            ++met;
+            EXPECT_NEAR(v("Q0") + v("Qeco"), conditions.Eco, 0.05);
+        });
+    EXPECT_GT(met, 50);
+}
+
+// Trends that follow from the model alone, at one point changed in one thing.
+TEST_F(randomSelections, Trends) {
+    struct Figures {
+        double q0, pta, mbase, t21, ca;
+    };
+    const auto now = [this] {
+        const clsVariables& v = select().Variables;
+        return Figures{v("Q0"), v("Pta"), v("Mbase"), v("T21"), v("CA")};
+    };
+    for (int i = 0; i < 30; ++i) {
+        randomConditions();
+        conditions.TEvaporatingDew = std::min(conditions.TEvaporatingDew, 14.0);
+        conditions.TCondensationDew = std::min(conditions.TCondensationDew, 59.0);
+        conditions.MotorVoltage = 400;
+        const Figures before = now();
+        conditions.SubCooling += 2;  // colder liquid takes up more heat; nothing else moves
+        const Figures subcooled = now();
+        EXPECT_GT(subcooled.q0, before.q0);
+        EXPECT_EQ(subcooled.mbase, before.mbase);
+        EXPECT_EQ(subcooled.t21, before.t21);
+        conditions.SubCooling -= 2;
+        conditions.SuperHeat += 2;  // thinner gas at the same displacement; the discharge goes along
+        const Figures superheated = now();
+        EXPECT_LT(superheated.mbase, before.mbase);
+        EXPECT_NEAR(superheated.t21, before.t21 + 2, 1e-9);
+        EXPECT_EQ(superheated.pta, before.pta);
+        conditions.SuperHeat -= 2;
+        conditions.MotorVoltage = 380;
+        EXPECT_NEAR(now().ca, before.ca * 400 / 380, 1e-9);
+    }
+}
+
+// A narrower approach and a higher capacity both want more injection, which wants more power.
+TEST_F(randomSelections, TrendsOfTheEconomizer) {
+    conditions.SubCooling = 3;
+    const auto rises = [this](int mode, const std::vector<double>& wanted) {
+        conditions.EcoCalculateMode = mode;
+        double flow = 0;
+        double power = 0;
+        double total = 0;
+        for (const double eco : wanted) {
+            conditions.Eco = eco;
+            const clsVariables& v = select().Variables;
+            ASSERT_EQ(selections.Item(1).Messages.Error.Count(), 0) << eco;
+            EXPECT_GT(v("meco"), flow) << eco;
+            EXPECT_GT(v("PtaEco"), power) << eco;
+            EXPECT_GT(v("Q0") + v("Qeco"), total) << eco;
+            flow = v("meco");
+            power = v("PtaEco");
+            total = v("Q0") + v("Qeco");
+        }
+    };
+    rises(automatic, {20, 15, 10, 7, 5, 3});
+    conditions.EcoCalculateMode = plain;
+    const double standard = select().Variables("Q0");
+    rises(capacity, {standard + 1, standard + 2, standard + 4, standard + 6});
+}
+
+}  // namespace
+}  // namespace marvello
