@@ -47,9 +47,10 @@ bool liesBetween(const TwoPhases& state, const TwoPhases& from, const TwoPhases&
         const auto [low, high] = std::minmax(from.*part, to.*part);
         return state.*part >= low * (1 - slack) && state.*part <= high * (1 + slack);
     };
-    return state.firstDensity > state.secondDensity && state.share > -rounding && state.share < 1 + rounding &&
-           within(&TwoPhases::temperature, rounding) && within(&TwoPhases::pressure, rounding) &&
-           within(&TwoPhases::firstDensity, bend) && within(&TwoPhases::secondDensity, bend);
+    return state.firstDensity > state.secondDensity && state.share > -rounding &&
+           state.share < 1 + rounding && within(&TwoPhases::temperature, rounding) &&
+           within(&TwoPhases::pressure, rounding) && within(&TwoPhases::firstDensity, bend) &&
+           within(&TwoPhases::secondDensity, bend);
 }
 
 }  // namespace
