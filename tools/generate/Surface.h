@@ -11,12 +11,13 @@ struct Sample {
     double x;
     double y;
     double value;
+    double scale = value;  ///< what an error is compared with
 };
 
 /// How far a surface is from its samples.
 struct FitError {
-    double rms = 0;      ///< relative
-    double largest = 0;  ///< relative
+    double rms = 0;      ///< over the scale of the samples
+    double largest = 0;  ///< likewise
 };
 
 /// Coefficients in the catalogue's order; the nine-term surface leaves the last at 0.
@@ -30,14 +31,17 @@ enum class SurfaceForm {
 
 double evaluate(SurfaceForm form, const Coefficients& coefficients, double x, double y);
 
-/// Least squares of the relative error. Coefficients are rounded to ten significant digits, which is far
-/// below the error of the fit and keeps the tables the same from machine to machine. Needs more samples than
-/// terms.
+/// Least squares of the error over the samples' scale. Coefficients are rounded to ten significant digits,
+/// which is far below the error of the fit and keeps the tables the same from machine to machine. Needs more
+/// samples than terms.
 Coefficients fit(SurfaceForm form, const std::vector<Sample>& samples);
 
 FitError errorOf(SurfaceForm form, const Coefficients& coefficients, const std::vector<Sample>& samples);
 
 /// Least-squares polynomial of degree 4 through samples (x, value), y unused; rounded likewise.
 std::array<double, 5> fitQuartic(const std::vector<Sample>& samples);
+
+/// The same of degree 2.
+std::array<double, 3> fitQuadratic(const std::vector<Sample>& samples);
 
 }  // namespace marvello::generate
