@@ -1,0 +1,66 @@
+// The catalogue as a user meets it: every series gives something, and every rule can speak.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "thermo/clsRefprop.h"
+#include "tools/duties/Duties.h"
+
+namespace marvello::duties {
+namespace {
+
+class CatalogueDuties : public testing::Test {
+  protected:
+    CatalogueDuties() {
+        setApplicationFolder(MARVELLO_APP_FOLDER);
+        gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
+        const std::string tree = MARVELLO_SOURCE_FOLDER;
+        plans = generate::allSeries(tree + "/tools/generate/plans", tree + "/content");
+    }
+    ~CatalogueDuties() override {
+        releaseRefprop();
+        releaseGlobals();
+        setApplicationFolder("");
+    }
+
+    std::vector<generate::SeriesPlan> plans;
+};
+
+/// A usual duty of a series is one that all its compressors are made for, with economizer too.
+TEST_F(CatalogueDuties, EveryCompressorRunsAtTheUsualDutyOfItsSeries) {
+    for (const bool economized : {false, true}) {
+        const std::vector<UsualRun> runs = usualRuns(plans, economized);
+        EXPECT_GE(runs.size(), 80U);
+        for (const UsualRun& run : runs) {
+            EXPECT_GT(run.compressors, 0U);
+            EXPECT_EQ(run.withoutError, run.compressors) << run.serie << " with " << run.refrigerant << ": "
+                                                         << (run.errors.empty() ? "" : run.errors.front());
+        }
+    }
+}
+
+/// A few series are enough for all messages but one: a motor that is missing, which no sound catalogue has.
+TEST_F(CatalogueDuties, EveryMessageOfTheRulesCanCome) {
+    const std::vector<std::pair<std::string, std::string>> enough{
+        {"TK-A", "R134A"}, {"TK-A", "R290"},     {"TK-E", "R134A"}, {"MV-A", "R404A"},
+        {"MV-A", "R290"},  {"MV-A(V)", "R134A"}, {"MV-J", "R22"},   {"GH", "R22"},
+        {"GH", "R134A"},   {"DZ", "R134A"},      {"TK-B", "R134A"}};
+    std::erase_if(plans, [&](const generate::SeriesPlan& plan) {
+        return std::ranges::find(enough, std::pair(plan.serie, plan.refrigerant)) == enough.end();
+    });
+    ASSERT_EQ(plans.size(), enough.size());
+    const auto found = provocations(plans);
+    for (const auto& message : messagesOfTheRules()) {
+        EXPECT_EQ(found.contains(message), message.first != "messages.message33")
+            << message.first << " as " << message.second;
+    }
+    EXPECT_EQ(found.size(), messagesOfTheRules().size() - 1);  // and none without a rule, such as a failure
+}
+
+}  // namespace
+}  // namespace marvello::duties

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "catalogue/clsProjectConditions.h"
+#include "tools/generate/Series.h"
+
+namespace marvello::duties {
+
+/// A series with a refrigerant at its usual duty.
+struct UsualRun {
+    std::string serie;
+    std::string refrigerant;
+    std::size_t compressors = 0;
+    std::size_t withoutError = 0;
+    std::vector<std::string> errors;  ///< keys of messages, each once
+};
+
+/// Runs every series of the plans on the catalogue that is open, DZ in both markets. With economizer where
+/// that is asked for, then only the series that have one.
+std::vector<UsualRun> usualRuns(const std::vector<generate::SeriesPlan>& plans, bool economized);
+
+/// Which message came first where.
+struct Provocation {
+    std::string serie;
+    std::string refrigerant;
+    std::string model;
+    std::string duty;
+};
+
+/// The messages that some compressor gives at some duty, by key and list ("error", "attention",
+/// "information"): a walk over every envelope and beyond, with all settings of the selection form.
+std::map<std::pair<std::string, std::string>, Provocation> provocations(
+    const std::vector<generate::SeriesPlan>& plans);
+
+/// All messages that the rules of the selection can raise, by key and list.
+const std::vector<std::pair<std::string, std::string>>& messagesOfTheRules();
+
+}  // namespace marvello::duties
