@@ -462,6 +462,24 @@ TEST(StoredCatalogue, EnvelopesAreClosedAndNested) {
     });
 }
 
+/// The catalogue's conversions against states of R407C between those that they were fitted through.
+TEST(StoredCatalogue, MeanTemperaturesOfR407CAreConverted) {
+    const Fluid fluid(readCompositions(contentFolder).at("R407C"));
+    const Coefficients condensing = stored().surfaces.at({"R407CTCM", 4, 0.0});
+    const Coefficients evaporating = stored().surfaces.at({"R407CTEM", 4, 0.0});
+    for (double dew = 21.2; dew < 70; dew += 7.3) {
+        const double pressure = fluid.dewPressure(dew);
+        const double bubble = fluid.bubbleTemperature(pressure);
+        EXPECT_NEAR(evaluate(SurfaceForm::cubic, condensing, (bubble + dew) / 2, 0), dew, 0.015);
+        for (double low = -44.3; low < std::min(18.0, dew - 15); low += 6.1) {
+            const double liquid = fluid.enthalpy(bubble - 4, pressure);  // 4 K of subcooling
+            const double inlet = fluid.temperature(fluid.dewPressure(low), liquid);
+            EXPECT_NEAR(evaluate(SurfaceForm::cubic, evaporating, (inlet + low) / 2, liquid), low, 0.01)
+                << low << '/' << dew;
+        }
+    }
+}
+
 /// At the pressure ratio that the built-in volume ratio fits, the work is that of the isentropic compression;
 /// off it, more.
 TEST(ScrewModel, BuiltInRatioCostsOffItsPoint) {

@@ -400,12 +400,22 @@ GeneratedCatalogue emptyCatalogue() {
                         {"fPolynomialID", "fType", "fField", "fC1", "fC2", "fC3", "fC4", "fC5", "fC6", "fC7",
                          "fC8", "fC9", "fC10"},
                         {}};
+    made.conversions = {"tPolynomials.r407c", made.polynomials.columns, {}};
     made.motors = {
         "tMotors",
         {"fMotorID", "fhz", "fC1", "fC2", "fC3", "fC4", "fC5", "fLra1", "fLra2", "fPhase", "FNominalPower"},
         {}};
     made.limits = {"tLimits", {"fLimitID", "fType", "fPoints"}, {}};
     return made;
+}
+
+void addConversions(GeneratedCatalogue& made, const Fluid& r407c) {
+    for (const Conversion& conversion : {evaporatingConversion(r407c), condensingConversion(r407c)}) {
+        std::vector<std::string> row{conversion.name, "4", "0"};
+        for (const double coefficient : conversion.coefficients) row.push_back(text(coefficient));
+        made.conversions.rows.push_back(std::move(row));
+        made.conversionFits.push_back(conversion);
+    }
 }
 
 /// A field of RFC 4180: in quotes where it holds a separator.
@@ -421,7 +431,8 @@ bool Summary::isSound() const {
            hottestDischarge < 140;
 }
 
-GeneratedCatalogue generateCatalogue(const std::vector<SeriesPlan>& series) {
+GeneratedCatalogue generateCatalogue(const std::vector<SeriesPlan>& series,
+                                     const std::vector<FluidPart>& r407c) {
     GeneratedCatalogue made = emptyCatalogue();
     MotorRows motors;
     for (const SeriesPlan& plan : series) {
@@ -432,6 +443,7 @@ GeneratedCatalogue generateCatalogue(const std::vector<SeriesPlan>& series) {
         }
     }
     motors.write(made.motors.rows);
+    addConversions(made, Fluid(r407c));
     return made;
 }
 
@@ -453,8 +465,8 @@ void writeTable(const CsvTable& table, const std::filesystem::path& folder) {
 }
 
 void writeTables(const GeneratedCatalogue& catalogue, const std::filesystem::path& folder) {
-    for (const CsvTable* table :
-         {&catalogue.compressors, &catalogue.polynomials, &catalogue.motors, &catalogue.limits}) {
+    for (const CsvTable* table : {&catalogue.compressors, &catalogue.polynomials, &catalogue.conversions,
+                                  &catalogue.motors, &catalogue.limits}) {
         writeTable(*table, folder);
     }
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/generate/R407cConversions.h"
 #include "tools/generate/Series.h"
 #include "tools/generate/Surface.h"
 
@@ -47,18 +48,22 @@ struct GeneratedCatalogue {
     CsvTable polynomials;
     CsvTable motors;
     CsvTable limits;
+    CsvTable conversions;  ///< of temperatures of R407C
     std::vector<FitRow> fits;
     std::vector<Summary> summaries;
+    std::vector<Conversion> conversionFits;
 };
 
-/// Computes the compressors of all series. The result is the same on each run.
-GeneratedCatalogue generateCatalogue(const std::vector<SeriesPlan>& series);
+/// Computes the compressors of all series, and the conversions of `r407c`. The result is the same on each
+/// run.
+GeneratedCatalogue generateCatalogue(const std::vector<SeriesPlan>& series,
+                                     const std::vector<FluidPart>& r407c);
 
 /// Writes a table as NAME.csv (RFC 4180) into a folder. Throws std::runtime_error when the file cannot be
 /// written.
 void writeTable(const CsvTable& table, const std::filesystem::path& folder);
 
-/// Writes the four tables.
+/// Writes all tables.
 void writeTables(const GeneratedCatalogue& catalogue, const std::filesystem::path& folder);
 
 }  // namespace marvello::generate

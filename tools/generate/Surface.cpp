@@ -12,7 +12,10 @@ std::array<double, 10> terms(SurfaceForm form, double x, double y) {
     if (form == SurfaceForm::cubic) {
         return {1, x, y, x * x, x * y, y * y, x * x * x, y * x * x, x * y * y, y * y * y};
     }
-    return {1, x, x * x, y, y * y, x * y, x * x * y, x * y * y, x * x * y * y, 0};
+    if (form == SurfaceForm::biquadratic) {
+        return {1, x, x * x, y, y * y, x * y, x * x * y, x * y * y, x * x * y * y, 0};
+    }
+    return {1, x, 0, x * x, 0, 0, x * x * x, 0, 0, 0};
 }
 
 double rounded(double value) {
@@ -58,6 +61,13 @@ double evaluate(SurfaceForm form, const Coefficients& coefficients, double x, do
 }
 
 Coefficients fit(SurfaceForm form, const std::vector<Sample>& samples) {
+    if (form == SurfaceForm::lineCubic) {
+        const std::array<double, 4> found = solve<4>(samples, 4, [](const Sample& sample) {
+            const double x = sample.x;
+            return std::array<double, 4>{1, x, x * x, x * x * x};
+        });
+        return {found[0], found[1], 0, found[2], 0, 0, found[3], 0, 0, 0};
+    }
     return solve<10>(samples, form == SurfaceForm::cubic ? 10 : 9,
                      [form](const Sample& sample) { return terms(form, sample.x, sample.y); });
 }

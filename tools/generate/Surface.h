@@ -20,11 +20,12 @@ struct FitError {
     double largest = 0;  ///< likewise
 };
 
-/// Coefficients in the catalogue's order; the nine-term surface leaves the last at 0.
+/// Coefficients in the catalogue's order; terms that a form lacks are left at 0.
 using Coefficients = std::array<double, 10>;
 
-/// The two forms of surface in the catalogue.
+/// The forms of surface in the catalogue.
 enum class SurfaceForm {
+    lineCubic,   ///< 1, x, x^2, x^3 of the cubic: a conversion of temperatures, y unused
     cubic,       ///< 1, x, y, x^2, xy, y^2, x^3, x^2 y, x y^2, y^3: capacity and power
     biquadratic  ///< 1, x, x^2, y, y^2, xy, x^2 y, x y^2, x^2 y^2: discharge temperature
 };
