@@ -155,8 +155,8 @@ void EnvelopeRows::writeOne(const EnvelopeKind& kind, std::vector<std::vector<st
         add(sSuggested, part(allowed.lower(), suggested));
     }
     if (series_->hasForbidden) {
-        // Left of the application limit's lower edge a margin stays.
-        const BrokenLine below = allowed.lower().raised(-1);
+        // The same with and without economizer; a margin stays below the application limit.
+        const BrokenLine below = range_->application.lower().raised(-1);
         const Region strip(range_->over.lower(), below);
         add(forbidden,
             strip.cut(range_->over.lower(), leastDifference_, range_->over.left(), range_->over.right()));

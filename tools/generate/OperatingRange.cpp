@@ -22,6 +22,7 @@ struct Box {
     double highest;
     double ratio;
     double hottest;
+    double lift;  ///< K between evaporating and condensing that are left
 };
 
 class Drawing {
@@ -61,7 +62,7 @@ class Drawing {
         std::vector<double> corners{begin};
         constexpr double leastLength = 6;
         if (reached - begin >= leastLength) corners.push_back(std::round((begin + reached) / 2));
-        if (reached > begin) corners.push_back(reached);
+        if (reached > begin + 1) corners.push_back(reached);
         if (reached < box.to) corners.push_back(box.to);
         std::vector<Point> points;
         for (const double x : corners) points.push_back({x, std::floor(ceiling(box, x))});
@@ -70,10 +71,10 @@ class Drawing {
 
     BrokenLine lowerEdge(const Box& box) const {
         const double begin = left(box);
-        const double bend = box.lowest - leastLift;
+        const double bend = box.lowest - box.lift;
         if (bend >= box.to) return BrokenLine({{begin, box.lowest}, {box.to, box.lowest}});
-        if (bend <= begin) return BrokenLine({{begin, begin + leastLift}, {box.to, box.to + leastLift}});
-        return BrokenLine({{begin, box.lowest}, {bend, box.lowest}, {box.to, box.to + leastLift}});
+        if (bend <= begin) return BrokenLine({{begin, begin + box.lift}, {box.to, box.to + box.lift}});
+        return BrokenLine({{begin, box.lowest}, {bend, box.lowest}, {box.to, box.to + box.lift}});
     }
 
     const SeriesPlan& series_;
@@ -118,8 +119,13 @@ double condensingAtDischarge(const SeriesPlan& series, const ScrewMachine& usual
 OperatingRange operatingRange(const SeriesPlan& series, const Fluid& fluid) {
     const RangePlan& plan = series.range;
     const Drawing drawing(series, fluid);
-    const Box application{plan.evaporatingFrom, plan.evaporatingTo,   plan.condensingFrom,
-                          plan.condensingTo,    series.greatestRatio, hottest};
+    const Box application{plan.evaporatingFrom,
+                          plan.evaporatingTo,
+                          plan.condensingFrom,
+                          plan.condensingTo,
+                          series.greatestRatio,
+                          hottest,
+                          leastLift};
     Box economized = application;
     economized.from -= 3;
     economized.to -= 5;
@@ -132,6 +138,7 @@ OperatingRange operatingRange(const SeriesPlan& series, const Fluid& fluid) {
     over.highest += 3;
     over.ratio *= 1.1;
     over.hottest += 10;
+    over.lift -= 4;
     return {.application = drawing.region(application),
             .economized = drawing.region(economized),
             .over = drawing.region(over),
