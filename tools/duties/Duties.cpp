@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <functional>
 #include <memory>
 
 #include "data/CollectedBoxes.h"
@@ -15,37 +14,8 @@ namespace {
 
 using generate::SeriesPlan;
 
-/// The settings that the selection form starts with, at a point.
-clsProjectConditions conditionsAt(double evaporating, double condensing) {
-    return {.TEvaporatingDew = evaporating,
-            .TCondensationDew = condensing,
-            .SubCooling = 5,
-            .SuperHeat = 10,
-            .StepCapacity = 100,
-            .MotorSize = -1,
-            .MotorVoltage = 400,
-            .MotorHz = 50,
-            .MotorRPM = 1450,
-            .Eco = 10,
-            .OilCooling = 110,
-            .OilCoolingCalculateMode = 1,
-            .InverterFrequency = 50};
-}
-
 std::vector<int> marketsOf(const SeriesPlan& plan) {
     return plan.serie == "DZ" ? std::vector{1, 2} : std::vector{0};
-}
-
-/// Calls look(compressor) for each result of a run.
-template <class Look>
-void run(const SeriesPlan& plan, const clsProjectConditions& conditions, Look look) {
-    const CollectedBoxes said;  // states beyond the refrigerant's range are told by messages as well
-    for (const int market : marketsOf(plan)) {
-        clsSelections selections;
-        selections.Selection(std::make_shared<clsProjectConditions>(conditions), plan.serie, "*",
-                             plan.refrigerant, static_cast<std::uint8_t>(market));
-        for (const auto& compressor : selections) look(*compressor);
-    }
 }
 
 using Message = std::pair<std::string, std::string>;
@@ -127,6 +97,33 @@ std::vector<generate::Point> walk(const generate::RangePlan& range) {
 
 }  // namespace
 
+clsProjectConditions conditionsAt(double evaporating, double condensing) {
+    return {.TEvaporatingDew = evaporating,
+            .TCondensationDew = condensing,
+            .SubCooling = 5,
+            .SuperHeat = 10,
+            .StepCapacity = 100,
+            .MotorSize = -1,
+            .MotorVoltage = 400,
+            .MotorHz = 50,
+            .MotorRPM = 1450,
+            .Eco = 10,
+            .OilCooling = 110,
+            .OilCoolingCalculateMode = 1,
+            .InverterFrequency = 50};
+}
+
+void runSeries(const SeriesPlan& plan, const clsProjectConditions& conditions,
+               const std::function<void(const clsCompressor&)>& look) {
+    const CollectedBoxes said;  // states beyond the refrigerant's range are told by messages as well
+    for (const int market : marketsOf(plan)) {
+        clsSelections selections;
+        selections.Selection(std::make_shared<clsProjectConditions>(conditions), plan.serie, "*",
+                             plan.refrigerant, static_cast<std::uint8_t>(market));
+        for (const auto& compressor : selections) look(*compressor);
+    }
+}
+
 std::vector<UsualRun> usualRuns(const std::vector<SeriesPlan>& plans, bool economized) {
     std::vector<UsualRun> found;
     for (const SeriesPlan& plan : plans) {
@@ -134,7 +131,7 @@ std::vector<UsualRun> usualRuns(const std::vector<SeriesPlan>& plans, bool econo
         UsualRun one{plan.serie, plan.refrigerant, 0, 0, {}};
         clsProjectConditions conditions = conditionsAt(plan.range.typical.x, plan.range.typical.y);
         conditions.EcoCalculateMode = economized ? 1 : 0;
-        run(plan, conditions, [&one](const clsCompressor& compressor) {
+        runSeries(plan, conditions, [&one](const clsCompressor& compressor) {
             ++one.compressors;
             if (compressor.Messages.Error.Count() == 0) ++one.withoutError;
             for (const clsMessage& message : compressor.Messages.Error) {
@@ -159,7 +156,7 @@ std::map<Message, Provocation> provocations(const std::vector<SeriesPlan>& plans
         setting.apply(conditions);
         const std::string duty = storedText(point.x) + "/" + storedText(point.y) + " C" +
                                  (setting.name.empty() ? "" : ", " + setting.name);
-        run(plan, conditions, [&](const clsCompressor& compressor) {
+        runSeries(plan, conditions, [&](const clsCompressor& compressor) {
             const Provocation here{plan.serie, plan.refrigerant, compressor.Model, duty};
             const auto keep = [&](const clsMessages& messages, const char* list) {
                 for (const clsMessage& one : messages) found.try_emplace({one.Name, list}, here);

@@ -1,15 +1,25 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "catalogue/clsCompressor.h"
 #include "catalogue/clsProjectConditions.h"
 #include "tools/generate/Series.h"
 
 namespace marvello::duties {
+
+/// The settings that the selection form starts with, at evaporating and condensing dew temperatures in degC.
+clsProjectConditions conditionsAt(double evaporating, double condensing);
+
+/// Runs a series with its refrigerant on the catalogue that is open, DZ in both markets, and calls
+/// look(compressor) for each result.
+void runSeries(const generate::SeriesPlan& plan, const clsProjectConditions& conditions,
+               const std::function<void(const clsCompressor&)>& look);
 
 /// A series with a refrigerant at its usual duty.
 struct UsualRun {
@@ -20,8 +30,7 @@ struct UsualRun {
     std::vector<std::string> errors;  ///< keys of messages, each once
 };
 
-/// Runs every series of the plans on the catalogue that is open, DZ in both markets. With economizer where
-/// that is asked for, then only the series that have one.
+/// Runs every series of the plans; with economizer where that is asked for, then only those that have one.
 std::vector<UsualRun> usualRuns(const std::vector<generate::SeriesPlan>& plans, bool economized);
 
 /// Which message came first where.

@@ -8,6 +8,7 @@
 #include <map>
 #include <stdexcept>
 
+#include "tools/generate/Economizer.h"
 #include "tools/generate/EnvelopeRows.h"
 #include "tools/generate/FrequencyLaw.h"
 #include "tools/generate/Motor.h"
@@ -82,6 +83,13 @@ class SeriesBuilder {
           envelopes_(series, range_, fluid_) {
         summary_.serie = series.serie;
         summary_.refrigerant = series.refrigerant;
+        if (!series.hasEconomizer()) return;
+        const Point& duty = series.range.typical;
+        portPressure_ = portPressureRatio(cycleAt(fluid_, duty.x, duty.y), series.portRatio);
+        for (const PointGrid::Node& node : grid_.nodes()) {
+            injected_.push_back(node.isEconomized ? injectedAt(fluid_, node.cycle, portPressure_)
+                                                  : InjectedFlow{});
+        }
     }
 
     void build() {
@@ -143,6 +151,14 @@ class SeriesBuilder {
     }
     static bool everywhere(const CyclePoint&) { return true; }
 
+    /// With economizer where there is one. Inverters take it only while their current leaves enough margin.
+    std::vector<Performance> loaded(std::vector<Performance> at) const {
+        if (!isInverter()) {
+            for (std::size_t i = 0; i < injected_.size(); ++i) at[i] = withEconomizer(at[i], injected_[i]);
+        }
+        return at;
+    }
+
     /// Chooses the motors of a model; those of inverters carry the greatest frequency of every point.
     Electrics electricsOf(const ModelPlan& model, ScrewMachine machine, Start start) const {
         Electrics found;
@@ -150,10 +166,11 @@ class SeriesBuilder {
         const auto shaft = [](const Performance& p) { return p.shaftPower; };
         const auto power = [](const Performance& p) { return p.power; };
         const double speed = isInverter() ? 1.2 : 1;  // what 60 Hz takes is never much exceeded at 70 Hz
-        found.full = motors_.of(greatest(grid_.performances(machine, speed), shaft, everywhere), start);
+        found.full =
+            motors_.of(greatest(loaded(grid_.performances(machine, speed)), shaft, everywhere), start);
         found.small = found.full;
         machine.motorPower = found.full.motor.rating;
-        const std::vector<Performance> at = grid_.performances(machine);
+        const std::vector<Performance> at = loaded(grid_.performances(machine));
         if (isInverter()) {
             inverterElectrics(machine, at, found);
             return found;
@@ -272,14 +289,6 @@ class SeriesBuilder {
         }
     }
 
-    /// Ratio of the pressure at the economizer port to the evaporating pressure: the gas in the closed groove
-    /// has been compressed to the port's volume ratio.
-    double portPressureRatio() const {
-        const CyclePoint point = cycleAt(fluid_, series_.range.typical.x, series_.range.typical.y);
-        const double exponent = std::log(point.ratio()) / std::log(point.endDensity / point.density);
-        return std::nearbyint(100 * std::pow(series_.portRatio, exponent)) / 100;
-    }
-
     static constexpr double portLoss = 0.25;
 
     /// The port's section: with an injected flow as great as that of the evaporator, which no economizer
@@ -329,7 +338,7 @@ class SeriesBuilder {
             text(hasPair(model) && model.smallMotor == ModelPlan::SmallMotor::standard),
             std::to_string(series_.hasMotor() ? start : 0),
             "0",
-            text(eco ? portPressureRatio() : 0.0),
+            text(portPressure_),
             text(eco ? portLoss : 0.0),
             text(eco ? portSection(full) : 0.0),
             text(series_.oilCoolingLimit),
@@ -353,6 +362,8 @@ class SeriesBuilder {
     OperatingRange range_;
     PointGrid grid_;
     EnvelopeRows envelopes_;
+    double portPressure_ = 0;             ///< KForo of the catalogue
+    std::vector<InjectedFlow> injected_;  ///< at the nodes of the grid; none without economizer
     Summary summary_;
 };
 
