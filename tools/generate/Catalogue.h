@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "tools/generate/R407cConversions.h"
+#include "tools/generate/Series.h"
 #include "tools/generate/Surface.h"
 
 namespace marvello::generate {
@@ -19,9 +21,26 @@ struct CsvTable {
 struct FitRow {
     std::string polynomial;
     std::string quantity;
-    int step;
+    double field;          ///< what the row is kept by
     FitError application;  ///< over the application limit
     FitError over;         ///< over the limit around it
+};
+
+/// What all models of a series do with a refrigerant, at full load over the application limit.
+struct Summary {
+    std::string serie;
+    std::string refrigerant;
+    std::size_t models = 0;
+    double worstFit = 0;  ///< greatest rms of its surfaces
+    double leastEfficiency = 1;
+    double greatestEfficiency = 0;
+    double hottestDischarge = 0;  ///< degC
+    double leastCop = 1e9;
+    double greatestCop = 0;
+    double frequencyError = 0;  ///< greatest rms of a frequency law
+
+    /// Whether this is within what a screw compressor does.
+    bool isSound() const;
 };
 
 struct GeneratedCatalogue {
@@ -29,15 +48,22 @@ struct GeneratedCatalogue {
     CsvTable polynomials;
     CsvTable motors;
     CsvTable limits;
+    CsvTable conversions;  ///< of temperatures of R407C
     std::vector<FitRow> fits;
+    std::vector<Summary> summaries;
+    std::vector<Conversion> conversionFits;
 };
 
-/// Computes the demonstration catalogue: every series, model and refrigerant. The result is the same on each
+/// Computes the compressors of all series, and the conversions of `r407c`. The result is the same on each
 /// run.
-GeneratedCatalogue generateCatalogue();
+GeneratedCatalogue generateCatalogue(const std::vector<SeriesPlan>& series,
+                                     const std::vector<FluidPart>& r407c);
 
-/// Writes the four tables as NAME.csv (RFC 4180) into a folder. Throws std::runtime_error when a file cannot
-/// be written.
+/// Writes a table as NAME.csv (RFC 4180) into a folder. Throws std::runtime_error when the file cannot be
+/// written.
+void writeTable(const CsvTable& table, const std::filesystem::path& folder);
+
+/// Writes all tables.
 void writeTables(const GeneratedCatalogue& catalogue, const std::filesystem::path& folder);
 
 }  // namespace marvello::generate

@@ -17,39 +17,18 @@ enum LimitType {
     step25 = 4,
     step50 = 5,
     step75 = 6,
-    oilFilter = 7
+    oilFilter = 7,
+    hOnly = 8,
+    hSuggested = 9,
+    sSuggested = 10,
+    forbidden = 11,
+    hertz50 = 12,
+    hertz60 = 13,
+    hertz70 = 14
 };
 
-// The regions are drawn for gas at the greatest superheat allowed, which is hotter by this than at the
-// reference.
-constexpr double greatestSuperheat = 20;
-constexpr double injectionAbove = 4;  // K beyond the oil-cooling limit
-
-/// Where the discharge temperature at the greatest superheat reaches `limit`, over the width of the over
-/// limit.
-BrokenLine dischargeContour(const SeriesPlan& series, const Fluid& fluid, double limit) {
-    const ScrewMachine machine = machineOf(series, series.models[series.models.size() / 2]);
-    const Region& region = series.envelope.over;
-    const auto temperature = [&](double x, double y) {
-        return fullLoad(machine, fluid, x, y).dischargeTemperature + greatestSuperheat - referenceSuperheat;
-    };
-    std::vector<Point> points;
-    constexpr double spacing = 5;
-    const double first = spacing * (std::floor(region.left() / spacing) + 1);
-    std::vector<double> places{region.left()};
-    for (double x = first; x < region.right(); x += spacing) places.push_back(x);
-    places.push_back(region.right());
-    for (const double x : places) {
-        double low = region.lower().at(x);
-        double high = region.upper().at(x) + 5;
-        while (high - low > 0.01) {
-            const double middle = (low + high) / 2;
-            (temperature(x, middle) < limit ? low : high) = middle;
-        }
-        points.push_back({x, high});
-    }
-    return BrokenLine(points);
-}
+constexpr double secondCoolingAbove = 10;  // K of discharge temperature beyond the first kind of cooling
+constexpr double leastDifference = 320;    // kPa between discharge and suction, which drive the oil
 
 /// How far inside the application limit a capacity step is allowed.
 struct StepInset {
@@ -63,14 +42,64 @@ struct StepInset {
 constexpr std::array stepInsets{StepInset{step25, 7, 3, 4, 4, 21}, StepInset{step50, 5, 2, 3, 2.5, 15},
                                 StepInset{step75, 2.5, 1, 1.5, 1, 9}};
 
+// The H version is made for high pressure ratios: bands below the upper edge of the limit, in K.
+constexpr double hOnlyBand = 7;
+constexpr double hSuggestedBand = 17;
+
 BrokenLine level(double y) { return BrokenLine({{0, y}}); }
+
+/// Condensing temperatures at which the pressure difference carries the oil, over the width of a region.
+BrokenLine differenceContour(const Region& region, const Fluid& fluid) {
+    std::vector<Point> points;
+    constexpr double spacing = 4;
+    for (double x = region.left(); x < region.right() + spacing; x += spacing) {
+        const double at = std::min(x, region.right());
+        points.push_back({at, fluid.dewTemperature(fluid.dewPressure(at) + leastDifference)});
+    }
+    return BrokenLine(points);
+}
 
 }  // namespace
 
-EnvelopeRows::EnvelopeRows(const SeriesPlan& series, const Fluid& fluid)
+const std::vector<FrequencyBound>& frequencyBounds() {
+    static const std::vector<FrequencyBound> bounds{{70, 12, 5}, {60, 6, 2}, {50, 0, 0}};
+    return bounds;
+}
+
+Region applicationOf(const OperatingRange& range, const EnvelopeKind& kind) {
+    constexpr double narrowBy = 6;
+    const Region& usual = kind.economized ? range.economized : range.application;
+    return kind.narrow ? Region(usual.lower(), usual.upper().raised(-narrowBy)) : usual;
+}
+
+EnvelopeRows::EnvelopeRows(const SeriesPlan& series, const OperatingRange& range, const Fluid& fluid)
     : series_(&series),
-      oilCooling_(dischargeContour(series, fluid, series.oilCoolingLimit)),
-      injection_(dischargeContour(series, fluid, series.oilCoolingLimit + injectionAbove)) {}
+      range_(&range),
+      fluid_(&fluid),
+      usual_(usualMachine(series, fluid)),
+      cooling_(contour(series.oilCoolingLimit)),
+      moreCooling_(contour(series.oilCoolingLimit + secondCoolingAbove)),
+      coolingEco_(contour(series.oilCoolingLimitEco)),
+      moreCoolingEco_(contour(series.oilCoolingLimitEco + secondCoolingAbove)),
+      leastDifference_(differenceContour(range.over, fluid)) {}
+
+/// Where the discharge temperature at the greatest superheat reaches `limit`, over the width of the over
+/// limit.
+BrokenLine EnvelopeRows::contour(double limit) const {
+    const Region& region = range_->over;
+    constexpr double spacing = 5;
+    const double first = spacing * (std::floor(region.left() / spacing) + 1);
+    std::vector<double> places{region.left()};
+    for (double x = first; x < region.right(); x += spacing) places.push_back(x);
+    places.push_back(region.right());
+    std::vector<Point> points;
+    constexpr double beyond = 3;
+    for (const double x : places) {
+        const double above = region.upper().at(x) + beyond;
+        points.push_back({x, condensingAtDischarge(*series_, usual_, *fluid_, x, limit, above)});
+    }
+    return BrokenLine(points);
+}
 
 std::string EnvelopeRows::nameOf(const EnvelopeKind& kind) const {
     std::string name = series_->serie + "-" + series_->refrigerant;
@@ -87,12 +116,6 @@ std::string EnvelopeRows::idOf(const EnvelopeKind& kind) {
     return nameOf(kind);
 }
 
-Region EnvelopeRows::applicationOf(const EnvelopeKind& kind) const {
-    constexpr double narrowBy = 6;
-    const Region& usual = kind.economized ? series_->envelope.economized : series_->envelope.application;
-    return kind.narrow ? Region(usual.lower(), usual.upper().raised(-narrowBy)) : usual;
-}
-
 void EnvelopeRows::write(std::vector<std::vector<std::string>>& rows) const {
     for (const EnvelopeKind& kind : asked_) writeOne(kind, rows);
 }
@@ -101,25 +124,51 @@ void EnvelopeRows::writeOne(const EnvelopeKind& kind, std::vector<std::vector<st
     const auto add = [&](LimitType type, const std::vector<Point>& points) {
         if (!points.empty()) rows.push_back({nameOf(kind), std::to_string(type), pointsText(points)});
     };
-    const EnvelopePlan& plan = series_->envelope;
-    const Region allowed = applicationOf(kind);
+    const Region allowed = applicationOf(*range_, kind);
     const auto part = [&](const BrokenLine& lower, const BrokenLine& upper) {
         return allowed.cut(lower, upper, allowed.left(), allowed.right());
     };
-    add(over, plan.over.outline());
+    const bool oilFirst = series_->cooling == SeriesPlan::Cooling::oilFirst;
+    const BrokenLine& first = kind.economized ? coolingEco_ : cooling_;
+    const BrokenLine& second = kind.economized ? moreCoolingEco_ : moreCooling_;
+    const double highest = allowed.upper().points().back().y;
+
+    add(over, range_->over.outline());
     add(application, allowed.outline());
-    add(injection, part(injection_, allowed.upper()));
-    add(oilCooling, part(oilCooling_, allowed.upper()));
-    if (kind.smallMotor) add(smallMotor, part(allowed.lower(), plan.smallMotor));
-    if (series_->hasSteps) {
+    add(injection, part(oilFirst ? second : first, allowed.upper()));
+    add(oilCooling, part(oilFirst ? first : second, allowed.upper()));
+    if (kind.smallMotor) add(smallMotor, part(allowed.lower(), range_->smallMotor));
+    if (series_->hasSteps()) {
         for (const StepInset& inset : stepInsets) {
             const Region inner(allowed.lower().raised(inset.bottom), allowed.upper().raised(-inset.top));
-            const double highest = allowed.upper().points().back().y - inset.highest;
-            add(inset.type, inner.cut(inner.lower(), level(highest), allowed.left() + inset.left,
-                                      allowed.right() - inset.right));
+            add(inset.type, inner.cut(inner.lower(), level(highest - inset.highest),
+                                      allowed.left() + inset.left, allowed.right() - inset.right));
         }
     }
-    add(oilFilter, part(allowed.lower(), level(kind.earlyOilFilter ? plan.oilFilterEarly : plan.oilFilter)));
+    add(oilFilter,
+        part(allowed.lower(), level(kind.earlyOilFilter ? range_->oilFilterEarly : range_->oilFilter)));
+    if (series_->hasVersions) {
+        const BrokenLine only = allowed.upper().raised(-hOnlyBand);
+        const BrokenLine suggested = allowed.upper().raised(-hSuggestedBand);
+        add(hOnly, part(only, allowed.upper()));
+        add(hSuggested, part(suggested, only));
+        add(sSuggested, part(allowed.lower(), suggested));
+    }
+    if (series_->hasForbidden) {
+        // The same with and without economizer; a margin stays below the application limit.
+        const BrokenLine below = range_->application.lower().raised(-1);
+        const Region strip(range_->over.lower(), below);
+        add(forbidden,
+            strip.cut(range_->over.lower(), leastDifference_, range_->over.left(), range_->over.right()));
+    }
+    if (series_->drive == SeriesPlan::Drive::inverter) {
+        constexpr std::array types{hertz70, hertz60, hertz50};
+        for (std::size_t i = 0; i < types.size(); ++i) {
+            const FrequencyBound& bound = frequencyBounds()[i];
+            add(types[i], allowed.cut(allowed.lower(), level(highest - bound.below), allowed.left(),
+                                      allowed.right() - bound.left));
+        }
+    }
 }
 
 }  // namespace marvello::generate

@@ -1,18 +1,33 @@
 #pragma once
 
+#include <array>
+#include <filesystem>
+#include <map>
 #include <string>
+#include <vector>
 
 namespace marvello::generate {
 
-/// A refrigerant of the property library, in degC, kPa, kg/m^3, kJ/kg, kJ/(kg K). The library keeps one fluid
-/// for the process: the last Fluid made is the one that answers. A call out of range throws
-/// std::runtime_error.
+/// One component of a refrigerant.
+struct FluidPart {
+    std::string file;         ///< such as "R134A.FLD"
+    double massFraction = 1;  ///< 1 for a pure fluid
+};
+
+/// The components of all refrigerants of a catalogue, from its table tFluidi. Throws std::runtime_error.
+std::map<std::string, std::vector<FluidPart>> readCompositions(const std::filesystem::path& contentFolder);
+
+/// A refrigerant of the property library, in degC, kPa, kg/m^3, kJ/kg, kJ/(kg K), its reference state the one
+/// that the program uses. The library keeps one refrigerant for the process: the last Fluid made is the one
+/// that answers. A call out of range throws std::runtime_error.
 class Fluid {
   public:
-    /// `file` as the catalogue names it, beside the library or below the current folder.
-    explicit Fluid(const std::string& file);
+    /// The fluid files are looked for in the folder Fluids, beside the library or below the current folder.
+    explicit Fluid(const std::vector<FluidPart>& parts);
 
-    double saturationPressure(double temperature) const;
+    double dewPressure(double temperature) const;
+    double dewTemperature(double pressure) const;
+    double bubbleTemperature(double pressure) const;
     double density(double temperature, double pressure) const;
     double enthalpy(double temperature, double pressure) const;
     double entropy(double temperature, double pressure) const;
@@ -28,6 +43,9 @@ class Fluid {
     double temperature(double pressure, double enthalpy) const;
 
   private:
+    double saturationTemperature(double pressure, int side) const;
+
+    std::array<double, 20> moles_{};
     double molarMass_ = 0;  ///< g/mol
 };
 

@@ -2,14 +2,27 @@
 
 #include <cmath>
 #include <numbers>
+#include <stdexcept>
 #include <vector>
 
+#include "tools/generate/ScrewModel.h"
 #include "tools/generate/Surface.h"
 
 namespace marvello::generate {
 namespace {
 
 constexpr double volts = 400;
+
+constexpr std::array horsepowers{10,  12,  15,  20,  25,  30,  35,  40,  45,  50,  60,  70,  80, 90,
+                                 100, 110, 125, 140, 160, 180, 210, 240, 280, 320, 360, 420, 500};
+constexpr double kilowattsAHorsepower = 0.7457;
+
+/// A motor cooled by cold suction gas carries more than its nominal power.
+double ratingOf(std::size_t size) {
+    constexpr double efficiency = 0.93;
+    constexpr double suctionGasCooling = 1.15;
+    return horsepowers[size] * kilowattsAHorsepower / efficiency * suctionGasCooling;
+}
 
 /// Current drawn at an absorbed power. The reactive share is the magnetizing current and a leakage that grows
 /// with the square of the load; at the rating the power factor is 0.88.
@@ -21,19 +34,9 @@ double drawn(double power, double rating) {
     return atRating * std::hypot(active, magnetizing + leakage * active * active);
 }
 
-/// The size under which the motor is sold: the next horsepower of the usual row.
-std::string nominalText(double absorbed) {
-    constexpr std::array sizes{15, 20, 25,  30,  35,  40,  45,  50,  60,  70,
-                               80, 90, 100, 110, 125, 140, 160, 180, 210, 240};
-    constexpr double efficiency = 0.93;
-    constexpr double kilowattsAHorsepower = 0.7457;
-    const double shaft = absorbed * efficiency / kilowattsAHorsepower;
-    int chosen = sizes.back();
-    for (auto size = sizes.rbegin(); size != sizes.rend(); ++size) {
-        if (*size >= shaft) chosen = *size;
-    }
-    return std::to_string(chosen) + " hp (" +
-           std::to_string(static_cast<int>(std::nearbyint(chosen * kilowattsAHorsepower))) + " kW)";
+std::string nominalText(int horsepower) {
+    return std::to_string(horsepower) + " hp (" +
+           std::to_string(static_cast<int>(std::nearbyint(horsepower * kilowattsAHorsepower))) + " kW)";
 }
 
 double toTenth(double value) { return std::nearbyint(value * 10) / 10; }
@@ -48,20 +51,39 @@ double Motor::currentAt(double power) const {
     return sum;
 }
 
-Motor motorFor(double rating, double nominal, Start start) {
+std::size_t motorSizeFor(double shaftPower) {
+    for (std::size_t size = 0; size < horsepowers.size(); ++size) {
+        if (motorInput(shaftPower, ratingOf(size)) <= ratingOf(size)) return size;
+    }
+    throw std::runtime_error("No motor drives a shaft with " + std::to_string(shaftPower) + " kW.");
+}
+
+Motor motorOf(std::size_t size, Start start) {
     constexpr double lockedRotorRatio = 5.8;
+    Motor motor;
+    motor.rating = ratingOf(size);
     std::vector<Sample> samples;
     for (int percent = 5; percent <= 130; percent += 5) {
-        const double power = rating * percent / 100;
-        samples.push_back({power, 0, drawn(power, rating)});
+        const double power = motor.rating * percent / 100;
+        samples.push_back({power, 0, drawn(power, motor.rating)});
     }
-    Motor motor;
     motor.current = fitQuartic(samples);
     // A star winding draws a third of the direct current, half a winding about six tenths.
-    motor.lockedRotorSecond = toTenth(lockedRotorRatio * drawn(rating, rating));
+    motor.lockedRotorSecond = toTenth(lockedRotorRatio * drawn(motor.rating, motor.rating));
     motor.lockedRotorFirst = toTenth(motor.lockedRotorSecond * (start == Start::starDelta ? 1.0 / 3 : 0.6));
-    motor.nominalPower = nominalText(nominal);
+    motor.nominalPower = nominalText(horsepowers[size]);
     return motor;
+}
+
+std::array<double, 3> powerFactorLaw(const Motor& motor) {
+    std::vector<Sample> samples;
+    for (int percent = 15; percent <= 110; percent += 5) {
+        const double power = motor.rating * percent / 100;
+        samples.push_back(
+            {power, 0, power * 1000 / (std::numbers::sqrt3 * volts * drawn(power, motor.rating))});
+    }
+    const std::array<double, 3> law = fitQuadratic(samples);
+    return {law[2], law[1], law[0]};
 }
 
 }  // namespace marvello::generate

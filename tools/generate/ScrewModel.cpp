@@ -1,5 +1,6 @@
 #include "tools/generate/ScrewModel.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace marvello::generate {
@@ -7,20 +8,40 @@ namespace {
 
 constexpr double secondsAnHour = 3600;
 constexpr double kiloPascalsAMegaPascal = 1000;
-constexpr double heatToSurroundings = 0.03;  // share of the absorbed power that does not go into the gas
 
-/// Work of the ideal machine in kJ/kg.
-double specificWork(const ScrewMachine& machine, const Fluid& fluid, double suctionPressure,
-                    double dischargePressure, double suctionDensity, double suctionEnthalpy, double entropy) {
-    const double endDensity = fluid.atEntropy(dischargePressure, entropy).density;
-    const double exponent =
-        std::log(dischargePressure / suctionPressure) / std::log(endDensity / suctionDensity);
-    const double internalPressure = suctionPressure * std::pow(machine.builtInRatio, exponent);
-    const Fluid::Isentropic internal = fluid.atEntropy(internalPressure, entropy);
-    return internal.enthalpy - suctionEnthalpy + (dischargePressure - internalPressure) / internal.density;
+/// Share of the absorbed power that leaves through housing, oil separator and motor cap. Oil separators are
+/// not insulated and as hot as the discharge gas.
+constexpr double heatToSurroundings = 0.11;
+
+}  // namespace
+
+CyclePoint cycleAt(const Fluid& fluid, double evaporating, double condensing) {
+    CyclePoint point;
+    point.evaporating = evaporating;
+    point.condensing = condensing;
+    point.low = fluid.dewPressure(evaporating);
+    point.high = fluid.dewPressure(condensing);
+    const double suction = evaporating + referenceSuperheat;
+    point.density = fluid.density(suction, point.low);
+    point.gas = fluid.enthalpy(suction, point.low);
+    point.entropy = fluid.entropy(suction, point.low);
+    point.liquid = fluid.enthalpy(fluid.bubbleTemperature(point.high) - referenceSubcooling, point.high);
+    const Fluid::Isentropic end = fluid.atEntropy(point.high, point.entropy);
+    point.isentropicEnd = end.enthalpy;
+    point.endDensity = end.density;
+    return point;
 }
 
-/// Absorbed power in kW: a share of the rating lost always, another that grows with the square of the load.
+double specificWork(const CyclePoint& point, const Fluid& fluid, double lowestRatio, double highestRatio) {
+    const double ideal = point.endDensity / point.density;
+    const double builtIn = std::clamp(ideal, lowestRatio, highestRatio);
+    if (builtIn == ideal) return point.isentropicEnd - point.gas;
+    const double exponent = std::log(point.ratio()) / std::log(ideal);
+    const double internalPressure = point.low * std::pow(builtIn, exponent);
+    const Fluid::Isentropic internal = fluid.atEntropy(internalPressure, point.entropy);
+    return internal.enthalpy - point.gas + (point.high - internalPressure) / internal.density;
+}
+
 double motorInput(double shaftPower, double rating) {
     constexpr double idleLoss = 0.022;
     constexpr double loadLoss = 0.045;
@@ -28,30 +49,36 @@ double motorInput(double shaftPower, double rating) {
     return shaftPower + rating * (idleLoss + loadLoss * load * load);
 }
 
-}  // namespace
-
-Performance fullLoad(const ScrewMachine& machine, const Fluid& fluid, double evaporating, double condensing) {
-    const double low = fluid.saturationPressure(evaporating);
-    const double high = fluid.saturationPressure(condensing);
-    const double suction = evaporating + referenceSuperheat;
-    const double density = fluid.density(suction, low);
-    const double gas = fluid.enthalpy(suction, low);
-    const double liquid = fluid.enthalpy(condensing - referenceSubcooling, high);
-    const double ratio = high / low;
-
-    const double volumetric = 1 - machine.fillingLoss - machine.ratioLeakage * (ratio - 1) -
-                              machine.pressureLeakage * (high - low) / kiloPascalsAMegaPascal;
-    const double displaced = machine.displacement / secondsAnHour;
-    const double flow = displaced * volumetric * density;
-    const double work = specificWork(machine, fluid, low, high, density, gas, fluid.entropy(suction, low));
-    const double shaft = flow * work / machine.internalEfficiency + machine.frictionPressure * displaced;
+Performance fullLoad(const ScrewMachine& machine, const CyclePoint& point, double work, double speed) {
+    const double leakage = (machine.ratioLeakage * (point.ratio() - 1) +
+                            machine.pressureLeakage * (point.high - point.low) / kiloPascalsAMegaPascal) /
+                           speed;
+    // Heating of the gas hardly depends on speed, throttling grows with its square.
+    const double filled = 1 - machine.fillingLoss * (1 + speed * speed) / 2;
+    const double displaced = machine.displacement * speed / secondsAnHour;
+    const double flow = displaced * (filled - leakage) * point.density;
+    const double compressed = displaced * (filled - leakage / 2) * point.density;
 
     Performance found;
-    found.capacity = flow * (gas - liquid);
-    found.power = motorInput(shaft, machine.motorPower);
-    found.dischargeTemperature = fluid.temperature(high, gas + (1 - heatToSurroundings) * found.power / flow);
+    found.shaftPower =
+        compressed * work / machine.internalEfficiency + machine.frictionPressure * displaced * speed;
+    found.capacity = flow * (point.gas - point.liquid);
+    const bool hasMotor = machine.motorPower > 0;
+    const double driven = hasMotor ? motorInput(found.shaftPower, machine.motorPower) : found.shaftPower;
+    found.power = hasMotor ? driven * (1 + machine.inverterLoss) : driven;
+    found.dischargeEnthalpy = point.gas + driven * (1 - heatToSurroundings) / flow;
     found.massFlow = flow * secondsAnHour;
-    found.pressureRatio = ratio;
+    found.pressureRatio = point.ratio();
+    found.isentropicEfficiency = flow * (point.isentropicEnd - point.gas) / found.power;
+    return found;
+}
+
+Performance fullLoad(const ScrewMachine& machine, const Fluid& fluid, double evaporating, double condensing,
+                     double speed) {
+    const CyclePoint point = cycleAt(fluid, evaporating, condensing);
+    const double work = specificWork(point, fluid, machine.lowestRatio, machine.highestRatio);
+    Performance found = fullLoad(machine, point, work, speed);
+    found.dischargeTemperature = fluid.temperature(point.high, found.dischargeEnthalpy);
     return found;
 }
 

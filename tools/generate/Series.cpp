@@ -1,129 +1,143 @@
 #include "tools/generate/Series.h"
 
+#include <algorithm>
 #include <cmath>
+#include <map>
+#include <stdexcept>
+#include <utility>
+
+#include "data/Texts.h"
+#include "tools/generate/PlanTable.h"
 
 namespace marvello::generate {
 namespace {
 
-using enum ModelPlan::SmallMotor;
+using Row = PlanTable::Row;
 
-// TK-A: models named after their displacement.
-std::vector<ModelPlan> tkModels() {
-    return {{"120", 120, offered}, {"140", 140, offered},    {"165", 165, none, true},
-            {"190", 190, offered}, {"220", 220, standard},   {"255", 255, none},
-            {"300", 300, offered}, {"350", 350, none, true}, {"410", 410, none, false, true},
-            {"480", 480, offered}};
+std::map<std::string, std::vector<ModelPlan>> readModels(const std::filesystem::path& file) {
+    std::map<std::string, std::vector<ModelPlan>> models;
+    const PlanTable table(file);
+    for (const Row& row : table.rows()) {
+        ModelPlan model;
+        model.code = row.text("model");
+        model.displacement = row.number("displacement");
+        model.smallMotor =
+            static_cast<ModelPlan::SmallMotor>(row.choice("small_motor", {"", "offered", "standard"}));
+        model.oilFilter = static_cast<ModelPlan::OilFilter>(row.choice("oil_filter", {"", "early"}));
+        model.narrow = row.choice("limit", {"", "narrow"}) == 1;
+        model.builtInRatio = row.number("built_in_ratio", 0);
+        model.market = static_cast<int>(row.number("market", 0));
+        models[row.text("serie")].push_back(model);
+    }
+    return models;
 }
 
-// MV-A: models named after nominal horsepower and displacement.
-std::vector<ModelPlan> mvModels() {
-    return {{"25-105", 105, offered},       {"30-125", 125, none},
-            {"35-150", 150, offered},       {"40-175", 175, none},
-            {"45-205", 205, offered, true}, {"50-240", 240, none},
-            {"60-280", 280, standard},      {"70-330", 330, none, false, true},
-            {"80-385", 385, offered},       {"100-450", 450, none}};
+std::map<std::pair<std::string, std::string>, RangePlan> readRanges(const std::filesystem::path& file) {
+    std::map<std::pair<std::string, std::string>, RangePlan> ranges;
+    const PlanTable table(file);
+    for (const Row& row : table.rows()) {
+        ranges[{row.text("range"), row.text("refrigerant")}] = {
+            .evaporatingFrom = row.number("evaporating_from"),
+            .evaporatingTo = row.number("evaporating_to"),
+            .condensingFrom = row.number("condensing_from"),
+            .condensingTo = row.number("condensing_to"),
+            .typical = {row.number("typical_evaporating"), row.number("typical_condensing")}};
+    }
+    return ranges;
 }
 
-EnvelopePlan tkR134a() {
-    return {.application = {BrokenLine({{-15, 25}, {4, 25}, {15, 36}}),
-                            BrokenLine({{-15, 44}, {0, 60}, {15, 65}})},
-            .economized = {BrokenLine({{-20, 25}, {4, 25}, {10, 31}}),
-                           BrokenLine({{-20, 42}, {-2, 60}, {10, 64}})},
-            .over = {BrokenLine({{-22, 20}, {8, 20}, {20, 32}}),
-                     BrokenLine({{-22, 44}, {-4, 64}, {4, 70}, {20, 70}})},
-            .smallMotor = BrokenLine({{-15, 50}, {15, 53}}),
-            .oilFilter = 29,
-            .oilFilterEarly = 41};
-}
-
-EnvelopePlan mvR134a() {
-    return {.application = {BrokenLine({{-12, 28}, {5, 28}, {17, 40}}),
-                            BrokenLine({{-12, 46}, {2, 62}, {17, 67}})},
-            .economized = {BrokenLine({{-18, 28}, {5, 28}, {11, 34}}),
-                           BrokenLine({{-18, 43}, {-1, 61}, {11, 65}})},
-            .over = {BrokenLine({{-20, 23}, {9, 23}, {21, 35}}),
-                     BrokenLine({{-20, 45}, {-2, 66}, {6, 71}, {21, 71}})},
-            .smallMotor = BrokenLine({{-12, 48}, {17, 52}}),
-            .oilFilter = 32,
-            .oilFilterEarly = 41};
-}
-
-EnvelopePlan tkR290() {
-    return {.application = {BrokenLine({{-25, 20}, {0, 20}, {12, 33}}),
-                            BrokenLine({{-25, 37}, {-8, 55}, {12, 60}})},
-            .economized = {BrokenLine({{-30, 20}, {0, 20}, {7, 27}}),
-                           BrokenLine({{-30, 34}, {-10, 55}, {7, 59}})},
-            .over = {BrokenLine({{-32, 16}, {4, 16}, {17, 29}}),
-                     BrokenLine({{-32, 36}, {-12, 58}, {-4, 65}, {17, 65}})},
-            .smallMotor = BrokenLine({{-25, 46}, {12, 49}}),
-            .oilFilter = 24,
-            .oilFilterEarly = 41};
-}
-
-EnvelopePlan mvR290() {
-    return {
-        .application = {BrokenLine({{-22, 23}, {2, 23}, {14, 36}}),
-                        BrokenLine({{-22, 39}, {-6, 56}, {14, 61}})},
-        .economized = {BrokenLine({{-28, 23}, {2, 23}, {9, 30}}), BrokenLine({{-28, 35}, {-8, 56}, {9, 60}})},
-        .over = {BrokenLine({{-30, 19}, {6, 19}, {18, 31}}),
-                 BrokenLine({{-30, 37}, {-10, 60}, {-3, 66}, {18, 66}})},
-        .smallMotor = BrokenLine({{-22, 46}, {14, 49}}),
-        .oilFilter = 27,
-        .oilFilterEarly = 41};
+/// The series of a row, without what its refrigerant decides.
+SeriesPlan readSeries(const Row& row) {
+    SeriesPlan series;
+    series.serie = row.text("serie");
+    series.drive = static_cast<SeriesPlan::Drive>(row.choice("drive", {"motor", "pair", "open", "inverter"}));
+    series.lowestRatio = row.number("built_in_ratio");
+    series.highestRatio = row.number("built_in_ratio_to", series.lowestRatio);
+    series.rowsBy = static_cast<SeriesPlan::RowsBy>(row.choice("rows_by", {"load", "speed", "ratio"}));
+    for (const std::string& word : row.words("rows")) {
+        const auto value = storedNumber(word);
+        if (!value || *value <= 0) row.fault("rows", '"' + word + "\" is no number above 0");
+        series.rows.push_back(*value);
+    }
+    if (series.rows.empty()) row.fault("rows", "there is none");
+    // The best of the rows is as good as a ratio that adapts.
+    if (series.rowsBy == SeriesPlan::RowsBy::ratio) series.highestRatio = series.rows.back();
+    series.fillingLoss = row.number("filling_loss");
+    series.leakage = row.number("leakage");
+    series.internalEfficiency = row.number("internal_efficiency");
+    series.portRatio = row.number("port_ratio", 0);
+    series.ecoPowerFactor = row.number("eco_power_factor", 0);
+    series.oilCoolingLimit = row.number("oil_limit");
+    series.oilCoolingLimitEco = row.number("oil_limit_eco", series.oilCoolingLimit);
+    series.cooling = static_cast<SeriesPlan::Cooling>(row.choice("cooling", {"oil", "injection"}));
+    const std::vector<std::string> marks = row.words("marks");
+    for (const std::string& mark : marks) {
+        if (mark == "versions")
+            series.hasVersions = true;
+        else if (mark == "forbidden")
+            series.hasForbidden = true;
+        else
+            row.fault("marks", '"' + mark + "\" is none of its words");
+    }
+    series.greatestRatio = row.number("greatest_ratio");
+    return series;
 }
 
 }  // namespace
 
-std::vector<SeriesPlan> allSeries() {
-    const SeriesPlan tk{.serie = "TK-A",
-                        .refrigerant = "R134A",
-                        .fluidFile = "Fluids\\R134A.FLD",
-                        .models = tkModels(),
-                        .builtInRatio = 2.6,
-                        .fillingLoss = 0.045,
-                        .internalEfficiency = 0.77,
-                        .motorPowerPerVolume = 0.20,
-                        .hasSteps = true,
-                        .hasSmallMotors = true,
-                        .hasEconomizer = true,
-                        .oilCoolingLimit = 100,
-                        .envelope = tkR134a()};
-    const SeriesPlan mv{.serie = "MV-A",
-                        .refrigerant = "R134A",
-                        .fluidFile = "Fluids\\R134A.FLD",
-                        .models = mvModels(),
-                        .builtInRatio = 3.0,
-                        .fillingLoss = 0.055,
-                        .internalEfficiency = 0.75,
-                        .motorPowerPerVolume = 0.21,
-                        .hasSteps = false,
-                        .hasSmallMotors = true,
-                        .hasEconomizer = false,
-                        .oilCoolingLimit = 100,
-                        .envelope = mvR134a()};
-    const auto withPropane = [](SeriesPlan plan, double builtInRatio, const EnvelopePlan& envelope) {
-        plan.refrigerant = "R290";
-        plan.fluidFile = "Fluids\\PROPANE.FLD";
-        plan.builtInRatio = builtInRatio;
-        plan.motorPowerPerVolume *= 1.3;
-        plan.hasSmallMotors = false;
-        plan.envelope = envelope;
-        return plan;
-    };
-    return {tk, mv, withPropane(tk, 2.4, tkR290()), withPropane(mv, 2.7, mvR290())};
+std::vector<SeriesPlan> allSeries(const std::filesystem::path& plans, const std::filesystem::path& content) {
+    const auto models = readModels(plans / "models.csv");
+    const auto ranges = readRanges(plans / "ranges.csv");
+    const auto fluids = readCompositions(content);
+    std::vector<SeriesPlan> all;
+    const PlanTable table(plans / "series.csv");
+    for (const Row& row : table.rows()) {
+        SeriesPlan series = readSeries(row);
+        const auto ofSeries = models.find(series.serie);
+        if (ofSeries == models.end()) row.fault("serie", "models.csv has no model of it");
+        series.models = ofSeries->second;
+        for (const std::string& refrigerant : row.words("refrigerants")) {
+            const auto fluid = fluids.find(refrigerant);
+            if (fluid == fluids.end()) row.fault("refrigerants", "tFluidi.csv has no " + refrigerant);
+            const auto range = ranges.find({row.text("range"), refrigerant});
+            if (range == ranges.end())
+                row.fault("refrigerants", "ranges.csv has no " + row.text("range") + " for " + refrigerant);
+            series.refrigerant = refrigerant;
+            series.fluid = fluid->second;
+            series.range = range->second;
+            const double shift = row.number("evaporating_shift", 0);
+            series.range.evaporatingFrom += shift;
+            series.range.evaporatingTo += shift;
+            series.range.condensingFrom += row.number("condensing_from_shift", 0);
+            series.range.condensingTo += row.number("condensing_to_shift", 0);
+            all.push_back(series);
+        }
+    }
+    return all;
 }
 
-ScrewMachine machineOf(const SeriesPlan& series, const ModelPlan& model) {
+ScrewMachine machineOf(const SeriesPlan& series, const ModelPlan& model, double motorPower) {
     constexpr double sizeOfFigures = 150;  // m^3/h
     const double size = std::pow(sizeOfFigures / model.displacement, 0.25);
+    const bool own = model.builtInRatio > 0;
     return {.displacement = model.displacement,
-            .builtInRatio = series.builtInRatio,
+            .lowestRatio = own ? model.builtInRatio : series.lowestRatio,
+            .highestRatio = own ? model.builtInRatio : series.highestRatio,
             .fillingLoss = series.fillingLoss,
-            .ratioLeakage = 0.016 * size,
-            .pressureLeakage = 0.045 * size,
+            .ratioLeakage = 0.014 * size * series.leakage,
+            .pressureLeakage = 0.040 * size * series.leakage,
             .internalEfficiency = series.internalEfficiency - 0.03 * (size - 1),
             .frictionPressure = 30,
-            .motorPower = series.motorPowerPerVolume * model.displacement};
+            .motorPower = series.hasMotor() ? motorPower : 0,
+            .inverterLoss = series.drive == SeriesPlan::Drive::inverter ? 0.03 : 0};
+}
+
+const ModelPlan& middleModel(const SeriesPlan& series) { return series.models[series.models.size() / 2]; }
+
+double leastSpeed(const SeriesPlan& series) {
+    constexpr double nominalSpeed = 2900;  // rpm
+    if (series.rowsBy != SeriesPlan::RowsBy::speed) return 1;
+    return *std::min_element(series.rows.begin(), series.rows.end()) / nominalSpeed;
 }
 
 }  // namespace marvello::generate

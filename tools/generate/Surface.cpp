@@ -12,7 +12,10 @@ std::array<double, 10> terms(SurfaceForm form, double x, double y) {
     if (form == SurfaceForm::cubic) {
         return {1, x, y, x * x, x * y, y * y, x * x * x, y * x * x, x * y * y, y * y * y};
     }
-    return {1, x, x * x, y, y * y, x * y, x * x * y, x * y * y, x * x * y * y, 0};
+    if (form == SurfaceForm::biquadratic) {
+        return {1, x, x * x, y, y * y, x * y, x * x * y, x * y * y, x * x * y * y, 0};
+    }
+    return {1, x, 0, x * x, 0, 0, x * x * x, 0, 0, 0};
 }
 
 double rounded(double value) {
@@ -24,18 +27,19 @@ double rounded(double value) {
     return result;
 }
 
-/// Solves for the `count` coefficients of the terms that `termsOf` gives, each sample with weight 1/value.
+/// Solves for the `count` coefficients of the terms that `termsOf` gives, each sample with weight 1/scale.
 template <std::size_t Size, class Terms>
 std::array<double, Size> solve(const std::vector<Sample>& samples, std::size_t count, Terms termsOf) {
     const auto rows = static_cast<Eigen::Index>(samples.size());
     const auto columns = static_cast<Eigen::Index>(count);
     Eigen::MatrixXd matrix(rows, columns);
-    const Eigen::VectorXd wanted = Eigen::VectorXd::Ones(rows);
+    Eigen::VectorXd wanted(rows);
     for (Eigen::Index row = 0; row < rows; ++row) {
         const Sample& sample = samples[static_cast<std::size_t>(row)];
         const std::array<double, Size> values = termsOf(sample);
+        wanted(row) = sample.value / sample.scale;
         for (Eigen::Index column = 0; column < columns; ++column) {
-            matrix(row, column) = values[static_cast<std::size_t>(column)] / sample.value;
+            matrix(row, column) = values[static_cast<std::size_t>(column)] / sample.scale;
         }
     }
     // Columns of unit length: cubes of temperatures and the constant differ by five orders of magnitude.
@@ -57,6 +61,13 @@ double evaluate(SurfaceForm form, const Coefficients& coefficients, double x, do
 }
 
 Coefficients fit(SurfaceForm form, const std::vector<Sample>& samples) {
+    if (form == SurfaceForm::lineCubic) {
+        const std::array<double, 4> found = solve<4>(samples, 4, [](const Sample& sample) {
+            const double x = sample.x;
+            return std::array<double, 4>{1, x, x * x, x * x * x};
+        });
+        return {found[0], found[1], 0, found[2], 0, 0, found[3], 0, 0, 0};
+    }
     return solve<10>(samples, form == SurfaceForm::cubic ? 10 : 9,
                      [form](const Sample& sample) { return terms(form, sample.x, sample.y); });
 }
@@ -65,7 +76,7 @@ FitError errorOf(SurfaceForm form, const Coefficients& coefficients, const std::
     FitError found;
     double squares = 0;
     for (const Sample& sample : samples) {
-        const double error = evaluate(form, coefficients, sample.x, sample.y) / sample.value - 1;
+        const double error = (evaluate(form, coefficients, sample.x, sample.y) - sample.value) / sample.scale;
         squares += error * error;
         found.largest = std::max(found.largest, std::abs(error));
     }
@@ -77,6 +88,12 @@ std::array<double, 5> fitQuartic(const std::vector<Sample>& samples) {
     return solve<5>(samples, 5, [](const Sample& sample) {
         const double x = sample.x;
         return std::array<double, 5>{1, x, x * x, x * x * x, x * x * x * x};
+    });
+}
+
+std::array<double, 3> fitQuadratic(const std::vector<Sample>& samples) {
+    return solve<3>(samples, 3, [](const Sample& sample) {
+        return std::array<double, 3>{1, sample.x, sample.x * sample.x};
     });
 }
 

@@ -11,33 +11,38 @@ struct Sample {
     double x;
     double y;
     double value;
+    double scale = value;  ///< what an error is compared with
 };
 
 /// How far a surface is from its samples.
 struct FitError {
-    double rms = 0;      ///< relative
-    double largest = 0;  ///< relative
+    double rms = 0;      ///< over the scale of the samples
+    double largest = 0;  ///< likewise
 };
 
-/// Coefficients in the catalogue's order; the nine-term surface leaves the last at 0.
+/// Coefficients in the catalogue's order; terms that a form lacks are left at 0.
 using Coefficients = std::array<double, 10>;
 
-/// The two forms of surface in the catalogue.
+/// The forms of surface in the catalogue.
 enum class SurfaceForm {
+    lineCubic,   ///< 1, x, x^2, x^3 of the cubic: a conversion of temperatures, y unused
     cubic,       ///< 1, x, y, x^2, xy, y^2, x^3, x^2 y, x y^2, y^3: capacity and power
     biquadratic  ///< 1, x, x^2, y, y^2, xy, x^2 y, x y^2, x^2 y^2: discharge temperature
 };
 
 double evaluate(SurfaceForm form, const Coefficients& coefficients, double x, double y);
 
-/// Least squares of the relative error. Coefficients are rounded to ten significant digits, which is far
-/// below the error of the fit and keeps the tables the same from machine to machine. Needs more samples than
-/// terms.
+/// Least squares of the error over the samples' scale. Coefficients are rounded to ten significant digits,
+/// which is far below the error of the fit and keeps the tables the same from machine to machine. Needs more
+/// samples than terms.
 Coefficients fit(SurfaceForm form, const std::vector<Sample>& samples);
 
 FitError errorOf(SurfaceForm form, const Coefficients& coefficients, const std::vector<Sample>& samples);
 
 /// Least-squares polynomial of degree 4 through samples (x, value), y unused; rounded likewise.
 std::array<double, 5> fitQuartic(const std::vector<Sample>& samples);
+
+/// The same of degree 2.
+std::array<double, 3> fitQuadratic(const std::vector<Sample>& samples);
 
 }  // namespace marvello::generate
