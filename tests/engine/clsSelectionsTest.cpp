@@ -65,6 +65,17 @@ TEST_F(clsSelectionsTest, ConditionsReachTheLoader) {
     EXPECT_THROW(run("B"), ArithmeticFault);
 }
 
+TEST_F(clsSelectionsTest, WithoutConditionsThoseOfBeforeServeOrNone) {
+    const auto runWithout = [this] { selections.Selection(nullptr, "TK-A", "B", "R134A", 0); };
+    runWithout();
+    for (const char* input : {"Ted", "Tcd", "Sh", "Sc", "Eco", "OC", "Fm", "Vm", "MotorType", "ShType"}) {
+        EXPECT_EQ(selections.Item(1).Variables(input), 0) << input;
+    }
+    run("B");
+    runWithout();
+    EXPECT_EQ(selections.Item(1).Variables("Tcd"), 45);
+}
+
 TEST_F(clsSelectionsTest, PropertiesKeepWhatWasGiven) {
     run(" A;B ");
     run("   ");

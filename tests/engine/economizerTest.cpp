@@ -109,6 +109,20 @@ TEST_F(economizer, ATankWhereTheApproachIsWiderThanTheLiquid) {
     EXPECT_EQ(names(selections.Item(1).Messages.Error), keys({"25"}));
 }
 
+// A tank gives the most. What is wanted beyond it finds a flow, but a liquid colder than the port's bubble
+// point.
+TEST_F(economizer, ACapacityBeyondATank) {
+    const clsVariables& tank = run(automatic, 60);
+    const double most = tank("Q0") + tank("Qeco");
+    EXPECT_EQ(run(capacity, most - 0.2).Item("EcoModel").text(), "Tank");
+    EXPECT_EQ(names(selections.Item(1).Messages.Error), keys({}));
+    const clsVariables& v = run(capacity, most + 0.2);
+    EXPECT_EQ(v.Item("EcoModel").text(), "Impossible");
+    EXPECT_EQ(names(selections.Item(1).Messages.Error), keys({"26"}));
+    EXPECT_NEAR(v("Q0") + v("Qeco"), most + 0.2, 0.05);
+    EXPECT_EQ(v("EcoOK"), 0);
+}
+
 // The bubble point at the port beside the liquid at T3 = 45 - 3.0001 degC decides what is tried at all.
 TEST_F(economizer, ALiquidThatThePortCannotCool) {
     // Above it there is nothing to be had: said, and what was set up before stays.
@@ -165,6 +179,33 @@ TEST_F(economizer, CapacitiesOutOfReach) {
     EXPECT_EQ(selections.Item(1).Variables("EcoOK"), -1);
     EXPECT_EQ(selections.Item(1).Variables.Item("EcoModel").text(), "Impossible");
     EXPECT_TRUE(selections.Item(1).Variables.Exist("CopEco"));
+}
+
+// With a glide the plate's approach and TSat go by the dew point of the gas, the tank by the bubble point of
+// the liquid.
+TEST_F(economizer, ABlendWithGlide) {
+    catalogue.blendR407C();
+    catalogue.exec("update tCompressors set fRefrigerantID='R407C'");
+    conditions.EcoCalculateMode = 1;
+    clsRefprop& r = GetRefprop("R407C");
+    const auto expectSaturation = [&r](const clsVariables& v) {
+        EXPECT_NEAR(r.Pressure(v("T6"), 1), v("Peco"), 1e-6);
+        EXPECT_NEAR(r.Pressure(v("TSat"), 2), v("Peco"), 1e-6);
+        EXPECT_NEAR(r.Pressure(v("T9D"), 2), v("P9"), 1e-6);
+        EXPECT_NEAR(r.Density(v("T9D") + 1e-5, 0, 2, v("P9"), 1), v("D9D"), 1e-4);
+        EXPECT_GT(v("TSat") - v("T6"), 4);
+    };
+    conditions.Eco = 6;
+    const clsVariables& plate = select("R407C").Variables;
+    EXPECT_EQ(plate.Item("EcoModel").text(), "Piastra");
+    EXPECT_NEAR(plate("T31") - plate("TSat"), 6, 0.0101);
+    EXPECT_NEAR(plate("T7"), plate("T7D") + plate("Sh"), 1e-9);
+    expectSaturation(plate);
+    conditions.Eco = 60;
+    const clsVariables& tank = select("R407C").Variables;
+    EXPECT_EQ(tank.Item("EcoModel").text(), "Tank");
+    EXPECT_NEAR(tank("T31"), tank("T6"), 0.01);
+    expectSaturation(tank);
 }
 
 // The loss of the injected gas: P7 - P9 = KPerdita / Sez * D7 / D9D * meco, D7 at P7.

@@ -297,13 +297,25 @@ TEST_F(standardCycle, InverterCurrentAndItsMargin) {
     EXPECT_FALSE(selections.Item(1).Variables.Exist("EcoModel"));
 }
 
-// A blend with glide goes by the inlet of its evaporator; here the file of a pure fluid stands for it, so
-// that the inlet is wet and as cold as the dew point.
-TEST_F(standardCycle, TheMeanOfR407CIsThatOfInletAndDew) {
-    catalogue.exec(
-        "insert into tRefrigeranti values('R407C');insert into tFluidi values('R407C','R134A.FLD',1);"
-        "update tCompressors set fRefrigerantID='R407C'");
-    EXPECT_NEAR(select("R407C").Variables("Tem"), -5, 1e-6);
+// With a glide each temperature belongs to its side: the pressures to the dew line, the liquid to the bubble
+// line. The mean of R407C is that of the evaporator's inlet, as warm as the liquid's enthalpy makes it at pe,
+// and its dew point.
+TEST_F(standardCycle, ABlendWithGlide) {
+    catalogue.blendR407C();
+    catalogue.exec("update tCompressors set fRefrigerantID='R407C'");
+    const clsVariables& v = select("R407C").Variables;
+    ASSERT_EQ(selections.Item(1).Messages.Error.Count(), 0);
+    clsRefprop& r = GetRefprop("R407C");
+    EXPECT_EQ(v("Pe"), r.Pressure(-5, 2));
+    EXPECT_EQ(v("Pc"), r.Pressure(45, 2));
+    EXPECT_LT(v("Pc"), r.Pressure(45, 1));
+    EXPECT_NEAR(r.Pressure(v("Tcb"), 1), v("Pc"), 1e-6);
+    EXPECT_NEAR(45 - v("Tcb"), 5, 1);  // the glide of R407C at some 17 bar
+    EXPECT_EQ(v("Teb"), r.Pressure(v("Pe"), 1));
+    const double inlet = 2 * v("Tem") - v("Ted");
+    EXPECT_NEAR(r.Enthalpy(inlet, 0, v("Pe"), 1), r.Enthalpy(v("Tcb") - 8, 0, v("Pc"), 1), 1e-3);
+    EXPECT_LT(inlet, -5);
+    EXPECT_GT(inlet, r.Temperature(v("Pe"), 1, 1, 0, -1));
 }
 
 TEST_F(standardCycle, ADischargeOfZeroNeedsNoReference) {

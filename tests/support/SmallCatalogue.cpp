@@ -96,6 +96,12 @@ void SmallCatalogue::text(const std::string& key, const std::string& text, const
          "','" + text + "')");
 }
 
+void SmallCatalogue::blendR407C() {
+    exec(
+        "insert into tRefrigeranti values('R407C');insert into tFluidi values('R407C','R32.FLD',0.23),"
+        "('R407C','R125.FLD',0.25),('R407C','R134A.FLD',0.52)");
+}
+
 void SmallCatalogue::completeDefault() {
     surface("S", 0, 100, {100, 3, -1.2, 0.03, -0.02, 0.002, 0.0002, -0.0001, 0.00005, -0.00001});
     surface("S", 1, 100, {5, 0.1, 0.25});

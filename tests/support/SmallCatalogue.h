@@ -25,6 +25,8 @@ class SmallCatalogue {
     void limit(const std::string& id, int type, const std::string& points);
     void text(const std::string& key, const std::string& text, const std::string& language = "en-EN");
 
+    /// The refrigerant R407C, a blend with glide.
+    void blendR407C();
     /// The rows that make the default compressor complete: see SmallCatalogue.cpp.
     void completeDefault();
 
