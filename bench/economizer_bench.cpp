@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <exception>
 #include <memory>
 #include <string>
@@ -61,8 +62,8 @@ clsProjectConditions conditionsAt(double ted, double tcd, Mode mode, double eco)
 
 /// One run of one compressor.
 struct Cost {
-    double milliseconds = 0;
-    double calls = 0;  ///< Of the property library.
+    double milliseconds = 0;  ///< Of the processor, so that a busy machine does not count.
+    double calls = 0;         ///< Of the property library.
 };
 
 /// Runs the model with the property library set up, but no state remembered.
@@ -72,10 +73,10 @@ Cost runOf(clsSelections& selections, const Model& model, const clsProjectCondit
     const long long calls = refprop.libraryCalls();
     const auto given = std::make_shared<const clsProjectConditions>(conditions);
     AbortRequested() = false;
-    const auto start = Clock::now();
+    const std::clock_t start = std::clock();
     selections.Selection(given, model.serie, model.name, model.refrigerant, 0);
-    const std::chrono::duration<double, std::milli> taken = Clock::now() - start;
-    return {taken.count(), static_cast<double>(refprop.libraryCalls() - calls)};
+    const double taken = 1e3 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    return {taken, static_cast<double>(refprop.libraryCalls() - calls)};
 }
 
 /// The share of the way from the capacity without economizer to the most that one can give.

@@ -51,7 +51,9 @@ void EconomizerCalculation::injectionPressure() {
 
     double error = 1;
     double old = 0;
-    constexpr int patience = 100;
+    // The pressure rises with the loss and the loss with the pressure: a step that hardly clears its fixed
+    // point lingers there for thousands of passes before it settles or runs off.
+    constexpr int patience = 10000;
     LostSearch passes(patience);
     while (std::abs(error) > tolerance && !AbortRequested()) {
         turn();
