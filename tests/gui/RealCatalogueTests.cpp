@@ -111,7 +111,7 @@ QStringList textsOf(const QWidget& window) {
 
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(Languages, RealCatalogueTest, testing::Values("en-EN", "it-IT"),
+INSTANTIATE_TEST_SUITE_P(Languages, RealCatalogueTest, testing::Values("en-EN", "it-IT", "de-DE"),
                          [](const auto& info) { return std::string(info.param, 2); });
 
 TEST_P(RealCatalogueTest, EverySeriesIsListedWithTheValuesOfTheEngine) {
