@@ -8,6 +8,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -147,8 +148,10 @@ QWidget* MDIMain::makeSelectors() {
 void MDIMain::translateCommand(const char* name, const char* key) {
     QAction* action = commands_[name];
     const QString text = dictionaryText(QLatin1String(key));
+    // A script without Latin letters carries the access key behind the text: "Text(&T)".
+    static const QRegularExpression accessKey(QStringLiteral("\\(&.\\)|&"));
     QString plain = text;
-    plain.remove(u'&');
+    plain.remove(accessKey);
     action->setText(text);
     const QString keys = action->shortcut().toString(QKeySequence::NativeText);
     action->setToolTip(keys.isEmpty() ? plain : QStringLiteral("%1 (%2)").arg(plain, keys));

@@ -112,7 +112,8 @@ QStringList textsOf(const QWidget& window) {
 
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(Languages, RealCatalogueTest, testing::Values("en-EN", "it-IT"),
+INSTANTIATE_TEST_SUITE_P(Languages, RealCatalogueTest,
+                         testing::Values("en-EN", "it-IT", "de-DE", "fr-FR", "es-ES", "cn-CN"),
                          [](const auto& info) { return std::string(info.param, 2); });
 
 TEST_P(RealCatalogueTest, EverySeriesIsListedWithTheValuesOfTheEngine) {
@@ -172,6 +173,17 @@ TEST_P(RealCatalogueTest, NoTextIsMissing) {
     }
     for (const auto* input : form->findChildren<AdvanceText*>())
         EXPECT_FALSE(input->Locked() && input->TextText().isEmpty()) << input->objectName().toStdString();
+}
+
+TEST_P(RealCatalogueTest, TooltipsOfCommandsShowNoAccessKey) {
+    const QRegularExpression accessKey(QStringLiteral("&|\\([A-Z]\\)"));
+    int tooltips = 0;
+    for (const auto* action :
+         window->findChildren<QAction*>(QRegularExpression(QStringLiteral("^mnu_file_")))) {
+        ++tooltips;
+        EXPECT_FALSE(action->toolTip().contains(accessKey)) << action->toolTip().toStdString();
+    }
+    EXPECT_GE(tooltips, 4);  // new, close, close all, exit
 }
 
 TEST_P(RealCatalogueTest, NoTextIsCut) {

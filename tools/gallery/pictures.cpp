@@ -20,7 +20,9 @@
 #include "controls/ResultsView.h"
 #include "data/ApplicationFolder.h"
 #include "data/Globals.h"
+#include "data/Texts.h"
 #include "workspace/MDIMain.h"
+#include "workspace/WindowTexts.h"
 #include "workspace/frmSelection.h"
 
 using namespace marvello;
@@ -76,7 +78,7 @@ struct Demonstration {
         save(window, "error");
         auto* const economiser = form->findChild<AdvanceText*>(QStringLiteral("cmbEco"));
         if (economiser->isEnabled()) {
-            economiser->SetTextValue(QStringLiteral("Approach"));
+            economiser->SetTextValue(fromCore(ListLookup("1", toCore(economiser->Tag1()))));
             economiser->SetKey(QStringLiteral("1"));
             form->lnkCalculate_Click();
             save(window, "economiser");
