@@ -28,6 +28,7 @@ TEST(parsePoints, BracketsFurtherElementsAndFaults) {
     EXPECT_EQ(points.getRightPoint()->Y, -2);
     clsPoints fewer = points;
     fewer.Remove(2);
+    EXPECT_EQ(fewer.Item(1).x, -20.5);
     EXPECT_EQ(fewer.Item(2).Y, -2);
     EXPECT_EQ(fewer.getRightPoint()->x, 10);  // the corners stay
     for (const char* bad : {"", "1,2;", "1", "1,2;x,3", "1;2", "1,,2", "nan,1", "1,2;;3,4"}) {
