@@ -39,6 +39,21 @@ std::string wholeText(const fs::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+/// The texts of one language alone, by key without regard to case.
+std::map<std::string, std::string> textsOf(const std::string& language) {
+    std::map<std::string, std::string> texts;
+    for (auto rows = gDatabase().Execute("Select * from tDictionary where fLanguageID=" + sqlText(language));
+         !rows.eof(); rows.moveNext())
+        texts.emplace(lowered(rows.text("fVariableName")), rows.text("fText"));
+    return texts;
+}
+
+/// The "{0}", "{1}", ... of a text, in whatever order its language needs.
+std::multiset<std::string> placeholders(const std::string& text) {
+    static const std::regex number(R"(\{\d+\})");
+    return {std::sregex_token_iterator(text.begin(), text.end(), number), std::sregex_token_iterator()};
+}
+
 /// The whole dictionary keys that stand as literals in the program's sources.
 std::set<std::string> keysInSources() {
     static const std::regex literal(
@@ -69,6 +84,23 @@ TEST_F(CatalogueContent, HasATextForEachKeyOfTheProgram) {
     }
 }
 
+TEST_F(CatalogueContent, SaysEachTextInEachLanguage) {
+    ASSERT_GE(languages().size(), 6U);
+    const auto texts = textsOf("en-EN");
+    ASSERT_FALSE(texts.empty());
+    for (const auto& language : languages()) {
+        const auto translated = textsOf(language);
+        for (const auto& [key, text] : texts) {
+            const auto found = translated.find(key);
+            ASSERT_NE(found, translated.end()) << key << " in " << language;
+            EXPECT_EQ(found->second.empty(), text.empty()) << key << " in " << language;
+            EXPECT_EQ(placeholders(found->second), placeholders(text)) << key << " in " << language;
+            EXPECT_EQ(std::ranges::count(found->second, '&'), std::ranges::count(text, '&'))
+                << "access key of " << key << " in " << language;
+        }
+    }
+}
+
 TEST_F(CatalogueContent, KeepsCaptionsWithinThePanel) {
     const std::set<std::string> second{"txttem", "txttcm", "txtpe", "txtpc"};
     const auto letters = [](const std::string& text) {
@@ -86,7 +118,7 @@ TEST_F(CatalogueContent, KeepsCaptionsWithinThePanel) {
             EXPECT_LE(letters(row.value), second.contains(lowered(row.object)) ? 9 : 17) << row.value;
         }
     }
-    EXPECT_GE(captions, 32);  // sixteen inputs have a caption, in each language
+    EXPECT_GE(captions, 96);  // sixteen inputs have a caption, in each of six languages
 }
 
 TEST_F(CatalogueContent, OffersTheNeutralKeysOfTheSelectors) {

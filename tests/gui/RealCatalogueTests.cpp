@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QRegularExpression>
+#include <QSet>
 #include <QSettings>
 #include <QTabBar>
 #include <QTemporaryDir>
@@ -184,6 +185,20 @@ TEST_P(RealCatalogueTest, TooltipsOfCommandsShowNoAccessKey) {
         EXPECT_FALSE(action->toolTip().contains(accessKey)) << action->toolTip().toStdString();
     }
     EXPECT_GE(tooltips, 4);  // new, close, close all, exit
+}
+
+TEST_P(RealCatalogueTest, TheHelpOfEachInputHasRoom) {
+    const auto* help = form->findChild<QLabel*>(QStringLiteral("rtfHelp"));
+    QSet<QString> texts;
+    for (auto* input : form->findChildren<AdvanceText*>()) {
+        if (input->objectName() == u"lstModels") continue;  // the one without help
+        emit input->TextGotFocus();
+        EXPECT_TRUE(help->isVisible())
+            << input->objectName().toStdString() << ": " << help->text().toStdString();
+        texts += help->text();
+        EXPECT_GE(help->height(), help->heightForWidth(help->width()));
+    }
+    EXPECT_EQ(texts.size(), 18);  // nineteen inputs; the economiser and its value share theirs
 }
 
 TEST_P(RealCatalogueTest, NoTextIsCut) {
