@@ -8,6 +8,7 @@
 
 #include "data/Globals.h"
 #include "data/clsDatabase.h"
+#include "tests/support/TemporaryFolder.h"
 
 /// A catalogue file of its own for one test, made by `sql`, and nothing left of it or of the globals
 /// afterwards.
@@ -30,13 +31,14 @@ class TestCatalogue {
     }
 
     /// A folder whose name holds what a connection string might stumble over.
-    std::filesystem::path folder() const {
-        return std::filesystem::temp_directory_path() / ("marvello; data = " + std::to_string(getpid()));
-    }
+    const std::filesystem::path& folder() const { return folder_; }
     std::filesystem::path file() const { return folder() / "db.mdb"; }
 
     std::string connectionString() const {
         return "Provider=Microsoft.Jet.OLEDB.4.0;Password=p;User ID=u;Data Source=" + folder().string() +
                "\\db.mdb;Persist Security Info=True;Jet OLEDB:System database=" + folder().string() + "\\db";
     }
+
+  private:
+    std::filesystem::path folder_ = marvello::test::newTemporaryFolder("marvello; data = 1");
 };

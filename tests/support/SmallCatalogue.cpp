@@ -7,14 +7,13 @@
 #include "data/Globals.h"
 #include "data/Hooks.h"
 #include "data/Texts.h"
+#include "tests/support/TemporaryFolder.h"
 #include "thermo/clsRefprop.h"
 #include "tools/catalogue/Schema.h"
 
 namespace marvello::testing {
 
-SmallCatalogue::SmallCatalogue()
-    : folder_(std::filesystem::temp_directory_path() / ("marvello-small-" + std::to_string(getpid()))) {
-    std::filesystem::create_directories(folder_);
+SmallCatalogue::SmallCatalogue() : folder_(test::newTemporaryFolder("marvello-small")) {
     std::string schema = "PRAGMA application_id=" + std::to_string(clsDatabase::applicationId) +
                          ";PRAGMA user_version=" + std::to_string(clsDatabase::schemaVersion) + ";";
     for (const Table& table : schemaTables()) schema += createStatements(table);

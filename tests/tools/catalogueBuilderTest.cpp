@@ -9,6 +9,7 @@
 #include <string>
 
 #include "data/clsDatabase.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tools/catalogue/Content.h"
 
 using namespace marvello;
@@ -90,7 +91,7 @@ class CatalogueBuilder : public testing::Test {
         return faults();
     }
 
-    fs::path folder_ = fs::temp_directory_path() / ("marvello-content-" + std::to_string(getpid()));
+    fs::path folder_ = marvello::test::newTemporaryFolder("marvello-content");
 };
 
 TEST_F(CatalogueBuilder, WritesWhatItRead) {

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "data/Texts.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/tools/CallProgram.h"
 #include "tools/csv/Csv.h"
 #include "tools/csv/Faults.h"
@@ -37,9 +38,7 @@ double number(const Fields& row, const std::string& column) {
 class marvelloFluids : public ::testing::Test {
   protected:
     marvelloFluids()
-        : folder_(fs::temp_directory_path() / ("marvello-fluids-" + std::to_string(getpid()))),
-          csv_(folder_ / "out.csv") {
-        fs::create_directories(folder_);
+        : folder_(marvello::test::newTemporaryFolder("marvello-fluids")), csv_(folder_ / "out.csv") {
         for (const char* name : {"blends.csv", "saturation.csv", "single_phase.csv", "flash.csv"})
             fs::copy_file(source() / name, folder_ / name, fs::copy_options::overwrite_existing);
     }

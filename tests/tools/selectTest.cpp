@@ -9,6 +9,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "tests/support/TemporaryFolder.h"
 #include "tests/tools/CallProgram.h"
 
 namespace {
@@ -98,7 +99,7 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
 }
 
 TEST(marvelloSelect, ABatchRunsInOneProcessAndNamesALineAtFault) {
-    const fs::path file = fs::temp_directory_path() / "marvello-batch.csv";
+    const fs::path file = marvello::test::newTemporaryFolder("marvello-batch") / "batch.csv";
     const auto write = [&file](const char* text) { std::ofstream(file) << text; };
     write("refrigerant,series,ted,tcd\nR134A,TK-A,2,40\nR290,MV-A,-10,45\nR134A,TK-A,-5,\n");
     const Answer answer = call("--tcd 50 --format json --batch " + file.string());
