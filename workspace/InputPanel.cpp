@@ -1,6 +1,7 @@
 #include "workspace/InputPanel.h"
 
 #include <QLabel>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -27,6 +28,12 @@ constexpr int wideUnit = 48;
 constexpr int buttonGap = 14;
 constexpr int buttonHeight = 32;
 constexpr int helpGap = 16;
+
+/// Empty where there is but one sentence.
+QString withoutLastSentence(const QString& text) {
+    static const QRegularExpression endInside(QStringLiteral("\\. |。."));
+    return text.left(text.lastIndexOf(endInside) + 1);
+}
 
 }  // namespace
 
@@ -199,21 +206,27 @@ void InputPanel::layOut() {
     const int left = InternalLeft() + side + captionWidth_;
     lnkCalculate->setGeometry(left - ring, top - ring, width - side - captionWidth_ - side + 2 * ring,
                               buttonHeight + 2 * ring);
-    const int helpTop = top + buttonHeight + helpGap;
-    const int helpWidth = width - 2 * side;
-    const int helpHeight = rtfHelp_->heightForWidth(helpWidth);
-    const bool fits = helpTop + helpHeight <= InternalTop() + InternalHeight();
-    rtfHelp_->setVisible(fits && !rtfHelp_->text().isEmpty());
-    rtfHelp_->setGeometry(InternalLeft() + side, helpTop, helpWidth, helpHeight);
+    layOutHelp({InternalLeft() + side, top + buttonHeight + helpGap, width - 2 * side,
+                InternalTop() + InternalHeight() - top - buttonHeight - helpGap});
+}
+
+// As many whole sentences as there is room for: the first tells what the value is.
+void InputPanel::layOutHelp(const QRect& room) {
+    QString shown = helpText_;
+    const auto height = [&] {
+        rtfHelp_->setText(
+            QStringLiteral("<span style=\"color:%1; font-weight:500\">%2</span><br>%3")
+                .arg(Look::current().text.name(), helpTitle_.toHtmlEscaped(), shown.toHtmlEscaped()));
+        return rtfHelp_->heightForWidth(room.width());
+    };
+    while (!shown.isEmpty() && height() > room.height()) shown = withoutLastSentence(shown);
+    rtfHelp_->setVisible(!shown.isEmpty());
+    if (!shown.isEmpty()) rtfHelp_->setGeometry(room.left(), room.top(), room.width(), height());
 }
 
 void InputPanel::VisualizzaHelp(const QString& title, const QString& text) {
-    if (text.isEmpty()) {
-        rtfHelp_->clear();
-    } else {
-        rtfHelp_->setText(QStringLiteral("<span style=\"color:%1; font-weight:500\">%2</span><br>%3")
-                              .arg(Look::current().text.name(), title.toHtmlEscaped(), text.toHtmlEscaped()));
-    }
+    helpTitle_ = title;
+    helpText_ = text;
     layOut();
 }
 

@@ -60,11 +60,14 @@ class InputPanel : public Container {
     void coupled(AdvanceText* dew, AdvanceText* mid, AdvanceText* pressure);
     void place(AdvanceText* field, int left, int right, int captionWidth);
     void layOutRows(int width);
+    void layOutHelp(const QRect& room);
     void makeTabOrder();
 
     QScrollArea* scroll_;
     QWidget* PicInput_;
     QLabel* rtfHelp_;
+    QString helpTitle_;
+    QString helpText_;
     QList<AdvanceText*> fields_;
     int captionWidth_;
     int rowTop_ = 0;

@@ -79,6 +79,12 @@ class RealCatalogueTest : public testing::TestWithParam<const char*> {
         rows->setCurrentRow(row);
         QTest::keyClick(rows, Qt::Key_Return);
     }
+    /// R407C, whose mean temperatures are shown.
+    void chooseBlendWithGlide() {
+        const QString refrigerants = field("lstRefrigerants")->Tag1();
+        const auto before = refrigerants.left(refrigerants.indexOf(QStringLiteral("R407C|")));
+        choose(field("lstRefrigerants"), static_cast<int>(before.count(';')));
+    }
     static int choices(const AdvanceText* selector) {
         return static_cast<int>(selector->Tag1().split(';', Qt::SkipEmptyParts).size());
     }
@@ -109,6 +115,27 @@ QStringList textsOf(const QWidget& window) {
         for (int row = 0; row < list->count(); ++row) texts += list->item(row)->text();
     for (const auto* widget : window.findChildren<QWidget*>()) texts += widget->accessibleName();
     return texts;
+}
+
+/// Captions, values and units of all fields that are shown have room.
+void expectWholeFields(const QWidget& window) {
+    for (const auto* input : window.findChildren<AdvanceText*>()) {
+        if (!input->isVisible()) continue;
+        const QFontMetricsF metrics(input->property("CaptionFont").value<QFont>());
+        if (input->property("CaptionVisible").toBool()) {
+            EXPECT_LE(metrics.horizontalAdvance(input->CaptionText()),
+                      input->property("CaptionWidth").toInt() - 7)
+                << input->CaptionText().toStdString();
+        }
+        const auto* edit = input->findChild<QLineEdit*>();
+        EXPECT_LE(QFontMetricsF(edit->font()).horizontalAdvance(edit->text()), edit->width() - 3)
+            << input->objectName().toStdString() << " shows " << edit->text().toStdString();
+        const QFontMetricsF units(input->property("UnitCaptionFont").value<QFont>());
+        if (input->property("UnitCaptionVisible").toBool()) {
+            EXPECT_LE(units.horizontalAdvance(input->UnitCaptiontext().trimmed()),
+                      input->property("UnitCaptionWidth").toInt());
+        }
+    }
 }
 
 }  // namespace
@@ -189,39 +216,43 @@ TEST_P(RealCatalogueTest, TooltipsOfCommandsShowNoAccessKey) {
 
 TEST_P(RealCatalogueTest, TheHelpOfEachInputHasRoom) {
     const auto* help = form->findChild<QLabel*>(QStringLiteral("rtfHelp"));
-    QSet<QString> texts;
-    for (auto* input : form->findChildren<AdvanceText*>()) {
-        if (input->objectName() == u"lstModels") continue;  // the one without help
-        emit input->TextGotFocus();
-        EXPECT_TRUE(help->isVisible())
-            << input->objectName().toStdString() << ": " << help->text().toStdString();
-        texts += help->text();
-        EXPECT_GE(help->height(), help->heightForWidth(help->width()));
+    const auto helps = [&] {
+        QStringList texts;
+        for (auto* input : form->findChildren<AdvanceText*>()) {
+            if (input->objectName() == u"lstModels") continue;  // the one without help
+            emit input->TextGotFocus();
+            EXPECT_TRUE(help->isVisible()) << input->objectName().toStdString();
+            EXPECT_LE(help->geometry().bottom(), help->parentWidget()->height());
+            texts += help->text();
+        }
+        return texts;
+    };
+    const QStringList shown = helps();
+    EXPECT_EQ(QSet<QString>(shown.begin(), shown.end()).size(), 18);  // economiser and its value share theirs
+    window->resize(1440, 1200);
+    EXPECT_EQ(helps().join('\n').toStdString(),
+              shown.join('\n').toStdString());  // nothing was left out for want of room
+
+    // A blend with glide takes two more rows: the help gives way, by whole sentences.
+    window->resize(1440, 870);
+    chooseBlendWithGlide();
+    ASSERT_TRUE(field("txtTEM")->isVisible());
+    const QStringList shortened = helps();
+    for (qsizetype i = 0; i < shown.size(); ++i) {
+        EXPECT_TRUE(shown[i].startsWith(shortened[i])) << shortened[i].toStdString();
+        EXPECT_TRUE(QStringLiteral(".。").contains(shortened[i].back())) << shortened[i].toStdString();
     }
-    EXPECT_EQ(texts.size(), 18);  // nineteen inputs; the economiser and its value share theirs
 }
 
 TEST_P(RealCatalogueTest, NoTextIsCut) {
     choose(field("cmbOilCooling"), 2);
     calculate();
     ASSERT_TRUE(form->hasResults());
-    for (const auto* input : window->findChildren<AdvanceText*>()) {
-        if (!input->isVisible()) continue;
-        const QFontMetricsF metrics(input->property("CaptionFont").value<QFont>());
-        if (input->property("CaptionVisible").toBool()) {
-            EXPECT_LE(metrics.horizontalAdvance(input->CaptionText()),
-                      input->property("CaptionWidth").toInt() - 7)
-                << input->CaptionText().toStdString();
-        }
-        const auto* edit = input->findChild<QLineEdit*>();
-        EXPECT_LE(QFontMetricsF(edit->font()).horizontalAdvance(edit->text()), edit->width() - 3)
-            << input->objectName().toStdString() << " shows " << edit->text().toStdString();
-        const QFontMetricsF units(input->property("UnitCaptionFont").value<QFont>());
-        if (input->property("UnitCaptionVisible").toBool()) {
-            EXPECT_LE(units.horizontalAdvance(input->UnitCaptiontext().trimmed()),
-                      input->property("UnitCaptionWidth").toInt());
-        }
-    }
+    expectWholeFields(*window);
     for (int column = 0; column < list()->columnKeys().size(); ++column)
         EXPECT_LE(TwoLineHeader::widthOf(list()->columnTexts()[column]), list()->columnWidth(column));
+
+    chooseBlendWithGlide();
+    ASSERT_TRUE(field("txtTEM")->isVisible());
+    expectWholeFields(*window);
 }
