@@ -50,32 +50,30 @@ TEST_F(CatalogueDuties, MotorsCarryTheEconomizer) {
     int calculated = 0;
     for (const generate::SeriesPlan& plan : plans) {
         if (!plan.hasEconomizer() || plan.drive == generate::SeriesPlan::Drive::inverter) continue;
-        for (const double height : {0.4, 0.9}) {
-            for (const double width : {0.2, 0.8}) {
-                const generate::RangePlan& range = plan.range;
-                clsProjectConditions conditions = conditionsAt(
-                    range.evaporatingFrom + width * (range.evaporatingTo - range.evaporatingFrom),
-                    range.condensingFrom + height * (range.condensingTo - range.condensingFrom));
-                conditions.EcoCalculateMode = 1;
-                conditions.Eco = 5;
-                runSeries(plan, conditions, [&](const clsCompressor& compressor) {
-                    constexpr int application = 0;
-                    if (compressor.Messages.Error.Count() > 0 ||
-                        !compressor.limits
-                             .GetLimitsFromPoint(conditions.TEvaporatingDew, conditions.TCondensationDew)
-                             .FindLimitType(application))
-                        return;
-                    ++calculated;
-                    EXPECT_LT(compressor.Variables("CAECO"), compressor.Variables("Fla"))
-                        << plan.serie << ' ' << plan.refrigerant << ' ' << compressor.Model << " at "
-                        << conditions.TEvaporatingDew << '/' << conditions.TCondensationDew;
-                    EXPECT_GT(compressor.Variables("CAECO"), compressor.Variables("CA"));
-                    EXPECT_LT(compressor.Variables("EtaComp1"), 1);
-                });
-            }
+        for (const generate::Point& inside : {generate::Point{0.2, 0.7}, generate::Point{0.8, 0.9}}) {
+            const generate::RangePlan& range = plan.range;
+            clsProjectConditions conditions =
+                conditionsAt(range.evaporatingFrom + inside.x * (range.evaporatingTo - range.evaporatingFrom),
+                             range.condensingFrom + inside.y * (range.condensingTo - range.condensingFrom));
+            conditions.EcoCalculateMode = 1;
+            conditions.Eco = 5;
+            runSeries(plan, conditions, [&](const clsCompressor& compressor) {
+                constexpr int application = 0;
+                if (compressor.Messages.Error.Count() > 0 ||
+                    !compressor.limits
+                         .GetLimitsFromPoint(conditions.TEvaporatingDew, conditions.TCondensationDew)
+                         .FindLimitType(application))
+                    return;
+                ++calculated;
+                EXPECT_LT(compressor.Variables("CAECO"), compressor.Variables("Fla"))
+                    << plan.serie << ' ' << plan.refrigerant << ' ' << compressor.Model << " at "
+                    << conditions.TEvaporatingDew << '/' << conditions.TCondensationDew;
+                EXPECT_GT(compressor.Variables("CAECO"), compressor.Variables("CA"));
+                EXPECT_LT(compressor.Variables("EtaComp1"), 1);
+            });
         }
     }
-    EXPECT_GT(calculated, 1500);
+    EXPECT_GT(calculated, 900);
 }
 
 /// A few series are enough for all messages but one: a motor that is missing, which no sound catalogue has.

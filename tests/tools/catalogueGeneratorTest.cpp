@@ -120,11 +120,10 @@ struct Stored {
         return evaluate(type == 3 ? SurfaceForm::biquadratic : SurfaceForm::cubic,
                         stored().surfaces.at({text("fPolynomialQ0ID"), type, field}), x, y);
     }
-    /// The field of the row that stands for full load.
+    /// The field of a row that stands for full load: 100 %, 1450 rpm or a ratio in the middle.
     double fullField() const {
-        const double row =
-            series->rows[series->rowsBy == SeriesPlan::RowsBy::ratio ? series->rows.size() / 2 : 0];
-        return series->rowsBy == SeriesPlan::RowsBy::ratio ? 10 * row : row;
+        if (series->rowsBy == SeriesPlan::RowsBy::ratio) return 10 * series->rows[series->rows.size() / 2];
+        return series->rowsBy == SeriesPlan::RowsBy::speed ? 1450 : 100;
     }
     double motorPower() const {
         const auto found = stored().motors.find(integer("fMotorFullID"));
@@ -294,16 +293,17 @@ TEST(StoredCatalogue, PartLoadCostsMoreThanItsShare) {
 TEST(StoredCatalogue, DischargeHoldsNoMoreThanThePower) {
     forAllSeries([](const StoredSeries& at) {
         for (const Stored& one : at.some()) {
-            if (at.series.rowsBy != SeriesPlan::RowsBy::load) continue;
+            if (at.series.rowsBy == SeriesPlan::RowsBy::ratio) continue;
+            const double field = one.fullField();
             at.overApplication([&](double x, double y) {
                 const CyclePoint cycle = cycleAt(at.fluid, x, y);
-                const double volume = one.value(0, 100, x, y) / (cycle.gas - cycle.liquid) / cycle.density;
+                const double volume = one.value(0, field, x, y) / (cycle.gas - cycle.liquid) / cycle.density;
                 for (const double superheat : {0.5, 10.0, 20.0}) {
                     const double flow = volume * at.fluid.density(x + superheat, cycle.low);
                     const double discharge = one.value(3, 10, x, y) + superheat - 10;
                     const double gained = at.fluid.enthalpy(discharge, cycle.high) -
                                           at.fluid.enthalpy(x + superheat, cycle.low);
-                    const double efficiency = flow * gained / one.value(1, 100, x, y);
+                    const double efficiency = flow * gained / one.value(1, field, x, y);
                     EXPECT_LT(1.05 * efficiency, 1) << one.text("fPolynomialQ0ID") << " at " << x << '/' << y;
                     EXPECT_GT(efficiency, 0.8);
                 }

@@ -18,6 +18,7 @@ namespace {
 
 constexpr double fullLoadField = 100;
 constexpr double nominalSpeed = 2900;  // rpm
+constexpr double usualSpeed = 1450;    // rpm, of open drives
 constexpr int noMotor = -1;
 
 std::string text(double value) {
@@ -243,7 +244,7 @@ class SeriesBuilder {
             });
     }
 
-    /// Adds the rows of a model and returns what it does at full load, speed and ratio at their best.
+    /// Adds the rows of a model and returns what it does at full load, usual speed and best ratio.
     std::vector<Performance> addSurfaces(ScrewMachine machine, const std::string& polynomial) {
         std::vector<Performance> full;
         if (series_.rowsBy == SeriesPlan::RowsBy::load) {
@@ -262,7 +263,10 @@ class SeriesBuilder {
                 const std::vector<Performance> at =
                     grid_.performances(machine, bySpeed ? row / nominalSpeed : 1);
                 addPair(polynomial, bySpeed ? row : ratioField * row, at);
-                keepBest(full, at);
+                if (!bySpeed)
+                    keepBest(full, at);
+                else if (row == usualSpeed || full.empty())
+                    full = at;
             }
         }
         grid_.addDischarge(full);

@@ -65,6 +65,7 @@ class Drawing {
         if (reached > begin + 1) corners.push_back(reached);
         if (reached < box.to) corners.push_back(box.to);
         std::vector<Point> points;
+        points.reserve(corners.size());
         for (const double x : corners) points.push_back({x, std::floor(ceiling(box, x))});
         return BrokenLine(points);
     }

@@ -21,7 +21,7 @@ std::array<double, 10> terms(SurfaceForm form, double x, double y) {
 double rounded(double value) {
     std::array<char, 40> text{};
     const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific, 9);
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific, 7);
     double result = 0;
     std::from_chars(text.data(), end.ptr, result);
     return result;

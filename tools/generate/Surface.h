@@ -32,9 +32,9 @@ enum class SurfaceForm {
 
 double evaluate(SurfaceForm form, const Coefficients& coefficients, double x, double y);
 
-/// Least squares of the error over the samples' scale. Coefficients are rounded to ten significant digits,
-/// which is far below the error of the fit and keeps the tables the same from machine to machine. Needs more
-/// samples than terms.
+/// Least squares of the error over the samples' scale. Coefficients are rounded to eight significant digits,
+/// which is far below the error of the fit; only the last digit may depend on how the tool was compiled.
+/// Needs more samples than terms.
 Coefficients fit(SurfaceForm form, const std::vector<Sample>& samples);
 
 FitError errorOf(SurfaceForm form, const Coefficients& coefficients, const std::vector<Sample>& samples);
