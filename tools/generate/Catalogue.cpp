@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
-#include <fstream>
 #include <map>
 #include <stdexcept>
 
@@ -12,6 +10,7 @@
 #include "tools/generate/EnvelopeRows.h"
 #include "tools/generate/FrequencyLaw.h"
 #include "tools/generate/Motor.h"
+#include "tools/generate/NumberText.h"
 
 namespace marvello::generate {
 namespace {
@@ -20,20 +19,6 @@ constexpr double fullLoadField = 100;
 constexpr double nominalSpeed = 2900;  // rpm
 constexpr double usualSpeed = 1450;    // rpm, of open drives
 constexpr int noMotor = -1;
-
-std::string text(double value) {
-    std::array<char, 40> buffer{};
-    return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr};
-}
-
-std::string text(double value, int decimals) {
-    std::array<char, 40> buffer{};
-    return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                         std::chars_format::fixed, decimals)
-                               .ptr};
-}
-
-std::string text(bool value) { return value ? "True" : "False"; }
 
 /// The motors of the maker's row that some compressor has, each once. A motor keeps its number whatever else
 /// is in the catalogue.
@@ -134,7 +119,7 @@ class SeriesBuilder {
                                  false};
         EnvelopeKind economized = plain;
         economized.economized = series_.hasEconomizer();
-        addCompressor(model, sequence, polynomial, electrics, machine, static_cast<int>(start),
+        addCompressor(model, sequence, polynomial, electrics, static_cast<int>(start),
                       {envelopes_.idOf(plain), envelopes_.idOf(economized)}, full);
         ++summary_.models;
     }
@@ -311,24 +296,16 @@ class SeriesBuilder {
         std::string economized;
     };
 
-    std::string builtInText(const ScrewMachine& machine) const {
-        if (series_.rowsBy == SeriesPlan::RowsBy::ratio)
-            return text(series_.rows.front(), 1) + "-" + text(series_.rows.back(), 1);
-        if (machine.highestRatio > machine.lowestRatio)
-            return text(machine.lowestRatio, 1) + "-" + text(machine.highestRatio, 1);
-        return text(machine.lowestRatio, 1);
-    }
-
     void addCompressor(const ModelPlan& model, int sequence, const std::string& polynomial,
-                       const Electrics& electrics, const ScrewMachine& machine, int start,
-                       const EnvelopeIds& envelopes, const std::vector<Performance>& full) {
+                       const Electrics& electrics, int start, const EnvelopeIds& envelopes,
+                       const std::vector<Performance>& full) {
         const bool eco = series_.hasEconomizer();
         const std::string sequenceText = (sequence < 100 ? "0" : "") + std::to_string(sequence);
         std::vector<std::string> row{series_.refrigerant,
                                      series_.serie,
                                      model.code,
                                      sequenceText,
-                                     builtInText(machine),
+                                     builtInRatioText(series_, model),
                                      text(electrics.fullLimit),
                                      text(electrics.smallLimit),
                                      polynomial,
@@ -433,11 +410,6 @@ void addConversions(GeneratedCatalogue& made, const Fluid& r407c) {
     }
 }
 
-/// A field of RFC 4180: in quotes where it holds a separator.
-std::string csvField(const std::string& value) {
-    return value.find_first_of(",\"\n") == std::string::npos ? value : '"' + value + '"';
-}
-
 }  // namespace
 
 bool Summary::isSound() const {
@@ -460,23 +432,6 @@ GeneratedCatalogue generateCatalogue(const std::vector<SeriesPlan>& series,
     motors.write(made.motors.rows);
     addConversions(made, Fluid(r407c));
     return made;
-}
-
-void writeTable(const CsvTable& table, const std::filesystem::path& folder) {
-    const std::filesystem::path path = folder / (table.name + ".csv");
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    const auto writeRow = [&file](const std::vector<std::string>& fields) {
-        const char* separator = "";
-        for (const std::string& field : fields) {
-            file << separator << csvField(field);
-            separator = ",";
-        }
-        file << '\n';
-    };
-    writeRow(table.columns);
-    for (const auto& row : table.rows) writeRow(row);
-    file.close();
-    if (!file) throw std::runtime_error(path.string() + " cannot be written.");
 }
 
 void writeTables(const GeneratedCatalogue& catalogue, const std::filesystem::path& folder) {

@@ -4,18 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "tools/generate/CsvTable.h"
 #include "tools/generate/R407cConversions.h"
 #include "tools/generate/Series.h"
 #include "tools/generate/Surface.h"
 
 namespace marvello::generate {
-
-/// One table as it is written: the column names and the rows.
-struct CsvTable {
-    std::string name;
-    std::vector<std::string> columns;
-    std::vector<std::vector<std::string>> rows;
-};
 
 /// How well one surface of the catalogue stands for its compressor.
 struct FitRow {
@@ -58,10 +52,6 @@ struct GeneratedCatalogue {
 /// run.
 GeneratedCatalogue generateCatalogue(const std::vector<SeriesPlan>& series,
                                      const std::vector<FluidPart>& r407c);
-
-/// Writes a table as NAME.csv (RFC 4180) into a folder. Throws std::runtime_error when the file cannot be
-/// written.
-void writeTable(const CsvTable& table, const std::filesystem::path& folder);
 
 /// Writes all tables.
 void writeTables(const GeneratedCatalogue& catalogue, const std::filesystem::path& folder);

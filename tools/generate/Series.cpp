@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "data/Texts.h"
+#include "tools/generate/NumberText.h"
 #include "tools/generate/PlanTable.h"
 
 namespace marvello::generate {
@@ -130,6 +131,15 @@ ScrewMachine machineOf(const SeriesPlan& series, const ModelPlan& model, double 
             .frictionPressure = 30,
             .motorPower = series.hasMotor() ? motorPower : 0,
             .inverterLoss = series.drive == SeriesPlan::Drive::inverter ? 0.03 : 0};
+}
+
+std::string builtInRatioText(const SeriesPlan& series, const ModelPlan& model) {
+    if (series.rowsBy == SeriesPlan::RowsBy::ratio)
+        return text(series.rows.front(), 1) + "-" + text(series.rows.back(), 1);
+    const ScrewMachine machine = machineOf(series, model, 0);
+    if (machine.highestRatio > machine.lowestRatio)
+        return text(machine.lowestRatio, 1) + "-" + text(machine.highestRatio, 1);
+    return text(machine.lowestRatio, 1);
 }
 
 const ModelPlan& middleModel(const SeriesPlan& series) { return series.models[series.models.size() / 2]; }

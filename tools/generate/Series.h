@@ -76,6 +76,9 @@ std::vector<SeriesPlan> allSeries(const std::filesystem::path& plans, const std:
 /// size, since gaps do so less than rotors.
 ScrewMachine machineOf(const SeriesPlan& series, const ModelPlan& model, double motorPower);
 
+/// The built-in volume ratio as the catalogue shows it: "2.6", or "1.9-3.6" where it adapts or can be chosen.
+std::string builtInRatioText(const SeriesPlan& series, const ModelPlan& model);
+
 /// The model in the middle of its series, which stands for it where one envelope serves all.
 const ModelPlan& middleModel(const SeriesPlan& series);
 

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "tools/generate/Catalogue.h"
+#include "tools/generate/TechnicalData.h"
 
 namespace {
 
@@ -73,13 +74,14 @@ int run(int argc, char** argv) {
     options.add_option("folder", folder, "folder of the catalogue's tables, for instance content")
         ->required()
         ->check(CLI::ExistingDirectory);
-    options.add_option("--plans", plans, "folder with series.csv, models.csv and ranges.csv")
+    options.add_option("--plans", plans, "folder with series.csv, models.csv, ranges.csv and bodies.csv")
         ->check(CLI::ExistingDirectory);
     options.add_flag("--fits", all, "prints the error of every surface");
     CLI11_PARSE(options, argc, argv);
-    const auto catalogue =
-        marvello::generate::generateCatalogue(marvello::generate::allSeries(plans, folder),
-                                              marvello::generate::readCompositions(folder).at("R407C"));
+    const auto series = marvello::generate::allSeries(plans, folder);
+    const auto technical = marvello::generate::technicalData(series, plans);
+    const auto catalogue = marvello::generate::generateCatalogue(
+        series, marvello::generate::readCompositions(folder).at("R407C"));
     if (all) printFits(catalogue);
     const bool summariesAreSound = printSummaries(catalogue);
     if (!printConversions(catalogue) || !summariesAreSound) {
@@ -89,6 +91,8 @@ int run(int argc, char** argv) {
         return 1;
     }
     marvello::generate::writeTables(catalogue, folder);
+    marvello::generate::writeTable(technical.heads, folder);
+    marvello::generate::writeTable(technical.rows, folder);
     return 0;
 }
 
