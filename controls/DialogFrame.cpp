@@ -1,6 +1,7 @@
 #include "controls/DialogFrame.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -8,6 +9,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "controls/Grip.h"
 #include "controls/Icons.h"
 #include "controls/Look.h"
 #include "controls/ctlBtn.h"
@@ -49,17 +51,38 @@ DialogFrame::DialogFrame(const QString& title, QWidget* parent)
     all->addLayout(buttons_);
 }
 
-void DialogFrame::addButton(ctlBtn* button) { buttons_->addWidget(button); }
+void DialogFrame::addButton(ctlBtn* button) {
+    // Where the content reaches the edges, the buttons do not.
+    if (layout()->contentsMargins().left() == 1)
+        buttons_->setContentsMargins(24, 0, 24 - ctlBtn::ring, 20 - ctlBtn::ring);
+    buttons_->addWidget(button);
+    if (button->property("Main").toBool()) main_ = button;
+}
 
 void DialogFrame::setClosable(bool closable) { close_->setVisible(closable); }
 
 void DialogFrame::Transparency(int alpha) { setWindowOpacity(alpha / 255.0); }
 
-void DialogFrame::showEvent(QShowEvent* event) {
+void DialogFrame::setEdgeToEdge() {
+    layout()->setContentsMargins(1, titleHeight, 1, 1);
+    body_->setContentsMargins(0, 0, 0, 0);
+    body_->setSpacing(0);
+}
+
+void DialogFrame::setResizable(const QSize& initial) {
+    grip_ = new Grip(QSize(dialogWidth / 2, titleHeight * 3), this);
+    resize(initial);
+}
+
+void DialogFrame::fitContent() {
     // A wrapped text needs its height at the width of the window.
     const bool wraps = layout()->hasHeightForWidth();
     setFixedSize(dialogWidth,
                  wraps ? layout()->totalHeightForWidth(dialogWidth) : layout()->totalSizeHint().height());
+}
+
+void DialogFrame::showEvent(QShowEvent* event) {
+    if (!grip_) fitContent();
     if (const QWidget* over = parentWidget()) {
         const QRect frame = over->window()->frameGeometry();
         move(frame.center() - QPoint(width() / 2, height() / 2));
@@ -70,6 +93,7 @@ void DialogFrame::showEvent(QShowEvent* event) {
 void DialogFrame::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     close_->move(width() - close_->width() - 6, (titleHeight - close_->height()) / 2);
+    if (grip_) grip_->moveToCorner();
     QPainterPath outline;
     outline.addRoundedRect(rect(), radius, radius);
     setMask(QRegion(outline.toFillPolygon().toPolygon()));
@@ -87,6 +111,13 @@ void DialogFrame::paintEvent(QPaintEvent*) {
     painter.drawText(QRect(16, 0, width() - 60, titleHeight), Qt::AlignVCenter, windowTitle());
     painter.setPen(look.controlLine);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+}
+
+void DialogFrame::keyPressEvent(QKeyEvent* event) {
+    if (main_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+        main_->click();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void DialogFrame::mousePressEvent(QMouseEvent* event) {

@@ -7,6 +7,7 @@ class QVBoxLayout;
 
 namespace marvello {
 
+class Grip;
 class ctlBtn;
 
 /// A floating window of the program: a title line by which it is moved, a body, and buttons at the lower
@@ -21,10 +22,16 @@ class DialogFrame : public QDialog {
     QVBoxLayout* body() { return body_; }
     void addButton(ctlBtn* button);
     void setClosable(bool closable);
+    /// Lets the content reach the edges of the window, for pages with margins of their own.
+    void setEdgeToEdge();
+    /// Lets the user change the size, which begins at `initial`; otherwise the content decides.
+    void setResizable(const QSize& initial);
     /// Sets the window's alpha, 0 to 255.
     void Transparency(int alpha);
 
   protected:
+    /// Enter presses the main button, from wherever the focus is.
+    void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -32,9 +39,13 @@ class DialogFrame : public QDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
+    void fitContent();
+
     QVBoxLayout* body_;
     QHBoxLayout* buttons_;
     QWidget* close_;
+    ctlBtn* main_ = nullptr;
+    Grip* grip_ = nullptr;
     QPoint grabbed_;
     bool moving_ = false;
 };

@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QPalette>
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "controls/LookStyle.h"
@@ -65,7 +67,34 @@ QString styleSheetOf(const Look& look) {
     return sheet;
 }
 
+/// Relative luminance (WCAG 2.1).
+double luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const auto [low, high] = std::minmax({luminance(one), luminance(other)});
+    return (high + 0.05) / (low + 0.05);
+}
+
 }  // namespace
+
+QColor Look::adapted(const QColor& colour) const {
+    constexpr double wanted = 5;
+    constexpr float step = 0.01F;
+    if (!isDark) return colour;
+    QColor result = colour;
+    float lightness = colour.lightnessF();
+    while (contrast(result, surface) < wanted && lightness < 1) {
+        lightness = std::min(lightness + step, 1.0F);
+        result = QColor::fromHslF(std::max(colour.hslHueF(), 0.0F), colour.hslSaturationF(), lightness);
+    }
+    return result;
+}
 
 const Look& Look::light() {
     static const Look look{.window = "#EDF1F3",

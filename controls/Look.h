@@ -34,6 +34,10 @@ struct Look {
     QColor onMark;
     bool isDark;
 
+    /// A colour of the catalogue as this look shows it: unchanged in light; in dark its lightness is raised
+    /// until it stands out 5:1 from the surface.
+    QColor adapted(const QColor& colour) const;
+
     static const Look& light();
     static const Look& dark();
     /// The look that was installed; light before that.

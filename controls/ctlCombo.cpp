@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QStyledItemDelegate>
 
+#include "controls/Grip.h"
 #include "controls/Look.h"
 
 namespace marvello {
@@ -54,44 +55,12 @@ class RowDelegate : public QStyledItemDelegate {
     }
 };
 
-/// The corner by which the list is resized.
-class Grip : public QWidget {
-  public:
-    explicit Grip(QWidget* list) : QWidget(list) {
-        setObjectName(QStringLiteral("picresize"));
-        setCursor(Qt::SizeFDiagCursor);
-        resize(14, 14);
-    }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Look::current().controlLine);
-        painter.drawLine(QPointF(11, 4), QPointF(4, 11));
-        painter.drawLine(QPointF(11, 8), QPointF(8, 11));
-    }
-    void mousePressEvent(QMouseEvent* event) override {
-        start_ = event->globalPosition().toPoint();
-        size_ = parentWidget()->size();
-    }
-    void mouseMoveEvent(QMouseEvent* event) override {
-        if (!(event->buttons() & Qt::LeftButton)) return;
-        const QPoint moved = event->globalPosition().toPoint() - start_;
-        parentWidget()->resize((size_ + QSize(moved.x(), moved.y())).expandedTo(QSize(80, 2 * rowHeight)));
-    }
-
-  private:
-    QPoint start_;
-    QSize size_;
-};
-
 }  // namespace
 
 ctlCombo::ctlCombo(QWidget* parent)
     : QFrame(parent, Qt::Popup | Qt::FramelessWindowHint),
       list_(new QListWidget(this)),
-      picresize_(new Grip(this)) {
+      picresize_(new Grip(QSize(80, 2 * rowHeight), this)) {
     list_->setFrameShape(QFrame::NoFrame);
     list_->setItemDelegate(new RowDelegate(list_));
     list_->setUniformItemSizes(true);

@@ -61,7 +61,7 @@ QSettings windowSettings() { return QSettings(QStringLiteral("Kestrom"), QString
 }  // namespace
 
 MDIMain::MDIMain(const QString& version, QWidget* parent)
-    : QMainWindow(parent), dropList_(new DropList(this)) {
+    : QMainWindow(parent), version_(version), dropList_(new DropList(this)) {
     setObjectName(QStringLiteral("MDIMain"));
     setWindowTitle(QStringLiteral("Kestrom - Marvello "));
     setWindowIcon(markIcon(QStringLiteral("emblem")));

@@ -74,11 +74,13 @@ class MDIMain : public QMainWindow {
     void tileVertical();
     void translateCommand(const char* name, const char* key);
 
+    const QString version_;
     QHash<QString, QAction*> commands_;
     QMenu* mnu_file_ = nullptr;
     QMenu* mnu_tools_ = nullptr;
     QMenu* mnu_tools_language_ = nullptr;
     QMenu* mnuWindow_ = nullptr;
+    QMenu* mnu_help_ = nullptr;
     QActionGroup* languages_ = nullptr;
     QToolBar* CoolBar1_ = nullptr;
     AdvanceText* cmbmeasureunits_ = nullptr;

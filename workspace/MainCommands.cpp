@@ -1,6 +1,7 @@
 // The menus, the tool bar and the selectors of the main window.
 
 #include <QAction>
+#include <QFileInfo>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -8,7 +9,6 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QRegularExpression>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -16,10 +16,13 @@
 #include "controls/Icons.h"
 #include "controls/Look.h"
 #include "controls/TabStrip.h"
+#include "data/ApplicationFolder.h"
 #include "data/Texts.h"
 #include "workspace/DropList.h"
 #include "workspace/MDIMain.h"
 #include "workspace/WindowTexts.h"
+#include "workspace/formBuilds.h"
+#include "workspace/frmAbout.h"
 #include "workspace/frmSelection.h"
 
 namespace marvello {
@@ -28,6 +31,8 @@ namespace {
 
 constexpr int measureBoxWidth = 116;
 constexpr int groupBoxWidth = 132;
+
+QString buildsFile() { return fromCore(applicationFolder()) + QStringLiteral("/builds.rtf"); }
 
 }  // namespace
 
@@ -69,6 +74,11 @@ void MDIMain::makeCommands() {
             [this] {
                 if (frmSelection* form = ActiveForm()) form->moveSelection(1);
             });
+    QAction* builds = command("mnu_help_Builds", nullptr);
+    builds->setVisible(QFileInfo(buildsFile()).size() >= 1);
+    connect(builds, &QAction::triggered, this, [this] { formBuilds(buildsFile(), this).exec(); });
+    connect(command("mnu_help_About", nullptr), &QAction::triggered, this,
+            [this] { frmAbout(version_, this).exec(); });
     connect(command("cascade", "cascade"), &QAction::triggered, this, [this] { area_->cascadeSubWindows(); });
     connect(command("tilehorizontal", "tileh"), &QAction::triggered, this, &MDIMain::tileHorizontal);
     connect(command("tilevertical", "tilev"), &QAction::triggered, this, &MDIMain::tileVertical);
@@ -93,6 +103,9 @@ void MDIMain::makeMenus() {
     mnuWindow_ = menu("mnuWindow");
     for (const char* name : {"cascade", "tilehorizontal", "tilevertical"})
         mnuWindow_->addAction(commands_[name]);
+    mnu_help_ = menu("mnu_help");
+    mnu_help_->addAction(commands_["mnu_help_Builds"]);
+    mnu_help_->addAction(commands_["mnu_help_About"]);
 }
 
 void MDIMain::makeToolBar() {
@@ -148,10 +161,7 @@ QWidget* MDIMain::makeSelectors() {
 void MDIMain::translateCommand(const char* name, const char* key) {
     QAction* action = commands_[name];
     const QString text = dictionaryText(QLatin1String(key));
-    // A script without Latin letters carries the access key behind the text: "Text(&T)".
-    static const QRegularExpression accessKey(QStringLiteral("\\(&.\\)|&"));
-    QString plain = text;
-    plain.remove(accessKey);
+    const QString plain = withoutAccessKey(text);
     action->setText(text);
     const QString keys = action->shortcut().toString(QKeySequence::NativeText);
     action->setToolTip(keys.isEmpty() ? plain : QStringLiteral("%1 (%2)").arg(plain, keys));
@@ -162,6 +172,9 @@ void MDIMain::Traduci() {
     mnu_tools_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.tools")));
     mnu_tools_language_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.tools.language")));
     mnuWindow_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.window")));
+    mnu_help_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.help")));
+    translateCommand("mnu_help_Builds", "mdimain.menu.help.builds");
+    translateCommand("mnu_help_About", "mdimain.menu.help.about");
     translateCommand("mnu_file_new_selection", "mdimain.menu.file.newselection");
     translateCommand("mnu_file_close", "mdimain.menu.file.close");
     translateCommand("mnu_file_closeall", "mdimain.menu.file.closeall");

@@ -1,5 +1,7 @@
 #include "workspace/WindowTexts.h"
 
+#include <QRegularExpression>
+
 #include "data/Globals.h"
 
 namespace marvello {
@@ -18,6 +20,11 @@ QString dictionaryTextIfAny(const QString& key) {
     } catch (const UnknownTextKey&) {
         return {};
     }
+}
+
+QString withoutAccessKey(QString text) {
+    static const QRegularExpression accessKey(QStringLiteral("\\(&.\\)|&"));
+    return text.remove(accessKey);
 }
 
 QString filled(QString text, const QStringList& arguments) {

@@ -19,6 +19,10 @@ QString dictionaryText(const QString& key);
 /// As above; an empty text for a key that the catalogue lacks, for texts that a window can do without.
 QString dictionaryTextIfAny(const QString& key);
 
+/// The text of a menu without the mark of its access key: "&File" or, in a script without Latin letters,
+/// "Text(&T)".
+QString withoutAccessKey(QString text);
+
 /// A text with "{0}", "{1}", ... replaced by the arguments.
 QString filled(QString text, const QStringList& arguments);
 

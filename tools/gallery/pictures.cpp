@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QMenu>
 #include <QSettings>
+#include <QTabBar>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
@@ -40,8 +41,23 @@ struct Demonstration {
         std::puts(window.grab().save(file) ? qPrintable(file) : "not saved");
     }
 
+    /// Opens a dialog through its command and saves what it shows.
+    void saveDialog(MDIMain& window, const char* command, const char* name, int tab = 0) const {
+        QTimer::singleShot(50, &window, [this, name, tab] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            if (!dialog) return;
+            if (auto* tabs = dialog->findChild<QTabBar*>()) tabs->setCurrentIndex(tab);
+            save(*dialog, name);
+            dialog->close();
+        });
+        window.findChild<QAction*>(QLatin1String(command))->trigger();
+    }
+
     void run(MDIMain& window) const {
         save(window, "empty-frame");
+        saveDialog(window, "mnu_help_About", "about");
+        saveDialog(window, "mnu_help_About", "terms", 1);
+        saveDialog(window, "mnu_help_Builds", "builds");
         frmSelection* form = window.newSelection();
         QApplication::processEvents();
         auto* refrigerants = form->findChild<AdvanceText*>(QStringLiteral("lstRefrigerants"));

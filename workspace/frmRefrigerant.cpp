@@ -1,0 +1,61 @@
+#include "workspace/frmRefrigerant.h"
+
+#include <QListWidget>
+#include <QStringList>
+#include <QVBoxLayout>
+
+#include "controls/ctlBtn.h"
+#include "data/Globals.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+frmRefrigerant::frmRefrigerant(QWidget* parent)
+    : DialogFrame(dictionaryText(QStringLiteral("frmrefrigerant.caption")), parent),
+      lv_(new QListWidget(this)) {
+    setObjectName(QStringLiteral("frmRefrigerant"));
+    lv_->setObjectName(QStringLiteral("lv"));
+    lv_->setAccessibleName(windowTitle());
+    lv_->setFrameShape(QFrame::NoFrame);
+    lv_->setMinimumHeight(300);
+    body()->addWidget(lv_);
+    auto* cmdOK = new ctlBtn(QStringLiteral("OK"), true, this);
+    auto* cmdExit = new ctlBtn(dictionaryText(QStringLiteral("frmrefrigerant.cmdexit.caption")), false, this);
+    cmdOK->setObjectName(QStringLiteral("cmdOK"));
+    cmdExit->setObjectName(QStringLiteral("cmdExit"));
+    connect(cmdOK, &ctlBtn::clicked, this, &QDialog::accept);
+    connect(cmdExit, &ctlBtn::clicked, this, &QDialog::reject);
+    addButton(cmdExit);
+    addButton(cmdOK);
+    lv_->setFocus();
+}
+
+std::optional<clsParametersForm> frmRefrigerant::OpenForm(clsParametersForm choice) {
+    fill(fromCore(choice.Parameter));
+    if (exec() != QDialog::Accepted) return std::nullopt;
+    choice.Parameter = toCore(checkedKeys());
+    return choice;
+}
+
+void frmRefrigerant::fill(const QString& chosen) {
+    const QStringList keys = chosen.split(u';', Qt::SkipEmptyParts);
+    lv_->clear();
+    for (auto row =
+             gDatabase().Execute("Select Distinct fRefrigerantId from tCompressors order by  fRefrigerantId");
+         !row.eof(); row.moveNext()) {
+        const QString key = fromCore(row.text("fRefrigerantId"));
+        auto* item = new QListWidgetItem(key, lv_);
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        item->setCheckState(keys.contains(key, Qt::CaseInsensitive) ? Qt::Checked : Qt::Unchecked);
+    }
+    if (lv_->count() > 0) lv_->setCurrentRow(0);
+}
+
+QString frmRefrigerant::checkedKeys() const {
+    QStringList keys;
+    for (int row = 0; row < lv_->count(); ++row)
+        if (lv_->item(row)->checkState() == Qt::Checked) keys += lv_->item(row)->text();
+    return keys.join(u';');
+}
+
+}  // namespace marvello
