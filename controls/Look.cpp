@@ -87,8 +87,15 @@ QColor Look::adapted(const QColor& colour) const {
     constexpr double wanted = 5;
     constexpr float step = 0.01F;
     if (!isDark) return colour;
+    constexpr float grey = 0.05F;
+    constexpr float middle = 0.5F;
     QColor result = colour;
     float lightness = colour.lightnessF();
+    // What stands out most on white, black, stands out most here: nearly white.
+    if (colour.hslSaturationF() < grey && lightness < middle) {
+        lightness = 0.95F - lightness;
+        result = QColor::fromHslF(0, 0, lightness);
+    }
     while (contrast(result, surface) < wanted && lightness < 1) {
         lightness = std::min(lightness + step, 1.0F);
         result = QColor::fromHslF(std::max(colour.hslHueF(), 0.0F), colour.hslSaturationF(), lightness);

@@ -1,5 +1,5 @@
 // Shows every control in every state side by side, or saves the picture.
-//   marvello-gallery [--dark] [--save FILE]
+//   marvello-gallery [--dark] [--graph] [--save FILE]
 // QT_SCALE_FACTOR chooses the scaling.
 
 #include <QApplication>
@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QHoverEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
 #include <QTimer>
@@ -15,6 +16,7 @@
 
 #include "controls/AdvanceText.h"
 #include "controls/Container.h"
+#include "controls/GraphLegend.h"
 #include "controls/Icons.h"
 #include "controls/Look.h"
 #include "controls/MessageBox.h"
@@ -25,6 +27,8 @@
 #include "controls/TabStrip.h"
 #include "controls/ctlBtn.h"
 #include "controls/ctlCombo.h"
+#include "controls/ctlGraph.h"
+#include "controls/ctlLimitsGraphic.h"
 
 using namespace marvello;
 
@@ -168,6 +172,88 @@ MessagesView* messages(QWidget* page) {
     return view;
 }
 
+clsLimits envelope(const std::vector<std::pair<int, std::string>>& lines) {
+    clsLimits limits;
+    for (const auto& [type, points] : lines) {
+        auto limit = std::make_shared<clsLimit>();
+        limit->setType(type);
+        limit->Points = parsePoints(points);
+        limits.add(limit);
+    }
+    return limits;
+}
+
+/// A TK-A with R134A.
+clsLimits fixedSpeedEnvelope() {
+    return envelope({{-1, "-20,21;4,21;18,35;18,68;-8,60;-14,51;-20,41;-20,21"},
+                     {0, "-15,25;4,25;15,36;15,65;-7,58;-11,52;-15,45;-15,25"},
+                     {1, "-9.7,54;-5,58.5;-4.8,58.7;-7,58;-9.7,54"},
+                     {2, "-15,44.1;-10,49.1;-5,53.6;0,57.6;5,61.2;7.2,62.5;-7,58;-11,52;-15,45;-15,44.1"},
+                     {3, "-15,25;4,25;15,36;15,53;-12,50.3;-15,45;-15,25"},
+                     {4, "-8,29;4,29;12,37;12,44;-8,44;-8,29"},
+                     {5, "-10,28;4,28;13,37;13,50;-10,50;-10,28"},
+                     {6, "-12.5,26.5;4,26.5;14,36.5;14,56;-7.7,56;-11,51;-12.5,48.4;-12.5,26.5"},
+                     {7, "-15,25;4,25;8,29;-15,29;-15,25"}});
+}
+
+/// A TK-B with R134A.
+clsLimits inverterEnvelope() {
+    return envelope({{-1, "-20,21;4,21;18,35;18,68;-8,60;-14,51;-20,41;-20,21"},
+                     {0, "-15,25;4,25;15,36;15,65;-7,58;-11,52;-15,45;-15,25"},
+                     {11, "-2.3,21;4,21;14.1,31.1;12,29.7;8,27.1;5.6,25.6;4,24;3,24;0,22.3;-2.3,21"},
+                     {14, "-15,25;4,25;10,31;10,53;-10.3,53;-11,52;-15,45;-15,25"},
+                     {13, "-15,25;4,25;13,34;13,59;-3.9,59;-7,58;-11,52;-15,45;-15,25"},
+                     {12, "-15,25;4,25;15,36;15,65;-7,58;-11,52;-15,45;-15,25"}});
+}
+
+clsLimits inFahrenheit(const clsLimits& limits) {
+    clsLimits converted;
+    for (const auto& limit : limits) {
+        auto copy = std::make_shared<clsLimit>(*limit);
+        copy->Points.ClearAll();
+        for (const clsPoint& at : limit->Points) copy->Points.add(at.x * 1.8 + 32, at.Y * 1.8 + 32);
+        converted.add(copy);
+    }
+    return converted;
+}
+
+ctlGraph* graph(QWidget* page, const clsLimits& limits, const clsPoint& point, const QString& unit) {
+    auto* result = new ctlGraph(page);
+    result->SetTextX("Evaporating temperature (dew) " + unit);
+    result->SetTextY("Condensing temperature (dew) " + unit);
+    result->SetPoint(point);
+    result->SetLimits(limits);
+    return result;
+}
+
+QWidget* graphs() {
+    auto* page = new QWidget;
+    page->setAutoFillBackground(true);
+    page->setFixedSize(1400, 860);
+    auto* all = new QGridLayout(page);
+    auto* large = graph(page, fixedSpeedEnvelope(), {2, 40}, QString::fromUtf8("°C"));
+    all->addWidget(large, 0, 0, 2, 1);
+    auto* legend = new GraphLegend(page);
+    legend->setTitle("Limits");
+    legend->setLimits(fixedSpeedEnvelope(), true);
+    all->addWidget(legend, 0, 1, 2, 1);
+    all->addWidget(graph(page, inverterEnvelope(), {2, 40}, QString::fromUtf8("°C")), 0, 2);
+    all->addWidget(graph(page, inFahrenheit(fixedSpeedEnvelope()), {35.6, 104}, QString::fromUtf8("°F")), 1,
+                   2);
+    auto* small = new ctlLimitsGraphic(page);
+    small->DrawLimits(fixedSpeedEnvelope());
+    small->setFixedHeight(100);
+    all->addWidget(small, 2, 1);
+    all->setColumnStretch(0, 5);
+    all->setColumnStretch(2, 3);
+    QTimer::singleShot(50, large, [large] {
+        const QPointF at = large->drawing().toPlace({2, 40}, large->rect());
+        QMouseEvent move(QEvent::MouseMove, at, large->mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
+        QApplication::sendEvent(large, &move);
+    });
+    return page;
+}
+
 QWidget* gallery() {
     auto* page = new QWidget;
     page->setAutoFillBackground(true);
@@ -211,6 +297,14 @@ QWidget* gallery() {
     return page;
 }
 
+/// Brings up the states that need an event.
+void showStates(QWidget& page) {
+    const auto boxes = MessageBox::setHandler([](MessageBox::Mark, const QString&) {});
+    page.findChild<AdvanceText*>("invalid")->validate();
+    MessageBox::setHandler(boxes);
+    page.findChild<AdvanceText*>("focused")->setFocus();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -218,17 +312,15 @@ int main(int argc, char** argv) {
     QCommandLineParser parser;
     const QCommandLineOption dark("dark", "The dark look.");
     const QCommandLineOption save("save", "Saves the picture to FILE and ends.", "FILE");
-    parser.addOptions({dark, save});
+    const QCommandLineOption graph("graph", "The envelope graph instead of the other controls.");
+    parser.addOptions({dark, save, graph});
     parser.addHelpOption();
     parser.process(application);
     Look::install(application, parser.isSet(dark) ? Look::dark() : Look::light());
 
-    const std::unique_ptr<QWidget> page(gallery());
-    const auto boxes = MessageBox::setHandler([](MessageBox::Mark, const QString&) {});
-    page->findChild<AdvanceText*>("invalid")->validate();
-    MessageBox::setHandler(boxes);
+    const std::unique_ptr<QWidget> page(parser.isSet(graph) ? graphs() : gallery());
     page->show();
-    page->findChild<AdvanceText*>("focused")->setFocus();
+    if (!parser.isSet(graph)) showStates(*page);
     if (parser.isSet(save))
         QTimer::singleShot(200, page.get(),
                            [&] { QApplication::exit(page->grab().save(parser.value(save)) ? 0 : 1); });

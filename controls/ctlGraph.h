@@ -1,0 +1,97 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include "controls/EnvelopeDrawing.h"
+
+class QLabel;
+
+namespace marvello {
+
+/// The envelope of a compressor in the plane of evaporating (x) against condensing temperature (y), with the
+/// duty point. A label at the mouse tells what lies under it and where that is. Colours that are not set
+/// follow the look.
+class ctlGraph : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(QColor BackColor MEMBER backColor_ NOTIFY appearanceChanged)
+    Q_PROPERTY(double ScaleLeft READ ScaleLeft WRITE SetScaleLeft)
+    Q_PROPERTY(double ScaleTop READ ScaleTop WRITE SetScaleTop)
+    Q_PROPERTY(double ScaleWidth READ ScaleWidth WRITE SetScaleWidth)
+    Q_PROPERTY(double ScaleHeight READ ScaleHeight WRITE SetScaleHeight)
+    Q_PROPERTY(bool AxisVisible READ AxisVisible WRITE SetAxisVisible)
+    Q_PROPERTY(QColor AxisColor MEMBER axisColor_ NOTIFY appearanceChanged)
+    Q_PROPERTY(bool GridVisible READ GridVisible WRITE SetGridVisible)
+    Q_PROPERTY(double GridGap READ GridGap WRITE SetGridGap)
+    Q_PROPERTY(QColor GridColor MEMBER gridColor_ NOTIFY appearanceChanged)
+    Q_PROPERTY(QString TextX READ TextX WRITE SetTextX)
+    Q_PROPERTY(QString TextY READ TextY WRITE SetTextY)
+    Q_PROPERTY(int Count READ Count)
+    Q_PROPERTY(QImage PictureImage READ PictureImage)
+
+  public:
+    explicit ctlGraph(QWidget* parent = nullptr);
+
+    /// Takes the limits to draw and works out the corners.
+    void SetLimits(const clsLimits& limits);
+    const clsLimits& limits() const { return drawing_.limits; }
+    int Count() const { return drawing_.limits.Count(); }
+    void SetPoint(const std::optional<clsPoint>& point) { drawing_.point = point; }
+    const std::optional<clsPoint>& Point() const { return drawing_.point; }
+
+    /// Sets the scale, from the upper left to the lower right corner.
+    void ScaleGraph(double x1, double y1, double x2, double y2);
+    /// Draws everything anew.
+    void DrawLimit();
+    /// Empties picture, limits and point.
+    void Clear();
+
+    /// The envelope as it goes on paper, 300 pixels an inch.
+    QImage PictureImage() const;
+    const EnvelopeDrawing& drawing() const { return drawing_; }
+
+    double ScaleLeft() const { return drawing_.scale().left; }
+    double ScaleTop() const { return drawing_.scale().top; }
+    double ScaleWidth() const { return drawing_.scale().right - drawing_.scale().left; }
+    /// Negative, since y rises upwards.
+    double ScaleHeight() const { return drawing_.scale().bottom - drawing_.scale().top; }
+    void SetScaleLeft(double left);
+    void SetScaleTop(double top);
+    void SetScaleWidth(double width);
+    void SetScaleHeight(double height);
+    bool AxisVisible() const { return drawing_.axisVisible; }
+    void SetAxisVisible(bool visible);
+    bool GridVisible() const { return drawing_.gridVisible; }
+    void SetGridVisible(bool visible);
+    double GridGap() const { return drawing_.gridGap; }
+    void SetGridGap(double gap);
+    QString TextX() const { return drawing_.textX; }
+    void SetTextX(const QString& text);
+    QString TextY() const { return drawing_.textY; }
+    void SetTextY(const QString& text);
+
+    QSize sizeHint() const override { return {560, 360}; }
+
+  signals:
+    void appearanceChanged();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+  private:
+    GraphColours colours() const;
+    /// What lies at a place: "Application limit: ", "Point Ted/Tcd: " or nothing.
+    QString nameAt(const QPoint& place);
+
+    EnvelopeDrawing drawing_;
+    QColor backColor_;
+    QColor axisColor_;
+    QColor gridColor_;
+    QImage hits_;  ///< made when it is asked for
+    QLabel* lblXY_;
+};
+
+}  // namespace marvello
