@@ -103,7 +103,7 @@ int Main() try {
     MDIMain mainWindow(QCoreApplication::applicationVersion());
     mainWindow.installEventFilter(&splashEnd);
     mainWindow.show();
-    mainWindow.newSelection();
+    mainWindow.openStartMenu();
     return QApplication::exec();
 } catch (const std::exception& failure) {
     return reportFailedStart(failure.what());

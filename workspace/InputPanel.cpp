@@ -37,7 +37,7 @@ QString withoutLastSentence(const QString& text) {
 
 }  // namespace
 
-InputPanel::InputPanel(QWidget* parent)
+InputPanel::InputPanel(bool hasFrequency, QWidget* parent)
     : Container(parent),
       scroll_(new QScrollArea(this)),
       PicInput_(new QWidget),
@@ -69,6 +69,10 @@ InputPanel::InputPanel(QWidget* parent)
     txtEco = number("txtEco", false);
     cmbOilCooling = list("cmbOilCooling");
     txtOilCooling = number("txtOilCooling", false);
+    if (hasFrequency) {
+        txtFrequency = number("txtFrequency");
+        txtFrequency->SetUnitCaptiontext(QStringLiteral(" Hz"));
+    }
     cmbMotorVoltage = list("cmbMotorVoltage");
     cmbMotorSize = list("cmbMotorSize");
     cmbMotorRPM = list("cmbMotorRPM");
@@ -185,6 +189,7 @@ void InputPanel::layOutRows(int width) {
     mode(cmbEco, txtEco);
     mode(cmbOilCooling, txtOilCooling);
     rowTop_ += groupGap;
+    if (txtFrequency) single(txtFrequency);
     single(cmbMotorVoltage);
     single(cmbMotorSize);
     single(cmbMotorRPM);

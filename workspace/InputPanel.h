@@ -16,7 +16,8 @@ class InputPanel : public Container {
     Q_OBJECT
 
   public:
-    explicit InputPanel(QWidget* parent);
+    /// `hasFrequency` adds the frequency of an inverter.
+    InputPanel(bool hasFrequency, QWidget* parent);
 
     AdvanceText* lstRefrigerants;
     AdvanceText* lstSeries;
@@ -34,6 +35,7 @@ class InputPanel : public Container {
     AdvanceText* txtEco;
     AdvanceText* cmbOilCooling;
     AdvanceText* txtOilCooling;
+    AdvanceText* txtFrequency = nullptr;  ///< only of inverters
     AdvanceText* cmbMotorVoltage;
     AdvanceText* cmbMotorSize;
     AdvanceText* cmbMotorRPM;

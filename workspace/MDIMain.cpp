@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -24,7 +25,9 @@
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/DropList.h"
 #include "workspace/WindowTexts.h"
+#include "workspace/frmMenu.h"
 #include "workspace/frmSelection.h"
+#include "workspace/frmselectionInverter.h"
 
 namespace marvello {
 
@@ -85,7 +88,7 @@ MDIMain::~MDIMain() {
     // The forms report their end to this window: they go first.
     disconnect(area_, nullptr, this, nullptr);
     for (QMdiSubWindow* window : area_->subWindowList()) disconnect(window, nullptr, this, nullptr);
-    for (frmSelection* form : forms()) disconnect(form, nullptr, this, nullptr);
+    for (SelectionForm* form : forms()) disconnect(form, nullptr, this, nullptr);
 }
 
 void MDIMain::makeWorkArea() {
@@ -106,7 +109,7 @@ void MDIMain::makeWorkArea() {
     connect(area_, &QMdiArea::subWindowActivated, this, &MDIMain::activated);
     connect(TabStrip_, &QTabBar::currentChanged, this, [this](int tab) {
         for (QMdiSubWindow* window : area_->subWindowList())
-            if (const auto* form = qobject_cast<frmSelection*>(window->widget());
+            if (const auto* form = qobject_cast<SelectionForm*>(window->widget());
                 form && form->Key() == TabStrip_->key(tab) && area_->activeSubWindow() != window)
                 area_->setActiveSubWindow(window);
     });
@@ -156,32 +159,62 @@ void MDIMain::chooseLanguage(const QString& language) {
     user.language = toCore(language);
     gApplication().SaveUserInformation(user);
     Traduci();
-    for (frmSelection* form : forms()) form->Traduci();
+    for (SelectionForm* form : forms()) form->Traduci();
     refreshState();
 }
 
-frmSelection* MDIMain::newSelection() {
+void MDIMain::openStartMenu() {
+    constexpr int delay = 100;  // milliseconds; the window is drawn by then
+    QTimer::singleShot(delay, this, &MDIMain::newForm);
+}
+
+void MDIMain::newForm() {
+    switch (frmMenu(this).choose()) {
+        case frmMenu::selection:
+            newSelection();
+            break;
+        case frmMenu::inverter:
+            newInverterSelection();
+            break;
+        default:
+            break;
+    }
+}
+
+SelectionForm* MDIMain::newSelection() {
     const WaitCursor wait;
-    auto* form = new frmSelection;
+    return open(std::make_unique<frmSelection>(),
+                dictionaryText(QStringLiteral("formselection.description")).trimmed());
+}
+
+SelectionForm* MDIMain::newInverterSelection() {
+    const WaitCursor wait;
+    return open(std::make_unique<frmselectionInverter>(), QStringLiteral("inverter"));
+}
+
+// The frame of the form owns it from here on.
+SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString& what) {
+    SelectionForm* form = made.release();
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
     const QString number = QString::number(++formNumber_);
+    const QIcon picture =
+        icon(form->TypeForm() == onInverter.typeForm ? QStringLiteral("inverter") : QStringLiteral("form"));
     form->setKey(number + QStringLiteral("Selection"));
-    form->setDescription(number + u' ' +
-                         dictionaryText(QStringLiteral("formselection.description")).trimmed());
+    form->setDescription(number + u' ' + what);
     form->setAttribute(Qt::WA_DeleteOnClose);
-    form->setWindowIcon(icon(QStringLiteral("form")));
+    form->setWindowIcon(picture);
     const QSettings settings = windowSettings();
     form->setPanelWidth(settings.value(QStringLiteral("Windows/PanelWidth"), form->panelWidth()).toInt());
     form->setListHeight(settings.value(QStringLiteral("Windows/ListHeight"), form->listHeight()).toInt());
 
     const QString key = form->Key();
-    connect(form, &frmSelection::stateChanged, this, &MDIMain::refreshState);
-    connect(form, &frmSelection::sizesChanged, this, [this, form] { keepSizes(*form); });
+    connect(form, &SelectionForm::stateChanged, this, &MDIMain::refreshState);
+    connect(form, &SelectionForm::sizesChanged, this, [this, form] { keepSizes(*form); });
     connect(form, &QObject::destroyed, this, [this, key] {
         TabStrip_->removeTab(TabStrip_->indexOf(key));
         OpenForms();
     });
-    const int tab = TabStrip_->addKeyed(key, form->Description(), icon(QStringLiteral("form")));
+    const int tab = TabStrip_->addKeyed(key, form->Description(), picture);
     QMdiSubWindow* window = area_->addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWindowIcon(form->windowIcon());
@@ -195,20 +228,20 @@ frmSelection* MDIMain::newSelection() {
     return form;
 }
 
-frmSelection* MDIMain::ActiveForm() const {
+SelectionForm* MDIMain::ActiveForm() const {
     const QMdiSubWindow* window = area_->currentSubWindow();
-    return window ? qobject_cast<frmSelection*>(window->widget()) : nullptr;
+    return window ? qobject_cast<SelectionForm*>(window->widget()) : nullptr;
 }
 
-QList<frmSelection*> MDIMain::forms() const {
-    QList<frmSelection*> result;
+QList<SelectionForm*> MDIMain::forms() const {
+    QList<SelectionForm*> result;
     for (const QMdiSubWindow* window : area_->subWindowList())
-        if (auto* form = qobject_cast<frmSelection*>(window->widget())) result += form;
+        if (auto* form = qobject_cast<SelectionForm*>(window->widget())) result += form;
     return result;
 }
 
 void MDIMain::activated(QMdiSubWindow* window) {
-    if (const auto* form = window ? qobject_cast<frmSelection*>(window->widget()) : nullptr)
+    if (const auto* form = window ? qobject_cast<SelectionForm*>(window->widget()) : nullptr)
         TabStrip_->setCurrentIndex(TabStrip_->indexOf(form->Key()));
     hideSystemMenu();
     refreshState();
@@ -229,7 +262,7 @@ void MDIMain::OpenForms() {
 }
 
 void MDIMain::refreshState() {
-    const frmSelection* form = TabStrip_->count() > 0 ? ActiveForm() : nullptr;
+    const SelectionForm* form = TabStrip_->count() > 0 ? ActiveForm() : nullptr;
     const bool hasResults = form && form->hasResults();
     commands_[QStringLiteral("frecciaup")]->setEnabled(hasResults);
     commands_[QStringLiteral("frecciadown")]->setEnabled(hasResults);
@@ -241,7 +274,7 @@ void MDIMain::refreshState() {
     refreshStatus(form);
 }
 
-void MDIMain::refreshStatus(const frmSelection* form) {
+void MDIMain::refreshStatus(const SelectionForm* form) {
     subject_->setText(form ? form->subject() : dictionaryText(QStringLiteral("mdimain.status.ready")));
     separator_->setVisible(form != nullptr);
     if (!form) {
@@ -259,7 +292,9 @@ void MDIMain::refreshStatus(const frmSelection* form) {
 }
 
 void MDIMain::closeAll() {
-    for (frmSelection* form : forms()) form->Quit();
+    // Kept: forms of inverter compressors stay open.
+    for (SelectionForm* form : forms())
+        if (qobject_cast<frmSelection*>(form)) form->Quit();
 }
 
 void MDIMain::restoreSizes() {
@@ -267,7 +302,7 @@ void MDIMain::restoreSizes() {
     restoreGeometry(settings.value(QStringLiteral("Windows/Frame")).toByteArray());
 }
 
-void MDIMain::keepSizes(const frmSelection& form) {
+void MDIMain::keepSizes(const SelectionForm& form) {
     QSettings settings = windowSettings();
     settings.setValue(QStringLiteral("Windows/PanelWidth"), form.panelWidth());
     settings.setValue(QStringLiteral("Windows/ListHeight"), form.listHeight());
@@ -288,7 +323,8 @@ bool MDIMain::eventFilter(QObject* watched, QEvent* event) {
 // used.
 bool MDIMain::turnedWheel(int delta) {
     constexpr int turn = 120;
-    frmSelection* form = ActiveForm();
+    // Kept: the wheel does not reach a form of inverter compressors.
+    auto* form = qobject_cast<frmSelection*>(ActiveForm());
     if (!form) return false;
     wheel_ += delta;
     const int count = wheel_ / turn;

@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QMainWindow>
 #include <array>
+#include <memory>
 
 class QAction;
 class QActionGroup;
@@ -18,7 +19,7 @@ class AdvanceText;
 class DropList;
 class TabBand;
 class TabStrip;
-class frmSelection;
+class SelectionForm;
 
 /// The program's frame: holds any number of selection forms, each with its tab.
 class MDIMain : public QMainWindow {
@@ -29,10 +30,15 @@ class MDIMain : public QMainWindow {
     explicit MDIMain(const QString& version, QWidget* parent = nullptr);
     ~MDIMain() override;
 
-    /// Opens a new selection form with its tab.
-    frmSelection* newSelection();
-    frmSelection* ActiveForm() const;
-    QList<frmSelection*> forms() const;
+    /// Opens the start menu a moment from now, as the program does at its start.
+    void openStartMenu();
+    /// Lets the user choose in the start menu, and opens the form chosen.
+    void newForm();
+    /// Open a new form with its tab.
+    SelectionForm* newSelection();
+    SelectionForm* newInverterSelection();
+    SelectionForm* ActiveForm() const;
+    QList<SelectionForm*> forms() const;
 
     /// Loads the dictionary of a language against the default "en-EN".
     void populateDictionary(const QString& language);
@@ -47,17 +53,18 @@ class MDIMain : public QMainWindow {
 
   private:
     // MDIMain.cpp
+    SelectionForm* open(std::unique_ptr<SelectionForm> made, const QString& what);
     void makeWorkArea();
     void makeStatusBar();
     void populateLanguages();
     void OpenForms();
     void refreshState();
-    void refreshStatus(const frmSelection* form);
+    void refreshStatus(const SelectionForm* form);
     void activated(QMdiSubWindow* window);
     void hideSystemMenu();
     void closeAll();
     void restoreSizes();
-    void keepSizes(const frmSelection& form);
+    void keepSizes(const SelectionForm& form);
     bool turnedWheel(int delta);
 
     // MainCommands.cpp

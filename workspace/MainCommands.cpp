@@ -20,10 +20,10 @@
 #include "data/Texts.h"
 #include "workspace/DropList.h"
 #include "workspace/MDIMain.h"
+#include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/formBuilds.h"
 #include "workspace/frmAbout.h"
-#include "workspace/frmSelection.h"
 
 namespace marvello {
 
@@ -53,10 +53,10 @@ QAction* MDIMain::command(const char* name, const char* iconName, const QKeySequ
 
 void MDIMain::makeCommands() {
     connect(command("mnu_file_new_selection", "newselection", QKeySequence::New), &QAction::triggered, this,
-            &MDIMain::newSelection);
+            &MDIMain::newForm);
     connect(command("mnu_file_close", nullptr, QKeySequence(Qt::CTRL | Qt::Key_F4)), &QAction::triggered,
             this, [this] {
-                if (frmSelection* form = ActiveForm()) form->Quit();
+                if (SelectionForm* form = ActiveForm()) form->Quit();
             });
     connect(command("mnu_file_closeall", nullptr), &QAction::triggered, this, &MDIMain::closeAll);
     connect(command("mnu_file_exit", nullptr, QKeySequence::Quit), &QAction::triggered, this,
@@ -64,15 +64,15 @@ void MDIMain::makeCommands() {
     QAction* panel = command("frameresize", "panel", QKeySequence(Qt::Key_F9));
     panel->setCheckable(true);
     connect(panel, &QAction::toggled, this, [this](bool collapse) {
-        if (frmSelection* form = ActiveForm()) form->CloseFrame(collapse);
+        if (SelectionForm* form = ActiveForm()) form->CloseFrame(collapse);
     });
     connect(command("frecciaup", "up", QKeySequence(Qt::CTRL | Qt::Key_Up)), &QAction::triggered, this,
             [this] {
-                if (frmSelection* form = ActiveForm()) form->moveSelection(-1);
+                if (SelectionForm* form = ActiveForm()) form->moveSelection(-1);
             });
     connect(command("frecciadown", "down", QKeySequence(Qt::CTRL | Qt::Key_Down)), &QAction::triggered, this,
             [this] {
-                if (frmSelection* form = ActiveForm()) form->moveSelection(1);
+                if (SelectionForm* form = ActiveForm()) form->moveSelection(1);
             });
     QAction* builds = command("mnu_help_Builds", nullptr);
     builds->setVisible(QFileInfo(buildsFile()).size() >= 1);
@@ -147,11 +147,11 @@ QWidget* MDIMain::makeSelectors() {
     cmbmeasureunits_ = selector("cmbmeasureunits", selectors);
     cmbGroupBy_ = selector("cmbGroupBy", selectors);
     connect(cmbmeasureunits_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
-        frmSelection* form = ActiveForm();
+        SelectionForm* form = ActiveForm();
         if (form && form->MeasureUnit() != key.toInt()) form->MeasureUnits(key.toInt(), true);
     });
     connect(cmbGroupBy_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
-        if (frmSelection* form = ActiveForm()) form->populateLVCPS(key.toInt());
+        if (SelectionForm* form = ActiveForm()) form->populateLVCPS(key.toInt());
     });
     row->addWidget(cmbmeasureunits_);
     row->addWidget(cmbGroupBy_);

@@ -17,8 +17,8 @@
 #include "workspace/DropList.h"
 #include "workspace/InputPanel.h"
 #include "workspace/InputRules.h"
+#include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
-#include "workspace/frmSelection.h"
 
 namespace marvello {
 
@@ -44,6 +44,8 @@ QStringList column(const std::string& sql, const std::string& name) {
     return texts;
 }
 
+std::string flag(bool value) { return value ? "True" : "False"; }
+
 /// The key of a field's help, empty for a field that has none.
 QString helpKeyOf(const QString& name) {
     if (name == u"lstRefrigerants") return QStringLiteral("formselection.help.refrigerants.caption");
@@ -55,7 +57,7 @@ QString helpKeyOf(const QString& name) {
 
 }  // namespace
 
-void frmSelection::writeDefaults() {
+void SelectionForm::writeDefaults() {
     write(panel_->cmbStepCapacity, QStringLiteral("100"));
     panel_->cmbStepCapacity->SetTag1(QStringLiteral("100|100%;75|75%;50|50%;25|Start/Stop(25%)"));
     write(panel_->cmbMotorVoltage, QStringLiteral("400_50"));
@@ -70,24 +72,25 @@ void frmSelection::writeDefaults() {
     panel_->txtEco->SetTextValue(10.0);
     panel_->txtSH->SetTextValue(10.0);
     panel_->txtOilCooling->SetTextValue(110.0);
+    if (panel_->txtFrequency) panel_->txtFrequency->SetTextValue(50.0);
 }
 
-void frmSelection::connectInputs() {
+void SelectionForm::connectInputs() {
     for (AdvanceText* field : panel_->fields()) {
         connect(field, &AdvanceText::TextGotFocus, this, [this, field] {
             VisualizeHelp(field);
             walkPair(field);
         });
-        connect(field, &AdvanceText::KeyPress, this, &frmSelection::inputsChanged);
-        connect(field, &AdvanceText::TextChange, this, &frmSelection::inputsChanged);
-        connect(field, &AdvanceText::KeyChange, this, &frmSelection::inputsChanged);
+        connect(field, &AdvanceText::KeyPress, this, &SelectionForm::inputsChanged);
+        connect(field, &AdvanceText::TextChange, this, &SelectionForm::inputsChanged);
+        connect(field, &AdvanceText::KeyChange, this, &SelectionForm::inputsChanged);
         if (field->Locked()) dropList_->serve(field, field == panel_->lstModels);
     }
     connectCoupledFields();
     connectModes();
 }
 
-void frmSelection::connectCoupledFields() {
+void SelectionForm::connectCoupledFields() {
     for (AdvanceText* field : {panel_->txtTED, panel_->txtTEM, panel_->txtPE, panel_->txtTCD, panel_->txtTCM,
                                panel_->txtPC, panel_->txtSC}) {
         connect(field, &AdvanceText::TextChange, this, [this, field] { typedIn(field); });
@@ -104,12 +107,15 @@ void frmSelection::connectCoupledFields() {
         const double value = panel_->txtEco->number();
         panel_->txtEco->SetTextValue(mode == u"1" || mode == u"2" ? std::abs(value) : value);
     });
+    if (AdvanceText* frequency = panel_->txtFrequency)
+        connect(frequency, &AdvanceText::TextValidate, this,
+                [frequency] { frequency->SetTextValue(frequency->number()); });
     // The box waits until the focus has moved.
     connect(panel_->txtSH, &AdvanceText::TextLostFocus, this,
             [this] { QTimer::singleShot(0, this, [this] { gestioneSH(true); }); });
 }
 
-void frmSelection::connectModes() {
+void SelectionForm::connectModes() {
     connect(panel_->lstRefrigerants, &AdvanceText::KeyChange, this, [this] {
         PopulateInputObject(2);
         if (hasGlide()) {
@@ -143,38 +149,40 @@ void frmSelection::connectModes() {
     });
 }
 
-bool frmSelection::hasGlide() const { return panel_->lstRefrigerants->Key().toUpper() == u"R407C"; }
+bool SelectionForm::hasGlide() const { return panel_->lstRefrigerants->Key().toUpper() == u"R407C"; }
 
-void frmSelection::showChoice(AdvanceText* field) {
+void SelectionForm::showChoice(AdvanceText* field) {
     const QString text = descriptionOf(field->Key(), field->Tag1());
     // Several models stand there by their keys.
     field->SetTextValue(text.isEmpty() ? field->Key() : text);
 }
 
-void frmSelection::PopulateInputObject(int level, const QString& value) {
+void SelectionForm::PopulateInputObject(int level, const QString& value) {
     if (level == 1) populateRefrigerants(value);
     if (level == 2) populateSeries(value);
     if (level == 3) populateModels();
 }
 
-void frmSelection::populateRefrigerants(const QString& value) {
+void SelectionForm::populateRefrigerants(const QString& value) {
     AdvanceText* field = panel_->lstRefrigerants;
-    field->SetTag1(pairsOf(column("Select distinct fRefrigerantID from tCompressors where fHasInverter=False",
-                                  "fRefrigerantID")));
+    field->SetTag1(pairsOf(column(
+        "Select distinct fRefrigerantID from tCompressors where fHasInverter=" + flag(kind_.hasInverter),
+        "fRefrigerantID")));
     if (!value.isEmpty() && value != field->Key()) field->setkey(value);
     showChoice(field);
     PopulateInputObject(2);
 }
 
-void frmSelection::populateSeries(const QString& value) {
+void SelectionForm::populateSeries(const QString& value) {
     const QStringList series =
-        column("Select distinct fSerieID from tCompressors where fHasInverter=False and fRefrigerantID=" +
-                   sqlText(toCore(panel_->lstRefrigerants->Key())),
+        column("Select distinct fSerieID from tCompressors where fHasInverter=" + flag(kind_.hasInverter) +
+                   " and fRefrigerantID=" + sqlText(toCore(panel_->lstRefrigerants->Key())),
                "fSerieID");
     QStringList pairs;
     for (const QString& serie : series)
-        pairs += serie == u"DZ" ? QStringLiteral("DZ1|DZ European market;DZ2|DZ Far East market")
-                                : serie + u'|' + serie;
+        pairs += kind_.hasMarkets && serie == u"DZ"
+                     ? QStringLiteral("DZ1|DZ European market;DZ2|DZ Far East market")
+                     : serie + u'|' + serie;
     AdvanceText* field = panel_->lstSeries;
     field->SetTag1(pairs.join(u';'));
     if (descriptionOf(field->Key(), field->Tag1()).isEmpty()) {
@@ -186,25 +194,30 @@ void frmSelection::populateSeries(const QString& value) {
     ApplySeriesRules();
 }
 
-void frmSelection::populateModels() {
-    const auto [serie, market] = seriesOfMarket(panel_->lstSeries->Key());
-    const std::string bits = std::to_string(market);
-    const QStringList models =
-        column("Select fModelID from tCompressors where fHasInverter=False and fRefrigerantID=" +
-                   sqlText(toCore(panel_->lstRefrigerants->Key())) + " and fSerieID=" + sqlText(serie) +
-                   " and ((fMarket & " + bits + ")=fMarket)",
-               "fModelID");
+SeriesOfMarket SelectionForm::chosenSeries() const {
+    const QString key = panel_->lstSeries->Key();
+    return kind_.hasMarkets ? seriesOfMarket(key) : SeriesOfMarket{toCore(key)};
+}
+
+void SelectionForm::populateModels() {
+    const auto [serie, market] = chosenSeries();
+    std::string sql = "Select fModelID from tCompressors where fHasInverter=" + flag(kind_.hasInverter) +
+                      " and fRefrigerantID=" + sqlText(toCore(panel_->lstRefrigerants->Key())) +
+                      " and fSerieID=" + sqlText(serie);
+    if (kind_.hasMarkets) sql += " and ((fMarket & " + std::to_string(market) + ")=fMarket)";
+    const QStringList models = column(sql, "fModelID");
     AdvanceText* field = panel_->lstModels;
     field->SetTag1(models.isEmpty() ? QStringLiteral("*|ALL") : QStringLiteral("*|ALL;") + pairsOf(models));
     field->setkey(QStringLiteral("*"));
     showChoice(field);
 }
 
-void frmSelection::ApplySeriesRules() {
+void SelectionForm::ApplySeriesRules() {
+    if (!kind_.hasSeriesRules) return;
     ApplyInputMask(seriesMask(panel_->lstSeries->Key(), panel_->lstRefrigerants->Key()));
 }
 
-void frmSelection::ApplyInputMask(unsigned mask) {
+void SelectionForm::ApplyInputMask(unsigned mask) {
     struct Entry {
         AdvanceText* field;
         Selector selector;
@@ -225,7 +238,7 @@ void frmSelection::ApplyInputMask(unsigned mask) {
     }
 }
 
-void frmSelection::SyncTemperatureFields(const QString& leader) {
+void SelectionForm::SyncTemperatureFields(const QString& leader) {
     using Rule = double (*)(double, MeasureSystem, MeasureSystem);
     struct Entry {
         AdvanceText* field;
@@ -264,13 +277,13 @@ void frmSelection::SyncTemperatureFields(const QString& leader) {
             field->SetTextValue(rule(fields.*value, MeasureSystem::metric, measureUnit_));
 }
 
-QList<AdvanceText*> frmSelection::coupleOf(const QString& name) const {
+QList<AdvanceText*> SelectionForm::coupleOf(const QString& name) const {
     if (name == u"ted" || name == u"tem" || name == u"pe")
         return {panel_->txtTED, panel_->txtTEM, panel_->txtPE};
     return {panel_->txtTCD, panel_->txtTCM, panel_->txtPC};
 }
 
-void frmSelection::refuseLeader(const QString& leader, const QString& reason) {
+void SelectionForm::refuseLeader(const QString& leader, const QString& reason) {
     const QString name = leader.toLower();
     for (AdvanceText* field : coupleOf(name)) {
         const bool leads = field->objectName().mid(3).toLower() == name;
@@ -280,7 +293,7 @@ void frmSelection::refuseLeader(const QString& leader, const QString& reason) {
     }
 }
 
-void frmSelection::typedIn(AdvanceText* field) {
+void SelectionForm::typedIn(AdvanceText* field) {
     // A number that is typed half follows nothing yet.
     if (!typedNumber(field->TextText())) return;
     const QString name = field->objectName().mid(3).toLower();
@@ -301,7 +314,7 @@ void frmSelection::typedIn(AdvanceText* field) {
     if (isCondensing && hasGlide()) SyncTemperatureFields(evaporating());
 }
 
-void frmSelection::markDerived(const QString& leader) {
+void SelectionForm::markDerived(const QString& leader) {
     const QList<AdvanceText*> couple = coupleOf(leader);
     QString origin;
     for (const AdvanceText* field : couple)
@@ -314,7 +327,7 @@ void frmSelection::markDerived(const QString& leader) {
     }
 }
 
-void frmSelection::walkPair(const AdvanceText* field) {
+void SelectionForm::walkPair(const AdvanceText* field) {
     const QList<QList<AdvanceText*>> pairs{
         {panel_->txtTED, panel_->txtTCD}, {panel_->txtTEM, panel_->txtTCM}, {panel_->txtPE, panel_->txtPC}};
     bool isCoupled = false;
@@ -324,7 +337,7 @@ void frmSelection::walkPair(const AdvanceText* field) {
         for (AdvanceText* member : pair) member->setTabStop(pair.contains(field));
 }
 
-bool frmSelection::gestioneSH(bool showMessage) {
+bool SelectionForm::gestioneSH(bool showMessage) {
     const double asked = panel_->txtSH->number();
     const double permitted =
         permittedSuperheat(asked, panel_->lstRefrigerants->Key(), measureUnit_ == MeasureSystem::imperial,
@@ -338,7 +351,7 @@ bool frmSelection::gestioneSH(bool showMessage) {
     return false;
 }
 
-void frmSelection::showUnits() {
+void SelectionForm::showUnits() {
     const bool isImperial = measureUnit_ == MeasureSystem::imperial;
     const QString temperature = dictionaryText(QStringLiteral("general.variable03")) +
                                 (isImperial ? QStringLiteral("F") : QStringLiteral("C"));
@@ -355,7 +368,7 @@ void frmSelection::showUnits() {
     unit(panel_->txtEco, panel_->cmbEco->Key() == u"2" ? power : difference);
 }
 
-void frmSelection::MeasureUnits(int unit, bool refresh) {
+void SelectionForm::MeasureUnits(int unit, bool refresh) {
     const MeasureSystem before = measureUnit_;
     measureUnit_ = unit == 1 ? MeasureSystem::imperial : MeasureSystem::metric;
     if (measureUnit_ != before) ConvertInputs(before, measureUnit_);
@@ -366,7 +379,7 @@ void frmSelection::MeasureUnits(int unit, bool refresh) {
     if (hasResults()) relistResults();
 }
 
-void frmSelection::ConvertInputs(MeasureSystem from, MeasureSystem to) {
+void SelectionForm::ConvertInputs(MeasureSystem from, MeasureSystem to) {
     const auto convert = [from, to](AdvanceText* field,
                                     double (*rule)(double, MeasureSystem, MeasureSystem)) {
         field->SetTextValue(rule(field->number(), from, to));
@@ -381,7 +394,8 @@ void frmSelection::ConvertInputs(MeasureSystem from, MeasureSystem to) {
     for (AdvanceText* field : {panel_->txtPE, panel_->txtPC}) convert(field, convertedPressure);
 }
 
-void frmSelection::VisualizeHelp(const AdvanceText* field) {
+void SelectionForm::VisualizeHelp(const AdvanceText* field) {
+    if (!kind_.hasFieldHelp) return;
     const QString key = helpKeyOf(field->objectName());
     // A field beside the selector of its mode has no caption of its own.
     const AdvanceText* named = field == panel_->txtSH           ? panel_->cmbSh
@@ -391,11 +405,11 @@ void frmSelection::VisualizeHelp(const AdvanceText* field) {
     panel_->VisualizzaHelp(named->CaptionText(), key.isEmpty() ? QString() : dictionaryTextIfAny(key));
 }
 
-void frmSelection::inputsChanged() {
+void SelectionForm::inputsChanged() {
     if (!Splitter2_->isHidden()) closesplitter34();
 }
 
-bool frmSelection::WheelMoved(int step) {
+bool SelectionForm::WheelMoved(int step) {
     for (AdvanceText* field : {panel_->txtTED, panel_->txtTEM, panel_->txtPE, panel_->txtPC, panel_->txtSC,
                                panel_->txtSH, panel_->txtTCD, panel_->txtTCM}) {
         if (!field->hasFocus() || !field->underMouse()) continue;

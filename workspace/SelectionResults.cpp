@@ -11,8 +11,8 @@
 #include "controls/TabStrip.h"
 #include "workspace/InputPanel.h"
 #include "workspace/ResultsList.h"
+#include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
-#include "workspace/frmSelection.h"
 
 namespace marvello {
 
@@ -32,7 +32,7 @@ QString markText(const QString& mark) { return dictionaryTextIfAny(QStringLitera
 
 }  // namespace
 
-void frmSelection::populateLVCPS(int groupBy) {
+void SelectionForm::populateLVCPS(int groupBy) {
     groupBy_ = groupBy;
     if (!Selection_ || Selection_->Count() == 0) return;
     outputs_ = readOutputs(lvCps_->Tag());
@@ -69,7 +69,7 @@ void frmSelection::populateLVCPS(int groupBy) {
     lvCps_->fitColumns();
 }
 
-void frmSelection::relistResults() {
+void SelectionForm::relistResults() {
     const int row = lvCps_->selectedRow();
     const QString selected = row < 0 ? QString() : lvCps_->key(row);
     populateLVCPS(groupBy_);
@@ -77,7 +77,7 @@ void frmSelection::relistResults() {
     PopulateFrame4();
 }
 
-void frmSelection::addCompressor(clsCompressor& compressor, const QString& label) {
+void SelectionForm::addCompressor(clsCompressor& compressor, const QString& label) {
     const QString mark = markOf(compressor);
     QStringList values;
     for (const QString& key : lvCps_->columnKeys().mid(1)) {
@@ -97,7 +97,7 @@ void frmSelection::addCompressor(clsCompressor& compressor, const QString& label
     lvCps_->addRow({fromCore(compressor.Key()), tag, label, mark, markText(mark), values});
 }
 
-void frmSelection::PopulateFrame4() {
+void SelectionForm::PopulateFrame4() {
     if (Splitter2_->isHidden()) return;
     lvMessages_->clear();
     lvMessages_->setEmptyText(QString());
@@ -112,7 +112,7 @@ void frmSelection::PopulateFrame4() {
     populateMessages(Selection_->Item(key));
 }
 
-void frmSelection::populateMessages(const clsCompressor& compressor) {
+void SelectionForm::populateMessages(const clsCompressor& compressor) {
     const auto list = [this](const clsMessages& messages, const QString& mark) {
         for (const clsMessage& message : messages) {
             QString text;
@@ -132,14 +132,14 @@ void frmSelection::populateMessages(const clsCompressor& compressor) {
     list(compressor.Messages.Information, QStringLiteral("msginformation"));
 }
 
-void frmSelection::moveSelection(int rows) {
+void SelectionForm::moveSelection(int rows) {
     const int row = lvCps_->selectedRow() + rows;
     if (lvCps_->selectedRow() >= 0) lvCps_->selectRow(row);
 }
 
-bool frmSelection::hasResults() const { return !Splitter2_->isHidden(); }
+bool SelectionForm::hasResults() const { return !Splitter2_->isHidden(); }
 
-int frmSelection::countOf(const QString& mark) const {
+int SelectionForm::countOf(const QString& mark) const {
     int count = 0;
     for (int row = 0; row < lvCps_->rowCount(); ++row)
         if (!lvCps_->isGroup(row) && lvCps_->mark(row) == mark) ++count;

@@ -1,6 +1,7 @@
 // From the press of the button to the list of results.
 
 #include <QApplication>
+#include <algorithm>
 #include <cmath>
 
 #include "controls/AdvanceText.h"
@@ -14,18 +15,18 @@
 #include "workspace/EmptyPage.h"
 #include "workspace/InputPanel.h"
 #include "workspace/InputRules.h"
+#include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
-#include "workspace/frmSelection.h"
 #include "workspace/frmpG.h"
 
 namespace marvello {
 
-void frmSelection::lnkCalculate_Click() {
+void SelectionForm::lnkCalculate_Click() {
     if (progress_) return;
     if (allInputsValid()) Calculate();
 }
 
-bool frmSelection::allInputsValid() {
+bool SelectionForm::allInputsValid() {
     for (AdvanceText* field : panel_->fields()) {
         // What was refused may have been mended meanwhile, as a missing fluid file.
         if (!field->Refusal().isEmpty()) SyncTemperatureFields(field->objectName().mid(3));
@@ -41,7 +42,16 @@ bool frmSelection::allInputsValid() {
     return true;
 }
 
-void frmSelection::Calculate() {
+// The range of an inverter; nothing is said.
+void SelectionForm::limitFrequency() {
+    constexpr double least = 20;
+    constexpr double most = 70;
+    if (AdvanceText* frequency = panel_->txtFrequency)
+        frequency->SetTextValue(std::clamp(frequency->number(), least, most));
+}
+
+void SelectionForm::Calculate() {
+    limitFrequency();
     closesplitter34();
     Selection_ = std::make_unique<clsSelections>();
     gestioneSH(true);
@@ -64,9 +74,9 @@ void frmSelection::Calculate() {
 }
 
 // False when the run ended in a fault, which was shown.
-bool frmSelection::runSelection() {
+bool SelectionForm::runSelection() {
     const std::string refrigerant = toCore(panel_->lstRefrigerants->Key());
-    const auto [serie, market] = seriesOfMarket(panel_->lstSeries->Key());
+    const auto [serie, market] = chosenSeries();
     Selection_->SelectionPercent = [this](int percent, int) {
         if (progress_) progress_->setPercent(percent);
         QApplication::processEvents();
@@ -90,7 +100,7 @@ bool frmSelection::runSelection() {
     return false;
 }
 
-std::shared_ptr<const clsProjectConditions> frmSelection::conditions() const {
+std::shared_ptr<const clsProjectConditions> SelectionForm::conditions() const {
     auto result = std::make_shared<clsProjectConditions>();
     const QString voltage = panel_->cmbMotorVoltage->Key();
     const auto temperature = [this](const AdvanceText* field) {
@@ -112,11 +122,12 @@ std::shared_ptr<const clsProjectConditions> frmSelection::conditions() const {
     result->Eco = difference(panel_->txtEco);
     result->OilCoolingCalculateMode = panel_->cmbOilCooling->Key().toInt();
     result->OilCooling = temperature(panel_->txtOilCooling);
+    if (panel_->txtFrequency) result->InverterFrequency = static_cast<float>(panel_->txtFrequency->number());
     result->StepCapacity = panel_->cmbStepCapacity->Key().toInt();
     return result;
 }
 
-void frmSelection::showResults() {
+void SelectionForm::showResults() {
     populateLVCPS(groupBy_);
     Splitter1_->SetChild2(QStringLiteral("splitter2"));
     frame2_->hide();
@@ -132,7 +143,7 @@ void frmSelection::showResults() {
     PopulateFrame4();
 }
 
-void frmSelection::closesplitter34() {
+void SelectionForm::closesplitter34() {
     lvCps_->clear();
     Splitter1_->SetChild2(QStringLiteral("Frame2"));
     frame2_->show();

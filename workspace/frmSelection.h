@@ -1,150 +1,15 @@
 #pragma once
 
-#include <QWidget>
-#include <memory>
-
-#include "catalogue/clsProjectConditions.h"
-#include "engine/clsOutputs.h"
-#include "engine/clsSelections.h"
-#include "workspace/MeasureSystem.h"
+#include "workspace/SelectionForm.h"
 
 namespace marvello {
 
-class AdvanceText;
-class DropList;
-class EmptyPage;
-class InputPanel;
-class MessagesView;
-class ResultsView;
-class Splitter;
-class TabStrip;
-class frmpG;
-
-/// A selection of fixed-speed compressors: the inputs at the left, and beside them what to do next or the
-/// results of the last calculation.
-class frmSelection : public QWidget {
+/// A selection of compressors at mains frequency.
+class frmSelection : public SelectionForm {
     Q_OBJECT
 
   public:
-    explicit frmSelection(QWidget* parent = nullptr);
-    ~frmSelection() override;
-
-    QString Key() const { return key_; }
-    /// Also sets the window's title.
-    void setKey(const QString& key);
-    QString Description() const { return description_; }
-    void setDescription(const QString& description);
-    /// 0 for a form of fixed-speed compressors.
-    static constexpr int TypeForm = 0;
-
-    // What the main window asks of a form, by these names.
-    void Traduci();
-    void populateLVCPS(int groupBy);
-    void PopulateFrame4();
-    /// Shows the form in a measure system, 0 metric and 1 imperial: inputs and results are converted. With
-    /// `refresh` the coupled fields are worked out again.
-    void MeasureUnits(int unit, bool refresh);
-    int MeasureUnit() const { return static_cast<int>(measureUnit_); }
-    void CloseFrame(bool collapse);
-    /// Carries out a command by its key: "messages" selects the page of that name.
-    void MnuPopUp(const QString& name);
-    void Quit();
-
-    /// Starts a calculation, as the button and F5 do.
-    void lnkCalculate_Click();
-    /// Turns of the mouse wheel over the field in use. False when the pointer is elsewhere.
-    bool WheelMoved(int step);
-    /// Moves the selection of the results by `rows`.
-    void moveSelection(int rows);
-
-    bool hasResults() const;
-    /// How many compressors of the list carry a mark.
-    int countOf(const QString& mark) const;
-    /// The choice that the inputs stand at, as "R134A · TK-A".
-    QString subject() const;
-    bool isCollapsed() const { return collapsed_; }
-    /// How wide the inputs stand; to be kept between starts.
-    int panelWidth() const;
-    void setPanelWidth(int width);
-    int listHeight() const;
-    void setListHeight(int height);
-
-  signals:
-    /// What the main window shows of the form has changed.
-    void stateChanged();
-    /// The user moved a splitter.
-    void sizesChanged();
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-
-  private:
-    // frmSelection.cpp
-    void makePanes();
-    void translateTabs();
-
-    // SelectionInputs.cpp
-    void connectInputs();
-    void connectCoupledFields();
-    void connectModes();
-    void writeDefaults();
-    void PopulateInputObject(int level, const QString& value = QString());
-    void populateRefrigerants(const QString& value);
-    void populateSeries(const QString& value);
-    void populateModels();
-    void ApplySeriesRules();
-    void ApplyInputMask(unsigned mask);
-    void showChoice(AdvanceText* field);
-    void SyncTemperatureFields(const QString& leader);
-    void typedIn(AdvanceText* field);
-    QList<AdvanceText*> coupleOf(const QString& name) const;
-    /// Marks the field that leads a couple when its value leads nowhere, and blanks what follows it; a blank
-    /// reason takes that back.
-    void refuseLeader(const QString& leader, const QString& reason);
-    void markDerived(const QString& leader);
-    void walkPair(const AdvanceText* field);
-    bool gestioneSH(bool showMessage);
-    void showUnits();
-    void ConvertInputs(MeasureSystem from, MeasureSystem to);
-    void VisualizeHelp(const AdvanceText* field);
-    void inputsChanged();
-    bool hasGlide() const;
-
-    // SelectionRun.cpp
-    void Calculate();
-    bool allInputsValid();
-    std::shared_ptr<const clsProjectConditions> conditions() const;
-    bool runSelection();
-    void showResults();
-    void closesplitter34();
-
-    // SelectionResults.cpp
-    /// Lists the results anew with the same row selected.
-    void relistResults();
-    void addCompressor(clsCompressor& compressor, const QString& label);
-    void populateMessages(const clsCompressor& compressor);
-
-    QString key_;
-    QString description_;
-    MeasureSystem measureUnit_ = MeasureSystem::metric;
-    int groupBy_ = 0;
-    int evaporatingMaster_ = 0;  // 1 when the mid temperature leads
-    int condensingMaster_ = 0;
-    int keptSplitterPos_ = 0;
-    bool collapsed_ = false;
-
-    Splitter* Splitter1_;
-    Splitter* Splitter2_;
-    InputPanel* panel_;
-    EmptyPage* frame2_;
-    ResultsView* lvCps_;
-    TabStrip* TabStrip_;
-    MessagesView* lvMessages_;
-    DropList* dropList_;
-    std::unique_ptr<frmpG> progress_;
-    std::unique_ptr<clsSelections> Selection_;
-    clsOutputs outputs_;
+    explicit frmSelection(QWidget* parent = nullptr) : SelectionForm(fixedSpeed, parent) {}
 };
 
 }  // namespace marvello

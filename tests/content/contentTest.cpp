@@ -57,7 +57,7 @@ std::multiset<std::string> placeholders(const std::string& text) {
 /// The whole dictionary keys that stand as literals in the program's sources.
 std::set<std::string> keysInSources() {
     static const std::regex literal(
-        R"re("((messages|general|variables|frmselections?|formselection|frmpg|frmabout|frmrefrigerant|mdimain|report)(\.[\w-]+)+)")re");
+        R"re("((messages|general|variables|frmselections?|formselection|frmpg|frmabout|frmmenu|frmrefrigerant|mdimain|report)(\.[\w-]+)+)")re");
     std::set<std::string> keys;
     for (const auto* room : {"catalogue", "engine", "reports", "workspace", "app"}) {
         const fs::path folder = fs::path(MARVELLO_SOURCE_FOLDER) / room;

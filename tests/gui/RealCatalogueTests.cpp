@@ -32,7 +32,7 @@
 #include "engine/clsSelections.h"
 #include "thermo/clsRefprop.h"
 #include "workspace/MDIMain.h"
-#include "workspace/frmSelection.h"
+#include "workspace/SelectionForm.h"
 
 using namespace marvello;
 
@@ -91,7 +91,7 @@ class RealCatalogueTest : public testing::TestWithParam<const char*> {
 
     QStringList boxes;
     std::unique_ptr<MDIMain> window;
-    frmSelection* form = nullptr;
+    SelectionForm* form = nullptr;
 
   private:
     QTemporaryDir settings_;

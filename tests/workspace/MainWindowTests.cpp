@@ -6,6 +6,7 @@
 #include <QMdiArea>
 #include <QMenu>
 #include <QTest>
+#include <QTimer>
 #include <stdexcept>
 
 #include "controls/ResultsView.h"
@@ -13,7 +14,8 @@
 #include "data/Globals.h"
 #include "data/Hooks.h"
 #include "tests/workspace/WorkspaceFixture.h"
-#include "workspace/frmSelection.h"
+#include "workspace/SelectionForm.h"
+#include "workspace/frmMenu.h"
 
 using namespace marvello;
 using namespace marvello::testing;
@@ -36,6 +38,12 @@ class MainWindowTest : public WorkspaceFixture {
     QAction* action(const char* name) { return control<QAction>(*window, name); }
     TabStrip* tabs() {
         return window->centralWidget()->findChild<TabBand*>("", Qt::FindDirectChildrenOnly)->strip();
+    }
+    /// Asks for a new form and answers the start menu with a key.
+    void newFormBy(Qt::Key key) {
+        QTimer::singleShot(0, window.get(),
+                           [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+        action("mnu_file_new_selection")->trigger();
     }
     QString status() { return control<QLabel>(*window, "statusCounts")->text(); }
     /// Closing takes effect in the event loop.
@@ -60,11 +68,47 @@ TEST_F(MainWindowTest, IsQuietWithoutForms) {
     action("mnu_file_closeall")->trigger();
 }
 
+TEST_F(MainWindowTest, TheStartMenuOpensTheFormChosen) {
+    const auto answer = [&](auto act) {
+        QTimer::singleShot(0, window.get(),
+                           [act] { act(qobject_cast<frmMenu*>(QApplication::activeModalWidget())); });
+        action("mnu_file_new_selection")->trigger();
+    };
+    answer([](frmMenu* menu) {
+        EXPECT_EQ(menu->size(), menu->parentWidget()->size());
+        QTest::keyClick(menu, Qt::Key_Escape);
+    });
+    answer([](frmMenu* menu) { QTest::mouseClick(menu, Qt::LeftButton, {}, QPoint(5, 5)); });
+    EXPECT_EQ(tabs()->count(), 0);
+    answer([](frmMenu* menu) {
+        QTest::keyClick(menu, Qt::Key_Right);
+        QTest::keyClick(menu, Qt::Key_Right);
+        QTest::keyClick(menu, Qt::Key_Left);
+        QTest::keyClick(menu, Qt::Key_Tab);
+        QTest::keyClick(menu, Qt::Key_Space);
+    });
+    ASSERT_EQ(tabs()->count(), 1);
+    EXPECT_EQ(tabs()->tabText(0), "1 inverter");
+    EXPECT_EQ(window->ActiveForm()->TypeForm(), 1);
+    answer([](frmMenu* menu) {
+        const QPoint at = menu->placeOf(frmMenu::selection).center().toPoint();
+        QTest::mouseMove(menu, menu->placeOf(frmMenu::inverter).center().toPoint());
+        QTest::mouseClick(menu, Qt::LeftButton, {}, at);
+    });
+    EXPECT_EQ(tabs()->tabText(1), "2 Selection");
+    EXPECT_EQ(window->ActiveForm()->TypeForm(), 0);
+    // Kept: all but the inverter's form.
+    action("mnu_file_closeall")->trigger();
+    settle();
+    ASSERT_EQ(tabs()->count(), 1);
+    EXPECT_EQ(tabs()->tabText(0), "1 inverter");
+}
+
 TEST_F(MainWindowTest, EveryFormHasItsTab) {
-    action("mnu_file_new_selection")->trigger();
-    frmSelection* first = window->ActiveForm();
-    action("mnu_file_new_selection")->trigger();
-    frmSelection* second = window->ActiveForm();
+    newFormBy(Qt::Key_Return);
+    SelectionForm* first = window->ActiveForm();
+    newFormBy(Qt::Key_Return);
+    SelectionForm* second = window->ActiveForm();
     ASSERT_NE(first, second);
     EXPECT_EQ(tabs()->tabText(0), "1 Selection");
     EXPECT_EQ(tabs()->currentKey(), "2Selection");
@@ -81,7 +125,7 @@ TEST_F(MainWindowTest, EveryFormHasItsTab) {
 }
 
 TEST_F(MainWindowTest, CommandsFollowTheStateOfTheActiveForm) {
-    frmSelection* form = window->newSelection();
+    SelectionForm* form = window->newSelection();
     EXPECT_FALSE(action("frecciadown")->isEnabled());
     EXPECT_FALSE(field(*window, "cmbGroupBy")->isEnabled());
     choose(*form, "lstSeries", "TK-A");
@@ -100,7 +144,7 @@ TEST_F(MainWindowTest, CommandsFollowTheStateOfTheActiveForm) {
 }
 
 TEST_F(MainWindowTest, ALanguageIsTakenByAllFormsAndKept) {
-    frmSelection* form = window->newSelection();
+    SelectionForm* form = window->newSelection();
     auto* menu = control<QMenu>(*window, "mnu_tools_language");
     const auto language = [menu](const QString& name) {
         for (QAction* entry : menu->actions())
@@ -118,8 +162,8 @@ TEST_F(MainWindowTest, ALanguageIsTakenByAllFormsAndKept) {
 
 TEST_F(MainWindowTest, EachFormKeepsItsMeasureSystem) {
     EXPECT_FALSE(field(*window, "cmbmeasureunits")->isEnabled());
-    frmSelection* first = window->newSelection();
-    frmSelection* second = window->newSelection();
+    SelectionForm* first = window->newSelection();
+    SelectionForm* second = window->newSelection();
     choose(*window, "cmbmeasureunits", "1");
     EXPECT_EQ(second->MeasureUnit(), 1);
     EXPECT_EQ(first->MeasureUnit(), 0);
@@ -133,7 +177,7 @@ TEST_F(MainWindowTest, EachFormKeepsItsMeasureSystem) {
 }
 
 TEST_F(MainWindowTest, SplittersStandWhereTheyWereLeft) {
-    frmSelection* form = window->newSelection();
+    SelectionForm* form = window->newSelection();
     form->setPanelWidth(450);
     emit form->sizesChanged();
     EXPECT_EQ(window->newSelection()->panelWidth(), 450);

@@ -12,7 +12,7 @@
 #include "controls/AdvanceText.h"
 #include "controls/ResultsView.h"
 #include "workspace/MDIMain.h"
-#include "workspace/frmSelection.h"
+#include "workspace/SelectionForm.h"
 
 namespace marvello {
 
@@ -96,6 +96,9 @@ bool Driver::findForm() {
     for (auto* const widget : QApplication::topLevelWidgets())
         if (auto* const window = qobject_cast<MDIMain*>(widget); window && window->isVisible())
             window_ = window;
+    // The start menu: its first choice is a form of fixed-speed compressors.
+    if (QWidget* menu = QApplication::activeModalWidget(); menu && menu->objectName() == u"frmMenu")
+        QTest::keyClick(menu, Qt::Key_Return);
     form_ = window_ ? window_->ActiveForm() : nullptr;
     if (!form_) return false;
     // Only an active window takes keys; a screen without a window manager activates none by itself.

@@ -8,7 +8,7 @@
 namespace marvello {
 
 class MDIMain;
-class frmSelection;
+class SelectionForm;
 
 /// Works the running program through one selection as a user would, by key strokes in its own windows: types
 /// the conditions, starts the calculation with F5 and walks to a result. Then it prints the results list on
@@ -36,7 +36,7 @@ class Driver : public QObject {
     QTimer timer_;
     QElapsedTimer elapsed_;
     MDIMain* window_ = nullptr;
-    frmSelection* form_ = nullptr;
+    SelectionForm* form_ = nullptr;
     Stage stage_ = Stage::awaitWindow;
     bool done_ = false;
 };

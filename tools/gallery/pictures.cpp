@@ -23,8 +23,8 @@
 #include "data/Globals.h"
 #include "data/Texts.h"
 #include "workspace/MDIMain.h"
+#include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
-#include "workspace/frmSelection.h"
 
 using namespace marvello;
 
@@ -43,7 +43,8 @@ struct Demonstration {
 
     /// Opens a dialog through its command and saves what it shows.
     void saveDialog(MDIMain& window, const char* command, const char* name, int tab = 0) const {
-        QTimer::singleShot(50, &window, [this, name, tab] {
+        constexpr int shown = 250;  // milliseconds; what fades in is there by then
+        QTimer::singleShot(shown, &window, [this, name, tab] {
             QWidget* dialog = QApplication::activeModalWidget();
             if (!dialog) return;
             if (auto* tabs = dialog->findChild<QTabBar*>()) tabs->setCurrentIndex(tab);
@@ -55,10 +56,11 @@ struct Demonstration {
 
     void run(MDIMain& window) const {
         save(window, "empty-frame");
+        saveDialog(window, "mnu_file_new_selection", "start-menu");
         saveDialog(window, "mnu_help_About", "about");
         saveDialog(window, "mnu_help_About", "terms", 1);
         saveDialog(window, "mnu_help_Builds", "builds");
-        frmSelection* form = window.newSelection();
+        SelectionForm* form = window.newSelection();
         QApplication::processEvents();
         auto* refrigerants = form->findChild<AdvanceText*>(QStringLiteral("lstRefrigerants"));
         if (refrigerants->Key() != refrigerant) {

@@ -1,4 +1,4 @@
-#include "workspace/frmSelection.h"
+#include "workspace/SelectionForm.h"
 
 #include <QKeyEvent>
 #include <QShortcut>
@@ -44,19 +44,23 @@ QWidget* pane(const char* name, QWidget* parent) {
 
 }  // namespace
 
-frmSelection::frmSelection(QWidget* parent)
-    : QWidget(parent), dropList_(new DropList(this)), Selection_(std::make_unique<clsSelections>()) {
-    setObjectName(QStringLiteral("frmSelection"));
+SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
+    : QWidget(parent),
+      kind_(kind),
+      dropList_(new DropList(this)),
+      Selection_(std::make_unique<clsSelections>()) {
+    setObjectName(QLatin1String(kind.name));
     setMinimumSize(880, 560);
     makePanes();
     connectInputs();
     auto* calculate = new QShortcut(QKeySequence(Qt::Key_F5), this);
     calculate->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(calculate, &QShortcut::activated, this, &frmSelection::lnkCalculate_Click);
-    connect(panel_->lnkCalculate, &ctlBtn::clicked, this, &frmSelection::lnkCalculate_Click);
+    connect(calculate, &QShortcut::activated, this, &SelectionForm::lnkCalculate_Click);
+    connect(panel_->lnkCalculate, &ctlBtn::clicked, this, &SelectionForm::lnkCalculate_Click);
 
     writeDefaults();
     Traduci();
+    if (kind_.hasInverter) applySet(QStringLiteral("Init"));
     PopulateInputObject(1, QStringLiteral("R134A"));
     SyncTemperatureFields(QStringLiteral("tcd"));
     SyncTemperatureFields(QStringLiteral("ted"));
@@ -64,13 +68,13 @@ frmSelection::frmSelection(QWidget* parent)
     panel_->txtTED->setFocus();
 }
 
-frmSelection::~frmSelection() = default;
+SelectionForm::~SelectionForm() = default;
 
-void frmSelection::makePanes() {
+void SelectionForm::makePanes() {
     Splitter1_ = new Splitter(this);
     Splitter1_->setObjectName(QStringLiteral("Splitter1"));
     QWidget* Frame1 = pane("Frame1", Splitter1_);
-    panel_ = new InputPanel(Frame1);
+    panel_ = new InputPanel(kind_.hasInverter, Frame1);
     auto* inside = new QVBoxLayout(Frame1);
     inside->setContentsMargins(0, 0, 0, 0);
     inside->addWidget(panel_);
@@ -117,25 +121,30 @@ void frmSelection::makePanes() {
         PopulateFrame4();
         emit stateChanged();
     });
-    connect(TabStrip_, &QTabBar::currentChanged, this, &frmSelection::PopulateFrame4);
-    connect(Splitter1_, &Splitter::moved, this, &frmSelection::sizesChanged);
-    connect(Splitter2_, &Splitter::moved, this, &frmSelection::sizesChanged);
+    connect(TabStrip_, &QTabBar::currentChanged, this, &SelectionForm::PopulateFrame4);
+    connect(Splitter1_, &Splitter::moved, this, &SelectionForm::sizesChanged);
+    connect(Splitter2_, &Splitter::moved, this, &SelectionForm::sizesChanged);
 }
 
-void frmSelection::setKey(const QString& key) {
+void SelectionForm::setKey(const QString& key) {
     key_ = key;
     setWindowTitle(description_.isEmpty() ? key : description_);
 }
 
-void frmSelection::setDescription(const QString& description) {
+void SelectionForm::setDescription(const QString& description) {
     description_ = description;
     setWindowTitle(description);
 }
 
-void frmSelection::Traduci() {
+// Both forms have the sets, and the texts, of one.
+void SelectionForm::applySet(const QString& key) {
+    ApplyFormParameters(QStringLiteral("frm"), QStringLiteral("frmselection"), key, *this);
+}
+
+void SelectionForm::Traduci() {
     const bool isChinese = gApplication().User().language == "cn-CN";
     panel_->ResizeControls(isChinese ? wideCaptionWidth : captionWidth);
-    ApplyFormParameters(QStringLiteral("frm"), objectName(), QStringLiteral("populate"), *this);
+    applySet(QStringLiteral("populate"));
     panel_->lnkCalculate->setText(dictionaryText(QStringLiteral("frmselection.lnkcalculate.caption")));
     panel_->SetCaptionText(dictionaryText(QStringLiteral("frmselection.coolframe1.captiontext")));
     frame2_->setTexts(dictionaryText(QStringLiteral("frmselection.empty.title")),
@@ -151,13 +160,13 @@ void frmSelection::Traduci() {
     if (hasResults()) relistResults();
 }
 
-void frmSelection::translateTabs() {
+void SelectionForm::translateTabs() {
     for (int tab = 0; tab < TabStrip_->count(); ++tab)
         TabStrip_->setTabText(
             tab, dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.") + TabStrip_->key(tab)));
 }
 
-void frmSelection::CloseFrame(bool collapse) {
+void SelectionForm::CloseFrame(bool collapse) {
     if (collapse == collapsed_) return;
     collapsed_ = collapse;
     if (collapse) {
@@ -171,29 +180,29 @@ void frmSelection::CloseFrame(bool collapse) {
     }
 }
 
-void frmSelection::MnuPopUp(const QString& name) {
+void SelectionForm::MnuPopUp(const QString& name) {
     if (const int tab = TabStrip_->indexOf(name); tab >= 0) TabStrip_->setCurrentIndex(tab);
 }
 
-void frmSelection::Quit() {
+void SelectionForm::Quit() {
     if (QWidget* window = parentWidget())
         window->close();
     else
         close();
 }
 
-int frmSelection::panelWidth() const { return collapsed_ ? keptSplitterPos_ : Splitter1_->SplitterPos(); }
-void frmSelection::setPanelWidth(int width) { Splitter1_->SetSplitterPos(width); }
-int frmSelection::listHeight() const { return Splitter2_->SplitterPos(); }
-void frmSelection::setListHeight(int height) { Splitter2_->SetSplitterPos(height); }
+int SelectionForm::panelWidth() const { return collapsed_ ? keptSplitterPos_ : Splitter1_->SplitterPos(); }
+void SelectionForm::setPanelWidth(int width) { Splitter1_->SetSplitterPos(width); }
+int SelectionForm::listHeight() const { return Splitter2_->SplitterPos(); }
+void SelectionForm::setListHeight(int height) { Splitter2_->SetSplitterPos(height); }
 
-QString frmSelection::subject() const {
+QString SelectionForm::subject() const {
     return panel_->lstRefrigerants->TextText() + QStringLiteral(" \u00B7 ") + panel_->lstSeries->TextText();
 }
 
-void frmSelection::resizeEvent(QResizeEvent*) { Splitter1_->resize(size()); }
+void SelectionForm::resizeEvent(QResizeEvent*) { Splitter1_->resize(size()); }
 
-void frmSelection::keyPressEvent(QKeyEvent* event) {
+void SelectionForm::keyPressEvent(QKeyEvent* event) {
     // Enter leaves no field: the calculation is started by its own key.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
     QWidget::keyPressEvent(event);

@@ -1,0 +1,208 @@
+#include "workspace/frmMenu.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QVariantAnimation>
+#include <cmath>
+
+#include "controls/Icons.h"
+#include "controls/Look.h"
+#include "workspace/CompressorArt.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr double panelWidth = 676;
+constexpr double panelHeight = 404;
+constexpr double margin = 28;
+constexpr double cardTop = 70;
+constexpr double cardWidth = 300;
+constexpr double cardHeight = 280;
+constexpr double cardGap = 20;
+constexpr double hintsTop = cardTop + cardHeight + 16;
+constexpr double hintHeight = 22;
+constexpr double dimming = 0.28;
+constexpr int fadeTime = 150;  // milliseconds
+
+QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
+
+}  // namespace
+
+frmMenu::frmMenu(QWidget* frame)
+    : QDialog(frame, Qt::Dialog | Qt::FramelessWindowHint), fade_(new QVariantAnimation(this)) {
+    setObjectName(QStringLiteral("frmMenu"));
+    setWindowTitle(text("frmmenu.caption"));
+    setWindowModality(Qt::ApplicationModal);
+    setMouseTracking(true);
+    under_ = frame->grab();
+    setGeometry(QRect(frame->mapToGlobal(QPoint(0, 0)), frame->size()));
+    fade_->setStartValue(0.0);
+    fade_->setEndValue(1.0);
+    fade_->setDuration(fadeTime);
+    connect(fade_, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
+    turnOn(selection);
+}
+
+frmMenu::Choice frmMenu::choose() {
+    fade_->start();
+    return static_cast<Choice>(exec());
+}
+
+QRectF frmMenu::panel() const {
+    const QPointF corner((width() - panelWidth) / 2, (height() - panelHeight) / 2);
+    return {corner.x() > 0 ? std::floor(corner.x()) : 0, corner.y() > 0 ? std::floor(corner.y()) : 0,
+            panelWidth, panelHeight};
+}
+
+QRectF frmMenu::placeOf(Choice choice) const {
+    const double left = panel().left() + margin + (choice == inverter ? cardWidth + cardGap : 0);
+    return {left, panel().top() + cardTop, cardWidth, cardHeight};
+}
+
+frmMenu::Choice frmMenu::choiceAt(const QPointF& at) const {
+    for (const Choice choice : {selection, inverter})
+        if (placeOf(choice).contains(at)) return choice;
+    return none;
+}
+
+void frmMenu::turnOn(Choice choice) {
+    on_ = choice;
+    setAccessibleDescription(text(choice == inverter ? "frmmenu.inverter" : "frmmenu.selection"));
+    update();
+}
+
+void frmMenu::mouseMoveEvent(QMouseEvent* event) {
+    const Choice under = choiceAt(event->position());
+    if (under != none && under != on_) turnOn(under);
+    setCursor(under == none ? Qt::ArrowCursor : Qt::PointingHandCursor);
+}
+
+void frmMenu::mousePressEvent(QMouseEvent* event) {
+    pressed_ = choiceAt(event->position());
+    if (!panel().contains(event->position())) done(none);
+}
+
+void frmMenu::mouseReleaseEvent(QMouseEvent* event) {
+    if (pressed_ != none && choiceAt(event->position()) == pressed_) done(pressed_);
+}
+
+void frmMenu::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Left:
+            turnOn(selection);
+            break;
+        case Qt::Key_Right:
+            turnOn(inverter);
+            break;
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+            turnOn(on_ == selection ? inverter : selection);
+            break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Space:
+            done(on_);
+            break;
+        case Qt::Key_Escape:
+            done(none);
+            break;
+        default:
+            break;
+    }
+}
+
+void frmMenu::paintEvent(QPaintEvent*) {
+    const double shown =
+        fade_->state() == QAbstractAnimation::Running ? fade_->currentValue().toDouble() : 1.0;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.drawPixmap(0, 0, under_);
+    QColor shade(Qt::black);
+    shade.setAlphaF(static_cast<float>(dimming * shown));
+    painter.fillRect(rect(), shade);
+    painter.setOpacity(shown);
+    paintPanel(painter);
+    paintChoice(painter, selection);
+    paintChoice(painter, inverter);
+    paintHints(painter);
+}
+
+void frmMenu::paintPanel(QPainter& painter) const {
+    const Look& look = Look::current();
+    const QRectF place = panel();
+    QColor shadow(Qt::black);
+    for (int ring = 6; ring > 0; --ring) {
+        shadow.setAlphaF(0.025F);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(shadow);
+        const double by = 3.0 * ring;
+        painter.drawRoundedRect(place.adjusted(-by, -by + 6, by, by + 6), 8 + by, 8 + by);
+    }
+    painter.setBrush(look.raised);
+    painter.setPen(look.isDark ? QPen(look.line) : QPen(Qt::NoPen));
+    painter.drawRoundedRect(place, 8, 8);
+    painter.setFont(lookFont(20));
+    painter.setPen(look.text);
+    painter.drawText(QRectF(place.left() + margin, place.top() + 20, cardWidth * 2 - 40, 36),
+                     Qt::AlignVCenter | Qt::AlignLeft, windowTitle());
+    constexpr double emblem = 22;
+    paintIcon(painter, {place.right() - margin - emblem, place.top() + 28, emblem, emblem},
+              QStringLiteral("emblem"), look.accent);
+}
+
+void frmMenu::paintChoice(QPainter& painter, Choice choice) const {
+    const Look& look = Look::current();
+    const bool isOn = choice == on_;
+    const QRectF place = placeOf(choice);
+    const double inset = isOn ? 1 : 0.5;
+    painter.setPen(QPen(isOn ? look.accent : look.line, isOn ? 2 : 1));
+    painter.setBrush(isOn ? look.accentTint : look.raised);
+    painter.drawRoundedRect(place.adjusted(inset, inset, -inset, -inset), 8, 8);
+    QColor soft = look.accent;
+    soft.setAlphaF(0.25F);
+    const ArtColours colours{isOn ? look.accent : look.controlLine, isOn ? soft : look.line,
+                             look.isDark ? look.surfaceAlt : look.surface};
+    paintCompressor(painter, place.adjusted(40, 24, -40, -92), colours, choice == inverter);
+    const auto line = [&](const char* key, double bottom, const QFont& font, const QColor& colour) {
+        painter.setFont(font);
+        painter.setPen(colour);
+        const QRectF room(place.left() + 8, place.bottom() - bottom, place.width() - 16, 22);
+        painter.drawText(
+            room, Qt::AlignCenter,
+            painter.fontMetrics().elidedText(text(key), Qt::ElideRight, static_cast<int>(room.width())));
+    };
+    line(choice == inverter ? "frmmenu.inverter" : "frmmenu.selection", 66, lookFont(15, QFont::Medium),
+         look.text);
+    line(choice == inverter ? "frmmenu.inverter.text" : "frmmenu.selection.text", 44, lookFont(), look.muted);
+}
+
+void frmMenu::paintHints(QPainter& painter) const {
+    const Look& look = Look::current();
+    double left = panel().left() + margin;
+    const double top = panel().top() + hintsTop;
+    const auto word = [&](const QString& what, bool isKey) {
+        const QFont font = isKey ? lookFont(11, QFont::Medium) : lookFont(12);
+        const double advance = QFontMetricsF(font).horizontalAdvance(what);
+        const QRectF place(left, top, isKey ? advance + 12 : advance, hintHeight);
+        painter.setFont(font);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(look.controlLine);
+        if (isKey) painter.drawRoundedRect(place.adjusted(0.5, 2.5, -0.5, -2.5), 3, 3);
+        painter.setPen(look.muted);
+        painter.drawText(place.adjusted(-2, 0, 2, 0), Qt::AlignCenter, what);
+        left = place.right() + (isKey ? 6 : 22);
+    };
+    word(QString(QChar(0x2190)), true);
+    word(QString(QChar(0x2192)), true);
+    word(text("frmmenu.choose"), false);
+    word(QStringLiteral("Enter"), true);
+    word(text("frmmenu.open"), false);
+    word(QStringLiteral("Esc"), true);
+    word(text("frmmenu.close"), false);
+}
+
+}  // namespace marvello

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QDialog>
+#include <QPixmap>
+#include <array>
+
+class QVariantAnimation;
+
+namespace marvello {
+
+/// The start menu over the main window: which form is to be opened. It stands on a dimmed picture of the
+/// window, into which it fades.
+class frmMenu : public QDialog {
+    Q_OBJECT
+
+  public:
+    enum Choice { none = 0, selection = 1, inverter = 2 };
+
+    explicit frmMenu(QWidget* frame);
+
+    /// Shows the menu and waits. Escape, or a click beside it, chooses nothing.
+    Choice choose();
+
+    /// Where a choice stands.
+    QRectF placeOf(Choice choice) const;
+    Choice shown() const { return on_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    QRectF panel() const;
+    Choice choiceAt(const QPointF& at) const;
+    void turnOn(Choice choice);
+    void paintPanel(QPainter& painter) const;
+    void paintChoice(QPainter& painter, Choice choice) const;
+    void paintHints(QPainter& painter) const;
+
+    QPixmap under_;
+    QVariantAnimation* fade_;
+    Choice on_ = selection;
+    Choice pressed_ = none;
+};
+
+}  // namespace marvello
