@@ -15,6 +15,11 @@ void Container::SetCaptionText(const QString& text) {
     Refresh();
 }
 
+void Container::SetCaptionForeColor(const QColor& colour) {
+    captionForeColor_ = colour;
+    emit appearanceChanged();
+}
+
 void Container::SetBordersColor(const QColor& colour) {
     borderLeftColor_ = borderTopColor_ = borderRightColor_ = borderBottomColor_ = colour;
     Refresh();

@@ -12,7 +12,7 @@ namespace marvello {
 class Container : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QColor BackColor MEMBER backColor_ NOTIFY appearanceChanged)
-    Q_PROPERTY(QColor CaptionForeColor MEMBER captionForeColor_ NOTIFY appearanceChanged)
+    Q_PROPERTY(QColor CaptionForeColor READ CaptionForeColor WRITE SetCaptionForeColor)
     Q_PROPERTY(bool BorderVisible MEMBER borderVisible_ NOTIFY appearanceChanged)
     Q_PROPERTY(QFont Font MEMBER captionFont_ NOTIFY appearanceChanged)
     Q_PROPERTY(QString CaptionText MEMBER captionText_ NOTIFY appearanceChanged)
@@ -40,6 +40,8 @@ class Container : public QWidget {
 
     /// The title; also read by its name as a property.
     void SetCaptionText(const QString& text);
+    QColor CaptionForeColor() const { return captionForeColor_; }
+    void SetCaptionForeColor(const QColor& colour);
     QColor BordersColor() const { return borderTopColor_; }
     void SetBordersColor(const QColor& colour);
 

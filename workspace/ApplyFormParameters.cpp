@@ -1,11 +1,15 @@
 #include "workspace/ApplyFormParameters.h"
 
 #include <QColor>
+#include <QFont>
 #include <QMetaProperty>
+#include <QPalette>
 #include <QVariant>
 #include <QWidget>
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 #include <optional>
 #include <utility>
 
@@ -94,13 +98,63 @@ QObject* controlOf(QWidget& form, const QString& name) {
     return nullptr;
 }
 
+void paintWith(QWidget& control, std::initializer_list<QPalette::ColorRole> roles, const QColor& colour) {
+    QPalette palette = control.palette();
+    for (const QPalette::ColorRole role : roles) palette.setColor(role, colour);
+    control.setPalette(palette);
+}
+
+/// Properties that every control has, by the names that sets know. Lengths are twips, font sizes points.
+bool assignStandard(QWidget& control, const QString& name, const QString& text) {
+    const auto is = [&name](const char* known) {
+        return name.compare(QLatin1String(known), Qt::CaseInsensitive) == 0;
+    };
+    if (is("Tag")) return control.setProperty("Tag", text), true;
+    if (is("BackColor") || is("ForeColor")) {
+        const auto colour = asColour(text);
+        if (!colour) return false;
+        if (is("ForeColor")) {
+            paintWith(control, {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}, *colour);
+        } else {
+            paintWith(control, {QPalette::Window, QPalette::Base, QPalette::Button}, *colour);
+            control.setAutoFillBackground(true);
+        }
+        return true;
+    }
+    const auto number = storedNumber(toCore(text));
+    constexpr double most = 1e6;
+    if (!number || std::abs(*number) > most) return false;
+    constexpr double twips = 15;  // to a pixel
+    const auto length = static_cast<int>(std::nearbyint(*number / twips));
+    if (is("Left"))
+        control.move(length, control.y());
+    else if (is("Top"))
+        control.move(control.x(), length);
+    else if (is("Width") && length >= 0)
+        control.setFixedWidth(length);
+    else if (is("Height") && length >= 0)
+        control.setFixedHeight(length);
+    else if (is("FontSize") && *number > 0) {
+        constexpr double pixelsPerPoint = 96.0 / 72.0;
+        QFont font = control.font();
+        font.setPixelSize(std::max(1, static_cast<int>(std::nearbyint(*number * pixelsPerPoint))));
+        control.setFont(font);
+    } else {
+        return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 bool assignProperty(QObject& control, const QString& property, const QString& value) {
     const QMetaProperty found = propertyOf(control, property);
-    if (!found.isValid() || !found.isWritable()) return false;
-    const QVariant fitting = converted(found, value);
-    return fitting.isValid() && found.write(&control, fitting);
+    if (found.isValid() && found.isWritable()) {
+        const QVariant fitting = converted(found, value);
+        return fitting.isValid() && found.write(&control, fitting);
+    }
+    auto* const widget = qobject_cast<QWidget*>(&control);
+    return widget && assignStandard(*widget, property, value);
 }
 
 void ApplyFormParameters(const QString& type, const QString& typeKey, const QString& key, QWidget& form) {

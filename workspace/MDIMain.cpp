@@ -169,7 +169,9 @@ void MDIMain::openStartMenu() {
 }
 
 void MDIMain::newForm() {
-    switch (frmMenu(this).choose()) {
+    const frmMenu::Choice choice = frmMenu(this).choose();
+    activateWindow();
+    switch (choice) {
         case frmMenu::selection:
             newSelection();
             break;

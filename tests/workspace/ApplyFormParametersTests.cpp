@@ -72,3 +72,40 @@ TEST_F(ApplyFormParametersTest, ReadsColoursInBothNotations) {
     EXPECT_EQ(input->property("CaptionForeColor").value<QColor>(), QColor(0, 0, 255));
     EXPECT_FALSE(input->property("CaptionBackColor").value<QColor>().isValid());
 }
+
+TEST_F(ApplyFormParametersTest, EveryControlHasTheStandardProperties) {
+    QLabel plain(&form);
+    plain.setObjectName("plain");
+    const auto assign = [&](const char* property, const char* value) {
+        return assignProperty(plain, property, value);
+    };
+    for (const auto& [property, value] : {std::pair{"caption", "Text"},
+                                          {"ToolTipText", "Tip"},
+                                          {"tag", "a;b"},
+                                          {"Enabled", "False"},
+                                          {"Left", "150"},
+                                          {"top", "-30"},
+                                          {"Width", "1500"},
+                                          {"Height", "450"},
+                                          {"FontSize", "9"},
+                                          {"ForeColor", "255"},
+                                          {"BackColor", "#102030"}})
+        EXPECT_TRUE(assign(property, value)) << property;
+    EXPECT_EQ(plain.text(), "Text");
+    EXPECT_EQ(plain.toolTip(), "Tip");
+    EXPECT_EQ(plain.property("Tag").toString(), "a;b");
+    EXPECT_FALSE(plain.isEnabled());
+    // 15 twips are a pixel, 72 points 96 pixels; the lowest byte of a colour is red.
+    EXPECT_EQ(plain.geometry(), QRect(10, -2, 100, 30));
+    EXPECT_EQ(plain.font().pixelSize(), 12);
+    EXPECT_EQ(plain.palette().color(QPalette::WindowText), QColor(255, 0, 0));
+    EXPECT_EQ(plain.palette().color(QPalette::Window), QColor(16, 32, 48));
+    for (const auto& [property, value] : {std::pair{"Width", "wide"},
+                                          {"Width", "-15"},
+                                          {"Height", "1e99"},
+                                          {"FontSize", "0"},
+                                          {"BackColor", "red?"},
+                                          {"NoSuch", "1"}})
+        EXPECT_FALSE(assign(property, value)) << property;
+    EXPECT_EQ(plain.size(), QSize(100, 30));
+}

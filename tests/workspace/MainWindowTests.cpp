@@ -39,10 +39,18 @@ class MainWindowTest : public WorkspaceFixture {
     TabStrip* tabs() {
         return window->centralWidget()->findChild<TabBand*>("", Qt::FindDirectChildrenOnly)->strip();
     }
-    /// Asks for a new form and answers the start menu with a key.
+    /// Lets a person act on the start menu that opens next.
+    template <class Act>
+    void answerMenu(Act act) {
+        QTimer::singleShot(0, window.get(), [act] {
+            auto* menu = qobject_cast<frmMenu*>(QApplication::activeModalWidget());
+            ASSERT_NE(menu, nullptr);
+            act(*menu);
+            if (menu->isVisible()) menu->done(frmMenu::none);
+        });
+    }
     void newFormBy(Qt::Key key) {
-        QTimer::singleShot(0, window.get(),
-                           [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+        answerMenu([key](frmMenu& menu) { QTest::keyClick(&menu, key); });
         action("mnu_file_new_selection")->trigger();
     }
     QString status() { return control<QLabel>(*window, "statusCounts")->text(); }
@@ -70,30 +78,29 @@ TEST_F(MainWindowTest, IsQuietWithoutForms) {
 
 TEST_F(MainWindowTest, TheStartMenuOpensTheFormChosen) {
     const auto answer = [&](auto act) {
-        QTimer::singleShot(0, window.get(),
-                           [act] { act(qobject_cast<frmMenu*>(QApplication::activeModalWidget())); });
+        answerMenu(act);
         action("mnu_file_new_selection")->trigger();
     };
-    answer([](frmMenu* menu) {
-        EXPECT_EQ(menu->size(), menu->parentWidget()->size());
-        QTest::keyClick(menu, Qt::Key_Escape);
+    answer([](frmMenu& menu) {
+        EXPECT_EQ(menu.size(), menu.parentWidget()->size());
+        QTest::keyClick(&menu, Qt::Key_Escape);
     });
-    answer([](frmMenu* menu) { QTest::mouseClick(menu, Qt::LeftButton, {}, QPoint(5, 5)); });
+    answer([](frmMenu& menu) { QTest::mouseClick(&menu, Qt::LeftButton, {}, QPoint(5, 5)); });
     EXPECT_EQ(tabs()->count(), 0);
-    answer([](frmMenu* menu) {
-        QTest::keyClick(menu, Qt::Key_Right);
-        QTest::keyClick(menu, Qt::Key_Right);
-        QTest::keyClick(menu, Qt::Key_Left);
-        QTest::keyClick(menu, Qt::Key_Tab);
-        QTest::keyClick(menu, Qt::Key_Space);
+    answer([](frmMenu& menu) {
+        QTest::keyClick(&menu, Qt::Key_Right);
+        QTest::keyClick(&menu, Qt::Key_Right);
+        QTest::keyClick(&menu, Qt::Key_Left);
+        QTest::keyClick(&menu, Qt::Key_Tab);
+        QTest::keyClick(&menu, Qt::Key_Space);
     });
     ASSERT_EQ(tabs()->count(), 1);
     EXPECT_EQ(tabs()->tabText(0), "1 inverter");
     EXPECT_EQ(window->ActiveForm()->TypeForm(), 1);
-    answer([](frmMenu* menu) {
-        const QPoint at = menu->placeOf(frmMenu::selection).center().toPoint();
-        QTest::mouseMove(menu, menu->placeOf(frmMenu::inverter).center().toPoint());
-        QTest::mouseClick(menu, Qt::LeftButton, {}, at);
+    answer([](frmMenu& menu) {
+        const QPoint at = menu.placeOf(frmMenu::selection).center().toPoint();
+        QTest::mouseMove(&menu, menu.placeOf(frmMenu::inverter).center().toPoint());
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, at);
     });
     EXPECT_EQ(tabs()->tabText(1), "2 Selection");
     EXPECT_EQ(window->ActiveForm()->TypeForm(), 0);
@@ -184,8 +191,11 @@ TEST_F(MainWindowTest, SplittersStandWhereTheyWereLeft) {
 }
 
 TEST_F(MainWindowTest, KeysOpenAndCloseForms) {
-    QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier);
-    QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier);
+    for (int i = 0; i < 2; ++i) {
+        answerMenu([](frmMenu& menu) { QTest::keyClick(&menu, Qt::Key_Return); });
+        QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
     EXPECT_EQ(tabs()->count(), 2);
     QTest::keyClick(window->ActiveForm()->focusWidget(), Qt::Key_F4, Qt::ControlModifier);
     settle();
