@@ -26,6 +26,14 @@ struct Buffer {
     Answer answer() const { return {code, text.substr(0, text.find_last_not_of(' ') + 1)}; }
 };
 
+/// Calls one of the functions with these arguments, and keeps what it says of its success.
+template <class Function, class... Arguments>
+void ask(Properties& out, Function function, Arguments... arguments) {
+    Buffer error;
+    function(arguments..., &error.code, error.text.data(), Buffer::length);
+    out.error = error.answer();
+}
+
 // A literal: the tests are listed before any object is made.
 constexpr const char* dataFolder = MARVELLO_SOURCE_FOLDER "/tests/fluids/data/";
 
@@ -113,66 +121,43 @@ Answer setReference(const std::string& reference, std::int32_t flag) {
 }
 
 Properties saturationAtT(double t, std::int32_t side) {
-    Buffer error;
     Properties out;
-    SATTdll(&t, inUse.data(), &side, &out.p, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &error.code,
-            error.text.data(), Buffer::length);
-    out.error = error.answer();
+    ask(out, SATTdll, &t, inUse.data(), &side, &out.p, &out.Dl, &out.Dv, out.x.data(), out.y.data());
     return out;
 }
 
 Properties saturationAtP(double p, std::int32_t side) {
-    Buffer error;
     Properties out;
-    SATPdll(&p, inUse.data(), &side, &out.t, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &error.code,
-            error.text.data(), Buffer::length);
-    out.error = error.answer();
+    ask(out, SATPdll, &p, inUse.data(), &side, &out.t, &out.Dl, &out.Dv, out.x.data(), out.y.data());
     return out;
 }
 
 Properties atTP(double t, double p) {
-    Buffer error;
-    Properties out;
-    out.t = t;
-    out.p = p;
-    TPFLSHdll(&t, &p, inUse.data(), &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q, &out.e,
-              &out.h, &out.s, &out.cv, &out.cp, &out.w, &error.code, error.text.data(), Buffer::length);
-    out.error = error.answer();
+    Properties out{.t = t, .p = p};
+    ask(out, TPFLSHdll, &t, &p, inUse.data(), &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
+        &out.e, &out.h, &out.s, &out.cv, &out.cp, &out.w);
     return out;
 }
 
 Properties atTS(double t, double s) {
-    Buffer error;
-    Properties out;
-    out.t = t;
-    out.s = s;
+    Properties out{.t = t, .s = s};
     const std::int32_t root = 0;
-    TSFLSHdll(&t, &s, inUse.data(), &root, &out.p, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
-              &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w, &error.code, error.text.data(),
-              Buffer::length);
-    out.error = error.answer();
+    ask(out, TSFLSHdll, &t, &s, inUse.data(), &root, &out.p, &out.D, &out.Dl, &out.Dv, out.x.data(),
+        out.y.data(), &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w);
     return out;
 }
 
 Properties atPH(double p, double h) {
-    Buffer error;
-    Properties out;
-    out.p = p;
-    out.h = h;
-    PHFLSHdll(&p, &h, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
-              &out.e, &out.s, &out.cv, &out.cp, &out.w, &error.code, error.text.data(), Buffer::length);
-    out.error = error.answer();
+    Properties out{.p = p, .h = h};
+    ask(out, PHFLSHdll, &p, &h, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
+        &out.q, &out.e, &out.s, &out.cv, &out.cp, &out.w);
     return out;
 }
 
 Properties atPS(double p, double s) {
-    Buffer error;
-    Properties out;
-    out.p = p;
-    out.s = s;
-    PSFLSHdll(&p, &s, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
-              &out.e, &out.h, &out.cv, &out.cp, &out.w, &error.code, error.text.data(), Buffer::length);
-    out.error = error.answer();
+    Properties out{.p = p, .s = s};
+    ask(out, PSFLSHdll, &p, &s, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
+        &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w);
     return out;
 }
 

@@ -24,7 +24,7 @@ struct Answer {
 struct Properties {
     double t = 0, p = 0, D = 0, Dl = 0, Dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
     Fractions x{}, y{};
-    Answer error;
+    Answer error{};
 };
 
 /// What a refrigerant consists of, in the order of the tables.

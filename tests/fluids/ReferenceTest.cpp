@@ -40,6 +40,7 @@ class Reference : public testing::TestWithParam<Refrigerant> {
         for (std::size_t i = 0; i < z.size(); ++i)
             EXPECT_NEAR((1 - found.q) * found.x[i] + found.q * found.y[i], z[i], 1e-13);
         EXPECT_LT(deviation(1 / found.D, (1 - found.q) / found.Dl + found.q / found.Dv), 1e-12);
+        EXPECT_NEAR(found.e, found.h - found.p / found.D, 1e-9);
         for (const double none : {found.cv, found.cp, found.w}) EXPECT_EQ(none, undefined);
     }
 };
@@ -59,50 +60,41 @@ Fractions fractionsAt(const std::vector<double>& row, std::size_t column) {
     return found;
 }
 
-/// What a row of saturation.csv tells of the bubble or the dew point at its temperature.
-struct SaturationRow {
-    SaturationRow(const std::vector<double>& row, bool bubble)
-        : T(row[0]),
-          pressure(row[bubble ? 1 : 2]),
-          density(row[bubble ? 3 : 4]),
-          h(row[bubble ? 5 : 7]),
-          s(row[bubble ? 6 : 8]),
-          incipientDensity(row[bubble ? 9 : 10]),
-          incipient(fractionsAt(row, bubble ? 11 : 16)) {}
-
-    double T, pressure, density, h, s, incipientDensity;
-    Fractions incipient;
-};
-
 TEST_P(Reference, Saturation) {
     const auto rows = readRows("saturation.csv", GetParam().name);
     ASSERT_GE(rows.size(), 11U);
-    for (const auto& numbers : rows) {
+    for (const auto& row : rows) {
         for (const std::int32_t side : {1, 2}) {
-            const SaturationRow row(numbers, side == 1);
-            SCOPED_TRACE(testing::Message() << row.T << " K, side " << side);
-            const Properties byT = saturationAtT(row.T, side);
-            const Properties byP = saturationAtP(row.pressure, side);
-            EXPECT_LT(deviation(byT.p, row.pressure), narrow);
-            EXPECT_NEAR(byP.t, row.T, 1e-9);
+            // The columns of the bubble or the dew point, the incipient phase's behind those of the
+            // saturated.
+            const bool bubble = side == 1;
+            const double T = row[0], pressure = row[bubble ? 1 : 2], density = row[bubble ? 3 : 4];
+            const double h = row[bubble ? 5 : 7], s = row[bubble ? 6 : 8];
+            const double incipientDensity = row[bubble ? 9 : 10];
+            const Fractions incipient = fractionsAt(row, bubble ? 11 : 16);
+            SCOPED_TRACE(testing::Message() << T << " K, side " << side);
+            const Properties byT = saturationAtT(T, side);
+            const Properties byP = saturationAtP(pressure, side);
+            EXPECT_LT(deviation(byT.p, pressure), narrow);
+            EXPECT_NEAR(byP.t, T, 1e-9);
             for (const Properties& found : {byT, byP}) {
                 ASSERT_EQ(found.error.code, 0) << found.error.text;
                 // Densities magnify an error of the temperature as the critical point comes near.
-                EXPECT_LT(deviation(side == 1 ? found.Dl : found.Dv, row.density), 2 * narrow);
-                EXPECT_LT(deviation(side == 1 ? found.Dv : found.Dl, row.incipientDensity), 2 * narrow);
-                EXPECT_LT(distance(side == 1 ? found.x : found.y, fractionsInUse()), 1e-15);
-                EXPECT_LT(distance(side == 1 ? found.y : found.x, row.incipient), narrow);
+                EXPECT_LT(deviation(bubble ? found.Dl : found.Dv, density), 2 * narrow);
+                EXPECT_LT(deviation(bubble ? found.Dv : found.Dl, incipientDensity), 2 * narrow);
+                EXPECT_LT(distance(bubble ? found.x : found.y, fractionsInUse()), 1e-15);
+                EXPECT_LT(distance(bubble ? found.y : found.x, incipient), narrow);
             }
             // The saturated phase as the end of a line of constant pressure.
-            const Properties end = atPH(row.pressure, row.h);
+            const Properties end = atPH(pressure, h);
             ASSERT_EQ(end.error.code, 0) << end.error.text;
-            EXPECT_NEAR(end.t, row.T, 1e-9);
-            EXPECT_LT(deviation(end.s, row.s), narrow);
-            if (side == 1) continue;
-            const Properties dew = atTP(row.T, byT.p);
+            EXPECT_NEAR(end.t, T, 1e-9);
+            EXPECT_LT(deviation(end.s, s), narrow);
+            if (bubble) continue;
+            const Properties dew = atTP(T, byT.p);
             EXPECT_EQ(dew.q, 1);
-            EXPECT_LT(deviation(dew.h, row.h), narrow);
-            EXPECT_LT(deviation(dew.s, row.s), narrow);
+            EXPECT_LT(deviation(dew.h, h), narrow);
+            EXPECT_LT(deviation(dew.s, s), narrow);
         }
     }
 }
