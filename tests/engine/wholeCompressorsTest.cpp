@@ -178,8 +178,7 @@ TEST_F(wholeCompressors, AnInverterWithAChoiceOfVolumeRatios) {
     catalogue.surface("S", 3, 8, {62, -0.5, 0.002, 0.32, 0, 0.001});
     catalogue.motor(1, {2, 1.8, 0.01, 0, 0});
     catalogue.limit("E", 0, "-20,20;15,20;15,60;-20,60;-20,20");
-    conditions.TEvaporatingDew = -7.3;
-    conditions.TCondensationDew = 41.7;
+    conditions = conditionsAt(-7.3, 41.7);
     conditions.SuperHeat = 14;
     conditions.SubCooling = 6;
     conditions.MotorVoltage = 440;
