@@ -3,13 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <fstream>
-#include <limits>
 #include <stdexcept>
 
 #include "fluids/Refprop.h"
+#include "tools/fluids/Composition.h"
 
 namespace marvello::test {
 namespace {
@@ -34,35 +32,24 @@ void ask(Properties& out, Function function, Arguments... arguments) {
     out.error = error.answer();
 }
 
-// A literal: the tests are listed before any object is made.
-constexpr const char* dataFolder = MARVELLO_SOURCE_FOLDER "/tests/fluids/data/";
-
 std::string padded(const std::string& text, std::size_t length) {
     return text + std::string(length - text.size(), ' ');
 }
 
 }  // namespace
 
-double numberOf(const std::string& field) {
-    double value = std::numeric_limits<double>::quiet_NaN();
-    std::from_chars(field.data(), field.data() + field.size(), value);
-    return value;
-}
-
 void PrintTo(const Refrigerant& refrigerant, std::ostream* stream) { *stream << refrigerant.name; }
 
 const std::vector<Refrigerant>& refrigerants() {
     static const std::vector<Refrigerant> all = [] {
         std::vector<Refrigerant> found;
-        std::ifstream stream(std::string(dataFolder) + "blends.csv");
-        for (std::string line; std::getline(stream, line);) {
-            if (line.starts_with("#") || line.starts_with("fluid,")) continue;
-            const std::size_t one = line.find(',');
-            const std::size_t two = line.find(',', one + 1);
-            const std::string name = line.substr(0, one);
-            if (found.empty() || found.back().name != name) found.push_back({name, {}, {}});
-            found.back().files.push_back(line.substr(one + 1, two - one - 1));
-            found.back().massFractions.push_back(numberOf(line.substr(two + 1)));
+        for (const properties::Composition& known : properties::readCompositions(dataFolder)) {
+            Refrigerant& refrigerant = found.emplace_back();
+            refrigerant.name = known.name;
+            for (const auto& part : known.parts) {
+                refrigerant.files.push_back(part.file);
+                refrigerant.massFractions.push_back(part.massFraction);
+            }
         }
         return found;
     }();
@@ -159,31 +146,6 @@ Properties atPS(double p, double s) {
     ask(out, PSFLSHdll, &p, &s, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
         &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w);
     return out;
-}
-
-std::vector<std::vector<std::string>> readFields(const std::string& file, const std::string& first) {
-    std::ifstream stream(dataFolder + file);
-    EXPECT_TRUE(stream) << file;
-    std::vector<std::vector<std::string>> rows;
-    for (std::string line; std::getline(stream, line);) {
-        if (!line.starts_with(first + ",")) continue;
-        std::vector<std::string>& row = rows.emplace_back();
-        for (std::size_t from = first.size() + 1; from <= line.size();) {
-            const std::size_t end = std::min(line.find(',', from), line.size());
-            row.push_back(line.substr(from, end - from));
-            from = end + 1;
-        }
-    }
-    return rows;
-}
-
-std::vector<std::vector<double>> readRows(const std::string& file, const std::string& fluid) {
-    std::vector<std::vector<double>> rows;
-    for (const std::vector<std::string>& fields : readFields(file, fluid)) {
-        std::vector<double>& row = rows.emplace_back();
-        for (const std::string& field : fields) row.push_back(numberOf(field));
-    }
-    return rows;
 }
 
 double distance(const Fractions& a, const Fractions& b) {

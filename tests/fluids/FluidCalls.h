@@ -39,6 +39,9 @@ struct Refrigerant {
 };
 void PrintTo(const Refrigerant& refrigerant, std::ostream* stream);
 
+// A literal: the tests are listed before any object is made.
+constexpr const char* dataFolder = MARVELLO_SOURCE_FOLDER "/tests/fluids/data/";
+
 /// All refrigerants of blends.csv, or one of them.
 const std::vector<Refrigerant>& refrigerants();
 const Refrigerant& refrigerant(const std::string& name);
@@ -69,16 +72,6 @@ Properties atTP(double t, double p);
 Properties atTS(double t, double s);
 Properties atPH(double p, double h);
 Properties atPS(double p, double s);
-
-/// A table of tests/fluids/data: the fields behind the first one of the rows that begin with `first`.
-std::vector<std::vector<std::string>> readFields(const std::string& file, const std::string& first);
-
-/// The number that a field holds; NaN for an empty one.
-double numberOf(const std::string& field);
-
-/// A table of tests/fluids/data: rows of the fluid named in the first column, as numbers; an empty field is
-/// NaN.
-std::vector<std::vector<double>> readRows(const std::string& file, const std::string& fluid);
 
 /// The largest of |a_i - b_i|.
 double distance(const Fractions& a, const Fractions& b);

@@ -21,7 +21,7 @@ namespace {
 
 std::size_t statesWanted() {
     const char* told = std::getenv("MARVELLO_RANDOM_STATES");
-    return told == nullptr ? 200 : static_cast<std::size_t>(numberOf(told));
+    return told == nullptr ? 200 : std::stoul(told);
 }
 
 class RandomStates : public testing::TestWithParam<Refrigerant> {
