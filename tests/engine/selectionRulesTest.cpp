@@ -60,14 +60,12 @@ TEST_F(selectionRules, AForbiddenRegionSilencesAllButTheFrequency) {
 
 TEST_F(selectionRules, CapacityStepsSpeakTwice) {
     given({}, {6});
-    catalogue.surface("S", 0, 75, {50});
-    catalogue.surface("S", 1, 75, {10});
+    catalogue.surfaces(75, {50}, {10});
     conditions.StepCapacity = 75;
     expectSaid(said(), {}, {}, {"30", "30"});
     conditions.StepCapacity = 50;  // no line of 50 %, and no row
     expectSaid(said(), {"29", "31", "31"}, {}, {});
-    catalogue.surface("S", 0, 50, {50});
-    catalogue.surface("S", 1, 50, {10});
+    catalogue.surfaces(50, {50}, {10});
     expectSaid(said(), {"29", "29"}, {}, {});
 }
 
@@ -75,8 +73,7 @@ TEST_F(selectionRules, StepNoteOfTheSeriesWithSteps) {
     given({{"fSerieID", "'TK-A(P)'"}}, {4});
     expectSaid(said("R134A", "TK-A(P)"), {}, {}, {"28", "28"});
     expectSaid(saidAs("TK-A(Q)"), {}, {}, {"28", "28"});
-    catalogue.surface("S", 0, 25, {50});
-    catalogue.surface("S", 1, 25, {10});
+    catalogue.surfaces(25, {50}, {10});
     conditions.StepCapacity = 25;
     expectSaid(said("R134A", "TK-A(Q)"), {}, {}, {"30", "30"});
 }
@@ -84,8 +81,7 @@ TEST_F(selectionRules, StepNoteOfTheSeriesWithSteps) {
 TEST_F(selectionRules, AMissingMotorThatAnOpenDriveDoesNotNeed) {
     given({{"fMotorFullID", "9"}});
     expectSaid(said(), {"33"}, {}, {});
-    catalogue.surface("S", 0, 1450, {50});
-    catalogue.surface("S", 1, 1450, {10});
+    catalogue.surfaces(1450, {50}, {10});
     expectSaid(saidAs("NL-H"), {}, {}, {});
 }
 

@@ -169,12 +169,9 @@ TEST_F(wholeCompressors, AnInverterWithAChoiceOfVolumeRatios) {
                           {"fInverterPtaC1", "0.03"}, {"fInverterPtaC2", "-0.02"},
                           {"fInverterCaC1", "0.0004"}, {"fInverterCaC2", "0.012"}, {"fInverterCaC3", "0.55"},
                           {"fKForo", "1.55"}, {"fKPerdita", "0.5"}, {"fSez", "320"}});
-    catalogue.surface("S", 0, 22, {92, 3.1, -0.9, 0.03, -0.01});
-    catalogue.surface("S", 1, 22, {6, -0.05, 0.2, 0, 0.001});
-    catalogue.surface("S", 0, 26, {95, 3.2, -0.95, 0.03, -0.01});
-    catalogue.surface("S", 1, 26, {7, -0.1, 0.16, 0, 0.001});
-    catalogue.surface("S", 0, 32, {97, 3.3, -1, 0.03, -0.01});
-    catalogue.surface("S", 1, 32, {12, -0.15, 0.12, 0, 0.001});
+    catalogue.surfaces(22, {92, 3.1, -0.9, 0.03, -0.01}, {6, -0.05, 0.2, 0, 0.001});
+    catalogue.surfaces(26, {95, 3.2, -0.95, 0.03, -0.01}, {7, -0.1, 0.16, 0, 0.001});
+    catalogue.surfaces(32, {97, 3.3, -1, 0.03, -0.01}, {12, -0.15, 0.12, 0, 0.001});
     catalogue.surface("S", 3, 8, {62, -0.5, 0.002, 0.32, 0, 0.001});
     catalogue.motor(1, {2, 1.8, 0.01, 0, 0});
     catalogue.limit("E", 0, "-20,20;15,20;15,60;-20,60;-20,20");
