@@ -28,23 +28,6 @@ namespace {
 using namespace marvello;
 using bench::Series;
 
-clsProjectConditions standardCycle() {
-    clsProjectConditions conditions;
-    conditions.TEvaporatingDew = 2;
-    conditions.TCondensationDew = 40;
-    conditions.SuperHeat = 10;
-    conditions.SubCooling = 5;
-    conditions.StepCapacity = 100;
-    conditions.MotorSize = -1;
-    conditions.MotorVoltage = 400;
-    conditions.MotorHz = 50;
-    conditions.MotorRPM = 1450;
-    conditions.OilCooling = 110;
-    conditions.OilCoolingCalculateMode = 1;
-    conditions.InverterFrequency = 50;
-    return conditions;
-}
-
 /// What a run left.
 struct Outcome {
     int compressors = 0;
@@ -62,7 +45,7 @@ int failedOf(const clsSelections& selections) {
 Outcome runAll(const std::vector<Series>& all) {
     Outcome outcome;
     releaseRefprop();
-    const auto conditions = std::make_shared<const clsProjectConditions>(standardCycle());
+    const auto conditions = std::make_shared<const clsProjectConditions>(conditionsAt(2, 40));
     for (const Series& series : all) {
         clsSelections selections;
         selections.Selection(conditions, series.name, "*", series.refrigerant, 0);
@@ -77,7 +60,7 @@ Outcome runAll(const std::vector<Series>& all) {
 Outcome countAll(const std::vector<Series>& all) {
     Outcome outcome;
     releaseRefprop();
-    const auto conditions = std::make_shared<const clsProjectConditions>(standardCycle());
+    const auto conditions = std::make_shared<const clsProjectConditions>(conditionsAt(2, 40));
     for (auto first = all.begin(); first != all.end();) {
         const auto last = std::find_if(
             first, all.end(), [&](const Series& series) { return series.refrigerant != first->refrigerant; });

@@ -41,20 +41,8 @@ std::vector<Model> modelsWithPort() {
 
 enum Mode { standard = 0, automatic = 1, capacity = 2 };
 
-clsProjectConditions conditionsAt(double ted, double tcd, Mode mode, double eco) {
-    clsProjectConditions conditions;
-    conditions.TEvaporatingDew = ted;
-    conditions.TCondensationDew = tcd;
-    conditions.SuperHeat = 10;
-    conditions.SubCooling = 5;
-    conditions.StepCapacity = 100;
-    conditions.MotorSize = -1;
-    conditions.MotorVoltage = 400;
-    conditions.MotorHz = 50;
-    conditions.MotorRPM = 1450;
-    conditions.OilCooling = 110;
-    conditions.OilCoolingCalculateMode = 1;
-    conditions.InverterFrequency = 50;
+clsProjectConditions economizedAt(double ted, double tcd, Mode mode, double eco) {
+    clsProjectConditions conditions = conditionsAt(ted, tcd);
     conditions.EcoCalculateMode = mode;
     conditions.Eco = eco;
     return conditions;
@@ -88,7 +76,7 @@ std::vector<double> ecoValues(clsSelections& selections, const Model& model, dou
                               const std::string& what) {
     if (what == "plate") return {std::begin(plateApproaches), std::end(plateApproaches)};
     if (what == "tank") return {tankApproach};
-    runOf(selections, model, conditionsAt(ted, tcd, standard, 0));
+    runOf(selections, model, economizedAt(ted, tcd, standard, 0));
     if (selections.Count() == 0 || !selections.Item(1).Variables.Exist("HE")) return {};
     const clsVariables& v = selections.Item(1).Variables;
     std::vector<double> values;
@@ -106,7 +94,7 @@ void overGrid(const std::string& what, const auto& visit) {
         for (double ted = -30; ted <= 10; ted += 5) {
             for (double tcd = 25; tcd <= 60; tcd += 5) {
                 for (const double eco : ecoValues(standardRun, model, ted, tcd, what)) {
-                    visit(model, conditionsAt(ted, tcd, mode, eco));
+                    visit(model, economizedAt(ted, tcd, mode, eco));
                 }
             }
         }

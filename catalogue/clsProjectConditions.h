@@ -22,4 +22,22 @@ struct clsProjectConditions {
     float InverterFrequency = 0;      ///< Inverter output frequency, Hz.
 };
 
+/// The operating point at these dew temperatures, in degrees Celsius, with what a new form offers for the
+/// rest.
+constexpr clsProjectConditions conditionsAt(double evaporating, double condensing) {
+    return {.TEvaporatingDew = evaporating,
+            .TCondensationDew = condensing,
+            .SubCooling = 5,
+            .SuperHeat = 10,
+            .StepCapacity = 100,
+            .MotorSize = -1,
+            .MotorVoltage = 400,
+            .MotorHz = 50,
+            .MotorRPM = 1450,
+            .Eco = 10,
+            .OilCooling = 110,
+            .OilCoolingCalculateMode = 1,
+            .InverterFrequency = 50};
+}
+
 }  // namespace marvello

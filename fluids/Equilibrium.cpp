@@ -223,8 +223,10 @@ std::optional<TwoPhases> Equilibrium::solve(const TwoPhases& guess, const Condit
         setEquations(state, conditions);
         if (!eliminate()) return std::nullopt;
         const auto step = [&](std::size_t place) { return rows_[place][at.end]; };
-        double size = 0;
-        for (std::size_t k = 0; k < at.end; ++k) size = std::max(size, std::abs(step(k)));
+        // The share tells as much as the phases differ; beside the critical point it is all rounding.
+        const double gap = std::min(1.0, std::abs(std::log(state.secondDensity / state.firstDensity)));
+        double size = gap * std::abs(step(at.share));
+        for (std::size_t k = 0; k < at.share; ++k) size = std::max(size, std::abs(step(k)));
         if (!(size < 1e6)) return std::nullopt;
         const double damping =
             std::min(1.0, largestStep / std::max({size, 10 * std::abs(step(at.temperature))}));

@@ -9,24 +9,18 @@ temperature of one model of a series with a refrigerant.
 Needed by who remakes the pictures only: python3-matplotlib. Building and testing do without it.
 """
 
-import csv
 import pathlib
 import re
 import sys
 
-import matplotlib
+import numpy as np
+from matplotlib.path import Path
+from PIL import Image
 
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt  # noqa: E402
-import numpy as np  # noqa: E402
-from matplotlib.path import Path  # noqa: E402
-from PIL import Image  # noqa: E402
+from look import INK, PICTURES, ROOT, plt, rows_of_file, set_look
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-PICTURES = ROOT / "docs/pictures"
 SHOWN = [("TK-A", "R134A", "220"), ("GH", "R404A", "230H"), ("TK-D", "R1234ZE", "220")]
 
-INK, FAINT = "#333333", "#d8d8d8"
 # Types of the lines of an envelope: name, colour, pen.
 LINES = {
     -1: ("over", "#c0392b", (0, (5, 3))),
@@ -47,29 +41,11 @@ LINES = {
     14: ("70 Hz", "#c99743", ":"),
 }
 
-plt.rcParams.update({
-    "font.size": 9,
-    "axes.edgecolor": INK,
-    "axes.labelcolor": INK,
-    "axes.titlesize": 10,
-    "axes.titlelocation": "left",
-    "text.color": INK,
-    "xtick.color": INK,
-    "ytick.color": INK,
-    "axes.spines.top": False,
-    "axes.spines.right": False,
-    "axes.grid": True,
-    "axes.axisbelow": True,
-    "grid.color": FAINT,
-    "grid.linewidth": 0.6,
-    "legend.frameon": False,
-    "savefig.dpi": 110,
-})
+set_look(9, 10, 110)
 
 
 def table(name):
-    with open(ROOT / "content" / f"{name}.csv", encoding="utf-8") as stream:
-        return list(csv.DictReader(stream))
+    return rows_of_file(ROOT / "content" / f"{name}.csv")
 
 
 COMPRESSORS = table("tCompressors")

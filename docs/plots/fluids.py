@@ -6,43 +6,19 @@
 Needed by who remakes the pictures only: python3-matplotlib. Building and testing do without it.
 """
 
-import csv
 import pathlib
 import subprocess
 import sys
 import tempfile
 
-import matplotlib
+from look import PICTURES, ROOT, plt, rows_of_file, set_look
 
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt  # noqa: E402
-
-ROOT = pathlib.Path(__file__).resolve().parents[2]
 DATA = ROOT / "tests/fluids/data"
-PICTURES = ROOT / "docs/pictures"
 
 PURE, BLEND = "#1f6f8b", "#c8702a"
-INK, FAINT = "#333333", "#d8d8d8"
 FLOOR = 1e-17  # where no deviation at all is drawn, which has no logarithm
 
-plt.rcParams.update({
-    "font.size": 10,
-    "axes.edgecolor": INK,
-    "axes.labelcolor": INK,
-    "axes.titlesize": 10.5,
-    "axes.titlelocation": "left",
-    "text.color": INK,
-    "xtick.color": INK,
-    "ytick.color": INK,
-    "axes.spines.top": False,
-    "axes.spines.right": False,
-    "axes.grid": True,
-    "axes.axisbelow": True,
-    "grid.color": FAINT,
-    "grid.linewidth": 0.6,
-    "legend.frameon": False,
-    "savefig.dpi": 150,
-})
+set_look(10, 10.5, 150)
 
 
 def run(tool, *arguments):
@@ -50,8 +26,7 @@ def run(tool, *arguments):
     with tempfile.TemporaryDirectory() as folder:
         file = pathlib.Path(folder) / "rows.csv"
         subprocess.run([tool, *arguments, "--csv", file], check=True, stdout=subprocess.DEVNULL)
-        with open(file, encoding="utf-8") as stream:
-            return list(csv.DictReader(stream))
+        return rows_of_file(file)
 
 
 def blends():

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <map>
+#include <string>
 
 #include "catalogue/Globals.h"
 #include "data/Arithmetic.h"
@@ -45,25 +47,15 @@ TEST_F(clsCompressorTest, ARowBecomesACompressor) {
 }
 
 TEST_F(clsCompressorTest, EachColumnGoesToItsOwnPlace) {
-    catalogue.compressor({{"fVI", "'3.2'"},
-                          {"fStartMode", "2"},
-                          {"fCtsca", "1.25"},
-                          {"fInverterQ0C1", "1"},
-                          {"fInverterQ0C2", "2"},
-                          {"fInverterQ0C3", "3"},
-                          {"fInverterPtaC1", "4"},
-                          {"fInverterPtaC2", "5"},
-                          {"fInverterPtaC3", "6"},
-                          {"fInverterCaC1", "7"},
-                          {"fInverterCaC2", "8"},
-                          {"fInverterCaC3", "9"},
-                          {"fKForo", "10"},
-                          {"fKPerdita", "11"},
-                          {"fSez", "12"},
-                          {"fValue1", "13"},
-                          {"fPolynomialQ0ID", "'Q'"},
-                          {"fPolynomialPassID", "'P'"},
-                          {"fPolynomialShID", "'D'"}});
+    std::map<std::string, std::string> columns{
+        {"fVI", "'3.2'"},           {"fStartMode", "2"},          {"fCtsca", "1.25"},
+        {"fPolynomialQ0ID", "'Q'"}, {"fPolynomialPassID", "'P'"}, {"fPolynomialShID", "'D'"}};
+    int value = 0;
+    for (const char* name : {"fInverterQ0C1", "fInverterQ0C2", "fInverterQ0C3", "fInverterPtaC1",
+                             "fInverterPtaC2", "fInverterPtaC3", "fInverterCaC1", "fInverterCaC2",
+                             "fInverterCaC3", "fKForo", "fKPerdita", "fSez", "fValue1"})
+        columns[name] = std::to_string(++value);
+    catalogue.compressor(columns);
     catalogue.motor(1, {21, 22, 23, 24, 25}, 26, 27);
     catalogue.limit("E", 0, "0,0;1,0;1,1;0,0");
     clsCompressor c;
@@ -100,8 +92,7 @@ TEST_F(clsCompressorTest, SixtyHertzScalesTheSurfacesAlone) {
 TEST_F(clsCompressorTest, AnOpenDriveGoesBySpeed) {
     serie = "NL-H";
     catalogue.compressor({{"fSerieID", "'NL-H'"}});
-    catalogue.surface("S", 0, 1450, {7});
-    catalogue.surface("S", 1, 1450, {2});
+    catalogue.surfaces(1450, {7}, {2});
     catalogue.limit("E", 0, "0,0;1,0;1,1;0,0");
     clsCompressor c;
     load(c, 60);
@@ -189,10 +180,8 @@ class inverterTest : public clsCompressorTest {
 };
 
 TEST_F(inverterTest, TheVolumeRatioOfTheBestEfficiencyWins) {
-    catalogue.surface("S", 0, 22, {30});
-    catalogue.surface("S", 1, 22, {10});
-    catalogue.surface("S", 0, 26, {40});
-    catalogue.surface("S", 1, 26, {10});
+    catalogue.surfaces(22, {30}, {10});
+    catalogue.surfaces(26, {40}, {10});
     catalogue.surface("S", 0, 32, {80});  // equal efficiency: the smaller ratio stays
     catalogue.surface("S", 1, 32, {20});
     clsCompressor c;
@@ -213,11 +202,9 @@ TEST_F(inverterTest, CapacityAndPowerFollowTheirOwnLaws) {
 }
 
 TEST_F(inverterTest, AnIncompletePairSpoilsTheModel) {
-    catalogue.surface("S", 0, 22, {30});
-    catalogue.surface("S", 1, 22, {10});
+    catalogue.surfaces(22, {30}, {10});
     catalogue.surface("S", 0, 26, {40});
-    catalogue.surface("S", 0, 32, {50});
-    catalogue.surface("S", 1, 32, {10});
+    catalogue.surfaces(32, {50}, {10});
     clsCompressor c;
     load(c);
     EXPECT_FALSE(c.PolynomialQ0.isOK());
@@ -226,8 +213,7 @@ TEST_F(inverterTest, AnIncompletePairSpoilsTheModel) {
 }
 
 TEST_F(inverterTest, APowerOfZeroIsAFault) {
-    catalogue.surface("S", 0, 22, {30});
-    catalogue.surface("S", 1, 22, {10, 0, -0.25});  // nothing at 40 degC, though its sum is sound
+    catalogue.surfaces(22, {30}, {10, 0, -0.25});  // nothing at 40 degC, though its sum is sound
     clsCompressor c;
     EXPECT_THROW(load(c), ArithmeticFault);
 }
@@ -235,8 +221,7 @@ TEST_F(inverterTest, APowerOfZeroIsAFault) {
 TEST_F(inverterTest, OtherSeriesReadTheRow100) {
     serie = "TK-B";
     catalogue.compressor({{"fSerieID", "'TK-B'"}, {"fhasInverter", "1"}});
-    catalogue.surface("S", 0, 22, {30});
-    catalogue.surface("S", 1, 22, {10});
+    catalogue.surfaces(22, {30}, {10});
     clsCompressor c;
     load(c);
     EXPECT_FALSE(c.PolynomialQ0.isOK());

@@ -43,18 +43,16 @@ class AdvanceTextTest : public testing::Test {
         QApplication::processEvents();
     }
 
+    AdvanceText* added() {
+        auto* made = new AdvanceText(&window);
+        layout->addWidget(made);
+        return made;
+    }
+
     QWidget window;
     QVBoxLayout* layout = new QVBoxLayout(&window);
-    AdvanceText* field = [this] {
-        auto* made = new AdvanceText(&window);
-        layout->addWidget(made);
-        return made;
-    }();
-    AdvanceText* next = [this] {
-        auto* made = new AdvanceText(&window);
-        layout->addWidget(made);
-        return made;
-    }();
+    AdvanceText* field = added();
+    AdvanceText* next = added();
     QStringList boxes;
 
   private:
@@ -173,49 +171,16 @@ TEST_F(AdvanceTextTest, KeysAreReportedWithTheKeyBefore) {
 }
 
 TEST_F(AdvanceTextTest, EveryPropertyIsReachedByItsToldName) {
-    for (const char* name : {"Help",
-                             "HelpKey",
-                             "Locked",
-                             "hWnd",
-                             "Tag1",
-                             "Enabled",
-                             "Key",
-                             "OldKey",
-                             "CaptionVisible",
-                             "CaptionText",
-                             "CaptionForeColor",
-                             "CaptionBackColor",
-                             "CaptionFont",
-                             "CaptionAlignment",
-                             "CaptionWidth",
-                             "UnitCaptionVisible",
-                             "UnitCaptiontext",
-                             "UnitCaptionForeColor",
-                             "UnitCaptionBackColor",
-                             "UnitCaptionFont",
-                             "UnitCaptionAlignment",
-                             "UnitCaptionWidth",
-                             "ButtonVisible",
-                             "ButtonBackCOlor",
-                             "ButtonForeColor",
-                             "ButtonBackColorOnCLick",
-                             "ButtonPicture",
-                             "ButtonWidth",
-                             "TextFont",
-                             "TextForeColor",
-                             "TextBackColor",
-                             "TextBordersColor",
-                             "TextValue",
-                             "TextText",
-                             "TextFormat",
-                             "TextType",
-                             "TextMax",
-                             "TextMin",
-                             "TextMaxLenght",
-                             "TextLeft",
-                             "TextWidth",
-                             "TextAlignment"})
-        EXPECT_GE(field->metaObject()->indexOfProperty(name), 0) << name;
+    const auto names = QStringLiteral(
+        "Help HelpKey Locked hWnd Tag1 Enabled Key OldKey CaptionVisible CaptionText "
+        "CaptionForeColor CaptionBackColor CaptionFont CaptionAlignment CaptionWidth "
+        "UnitCaptionVisible UnitCaptiontext UnitCaptionForeColor UnitCaptionBackColor "
+        "UnitCaptionFont UnitCaptionAlignment UnitCaptionWidth ButtonVisible ButtonBackCOlor "
+        "ButtonForeColor ButtonBackColorOnCLick ButtonPicture ButtonWidth TextFont TextForeColor "
+        "TextBackColor TextBordersColor TextValue TextText TextFormat TextType TextMax TextMin "
+        "TextMaxLenght TextLeft TextWidth TextAlignment");
+    for (const QString& name : names.split(' '))
+        EXPECT_GE(field->metaObject()->indexOfProperty(name.toLatin1()), 0) << name.toStdString();
     field->setProperty("TextMaxLenght", 3);
     type("12345");
     EXPECT_EQ(field->TextText(), "123");

@@ -17,17 +17,12 @@ namespace marvello::testing {
 class EngineFixture : public ::testing::Test {
   protected:
     EngineFixture() {
-        conditions.TEvaporatingDew = -5;
-        conditions.TCondensationDew = 45;
         conditions.SuperHeat = 15;
         conditions.SubCooling = 8;
-        conditions.StepCapacity = 100;
-        conditions.MotorSize = -1;
         conditions.MotorVoltage = 380;
-        conditions.MotorHz = 50;
-        conditions.MotorRPM = 1450;
-        conditions.OilCoolingCalculateMode = 1;
+        conditions.Eco = 0;
         conditions.OilCooling = 80;
+        conditions.InverterFrequency = 0;
     }
 
     /// Runs the series and gives its first compressor.
@@ -43,7 +38,7 @@ class EngineFixture : public ::testing::Test {
     }
 
     SmallCatalogue catalogue;
-    clsProjectConditions conditions;
+    clsProjectConditions conditions = conditionsAt(-5, 45);
     clsSelections selections;
 };
 

@@ -27,12 +27,20 @@ class selectionRules : public testing::EngineFixture {
         return select(refrigerant, serie).Messages;
     }
 
+    /// Changes the compressor to another series, and more if told; then it is asked for there.
+    const ClsSelectionMessages& saidAs(const std::string& serie, const std::string& more = "") {
+        catalogue.exec("update tCompressors set fSerieID='" + serie + "'" + more);
+        return said(catalogueRefrigerant, serie);
+    }
+
     void expectSaid(const ClsSelectionMessages& messages, const std::vector<const char*>& error,
                     const std::vector<const char*>& attention, const std::vector<const char*>& information) {
         EXPECT_EQ(names(messages.Error), keys(error));
         EXPECT_EQ(names(messages.Attention), keys(attention));
         EXPECT_EQ(names(messages.Information), keys(information));
     }
+
+    std::string catalogueRefrigerant = "R134A";
 };
 
 TEST_F(selectionRules, OutsideEveryLine) {
@@ -52,38 +60,29 @@ TEST_F(selectionRules, AForbiddenRegionSilencesAllButTheFrequency) {
 
 TEST_F(selectionRules, CapacityStepsSpeakTwice) {
     given({}, {6});
-    catalogue.surface("S", 0, 75, {50});
-    catalogue.surface("S", 1, 75, {10});
+    catalogue.surfaces(75, {50}, {10});
     conditions.StepCapacity = 75;
     expectSaid(said(), {}, {}, {"30", "30"});
     conditions.StepCapacity = 50;  // no line of 50 %, and no row
     expectSaid(said(), {"29", "31", "31"}, {}, {});
-    catalogue.surface("S", 0, 50, {50});
-    catalogue.surface("S", 1, 50, {10});
+    catalogue.surfaces(50, {50}, {10});
     expectSaid(said(), {"29", "29"}, {}, {});
 }
 
 TEST_F(selectionRules, StepNoteOfTheSeriesWithSteps) {
     given({{"fSerieID", "'TK-A(P)'"}}, {4});
     expectSaid(said("R134A", "TK-A(P)"), {}, {}, {"28", "28"});
-    catalogue.exec("update tCompressors set fSerieID='TK-A(Q)'");
-    expectSaid(said("R134A", "TK-A(Q)"), {}, {}, {"28", "28"});
-    catalogue.surface("S", 0, 25, {50});
-    catalogue.surface("S", 1, 25, {10});
+    expectSaid(saidAs("TK-A(Q)"), {}, {}, {"28", "28"});
+    catalogue.surfaces(25, {50}, {10});
     conditions.StepCapacity = 25;
     expectSaid(said("R134A", "TK-A(Q)"), {}, {}, {"30", "30"});
 }
 
-TEST_F(selectionRules, AMissingMotor) {
+TEST_F(selectionRules, AMissingMotorThatAnOpenDriveDoesNotNeed) {
     given({{"fMotorFullID", "9"}});
     expectSaid(said(), {"33"}, {}, {});
-}
-
-TEST_F(selectionRules, AnOpenDriveNeedsNoMotor) {
-    given({{"fSerieID", "'NL-H'"}, {"fMotorFullID", "9"}});
-    catalogue.surface("S", 0, 1450, {50});
-    catalogue.surface("S", 1, 1450, {10});
-    expectSaid(said("R134A", "NL-H"), {}, {}, {});
+    catalogue.surfaces(1450, {50}, {10});
+    expectSaid(saidAs("NL-H"), {}, {}, {});
 }
 
 TEST_F(selectionRules, OverLimitOilFilterAndSuggestions) {
@@ -109,25 +108,18 @@ TEST_F(selectionRules, SmallAndFullMotor) {
 TEST_F(selectionRules, InjectionAndOilBySeries) {
     given({}, {1});
     expectSaid(said(), {}, {"07"}, {});
-    for (const char* serie : {"GH4", "GH"}) {
-        catalogue.exec(std::string("update tCompressors set fSerieID='") + serie + "'");
-        expectSaid(said("R134A", serie), {}, {"06"}, {});
-    }
-    catalogue.exec("update tCompressors set fSerieID='GH4'");
+    for (const char* serie : {"GH4", "GH"}) expectSaid(saidAs(serie), {}, {"06"}, {});
     catalogue.limit("E", 2, wide);
-    expectSaid(said("R134A", "GH4"), {}, {"16"}, {});
-    catalogue.exec("update tCompressors set fSerieID='GH', fModelID='10H'");
-    expectSaid(said("R134A", "GH"), {}, {"14"}, {});
-    catalogue.exec("update tCompressors set fModelID='10S'");
-    expectSaid(said("R134A", "GH"), {}, {"15"}, {});
+    expectSaid(saidAs("GH4"), {}, {"16"}, {});
+    expectSaid(saidAs("GH", ", fModelID='10H'"), {}, {"14"}, {});
+    expectSaid(saidAs("GH", ", fModelID='10S'"), {}, {"15"}, {});
 }
 
 TEST_F(selectionRules, OilLoadBesideTheInjectionLine) {
     given({});
     catalogue.limit("E", 1, "-20,55;15,55;15,60;-20,60;-20,55");
     expectSaid(said(), {}, {"07"}, {});
-    catalogue.exec("update tCompressors set fSerieID='GH'");
-    expectSaid(said("R134A", "GH"), {}, {"17"}, {});
+    expectSaid(saidAs("GH"), {}, {"17"}, {});
     conditions.OilCoolingCalculateMode = 0;  // no load, nothing to say
     expectSaid(said("R134A", "GH"), {}, {}, {});
 }
@@ -189,18 +181,15 @@ TEST_F(selectionRules, ClosingRulesBySeries) {
     catalogue.exec(
         "insert into tRefrigeranti values('R404A'),('R507');"
         "insert into tFluidi values('R404A','R134A.FLD',1),('R507','R134A.FLD',1)");
-    given({{"fSerieID", "'MV-E'"}, {"fRefrigerantID", "'R404A'"}});
-    expectSaid(said("R404A", "MV-E"), {}, {"18"}, {});
-    catalogue.exec("update tCompressors set fSerieID='MV-A', fRefrigerantID='R507'");
-    expectSaid(said("R507", "MV-A"), {}, {"18"}, {});
-    catalogue.exec("update tCompressors set fSerieID='MV-A(V)', fRefrigerantID='R404A'");
-    expectSaid(said("R404A", "MV-A(V)"), {}, {"20"}, {"19"});
-    catalogue.exec("update tCompressors set fSerieID='DZ', fModelID='7J100'");
-    expectSaid(said("R404A", "DZ"), {}, {}, {"34"});
-    catalogue.exec("update tCompressors set fModelID=' 7k2300'");
-    expectSaid(said("R404A", "DZ"), {}, {}, {"34"});
-    catalogue.exec("update tCompressors set fModelID='7K2300X'");
-    expectSaid(said("R404A", "DZ"), {}, {}, {});
+    given({{"fRefrigerantID", "'R404A'"}});
+    catalogueRefrigerant = "R404A";
+    expectSaid(saidAs("MV-E"), {}, {"18"}, {});
+    expectSaid(saidAs("MV-A(V)"), {}, {"20"}, {"19"});
+    expectSaid(saidAs("DZ", ", fModelID='7J100'"), {}, {}, {"34"});
+    expectSaid(saidAs("DZ", ", fModelID=' 7k2300'"), {}, {}, {"34"});
+    expectSaid(saidAs("DZ", ", fModelID='7K2300X'"), {}, {}, {});
+    catalogueRefrigerant = "R507";
+    expectSaid(saidAs("MV-A", ", fRefrigerantID='R507'"), {}, {"18"}, {});
 }
 
 TEST_F(selectionRules, PowerOfTheModelsOfMvJ) {

@@ -93,6 +93,8 @@ TEST_F(economizedCompressor, WithAPlate) {
     const clsCompressor& c = select();
     EXPECT_EQ(names(c.Messages.Error), keys({}));
     EXPECT_EQ(c.Variables.Item("EcoModel").text(), "Piastra");
+    EXPECT_EQ(c.Variables("EcoOK"), 0);
+    EXPECT_EQ(c.Variables.Item("CAECO").UnitMeasuretext, "A");
     expectCompressionAndPort();
     expectValues({{"meco", 138.80070824429947}, {"T7D", 8.081235209103}, {"T7", 20.081335209103},
                   {"D7", 17.860067840272304}, {"H7", 414.342901277598}, {"P7", 3.886815597094104},
@@ -167,17 +169,13 @@ TEST_F(wholeCompressors, AnInverterWithAChoiceOfVolumeRatios) {
                           {"fInverterPtaC1", "0.03"}, {"fInverterPtaC2", "-0.02"},
                           {"fInverterCaC1", "0.0004"}, {"fInverterCaC2", "0.012"}, {"fInverterCaC3", "0.55"},
                           {"fKForo", "1.55"}, {"fKPerdita", "0.5"}, {"fSez", "320"}});
-    catalogue.surface("S", 0, 22, {92, 3.1, -0.9, 0.03, -0.01});
-    catalogue.surface("S", 1, 22, {6, -0.05, 0.2, 0, 0.001});
-    catalogue.surface("S", 0, 26, {95, 3.2, -0.95, 0.03, -0.01});
-    catalogue.surface("S", 1, 26, {7, -0.1, 0.16, 0, 0.001});
-    catalogue.surface("S", 0, 32, {97, 3.3, -1, 0.03, -0.01});
-    catalogue.surface("S", 1, 32, {12, -0.15, 0.12, 0, 0.001});
+    catalogue.surfaces(22, {92, 3.1, -0.9, 0.03, -0.01}, {6, -0.05, 0.2, 0, 0.001});
+    catalogue.surfaces(26, {95, 3.2, -0.95, 0.03, -0.01}, {7, -0.1, 0.16, 0, 0.001});
+    catalogue.surfaces(32, {97, 3.3, -1, 0.03, -0.01}, {12, -0.15, 0.12, 0, 0.001});
     catalogue.surface("S", 3, 8, {62, -0.5, 0.002, 0.32, 0, 0.001});
     catalogue.motor(1, {2, 1.8, 0.01, 0, 0});
     catalogue.limit("E", 0, "-20,20;15,20;15,60;-20,60;-20,20");
-    conditions.TEvaporatingDew = -7.3;
-    conditions.TCondensationDew = 41.7;
+    conditions = conditionsAt(-7.3, 41.7);
     conditions.SuperHeat = 14;
     conditions.SubCooling = 6;
     conditions.MotorVoltage = 440;

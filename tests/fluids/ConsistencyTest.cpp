@@ -20,66 +20,7 @@ class Consistency : public testing::TestWithParam<Refrigerant> {
         ASSERT_EQ(answer.code, 0) << answer.text;
     }
     const Model& model = modelOf(GetParam());
-
-    void expectEquilibrium(double t, double p, const Properties& found, double most = 1e-9) const {
-        ASSERT_EQ(found.error.code, 0) << found.error.text;
-        ASSERT_GT(found.Dl, found.Dv);
-        EXPECT_LT(imbalance(model, t, p, found), most);
-    }
-    /// Temperatures from the coldest on, denser towards the critical point.
-    template <class Test>
-    void eachSaturation(double coarse, Test test) const {
-        for (double t = model.lowest + 1e-9; t < model.critical().temperature - 0.01;
-             t += coarse * (model.critical().temperature + 1 - t)) {
-            SCOPED_TRACE(testing::Message() << t << " K");
-            test(t);
-        }
-    }
 };
-
-TEST_P(Consistency, SaturatedPhasesAreInEquilibrium) {
-    eachSaturation(0.03, [&](double t) {
-        for (const std::int32_t side : {1, 2}) {
-            SCOPED_TRACE(side);
-            const Properties line = saturationAtT(t, side);
-            // The large coefficients of R22, which nearly cancel, cost it a digit more than others.
-            expectEquilibrium(t, line.p, line, t > 0.999 * model.critical().temperature ? 5e-9 : 1e-9);
-            EXPECT_LT(distance(side == 1 ? line.x : line.y, fractionsInUse()), 1e-15);
-            // A blend's bubble points may reach the same pressure above the critical one twice.
-            if (line.p < model.critical().pressure) {
-                EXPECT_NEAR(saturationAtP(line.p, side).t, t, 1e-9);
-            }
-        }
-    });
-}
-
-/// Two phases from every pair of properties, at shares of the vapour from hardly any to nearly all.
-TEST_P(Consistency, PhasesInsideTheDomeAreInEquilibrium) {
-    eachSaturation(0.1, [&](double t) {
-        const double p = saturationAtT(t, 2).p;
-        const Properties bubble = saturationAtP(p, 1);
-        if (bubble.error.code != 0) return;  // the blend's bubble point is colder than its range
-        const Properties dew = atTP(t, p);
-        const double span = enthalpyAt(model, t, dew.Dv) - enthalpyAt(model, bubble.t, bubble.Dl);
-        for (const double part : {1e-5, 0.3, 0.9, 1 - 1e-5}) {
-            const Properties byH = atPH(p, dew.h - (1 - part) * span);
-            SCOPED_TRACE(testing::Message() << p << " kPa, part " << part);
-            expectEquilibrium(byH.t, p, byH);
-            const Properties byS = atPS(p, byH.s);
-            expectEquilibrium(byS.t, p, byS);
-            EXPECT_NEAR(byS.q, byH.q, 1e-8);
-            const Properties byTS = atTS(byH.t, byH.s);
-            expectEquilibrium(byH.t, byTS.p, byTS);
-            EXPECT_LT(deviation(byTS.p, p), 1e-8);
-            if (saturationAtT(byH.t, 1).p > p * (1 + 1e-6)) expectEquilibrium(byH.t, p, atTP(byH.t, p));
-            const Fractions& z = fractionsInUse();
-            for (std::size_t i = 0; i < z.size(); ++i)
-                EXPECT_NEAR((1 - byH.q) * byH.x[i] + byH.q * byH.y[i], z[i], 1e-13);
-            EXPECT_LT(deviation(1 / byH.D, (1 - byH.q) / byH.Dl + byH.q / byH.Dv), 1e-12);
-            EXPECT_NEAR(byH.e, byH.h - p / byH.D, 1e-9);
-        }
-    });
-}
 
 /// There both phases become one: the matrix of d ln f_i / d rho_j, scaled to the unit matrix for ideal gas,
 /// loses its positive determinant.
@@ -131,8 +72,11 @@ TEST_P(Consistency, AroundTheCriticalPoint) {
             SCOPED_TRACE(testing::Message() << t << " K " << p << " kPa");
             const Properties state = atTP(t, p);
             ASSERT_EQ(state.error.code, 0) << state.error.text;
-            // Nearest to the critical point a state is interpolated.
-            if (state.q >= 0 && state.q < 1) expectEquilibrium(t, p, state, distance < 1e-4 ? 2e-5 : 1e-9);
+            // Nearest to the critical point a state may be interpolated.
+            if (state.q >= 0 && state.q < 1) {
+                ASSERT_GT(state.Dl, state.Dv);
+                EXPECT_LT(imbalance(model, t, p, state), distance < 1e-4 ? 1e-6 : 1e-9);
+            }
             for (const Properties& found : {atPH(p, state.h), atPS(p, state.s)}) {
                 ASSERT_EQ(found.error.code, 0) << found.error.text;
                 EXPECT_NEAR(found.t, t, loss * 1e-8);

@@ -7,8 +7,10 @@
 #include <fstream>
 #include <iterator>
 #include <limits>
+#include <map>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "fluids/Refprop.h"
@@ -18,6 +20,7 @@ namespace marvello::test {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::AllOf;
 using testing::HasSubstr;
 
 /// Each test runs in an empty folder of its own.
@@ -35,13 +38,28 @@ class Failures : public testing::Test {
     Failures(const Failures&) = delete;
     Failures& operator=(const Failures&) = delete;
 
-    static std::string shipped() {
-        std::ifstream file(std::string(MARVELLO_SOURCE_FOLDER) + "/fluids/files/R134A.FLD", std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    static std::string shipped(const std::string& file = "R134A.FLD") {
+        std::ifstream stream(std::string(MARVELLO_SOURCE_FOLDER) + "/fluids/files/" + file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
     }
     static void write(const fs::path& path, const std::string& text) {
         if (path.has_parent_path()) fs::create_directories(path.parent_path());
         std::ofstream(path, std::ios::binary) << text;
+    }
+    /// Sets up with another text in the place of a shipped file: a fluid, or a blend where it is the pairs'.
+    static Answer setUpWith(const std::string& file, const std::string& text) {
+        write("Fluids/" + file, text);
+        const Answer answer =
+            file == "hmx.bnc" ? setUp("Fluids\\R32.FLD|Fluids\\R125.FLD", 2) : setUp("Fluids\\" + file);
+        fs::remove_all("Fluids");
+        return answer;
+    }
+    /// The text of a shipped file with a part of it changed.
+    static std::string changed(const std::string& file, const std::string& from, const std::string& to) {
+        std::string text = shipped(file);
+        const std::size_t place = text.find(from);
+        EXPECT_NE(place, std::string::npos) << from;
+        return place == std::string::npos ? text : text.replace(place, from.size(), to);
     }
     static void expectUnset() {
         const Properties found = saturationAtT(273.15);
@@ -110,13 +128,14 @@ TEST_F(Failures, ASetUpThatFailsLeavesNothing) {
 }
 
 TEST_F(Failures, AFileCutAnywhereIsRefused) {
-    const std::string whole = shipped();
-    ASSERT_GT(whole.size(), 2000U);
-    for (std::size_t length = 0; length < whole.find_last_of('}'); length += 23) {
-        write("cut.fld", whole.substr(0, length));
-        const Answer answer = setUp("cut.fld");
-        ASSERT_EQ(answer.code, 101) << length;
-        ASSERT_THAT(answer.text, HasSubstr("cut.fld")) << length;
+    for (const auto& [file, step] : {std::pair{"R134A.FLD", 23U}, {"hmx.bnc", 97U}}) {
+        const std::string whole = shipped(file);
+        ASSERT_GT(whole.size(), 2000U);
+        for (std::size_t length = 0; length < whole.find_last_of('}'); length += step) {
+            const Answer answer = setUpWith(file, whole.substr(0, length));
+            ASSERT_EQ(answer.code, 101) << length;
+            ASSERT_THAT(answer.text, AllOf(HasSubstr(file), HasSubstr("is ill-formed"))) << length;
+        }
     }
     expectUnset();
 }
@@ -127,39 +146,82 @@ TEST_F(Failures, FieldsThatMakeNoSense) {
         const char* to;
         const char* complaint;
     };
-    for (const Case& wrong : {
-             Case{"\"marvello-fluid\"", "\"other\"", "field format"},
-             Case{"\"version\": 1", "\"version\": 2", "field version"},
-             Case{"\"molar_mass\": 102.032", "\"molar_mass\": \"102\"", "molar_mass is not a number"},
-             Case{"\"molar_mass\": 102.032", "\"molar_mass\": -1", "molar_mass"},
-             Case{"\"molar_mass\"", "\"mass\"", "molar_mass is missing"},
-             Case{"8.314471", "8314.471", "gas_constant"},
-             Case{"\"temperature\": 374.21", "\"temperature\": 474.21", "critical"},
-             Case{"\"pressure\": 4059.28", "\"pressure\": 405.928", "critical"},
-             Case{"\"temperature_max\": 455", "\"temperature_max\": 300", "limits"},
-             Case{"\"temperature_max\": 455", "\"temperature_max\": 1e999", "too large"},
-             Case{"\"reference_state\": \"IIR\"", "\"reference_state\": \"\"", "reference_state"},
-             Case{"\"ideal\": {", "\"ideal\": [], \"x\": {", "ideal is not an object"},
-             Case{"\"powers\": [", "\"powers\": 1, \"x\": [", "ideal.powers is not a list"},
-             Case{"\"einstein\": []", "\"einstein\": [{\"n\": 1, \"theta\": -1}]", "einstein[0].theta"},
-             Case{"\"kind\": \"exp\"", "\"kind\": \"virial\"", "residual[8].kind is \"virial\""},
-             Case{"\"d\": 5, \"t\": 1, \"l\": 1", "\"d\": 5, \"t\": 1", "residual[8] has no l"},
-             Case{"\"t\": 50", "\"t\": 5000", "residual[20].t"},
-             Case{"\"n\": 0.498223", "\"n\": null", "residual[1].n"},
-             Case{"\"n\": 0.498223", "\"n\": 49.8223", "no critical point"},
-             Case{"\"d\": 4, \"t\": 1, \"l\": 2", "\"d\": -2, \"t\": 1, \"l\": 2",
-                  "that does not rise with the temperature"},
-             Case{"\"critical\"", "critical", "line 16 is ill-formed"},
-         }) {
-        std::string text = shipped();
-        const std::size_t place = text.find(wrong.from);
-        ASSERT_NE(place, std::string::npos) << wrong.from;
-        text.replace(place, std::string(wrong.from).size(), wrong.to);
-        write("wrong.fld", text);
-        const Answer answer = setUp("wrong.fld");
-        EXPECT_EQ(answer.code, 101) << wrong.to;
-        EXPECT_THAT(answer.text, HasSubstr(wrong.complaint));
+    const std::map<std::string, std::vector<Case>> files{
+        {"R134A.FLD",
+         {{"\"marvello-fluid\"", "\"other\"", "field format"},
+          {"\"version\": 1", "\"version\": 2", "field version"},
+          {"\"molar_mass\": 102.032", "\"molar_mass\": \"102\"", "molar_mass is not a number"},
+          {"\"molar_mass\": 102.032", "\"molar_mass\": -1", "molar_mass"},
+          {"\"molar_mass\"", "\"mass\"", "molar_mass is missing"},
+          {"8.314471", "8314.471", "gas_constant"},
+          {"\"temperature\": 374.21", "\"temperature\": 474.21", "critical"},
+          {"\"pressure\": 4059.28", "\"pressure\": 405.928", "critical"},
+          {"\"temperature_max\": 455", "\"temperature_max\": 300", "limits"},
+          {"\"temperature_max\": 455", "\"temperature_max\": 1e999", "too large"},
+          {"\"reference_state\": \"IIR\"", "\"reference_state\": \"\"", "reference_state"},
+          {"\"ideal\": {", "\"ideal\": [], \"x\": {", "ideal is not an object"},
+          {"\"powers\": [", "\"powers\": 1, \"x\": [", "ideal.powers is not a list"},
+          {"\"einstein\": []", "\"einstein\": [{\"n\": 1, \"theta\": -1}]", "einstein[0].theta"},
+          {"\"kind\": \"exp\"", "\"kind\": \"virial\"", "residual[8].kind is \"virial\""},
+          {"\"d\": 5, \"t\": 1, \"l\": 1", "\"d\": 5, \"t\": 1", "residual[8] has no l"},
+          {"\"t\": 50", "\"t\": 5000", "residual[20].t"},
+          {"\"n\": 0.498223", "\"n\": null", "residual[1].n"},
+          {"\"n\": 0.498223", "\"n\": 49.8223", "no critical point"},
+          {"\"d\": 4, \"t\": 1, \"l\": 2", "\"d\": -2, \"t\": 1, \"l\": 2", "that does not rise with the"},
+          {"\"critical\"", "critical", "line 16 is ill-formed"}}},
+        {"R125.FLD",
+         {{", \"m\": 7", "", "residual[16] has no m"},
+          {", \"l\": 2, \"m\": 1.7", ", \"m\": 1.7", "residual[15] has no l"},
+          {"\"m\": 1.7", "\"m\": 1e3", "residual[15].m is 1000.0, not within 0.1 to 20.0"}}},
+        {"AMMONIA.FLD",
+         {{", \"b\": 1.244", "", "residual[18] has no b"},
+          {"\"b\": 1.244", "\"b\": 0", "residual[18].b is 0, not within"},
+          {"\"eta\": -2.8452", "\"eta\": 2.8452", "residual[18].eta is 2.8452"},
+          {"\"eta\": 0.42776", "\"eta\": -0.42776", "residual[8].eta"}}},
+        {"CO2.FLD",
+         {{", \"D\": 275", "", "residual[39] has no D"},
+          {"\"beta\": 0.3", "\"beta\": 0.6", "residual[39].beta"},
+          {"\"a\": 3.5", "\"a\": 0.5", "residual[39].a is 0.5"},
+          {"\"n\": -0.666422765408, ", "", "residual[39] has no n"},
+          {"nonanalytic", "critical",
+           "is \"critical\"; the kinds known are power, exp, gauss, double_exp, gao_b, nonanalytic"}}},
+        {"R32.FLD",
+         {{"extrapolated\": 455", "extrapolated\": 400", "temperature_extrapolated below"},
+          {"extrapolated\": 455", "extrapolated\": null", "extrapolated is not a number"}}},
+        {"hmx.bnc",
+         {{"\"marvello-mixture\"", "\"marvello-fluid\"", "field format is not \"marvello-mixture\""},
+          {"\"version\": 1", "\"version\": 2", "field version"},
+          {"8.31446261815324", "8314.46", "field gas_constant"},
+          {"\"departures\"", "\"departure\"", "the field departures is missing"},
+          {"\"pairs\": [", "\"pairs\": {}, \"x\": [", "field pairs is not a list"},
+          {"{\"kind\": \"exp\", \"n\": -0.0072955, ", "{\"n\": -0.0072955, ",
+           "field departures.R32-R125.terms[0] has no kind"},
+          {"\"terms\": [", "\"terms\": [], \"x\": [", "terms is empty"},
+          {"\"departure\": \"R32-R125\"", "\"departure\": \"R32\"",
+           "departure is \"R32\", which is none of the departures"},
+          {", \"departure\": \"R32-R125\"", "", "has no departure"},
+          {"\"factor\": 1, \"departure\": \"R32-R125\"", "\"departure\": \"R32-R125\"", "has no factor"},
+          {"\"gammaT\": 1.0420900819859578, ", "", "has no gammaT"},
+          {"\"gammaT\": 1.0420900819859578", "\"gammaT\": 0", "gammaT is 0, not within"},
+          {"[\"R32\", \"R125\"]", "[\"R32\", \"R32\"]", "fluids is not a pair of two fluids"},
+          {"[\"R32\", \"R125\"]", "[\"R32\"]", "fluids is not a pair of two fluids"},
+          {"[\"R32\", \"R125\"]", "\"R32\"", "fluids is not a list"},
+          {"[\"R143a\", \"R32\"]", "[\"R125\", \"r32\"]", "gives the pair of R125 and r32 a second time"},
+          {"[\"R32\", \"R125\"]", "[\"R32\", \"R999\"]", "there is no pair of R32 and R125."},
+          {"\"literature\"", "literature", "line 5 is ill-formed"}}},
+    };
+    for (const auto& [file, cases] : files) {
+        for (const Case& wrong : cases) {
+            const Answer answer = setUpWith(file, changed(file, wrong.from, wrong.to));
+            EXPECT_EQ(answer.code, 101) << wrong.to;
+            EXPECT_THAT(answer.text, HasSubstr(wrong.complaint)) << file << ' ' << wrong.to;
+        }
     }
+    // Without the optional field the published range is all.
+    const std::string published = changed("R32.FLD", "\"temperature_extrapolated\": 455, ", "");
+    EXPECT_EQ(setUpWith("R32.FLD", published).text, "");
+    EXPECT_EQ(atTP(435, 100).error.code, 0);
+    EXPECT_EQ(atTP(435.1, 100).error.code, 3);
 }
 
 /// Whatever stands in a file, a set-up ends, and what it accepts answers with numbers or an error.
@@ -195,35 +257,18 @@ TEST_F(Failures, StatesOutOfRange) {
         EXPECT_EQ(found.Dl, undefined);
         EXPECT_EQ(found.x[0], undefined);
     };
-    expectRefused(saturationAtT(100), 3);
-    expectRefused(saturationAtT(374.3), 3);
-    expectRefused(saturationAtP(4060), 3);
-    expectRefused(saturationAtP(1e-3), 3);
-    expectRefused(saturationAtP(-1), 3);
+    for (const Properties& found :
+         {saturationAtT(100), saturationAtT(374.3), saturationAtP(4060), saturationAtP(1e-3),
+          saturationAtP(-1), atTP(160, 100), atTP(460, 100), atTP(300, 0), atTP(300, -5), atTP(300, 70001),
+          atPH(100, 1e6), atPH(100, -1e6), atPH(6000, 1e6), atPH(100, undefined), atPS(100, 1000),
+          atPS(100, -1000), atTS(300, 1e4), atTS(300, -1e4), atTS(400, 60)})
+        expectRefused(found, 3);
     expectRefused(saturationAtT(300, 0), 2);
     expectRefused(saturationAtP(300, 3), 2);
-    expectRefused(atTP(160, 100), 3);
-    expectRefused(atTP(460, 100), 3);
-    expectRefused(atTP(300, 0), 3);
-    expectRefused(atTP(300, -5), 3);
-    expectRefused(atTP(300, 70001), 3);
-    expectRefused(atPH(100, 1e6), 3);
-    expectRefused(atPH(100, -1e6), 3);
-    expectRefused(atPH(6000, 1e6), 3);
-    expectRefused(atPS(100, 1000), 3);
-    expectRefused(atPS(100, -1000), 3);
-    expectRefused(atTS(300, 1e4), 3);
-    expectRefused(atTS(300, -1e4), 3);
-    expectRefused(atTS(400, 60), 3);
     for (const double odd : {nan, infinite, -infinite}) {
-        expectRefused(saturationAtT(odd), 2);
-        expectRefused(saturationAtP(odd), 2);
-        expectRefused(atTP(300, odd), 2);
-        expectRefused(atTP(odd, 300), 2);
-        expectRefused(atPH(100, odd), 2);
-        expectRefused(atPS(odd, 180), 2);
-        expectRefused(atTS(odd, 180), 2);
-        expectRefused(atPH(100, undefined), 3);
+        for (const Properties& found : {saturationAtT(odd), saturationAtP(odd), atTP(300, odd),
+                                        atTP(odd, 300), atPH(100, odd), atPS(odd, 180), atTS(odd, 180)})
+            expectRefused(found, 2);
     }
 }
 
@@ -339,15 +384,11 @@ TEST_F(Failures, BuffersAreRespected) {
 
 TEST_F(Failures, MolarMassOfAPureFluid) {
     ASSERT_EQ(setUp("Fluids\\PROPANE.FLD").code, 0);
-    const Fractions mass{0.25};
-    Fractions mole{};
+    const Moles moles = molesOf({0.25});
+    EXPECT_EQ(moles.fractions, Fractions{1});
+    EXPECT_EQ(moles.molarMass, 44.09562);
     double molarMass = 0;
-    XMOLEdll(mass.data(), mole.data(), &molarMass);
-    EXPECT_EQ(mole[0], 1);
-    EXPECT_EQ(mole[1], 0);
-    EXPECT_EQ(molarMass, 44.09562);
-    molarMass = 0;
-    WMOLdll(mole.data(), &molarMass);
+    WMOLdll(moles.fractions.data(), &molarMass);
     EXPECT_EQ(molarMass, 44.09562);
 }
 

@@ -3,13 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <fstream>
-#include <limits>
 #include <stdexcept>
 
 #include "fluids/Refprop.h"
+#include "tools/fluids/Composition.h"
 
 namespace marvello::test {
 namespace {
@@ -26,8 +24,13 @@ struct Buffer {
     Answer answer() const { return {code, text.substr(0, text.find_last_not_of(' ') + 1)}; }
 };
 
-// A literal: the tests are listed before any object is made.
-constexpr const char* dataFolder = MARVELLO_SOURCE_FOLDER "/tests/fluids/data/";
+/// Calls one of the functions with these arguments, and keeps what it says of its success.
+template <class Function, class... Arguments>
+void ask(Properties& out, Function function, Arguments... arguments) {
+    Buffer error;
+    function(arguments..., &error.code, error.text.data(), Buffer::length);
+    out.error = error.answer();
+}
 
 std::string padded(const std::string& text, std::size_t length) {
     return text + std::string(length - text.size(), ' ');
@@ -35,26 +38,18 @@ std::string padded(const std::string& text, std::size_t length) {
 
 }  // namespace
 
-double numberOf(const std::string& field) {
-    double value = std::numeric_limits<double>::quiet_NaN();
-    std::from_chars(field.data(), field.data() + field.size(), value);
-    return value;
-}
-
 void PrintTo(const Refrigerant& refrigerant, std::ostream* stream) { *stream << refrigerant.name; }
 
 const std::vector<Refrigerant>& refrigerants() {
     static const std::vector<Refrigerant> all = [] {
         std::vector<Refrigerant> found;
-        std::ifstream stream(std::string(dataFolder) + "blends.csv");
-        for (std::string line; std::getline(stream, line);) {
-            if (line.starts_with("#") || line.starts_with("fluid,")) continue;
-            const std::size_t one = line.find(',');
-            const std::size_t two = line.find(',', one + 1);
-            const std::string name = line.substr(0, one);
-            if (found.empty() || found.back().name != name) found.push_back({name, {}, {}});
-            found.back().files.push_back(line.substr(one + 1, two - one - 1));
-            found.back().massFractions.push_back(numberOf(line.substr(two + 1)));
+        for (const properties::Composition& known : properties::readCompositions(dataFolder)) {
+            Refrigerant& refrigerant = found.emplace_back();
+            refrigerant.name = known.name;
+            for (const auto& part : known.parts) {
+                refrigerant.files.push_back(part.file);
+                refrigerant.massFractions.push_back(part.massFraction);
+            }
         }
         return found;
     }();
@@ -113,92 +108,44 @@ Answer setReference(const std::string& reference, std::int32_t flag) {
 }
 
 Properties saturationAtT(double t, std::int32_t side) {
-    Buffer error;
     Properties out;
-    SATTdll(&t, inUse.data(), &side, &out.p, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &error.code,
-            error.text.data(), Buffer::length);
-    out.error = error.answer();
+    ask(out, SATTdll, &t, inUse.data(), &side, &out.p, &out.Dl, &out.Dv, out.x.data(), out.y.data());
     return out;
 }
 
 Properties saturationAtP(double p, std::int32_t side) {
-    Buffer error;
     Properties out;
-    SATPdll(&p, inUse.data(), &side, &out.t, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &error.code,
-            error.text.data(), Buffer::length);
-    out.error = error.answer();
+    ask(out, SATPdll, &p, inUse.data(), &side, &out.t, &out.Dl, &out.Dv, out.x.data(), out.y.data());
     return out;
 }
 
 Properties atTP(double t, double p) {
-    Buffer error;
-    Properties out;
-    out.t = t;
-    out.p = p;
-    TPFLSHdll(&t, &p, inUse.data(), &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q, &out.e,
-              &out.h, &out.s, &out.cv, &out.cp, &out.w, &error.code, error.text.data(), Buffer::length);
-    out.error = error.answer();
+    Properties out{.t = t, .p = p};
+    ask(out, TPFLSHdll, &t, &p, inUse.data(), &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
+        &out.e, &out.h, &out.s, &out.cv, &out.cp, &out.w);
     return out;
 }
 
 Properties atTS(double t, double s) {
-    Buffer error;
-    Properties out;
-    out.t = t;
-    out.s = s;
+    Properties out{.t = t, .s = s};
     const std::int32_t root = 0;
-    TSFLSHdll(&t, &s, inUse.data(), &root, &out.p, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
-              &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w, &error.code, error.text.data(),
-              Buffer::length);
-    out.error = error.answer();
+    ask(out, TSFLSHdll, &t, &s, inUse.data(), &root, &out.p, &out.D, &out.Dl, &out.Dv, out.x.data(),
+        out.y.data(), &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w);
     return out;
 }
 
 Properties atPH(double p, double h) {
-    Buffer error;
-    Properties out;
-    out.p = p;
-    out.h = h;
-    PHFLSHdll(&p, &h, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
-              &out.e, &out.s, &out.cv, &out.cp, &out.w, &error.code, error.text.data(), Buffer::length);
-    out.error = error.answer();
+    Properties out{.p = p, .h = h};
+    ask(out, PHFLSHdll, &p, &h, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
+        &out.q, &out.e, &out.s, &out.cv, &out.cp, &out.w);
     return out;
 }
 
 Properties atPS(double p, double s) {
-    Buffer error;
-    Properties out;
-    out.p = p;
-    out.s = s;
-    PSFLSHdll(&p, &s, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
-              &out.e, &out.h, &out.cv, &out.cp, &out.w, &error.code, error.text.data(), Buffer::length);
-    out.error = error.answer();
+    Properties out{.p = p, .s = s};
+    ask(out, PSFLSHdll, &p, &s, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
+        &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w);
     return out;
-}
-
-std::vector<std::vector<std::string>> readFields(const std::string& file, const std::string& first) {
-    std::ifstream stream(dataFolder + file);
-    EXPECT_TRUE(stream) << file;
-    std::vector<std::vector<std::string>> rows;
-    for (std::string line; std::getline(stream, line);) {
-        if (!line.starts_with(first + ",")) continue;
-        std::vector<std::string>& row = rows.emplace_back();
-        for (std::size_t from = first.size() + 1; from <= line.size();) {
-            const std::size_t end = std::min(line.find(',', from), line.size());
-            row.push_back(line.substr(from, end - from));
-            from = end + 1;
-        }
-    }
-    return rows;
-}
-
-std::vector<std::vector<double>> readRows(const std::string& file, const std::string& fluid) {
-    std::vector<std::vector<double>> rows;
-    for (const std::vector<std::string>& fields : readFields(file, fluid)) {
-        std::vector<double>& row = rows.emplace_back();
-        for (const std::string& field : fields) row.push_back(numberOf(field));
-    }
-    return rows;
 }
 
 double distance(const Fractions& a, const Fractions& b) {

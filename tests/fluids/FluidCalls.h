@@ -24,7 +24,7 @@ struct Answer {
 struct Properties {
     double t = 0, p = 0, D = 0, Dl = 0, Dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
     Fractions x{}, y{};
-    Answer error;
+    Answer error{};
 };
 
 /// What a refrigerant consists of, in the order of the tables.
@@ -38,6 +38,9 @@ struct Refrigerant {
     bool isBlend() const { return files.size() > 1; }
 };
 void PrintTo(const Refrigerant& refrigerant, std::ostream* stream);
+
+// A literal: the tests are listed before any object is made.
+constexpr const char* dataFolder = MARVELLO_SOURCE_FOLDER "/tests/fluids/data/";
 
 /// All refrigerants of blends.csv, or one of them.
 const std::vector<Refrigerant>& refrigerants();
@@ -69,16 +72,6 @@ Properties atTP(double t, double p);
 Properties atTS(double t, double s);
 Properties atPH(double p, double h);
 Properties atPS(double p, double s);
-
-/// A table of tests/fluids/data: the fields behind the first one of the rows that begin with `first`.
-std::vector<std::vector<std::string>> readFields(const std::string& file, const std::string& first);
-
-/// The number that a field holds; NaN for an empty one.
-double numberOf(const std::string& field);
-
-/// A table of tests/fluids/data: rows of the fluid named in the first column, as numbers; an empty field is
-/// NaN.
-std::vector<std::vector<double>> readRows(const std::string& file, const std::string& fluid);
 
 /// The largest of |a_i - b_i|.
 double distance(const Fractions& a, const Fractions& b);

@@ -226,18 +226,14 @@ std::vector<Properties> sampleStates() {
 /// `place` tells which component of `one` stands at a place of `other`.
 void expectAlike(const std::vector<Properties>& one, const std::vector<Properties>& other,
                  const std::vector<std::size_t>& place, double tolerance) {
+    using P = Properties;
     ASSERT_EQ(one.size(), other.size());
     for (std::size_t k = 0; k < one.size(); ++k) {
         SCOPED_TRACE(k);
         ASSERT_EQ(one[k].error.code, 0) << one[k].error.text;
         ASSERT_EQ(other[k].error.code, 0) << other[k].error.text;
-        EXPECT_LT(deviation(other[k].t, one[k].t), tolerance);
-        EXPECT_LT(deviation(other[k].p, one[k].p), tolerance);
-        EXPECT_LT(deviation(other[k].Dl, one[k].Dl), tolerance);
-        EXPECT_LT(deviation(other[k].Dv, one[k].Dv), tolerance);
-        EXPECT_LT(deviation(other[k].h, one[k].h), tolerance);
-        EXPECT_LT(deviation(other[k].s, one[k].s), tolerance);
-        EXPECT_LT(deviation(other[k].w, one[k].w), tolerance);
+        for (double P::* const part : {&P::t, &P::p, &P::Dl, &P::Dv, &P::h, &P::s, &P::w})
+            EXPECT_LT(deviation(other[k].*part, one[k].*part), tolerance);
         EXPECT_NEAR(other[k].q, one[k].q, tolerance);
         for (std::size_t i = 0; i < place.size(); ++i) {
             EXPECT_NEAR(other[k].x[i], one[k].x[place[i]], tolerance);

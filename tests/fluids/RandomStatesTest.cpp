@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <iostream>
@@ -20,7 +21,7 @@ namespace {
 
 std::size_t statesWanted() {
     const char* told = std::getenv("MARVELLO_RANDOM_STATES");
-    return told == nullptr ? 200 : static_cast<std::size_t>(numberOf(told));
+    return told == nullptr ? 200 : std::stoul(told);
 }
 
 class RandomStates : public testing::TestWithParam<Refrigerant> {
@@ -69,6 +70,16 @@ class RandomStates : public testing::TestWithParam<Refrigerant> {
     double balanceError(double t) const {
         return std::abs(t / model.critical().temperature - 1) > 1e-3 ? 1e-9 : 5e-9;
     }
+    /// Where rounding is magnified.
+    bool isCritical(double t) const { return std::abs(t / model.critical().temperature - 1) < 3e-5; }
+    /// Blends with R22 that no one uses lose a digit to its large coefficients.
+    bool isListed() const {
+        return std::ranges::count(refrigerants(), GetParam().name, &Refrigerant::name) > 0;
+    }
+    double qualityError(double t) const {
+        if (isCritical(t)) return 1e-4;
+        return isListed() && std::abs(t / model.critical().temperature - 1) > 1e-3 ? 1e-8 : 1e-6;
+    }
     bool isFound(const Properties& found) {
         if (found.error.code != 0) fail(found.error.text);
         return found.error.code == 0;
@@ -79,7 +90,7 @@ class RandomStates : public testing::TestWithParam<Refrigerant> {
         ADD_FAILURE() << GetParam().name << std::scientific << ' ' << t_ << " K, " << p_ << " kPa: " << what;
     }
 
-    void roundTrips(const Properties& state);
+    std::array<Properties, 3> roundTrips(const Properties& state);
     void onePhase(const Properties& state);
     void twoPhases(const Properties& state);
 
@@ -97,12 +108,12 @@ class RandomStates : public testing::TestWithParam<Refrigerant> {
 /// By (p,h), (p,s) and (T,s). What is compared is what the inputs determine well: temperature, enthalpy,
 /// entropy and, but for the neighbourhood of the critical point, density. The pressure of a cold liquid is
 /// hardly determined by its temperature and entropy.
-void RandomStates::roundTrips(const Properties& state) {
+std::array<Properties, 3> RandomStates::roundTrips(const Properties& state) {
     const double gas = model.mixture.gasConstant();
     const Properties byH = atPH(state.p, state.h);
     const Properties byS = atPS(state.p, state.s);
     const Properties byTS = atTS(state.t, state.s);
-    if (!(isFound(byH) && isFound(byS) && isFound(byTS))) return;
+    if (!(isFound(byH) && isFound(byS) && isFound(byTS))) return {state, state, state};
     const double critical = std::abs(state.t / model.critical().temperature - 1);
     const double densityError = critical > 1e-3 ? 1e-8 : 1e-5;
     const double temperatureError = critical > 1e-3 ? 1e-7 : 1e-6;
@@ -115,6 +126,7 @@ void RandomStates::roundTrips(const Properties& state) {
     check("D(p,s)", deviation(byS.D, state.D), densityError);
     check("D(T,s)", deviation(byTS.D, state.D), densityError);
     if (state.D < model.critical().density) check("p(T,s)", deviation(byTS.p, state.p), 1e-7);
+    return {byH, byS, byTS};
 }
 
 /// The density gives back the pressure, or of a dense phase the pressure the density.
@@ -130,6 +142,7 @@ void RandomStates::onePhase(const Properties& state) {
 }
 
 void RandomStates::twoPhases(const Properties& state) {
+    if (!(state.Dl > state.Dv)) fail("a liquid that is thinner than the vapour");
     check("balance of phases", imbalance(model, state.t, state.p, state), balanceError(state.t));
     check("volumes", deviation(1 / state.D, (1 - state.q) / state.Dl + state.q / state.Dv), 1e-12);
     for (std::size_t i = 0; i < model.z.size(); ++i)
@@ -154,41 +167,50 @@ TEST_P(RandomStates, OfTemperatureAndPressure) {
 }
 
 TEST_P(RandomStates, OnTheSaturationLine) {
-    for (std::size_t i = 0; i < statesWanted() / 4; ++i) {
-        const double t = subcritical();
+    for (std::size_t i = 0; i < statesWanted(); ++i) {
+        const double t = i < 2 ? model.lowest + 1e-9 : subcritical();
         const std::int32_t side = i % 2 == 0 ? 1 : 2;
         begin(t, 0);
         const Properties line = saturationAtT(t, side);
         if (!isFound(line)) continue;
         at(t, line.p);
+        if (!(line.Dl > line.Dv)) fail("a liquid that is thinner than the vapour");
         check("balance of phases", imbalance(model, t, line.p, line), balanceError(t));
+        check("composition", distance(side == 1 ? line.x : line.y, fractionsInUse()), 1e-15);
         // Above the critical pressure a blend may have two bubble points of one pressure.
-        if (line.p > model.critical().pressure) continue;
+        if (line.p >= model.critical().pressure) continue;
         const Properties back = saturationAtP(line.p, side);
-        if (isFound(back)) check("T(p)", std::abs(back.t - t), 1e-8);
+        if (isFound(back)) check("T(p)", std::abs(back.t - t), isCritical(t) ? 1e-8 : 1e-9);
     }
 }
 
+/// Anywhere in the dome, or hardly any of one phase.
 TEST_P(RandomStates, InTwoPhases) {
     for (std::size_t i = 0; i < statesWanted() / 4; ++i) {
         const double t = subcritical();
-        const double part = uniform(0, 1);
+        const double part = i % 3 == 0 && isListed() ? (i % 2 == 0 ? 1e-5 : 1 - 1e-5) : uniform(0, 1);
         const Properties dew = saturationAtT(t, 2);
         const Properties bubble = saturationAtT(t, 1);
         begin(t, dew.p);
         if (!(isFound(dew) && isFound(bubble))) continue;
         Properties state;
-        if (bubble.p > dew.p * (1 + 1e-5)) {
+        if (bubble.p > dew.p * (1 + 1e-3)) {
             const double p = dew.p + part * (bubble.p - dew.p);
             at(t, p);
             state = atTP(t, p);
         } else {
-            const double span = enthalpyAt(model, t, dew.Dv) - enthalpyAt(model, t, dew.Dl);
+            const Properties end = saturationAtP(dew.p, 1);
+            if (!isFound(end)) continue;
+            const double span = enthalpyAt(model, t, dew.Dv) - enthalpyAt(model, end.t, end.Dl);
             state = atPH(dew.p, atTP(t, dew.p).h - part * span);
         }
         if (!isFound(state)) continue;
         twoPhases(state);
-        roundTrips(state);
+        for (const Properties& same : roundTrips(state)) {
+            twoPhases(same);
+            check("quality", std::abs(same.q - state.q), qualityError(t));
+            check("p", deviation(same.p, state.p), 1e-8);
+        }
     }
 }
 

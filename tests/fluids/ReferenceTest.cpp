@@ -2,17 +2,16 @@
 // values printed with them (tests/fluids/data).
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <map>
+#include <optional>
 #include <string>
-#include <tuple>
-#include <utility>
 #include <vector>
 
-#include "fluids/FluidFile.h"
-#include "fluids/MixtureFile.h"
 #include "fluids/Phase.h"
 #include "fluids/Refprop.h"
 #include "tests/fluids/FluidCalls.h"
+#include "tests/fluids/Models.h"
+#include "tools/fluids/ReferenceTable.h"
 
 namespace marvello::test {
 namespace {
@@ -40,6 +39,7 @@ class Reference : public testing::TestWithParam<Refrigerant> {
         for (std::size_t i = 0; i < z.size(); ++i)
             EXPECT_NEAR((1 - found.q) * found.x[i] + found.q * found.y[i], z[i], 1e-13);
         EXPECT_LT(deviation(1 / found.D, (1 - found.q) / found.Dl + found.q / found.Dv), 1e-12);
+        EXPECT_NEAR(found.e, found.h - found.p / found.D, 1e-9);
         for (const double none : {found.cv, found.cp, found.w}) EXPECT_EQ(none, undefined);
     }
 };
@@ -50,87 +50,87 @@ double molarMass(const Fractions& x) {
     return mass;
 }
 
-/// Mole fractions in five columns; those that are not there are empty.
-Fractions fractionsAt(const std::vector<double>& row, std::size_t column) {
-    Fractions found{};
-    for (std::size_t i = 0; i < 5 && column + i < row.size(); ++i) {
-        if (!std::isnan(row[column + i])) found[i] = row[column + i];
+using Row = properties::ReferenceTable::Row;
+
+/// The rows of a table that have `value` in their first column.
+std::vector<Row> rowsOf(const std::string& file, const std::string& column, const std::string& value) {
+    static std::map<std::string, properties::ReferenceTable> tables;
+    std::vector<Row> found;
+    for (const Row& row : tables.try_emplace(file, dataFolder + file).first->second.rows()) {
+        if (row.text(column) == value) found.push_back(row);
     }
     return found;
 }
 
-/// What a row of saturation.csv tells of the bubble or the dew point at its temperature.
-struct SaturationRow {
-    SaturationRow(const std::vector<double>& row, bool bubble)
-        : T(row[0]),
-          pressure(row[bubble ? 1 : 2]),
-          density(row[bubble ? 3 : 4]),
-          h(row[bubble ? 5 : 7]),
-          s(row[bubble ? 6 : 8]),
-          incipientDensity(row[bubble ? 9 : 10]),
-          incipient(fractionsAt(row, bubble ? 11 : 16)) {}
-
-    double T, pressure, density, h, s, incipientDensity;
-    Fractions incipient;
-};
-
 TEST_P(Reference, Saturation) {
-    const auto rows = readRows("saturation.csv", GetParam().name);
+    const auto rows = rowsOf("saturation.csv", "fluid", GetParam().name);
     ASSERT_GE(rows.size(), 11U);
-    for (const auto& numbers : rows) {
+    for (const Row& row : rows) {
         for (const std::int32_t side : {1, 2}) {
-            const SaturationRow row(numbers, side == 1);
-            SCOPED_TRACE(testing::Message() << row.T << " K, side " << side);
-            const Properties byT = saturationAtT(row.T, side);
-            const Properties byP = saturationAtP(row.pressure, side);
-            EXPECT_LT(deviation(byT.p, row.pressure), narrow);
-            EXPECT_NEAR(byP.t, row.T, 1e-9);
+            const bool bubble = side == 1;
+            const double T = row.number("T");
+            const double pressure = row.number(bubble ? "bubble_p" : "dew_p");
+            const double density = row.number(bubble ? "liquid_density" : "vapour_density");
+            const double h = row.number(bubble ? "liquid_h" : "vapour_h");
+            const double s = row.number(bubble ? "liquid_s" : "vapour_s");
+            const std::string incipientPhase = bubble ? "bubble_vapour_" : "dew_liquid_";
+            const double incipientDensity = row.number(incipientPhase + "density");
+            Fractions incipient{};
+            for (std::size_t i = 0; i < 5; ++i)
+                incipient[i] = row.numberIfAny(incipientPhase + std::to_string(i + 1)).value_or(0);
+            SCOPED_TRACE(testing::Message() << T << " K, side " << side);
+            const Properties byT = saturationAtT(T, side);
+            const Properties byP = saturationAtP(pressure, side);
+            EXPECT_LT(deviation(byT.p, pressure), narrow);
+            EXPECT_NEAR(byP.t, T, 1e-9);
             for (const Properties& found : {byT, byP}) {
                 ASSERT_EQ(found.error.code, 0) << found.error.text;
                 // Densities magnify an error of the temperature as the critical point comes near.
-                EXPECT_LT(deviation(side == 1 ? found.Dl : found.Dv, row.density), 2 * narrow);
-                EXPECT_LT(deviation(side == 1 ? found.Dv : found.Dl, row.incipientDensity), 2 * narrow);
-                EXPECT_LT(distance(side == 1 ? found.x : found.y, fractionsInUse()), 1e-15);
-                EXPECT_LT(distance(side == 1 ? found.y : found.x, row.incipient), narrow);
+                EXPECT_LT(deviation(bubble ? found.Dl : found.Dv, density), 2 * narrow);
+                EXPECT_LT(deviation(bubble ? found.Dv : found.Dl, incipientDensity), 2 * narrow);
+                EXPECT_LT(distance(bubble ? found.x : found.y, fractionsInUse()), 1e-15);
+                EXPECT_LT(distance(bubble ? found.y : found.x, incipient), narrow);
             }
             // The saturated phase as the end of a line of constant pressure.
-            const Properties end = atPH(row.pressure, row.h);
+            const Properties end = atPH(pressure, h);
             ASSERT_EQ(end.error.code, 0) << end.error.text;
-            EXPECT_NEAR(end.t, row.T, 1e-9);
-            EXPECT_LT(deviation(end.s, row.s), narrow);
-            if (side == 1) continue;
-            const Properties dew = atTP(row.T, byT.p);
+            EXPECT_NEAR(end.t, T, 1e-9);
+            EXPECT_LT(deviation(end.s, s), narrow);
+            if (bubble) continue;
+            const Properties dew = atTP(T, byT.p);
             EXPECT_EQ(dew.q, 1);
-            EXPECT_LT(deviation(dew.h, row.h), narrow);
-            EXPECT_LT(deviation(dew.s, row.s), narrow);
+            EXPECT_LT(deviation(dew.h, h), narrow);
+            EXPECT_LT(deviation(dew.s, s), narrow);
         }
     }
 }
 
 TEST_P(Reference, SinglePhase) {
-    const auto rows = readRows("single_phase.csv", GetParam().name);
+    const auto rows = rowsOf("single_phase.csv", "fluid", GetParam().name);
     ASSERT_GE(rows.size(), 44U);
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row[0] << " K " << row[1] << " kPa");
-        const Properties found = atTP(row[0], row[1]);
+    for (const Row& row : rows) {
+        const double t = row.number("T");
+        const double p = row.number("p");
+        SCOPED_TRACE(testing::Message() << t << " K " << p << " kPa");
+        const Properties found = atTP(t, p);
         ASSERT_EQ(found.error.code, 0) << found.error.text;
-        EXPECT_LT(deviation(found.D, row[2]), narrow);
-        EXPECT_LT(deviation(found.h, row[3]), narrow);
-        EXPECT_LT(deviation(found.s, row[4]), narrow);
-        EXPECT_LT(deviation(found.cp, row[5]), narrow);
-        EXPECT_LT(deviation(found.w, row[6]), narrow);
-        EXPECT_LT(deviation(found.e, found.h - row[1] / found.D), 1e-12);
+        EXPECT_LT(deviation(found.D, row.number("density")), narrow);
+        EXPECT_LT(deviation(found.h, row.number("h")), narrow);
+        EXPECT_LT(deviation(found.s, row.number("s")), narrow);
+        EXPECT_LT(deviation(found.cp, row.number("cp")), narrow);
+        EXPECT_LT(deviation(found.w, row.number("w")), narrow);
+        EXPECT_LT(deviation(found.e, found.h - p / found.D), 1e-12);
         expectOnePhase(found);
     }
 }
 
 TEST_P(Reference, Flash) {
-    const auto rows = readRows("flash.csv", GetParam().name);
+    const auto rows = rowsOf("flash.csv", "fluid", GetParam().name);
     ASSERT_GE(rows.size(), 77U);
-    for (const auto& row : rows) {
-        const auto [p, h, s, t, quality, density] =
-            std::tuple(row[0], row[1], row[2], row[3], row[4], row[5]);
-        SCOPED_TRACE(testing::Message() << t << " K " << p << " kPa, quality " << quality);
+    for (const Row& row : rows) {
+        const double p = row.number("p"), h = row.number("h"), s = row.number("s"), t = row.number("T");
+        const std::optional<double> quality = row.numberIfAny("quality");
+        SCOPED_TRACE(testing::Message() << t << " K " << p << " kPa, quality " << row.text("quality"));
         const Properties byH = atPH(p, h);
         const Properties byS = atPS(p, s);
         const Properties byTS = atTS(t, s);
@@ -141,13 +141,14 @@ TEST_P(Reference, Flash) {
         EXPECT_LT(deviation(byTS.h, h), narrow);
         for (const Properties& found : {byH, byS, byTS}) {
             ASSERT_EQ(found.error.code, 0) << found.error.text;
-            EXPECT_LT(deviation(found.D, density), 1e-10);
-            if (std::isnan(quality)) {
+            EXPECT_LT(deviation(found.D, row.number("density")), 1e-10);
+            if (!quality) {
                 expectOnePhase(found);
             } else {
-                EXPECT_NEAR(found.q, quality, 1e-10);
+                EXPECT_NEAR(found.q, *quality, 1e-10);
                 expectTwoPhases(found);
-                EXPECT_NEAR(found.q * molarMass(found.y) / molarMass(fractionsInUse()), row[6], 1e-10);
+                EXPECT_NEAR(found.q * molarMass(found.y) / molarMass(fractionsInUse()),
+                            row.number("mass_quality"), 1e-10);
             }
         }
     }
@@ -156,43 +157,34 @@ TEST_P(Reference, Flash) {
 INSTANTIATE_TEST_SUITE_P(Fluids, Reference, testing::ValuesIn(refrigerants()), testName);
 
 TEST(Published, CheckValues) {
-    const std::string folder = std::string(MARVELLO_SOURCE_FOLDER) + "/fluids/files/";
-    std::size_t count = 0;
-    for (const Refrigerant& fluid : refrigerants()) {
-        if (fluid.isBlend()) continue;
-        for (const auto& row : readFields("check_values.csv", fluid.files.front())) {
-            ++count;
-            SCOPED_TRACE(testing::Message() << fluid.name << ' ' << row[0] << ' ' << row[5] << ' ' << row[8]);
-            std::vector<fluids::PureFluid> components{fluids::readFluidFile(folder + fluid.files.front())};
-            std::vector<double> x{numberOf(row[1])};
-            fluids::MixtureModel model{components.front().gasConstant, {}};
-            if (!row[0].empty()) {
-                components.push_back(fluids::readFluidFile(folder + row[0]));
-                x.push_back(numberOf(row[2]));
-                model = fluids::readMixtureFile(folder + "hmx.bnc", {components[0].name, components[1].name});
-            }
-            const fluids::Mixture mixture(std::move(components), std::move(model.pairs), model.gasConstant);
-            const double temperature = numberOf(row[3]);
-            const double density = numberOf(row[4]);
-            fluids::Phase phase(mixture, x);
-            phase.setTemperature(temperature);
-            const fluids::PhaseState state = phase.state(density);
-            const fluids::FluidPoint reducing = mixture.reducing(x);
-            const std::string& property = row[5];
-            double found = 0;
-            if (property == "p") found = state.pressure;
-            if (property == "cv") found = state.cv;
-            if (property == "cp") found = state.cp;
-            if (property == "w") found = state.soundSpeed;
-            if (property == "alphar") {
-                found = mixture.residualAt(x)
-                            .at(reducing.temperature / temperature, density / reducing.density)
-                            .value;
-            }
-            EXPECT_LT(deviation(found, numberOf(row[6])), numberOf(row[7]));
+    const properties::ReferenceTable table(std::string(dataFolder) + "check_values.csv");
+    ASSERT_EQ(table.rows().size(), 27U);
+    for (const Row& row : table.rows()) {
+        const std::string& property = row.text("property");
+        SCOPED_TRACE(row.text("file_1") + ' ' + row.text("file_2") + ' ' + property + ' ' +
+                     row.text("source"));
+        std::vector<std::string> files{row.text("file_1")};
+        std::vector<double> x{row.number("fraction_1")};
+        if (!row.text("file_2").empty()) {
+            files.push_back(row.text("file_2"));
+            x.push_back(row.number("fraction_2"));
         }
+        const fluids::Mixture mixture = mixtureOf(files);
+        const double temperature = row.number("T");
+        const double density = row.number("density");
+        fluids::Phase phase(mixture, x);
+        phase.setTemperature(temperature);
+        const fluids::PhaseState state = phase.state(density);
+        const fluids::FluidPoint reducing = mixture.reducing(x);
+        const std::map<std::string, double> found{
+            {"p", state.pressure},
+            {"cv", state.cv},
+            {"cp", state.cp},
+            {"w", state.soundSpeed},
+            {"alphar",
+             mixture.residualAt(x).at(reducing.temperature / temperature, density / reducing.density).value}};
+        EXPECT_LT(deviation(found.at(property), row.number("value")), row.number("tolerance"));
     }
-    EXPECT_EQ(count, 27U);
 }
 
 }  // namespace

@@ -155,19 +155,8 @@ TEST_P(RealCatalogueTest, EverySeriesIsListedWithTheValuesOfTheEngine) {
             ASSERT_TRUE(form->hasResults());
 
             // The same run without a window, at the defaults of the form.
-            auto conditions = std::make_shared<clsProjectConditions>();
-            *conditions = {.TEvaporatingDew = 2,
-                           .TCondensationDew = 40,
-                           .SubCooling = 5,
-                           .SuperHeat = 10,
-                           .StepCapacity = 100,
-                           .MotorSize = -1,
-                           .MotorVoltage = 400,
-                           .MotorHz = 50,
-                           .MotorRPM = 1450,
-                           .Eco = 10,
-                           .OilCooling = 110,
-                           .OilCoolingCalculateMode = 1};
+            auto conditions = std::make_shared<clsProjectConditions>(conditionsAt(2, 40));
+            conditions->InverterFrequency = 0;  // the form has no field for it
             clsSelections expected;
             const std::string key = field("lstSeries")->Key().toStdString();
             const int market = key == "DZ1" ? 1 : key == "DZ2" ? 2 : 0;

@@ -78,6 +78,12 @@ void SmallCatalogue::surface(const std::string& id, int type, double field,
     exec("insert into tPolynomials values(" + row + ")");
 }
 
+void SmallCatalogue::surfaces(double field, const std::vector<double>& capacity,
+                              const std::vector<double>& power) {
+    surface("S", 0, field, capacity);
+    surface("S", 1, field, power);
+}
+
 void SmallCatalogue::motor(int id, const std::array<double, 5>& coefficients, double lra1, double lra2) {
     std::string row = std::to_string(id) + ",50";
     for (const double c : coefficients) row += "," + storedText(c);
@@ -102,8 +108,7 @@ void SmallCatalogue::blendR407C() {
 }
 
 void SmallCatalogue::completeDefault() {
-    surface("S", 0, 100, {100, 3, -1.2, 0.03, -0.02, 0.002, 0.0002, -0.0001, 0.00005, -0.00001});
-    surface("S", 1, 100, {5, 0.1, 0.25});
+    surfaces(100, {100, 3, -1.2, 0.03, -0.02, 0.002, 0.0002, -0.0001, 0.00005, -0.00001}, {5, 0.1, 0.25});
     surface("S", 3, 10, {60, -0.5, 0.01, 0.8, 0.001, -0.002});
     motor(1, {2, 1.8, 0.01, 0, 0});
     limit("E", 0, "-20,20;15,20;15,60;-20,60;-20,20");

@@ -21,6 +21,8 @@ class SmallCatalogue {
     /// frills, with the given columns changed. Values are SQL literals.
     void compressor(const std::map<std::string, std::string>& changes = {});
     void surface(const std::string& id, int type, double field, const std::vector<double>& coefficients);
+    /// Capacity and power of the default surfaces "S" at a step, a speed or ten times a volume ratio.
+    void surfaces(double field, const std::vector<double>& capacity, const std::vector<double>& power);
     void motor(int id, const std::array<double, 5>& coefficients, double lra1 = 300, double lra2 = 100);
     void limit(const std::string& id, int type, const std::string& points);
     void text(const std::string& key, const std::string& text, const std::string& language = "en-EN");

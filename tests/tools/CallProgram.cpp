@@ -1,7 +1,9 @@
 #include "tests/tools/CallProgram.h"
 
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <memory>
@@ -20,6 +22,13 @@ Answer callProgram(const std::string& program, const std::string& arguments, Lis
     const int status = pclose(pipe.release());
     answer.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     return answer;
+}
+
+void expectRefused(const std::string& program, const Refusal& refusal) {
+    const Answer answer = callProgram(program, refusal.arguments, Listen::errors);
+    EXPECT_EQ(answer.status, refusal.status) << refusal.arguments << ": " << answer.out;
+    EXPECT_NE(answer.out.find(refusal.says), std::string::npos) << refusal.arguments << ": " << answer.out;
+    EXPECT_EQ(std::count(answer.out.begin(), answer.out.end(), '\n'), 1) << answer.out;
 }
 
 }  // namespace marvello::testing

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -14,6 +13,7 @@
 #include <tuple>
 #include <vector>
 
+#include "catalogue/clsLimits.h"
 #include "tools/catalogue/Content.h"
 #include "tools/generate/Envelope.h"
 #include "tools/generate/EnvelopeRows.h"
@@ -35,7 +35,7 @@ const std::string plansFolder = std::string(MARVELLO_SOURCE_FOLDER) + "/tools/ge
 struct StoredTables {
     Content content;
     std::map<std::tuple<std::string, int, double>, Coefficients> surfaces;
-    std::map<std::pair<std::string, int>, std::vector<Point>> limits;
+    std::map<std::pair<std::string, int>, clsPoints> limits;
     std::map<int, const Record*> motors;
     std::map<std::tuple<std::string, std::string, std::string>, const Record*> compressors;
 
@@ -66,15 +66,8 @@ struct StoredTables {
     void readLimits() {
         const TableContent& table = content.table("tLimits");
         for (const Record& record : table.records) {
-            std::vector<Point> points;
-            const std::string& text = table.text(record, "fPoints");
-            for (const char *at = text.data(), *end = at + text.size(); at < end;) {
-                Point point{};
-                at = std::from_chars(at, end, point.x).ptr + 1;
-                at = std::from_chars(at, end, point.y).ptr + 1;
-                points.push_back(point);
-            }
-            limits[{table.text(record, "fLimitID"), table.integer(record, "fType")}] = points;
+            limits[{table.text(record, "fLimitID"), table.integer(record, "fType")}] =
+                parsePoints(table.text(record, "fPoints"));
         }
     }
 };
@@ -85,20 +78,13 @@ const StoredTables& stored() {
 }
 
 /// The line of an envelope; no points where it has none of the type.
-std::vector<Point> limitOf(const std::string& id, int type) {
+clsPoints limitOf(const std::string& id, int type) {
     const auto found = stored().limits.find({id, type});
-    return found == stored().limits.end() ? std::vector<Point>{} : found->second;
+    return found == stored().limits.end() ? clsPoints{} : found->second;
 }
 
-/// Counts the edges to the right of the point.
-bool inside(const std::vector<Point>& line, double x, double y) {
-    bool within = false;
-    for (std::size_t i = 1; i < line.size(); ++i) {
-        const Point& a = line[i - 1];
-        const Point& b = line[i];
-        if ((a.y > y) != (b.y > y) && x < a.x + (b.x - a.x) * (y - a.y) / (b.y - a.y)) within = !within;
-    }
-    return within;
+bool inside(const clsPoints& line, double x, double y) {
+    return polygonTest(line, x, y) == PolygonState::inside;
 }
 
 /// One stored compressor with the plan it was made from.
@@ -202,88 +188,78 @@ TEST(StoredCatalogue, HasAllSeriesAndRefrigerants) {
                                               "NL-H", "TK-B", "TK-C", "TK-D"));
 }
 
-TEST(StoredCatalogue, SurfacesReproduceTheCompressors) {
-    forAllSeries([](const StoredSeries& at) {
-        const SeriesPlan& series = at.series;
+/// Calls look(series, compressor, x, y) at points of the application limit for some compressors of each
+/// series.
+template <class Look>
+void overSomeCompressors(Look look) {
+    forAllSeries([&](const StoredSeries& at) {
         for (const Stored& one : at.some()) {
-            ScrewMachine machine = machineOf(series, *one.model, one.motorPower());
             at.overApplication([&](double x, double y) {
                 SCOPED_TRACE(testing::Message() << one.text("fPolynomialQ0ID") << " at " << x << '/' << y);
-                const auto compare = [&](double field, const Performance& model) {
-                    EXPECT_NEAR(one.value(0, field, x, y) / model.capacity, 1, 0.04);
-                    EXPECT_NEAR(one.value(1, field, x, y) / model.power, 1, 0.04);
-                };
-                if (series.rowsBy == SeriesPlan::RowsBy::load) {
-                    const Performance full = fullLoad(machine, at.fluid, x, y);
-                    EXPECT_NEAR(one.value(3, 10, x, y), full.dischargeTemperature, 3.5);
-                    for (const double step : series.rows)
-                        compare(step, step == 100 ? full : partLoad(full, step / 100));
-                } else if (series.rowsBy == SeriesPlan::RowsBy::speed) {
-                    for (const double rpm : series.rows)
-                        compare(rpm, fullLoad(machine, at.fluid, x, y, rpm / 2900));
-                } else {
-                    for (const double ratio : series.rows) {
-                        machine.lowestRatio = machine.highestRatio = ratio;
-                        compare(10 * ratio, fullLoad(machine, at.fluid, x, y));
-                    }
-                }
+                look(at, one, x, y);
             });
         }
     });
 }
 
-/// Isentropic power by the property library, from the stored capacity alone, over the stored power.
-double efficiencyOf(const CyclePoint& cycle, double capacity, double power) {
-    const double flow = capacity / (cycle.gas - cycle.liquid);
-    return flow * (cycle.isentropicEnd - cycle.gas) / power;
+TEST(StoredCatalogue, SurfacesReproduceTheCompressors) {
+    overSomeCompressors([](const StoredSeries& at, const Stored& one, double x, double y) {
+        const SeriesPlan& series = at.series;
+        ScrewMachine machine = machineOf(series, *one.model, one.motorPower());
+        const auto compare = [&](double field, const Performance& model) {
+            EXPECT_NEAR(one.value(0, field, x, y) / model.capacity, 1, 0.04);
+            EXPECT_NEAR(one.value(1, field, x, y) / model.power, 1, 0.04);
+        };
+        if (series.rowsBy == SeriesPlan::RowsBy::load) {
+            const Performance full = fullLoad(machine, at.fluid, x, y);
+            EXPECT_NEAR(one.value(3, 10, x, y), full.dischargeTemperature, 3.5);
+            for (const double step : series.rows)
+                compare(step, step == 100 ? full : partLoad(full, step / 100));
+        } else if (series.rowsBy == SeriesPlan::RowsBy::speed) {
+            for (const double rpm : series.rows) compare(rpm, fullLoad(machine, at.fluid, x, y, rpm / 2900));
+        } else {
+            for (const double ratio : series.rows) {
+                machine.lowestRatio = machine.highestRatio = ratio;
+                compare(10 * ratio, fullLoad(machine, at.fluid, x, y));
+            }
+        }
+    });
 }
 
 TEST(StoredCatalogue, CapacityAndPowerBehaveAsTheyMust) {
-    forAllSeries([](const StoredSeries& at) {
-        for (const Stored& one : at.some()) {
-            const double field = one.fullField();
-            at.overApplication([&](double x, double y) {
-                SCOPED_TRACE(testing::Message() << one.text("fPolynomialQ0ID") << " at " << x << '/' << y);
-                const double capacity = one.value(0, field, x, y);
-                const double power = one.value(1, field, x, y);
-                EXPECT_GT(one.value(0, field, x + 1, y), capacity);
-                EXPECT_LT(one.value(0, field, x, y + 1), capacity);
-                EXPECT_GT(one.value(1, field, x, y + 1), power);
-                EXPECT_GT(capacity / power, 0.9);
-                // No machine beats the ideal cycle between the same temperatures.
-                EXPECT_LT(capacity / power, (x + 273.15) / (y - x));
-                const CyclePoint cycle = cycleAt(at.fluid, x, y);
-                if (at.series.rowsBy != SeriesPlan::RowsBy::ratio) {
-                    const double efficiency = efficiencyOf(cycle, capacity, power);
-                    EXPECT_GT(efficiency, 0.44);
-                    EXPECT_LT(efficiency, 0.78);
-                }
-                const double discharge = one.value(3, 10, x, y);
-                EXPECT_GT(discharge, y);
-                EXPECT_LT(discharge, 140);
-            });
+    overSomeCompressors([](const StoredSeries& at, const Stored& one, double x, double y) {
+        const double field = one.fullField();
+        const double capacity = one.value(0, field, x, y);
+        const double power = one.value(1, field, x, y);
+        EXPECT_GT(one.value(0, field, x + 1, y), capacity);
+        EXPECT_LT(one.value(0, field, x, y + 1), capacity);
+        EXPECT_GT(one.value(1, field, x, y + 1), power);
+        EXPECT_GT(capacity / power, 0.9);
+        // No machine beats the ideal cycle between the same temperatures.
+        EXPECT_LT(capacity / power, (x + 273.15) / (y - x));
+        const CyclePoint cycle = cycleAt(at.fluid, x, y);
+        if (at.series.rowsBy != SeriesPlan::RowsBy::ratio) {
+            // Isentropic power by the property library, from the stored capacity alone.
+            const double flow = capacity / (cycle.gas - cycle.liquid);
+            const double efficiency = flow * (cycle.isentropicEnd - cycle.gas) / power;
+            EXPECT_GT(efficiency, 0.44);
+            EXPECT_LT(efficiency, 0.78);
         }
-    });
-}
-
-TEST(StoredCatalogue, PartLoadCostsMoreThanItsShare) {
-    forAllSeries([](const StoredSeries& at) {
+        const double discharge = one.value(3, 10, x, y);
+        EXPECT_GT(discharge, y);
+        EXPECT_LT(discharge, 140);
         if (!at.series.hasSteps()) return;
-        for (const Stored& one : at.some()) {
-            at.overApplication([&](double x, double y) {
-                SCOPED_TRACE(testing::Message() << one.text("fPolynomialQ0ID") << " at " << x << '/' << y);
-                double lastCapacity = one.value(0, 100, x, y);
-                double lastPower = one.value(1, 100, x, y);
-                for (const int step : {75, 50, 25}) {
-                    const double capacity = one.value(0, step, x, y);
-                    const double power = one.value(1, step, x, y);
-                    EXPECT_LT(capacity, lastCapacity);
-                    EXPECT_LT(power, lastPower);
-                    EXPECT_GT(power / lastPower, capacity / lastCapacity);
-                    lastCapacity = capacity;
-                    lastPower = power;
-                }
-            });
+        // Part load costs more than its share.
+        double lastCapacity = one.value(0, 100, x, y);
+        double lastPower = one.value(1, 100, x, y);
+        for (const int step : {75, 50, 25}) {
+            const double less = one.value(0, step, x, y);
+            const double lessPower = one.value(1, step, x, y);
+            EXPECT_LT(less, lastCapacity);
+            EXPECT_LT(lessPower, lastPower);
+            EXPECT_GT(lessPower / lastPower, less / lastCapacity);
+            lastCapacity = less;
+            lastPower = lessPower;
         }
     });
 }
@@ -291,23 +267,19 @@ TEST(StoredCatalogue, PartLoadCostsMoreThanItsShare) {
 /// The compression efficiency of the economized cycle is the enthalpy that the gas takes on over the power,
 /// and is used 5 % raised. More than the power cannot be in the gas, at any superheat allowed.
 TEST(StoredCatalogue, DischargeHoldsNoMoreThanThePower) {
-    forAllSeries([](const StoredSeries& at) {
-        for (const Stored& one : at.some()) {
-            if (at.series.rowsBy == SeriesPlan::RowsBy::ratio) continue;
-            const double field = one.fullField();
-            at.overApplication([&](double x, double y) {
-                const CyclePoint cycle = cycleAt(at.fluid, x, y);
-                const double volume = one.value(0, field, x, y) / (cycle.gas - cycle.liquid) / cycle.density;
-                for (const double superheat : {0.5, 10.0, 20.0}) {
-                    const double flow = volume * at.fluid.density(x + superheat, cycle.low);
-                    const double discharge = one.value(3, 10, x, y) + superheat - 10;
-                    const double gained = at.fluid.enthalpy(discharge, cycle.high) -
-                                          at.fluid.enthalpy(x + superheat, cycle.low);
-                    const double efficiency = flow * gained / one.value(1, field, x, y);
-                    EXPECT_LT(1.05 * efficiency, 1) << one.text("fPolynomialQ0ID") << " at " << x << '/' << y;
-                    EXPECT_GT(efficiency, 0.8);
-                }
-            });
+    overSomeCompressors([](const StoredSeries& at, const Stored& one, double x, double y) {
+        if (at.series.rowsBy == SeriesPlan::RowsBy::ratio) return;
+        const double field = one.fullField();
+        const CyclePoint cycle = cycleAt(at.fluid, x, y);
+        const double volume = one.value(0, field, x, y) / (cycle.gas - cycle.liquid) / cycle.density;
+        for (const double superheat : {0.5, 10.0, 20.0}) {
+            const double flow = volume * at.fluid.density(x + superheat, cycle.low);
+            const double discharge = one.value(3, 10, x, y) + superheat - 10;
+            const double gained =
+                at.fluid.enthalpy(discharge, cycle.high) - at.fluid.enthalpy(x + superheat, cycle.low);
+            const double efficiency = flow * gained / one.value(1, field, x, y);
+            EXPECT_LT(1.05 * efficiency, 1);
+            EXPECT_GT(efficiency, 0.8);
         }
     });
 }
@@ -315,26 +287,22 @@ TEST(StoredCatalogue, DischargeHoldsNoMoreThanThePower) {
 /// With as much gas injected as evaporated, which is more than any economizer asks for, the port loses less
 /// than a bar; and the port lies between suction and discharge.
 TEST(StoredCatalogue, EconomizerPortsFitTheirCompressors) {
-    forAllSeries([](const StoredSeries& at) {
-        for (const Stored& one : at.some()) {
-            const double ratio = one.real("fKForo");
-            EXPECT_EQ(ratio > 0, at.series.hasEconomizer());
-            if (ratio == 0) continue;
-            EXPECT_GT(ratio, 1.3);
-            EXPECT_LT(ratio, 2);
-            at.overApplication([&](double x, double y) {
-                if (!at.range.economized.contains(x, y)) return;
-                const CyclePoint cycle = cycleAt(at.fluid, x, y);
-                EXPECT_LT(ratio * cycle.low, cycle.high);
-                const double flow = 3600 * one.value(0, one.fullField(), x, y) / (cycle.gas - cycle.liquid);
-                const double port = ratio * cycle.low;
-                const double loss = one.real("fKPerdita") / one.real("fSez") * flow;
-                const double injected =
-                    at.fluid.density(at.fluid.dewTemperature(port + 100 * loss) + 10, port + 100 * loss);
-                const double dew = at.fluid.density(at.fluid.dewTemperature(port) + 0.01, port);
-                EXPECT_LT(loss * injected / dew, 1) << one.text("fPolynomialQ0ID") << " at " << x << '/' << y;
-            });
-        }
+    overSomeCompressors([](const StoredSeries& at, const Stored& one, double x, double y) {
+        const double ratio = one.real("fKForo");
+        EXPECT_EQ(ratio > 0, at.series.hasEconomizer());
+        if (ratio == 0) return;
+        EXPECT_GT(ratio, 1.3);
+        EXPECT_LT(ratio, 2);
+        if (!at.range.economized.contains(x, y)) return;
+        const CyclePoint cycle = cycleAt(at.fluid, x, y);
+        EXPECT_LT(ratio * cycle.low, cycle.high);
+        const double flow = 3600 * one.value(0, one.fullField(), x, y) / (cycle.gas - cycle.liquid);
+        const double port = ratio * cycle.low;
+        const double loss = one.real("fKPerdita") / one.real("fSez") * flow;
+        const double injected =
+            at.fluid.density(at.fluid.dewTemperature(port + 100 * loss) + 10, port + 100 * loss);
+        const double dew = at.fluid.density(at.fluid.dewTemperature(port) + 0.01, port);
+        EXPECT_LT(loss * injected / dew, 1);
     });
 }
 
@@ -371,7 +339,7 @@ TEST(StoredCatalogue, MotorsCarryTheirCompressors) {
                 }
             });
             const bool pair = one.integer("fhasFullSmallMotor") != 0;
-            EXPECT_EQ(pair, !limitOf(one.text("fLimitID"), 3).empty());
+            EXPECT_EQ(pair, limitOf(one.text("fLimitID"), 3).Count() > 0);
             if (isInverter) continue;
             EXPECT_GT(one.real("fFla"), worst) << one.text("fPolynomialQ0ID");
             const double economizer = at.series.hasEconomizer() ? 1.25 : 1;
@@ -418,11 +386,11 @@ TEST(StoredCatalogue, InvertersFollowTheirFrequency) {
     });
 }
 
-Point middleOf(const std::vector<Point>& line) {
+Point middleOf(const clsPoints& line) {
     Point sum{};
-    for (const Point& point : line) {
-        sum.x += point.x / static_cast<double>(line.size());
-        sum.y += point.y / static_cast<double>(line.size());
+    for (int i = 1; i <= line.Count(); ++i) {
+        sum.x += line.Item(i).x / line.Count();
+        sum.y += line.Item(i).Y / line.Count();
     }
     return sum;
 }
@@ -435,29 +403,29 @@ TEST(StoredCatalogue, EnvelopesAreClosedAndNested) {
             for (const char* column : {"fLimitID", "fLimitEconomizedID"}) {
                 const std::string& id = one.text(column);
                 SCOPED_TRACE(id);
-                const std::vector<Point> over = limitOf(id, -1);
-                const std::vector<Point> application = limitOf(id, 0);
+                const clsPoints over = limitOf(id, -1);
+                const clsPoints application = limitOf(id, 0);
                 const Point middle = middleOf(application);
                 for (int type = -1; type <= 14; ++type) {
-                    const std::vector<Point> line = limitOf(id, type);
-                    if (line.empty()) continue;
-                    ASSERT_GE(line.size(), 4U) << type;
-                    EXPECT_EQ(line.front(), line.back()) << type;
-                    for (const Point& point : line) {
+                    const clsPoints line = limitOf(id, type);
+                    if (line.Count() == 0) continue;
+                    ASSERT_GE(line.Count(), 4) << type;
+                    EXPECT_EQ(line.Item(1).x, line.Item(line.Count()).x) << type;
+                    EXPECT_EQ(line.Item(1).Y, line.Item(line.Count()).Y) << type;
+                    for (int i = 1; i <= line.Count(); ++i) {
                         // A point on the edge may fall to either side, so it is moved a little towards the
                         // middle.
-                        const double x = 0.96 * point.x + 0.04 * middle.x;
-                        const double y = 0.96 * point.y + 0.04 * middle.y;
+                        const double x = 0.96 * line.Item(i).x + 0.04 * middle.x;
+                        const double y = 0.96 * line.Item(i).Y + 0.04 * middle.y;
                         const bool inOver = type <= 0 || type == forbidden;
-                        EXPECT_TRUE(inside(inOver ? over : application, x, y))
-                            << type << " at " << point.x << ',' << point.y;
+                        EXPECT_TRUE(inside(inOver ? over : application, x, y)) << type << ", point " << i;
                     }
                 }
                 EXPECT_TRUE(inside(application, duty.x, duty.y));
                 EXPECT_FALSE(inside(limitOf(id, forbidden), duty.x, duty.y));
-                EXPECT_EQ(limitOf(id, 4).empty(), !at.series.hasSteps());
-                EXPECT_EQ(limitOf(id, 10).empty(), !at.series.hasVersions);
-                EXPECT_EQ(limitOf(id, 14).empty(), at.series.drive != SeriesPlan::Drive::inverter);
+                EXPECT_EQ(limitOf(id, 4).Count() == 0, !at.series.hasSteps());
+                EXPECT_EQ(limitOf(id, 10).Count() == 0, !at.series.hasVersions);
+                EXPECT_EQ(limitOf(id, 14).Count() == 0, at.series.drive != SeriesPlan::Drive::inverter);
             }
         }
     });

@@ -189,33 +189,25 @@ TEST_F(marvelloFluids, IsothermsCrossTheTwoPhaseRegion) {
 
 TEST_F(marvelloFluids, BadInputGetsOneSentence) {
     std::ofstream(folder_ / "blends.csv") << "fluid,file,mass_fraction\nR134a,R134A.FLD,much\n";
-    struct Case {
-        std::string arguments;
-        const char* says;
-    };
-    for (const Case& expected : {
-             Case{"", "subcommand"},
-             Case{"accuracy", "--data"},
-             Case{"accuracy --data /nowhere", "/nowhere/blends.csv cannot be read"},
-             Case{"accuracy --data " + folder_.string(),
-                  "blends.csv:2: mass_fraction: \"much\" is no number"},
-             Case{"table", "refrigerant"},
-             Case{"table R999", "R999.FLD"},
-             Case{"table R32=0.5 R125=0.4", "add up to 0.9"},
-             Case{"table R32=0.5 R125", "lacks its mass fraction"},
-             Case{"table R32=nan R125=0.5", "R32=nan"},
-             Case{"table R134A --from 1,5", "\"1,5\" is no number"},
-             Case{"table R134A --step 0", "step"},
-             Case{"table R134A --step 1e-9", "too many rows"},
-             Case{"table R134A --to 120", "critical temperature"},
-             Case{"table R134A --csv /nowhere/x.csv", "/nowhere/x.csv cannot be written"},
-             Case{"table R134A --app-folder /nowhere", "cannot be loaded"},
+    for (const Refusal& refusal : {
+             Refusal{"", "subcommand"},
+             Refusal{"accuracy", "--data"},
+             Refusal{"accuracy --data /nowhere", "/nowhere/blends.csv cannot be read"},
+             Refusal{"accuracy --data " + folder_.string(),
+                     "blends.csv:2: mass_fraction: \"much\" is no number"},
+             Refusal{"table", "refrigerant"},
+             Refusal{"table R999", "R999.FLD"},
+             Refusal{"table R32=0.5 R125=0.4", "add up to 0.9"},
+             Refusal{"table R32=0.5 R125", "lacks its mass fraction"},
+             Refusal{"table R32=nan R125=0.5", "R32=nan"},
+             Refusal{"table R134A --from 1,5", "\"1,5\" is no number"},
+             Refusal{"table R134A --step 0", "step"},
+             Refusal{"table R134A --step 1e-9", "too many rows"},
+             Refusal{"table R134A --to 120", "critical temperature"},
+             Refusal{"table R134A --csv /nowhere/x.csv", "/nowhere/x.csv cannot be written"},
+             Refusal{"table R134A --app-folder /nowhere", "cannot be loaded"},
          }) {
-        const Answer answer = call(expected.arguments, Listen::errors);
-        EXPECT_EQ(answer.status, 2) << expected.arguments << ": " << answer.out;
-        EXPECT_NE(answer.out.find(expected.says), std::string::npos)
-            << expected.arguments << ": " << answer.out;
-        EXPECT_EQ(std::count(answer.out.begin(), answer.out.end(), '\n'), 1) << answer.out;
+        expectRefused("marvello-fluids", refusal);
     }
 }
 

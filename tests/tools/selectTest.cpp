@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <numeric>
 #include <string>
 
 #include "tests/support/TemporaryFolder.h"
@@ -18,12 +19,12 @@ namespace fs = std::filesystem;
 using Json = nlohmann::json;
 
 using marvello::testing::Answer;
+using marvello::testing::expectRefused;
 using marvello::testing::Listen;
+using marvello::testing::Refusal;
 
-Answer call(const std::string& arguments, bool wantErrors = false, const std::string& folder = {}) {
-    const std::string where = folder.empty() ? "" : "--app-folder '" + folder + "' ";
-    return marvello::testing::callProgram("marvello-select", where + arguments,
-                                          wantErrors ? Listen::errors : Listen::output);
+Answer call(const std::string& arguments, Listen to = Listen::output) {
+    return marvello::testing::callProgram("marvello-select", arguments, to);
 }
 
 constexpr const char* point = "--refrigerant R134A --series TK-A --ted 2 --tcd 40";
@@ -48,11 +49,8 @@ TEST(marvelloSelect, CapacityAtTheReferenceIsTheCatalogueSurfaces) {
                 if (!compressor["messages"]["error"].empty()) continue;
                 ++calculated;
                 const auto c = compressor["polynomials"]["Q0"].get<std::array<double, 10>>();
-                const double x = 2;
-                const double y = 40;
-                const double surface = c[0] + c[1] * x + c[2] * y + c[3] * x * x + c[4] * x * y +
-                                       c[5] * y * y + c[6] * x * x * x + c[7] * x * x * y + c[8] * x * y * y +
-                                       c[9] * y * y * y;
+                constexpr double terms[] = {1, 2, 40, 4, 80, 1600, 8, 160, 3200, 64000};  // 2/40 degC
+                const double surface = std::inner_product(c.begin(), c.end(), terms, 0.0);
                 EXPECT_NEAR(variable(compressor, "Q0") / surface, 1, 1e-4) << compressor["key"];
                 EXPECT_GT(variable(compressor, "COP"), 1.5);
                 EXPECT_LT(variable(compressor, "COP"), 8);
@@ -64,28 +62,19 @@ TEST(marvelloSelect, CapacityAtTheReferenceIsTheCatalogueSurfaces) {
 }
 
 TEST(marvelloSelect, StatusesAndOneLineOfReason) {
-    struct Case {
-        const char* arguments;
-        int status;
-        const char* says;
-    };
-    for (const Case& expected : {
-             Case{"--refrigerant R134A --series TK-A --ted 2", 2, "tcd is missing"},
-             Case{"--refrigerant R134A --series TK-A --ted nan --tcd 40", 2, "\"nan\" is no number"},
-             Case{"--refrigerant R134A --series TK-A --ted 1,5 --tcd 40", 2, "\"1,5\" is no number"},
-             Case{"--refrigerant R134A --series TK-A --ted 2 --tcd 40 --hz 50.5", 2, "no whole number"},
-             Case{"--refrigerant R134A --series TK-A --ted 2 --tcd 40 --colour red", 2, "--colour"},
-             Case{"--refrigerant R999 --series TK-A --ted 2 --tcd 40", 1, "no refrigerant R999"},
-             Case{"--refrigerant R134A --series \"O'Neill\" --ted 2 --tcd 40", 1, "no series O'Neill"},
-             Case{"--refrigerant R134A --series TK-A --models \"120;9999\" --ted 2 --tcd 40", 1,
-                  "no model 9999"},
-             Case{"--batch /nowhere.csv", 2, "/nowhere.csv cannot be read"},
+    const std::string at = point;
+    for (const Refusal& refusal : {
+             Refusal{"--refrigerant R134A --series TK-A --ted 2", "tcd is missing"},
+             Refusal{"--refrigerant R134A --series TK-A --ted nan --tcd 40", "\"nan\" is no number"},
+             Refusal{at + " --sh 1,5", "\"1,5\" is no number"},
+             Refusal{at + " --hz 50.5", "no whole number"},
+             Refusal{at + " --colour red", "--colour"},
+             Refusal{"--refrigerant R999 --series TK-A --ted 2 --tcd 40", "no refrigerant R999", 1},
+             Refusal{"--refrigerant R134A --series \"O'Neill\" --ted 2 --tcd 40", "no series O'Neill", 1},
+             Refusal{at + " --models \"120;9999\"", "no model 9999", 1},
+             Refusal{"--batch /nowhere.csv", "/nowhere.csv cannot be read"},
          }) {
-        const Answer answer = call(expected.arguments, true);
-        EXPECT_EQ(answer.status, expected.status) << expected.arguments << ": " << answer.out;
-        EXPECT_NE(answer.out.find(expected.says), std::string::npos)
-            << expected.arguments << ": " << answer.out;
-        EXPECT_EQ(std::count(answer.out.begin(), answer.out.end(), '\n'), 1) << answer.out;
+        expectRefused("marvello-select", refusal);
     }
     EXPECT_EQ(call("--refrigerant R134A --series TK-A --ted -100 --tcd 40").status,
               0);  // outside the envelope: listed, with its message
@@ -93,7 +82,7 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
     EXPECT_EQ(call(std::string(point) + " --step 60").status, 0);  // the rules say what is wrong with it
     EXPECT_NE(call("--list --inverter").out.find("R134A  TK-D  140;"), std::string::npos);
     // Beyond the fluid's own range, for ten compressors: said once.
-    const Answer beyond = call("--refrigerant R134A --series TK-A --ted 500 --tcd 40", true);
+    const Answer beyond = call("--refrigerant R134A --series TK-A --ted 500 --tcd 40", Listen::errors);
     EXPECT_EQ(beyond.status, 0);
     EXPECT_EQ(beyond.out, "marvello-select: Undefined\n");
 }
@@ -109,7 +98,7 @@ TEST(marvelloSelect, ABatchRunsInOneProcessAndNamesALineAtFault) {
     EXPECT_EQ(runs[1]["conditions"]["Refrigerant"], "R290");
     EXPECT_EQ(runs[2]["conditions"]["Tcd"], 50);  // the command line fills what a line leaves out
     write("refrigerant,series,ted,tcd\nR134A,TK-A,2,40\nR134A,TK-A,two,40\n");
-    const Answer fault = call("--batch " + file.string(), true);
+    const Answer fault = call("--batch " + file.string(), Listen::errors);
     EXPECT_EQ(fault.status, 2);
     EXPECT_NE(fault.out.find(":3: ted: \"two\" is no number"), std::string::npos) << fault.out;
     fs::remove(file);
@@ -127,16 +116,10 @@ TEST(marvelloSelect, FormatsAgree) {
 
 /// Application folders with something missing or wrong.
 TEST(marvelloSelect, BrokenFoldersAreToldInASentence) {
-    const fs::path folder = fs::temp_directory_path() / "marvello-broken";
-    fs::remove_all(folder);
-    fs::create_directories(folder);
+    const fs::path folder = marvello::test::newTemporaryFolder("marvello-broken");
     const fs::path good = MARVELLO_APP_FOLDER;
-    const auto says = [&](const char* sentence) {
-        const Answer answer = call(point, true, folder.string());
-        EXPECT_EQ(answer.status, 2);
-        EXPECT_NE(answer.out.find(sentence), std::string::npos) << answer.out;
-        EXPECT_EQ(std::count(answer.out.begin(), answer.out.end(), '\n'), 1) << answer.out;
-    };
+    const std::string there = "--app-folder '" + folder.string() + "' " + point;
+    const auto says = [&](const char* sentence) { expectRefused("marvello-select", {there, sentence}); };
     says("There is no catalogue file");
     std::ofstream(folder / "db.mdb") << "not a catalogue";
     says("is not a catalogue");
@@ -149,7 +132,7 @@ TEST(marvelloSelect, BrokenFoldersAreToldInASentence) {
     says("R134A.FLD");
     fs::remove(folder / "Fluids" / "R134A.FLD");
     fs::copy_file(good / "Fluids" / "R134A.FLD", folder / "Fluids" / "R134A.FLD");
-    EXPECT_EQ(call(point, false, folder.string()).status, 0);
+    EXPECT_EQ(call(there).status, 0);
     fs::remove_all(folder);
 }
 

@@ -39,6 +39,10 @@ class SelectionFormTest : public WorkspaceFixture {
         form->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
     }
+    void leave() {
+        QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+        QApplication::processEvents();
+    }
     ResultsView* list() { return control<ResultsView>(*form, "lvCps"); }
 
     std::unique_ptr<frmSelection> form;
@@ -46,7 +50,7 @@ class SelectionFormTest : public WorkspaceFixture {
 
 }  // namespace
 
-TEST_F(SelectionFormTest, OpensWithTheToldDefaults) {
+TEST_F(SelectionFormTest, OpensWithTheToldDefaultsAndTheTabKeyWalksThePairInUse) {
     EXPECT_EQ(text("lstRefrigerants"), "R134A");
     EXPECT_EQ(field(*form, "lstSeries")->Key(), "DZ1");  // the first row's series, in the order of its key
     EXPECT_EQ(text("lstModels"), "ALL");
@@ -62,6 +66,12 @@ TEST_F(SelectionFormTest, OpensWithTheToldDefaults) {
     EXPECT_TRUE(field(*form, "txtEco")->isHidden());
     EXPECT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
     EXPECT_FALSE(form->hasResults());
+    field(*form, "txtTED")->setFocus();
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(field(*form, "txtTCD")->hasFocus());
+    field(*form, "txtPE")->setFocus();
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(field(*form, "txtPC")->hasFocus());
 }
 
 TEST_F(SelectionFormTest, TypingAPressureSetsTheTemperatureAndSwapsTheRoles) {
@@ -99,15 +109,6 @@ TEST_F(SelectionFormTest, AValueBeyondTheFluidIsRefusedInItsFieldAndSaidOnce) {
     EXPECT_TRUE(form->hasResults());
 }
 
-TEST_F(SelectionFormTest, TheTabKeyWalksThePairInUse) {
-    field(*form, "txtTED")->setFocus();
-    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
-    EXPECT_TRUE(field(*form, "txtTCD")->hasFocus());
-    field(*form, "txtPE")->setFocus();
-    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
-    EXPECT_TRUE(field(*form, "txtPC")->hasFocus());
-}
-
 TEST_F(SelectionFormTest, OffersEachMarketOfASeriesAndItsModels) {
     EXPECT_TRUE(
         field(*form, "lstSeries")->Tag1().startsWith("DZ1|DZ European market;DZ2|DZ Far East market"));
@@ -143,22 +144,17 @@ TEST_F(SelectionFormTest, SwitchesSelectorsOffAtTheirNeutralKeys) {
     EXPECT_TRUE(field(*form, "cmbMotorVoltage")->isEnabled());
 }
 
-TEST_F(SelectionFormTest, ASuperheatOutOfRangeIsReplacedWithAWordOnLeaving) {
+TEST_F(SelectionFormTest, ValuesOutOfRangeAreReplacedOnLeaving) {
     type(*form, "txtSH", "25");
-    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
-    QApplication::processEvents();
+    leave();
     EXPECT_EQ(value("txtSH"), 10);
     EXPECT_EQ(boxes, QStringList("SuperHeat value out of range. The default value has been set instead."));
     choose(*form, "cmbSh", "1");
     EXPECT_EQ(boxes.size(), 1) << "a change of mode corrects in silence";
     EXPECT_EQ(value("txtSH"), 10);  // between 2 and 22
     EXPECT_EQ(field(*form, "txtSH")->UnitCaptiontext().trimmed(), QString::fromUtf8("°C"));
-}
-
-TEST_F(SelectionFormTest, ANegativeSubcoolingLosesItsSign) {
     type(*form, "txtSC", "-3");
-    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
-    QApplication::processEvents();
+    leave();
     EXPECT_EQ(text("txtSC"), "3.00");
 }
 
@@ -181,11 +177,8 @@ TEST_F(SelectionFormTest, F5ListsEveryModelWithItsMark) {
     EXPECT_NE(list()->text(3, 2), "-");
     EXPECT_EQ(list()->selectedRow(), 1);
     EXPECT_EQ(form->countOf("ledred"), 1);
-}
 
-TEST_F(SelectionFormTest, TheMessagesFollowTheSelectedRow) {
-    choose(*form, "lstSeries", "TK-A");
-    calculate();
+    // The messages follow the selected row.
     auto* messages = control<MessagesView>(*form, "lvMessages");
     QTest::keyClick(list(), Qt::Key_Down);
     ASSERT_EQ(list()->selectedRow(), 2);
@@ -194,12 +187,8 @@ TEST_F(SelectionFormTest, TheMessagesFollowTheSelectedRow) {
     EXPECT_EQ(messages->mark(0), "msgerror");
     list()->selectRow(0);
     EXPECT_EQ(messages->count(), 0);
-}
 
-TEST_F(SelectionFormTest, GroupsByCompressorToo) {
-    choose(*form, "lstSeries", "TK-A");
-    calculate();
-    form->populateLVCPS(1);
+    form->populateLVCPS(1);  // grouped by compressor
     ASSERT_EQ(list()->rowCount(), 6);
     EXPECT_EQ(list()->text(0, 0), "TK-A-100");
     EXPECT_EQ(list()->text(1, 0), "R134A");
@@ -216,11 +205,7 @@ TEST_F(SelectionFormTest, AChangedInputDiscardsTheResults) {
     ASSERT_TRUE(form->hasResults());
     choose(*form, "cmbOilCooling", "0");
     EXPECT_FALSE(form->hasResults());
-}
-
-TEST_F(SelectionFormTest, ChosenModelsAloneAreCalculated) {
-    choose(*form, "lstSeries", "TK-A");
-    field(*form, "lstModels")->SetKey("100;140");
+    field(*form, "lstModels")->SetKey("100;140");  // chosen models alone
     calculate();
     EXPECT_EQ(list()->rowCount(), 3);
 }
@@ -313,8 +298,7 @@ TEST_F(SelectionFormTest, ShowsTheSamePointInTheImperialSystem) {
 TEST_F(SelectionFormTest, TheImperialSuperheatHasItsOwnBounds) {
     form->MeasureUnits(1, true);
     type(*form, "txtSH", "36.5");
-    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
-    QApplication::processEvents();
+    leave();
     EXPECT_EQ(value("txtSH"), 18);
     type(*form, "txtTED", "50");
     EXPECT_NEAR(value("txtPE"), 60.13, 0.06);  // 4.146 bar, R134a at 10 degrees Celsius

@@ -97,22 +97,6 @@ std::vector<generate::Point> walk(const generate::RangePlan& range) {
 
 }  // namespace
 
-clsProjectConditions conditionsAt(double evaporating, double condensing) {
-    return {.TEvaporatingDew = evaporating,
-            .TCondensationDew = condensing,
-            .SubCooling = 5,
-            .SuperHeat = 10,
-            .StepCapacity = 100,
-            .MotorSize = -1,
-            .MotorVoltage = 400,
-            .MotorHz = 50,
-            .MotorRPM = 1450,
-            .Eco = 10,
-            .OilCooling = 110,
-            .OilCoolingCalculateMode = 1,
-            .InverterFrequency = 50};
-}
-
 void runSeries(const SeriesPlan& plan, const clsProjectConditions& conditions,
                const std::function<void(const clsCompressor&)>& look) {
     const CollectedBoxes said;  // states beyond the refrigerant's range are told by messages as well

@@ -13,9 +13,6 @@
 
 namespace marvello::duties {
 
-/// The settings that the selection form starts with, at evaporating and condensing dew temperatures in degC.
-clsProjectConditions conditionsAt(double evaporating, double condensing);
-
 /// Runs a series with its refrigerant on the catalogue that is open, DZ in both markets, and calls
 /// look(compressor) for each result.
 void runSeries(const generate::SeriesPlan& plan, const clsProjectConditions& conditions,

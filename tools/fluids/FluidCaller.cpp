@@ -50,69 +50,54 @@ void FluidCaller::check() const {
     throw Refusal(name_ + ": " + trimmed(whole.substr(0, whole.find('\0'))));
 }
 
-State FluidCaller::saturationAtT(double t, Side side) {
-    State state;
-    state.t = t;
-    auto kph = static_cast<std::int32_t>(side);
-    library_->SATTdll(&t, z_.data(), &kph, &state.p, &state.Dl, &state.Dv, state.x.data(), state.y.data(),
-                      &error_, sentence_.data(), textLength);
+/// Calls a function of the library with these arguments; throws what it says where it fails.
+template <class Function, class... Arguments>
+void FluidCaller::ask(Function* function, Arguments... arguments) {
+    function(arguments..., &error_, sentence_.data(), textLength);
     check();
-    return state;
+}
+
+State FluidCaller::saturationAtT(double t, Side side) {
+    State at{.t = t};
+    auto kph = static_cast<std::int32_t>(side);
+    ask(library_->SATTdll, &t, z_.data(), &kph, &at.p, &at.Dl, &at.Dv, at.x.data(), at.y.data());
+    return at;
 }
 
 State FluidCaller::saturationAtP(double p, Side side) {
-    State state;
-    state.p = p;
+    State at{.p = p};
     auto kph = static_cast<std::int32_t>(side);
-    library_->SATPdll(&p, z_.data(), &kph, &state.t, &state.Dl, &state.Dv, state.x.data(), state.y.data(),
-                      &error_, sentence_.data(), textLength);
-    check();
-    return state;
+    ask(library_->SATPdll, &p, z_.data(), &kph, &at.t, &at.Dl, &at.Dv, at.x.data(), at.y.data());
+    return at;
 }
 
 State FluidCaller::atTP(double t, double p) {
-    State state;
-    state.t = t;
-    state.p = p;
-    library_->TPFLSHdll(&t, &p, z_.data(), &state.D, &state.Dl, &state.Dv, state.x.data(), state.y.data(),
-                        &state.q, &state.e, &state.h, &state.s, &state.cv, &state.cp, &state.w, &error_,
-                        sentence_.data(), textLength);
-    check();
-    return state;
+    State at{.t = t, .p = p};
+    ask(library_->TPFLSHdll, &t, &p, z_.data(), &at.D, &at.Dl, &at.Dv, at.x.data(), at.y.data(), &at.q, &at.e,
+        &at.h, &at.s, &at.cv, &at.cp, &at.w);
+    return at;
 }
 
 State FluidCaller::atPH(double p, double h) {
-    State state;
-    state.p = p;
-    state.h = h;
-    library_->PHFLSHdll(&p, &h, z_.data(), &state.t, &state.D, &state.Dl, &state.Dv, state.x.data(),
-                        state.y.data(), &state.q, &state.e, &state.s, &state.cv, &state.cp, &state.w, &error_,
-                        sentence_.data(), textLength);
-    check();
-    return state;
+    State at{.p = p, .h = h};
+    ask(library_->PHFLSHdll, &p, &h, z_.data(), &at.t, &at.D, &at.Dl, &at.Dv, at.x.data(), at.y.data(), &at.q,
+        &at.e, &at.s, &at.cv, &at.cp, &at.w);
+    return at;
 }
 
 State FluidCaller::atPS(double p, double s) {
-    State state;
-    state.p = p;
-    state.s = s;
-    library_->PSFLSHdll(&p, &s, z_.data(), &state.t, &state.D, &state.Dl, &state.Dv, state.x.data(),
-                        state.y.data(), &state.q, &state.e, &state.h, &state.cv, &state.cp, &state.w, &error_,
-                        sentence_.data(), textLength);
-    check();
-    return state;
+    State at{.p = p, .s = s};
+    ask(library_->PSFLSHdll, &p, &s, z_.data(), &at.t, &at.D, &at.Dl, &at.Dv, at.x.data(), at.y.data(), &at.q,
+        &at.e, &at.h, &at.cv, &at.cp, &at.w);
+    return at;
 }
 
 State FluidCaller::atTS(double t, double s) {
-    State state;
-    state.t = t;
-    state.s = s;
+    State at{.t = t, .s = s};
     std::int32_t root = 0;
-    library_->TSFLSHdll(&t, &s, z_.data(), &root, &state.p, &state.D, &state.Dl, &state.Dv, state.x.data(),
-                        state.y.data(), &state.q, &state.e, &state.h, &state.cv, &state.cp, &state.w, &error_,
-                        sentence_.data(), textLength);
-    check();
-    return state;
+    ask(library_->TSFLSHdll, &t, &s, z_.data(), &root, &at.p, &at.D, &at.Dl, &at.Dv, at.x.data(), at.y.data(),
+        &at.q, &at.e, &at.h, &at.cv, &at.cp, &at.w);
+    return at;
 }
 
 State FluidCaller::liquidAt(const State& bubblePoint) {

@@ -46,6 +46,8 @@ class FluidCaller {
     double criticalTemperature(double known);
 
   private:
+    template <class Function, class... Arguments>
+    void ask(Function* function, Arguments... arguments);
     void check() const;
 
     const RefpropFunctions* library_;

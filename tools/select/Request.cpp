@@ -74,21 +74,8 @@ constexpr std::array options = {
 
 }  // namespace
 
-Request::Request() {
-    conditions.TEvaporatingDew = std::nan("");  // has to be stated
-    conditions.TCondensationDew = std::nan("");
-    conditions.SuperHeat = 10;
-    conditions.SubCooling = 5;
-    conditions.Eco = 10;
-    conditions.OilCoolingCalculateMode = 1;
-    conditions.OilCooling = 110;
-    conditions.MotorVoltage = 400;
-    conditions.MotorHz = 50;
-    conditions.MotorSize = -1;
-    conditions.MotorRPM = 1450;
-    conditions.StepCapacity = 100;
-    conditions.InverterFrequency = 50;
-}
+// The temperatures have to be stated.
+Request::Request() : conditions(conditionsAt(std::nan(""), std::nan(""))) {}
 
 std::span<const RequestOption> requestOptions() { return options; }
 
