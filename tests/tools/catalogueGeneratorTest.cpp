@@ -21,7 +21,7 @@
 #include "tools/generate/OperatingRange.h"
 #include "tools/generate/PlanTable.h"
 #include "tools/generate/Series.h"
-#include "tools/generate/Surface.h"
+#include "tools/surface/Surface.h"
 
 namespace marvello::generate {
 namespace {

@@ -7,7 +7,7 @@
 #include "tools/generate/CsvTable.h"
 #include "tools/generate/R407cConversions.h"
 #include "tools/generate/Series.h"
-#include "tools/generate/Surface.h"
+#include "tools/surface/Surface.h"
 
 namespace marvello::generate {
 

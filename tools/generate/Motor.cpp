@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "tools/generate/ScrewModel.h"
-#include "tools/generate/Surface.h"
+#include "tools/surface/Surface.h"
 
 namespace marvello::generate {
 namespace {

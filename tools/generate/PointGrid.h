@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "tools/generate/OperatingRange.h"
-#include "tools/generate/Surface.h"
+#include "tools/surface/Surface.h"
 
 namespace marvello::generate {
 

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "tools/generate/Fluid.h"
-#include "tools/generate/Surface.h"
+#include "tools/surface/Surface.h"
 
 namespace marvello::generate {
 

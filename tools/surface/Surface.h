@@ -2,9 +2,10 @@
 
 #include <array>
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
-namespace marvello::generate {
+namespace marvello {
 
 /// A value over evaporating (x) and condensing (y) dew temperature in degC.
 struct Sample {
@@ -32,9 +33,19 @@ enum class SurfaceForm {
 
 double evaluate(SurfaceForm form, const Coefficients& coefficients, double x, double y);
 
+/// How many coefficients a form has.
+std::size_t termCount(SurfaceForm form);
+
+/// The term of a coefficient as text, such as "x^2 y"; of forms over x and y.
+std::string_view termName(SurfaceForm form, std::size_t coefficient);
+
+/// The coefficients of a form over x and y that the samples say nothing about, because their terms repeat
+/// what earlier terms give at all samples: with two values of x, say, that of x^2.
+std::vector<std::size_t> undeterminedTerms(SurfaceForm form, const std::vector<Sample>& samples);
+
 /// Least squares of the error over the samples' scale. Coefficients are rounded to eight significant digits,
 /// which is far below the error of the fit; only the last digit may depend on how the tool was compiled.
-/// Needs more samples than terms.
+/// Terms that the samples do not determine are left at 0. Needs a sample.
 Coefficients fit(SurfaceForm form, const std::vector<Sample>& samples);
 
 FitError errorOf(SurfaceForm form, const Coefficients& coefficients, const std::vector<Sample>& samples);
@@ -45,4 +56,4 @@ std::array<double, 5> fitQuartic(const std::vector<Sample>& samples);
 /// The same of degree 2.
 std::array<double, 3> fitQuadratic(const std::vector<Sample>& samples);
 
-}  // namespace marvello::generate
+}  // namespace marvello
