@@ -1,11 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
-#include <regex>
 #include <set>
 #include <string>
 
@@ -16,8 +12,6 @@
 using namespace marvello;
 
 namespace {
-
-namespace fs = std::filesystem;
 
 /// The demonstration catalogue as the program opens it.
 class CatalogueContent : public testing::Test {
@@ -33,73 +27,6 @@ class CatalogueContent : public testing::Test {
         return found;
     }
 };
-
-std::string wholeText(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-/// The texts of one language alone, by key without regard to case.
-std::map<std::string, std::string> textsOf(const std::string& language) {
-    std::map<std::string, std::string> texts;
-    for (auto rows = gDatabase().Execute("Select * from tDictionary where fLanguageID=" + sqlText(language));
-         !rows.eof(); rows.moveNext())
-        texts.emplace(lowered(rows.text("fVariableName")), rows.text("fText"));
-    return texts;
-}
-
-/// The "{0}", "{1}", ... of a text, in whatever order its language needs.
-std::multiset<std::string> placeholders(const std::string& text) {
-    static const std::regex number(R"(\{\d+\})");
-    return {std::sregex_token_iterator(text.begin(), text.end(), number), std::sregex_token_iterator()};
-}
-
-/// The whole dictionary keys that stand as literals in the program's sources.
-std::set<std::string> keysInSources() {
-    static const std::regex literal(
-        R"re("((messages|general|variables|frmselections?|formselection|frmpg|frmabout|frmmenu|frmrefrigerant|mdimain|report)(\.[\w-]+)+)")re");
-    std::set<std::string> keys;
-    for (const auto* room : {"catalogue", "engine", "reports", "workspace", "app"}) {
-        const fs::path folder = fs::path(MARVELLO_SOURCE_FOLDER) / room;
-        if (!fs::exists(folder)) continue;
-        for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-            if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h") continue;
-            const std::string text = wholeText(entry.path());
-            for (std::sregex_iterator match(text.begin(), text.end(), literal), end; match != end; ++match)
-                keys.insert((*match)[1]);
-        }
-    }
-    return keys;
-}
-
-TEST_F(CatalogueContent, HasATextForEachKeyOfTheProgram) {
-    const auto keys = keysInSources();
-    EXPECT_TRUE(keys.contains("messages.message31"));
-    for (const auto& language : languages()) {
-        gApplication().populateDictionary(language, "");
-        for (const auto& key : keys) {
-            const auto* const entry = gApplication().DictionaryEntry(key);
-            EXPECT_TRUE(entry != nullptr && !entry->Text().empty()) << key << " in " << language;
-        }
-    }
-}
-
-TEST_F(CatalogueContent, SaysEachTextInEachLanguage) {
-    ASSERT_GE(languages().size(), 6U);
-    const auto texts = textsOf("en-EN");
-    ASSERT_FALSE(texts.empty());
-    for (const auto& language : languages()) {
-        const auto translated = textsOf(language);
-        for (const auto& [key, text] : texts) {
-            const auto found = translated.find(key);
-            ASSERT_NE(found, translated.end()) << key << " in " << language;
-            EXPECT_EQ(found->second.empty(), text.empty()) << key << " in " << language;
-            EXPECT_EQ(placeholders(found->second), placeholders(text)) << key << " in " << language;
-            EXPECT_EQ(std::ranges::count(found->second, '&'), std::ranges::count(text, '&'))
-                << "access key of " << key << " in " << language;
-        }
-    }
-}
 
 TEST_F(CatalogueContent, KeepsCaptionsWithinThePanel) {
     const std::set<std::string> second{"txttem", "txttcm", "txtpe", "txtpc"};
@@ -134,17 +61,6 @@ TEST_F(CatalogueContent, OffersTheNeutralKeysOfTheSelectors) {
     EXPECT_EQ(ListLookup("400_50", choices["cmbMotorVoltage"]), "400 V / 50 Hz");
     EXPECT_EQ(ListLookup("-1", choices["cmbMotorSize"]), "Not chosen");
     EXPECT_EQ(ListLookup("1450", choices["cmbMotorRPM"]), "1450");
-}
-
-TEST_F(CatalogueContent, GivesTheFrameItsSetWithoutTexts) {
-    // The frame applies its set before any dictionary exists, so none of its values may need a text.
-    const auto noText = [](const std::string& key) -> std::string { throw UnknownTextKey(key); };
-    auto rows = gDatabase().Execute(
-        "SELECT count(*) AS n FROM tParametersHead INNER JOIN tParametersRows ON "
-        "tParametersHead.fParametersRowsID = "
-        "tParametersRows.fParametersRowsID WHERE fTypeKey='MDIMain'");
-    EXPECT_EQ(readParameterSet("frm", "MDIMain", "eng", noText).size(),
-              static_cast<std::size_t>(rows.integer("n")));
 }
 
 /// Reference states of the multi-fluid Helmholtz model at 23/25/52 % by mass. At 1541.3207 kPa the dew point

@@ -10,6 +10,8 @@
 
 #include "data/clsDatabase.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/tools/SmallContent.h"
+#include "tools/catalogue/Check.h"
 #include "tools/catalogue/Content.h"
 
 using namespace marvello;
@@ -182,18 +184,15 @@ TEST_F(CatalogueBuilder, ReportsReferencesThatLeadNowhere) {
              {"tFluidi.csv", ",1", ",0.99999", "tRefrigeranti.csv:2: the mass fractions sum to 0.99999"},
              {"tDictionary.it-IT.csv", "A.B", "a.c", "tDictionary.it-IT.csv:2: the key a.c has no text"},
              {"tLanguages.csv", "it-IT", "de-DE",
-              "tDictionary.it-IT.csv:2: fLanguageID: there is no language"},
-             {"tParametersRows.csv", "{a.b}", "{a.x}",
-              "tParametersRows.csv:2: fObjectPropertyValue: the dictionary"},
-             {"tParametersRows.csv", "{a.b}", "{a.b", "tParametersRows.csv:2: fObjectPropertyValue: a \"{\""},
-             {"tParametersHead.csv", ",1", ",2", "tParametersRows.csv:2: fParametersRowsID: no set"}})
+              "tDictionary.it-IT.csv:2: fLanguageID: there is no language"}})
         EXPECT_THAT(faultsWith(file, from, to), Contains(StartsWith(fault))) << from << " -> " << to;
 
     std::string mixture;
     for (int component = 0; component < 21; ++component)
         mixture += "R134A,F" + std::to_string(component) + ",0.05\n";
     EXPECT_THAT(faultsWith("tFluidi.csv", "R134A,R134A.FLD,1\n", mixture),
-                ElementsAre("tFluidi.csv:22: more than 20 components", testing::HasSubstr("sum to 1.05")));
+                ElementsAre(StartsWith("tFluidi.csv:22: more than 20 components"),
+                            testing::HasSubstr("sum to 1.05")));
 }
 
 TEST_F(CatalogueBuilder, LooksForFluidFilesOnlyWhenAsked) {
@@ -234,7 +233,7 @@ int runProgram(const fs::path& folder, const std::string& arguments) {
 TEST_F(CatalogueBuilder, LeavesTheOldFileWhenTheContentHasFaults) {
     const std::string content = folder_.string();
     const std::string output = (folder_ / "db.mdb").string();
-    write(soundFiles());
+    marvello::test::writeSmallContent(folder_);
     EXPECT_EQ(runProgram(folder_, "build " + content + " " + output), 0);
     const auto size = fs::file_size(output);
     EXPECT_EQ(runProgram(folder_, "build " + content + " " + output), 0);  // over the old one

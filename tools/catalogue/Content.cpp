@@ -45,6 +45,8 @@ Parsed parsedInteger(std::string_view field, ColumnKind kind) {
 }
 
 Parsed parsedName(const std::string& field) {
+    if (trimmed(field) != field)
+        return {{}, "\"" + field + "\" begins or ends with a blank; remove it, or nothing finds the name"};
     // Names are pasted into statements and into "key|caption;key|caption" lists.
     if (field.find_first_of("';|") != std::string::npos)
         return {{}, "\"" + field + "\" holds one of the characters ' ; | that a name cannot have"};

@@ -44,11 +44,6 @@ struct Content {
 /// fit the schema is a fault; rows at fault are left out.
 Content readContent(const std::filesystem::path& folder, Faults& faults);
 
-/// Checks what one table says about another. `fluids` is the folder of the fluid files, if they are to be
-/// there.
-void checkReferences(const Content& content, const std::optional<std::filesystem::path>& fluids,
-                     Faults& faults);
-
 /// Writes the catalogue file, whole or not at all. Raises std::runtime_error when it cannot be written.
 void writeCatalogue(const Content& content, const std::filesystem::path& output);
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "data/Texts.h"
-#include "tools/catalogue/Content.h"
+#include "tools/catalogue/Check.h"
+#include "tools/catalogue/Rows.h"
 
 namespace marvello {
 
@@ -35,23 +35,30 @@ class ReferenceCheck {
     }
 
     void checkCompressors() {
+        constexpr int dischargeType = 3;
+        constexpr std::string_view noSurface = "-";  // how a compressor says that it has none
         forEach("tCompressors", [&](const auto& row) {
-            require(row, refrigerants_.contains(row.key("fRefrigerantID")), "fRefrigerantID", "refrigerant");
-            for (const auto& [column, type] :
-                 {std::pair{"fPolynomialQ0ID", 0}, {"fPolynomialPassID", 1}, {"fPolynomialShID", 3}})
-                require(row, polynomials_.contains({row.key(column), type}), column,
-                        "polynomial of type " + std::to_string(type));
-            require(row, limits_.contains(row.key("fLimitID")), "fLimitID", "envelope");
+            require(row, refrigerants_.contains(row.key("fRefrigerantID")), "fRefrigerantID", "refrigerant",
+                    "tRefrigeranti");
+            for (const auto& [column, type] : {std::pair{"fPolynomialQ0ID", 0},
+                                               {"fPolynomialPassID", 1},
+                                               {"fPolynomialShID", dischargeType}})
+                require(row,
+                        polynomials_.contains({row.key(column), type}) ||
+                            (type == dischargeType && row.text(column) == noSurface),
+                        column, "polynomial of type " + std::to_string(type), "tPolynomials");
+            require(row, limits_.contains(row.key("fLimitID")), "fLimitID", "envelope", "tLimits");
             const std::string economized = row.key("fLimitEconomizedID");
-            require(row, economized.empty() || limits_.contains(economized), "fLimitEconomizedID",
-                    "envelope");
+            require(row, economized.empty() || limits_.contains(economized), "fLimitEconomizedID", "envelope",
+                    "tLimits");
             checkMotors(row);
         });
         if (!refrigerants_.contains("r407c")) return;
         for (const auto* conversion : {"R407CTEM", "R407CTCM"})
             if (!polynomials_.contains({lowered(conversion), 4}))
                 faults_.add("tPolynomials",
-                            std::string("the polynomial ") + conversion + " of type 4 is missing");
+                            std::string("the polynomial ") + conversion +
+                                " of type 4 is missing, which the forms need for R407C; add its row");
     }
 
     void checkFluids(const std::optional<fs::path>& folder) {
@@ -63,21 +70,25 @@ class ReferenceCheck {
         };
         std::map<std::string, Mixture> mixtures;
         forEach("tFluidi", [&](const auto& row) {
-            require(row, refrigerants_.contains(row.key("fRefrigeranteId")), "fRefrigeranteId",
-                    "refrigerant");
+            require(row, refrigerants_.contains(row.key("fRefrigeranteId")), "fRefrigeranteId", "refrigerant",
+                    "tRefrigeranti");
             auto& mixture = mixtures[row.key("fRefrigeranteId")];
             mixture.sum += row.real("fPFluido");
-            if (row.real("fPFluido") <= 0) row.fault("fPFluido: a mass fraction is above 0");
-            if (++mixture.components == mostComponents + 1) row.fault("more than 20 components");
+            if (row.real("fPFluido") <= 0)
+                row.fault("fPFluido: a mass fraction is above 0; enter it or remove the row");
+            if (++mixture.components == mostComponents + 1)
+                row.fault("more than 20 components; the property library takes no more");
             if (folder && !fs::is_regular_file(*folder / row.text("fFluido")))
-                row.fault("fFluido: there is no file " + row.text("fFluido") + " in " + folder->string());
+                row.fault("fFluido: there is no file " + row.text("fFluido") + " in " + folder->string() +
+                          "; add it or correct the name");
         });
         forEach("tRefrigeranti", [&](const auto& row) {
             const auto& mixture = mixtures[row.key("fRefrigeranteId")];
             if (mixture.components == 0)
-                row.fault("the refrigerant has no row in tFluidi");
+                row.fault("the refrigerant has no row in tFluidi; add its components");
             else if (std::abs(mixture.sum - 1) > tolerance)
-                row.fault("the mass fractions sum to " + storedText(mixture.sum) + " and not to 1");
+                row.fault("the mass fractions sum to " + storedText(mixture.sum) +
+                          " and not to 1; correct fPFluido in tFluidi");
         });
     }
 
@@ -85,54 +96,27 @@ class ReferenceCheck {
         for (const auto& [table, language] :
              {std::pair{"tDictionary", "fLanguageID"}, {"thelp", "flanguage"}})
             forEach(table, [&, column = language](const auto& row) {
-                require(row, languages_.contains(row.key(column)), column, "language");
+                require(row, languages_.contains(row.key(column)), column, "language", "tLanguages");
             });
         // The default language is the fallback: a key that it lacks is misspelt or has no text for others.
         forEach("tDictionary", [&](const auto& row) {
             if (!texts_.contains(row.key("fVariableName")))
-                row.fault("the key " + row.text("fVariableName") + " has no text in " + defaultLanguage);
-        });
-    }
-
-    void checkParameterSets() {
-        Known<int> heads;
-        Known<int> rows;
-        forEach("tParametersHead", [&](const auto& row) { heads.insert(row.integer("fParametersRowsID")); });
-        forEach("tParametersRows", [&](const auto& row) {
-            rows.insert(row.integer("fParametersRowsID"));
-            if (!heads.contains(row.integer("fParametersRowsID")))
-                row.fault("fParametersRowsID: no set of tParametersHead has these rows");
-            checkPlaceholders(row);
-        });
-        forEach("tParametersHead", [&](const auto& row) {
-            if (!rows.contains(row.integer("fParametersRowsID")))
-                row.fault("fParametersRowsID: tParametersRows has no such rows");
+                row.fault("the key " + row.text("fVariableName") + " has no text in " + defaultLanguage +
+                          "; add it there or correct the key");
         });
     }
 
   private:
-    /// A row with its table, as the checks read it.
-    struct Row {
-        const TableContent& table;
-        const Record& record;
-        Faults& faults;
-
-        const std::string& text(std::string_view column) const { return table.text(record, column); }
-        /// The text as it is compared.
-        std::string key(std::string_view column) const { return lowered(text(column)); }
-        int integer(std::string_view column) const { return table.integer(record, column); }
-        double real(std::string_view column) const { return table.real(record, column); }
-        void fault(const std::string& reason) const { faults.add(record.file, record.line, reason); }
-    };
-
     template <class Check>
     void forEach(std::string_view table, Check check) {
-        const TableContent& content = content_.table(table);
-        for (const auto& record : content.records) check(Row{content, record, faults_});
+        forEachRow(content_, table, faults_, check);
     }
 
-    static void require(const Row& row, bool found, const std::string& column, const std::string& what) {
-        if (!found) row.fault(column + ": there is no " + what + " \"" + row.text(column) + "\"");
+    static void require(const Row& row, bool found, const std::string& column, const std::string& what,
+                        const std::string& table) {
+        if (!found)
+            row.fault(column + ": there is no " + what + " \"" + row.text(column) + "\"; add it to " + table +
+                      " or correct the name");
     }
 
     void checkMotors(const Row& row) {
@@ -141,24 +125,11 @@ class ReferenceCheck {
         const auto check = [&](const std::string& column) {
             const int id = row.integer(column);
             if (!motors_.contains(id) && !(optional && id <= 0))
-                row.fault(column + ": there is no motor " + std::to_string(id) + " for 50 Hz");
+                row.fault(column + ": there is no motor " + std::to_string(id) +
+                          " for 50 Hz; add it to tMotors or correct the number");
         };
         check("fMotorFullID");
         if (row.integer("fhasFullSmallMotor") != 0) check("fMotorSmallID");
-    }
-
-    void checkPlaceholders(const Row& row) {
-        const std::string& value = row.text("fObjectPropertyValue");
-        for (auto open = value.find('{'); open != std::string::npos; open = value.find('{', open + 1)) {
-            const auto close = value.find('}', open);
-            if (close == std::string::npos) {
-                row.fault("fObjectPropertyValue: a \"{\" has no \"}\"");
-                return;
-            }
-            const std::string key = value.substr(open + 1, close - open - 1);
-            if (!texts_.contains(lowered(key)))
-                row.fault("fObjectPropertyValue: the dictionary has no text for the key \"" + key + "\"");
-        }
     }
 
     static inline const std::string defaultLanguage = "en-en";
@@ -180,7 +151,6 @@ void checkReferences(const Content& content, const std::optional<fs::path>& flui
     check.checkCompressors();
     check.checkFluids(fluids);
     check.checkTexts();
-    check.checkParameterSets();
 }
 
 }  // namespace marvello

@@ -1,4 +1,5 @@
-// marvello-catalogue: builds the catalogue file from its text tables, or only checks them.
+// marvello-catalogue: for who maintains a catalogue. Builds the catalogue file from its text tables, checks
+// them, writes a file's tables back, and fits surfaces to rating points.
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -6,63 +7,181 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <optional>
 
-#include "tools/catalogue/Content.h"
+#include "data/Texts.h"
+#include "tools/catalogue/Check.h"
+#include "tools/catalogue/Dump.h"
+#include "tools/catalogue/Fit.h"
+#include "tools/catalogue/Index.h"
 
 namespace {
+
+namespace fs = std::filesystem;
+using namespace marvello;
 
 constexpr int done = 0;
 constexpr int failed = 2;
 
-void print(const marvello::Faults& faults) {
+void print(const std::vector<std::string>& lines, const std::string& what) {
     constexpr std::size_t most = 50;
-    const auto& lines = faults.lines();
     for (std::size_t index = 0; index < std::min(lines.size(), most); ++index)
         std::cerr << lines[index] << '\n';
-    if (lines.size() > most) std::cerr << "and " << lines.size() - most << " more faults\n";
+    if (lines.size() > most) std::cerr << "and " << lines.size() - most << " more " << what << "s\n";
 }
 
+std::string counted(std::size_t count, const std::string& what) {
+    if (count == 0) return "no " + what;
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+struct ContentRequest {
+    std::string folder;
+    std::string fluids;
+    std::string output;  ///< Blank for a check alone.
+    bool isStrict = false;
+};
+
 /// Reads and checks the content; writes it when there is an output.
-int run(const std::string& folder, const std::string& fluids, const std::string& output) {
-    marvello::Faults faults;
-    const auto content = marvello::readContent(folder, faults);
+int runContent(const ContentRequest& request) {
+    Faults faults;
+    const auto content = readContent(request.folder, faults);
     // A row at fault is not there, and what refers to it would only repeat the fault.
     if (faults.empty())
-        marvello::checkReferences(
-            content, fluids.empty() ? std::nullopt : std::optional<std::filesystem::path>(fluids), faults);
+        checkContent(content, request.fluids.empty() ? std::nullopt : std::optional<fs::path>(request.fluids),
+                     fs::path(request.folder) / "pictures", faults);
+    const bool isCheck = request.output.empty();
+    print(faults.lines(), "error");
+    if (isCheck || request.isStrict) print(faults.warnings(), "warning");
+    std::cout << counted(faults.lines().size(), "error") << ", "
+              << counted(faults.warnings().size(), "warning") << ": " << contentSummary(content) << '\n';
+    if (!faults.empty() || (request.isStrict && !faults.warnings().empty())) return failed;
+    if (!isCheck) writeCatalogue(content, request.output);
+    return done;
+}
+
+struct FitArguments {
+    std::string file;
+    RatingNames names;
+    FitRequest request;
+    std::string limitPoints;
+    std::string contentFolder;
+    std::string limitId;
+};
+
+/// The corners of the envelope that the arguments name.
+std::vector<clsPoint> limitOf(const FitArguments& arguments) {
+    if (!arguments.limitPoints.empty()) {
+        const clsPoints line = parsePoints(arguments.limitPoints);
+        return {line.begin(), line.end()};
+    }
+    if (arguments.limitId.empty()) return {};
+    Faults faults;
+    const auto content = readContent(arguments.contentFolder, faults);
+    if (!faults.empty()) throw std::runtime_error(faults.lines().front());
+    const Index index(content);
+    const auto* const line = lineOfType(index.lines(arguments.limitId), limit::application);
+    if (!line)
+        throw std::runtime_error("The envelope \"" + arguments.limitId + "\" has no application limit in " +
+                                 arguments.contentFolder + ".");
+    return {line->points.begin(), line->points.end()};
+}
+
+int runFit(FitArguments arguments) {
+    std::ifstream stream(arguments.file, std::ios::binary);
+    if (!stream) throw std::runtime_error("The file " + arguments.file + " cannot be read.");
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    const std::string name = fs::path(arguments.file).filename().string();
+
+    Faults faults;
+    arguments.request.limit = limitOf(arguments);
+    const auto points = readRatingPoints(text, name, arguments.names, faults);
+    const auto columns =
+        faults.empty() ? fitColumns(points, arguments.request, name, faults) : std::vector<FittedColumn>{};
     if (!faults.empty()) {
-        print(faults);
+        print(faults.lines(), "error");
         return failed;
     }
-    if (!output.empty()) marvello::writeCatalogue(content, output);
+    // The rows can go straight into a table; the rest is for the eye.
+    for (const auto& column : columns) std::cout << polynomialRow(column, arguments.request) << '\n';
+    for (std::size_t i = 0; i < columns.size(); ++i) std::cerr << fitReport(columns[i], points, i);
     return done;
+}
+
+void describeFit(CLI::App& command, FitArguments& arguments, CLI::Option*& field) {
+    command
+        .add_option("POINTS", arguments.file, "A CSV table of rating points, columns named in its first line")
+        ->required();
+    command.add_option("--evaporating", arguments.names.evaporating,
+                       "The column of the evaporating dew temperature, degrees Celsius (evaporating)");
+    command.add_option("--condensing", arguments.names.condensing,
+                       "The column of the condensing dew temperature, degrees Celsius (condensing)");
+    command.add_option("--value", arguments.names.values,
+                       "A column to fit, repeatable; without it all others. Columns whose names begin with "
+                       "power or Pta give rows of type 1, others of type 0");
+    command.add_flag("--discharge", arguments.request.isDischarge,
+                     "Fit discharge temperatures: nine coefficients, type 3");
+    command.add_option("--id", arguments.request.polynomialId, "fPolynomialID of the rows (NAME)");
+    field = command.add_option("--field", arguments.request.field,
+                               "fField of the rows (100; with --discharge the superheat, 10)");
+    auto* const limit = command.add_option("--limit", arguments.limitPoints,
+                                           "The envelope, \"x,y;x,y;...\", to warn where points are missing");
+    auto* const content =
+        command.add_option("--content", arguments.contentFolder, "A folder of text tables, for --limit-id");
+    command.add_option("--limit-id", arguments.limitId, "The envelope of tLimits instead of --limit")
+        ->needs(content)
+        ->excludes(limit);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) try {
-    std::string folder;
-    std::string output;
-    std::string fluids;
-    CLI::App program("Builds the catalogue of Marvello from text tables.", "marvello-catalogue");
+    CLI::App program(
+        "Maintains the catalogue of Marvello: builds it from text tables, checks them, and more.",
+        "marvello-catalogue");
     program.require_subcommand(1);
 
+    ContentRequest content;
     auto* const build = program.add_subcommand("build", "Check the tables and write the catalogue file");
-    auto* const check = program.add_subcommand("check", "Check the tables only");
+    auto* const check = program.add_subcommand("check", "Check the tables only, and tell the warnings");
     for (auto* const command : {build, check}) {
-        command->add_option("CONTENT_FOLDER", folder, "The folder of the text tables")->required();
-        command->add_option("--fluids", fluids, "The folder in which each fluid file must stand");
+        command->add_option("CONTENT_FOLDER", content.folder, "The folder of the text tables")->required();
+        command->add_option("--fluids", content.fluids, "The folder in which each fluid file must stand");
+        command->add_flag("--strict", content.isStrict, "Take warnings for errors");
     }
-    build->add_option("OUTPUT", output, "The catalogue file to write")->required();
+    build->add_option("OUTPUT", content.output, "The catalogue file to write")->required();
+
+    std::string file;
+    std::string folder;
+    bool isForced = false;
+    auto* const dump = program.add_subcommand("dump", "Write the text tables of a catalogue file");
+    dump->add_option("FILE", file, "The catalogue file")->required();
+    dump->add_option("FOLDER", folder, "Where the tables are written")->required();
+    dump->add_flag("--force", isForced, "Replace the tables that are there");
+
+    FitArguments fitting;
+    CLI::Option* field = nullptr;
+    auto* const fit = program.add_subcommand("fit", "Fit the coefficients of a surface to rating points");
+    describeFit(*fit, fitting, field);
 
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return program.exit(error) == 0 ? done : failed;
     }
-    return run(folder, fluids, output);
+    if (*dump) {
+        writeTables(readCatalogue(file), folder, isForced);
+        return done;
+    }
+    if (*fit) {
+        constexpr double usualSuperheat = 10;  // K
+        if (fitting.request.isDischarge && field->count() == 0) fitting.request.field = usualSuperheat;
+        return runFit(std::move(fitting));
+    }
+    return runContent(content);
 } catch (const std::exception& failure) {
     std::cerr << failure.what() << '\n';
     return failed;

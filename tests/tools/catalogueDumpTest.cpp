@@ -1,0 +1,131 @@
+#include <gmock/gmock.h>
+
+#include <SQLiteCpp/Database.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tests/tools/CallProgram.h"
+#include "tests/tools/SmallContent.h"
+#include "tools/catalogue/Check.h"
+#include "tools/catalogue/Dump.h"
+
+using namespace marvello;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string bytesOf(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+Content contentOf(const fs::path& folder) {
+    Faults faults;
+    Content content = readContent(folder, faults);
+    EXPECT_THAT(faults.lines(), IsEmpty());
+    return content;
+}
+
+/// The rows of each table as a set, wherever they stand.
+std::vector<std::vector<std::vector<Value>>> rowsOf(const Content& content) {
+    std::vector<std::vector<std::vector<Value>>> tables;
+    for (const auto& table : content.tables) {
+        auto& rows = tables.emplace_back();
+        for (const auto& record : table.records) rows.push_back(record.values);
+        if (!table.table->keepsOrder) std::ranges::sort(rows);
+    }
+    return tables;
+}
+
+class CatalogueDump : public ::testing::Test {
+  protected:
+    ~CatalogueDump() override { fs::remove_all(folder_); }
+
+    fs::path catalogueOf(const fs::path& content, const char* name) const {
+        writeCatalogue(contentOf(content), folder_ / name);
+        return folder_ / name;
+    }
+    static ::marvello::testing::Answer run(const std::string& arguments) {
+        return ::marvello::testing::callProgram("marvello-catalogue", arguments,
+                                                ::marvello::testing::Listen::errors);
+    }
+
+    fs::path folder_ = test::newTemporaryFolder("marvello-dump");
+};
+
+TEST_F(CatalogueDump, BuildingTheDumpGivesTheSameFile) {
+    const fs::path whole = fs::path(MARVELLO_SOURCE_FOLDER) / "content";
+    const fs::path first = catalogueOf(whole, "first.mdb");
+    writeTables(readCatalogue(first), folder_ / "dumped", false);
+    EXPECT_FALSE(fs::exists(folder_ / "dumped.new"));
+    EXPECT_EQ(rowsOf(contentOf(folder_ / "dumped")), rowsOf(contentOf(whole)));
+    const fs::path second = catalogueOf(folder_ / "dumped", "second.mdb");
+    EXPECT_TRUE(bytesOf(first) == bytesOf(second));
+    writeTables(readCatalogue(second), folder_ / "again", false);
+    for (const auto& entry : fs::directory_iterator(folder_ / "dumped"))
+        EXPECT_TRUE(bytesOf(entry.path()) == bytesOf(folder_ / "again" / entry.path().filename()))
+            << entry.path();
+}
+
+TEST_F(CatalogueDump, KeepsWhatCsvMustQuoteAndNumbersToTheLastBit) {
+    const fs::path content = folder_ / "content";
+    fs::create_directories(content);
+    test::writeSmallContent(content);
+    std::ofstream(content / "tDictionary.en-EN.csv", std::ios::app)
+        << "a.b,\"one, \"\"two\"\"\r\nthree\"\na.c,\n";
+    std::ofstream(content / "thelp.it-IT.terms.rtf") << "{\\rtf1 \"{\\b a},\\par\n}";
+    std::ofstream(content / "tMotors.csv", std::ios::app) << "900,50,0.1,1e-300,-0,1e22,123456.789,0,0,3,\n";
+    const fs::path first = catalogueOf(content, "first.mdb");
+    writeTables(readCatalogue(first), folder_ / "dumped", false);
+    EXPECT_TRUE(fs::exists(folder_ / "dumped" / "thelp.it-IT.csv"));
+    EXPECT_EQ(rowsOf(contentOf(folder_ / "dumped")), rowsOf(contentOf(content)));
+    EXPECT_TRUE(bytesOf(first) == bytesOf(catalogueOf(folder_ / "dumped", "second.mdb")));
+}
+
+TEST_F(CatalogueDump, LeavesWhatIsThereUnlessForced) {
+    const fs::path content = folder_ / "content";
+    fs::create_directories(content);
+    test::writeSmallContent(content);
+    const std::string file = catalogueOf(content, "db.mdb").string();
+    const auto conversions = content / "tPolynomials.r407c.csv";  // goes into the one table
+    std::ofstream(content / "notes.txt") << "mine";
+
+    const auto refused = run("dump " + file + " " + content.string());
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.out, HasSubstr("has tables already; choose another one, or --force"));
+    EXPECT_TRUE(fs::exists(conversions));
+    EXPECT_EQ(run("dump --force " + file + " " + content.string()).status, 0);
+    EXPECT_FALSE(fs::exists(conversions));
+    EXPECT_EQ(bytesOf(content / "notes.txt"), "mine");
+    EXPECT_TRUE(bytesOf(file) == bytesOf(catalogueOf(content, "again.mdb")));
+}
+
+TEST_F(CatalogueDump, RefusesWhatIsNoCatalogueOfThisSchema) {
+    const auto expectRefused = [&](const fs::path& file, const char* reason) {
+        const auto answer = run("dump " + file.string() + " " + (folder_ / "out").string());
+        EXPECT_EQ(answer.status, 2);
+        EXPECT_THAT(answer.out, HasSubstr(reason));
+        EXPECT_FALSE(fs::exists(folder_ / "out"));
+    };
+    expectRefused(folder_ / "none.mdb", "none.mdb");
+    std::ofstream(folder_ / "text.mdb") << "fID,fText\n";
+    expectRefused(folder_ / "text.mdb", "text.mdb");
+    fs::create_directories(folder_ / "content");
+    test::writeSmallContent(folder_ / "content");
+    const fs::path other = catalogueOf(folder_ / "content", "other.mdb");
+    SQLite::Database(other.string(), SQLite::OPEN_READWRITE).exec("PRAGMA user_version=99");
+    expectRefused(other, "schema");
+    SQLite::Database(other.string(), SQLite::OPEN_READWRITE)
+        .exec("PRAGMA user_version=1; DROP TABLE tMotors");
+    expectRefused(other, "tMotors");
+}
+
+}  // namespace

@@ -1,0 +1,175 @@
+#include "tools/catalogue/Dump.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Statement.h>
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <map>
+#include <stdexcept>
+
+#include "data/Texts.h"
+#include "data/clsDatabase.h"
+
+namespace marvello {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+Value storedValue(const SQLite::Column& column, ColumnKind kind) {
+    switch (kind) {
+        case ColumnKind::integer:
+        case ColumnKind::byte:
+        case ColumnKind::boolean:
+            return column.getInt();
+        case ColumnKind::real:
+            return column.getDouble();
+        case ColumnKind::nullable:
+            return column.isNull() ? Value() : Value(column.getString());
+        case ColumnKind::name:
+        case ColumnKind::text:
+        case ColumnKind::freeText:
+        case ColumnKind::points:
+            break;
+    }
+    return column.getString();
+}
+
+TableContent readTable(SQLite::Database& database, const fs::path& file, const Table& table) {
+    TableContent content{&table, {}};
+    std::string columns;
+    for (const auto& column : table.columns)
+        columns += (columns.empty() ? "" : ",") + std::string(column.name);
+    // A keyed table comes in the order of its key.
+    std::string order;
+    if (table.keepsOrder) order = " ORDER BY rowid";
+    SQLite::Statement rows(database, "SELECT " + columns + " FROM " + std::string(table.name) + order);
+    while (rows.executeStep()) {
+        Record record{file.filename().string(), static_cast<int>(content.records.size()) + 1, {}};
+        for (std::size_t i = 0; i < table.columns.size(); ++i)
+            record.values.push_back(storedValue(rows.getColumn(static_cast<int>(i)), table.columns[i].kind));
+        content.records.push_back(std::move(record));
+    }
+    return content;
+}
+
+std::string fieldText(const Value& value, ColumnKind kind) {
+    if (const auto* const whole = std::get_if<int>(&value)) {
+        if (kind == ColumnKind::boolean) return *whole != 0 ? "True" : "False";
+        return std::to_string(*whole);
+    }
+    if (const auto* const real = std::get_if<double>(&value)) {
+        if (!std::isfinite(*real)) throw std::runtime_error("a number is not finite");
+        return storedText(*real);
+    }
+    const auto* const text = std::get_if<std::string>(&value);
+    if (!text) return {};
+    if (text->find_first_of(",\"\r\n") == std::string::npos) return *text;
+    std::string quoted = *text;
+    replaceAll(quoted, "\"", "\"\"");
+    return '"' + quoted + '"';
+}
+
+/// A line of fields. A single empty field would be an empty line, which is no record.
+std::string line(const std::vector<std::string>& fields) {
+    if (fields.size() == 1 && fields.front().empty()) return "\"\"\n";
+    std::string joined;
+    for (const auto& field : fields) joined += (&field == &fields.front() ? "" : ",") + field;
+    return joined + "\n";
+}
+
+/// The files of a table with their texts.
+std::map<std::string, std::string> filesOf(const TableContent& content) {
+    const Table& table = *content.table;
+    const std::size_t language =
+        table.languageColumn.empty() ? table.columns.size() : table.columnIndex(table.languageColumn);
+    const auto fileName = [&](const std::string& part) {
+        if (part.find_first_of("/\\.") != std::string::npos)
+            throw std::runtime_error("the language \"" + part + "\" cannot be part of a file's name");
+        return std::string(table.name) + (part.empty() ? "" : "." + part) + ".csv";
+    };
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < table.columns.size(); ++i)
+        if (i != language) names.emplace_back(table.columns[i].name);
+
+    std::map<std::string, std::string> files;
+    const bool isByLanguage = language < table.columns.size();
+    if (content.records.empty() || !isByLanguage) files[fileName(isByLanguage ? "en-EN" : "")] = line(names);
+    for (const auto& record : content.records) {
+        const std::string part = isByLanguage ? std::get<std::string>(record.values[language]) : "";
+        std::string& text = files.try_emplace(fileName(part), line(names)).first->second;
+        std::vector<std::string> fields;
+        for (std::size_t i = 0; i < table.columns.size(); ++i)
+            if (i != language) fields.push_back(fieldText(record.values[i], table.columns[i].kind));
+        text += line(fields);
+    }
+    return files;
+}
+
+/// The text tables and help documents that stand in a folder.
+std::vector<fs::path> tablesIn(const fs::path& folder) {
+    std::vector<fs::path> found;
+    if (!fs::is_directory(folder)) return found;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        const std::string name = entry.path().filename().string();
+        const std::string table = name.substr(0, name.find('.'));
+        const std::string extension = entry.path().extension().string();
+        const bool isTable = std::ranges::find(schemaTables(), table, &Table::name) != schemaTables().end();
+        if (isTable && (extension == ".csv" || extension == ".rtf")) found.push_back(entry.path());
+    }
+    return found;
+}
+
+void writeFile(const fs::path& file, const std::string& text) {
+    std::ofstream stream(file, std::ios::binary);
+    stream << text;
+    stream.close();
+    if (!stream) throw std::runtime_error(file.string() + " cannot be written");
+}
+
+}  // namespace
+
+Content readCatalogue(const fs::path& file) {
+    clsDatabase().Connect("Data Source=" + file.string());  // says what is no catalogue of this schema
+    Content content;
+    try {
+        SQLite::Database database(file.string(), SQLite::OPEN_READONLY);
+        for (const auto& table : schemaTables()) content.tables.push_back(readTable(database, file, table));
+    } catch (const SQLite::Exception& failure) {
+        throw std::runtime_error("The catalogue " + file.string() + " cannot be read: " + failure.what() +
+                                 ".");
+    }
+    return content;
+}
+
+void writeTables(const Content& content, const fs::path& folder, bool replace) {
+    const auto old = tablesIn(folder);
+    if (!old.empty() && !replace)
+        throw std::runtime_error("The folder " + folder.string() +
+                                 " has tables already; choose another one, or --force to replace them.");
+    const fs::path unfinished = (folder / "").parent_path().string() + ".new";
+    std::error_code ignored;
+    try {
+        fs::remove_all(unfinished);
+        fs::create_directories(unfinished);
+        for (const auto& table : content.tables)
+            for (const auto& [name, text] : filesOf(table)) writeFile(unfinished / name, text);
+        if (!fs::exists(folder)) {
+            fs::rename(unfinished, folder);
+            return;
+        }
+        for (const auto& file : old) fs::remove(file);
+        for (const auto& entry : fs::directory_iterator(unfinished))
+            fs::rename(entry.path(), folder / entry.path().filename());
+        fs::remove(unfinished);
+    } catch (const std::exception& failure) {
+        fs::remove_all(unfinished, ignored);
+        throw std::runtime_error("The tables cannot be written to " + folder.string() + ": " +
+                                 failure.what() + ".");
+    }
+}
+
+}  // namespace marvello

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <filesystem>
+
+#include "tools/catalogue/Content.h"
+
+namespace marvello {
+
+/// The content of a catalogue file, in the order in which the program meets it. Raises std::runtime_error for
+/// a file that is no catalogue, has another schema version or holds what the tables cannot.
+Content readCatalogue(const std::filesystem::path& file);
+
+/// Writes the text tables of a content: one file a table, of a table by language one a language. Building
+/// them gives the same catalogue file again. Whole or not at all: refuses a folder that has tables, unless
+/// `replace` says that they go. Raises std::runtime_error.
+void writeTables(const Content& content, const std::filesystem::path& folder, bool replace);
+
+}  // namespace marvello

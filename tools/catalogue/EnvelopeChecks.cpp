@@ -1,0 +1,85 @@
+// The lines of tLimits.
+
+#include <map>
+#include <set>
+
+#include "tools/catalogue/Check.h"
+#include "tools/catalogue/Index.h"
+#include "tools/catalogue/Rows.h"
+
+namespace marvello {
+
+namespace {
+
+// Dew temperatures in degrees Celsius between which any refrigeration compressor works.
+constexpr double leastEvaporating = -100;
+constexpr double mostEvaporating = 50;
+constexpr double leastCondensing = -60;
+constexpr double mostCondensing = 130;
+
+std::string pointText(const clsPoint& point) { return storedText(point.x) + "," + storedText(point.Y); }
+
+void checkCoordinates(const Row& row, const clsPoints& line) {
+    for (const clsPoint& point : line) {
+        if (point.x < leastEvaporating || point.x > mostEvaporating || point.Y < leastCondensing ||
+            point.Y > mostCondensing) {
+            row.fault("fPoints: the point " + pointText(point) + " lies outside " +
+                      storedText(leastEvaporating) + " to " + storedText(mostEvaporating) +
+                      " evaporating and " + storedText(leastCondensing) + " to " +
+                      storedText(mostCondensing) +
+                      " condensing, degrees Celsius; write evaporating,condensing");
+            return;
+        }
+    }
+    for (const clsPoint& point : line)
+        if (point.Y < point.x) {
+            row.fault(
+                "fPoints: at the point " + pointText(point) +
+                " the condensing temperature is below the evaporating one; write evaporating,condensing");
+            return;
+        }
+}
+
+void checkLine(const Row& row) {
+    const int type = row.integer("fType");
+    if (type < limit::over || type > limit::last)
+        row.fault("fType: there is no line of type " + std::to_string(type) + "; the types are -1 to 14");
+
+    const clsPoints line = parsePoints(row.text("fPoints"));
+    const clsPoint& first = line.Item(1);
+    const clsPoint& last = line.Item(line.Count());
+    if (first.x != last.x || first.Y != last.Y)
+        row.fault("fPoints: the line is not closed; repeat its first point " + pointText(first) +
+                  " at the end");
+    checkCoordinates(row, line);
+    const clsPoint& topLeft = *line.getLeftPoint();
+    const clsPoint& bottomRight = *line.getRightPoint();
+    if (topLeft.x == bottomRight.x || topLeft.Y == bottomRight.Y)
+        row.fault("fPoints: the line holds no area; it needs points of different temperatures");
+}
+
+}  // namespace
+
+void checkEnvelopes(const Content& content, Faults& faults) {
+    const Index index(content);
+    std::set<std::string> used;
+    forEachRow(content, "tCompressors", faults, [&](const Row& row) {
+        for (const auto* column : {"fLimitID", "fLimitEconomizedID"}) used.insert(row.key(column));
+    });
+    std::set<std::string> told;
+    std::map<std::string, std::string> places;
+    forEachRow(content, "tLimits", faults, [&](const Row& row) {
+        checkLine(row);
+        const std::string id = row.key("fLimitID");
+        const auto [first, isNew] = places.emplace(
+            id + '\n' + std::to_string(row.integer("fType")) + '\n' + row.text("fPoints"), row.place());
+        if (!isNew) row.warn("the line stands already at " + first->second + "; remove one of them");
+        if (!told.insert(id).second) return;
+        if (!lineOfType(index.lines(id), limit::application))
+            row.fault("the envelope has no application limit; add a line of fType 0");
+        if (!used.contains(id))
+            row.warn("no compressor uses the envelope; remove its lines or name it in tCompressors");
+    });
+}
+
+}  // namespace marvello

@@ -1,0 +1,314 @@
+// The parameter sets against the windows of the program and the catalogue's own models.
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <optional>
+#include <set>
+
+#include "tools/catalogue/Check.h"
+#include "tools/catalogue/Program.h"
+#include "tools/catalogue/Rows.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr std::string_view column = "fObjectPropertyValue: ";
+
+/// The windows of a set; one that nothing applies has none.
+using WindowNames = std::set<std::string>;
+
+std::vector<const Control*> controlsOf(const WindowNames& windows, const std::string& name) {
+    static const Control theWindow{"", ControlKind::window};
+    std::vector<const Control*> found;
+    for (const auto& window : programWindows()) {
+        if (!windows.contains(lowered(window.name))) continue;
+        if (equalIgnoringCase(window.name, name)) found.push_back(&theWindow);
+        for (const auto& control : window.controls)
+            if (equalIgnoringCase(control.name, name)) found.push_back(&control);
+    }
+    return found;
+}
+
+/// Why a list of choices "key|caption;..." is none; empty for a sound one.
+std::string faultOfChoices(const std::string& list) {
+    std::set<std::string> keys;
+    for (const auto& choice : splitText(list, ';')) {
+        const auto parts = splitText(choice, '|');
+        if (parts.size() != 2 || trimmed(parts[0]).empty() || trimmed(parts[1]).empty())
+            return "\"" + choice + "\" is no choice; write \"key|caption;key|caption\"";
+        if (!keys.insert(lowered(trimmed(parts[0]))).second)
+            return "the key \"" + trimmed(parts[0]) + "\" stands twice; each choice needs a key of its own";
+    }
+    return {};
+}
+
+/// The same of a list of columns "key|name|unit|description|when;...".
+std::string faultOfColumns(const std::string& list) {
+    constexpr std::size_t pieces = 5;
+    std::set<std::string> keys;
+    for (const auto& told : splitText(list, ';')) {
+        const auto parts = splitText(told, '|');
+        if (parts.size() != pieces)
+            return "the column \"" + told + "\" has " + std::to_string(parts.size()) +
+                   " pieces; write \"key|name|unit|description|when\"";
+        if (trimmed(parts[0]).empty() || trimmed(parts[1]).empty())
+            return "the column \"" + told + "\" lacks its key or its name";
+        const std::string when = trimmed(parts[4]);
+        if (when.size() != 1 || when[0] < '0' || when[0] > '4')
+            return "the column \"" + trimmed(parts[0]) + "\" is shown when \"" + when +
+                   "\"; 0 always, 1 with economizer, 2 without, 3 imperial, 4 imperial with economizer";
+        if (!keys.insert(lowered(trimmed(parts[0]))).second)
+            return "the column \"" + trimmed(parts[0]) + "\" stands twice; remove one";
+    }
+    return {};
+}
+
+/// The same of technical data "caption|value;...".
+std::string faultOfPairs(const std::string& list) {
+    for (const auto& pair : splitText(list, ';')) {
+        const auto parts = splitText(pair, '|');
+        if (parts.size() != 2 || trimmed(parts[0]).empty())
+            return "\"" + pair + "\" is no pair; write \"caption|value;caption|value\"";
+    }
+    return {};
+}
+
+/// What the program puts in for a value that names the compressor chosen; others it shows as they stand.
+std::string unknownToken(const std::string& list) {
+    static const std::vector<std::string> tokens{"@cps.motorsize",
+                                                 "@motor.voltagedescription",
+                                                 "@motor.nominalpower",
+                                                 "@cps.startmode",
+                                                 "@motor.lra1",
+                                                 "@motor.lra2",
+                                                 "@cps.fla",
+                                                 "@cps.vi"};
+    const std::string text = lowered(list);
+    for (auto mark = text.find('@'); mark != std::string::npos; mark = text.find('@', mark + 1))
+        if (std::ranges::none_of(
+                tokens, [&](const auto& token) { return text.compare(mark, token.size(), token) == 0; }))
+            return list.substr(mark, list.find_first_of(" ;|", mark) - mark);
+    return {};
+}
+
+class ParameterSetCheck {
+  public:
+    ParameterSetCheck(const Content& content, Faults& faults) : content_(content), faults_(faults) {
+        forEachRow(content, "tDictionary", faults, [this](const Row& row) {
+            texts_[row.text("fLanguageID")].emplace(row.key("fVariableName"), row.text("fText"));
+        });
+        forEachRow(content, "tCompressors", faults, [this](const Row& row) {
+            models_[lowered(row.text("fSerieID") + "-" + row.text("fModelID"))] =
+                row.text("fSerieID") + "-" + row.text("fModelID");
+            seriesOf_[lowered(row.text("fSerieID") + "-" + row.text("fModelID"))] = row.text("fSerieID");
+        });
+    }
+
+    void run() {
+        checkHeads();
+        forEachRow(content_, "tParametersRows", faults_, [this](const Row& row) { checkRow(row); });
+        checkLinks();
+        checkNeeded();
+        checkModels();
+    }
+
+  private:
+    struct Set {
+        bool isApplied = false;
+        bool isWithoutTexts = false;
+        WindowNames windows;
+    };
+
+    void checkHeads() {
+        forEachRow(content_, "tParametersHead", faults_, [this](const Row& row) {
+            Set& set = sets_[row.integer("fParametersRowsID")];
+            if (row.key("fType") == "catalog")
+                checkCatalogHead(row, set);
+            else
+                checkWindowHead(row, set);
+        });
+    }
+
+    void checkCatalogHead(const Row& row, Set& set) {
+        set.isApplied = true;
+        set.windows.insert({"frmselection", "frmselectioninverter"});
+        if (!equalIgnoringCase(row.text("fKey"), technicalDataKey))
+            row.warn("fKey: the program asks for technical data by the key \"" +
+                     std::string(technicalDataKey) + "\" alone; enter it");
+        else if (models_.contains(row.key("fTypeKey")))
+            described_.insert(row.key("fTypeKey"));
+        else
+            row.warn("fTypeKey: there is no model of this series-model; correct the name or remove the set");
+    }
+
+    void checkWindowHead(const Row& row, Set& set) {
+        for (const auto& applied : appliedSets()) {
+            if (row.key("fType") != "frm" || !equalIgnoringCase(row.text("fTypeKey"), applied.typeKey) ||
+                !equalIgnoringCase(row.text("fKey"), applied.key))
+                continue;
+            set.isApplied = true;
+            set.isWithoutTexts = applied.isWithoutTexts;
+            for (const auto window : applied.windows) set.windows.insert(lowered(window));
+            found_.insert(&applied);
+            return;
+        }
+        row.warn(
+            "the program applies no set of this name; it knows \"frm\" with a window and its key, and "
+            "\"catalog\" with series-model");
+    }
+
+    void checkLinks() {
+        std::set<int> rows;
+        forEachRow(content_, "tParametersRows", faults_, [&](const Row& row) {
+            rows.insert(row.integer("fParametersRowsID"));
+            if (!sets_.contains(row.integer("fParametersRowsID")))
+                row.fault("fParametersRowsID: no set of tParametersHead has these rows");
+        });
+        forEachRow(content_, "tParametersHead", faults_, [&](const Row& row) {
+            if (!rows.contains(row.integer("fParametersRowsID")))
+                row.fault("fParametersRowsID: tParametersRows has no such rows");
+        });
+    }
+
+    void checkNeeded() {
+        for (const auto& applied : appliedSets())
+            if (applied.isNeeded && !found_.contains(&applied))
+                faults_.add("tParametersHead.csv", "the set frm, " + std::string(applied.typeKey) + ", " +
+                                                       std::string(applied.key) +
+                                                       " is missing, which the program applies; add it");
+        for (const auto& choice : neutralChoices())
+            if (lists_.contains(lowered(choice.control)) &&
+                ListLookup(choice.key, lists_[lowered(choice.control)]).empty())
+                faults_.add("tParametersRows.csv",
+                            "Tag1 of " + std::string(choice.control) + " does not offer the key \"" +
+                                std::string(choice.key) + "\", to which the forms fall back; add the choice");
+    }
+
+    void checkModels() {
+        std::map<std::string, std::vector<std::string>> missing;
+        for (const auto& [key, name] : models_)
+            if (!described_.contains(key)) missing[seriesOf_[key]].push_back(name);
+        for (const auto& [series, names] : missing)
+            faults_.warn("tParametersHead.csv", "the series " + series + " lacks technical data for " +
+                                                    shortList(names) + "; add a set \"catalog\" for each");
+    }
+
+    void checkRow(const Row& row) {
+        const auto set = sets_.find(row.integer("fParametersRowsID"));
+        if (set == sets_.end()) return;
+        if (!checkPlaceholders(row)) return;
+        if (set->second.isWithoutTexts && row.text("fObjectPropertyValue").find('{') != std::string::npos)
+            row.fault(std::string(column) +
+                      "the program applies this set before there are texts; write the text itself");
+        const auto controls = controlsOf(set->second.windows, row.text("fObjectName"));
+        if (set->second.isApplied && controls.empty()) {
+            row.fault("fObjectName: the window has no control \"" + row.text("fObjectName") +
+                      "\"; correct the name");
+            return;
+        }
+        for (const auto& assignment : splitText(row.text("fObjectPropertyValue"), ':')) {
+            const auto sides = splitText(assignment, '=');
+            if (sides.size() != 2 || trimmed(sides[0]).empty()) {
+                row.fault(
+                    std::string(column) + "\"" + assignment +
+                    "\" is no assignment; write \"Property=value:Property=value\", and no \":\" or \"=\" "
+                    "within a value");
+                continue;
+            }
+            if (!controls.empty())
+                checkAssignment(row, *controls.front(), trimmed(sides[0]), trimmed(sides[1]));
+        }
+    }
+
+    bool checkPlaceholders(const Row& row) const {
+        const std::string& value = row.text("fObjectPropertyValue");
+        const auto defaults = texts_.find("en-EN");
+        bool sound = true;
+        for (auto open = value.find('{'); open != std::string::npos; open = value.find('{', open + 1)) {
+            const auto close = value.find('}', open);
+            if (close == std::string::npos) {
+                row.fault(std::string(column) + "a \"{\" has no \"}\"");
+                return false;
+            }
+            const std::string key = value.substr(open + 1, close - open - 1);
+            if (defaults != texts_.end() && defaults->second.contains(lowered(key))) continue;
+            row.fault(std::string(column) + "the dictionary has no text for the key \"" + key + "\"");
+            sound = false;
+        }
+        return sound;
+    }
+
+    void checkAssignment(const Row& row, const Control& control, const std::string& property,
+                         const std::string& value) {
+        const auto properties = propertiesOf(control.kind);
+        const auto known = std::ranges::find_if(
+            properties, [&](const auto& each) { return equalIgnoringCase(each.name, property); });
+        if (known == properties.end()) {
+            row.fault(std::string(column) + "the control has no property \"" + property +
+                      "\" that a set may assign; correct the name");
+            return;
+        }
+        // Each language may break a list that is sound without texts.
+        for (const auto& [language, unused] : texts_) {
+            const std::string expanded = trimmed(expandedIn(language, value));
+            std::string reason = faultOfValue(control, *known, expanded);
+            if (reason.empty()) continue;
+            if (value.find('{') != std::string::npos) reason += " (in " + language + ")";
+            row.fault(std::string(column) + property + ": " + reason);
+            return;
+        }
+        if (equalIgnoringCase(property, "tag1")) lists_[row.key("fObjectName")] = value;
+        if (control.kind == ControlKind::technical)
+            if (const std::string token = unknownToken(value); !token.empty())
+                row.warn(std::string(column) + "the program puts nothing in for \"" + token + "\"");
+    }
+
+    static std::string faultOfValue(const Control& control, const ControlProperty& property,
+                                    const std::string& value) {
+        if (!convertsTo(property.kind, value)) {
+            constexpr std::array<const char*, 5> wanted{"True or False", "a whole number", "a number",
+                                                        "a colour, #RRGGBB", "a text"};
+            return "\"" + value + "\" is not " + wanted.at(static_cast<std::size_t>(property.kind));
+        }
+        if (equalIgnoringCase(property.name, "tag1")) return faultOfChoices(value);
+        if (control.kind == ControlKind::results && equalIgnoringCase(property.name, "tag"))
+            return faultOfColumns(value);
+        if (control.kind == ControlKind::technical && equalIgnoringCase(property.name, "tag"))
+            return faultOfPairs(value);
+        return {};
+    }
+
+    /// The value as a language shows it. A text that a language lacks is that of the default language.
+    std::string expandedIn(const std::string& language, std::string value) const {
+        for (auto open = value.find('{'); open != std::string::npos; open = value.find('{', open)) {
+            const auto close = value.find('}', open);
+            const std::string key = lowered(value.substr(open + 1, close - open - 1));
+            std::string text;
+            for (const auto& each : {language, std::string("en-EN")})
+                if (const auto texts = texts_.find(each); texts != texts_.end() && text.empty())
+                    if (const auto found = texts->second.find(key); found != texts->second.end())
+                        text = found->second;
+            value.replace(open, close - open + 1, text);
+            open += text.size();
+        }
+        return value;
+    }
+
+    const Content& content_;
+    Faults& faults_;
+    std::map<std::string, std::map<std::string, std::string>> texts_;
+    std::map<std::string, std::string> models_;    ///< Names of series-model by their key.
+    std::map<std::string, std::string> seriesOf_;  ///< The series of each.
+    std::map<int, Set> sets_;
+    std::set<const AppliedSet*> found_;
+    std::set<std::string> described_;
+    std::map<std::string, std::string> lists_;
+};
+
+}  // namespace
+
+void checkParameterSets(const Content& content, Faults& faults) { ParameterSetCheck(content, faults).run(); }
+
+}  // namespace marvello
