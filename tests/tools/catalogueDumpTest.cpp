@@ -85,7 +85,7 @@ TEST_F(CatalogueDump, KeepsWhatCsvMustQuoteAndNumbersToTheLastBit) {
     std::ofstream(content / "tMotors.csv", std::ios::app) << "900,50,0.1,1e-300,-0,1e22,123456.789,0,0,3,\n";
     const fs::path first = catalogueOf(content, "first.mdb");
     writeTables(readCatalogue(first), folder_ / "dumped", false);
-    EXPECT_TRUE(fs::exists(folder_ / "dumped" / "thelp.it-IT.csv"));
+    EXPECT_EQ(bytesOf(folder_ / "dumped" / "thelp.it-IT.terms.rtf"), "{\\rtf1 \"{\\b a},\\par\n}");
     EXPECT_EQ(rowsOf(contentOf(folder_ / "dumped")), rowsOf(contentOf(content)));
     EXPECT_TRUE(bytesOf(first) == bytesOf(catalogueOf(folder_ / "dumped", "second.mdb")));
 }

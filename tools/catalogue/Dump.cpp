@@ -81,31 +81,50 @@ std::string line(const std::vector<std::string>& fields) {
     return joined + "\n";
 }
 
+/// Whether a text can stand between the dots of a file's name.
+bool isFileNamePart(const std::string& text) {
+    return !text.empty() && text.find_first_of("/\\.") == std::string::npos;
+}
+
+std::string languageOf(const Table& table, const Record& record) {
+    if (table.languageColumn.empty()) return {};
+    const auto& language = std::get<std::string>(record.values[table.columnIndex(table.languageColumn)]);
+    if (!isFileNamePart(language))
+        throw std::runtime_error("the language \"" + language + "\" cannot be part of a file's name");
+    return language;
+}
+
+/// A help document is a file of its own, where its name can be part of a file's.
+bool isDocument(const TableContent& content, const Record& record) {
+    return content.table->name == "thelp" && isFileNamePart(content.text(record, "ffield"));
+}
+
 /// The files of a table with their texts.
 std::map<std::string, std::string> filesOf(const TableContent& content) {
     const Table& table = *content.table;
-    const std::size_t language =
-        table.languageColumn.empty() ? table.columns.size() : table.columnIndex(table.languageColumn);
-    const auto fileName = [&](const std::string& part) {
-        if (part.find_first_of("/\\.") != std::string::npos)
-            throw std::runtime_error("the language \"" + part + "\" cannot be part of a file's name");
-        return std::string(table.name) + (part.empty() ? "" : "." + part) + ".csv";
-    };
-    std::vector<std::string> names;
-    for (std::size_t i = 0; i < table.columns.size(); ++i)
-        if (i != language) names.emplace_back(table.columns[i].name);
-
-    std::map<std::string, std::string> files;
-    const bool isByLanguage = language < table.columns.size();
-    if (content.records.empty() || !isByLanguage) files[fileName(isByLanguage ? "en-EN" : "")] = line(names);
-    for (const auto& record : content.records) {
-        const std::string part = isByLanguage ? std::get<std::string>(record.values[language]) : "";
-        std::string& text = files.try_emplace(fileName(part), line(names)).first->second;
+    const auto fieldsOf = [&](const auto& fieldOf) {
         std::vector<std::string> fields;
         for (std::size_t i = 0; i < table.columns.size(); ++i)
-            if (i != language) fields.push_back(fieldText(record.values[i], table.columns[i].kind));
-        text += line(fields);
+            if (table.columns[i].name != table.languageColumn) fields.push_back(fieldOf(i));
+        return line(fields);
+    };
+    const std::string head = fieldsOf([&](std::size_t i) { return std::string(table.columns[i].name); });
+    const auto fileName = [&](const std::string& language) {
+        return std::string(table.name) + (language.empty() ? "" : "." + language) + ".csv";
+    };
+    std::map<std::string, std::string> files;
+    for (const auto& record : content.records) {
+        const std::string language = languageOf(table, record);
+        if (isDocument(content, record)) {
+            files["thelp." + language + "." + content.text(record, "ffield") + ".rtf"] =
+                content.text(record, "fhelp");
+            continue;
+        }
+        files.try_emplace(fileName(language), head).first->second +=
+            fieldsOf([&](std::size_t i) { return fieldText(record.values[i], table.columns[i].kind); });
     }
+    // A table without rows is there all the same.
+    if (files.empty()) files[fileName(table.languageColumn.empty() ? "" : "en-EN")] = head;
     return files;
 }
 
