@@ -162,9 +162,9 @@ TEST(CatalogueFit, PrintsRowsForTheTable) {
         for (double y = 30; y <= 60; y += 10)
             file << x << ',' << y << ',' << 60 + x << ',' << 10 + y / 4 << '\n';
     file.close();
-    const std::string points = "fit " + (folder / "points.csv").string() + " ";
+    const std::string points = " " + (folder / "points.csv").string();
     const auto run = [&](const std::string& arguments, auto listen) {
-        return ::marvello::testing::callProgram("marvello-catalogue", points + arguments, listen);
+        return ::marvello::testing::callProgram("marvello-catalogue", "fit " + arguments + points, listen);
     };
     using ::marvello::testing::Listen;
     const auto rows = run("--id TK-A-X --field 75 --value capacity", Listen::output);
@@ -181,6 +181,8 @@ TEST(CatalogueFit, PrintsRowsForTheTable) {
                 HasSubstr("\"NONE\" has no application limit"));
     EXPECT_EQ(run("--limit '1,2;3'", Listen::errors).status, 2);
     EXPECT_EQ(run("--value nothing", Listen::errors).status, 2);
+    EXPECT_EQ(run("--field nan", Listen::errors).status, 2);
+    EXPECT_EQ(run("--id \"a,b\"", Listen::errors).status, 2);
     std::ofstream(folder / "points.csv", std::ios::app) << "0,40,-3,20\n";
     EXPECT_THAT(run("", Listen::errors).out, StartsWith("points.csv:30: capacity: -3 kW is not positive"));
     fs::remove_all(folder);

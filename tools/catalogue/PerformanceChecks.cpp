@@ -150,10 +150,10 @@ class PerformanceCheck {
             row.warn("fStartMode: the program shows 1 star delta and 2 part winding, and nothing for " +
                      std::to_string(row.integer("fStartMode")));
         const int market = row.integer("fMarket");
-        const bool isOffered = market == 0 || (row.key("fSerieID") == "dz" && market <= 3);
+        const bool isOffered = market == 0 || (row.key("fSerieID") == "dz" && market <= 2);
         if (!isOffered && row.integer("fhasInverter") == 0)
             row.warn("fMarket: no form offers a model of market " + std::to_string(market) +
-                     "; the series DZ alone has markets 1, 2 and 3 for both, others take 0");
+                     "; the series DZ alone has markets 1 and 2, others and both take 0");
         if (row.integer("fhasInverter") != 0) checkFrequencyLaws(row);
     }
 

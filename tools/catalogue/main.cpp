@@ -5,12 +5,14 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <cmath>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <optional>
+#include <stdexcept>
 
 #include "data/Texts.h"
 #include "tools/catalogue/Check.h"
@@ -91,6 +93,10 @@ std::vector<clsPoint> limitOf(const FitArguments& arguments) {
 }
 
 int runFit(FitArguments arguments) {
+    if (arguments.request.polynomialId.find_first_of("';|,\"") != std::string::npos)
+        throw std::runtime_error("--id: a name cannot hold one of ' ; | , \".");
+    if (!std::isfinite(arguments.request.field))
+        throw std::runtime_error("--field: the value is not finite.");
     std::ifstream stream(arguments.file, std::ios::binary);
     if (!stream) throw std::runtime_error("The file " + arguments.file + " cannot be read.");
     const std::string text{std::istreambuf_iterator<char>(stream), {}};
@@ -119,9 +125,12 @@ void describeFit(CLI::App& command, FitArguments& arguments, CLI::Option*& field
                        "The column of the evaporating dew temperature, degrees Celsius (evaporating)");
     command.add_option("--condensing", arguments.names.condensing,
                        "The column of the condensing dew temperature, degrees Celsius (condensing)");
-    command.add_option("--value", arguments.names.values,
-                       "A column to fit, repeatable; without it all others. Columns whose names begin with "
-                       "power or Pta give rows of type 1, others of type 0");
+    command
+        .add_option(
+            "--value", arguments.names.values,
+            "A column to fit, repeatable; without it all others. Columns whose names begin with power "
+            "or Pta give rows of type 1, others of type 0")
+        ->allow_extra_args(false);
     command.add_flag("--discharge", arguments.request.isDischarge,
                      "Fit discharge temperatures: nine coefficients, type 3");
     command.add_option("--id", arguments.request.polynomialId, "fPolynomialID of the rows (NAME)");
