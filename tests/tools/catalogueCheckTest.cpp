@@ -225,6 +225,8 @@ std::vector<Fault> faultsOfParameterSets() {
         {rows, "1,cmbGroupBy", value, "CaptionText={frmpg.caption}", "before there are texts"},
         {head, "populate", "fTypeKey", "frmSelected", "the set frm, frmSelection, populate is missing",
          "tParametersHead.csv:"},
+        {head, "Init", "fKey", "Start", "the set frm, frmSelection, Init is missing", "tParametersHead.csv:"},
+        {rows, "3,txtFrequency", "fParametersRowsID", "1", "the window has no control \"txtFrequency\""},
         {head, "MDIMain", "fParametersRowsID", "9", "tParametersRows has no such rows"},
         {rows, "2,txtSC", "fParametersRowsID", "9", "no set of tParametersHead has these rows"},
         {rows, "2,txtSC", "fObjectName", "txtSX", "the window has no control \"txtSX\""},

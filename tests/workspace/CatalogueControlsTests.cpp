@@ -15,6 +15,7 @@
 #include "workspace/MDIMain.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmSelection.h"
+#include "workspace/frmselectionInverter.h"
 
 using namespace marvello;
 using namespace marvello::testing;
@@ -102,6 +103,8 @@ TEST_F(CatalogueControls, AreThoseOfTheWindows) {
     expectTrue(frame, toldOf("MDIMain"));
     frmSelection form;
     expectTrue(form, toldOf("frmSelection"));
+    frmselectionInverter inverterForm;
+    expectTrue(inverterForm, toldOf("frmselectionInverter"));
 }
 
 TEST_F(CatalogueControls, NoFieldOrCommandIsForgotten) {
@@ -118,6 +121,8 @@ TEST_F(CatalogueControls, NoFieldOrCommandIsForgotten) {
     expectTold(frame, "MDIMain");
     frmSelection form;
     expectTold(form, "frmSelection");
+    frmselectionInverter inverterForm;
+    expectTold(inverterForm, "frmselectionInverter");
 }
 
 TEST_F(CatalogueControls, CapacityStepsAreOfferedForTheSameSeries) {

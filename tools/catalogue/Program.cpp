@@ -65,7 +65,7 @@ std::vector<Control> selectionControls() {
 
 std::vector<Control> inverterControls() {
     std::vector<Control> controls = selectionControls();
-    controls.push_back({"txtFrequency", field, toCome});
+    controls.push_back({"txtFrequency", field});
     return controls;
 }
 
@@ -104,7 +104,7 @@ std::vector<Window> windows() {
              {"lAlphaVersion", label, toCome},
          }},
         {"frmSelection", selectionControls()},
-        {"frmSelectionInverter", inverterControls(), toCome},
+        {"frmselectionInverter", inverterControls()},
     };
 }
 
@@ -261,12 +261,9 @@ bool convertsTo(PropertyKind kind, std::string_view text) {
 std::span<const AppliedSet> appliedSets() {
     static const std::vector<AppliedSet> all{
         {"MDIMain", "eng", true, {"MDIMain"}, true},
-        {"frmSelection", "populate", true, {"frmSelection", "frmSelectionInverter"}},
-        {"frmSelection", "Init", false, {"frmSelectionInverter"}},
-        {"frmSelection", "refresh", false, {"frmSelection", "frmSelectionInverter"}},
-        {"frmSelectionInverter", "populate", false, {"frmSelectionInverter"}},
-        {"frmSelectionInverter", "Init", false, {"frmSelectionInverter"}},
-        {"frmSelectionInverter", "refresh", false, {"frmSelectionInverter"}},
+        {"frmSelection", "populate", true, {"frmSelection", "frmselectionInverter"}},
+        {"frmSelection", "Init", true, {"frmselectionInverter"}},
+        {"frmSelection", "refresh", false, {"frmSelection", "frmselectionInverter"}},
     };
     return all;
 }

@@ -41,7 +41,6 @@ struct Control {
 struct Window {
     std::string_view name;
     std::vector<Control> controls;
-    bool isToCome = false;
 };
 
 std::span<const Window> programWindows();
