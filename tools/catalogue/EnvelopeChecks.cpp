@@ -52,9 +52,9 @@ void checkLine(const Row& row) {
         row.fault("fPoints: the line is not closed; repeat its first point " + pointText(first) +
                   " at the end");
     checkCoordinates(row, line);
-    const clsPoint& topLeft = *line.getLeftPoint();
-    const clsPoint& bottomRight = *line.getRightPoint();
-    if (topLeft.x == bottomRight.x || topLeft.Y == bottomRight.Y)
+    const auto& topLeft = line.getLeftPoint();
+    const auto& bottomRight = line.getRightPoint();
+    if (topLeft && bottomRight && (topLeft->x == bottomRight->x || topLeft->Y == bottomRight->Y))
         row.fault("fPoints: the line holds no area; it needs points of different temperatures");
 }
 

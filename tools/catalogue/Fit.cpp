@@ -100,6 +100,7 @@ void warnOfLimit(const std::vector<Sample>& samples, const FitRequest& request,
                  std::vector<std::string>& warnings) {
     constexpr double tolerated = 0.5;  // K
     std::vector<clsPoint> points;
+    points.reserve(samples.size());
     for (const auto& sample : samples) points.push_back({sample.x, sample.y});
     const auto hull = hullOf(points);
     std::vector<std::string> corners;

@@ -255,8 +255,9 @@ class ParameterSetCheck {
             const std::string expanded = trimmed(expandedIn(language, value));
             std::string reason = faultOfValue(control, *known, expanded);
             if (reason.empty()) continue;
-            if (value.find('{') != std::string::npos) reason += " (in " + language + ")";
-            row.fault(std::string(column) + property + ": " + reason);
+            if (value.find('{') != std::string::npos) reason.append(" (in ").append(language).append(")");
+            std::string told(column);
+            row.fault(told.append(property).append(": ").append(reason));
             return;
         }
         if (equalIgnoringCase(property, "tag1")) lists_[row.key("fObjectName")] = value;

@@ -38,8 +38,11 @@ std::string at(const clsPoint& point) {
 Points samplesOf(const clsPoints& line) {
     constexpr int steps = 10;
     Points samples(line.begin(), line.end());
-    const clsPoint low{line.getLeftPoint()->x, line.getRightPoint()->Y};
-    const clsPoint high{line.getRightPoint()->x, line.getLeftPoint()->Y};
+    const auto& topLeft = line.getLeftPoint();
+    const auto& bottomRight = line.getRightPoint();
+    if (!topLeft || !bottomRight) return samples;
+    const clsPoint low{topLeft->x, bottomRight->Y};
+    const clsPoint high{bottomRight->x, topLeft->Y};
     for (int i = 1; i < steps; ++i)
         for (int j = 1; j < steps; ++j) {
             const double x = low.x + (high.x - low.x) * i / steps;

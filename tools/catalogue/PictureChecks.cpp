@@ -87,10 +87,12 @@ class PictureCheck {
                 faults_.warn(shown,
                              "there is no series or series-model of this name; rename or remove the file");
         }
+        std::vector<std::string> missing;
         for (const auto& series : series_)
-            if (!found.contains(series))
-                faults_.warn(folder_.filename().string() + "/" + name,
-                             "the series " + series + " has no " + what + "; add " + series + extension);
+            if (!found.contains(series)) missing.push_back(series);
+        if (!missing.empty())
+            faults_.warn(folder_.filename().string() + "/" + name,
+                         "no " + what + " of the series " + shortList(missing) + "; add SERIES" + extension);
     }
 
     fs::path folder_;

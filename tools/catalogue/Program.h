@@ -58,6 +58,7 @@ struct AppliedSet {
     std::string_view key;
     bool isNeeded = false;
     /// The windows it is applied to.
+    // NOLINTNEXTLINE(readability-redundant-member-init): GCC asks for it where a set leaves it out
     std::vector<std::string_view> windows{};
     /// Applied before the dictionary is there, so that no value may need a text.
     bool isWithoutTexts = false;

@@ -26,6 +26,7 @@ struct RatingPoints {
 struct RatingNames {
     std::string evaporating = "evaporating";
     std::string condensing = "condensing";
+    // NOLINTNEXTLINE(readability-redundant-member-init): GCC asks for it where a caller leaves it out
     std::vector<std::string> values{};
 };
 

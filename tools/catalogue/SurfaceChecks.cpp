@@ -33,7 +33,7 @@ class SurfaceCheck {
     void checkRows(const Row& row) {
         for (const auto& [column, type] :
              {std::pair{"fPolynomialQ0ID", capacityType}, {"fPolynomialPassID", powerType}}) {
-            const std::string id = row.text(column);
+            const std::string& id = row.text(column);
             used_.insert({lowered(id), type});
             const auto& found = index_.surfaces(id, type);
             if (found.empty()) continue;  // told with the references

@@ -111,7 +111,7 @@ class TextCheck {
 
     void checkTranslations() {
         forEachRow(content_, "tLanguages", faults_, [this](const Row& row) {
-            const std::string language = row.text("fLanguage");
+            const std::string& language = row.text("fLanguage");
             const Texts& translated = texts(language);
             if (translated.empty() || equalIgnoringCase(language, defaultLanguage)) return;
             std::vector<std::string> missing;
