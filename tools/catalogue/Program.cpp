@@ -112,6 +112,8 @@ const std::vector<ControlProperty>& ofEachWidget() {
     static const std::vector<ControlProperty> properties{
         {"Enabled", boolean},    {"Visible", boolean},    {"ToolTip", text},        {"ToolTipText", text},
         {"MinimumWidth", whole}, {"MaximumWidth", whole}, {"MinimumHeight", whole}, {"MaximumHeight", whole},
+        {"Tag", text},           {"BackColor", colour},   {"ForeColor", colour},    {"Left", real},
+        {"Top", real},           {"Width", real},         {"Height", real},         {"FontSize", real},
     };
     return properties;
 }
