@@ -52,13 +52,12 @@ Points samplesOf(const clsPoints& line) {
     return samples;
 }
 
-/// Heat of evaporation at 0 degrees Celsius, kJ/kg, from the saturation tables of the ASHRAE Handbook
-/// Fundamentals, by fluid file.
+/// Heat of evaporation at 0 degrees Celsius, kJ/kg, by fluid file, as `marvello-fluids table` gives it.
 const std::map<std::string, double>& evaporationHeats() {
     static const std::map<std::string, double> heats{
-        {"ammonia.fld", 1262}, {"co2.fld", 231},     {"isobutan.fld", 355}, {"propane.fld", 375},
+        {"ammonia.fld", 1262}, {"co2.fld", 231},     {"isobutan.fld", 354}, {"propane.fld", 375},
         {"propylen.fld", 378}, {"r1234yf.fld", 163}, {"r1234zee.fld", 184}, {"r125.fld", 133},
-        {"r134a.fld", 199},    {"r143a.fld", 186},   {"r152a.fld", 307},    {"r22.fld", 205},
+        {"r134a.fld", 199},    {"r143a.fld", 188},   {"r152a.fld", 307},    {"r22.fld", 205},
         {"r32.fld", 315}};
     return heats;
 }
