@@ -257,8 +257,8 @@ void MDIMain::hideSystemMenu() {
 void MDIMain::OpenForms() {
     const bool any = TabStrip_->count() > 0;
     tabBand_->setVisible(any);
-    for (const char* name :
-         {"frameresize", "cascade", "tilehorizontal", "tilevertical", "mnu_file_close", "mnu_file_closeall"})
+    for (const char* name : {"frameresize", "cascade", "tilehorizontal", "tilevertical",
+                             "mnu_Window_ArrangeIcons", "mnu_file_close", "mnu_file_closeall"})
         commands_[QLatin1String(name)]->setEnabled(any);
     refreshState();
 }

@@ -79,6 +79,7 @@ class MDIMain : public QMainWindow {
     static void offer(AdvanceText* field, int boxWidth, const std::array<const char*, 3>& keys);
     void tileHorizontal();
     void tileVertical();
+    void arrangeIcons();
     void translateCommand(const char* name, const char* key);
 
     const QString version_;

@@ -82,6 +82,7 @@ void MDIMain::makeCommands() {
     connect(command("cascade", "cascade"), &QAction::triggered, this, [this] { area_->cascadeSubWindows(); });
     connect(command("tilehorizontal", "tileh"), &QAction::triggered, this, &MDIMain::tileHorizontal);
     connect(command("tilevertical", "tilev"), &QAction::triggered, this, &MDIMain::tileVertical);
+    connect(command("mnu_Window_ArrangeIcons", nullptr), &QAction::triggered, this, &MDIMain::arrangeIcons);
 }
 
 void MDIMain::makeMenus() {
@@ -101,7 +102,7 @@ void MDIMain::makeMenus() {
     mnu_tools_language_ = mnu_tools_->addMenu(QString());
     mnu_tools_language_->setObjectName(QStringLiteral("mnu_tools_language"));
     mnuWindow_ = menu("mnuWindow");
-    for (const char* name : {"cascade", "tilehorizontal", "tilevertical"})
+    for (const char* name : {"cascade", "tilehorizontal", "tilevertical", "mnu_Window_ArrangeIcons"})
         mnuWindow_->addAction(commands_[name]);
     mnu_help_ = menu("mnu_help");
     mnu_help_->addAction(commands_["mnu_help_Builds"]);
@@ -182,6 +183,7 @@ void MDIMain::Traduci() {
     translateCommand("cascade", "mdimain.menu.window.cascade");
     translateCommand("tilehorizontal", "mdimain.menu.window.tileHorinzontal");
     translateCommand("tilevertical", "mdimain.menu.window.tilevertical");
+    translateCommand("mnu_Window_ArrangeIcons", "mdimain.menu.window.arrangeicons");
     translateCommand("frameresize", "mdimain.toolbar.frameresize");
     translateCommand("frecciaup", "mdimain.toolbar.frecciaup");
     translateCommand("frecciadown", "mdimain.toolbar.frecciadown");
@@ -212,6 +214,18 @@ void MDIMain::tileHorizontal() {
         windows[i]->showNormal();
         const int top = area_->height() * i / count;
         windows[i]->setGeometry(0, top, area_->width(), area_->height() * (i + 1) / count - top);
+    }
+}
+
+// Minimised forms stand side by side at the lower edge, in rows from the bottom.
+void MDIMain::arrangeIcons() {
+    QPoint next(0, area_->viewport()->height());
+    for (QMdiSubWindow* window : area_->subWindowList()) {
+        if (!window->isMinimized()) continue;
+        if (next.x() > 0 && next.x() + window->width() > area_->viewport()->width())
+            next = QPoint(0, next.y() - window->height());
+        window->move(next.x(), next.y() - window->height());
+        next.rx() += window->width();
     }
 }
 

@@ -92,6 +92,7 @@ std::vector<Window> windows() {
              {"cascade", command},
              {"tilehorizontal", command},
              {"tilevertical", command},
+             {"mnu_Window_ArrangeIcons", command},
              {"frameresize", command},
              {"frecciaup", command},
              {"frecciadown", command},

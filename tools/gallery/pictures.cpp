@@ -106,6 +106,12 @@ struct Demonstration {
         window.newSelection();
         window.findChild<QAction*>(QStringLiteral("cascade"))->trigger();
         save(window, "cascade");
+        SelectionForm* inverter = window.newInverterSelection();
+        save(window, "inverter-inputs");
+        inverter->lnkCalculate_Click();
+        save(window, "inverter");
+        window.findChild<QAction*>(QStringLiteral("tilevertical"))->trigger();
+        save(window, "tiled");
         QTimer::singleShot(0, &window, [this] {
             if (QWidget* box = QApplication::activeModalWidget()) {
                 save(*box, "box");
