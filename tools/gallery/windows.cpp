@@ -1,5 +1,5 @@
 // Drives the real windows through a demonstration selection and saves what they show.
-//   marvello-pictures [--dark] [--language it-IT] [--series TK-A] [--refrigerant R134A] FOLDER
+//   marvello-windows [--dark] [--language it-IT] [--series TK-A] [--refrigerant R134A] FOLDER
 // QT_SCALE_FACTOR chooses the scaling. Run from anywhere: the catalogue is that of the program's own folder.
 
 #include <QAction>

@@ -1,0 +1,213 @@
+// Hand-made metafiles: what they draw is told by single pixels, what is broken by there being no picture.
+#include "controls/Metafile.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <random>
+#include <vector>
+
+using marvello::Metafile;
+
+namespace {
+
+using Words = std::vector<std::uint16_t>;
+
+constexpr std::uint16_t createPen = 0x02FA, createBrush = 0x02FC, createFont = 0x02FB, selectObject = 0x012D,
+                        deleteObject = 0x01F0, rectangle = 0x041B, polygon = 0x0324, polyPolygon = 0x0538,
+                        windowExtent = 0x020C, lineTo = 0x0213, moveTo = 0x0214, textOut = 0x0521,
+                        extTextOut = 0x0A32, saveState = 0x001E, restoreState = 0x0127, arc = 0x0817;
+
+constexpr QRgb red = 0xFFFF0000, green = 0xFF00FF00, white = 0xFFFFFFFF;
+
+/// A metafile of 200 x 100 units, 50.8 x 25.4 mm, as its bytes stand in a file.
+class File {
+  public:
+    File() {
+        append({0xCDD7, 0x9AC6, 0, 0, 0, 200, 100, 100, 0, 0});
+        std::uint16_t sum = 0;
+        for (int i = 0; i < 10; ++i) sum = static_cast<std::uint16_t>(sum ^ wordAt(2 * i));
+        append({sum, 1, 9, 0x0300, 0, 0, 8, 0, 0, 0});
+        add(createPen, {5, 0, 0, 0, 0});  // object 0: no line
+        add(selectObject, {0});
+    }
+    File& add(std::uint16_t function, const Words& parameters) {
+        append({static_cast<std::uint16_t>(parameters.size() + 3), 0, function});
+        append(parameters);
+        return *this;
+    }
+    /// A brush of a colour, red lowest.
+    File& brush(std::uint16_t low, std::uint16_t object) {
+        return add(createBrush, {0, low, 0, 0}).add(selectObject, {object});
+    }
+    QByteArray bytes() const {
+        File ended = *this;
+        ended.add(0, {});
+        return ended.bytes_;
+    }
+    QByteArray unended() const { return bytes_; }
+
+  private:
+    std::uint16_t wordAt(int at) const {
+        return static_cast<std::uint16_t>(static_cast<unsigned char>(bytes_[at]) |
+                                          static_cast<unsigned char>(bytes_[at + 1]) << 8);
+    }
+    void append(const Words& words) {
+        for (const auto word : words) {
+            bytes_.append(static_cast<char>(word & 0xFF));
+            bytes_.append(static_cast<char>(word >> 8));
+        }
+    }
+    QByteArray bytes_;
+};
+
+QImage drawn(const QByteArray& bytes, QSize size = {200, 100}) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    Metafile::fromBytes(bytes).draw(painter, image.rect());
+    return image;
+}
+
+}  // namespace
+
+TEST(Metafile, FillsShapesAndKeepsItsAspect) {
+    const File file = File().brush(0x00FF, 1).add(rectangle, {80, 150, 20, 50});  // bottom, right, top, left
+    const QImage image = drawn(file.bytes(), {400, 400});                         // 400 x 200 in its middle
+    EXPECT_EQ(image.pixel(200, 200), red);
+    EXPECT_EQ(image.pixel(110, 150), red);  // the corner lies at 100, 140
+    EXPECT_EQ(image.pixel(90, 150), white);
+    EXPECT_EQ(image.pixel(110, 130), white);
+    EXPECT_EQ(Metafile::fromBytes(file.bytes()).size(), QSizeF(50.8, 25.4));
+}
+
+TEST(Metafile, FillsNestedAreasByOddAndEven) {
+    const QImage image = drawn(File()
+                                   .brush(0xFF00, 1)
+                                   .add(polyPolygon, {2, 4, 4, 10, 10, 90, 10, 90, 90, 10, 90,  //
+                                                      30, 30, 70, 30, 70, 70, 30, 70})
+                                   .bytes());
+    EXPECT_EQ(image.pixel(20, 50), green);
+    EXPECT_EQ(image.pixel(50, 50), white);
+}
+
+TEST(Metafile, GivesANewObjectTheLowestFreeNumberAndRestoresStates) {
+    const QImage image = drawn(File()
+                                   .brush(0x00FF, 1)  // red is object 1
+                                   .add(deleteObject, {0})
+                                   .add(createBrush, {0, 0xFF00, 0, 0})  // green takes 0
+                                   .add(saveState, {})
+                                   .add(selectObject, {0})
+                                   .add(rectangle, {100, 50, 0, 0})
+                                   .add(restoreState, {0xFFFF})  // the last one
+                                   .add(rectangle, {100, 150, 0, 100})
+                                   .bytes());
+    EXPECT_EQ(image.pixel(25, 50), green);
+    EXPECT_EQ(image.pixel(125, 50), red);
+}
+
+TEST(Metafile, DrawsLinesThroughTheWindowAndArcsAgainstTheClock) {
+    const File pen =
+        File().add(windowExtent, {200, 400}).add(createPen, {0, 12, 0, 0x00FF, 0}).add(selectObject, {1});
+    File line = pen;
+    const QImage crossing = drawn(line.add(moveTo, {100, 0}).add(lineTo, {100, 400}).bytes());
+    EXPECT_EQ(crossing.pixel(100, 50), red);
+    EXPECT_EQ(crossing.pixel(100, 30), white);
+    // A circle around 200, 100 from the right (400, 100) to the top (200, 0): only the upper right quarter.
+    File bent = pen;
+    const QImage quarter = drawn(bent.add(arc, {0, 200, 100, 400, 180, 280, 20, 120}).bytes());
+    const int along = 28;  // radius 80 of 400, at 45 degrees, in pixels
+    EXPECT_EQ(quarter.pixel(100 + along, 50 - along), red);
+    EXPECT_EQ(quarter.pixel(100 - along, 50 - along), white);
+    EXPECT_EQ(quarter.pixel(100 - along, 50 + along), white);
+    EXPECT_EQ(quarter.pixel(100 + along, 50 + along), white);
+}
+
+TEST(Metafile, ReadsAndDrawsTexts) {
+    File file;
+    file.add(createFont, {0xFFE2, 0, 0, 0, 400, 0, 0, 0, 0, 'A'}).add(selectObject, {1});
+    file.add(0x012E, {6 | 24})
+        .add(textOut, {3, 'H' | 'H' << 8, 0x80, 60, 100});               // "HH€" around 100 on line 60
+    file.add(extTextOut, {90, 10, 2, 4, 0, 0, 50, 50, 'o' | 'k' << 8});  // clipped: a rectangle first
+    const auto picture = Metafile::fromBytes(file.bytes());
+    EXPECT_EQ(picture.texts(), QStringList({QString::fromUtf8("HH€"), "ok"}));
+    const QImage image = drawn(file.bytes());
+    int left = 200, right = 0, lowest = 0;
+    for (int y = 0; y < 66; ++y)
+        for (int x = 0; x < 200; ++x)
+            if (qGray(image.pixel(x, y)) < 128) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+                lowest = std::max(lowest, y);
+            }
+    EXPECT_NEAR((left + right) / 2.0, 100, 3);
+    EXPECT_NEAR(lowest, 60, 2);
+}
+
+TEST(Metafile, IsNoPictureWhenCutOrWrong) {
+    const QByteArray whole = File().brush(0x00FF, 1).add(rectangle, {80, 150, 20, 50}).bytes();
+    EXPECT_FALSE(Metafile::fromBytes(whole).isNull());
+    EXPECT_FALSE(Metafile::fromBytes(whole + "rest").isNull());
+    for (qsizetype length = 0; length < whole.size(); ++length)
+        EXPECT_TRUE(Metafile::fromBytes(whole.left(length)).isNull()) << length;
+    QByteArray other = whole;
+    other[12] = 1;  // the checksum no longer fits
+    EXPECT_TRUE(Metafile::fromBytes(other).isNull());
+    // Records of no size, one that ends in itself, one beyond the end.
+    for (const auto size : std::initializer_list<std::uint32_t>{0, 2, 1000, 0x7FFFFFFF, 0xFFFFFFFF}) {
+        QByteArray record = File().unended();
+        for (int i = 0; i < 4; ++i) record.append(static_cast<char>(size >> 8 * i & 0xFF));
+        record.append(QByteArray(10, 0));
+        EXPECT_TRUE(Metafile::fromBytes(record).isNull()) << size;
+    }
+    EXPECT_TRUE(Metafile::load("/no/such/file.wmf").isNull());
+}
+
+TEST(Metafile, PassesOverWhatDoesNotFitAndDrawsTheRest) {
+    File file;
+    file.brush(0x00FF, 1);
+    file.add(selectObject, {999})
+        .add(deleteObject, {0xFFFF})
+        .add(restoreState, {0x8000})
+        .add(restoreState, {7});
+    file.add(polygon, {60000, 1, 1, 2, 2}).add(polygon, {0}).add(polygon, {}).add(polyPolygon, {65535, 3, 1});
+    file.add(polyPolygon, {1, 30000, 5, 5}).add(textOut, {65535, 'A'}).add(extTextOut, {1, 1, 9, 6, 0});
+    file.add(windowExtent, {0, 0}).add(arc, {1, 2}).add(arc, {0, 0, 0, 0, 5, 5, 5, 5}).add(createPen, {});
+    file.add(rectangle, {80, 150, 20, 50});
+    EXPECT_EQ(drawn(file.bytes()).pixel(100, 50), red);
+}
+
+TEST(Metafile, IsDrawnInShortTimeWhateverItSays) {
+    // A window of one unit blows all coordinates up; thousands of long dashed lines and of huge letters.
+    File file;
+    file.add(windowExtent, {1, 1}).add(createPen, {3, 1, 0, 0, 0}).add(selectObject, {1});
+    file.add(createFont, {0x8000, 0, 450, 0, 900, 0, 0, 0, 0, 'A'}).add(selectObject, {2});
+    Words zigzag{2000};
+    for (int i = 0; i < 2000; ++i)
+        zigzag.insert(zigzag.end(), {static_cast<std::uint16_t>(i % 2 == 0 ? 0x8000 : 0x7FFF),
+                                     static_cast<std::uint16_t>(i)});
+    for (int i = 0; i < 100; ++i) file.add(polygon, zigzag).add(lineTo, {0x7FFF, 0x8000}).add(moveTo, {0, 0});
+    for (int i = 0; i < 2000; ++i) file.add(textOut, {4, 'W' | 'W' << 8, 'W' | 'W' << 8, 0, 0});
+    drawn(file.bytes());
+}
+
+TEST(Metafile, SurvivesAnyChangedByte) {
+    const Metafile real = Metafile::load(MARVELLO_SOURCE_FOLDER "/content/pictures/dimensions/TK-A.wmf");
+    ASSERT_FALSE(real.isNull());
+    std::minstd_rand random(7);
+    int pictures = 0;
+    for (int i = 0; i < 300; ++i) {
+        QByteArray changed = real.bytes();
+        // The header stays: with it most files would be refused at once.
+        for (int k = 0; k < 6; ++k)
+            changed[40 + static_cast<qsizetype>(random() % static_cast<unsigned>(changed.size() - 40))] =
+                static_cast<char>(random());
+        drawn(changed, {60, 40});
+        pictures += Metafile::fromBytes(changed).isNull() ? 0 : 1;
+    }
+    EXPECT_GT(pictures, 30);
+}
