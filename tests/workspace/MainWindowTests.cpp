@@ -216,3 +216,21 @@ TEST_F(MainWindowTest, WindowsAreArranged) {
     action("tilevertical")->trigger();
     EXPECT_NE(window->forms()[0]->parentWidget()->x(), window->forms()[1]->parentWidget()->x());
 }
+
+TEST_F(MainWindowTest, FormsComeAndGoWithoutATrace) {
+    // What is not freed is found by the sanitizers.
+    window->newSelection()->Quit();
+    settle();
+    const auto widgets = QApplication::allWidgets().size();
+    const auto objects = window->findChildren<QObject*>().size();
+    for (int i = 0; i < 50; ++i) {
+        window->newSelection();
+        window->newInverterSelection()->Quit();
+        settle();
+        window->ActiveForm()->Quit();
+        settle();
+    }
+    EXPECT_EQ(tabs()->count(), 0);
+    EXPECT_EQ(QApplication::allWidgets().size(), widgets);
+    EXPECT_EQ(window->findChildren<QObject*>().size(), objects);
+}

@@ -302,6 +302,33 @@ std::vector<std::string> CompletedKey::keys() const {
     return whole;
 }
 
+std::span<const std::string_view> keysToCome() {
+    static constexpr std::array<std::string_view, 23> keys{"mdimain.menu.file.print",
+                                                           "mdimain.menu.file.printpreview",
+                                                           "mdimain.menu.cpspopup.print",
+                                                           "mdimain.menu.cpspopup.printpreview",
+                                                           "mdimain.menu.tools.export",
+                                                           "mdimain.menu.tools.export.cps",
+                                                           "mdimain.menu.tools.export.polynomials",
+                                                           "report.projectcondition.caption",
+                                                           "report.refrigerant.caption",
+                                                           "report.ted.caption",
+                                                           "report.dew.caption",
+                                                           "report.mid.caption",
+                                                           "report.pe.caption",
+                                                           "report.tcd.caption",
+                                                           "report.pc.caption",
+                                                           "report.liquidsubcooling.caption",
+                                                           "report.motorsize.caption",
+                                                           "report.stepcapacity.caption",
+                                                           "report.outputdata.caption",
+                                                           "report.technicaldata.caption",
+                                                           "report.lblwarning.caption",
+                                                           "report.lblwarning2.caption",
+                                                           "report.lbladdress.caption"};
+    return keys;
+}
+
 std::span<const CompletedKey> completedKeys() {
     static const std::vector<CompletedKey> all = [] {
         std::vector<std::string> fields;

@@ -83,6 +83,9 @@ bool offersCapacitySteps(std::string_view series);
 std::span<const std::string_view> keysInSources();
 std::span<const std::string_view> completedKeysInSources();
 
+/// Keys of what the windows do not have yet: they are asked for as the others.
+std::span<const std::string_view> keysToCome();
+
 /// What a key is completed with.
 struct CompletedKey {
     std::string_view pattern;  ///< As it stands in the sources.
