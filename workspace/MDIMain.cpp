@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QRandomGenerator>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTimer>
@@ -22,6 +23,7 @@
 #include "controls/TabStrip.h"
 #include "data/Globals.h"
 #include "data/Texts.h"
+#include "workspace/AlphaVersion.h"
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/DropList.h"
 #include "workspace/WindowTexts.h"
@@ -129,6 +131,23 @@ void MDIMain::makeStatusBar() {
     statusBar()->addWidget(subject_);
     statusBar()->addWidget(separator_);
     statusBar()->addWidget(counts_, 1);
+    makeAlphaStamp();
+}
+
+// The stamp of a version that is tried out; its colour changes, so that no one overlooks it.
+void MDIMain::makeAlphaStamp() {
+    auto* lAlphaVersion = new QLabel(QStringLiteral("ALPHA"), this);
+    lAlphaVersion->setObjectName(QStringLiteral("lAlphaVersion"));
+    lAlphaVersion->setVisible(isAlphaVersion());
+    statusBar()->addPermanentWidget(lAlphaVersion);
+    if (!isAlphaVersion()) return;
+    constexpr int blinking = 500;  // milliseconds
+    auto* timerBlinking = new QTimer(this);
+    connect(timerBlinking, &QTimer::timeout, lAlphaVersion, [lAlphaVersion] {
+        const auto part = [] { return 1 + QRandomGenerator::global()->bounded(255); };
+        lAlphaVersion->setStyleSheet(QStringLiteral("color: %1").arg(QColor(part(), part(), part()).name()));
+    });
+    timerBlinking->start(blinking);
 }
 
 void MDIMain::populateDictionary(const QString& language) {

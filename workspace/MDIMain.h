@@ -56,6 +56,7 @@ class MDIMain : public QMainWindow {
     SelectionForm* open(std::unique_ptr<SelectionForm> made, const QString& what);
     void makeWorkArea();
     void makeStatusBar();
+    void makeAlphaStamp();
     void populateLanguages();
     void OpenForms();
     void refreshState();

@@ -102,7 +102,7 @@ std::vector<Window> windows() {
              {"TabStrip", pane},
              {"StatusBar1", pane},
              {"statusCounts", label},
-             {"lAlphaVersion", label, toCome},
+             {"lAlphaVersion", label},
          }},
         {"frmSelection", selectionControls()},
         {"frmselectionInverter", inverterControls()},

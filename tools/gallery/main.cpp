@@ -16,9 +16,10 @@
 #include <memory>
 
 #include "controls/AdvanceText.h"
-#include "controls/Container.h"
+#include "controls/ContainerOld.h"
 #include "controls/GraphLegend.h"
 #include "controls/Icons.h"
+#include "controls/Link.h"
 #include "controls/Look.h"
 #include "controls/MessageBox.h"
 #include "controls/MessagesView.h"
@@ -31,6 +32,7 @@
 #include "controls/ctlCombo.h"
 #include "controls/ctlGraph.h"
 #include "controls/ctlLimitsGraphic.h"
+#include "controls/ctlRoundRectangle.h"
 
 using namespace marvello;
 
@@ -256,6 +258,43 @@ QWidget* graphs() {
     return page;
 }
 
+/// A hyperlink, the older panel, a rounded panel with a gradient, and a splitter between two panes.
+QHBoxLayout* panels(QWidget* page) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(16);
+    row->addWidget(new Link("www.kestrom.example", page));
+    auto* older = new ContainerOld(page);
+    older->SetCaptionText("Older panel");
+    older->setProperty("BorderVisible", true);
+    older->setProperty("BorderColor", Look::current().line);
+    older->setFixedSize(150, 84);
+    row->addWidget(older);
+    auto* rounded = new ctlRoundRectangle(page);
+    rounded->setProperty("Gradient", true);
+    rounded->setProperty("GradientColorStop", Look::current().accentTint);
+    rounded->setProperty("GradientSizeValue", 40);
+    rounded->setFixedSize(130, 84);
+    row->addWidget(rounded);
+    auto* splitter = new Splitter(page);
+    for (const char* name : {"left", "right"}) {
+        auto* pane = new QWidget(splitter);
+        pane->setObjectName(name);
+        pane->setAutoFillBackground(true);
+        QPalette ground = pane->palette();
+        ground.setColor(QPalette::Window, Look::current().surfaceAlt);
+        pane->setPalette(ground);
+    }
+    splitter->SetMinSize1(20);
+    splitter->SetMinSize2(20);
+    splitter->SetChild1("left");
+    splitter->SetChild2("right");
+    splitter->SetSplitterPos(70);
+    splitter->setFixedSize(180, 84);
+    row->addWidget(splitter);
+    row->addStretch(1);
+    return row;
+}
+
 QWidget* gallery() {
     auto* page = new QWidget;
     page->setAutoFillBackground(true);
@@ -296,6 +335,7 @@ QWidget* gallery() {
     auto* progress = new ProgressBar(page);
     progress->SetValue(62);
     all->addWidget(progress);
+    all->addLayout(panels(page));
     return page;
 }
 
