@@ -2,9 +2,11 @@
 
 #include <QFontMetrics>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+#include <algorithm>
 #include <memory>
 
 #include "controls/Icons.h"
@@ -21,6 +23,7 @@ constexpr int otherWidth = 83;
 constexpr int markSize = 14;
 constexpr int groupIndent = 10;
 constexpr int rowIndent = 24;
+constexpr int plainIndent = 12;
 constexpr int markGap = 8;
 constexpr int sidePadding = 10;
 
@@ -43,11 +46,15 @@ class CellDelegate : public QStyledItemDelegate {
                               index.data().toString());
             return;
         }
-        const QRect place = option.rect.adjusted(isGroup ? groupIndent : rowIndent, 0, 0, 0);
-        const QRect mark(place.left(), place.top() + (place.height() - markSize) / 2, markSize, markSize);
-        paintMark(*painter, mark, index.data(markRole).toString());
-        painter->drawText(place.adjusted(markSize + markGap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                          index.data().toString());
+        const QString mark = index.data(markRole).toString();
+        const int indent = mark.isEmpty() ? plainIndent : isGroup ? groupIndent : rowIndent;
+        QRect place = option.rect.adjusted(indent, 0, 0, 0);
+        if (!mark.isEmpty()) {
+            const int top = place.top() + (place.height() - markSize) / 2;
+            paintMark(*painter, QRect(place.left(), top, markSize, markSize), mark);
+            place.adjust(markSize + markGap, 0, 0, 0);
+        }
+        painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
     }
 };
 
@@ -64,13 +71,17 @@ ResultsView::ResultsView(QWidget* parent) : QTreeView(parent) {
     setIndentation(0);
     setUniformRowHeights(true);
     setFrameShape(QFrame::NoFrame);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setMouseTracking(true);
     setAllColumnsShowFocus(true);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &ResultsView::rowSelected);
+    // An extended selection grows before the row that leads it is known.
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
+        if (selectionModel()->selectedRows().size() > 1) emit rowSelected();
+    });
 }
 
 void ResultsView::clear() {
@@ -131,6 +142,12 @@ QString ResultsView::tag(int row) const { return model_.index(row, 0).data(tagRo
 QString ResultsView::mark(int row) const { return model_.index(row, 0).data(markRole).toString(); }
 QString ResultsView::text(int row, int column) const { return model_.index(row, column).data().toString(); }
 
+QStringList ResultsView::rowTexts(int row) const {
+    QStringList texts;
+    for (int column = 0; column < model_.columnCount(); ++column) texts += text(row, column);
+    return texts;
+}
+
 QStringList ResultsView::columnKeys() const {
     QStringList keys;
     for (int column = 0; column < model_.columnCount(); ++column)
@@ -146,14 +163,24 @@ QStringList ResultsView::columnTexts() const {
 }
 
 int ResultsView::selectedRow() const {
-    const QModelIndexList rows = selectionModel()->selectedRows();
-    return rows.isEmpty() ? -1 : rows.front().row();
+    const QModelIndex current = currentIndex();
+    if (current.isValid() && selectionModel()->isRowSelected(current.row(), {})) return current.row();
+    const QList<int> rows = selectedRows();
+    return rows.isEmpty() ? -1 : rows.front();
+}
+
+QList<int> ResultsView::selectedRows() const {
+    QList<int> rows;
+    for (const QModelIndex& index : selectionModel()->selectedRows()) rows += index.row();
+    std::sort(rows.begin(), rows.end());
+    return rows;
 }
 
 void ResultsView::selectRow(int row) {
     if (row < 0 || row >= model_.rowCount()) return;
     const QModelIndex index = model_.index(row, 0);
-    setCurrentIndex(index);
+    // By itself alone, whatever keys are held down: Ctrl belongs to the keys that walk through the results.
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(index);
 }
 
@@ -191,6 +218,13 @@ void ResultsView::drawRow(QPainter* painter, const QStyleOptionViewItem& options
     plain.palette.setColor(QPalette::Highlight, Qt::transparent);
     plain.backgroundBrush = Qt::NoBrush;
     QTreeView::drawRow(painter, plain, index);
+}
+
+void ResultsView::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy))
+        emit copyRequested();
+    else
+        QTreeView::keyPressEvent(event);
 }
 
 bool ResultsView::viewportEvent(QEvent* event) {

@@ -7,7 +7,8 @@
 
 namespace marvello {
 
-/// A list of results in columns, under group rows. Rows and columns are known by their keys.
+/// A list of results in columns, under group rows. Rows and columns are known by their keys. Several rows may
+/// be selected; the one chosen last leads.
 class ResultsView : public QTreeView {
     Q_OBJECT
     Q_PROPERTY(QString Tag MEMBER tag_)
@@ -22,7 +23,7 @@ class ResultsView : public QTreeView {
         QString key;
         QString tag;
         QString label;
-        QString mark;        ///< name of the mark, such as "ledgreen"
+        QString mark;        ///< name of the mark, such as "ledgreen"; blank without one
         QString markText;    ///< what the mark says, for a screen reader
         QStringList values;  ///< one for each column after the first
     };
@@ -47,24 +48,31 @@ class ResultsView : public QTreeView {
     QString tag(int row) const;
     QString text(int row, int column) const;
     QString mark(int row) const;
+    /// The label and the values of a row.
+    QStringList rowTexts(int row) const;
     QStringList columnKeys() const;
     QStringList columnTexts() const;
 
-    /// -1 without a selected row.
+    /// The selected row that leads, -1 without a selected row.
     int selectedRow() const;
-    /// Selects a row and scrolls to it; nothing for a row that is not there.
+    /// All selected rows, from the top.
+    QList<int> selectedRows() const;
+    /// Selects a row alone and scrolls to it; nothing for a row that is not there.
     void selectRow(int row);
     /// Selects the row of a key. False when there is none.
     bool selectKey(const QString& key);
 
   signals:
-    /// The selected row changed, by mouse, key or program.
+    /// The selected rows changed, by mouse, key or program.
     void rowSelected();
+    /// The keys of copying were pressed.
+    void copyRequested();
 
   protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& options,
                  const QModelIndex& index) const override;
     bool viewportEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     bool isInUse() const;

@@ -64,8 +64,8 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int secti
         painter->drawText(rect.adjusted(12, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter, name);
     } else {
         const QRect inner = rect.adjusted(4, 5, -sidePadding, -5);
-        painter->drawText(inner.adjusted(0, 0, 0, -inner.height() / 2), Qt::AlignRight | Qt::AlignVCenter,
-                          name);
+        const int unitHeight = unit.isEmpty() ? 0 : inner.height() / 2;
+        painter->drawText(inner.adjusted(0, 0, 0, -unitHeight), Qt::AlignRight | Qt::AlignVCenter, name);
         painter->setPen(look.muted);
         painter->setFont(unitFont());
         painter->drawText(inner.adjusted(0, inner.height() / 2, 0, 0), Qt::AlignRight | Qt::AlignVCenter,

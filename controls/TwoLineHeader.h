@@ -4,8 +4,8 @@
 
 namespace marvello {
 
-/// Paints a column text "name(unit)" in two lines, the name above the unit; an empty "()" is dropped. The
-/// text of the model stays whole.
+/// Paints a column text "name(unit)" in two lines, the name above the unit; an empty "()" is dropped,
+/// and a name without a unit stands in the middle. The text of the model stays whole.
 class TwoLineHeader : public QHeaderView {
     Q_OBJECT
 

@@ -13,6 +13,8 @@ namespace {
 constexpr int frameHeight = 32;
 constexpr int minimumFrameWidth = 88;
 constexpr int sidePadding = 16;
+constexpr int iconSide = 16;
+constexpr int iconGap = 8;
 constexpr int chipGap = 8;
 constexpr int chipPadding = 5;
 
@@ -42,6 +44,7 @@ QFont ctlBtn::captionFont() const {
 
 QSize ctlBtn::sizeHint() const {
     double width = QFontMetricsF(captionFont()).horizontalAdvance(text()) + 2 * sidePadding;
+    if (!icon().isNull()) width += iconSide + iconGap;
     if (!keyHint_.isEmpty()) width += chipGap + chipWidth(keyHint_);
     return {std::max(minimumFrameWidth, static_cast<int>(width) + 1) + 2 * ring, frameHeight + 2 * ring};
 }
@@ -83,8 +86,13 @@ void ctlBtn::paintEvent(QPaintEvent*) {
     painter.setPen(colours.text);
     const double textWidth = QFontMetricsF(font).size(Qt::TextShowMnemonic, text()).width();
     const double chip = keyHint_.isEmpty() ? 0 : chipWidth(keyHint_);
-    const double whole = textWidth + (chip > 0 ? chipGap + chip : 0);
-    const double left = frame.center().x() - whole / 2;
+    const double before = icon().isNull() ? 0 : iconSide + iconGap;
+    const double whole = before + textWidth + (chip > 0 ? chipGap + chip : 0);
+    const double left = frame.center().x() - whole / 2 + before;
+    if (before > 0)
+        icon().paint(&painter,
+                     QRectF(left - before, frame.center().y() - iconSide / 2.0, iconSide, iconSide).toRect(),
+                     Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
     painter.drawText(QRectF(left, frame.top(), textWidth + 1, frame.height()),
                      Qt::AlignVCenter | Qt::TextShowMnemonic, text());
     if (chip == 0) return;

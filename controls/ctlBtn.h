@@ -5,8 +5,8 @@
 
 namespace marvello {
 
-/// A flat button. As the main button of its window it is filled with the accent; a key hint is shown as a
-/// chip behind the caption. Colours that are not set follow the look.
+/// A flat button. As the main button of its window it is filled with the accent; an icon stands before the
+/// caption, a key hint is shown as a chip behind it. Colours that are not set follow the look.
 class ctlBtn : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(bool Enabled READ isEnabled WRITE setEnabled)
