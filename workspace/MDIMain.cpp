@@ -287,6 +287,7 @@ void MDIMain::refreshState() {
     const bool hasResults = form && form->hasResults();
     commands_[QStringLiteral("frecciaup")]->setEnabled(hasResults);
     commands_[QStringLiteral("frecciadown")]->setEnabled(hasResults);
+    commands_[QStringLiteral("mnu_tools_copytoclipboard")]->setEnabled(form && form->canCopy());
     commands_[QStringLiteral("frameresize")]->setChecked(form && form->isCollapsed());
     cmbGroupBy_->setEnabled(hasResults);
     cmbmeasureunits_->setEnabled(form != nullptr);

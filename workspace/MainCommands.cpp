@@ -61,6 +61,12 @@ void MDIMain::makeCommands() {
     connect(command("mnu_file_closeall", nullptr), &QAction::triggered, this, &MDIMain::closeAll);
     connect(command("mnu_file_exit", nullptr, QKeySequence::Quit), &QAction::triggered, this,
             &QWidget::close);
+    QAction* copy = command("mnu_tools_copytoclipboard", "copy", QKeySequence::Copy);
+    // The key belongs to what has the focus: the list copies its rows, a field its text.
+    copy->setShortcutContext(Qt::WidgetShortcut);
+    connect(copy, &QAction::triggered, this, [this] {
+        if (SelectionForm* form = ActiveForm()) form->MnuPopUp(QStringLiteral("copytoclipboard"));
+    });
     QAction* panel = command("frameresize", "panel", QKeySequence(Qt::Key_F9));
     panel->setCheckable(true);
     connect(panel, &QAction::toggled, this, [this](bool collapse) {
@@ -99,6 +105,8 @@ void MDIMain::makeMenus() {
     mnu_file_->addSeparator();
     mnu_file_->addAction(commands_["mnu_file_exit"]);
     mnu_tools_ = menu("mnu_tools");
+    mnu_tools_->addAction(commands_["mnu_tools_copytoclipboard"]);
+    mnu_tools_->addSeparator();
     mnu_tools_language_ = mnu_tools_->addMenu(QString());
     mnu_tools_language_->setObjectName(QStringLiteral("mnu_tools_language"));
     mnuWindow_ = menu("mnuWindow");
@@ -117,6 +125,7 @@ void MDIMain::makeToolBar() {
     setContextMenuPolicy(Qt::NoContextMenu);
     CoolBar1_->setIconSize(QSize(20, 20));
     const QList<QList<const char*>> groups{{"mnu_file_new_selection"},
+                                           {"mnu_tools_copytoclipboard"},
                                            {"frameresize"},
                                            {"frecciaup", "frecciadown"},
                                            {"cascade", "tilehorizontal", "tilevertical"}};
@@ -180,6 +189,7 @@ void MDIMain::Traduci() {
     translateCommand("mnu_file_close", "mdimain.menu.file.close");
     translateCommand("mnu_file_closeall", "mdimain.menu.file.closeall");
     translateCommand("mnu_file_exit", "mdimain.menu.file.exit");
+    translateCommand("mnu_tools_copytoclipboard", "mdimain.menu.tools.copytoclipboard");
     translateCommand("cascade", "mdimain.menu.window.cascade");
     translateCommand("tilehorizontal", "mdimain.menu.window.tileHorinzontal");
     translateCommand("tilevertical", "mdimain.menu.window.tilevertical");

@@ -1,8 +1,13 @@
 #include "workspace/SelectionForm.h"
 
+#include <QAction>
+#include <QActionGroup>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QShortcut>
+#include <QStackedWidget>
 #include <QVBoxLayout>
+#include <array>
 
 #include "controls/AdvanceText.h"
 #include "controls/Look.h"
@@ -13,9 +18,13 @@
 #include "controls/ctlBtn.h"
 #include "data/Globals.h"
 #include "workspace/ApplyFormParameters.h"
+#include "workspace/DimensionPage.h"
 #include "workspace/DropList.h"
 #include "workspace/EmptyPage.h"
 #include "workspace/InputPanel.h"
+#include "workspace/LimitsPage.h"
+#include "workspace/PolynomialsPage.h"
+#include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmpG.h"
 
@@ -30,6 +39,21 @@ constexpr int leastListHeight = 120;
 constexpr int listHeightAtStart = 338;
 constexpr int captionWidth = 112;
 constexpr int wideCaptionWidth = 116;
+
+/// The pages in the order of their tabs: the key of the tab, and the text of its entry in the pop-up menu.
+struct Page {
+    const char* key;
+    const char* menuText;
+};
+constexpr std::array<Page, 5> allPages{{
+    {"messages", "mdimain.menu.cpspopup.messages"},
+    {"tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
+    {"polynomials", "mdimain.menu.cpspopup.polynomials"},
+    {"dimension", "mdimain.menu.cpspopup.dimesion"},
+    {"limits", "mdimain.menu.cpspopup.limits"},
+}};
+
+QString menuName(const char* key) { return QStringLiteral("mnu_cpspopup_") + QLatin1String(key); }
 
 /// A plain widget that paints its ground.
 QWidget* pane(const char* name, QWidget* parent) {
@@ -94,14 +118,14 @@ void SelectionForm::makePanes() {
     auto* band = new TabBand(TabStrip::Kind::pages, Frame4);
     TabStrip_ = band->strip();
     TabStrip_->setObjectName(QStringLiteral("TabStrip"));
-    TabStrip_->addKeyed(QStringLiteral("messages"), QString());
-    lvMessages_ = new MessagesView(Frame4);
-    lvMessages_->setObjectName(QStringLiteral("lvMessages"));
-    auto* pages = new QVBoxLayout(Frame4);
-    pages->setContentsMargins(0, 0, 0, 0);
-    pages->setSpacing(0);
-    pages->addWidget(band);
-    pages->addWidget(lvMessages_, 1);
+    for (const Page& page : allPages) TabStrip_->addKeyed(QLatin1String(page.key), QString());
+    makePages(Frame4);
+    makePopUp();
+    auto* below = new QVBoxLayout(Frame4);
+    below->setContentsMargins(0, 0, 0, 0);
+    below->setSpacing(0);
+    below->addWidget(band);
+    below->addWidget(pages_, 1);
 
     Splitter2_->SetOrientation(1);
     Splitter2_->SetMinSize1(leastListHeight);
@@ -121,9 +145,55 @@ void SelectionForm::makePanes() {
         PopulateFrame4();
         emit stateChanged();
     });
-    connect(TabStrip_, &QTabBar::currentChanged, this, &SelectionForm::PopulateFrame4);
+    connect(lvCps_, &QWidget::customContextMenuRequested, this, &SelectionForm::openPopUp);
+    connect(lvCps_, &ResultsView::copyRequested, this, &SelectionForm::CopyToClipBoard);
+    connect(TabStrip_, &QTabBar::currentChanged, this, &SelectionForm::tabChanged);
+    tabChanged();
     connect(Splitter1_, &Splitter::moved, this, &SelectionForm::sizesChanged);
     connect(Splitter2_, &Splitter::moved, this, &SelectionForm::sizesChanged);
+}
+
+// In the order of the tabs.
+void SelectionForm::makePages(QWidget* Frame4) {
+    pages_ = new QStackedWidget(Frame4);
+    lvMessages_ = new MessagesView(pages_);
+    lvMessages_->setObjectName(QStringLiteral("lvMessages"));
+    technical_ = new TechnicalPage(pages_);
+    polynomials_ = new PolynomialsPage(pages_);
+    dimension_ = new DimensionPage(pages_);
+    dimension_->setObjectName(QStringLiteral("picDimension"));
+    limits_ = new LimitsPage(pages_);
+    for (QWidget* page :
+         std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_})
+        pages_->addWidget(page);
+}
+
+void SelectionForm::makePopUp() {
+    mnu_cpspopup_ = new QMenu(this);
+    mnu_cpspopup_->setObjectName(QStringLiteral("mnu_cpspopup"));
+    auto* shown = new QActionGroup(mnu_cpspopup_);
+    for (const Page& page : allPages) {
+        QAction* entry = shown->addAction(mnu_cpspopup_->addAction(QString()));
+        entry->setObjectName(menuName(page.key));
+        entry->setCheckable(true);
+        connect(entry, &QAction::triggered, this, [this, key = page.key] { MnuPopUp(QLatin1String(key)); });
+    }
+    mnu_cpspopup_->addSeparator();
+    QAction* copy = mnu_cpspopup_->addAction(QString());
+    copy->setObjectName(menuName("copyclipboard"));
+    connect(copy, &QAction::triggered, this, [this] { MnuPopUp(QStringLiteral("copytoclipboard")); });
+    lvCps_->setContextMenuPolicy(Qt::CustomContextMenu);
+}
+
+void SelectionForm::openPopUp(const QPoint& place) {
+    if (isCompressorRow(lvCps_->selectedRow())) mnu_cpspopup_->popup(lvCps_->viewport()->mapToGlobal(place));
+}
+
+void SelectionForm::tabChanged() {
+    const int tab = TabStrip_->currentIndex();
+    pages_->setCurrentIndex(tab);
+    mnu_cpspopup_->actions().at(tab)->setChecked(true);
+    PopulateFrame4();
 }
 
 void SelectionForm::setKey(const QString& key) {
@@ -150,7 +220,7 @@ void SelectionForm::Traduci() {
     frame2_->setTexts(dictionaryText(QStringLiteral("frmselection.empty.title")),
                       dictionaryText(QStringLiteral("frmselection.empty.text")), panel_->lnkCalculate->text(),
                       QStringLiteral("F5"));
-    translateTabs();
+    translatePages();
     // The descriptions of the chosen keys, in the new language.
     for (AdvanceText* field : panel_->fields())
         if (field->Locked()) showChoice(field);
@@ -160,10 +230,15 @@ void SelectionForm::Traduci() {
     if (hasResults()) relistResults();
 }
 
-void SelectionForm::translateTabs() {
+void SelectionForm::translatePages() {
     for (int tab = 0; tab < TabStrip_->count(); ++tab)
         TabStrip_->setTabText(
             tab, dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.") + TabStrip_->key(tab)));
+    const auto entry = [this](const char* key) { return findChild<QAction*>(menuName(key)); };
+    for (const Page& page : allPages) entry(page.key)->setText(dictionaryText(QLatin1String(page.menuText)));
+    entry("copyclipboard")->setText(dictionaryText(QStringLiteral("mdimain.menu.cpspopup.copytoclipboard")));
+    polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
+                           dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
 }
 
 void SelectionForm::CloseFrame(bool collapse) {
@@ -182,6 +257,7 @@ void SelectionForm::CloseFrame(bool collapse) {
 
 void SelectionForm::MnuPopUp(const QString& name) {
     if (const int tab = TabStrip_->indexOf(name); tab >= 0) TabStrip_->setCurrentIndex(tab);
+    if (name == u"copytoclipboard") CopyToClipBoard();
 }
 
 void SelectionForm::Quit() {

@@ -10,16 +10,23 @@
 #include "workspace/MeasureSystem.h"
 #include "workspace/SelectionKind.h"
 
+class QMenu;
+class QStackedWidget;
+
 namespace marvello {
 
 class AdvanceText;
+class DimensionPage;
 class DropList;
 class EmptyPage;
 class InputPanel;
+class LimitsPage;
 class MessagesView;
+class PolynomialsPage;
 class ResultsView;
 class Splitter;
 class TabStrip;
+class TechnicalPage;
 class frmpG;
 
 /// A selection form: the inputs at the left, and beside them what to do next or the results of the last
@@ -47,8 +54,10 @@ class SelectionForm : public QWidget {
     void MeasureUnits(int unit, bool refresh);
     int MeasureUnit() const { return static_cast<int>(measureUnit_); }
     void CloseFrame(bool collapse);
-    /// Carries out a command by its key: "messages" selects the page of that name.
+    /// Carries out a command by its key: "messages" selects the page of that name, "copytoclipboard" copies.
     void MnuPopUp(const QString& name);
+    /// Copies the selected compressors of the list with their values, separated by tabs.
+    void CopyToClipBoard();
     void Quit();
 
     /// Starts a calculation, as the button and F5 do.
@@ -59,6 +68,8 @@ class SelectionForm : public QWidget {
     void moveSelection(int rows);
 
     bool hasResults() const;
+    /// True with a compressor as the selected row.
+    bool canCopy() const;
     /// How many compressors of the list carry a mark.
     int countOf(const QString& mark) const;
     /// The choice that the inputs stand at, as "R134A · TK-A".
@@ -85,8 +96,12 @@ class SelectionForm : public QWidget {
   private:
     // SelectionForm.cpp
     void makePanes();
+    void makePages(QWidget* Frame4);
+    void makePopUp();
+    void openPopUp(const QPoint& place);
+    void tabChanged();
     void applySet(const QString& key);
-    void translateTabs();
+    void translatePages();
 
     // SelectionInputs.cpp
     void connectInputs();
@@ -129,7 +144,17 @@ class SelectionForm : public QWidget {
     /// Lists the results anew with the same row selected.
     void relistResults();
     void addCompressor(clsCompressor& compressor, const QString& label);
+    bool isCompressorRow(int row) const;
+    /// The compressor of a row; nothing for a group and for one that the last calculation does not hold.
+    clsCompressor* compressorOf(int row) const;
+
+    // SelectionPages.cpp
+    void clearPages();
     void populateMessages(const clsCompressor& compressor);
+    void populateTechnical(const clsCompressor& compressor);
+    void populatePolynomials(const clsCompressor& compressor);
+    void populateDimension(const clsCompressor& compressor);
+    void populateLimits(const clsCompressor& compressor);
 
     const SelectionKind& kind_;
     QString key_;
@@ -147,7 +172,13 @@ class SelectionForm : public QWidget {
     EmptyPage* frame2_;
     ResultsView* lvCps_;
     TabStrip* TabStrip_;
+    QStackedWidget* pages_;
     MessagesView* lvMessages_;
+    TechnicalPage* technical_;
+    PolynomialsPage* polynomials_;
+    DimensionPage* dimension_;
+    LimitsPage* limits_;
+    QMenu* mnu_cpspopup_;
     DropList* dropList_;
     std::unique_ptr<frmpG> progress_;
     std::unique_ptr<clsSelections> Selection_;

@@ -1,14 +1,12 @@
-// The list of results and the pages of the selected compressor.
+// The list of results.
 
 #include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "controls/AdvanceText.h"
-#include "controls/MessagesView.h"
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
-#include "controls/TabStrip.h"
 #include "workspace/InputPanel.h"
 #include "workspace/ResultsList.h"
 #include "workspace/SelectionForm.h"
@@ -97,39 +95,12 @@ void SelectionForm::addCompressor(clsCompressor& compressor, const QString& labe
     lvCps_->addRow({fromCore(compressor.Key()), tag, label, mark, markText(mark), values});
 }
 
-void SelectionForm::PopulateFrame4() {
-    if (Splitter2_->isHidden()) return;
-    lvMessages_->clear();
-    lvMessages_->setEmptyText(QString());
-    const int row = lvCps_->selectedRow();
-    if (row < 0 || lvCps_->isGroup(row)) {
-        TabStrip_->setToolTip(row < 0 ? QString() : lvCps_->text(row, 0));
-        return;
-    }
-    TabStrip_->setToolTip(QString());
-    const std::string key = toCore(lvCps_->key(row));
-    if (!Selection_->Exist(key)) return;
-    populateMessages(Selection_->Item(key));
-}
+bool SelectionForm::isCompressorRow(int row) const { return row >= 0 && !lvCps_->isGroup(row); }
 
-void SelectionForm::populateMessages(const clsCompressor& compressor) {
-    const auto list = [this](const clsMessages& messages, const QString& mark) {
-        for (const clsMessage& message : messages) {
-            QString text;
-            try {
-                text = fromCore(message.Description());
-            } catch (const std::exception&) {
-                text =
-                    fromCore(message.Name);  // The catalogue lacks the text; its key says more than nothing.
-            }
-            lvMessages_->addMessage(mark, text, fromCore(message.Name));
-        }
-    };
-    lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
-    list(compressor.Messages.Error, QStringLiteral("msgerror"));
-    if (compressor.Messages.Error.Count() > 0) return;
-    list(compressor.Messages.Attention, QStringLiteral("msgattention"));
-    list(compressor.Messages.Information, QStringLiteral("msginformation"));
+clsCompressor* SelectionForm::compressorOf(int row) const {
+    if (!isCompressorRow(row)) return nullptr;
+    const std::string key = toCore(lvCps_->key(row));
+    return Selection_->Exist(key) ? &Selection_->Item(key) : nullptr;
 }
 
 void SelectionForm::moveSelection(int rows) {
@@ -138,6 +109,8 @@ void SelectionForm::moveSelection(int rows) {
 }
 
 bool SelectionForm::hasResults() const { return !Splitter2_->isHidden(); }
+
+bool SelectionForm::canCopy() const { return hasResults() && isCompressorRow(lvCps_->selectedRow()); }
 
 int SelectionForm::countOf(const QString& mark) const {
     int count = 0;

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenu>
@@ -140,14 +141,20 @@ TEST_F(MainWindowTest, CommandsFollowTheStateOfTheActiveForm) {
     EXPECT_TRUE(action("frecciadown")->isEnabled());
     EXPECT_TRUE(status().contains("3")) << status().toStdString();
     auto* list = control<ResultsView>(*form, "lvCps");
+    EXPECT_TRUE(action("mnu_tools_copytoclipboard")->isEnabled());
+    action("mnu_tools_copytoclipboard")->trigger();
+    EXPECT_TRUE(QApplication::clipboard()->text().contains("\r\nR134A\tTK-A\t100\t"));
     action("frecciaup")->trigger();
     EXPECT_EQ(list->selectedRow(), 0);
+    EXPECT_FALSE(action("mnu_tools_copytoclipboard")->isEnabled()) << "a group is no compressor";
     action("frecciaup")->trigger();
     EXPECT_EQ(list->selectedRow(), 0);
+    list->selectRow(1);
     choose(*window, "cmbGroupBy", "1");
     EXPECT_EQ(list->rowCount(), 6);
     window->newSelection();
     EXPECT_FALSE(action("frecciadown")->isEnabled());
+    EXPECT_FALSE(action("mnu_tools_copytoclipboard")->isEnabled());
 }
 
 TEST_F(MainWindowTest, ALanguageIsTakenByAllFormsAndKept) {

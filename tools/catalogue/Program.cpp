@@ -51,15 +51,22 @@ std::vector<Control> selectionControls() {
         {"lvCps", results},
         {"TabStrip", pane},
         {"lvMessages", pane},
-        {"PicScroll", pane, toCome},
-        {"picTecnic", technical, toCome},
-        {"ImageCPS", label, toCome},
-        {"lvPolynomials", pane, toCome},
-        {"labelPoly", label, toCome},
-        {"ctlCopyPolynomials", button, toCome},
-        {"picDimension", pane, toCome},
-        {"limitgraph", pane, toCome},
-        {"picGraphLbl", pane, toCome},
+        {"PicScroll", pane},
+        {"picTecnic", technical},
+        {"ImageCPS", label},
+        {"lvPolynomials", pane},
+        {"labelPoly", label},
+        {"ctlCopyPolynomials", button},
+        {"picDimension", pane},
+        {"limitgraph", graph},
+        {"picGraphLbl", pane},
+        {"mnu_cpspopup", pane},
+        {"mnu_cpspopup_messages", command},
+        {"mnu_cpspopup_tecnic", command},
+        {"mnu_cpspopup_polynomials", command},
+        {"mnu_cpspopup_dimension", command},
+        {"mnu_cpspopup_limits", command},
+        {"mnu_cpspopup_copyclipboard", command},
     };
 }
 
@@ -83,7 +90,7 @@ std::vector<Window> windows() {
              {"mnu_tools", pane},
              {"mnu_tools_export_cps", command, toCome},
              {"mnu_tools_export_polynomials", command, toCome},
-             {"mnu_tools_copytoclipboard", command, toCome},
+             {"mnu_tools_copytoclipboard", command},
              {"mnu_tools_language", pane},
              {"mnuWindow", pane},
              {"mnu_help", pane},
@@ -192,6 +199,10 @@ const std::vector<ControlProperty>& ownProperties(ControlKind kind) {
                                                          {"AllowResize", boolean},
                                                          {"LiveUpdate", boolean},
                                                          {"ClipCursor", boolean}};
+    static const std::vector<ControlProperty> ofGraph{
+        {"BackColor", colour}, {"ScaleLeft", real},      {"ScaleTop", real},    {"ScaleWidth", real},
+        {"ScaleHeight", real}, {"AxisVisible", boolean}, {"AxisColor", colour}, {"GridVisible", boolean},
+        {"GridGap", real},     {"GridColor", colour},    {"TextX", text},       {"TextY", text}};
     switch (kind) {
         case window:
             return ofWindow;
@@ -208,6 +219,8 @@ const std::vector<ControlProperty>& ownProperties(ControlKind kind) {
             return ofSplitter;
         case container:
             return ofContainer;
+        case graph:
+            return ofGraph;
         case command:
             return ofCommand;
         case pane:

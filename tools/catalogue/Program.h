@@ -29,6 +29,7 @@ enum class ControlKind {
     technical,  ///< page of technical data, its pairs in "Tag"
     splitter,   ///< two panes and the bar between
     container,  ///< framed group
+    graph,      ///< envelope of a compressor
     command     ///< entry of a menu or a tool bar
 };
 

@@ -54,6 +54,18 @@ struct Demonstration {
         window.findChild<QAction*>(QLatin1String(command))->trigger();
     }
 
+    /// Saves every page of the selected compressor, and the menu of its row.
+    void savePages(MDIMain& window, SelectionForm& form) const {
+        for (const char* page : {"tecnic", "polynomials", "dimension", "limits", "messages"}) {
+            form.MnuPopUp(QLatin1String(page));
+            save(window, qPrintable(QStringLiteral("page-") + QLatin1String(page)));
+        }
+        auto* menu = form.findChild<QMenu*>(QStringLiteral("mnu_cpspopup"));
+        menu->popup(window.mapToGlobal(QPoint(500, 300)));
+        save(*menu, "page-menu");
+        menu->hide();
+    }
+
     void run(MDIMain& window) const {
         save(window, "empty-frame");
         saveDialog(window, "mnu_file_new_selection", "start-menu");
@@ -87,6 +99,7 @@ struct Demonstration {
         });
         form->lnkCalculate_Click();
         save(window, "results");
+        savePages(window, *form);
         auto* results = form->findChild<ResultsView*>(QStringLiteral("lvCps"));
         for (int row = 0; row < results->rowCount(); ++row)
             if (results->mark(row) == u"ledorange") results->selectRow(row);
@@ -103,6 +116,8 @@ struct Demonstration {
         }
         form->MeasureUnits(1, true);
         save(window, "imperial");
+        form->MnuPopUp(QStringLiteral("limits"));
+        save(window, "page-limits-imperial");
         window.newSelection();
         window.findChild<QAction*>(QStringLiteral("cascade"))->trigger();
         save(window, "cascade");

@@ -1,0 +1,290 @@
+// The pages of the selected compressor, its pop-up menu, and what is copied.
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QMenu>
+#include <QTest>
+
+#include "controls/MessagesView.h"
+#include "controls/ResultsView.h"
+#include "controls/TabStrip.h"
+#include "controls/ctlBtn.h"
+#include "controls/ctlGraph.h"
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "tests/workspace/WorkspaceFixture.h"
+#include "workspace/frmSelection.h"
+
+using namespace marvello;
+using namespace marvello::testing;
+
+namespace {
+
+/// Results of TK-A at 2/40 degrees Celsius: the group in row 0, 100 in row 1, 120 (in error) in row 2 and 140
+/// in row 3.
+class PagesTest : public WorkspaceFixture {
+  protected:
+    PagesTest() {
+        gApplication().populateDictionary("en-EN", "");
+        form = std::make_unique<frmSelection>();
+        form->resize(1300, 800);
+        form->show();
+        form->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        choose(*form, "lstSeries", "TK-A");
+        form->lnkCalculate_Click();
+        EXPECT_TRUE(form->hasResults());
+        EXPECT_EQ(list()->rowCount(), 4);
+    }
+    ~PagesTest() override { setApplicationFolder(MARVELLO_APP_FOLDER); }
+
+    ResultsView* list() { return control<ResultsView>(*form, "lvCps"); }
+    ResultsView* polynomials() { return control<ResultsView>(*form, "lvPolynomials"); }
+    MessagesView* messages() { return control<MessagesView>(*form, "lvMessages"); }
+    TabStrip* tabs() { return control<TabStrip>(*form, "TabStrip"); }
+    QAction* entry(const QString& page) {
+        return control<QAction>(*form, ("mnu_cpspopup_" + page.toStdString()).c_str());
+    }
+    /// A place for the files of the application folder, which takes over from here on.
+    QDir ownFolder() {
+        const QDir dir(folder.path());
+        EXPECT_TRUE(dir.mkpath("images/photos") && dir.mkpath("Images/Dimensions"));
+        setApplicationFolder(folder.path().toStdString());
+        return dir;
+    }
+    static QString clipboard() { return QApplication::clipboard()->text(); }
+
+    QTemporaryDir folder;
+    std::unique_ptr<frmSelection> form;
+};
+
+}  // namespace
+
+TEST_F(PagesTest, TheTabChoosesWhatIsShownOfTheSelectedRow) {
+    const QStringList keys{"messages", "tecnic", "polynomials", "dimension", "limits"};
+    const QStringList pages{"lvMessages", "picTecnic", "lvPolynomials", "picDimension", "limitgraph"};
+    ASSERT_EQ(tabs()->count(), keys.size());
+    for (int tab = 0; tab < keys.size(); ++tab) {
+        form->MnuPopUp(keys[tab]);
+        EXPECT_EQ(tabs()->currentKey(), keys[tab]);
+        for (int other = 0; other < keys.size(); ++other) {
+            EXPECT_EQ(entry(keys[other])->isChecked(), other == tab) << keys[other].toStdString();
+            EXPECT_EQ(control<QWidget>(*form, qPrintable(pages[other]))->isVisible(), other == tab);
+        }
+        EXPECT_EQ(control<QWidget>(*form, "picGraphLbl")->isVisible(), keys[tab] == "limits");
+    }
+    EXPECT_EQ(tabs()->tabText(1), "Technical data");
+    EXPECT_EQ(polynomials()->rowCount(), 0) << "only the page that is shown has contents";
+
+    form->MnuPopUp("polynomials");
+    list()->selectRow(3);
+    EXPECT_EQ(tabs()->currentKey(), "polynomials");
+    EXPECT_EQ(polynomials()->rowCount(), 2);
+    EXPECT_TRUE(form->canCopy());
+    list()->selectRow(0);
+    EXPECT_EQ(polynomials()->rowCount(), 0);
+    EXPECT_EQ(tabs()->toolTip(), "R134A");
+    EXPECT_FALSE(form->canCopy());
+    list()->selectRow(1);
+    EXPECT_EQ(tabs()->toolTip(), "");
+    form->lnkCalculate_Click();
+    EXPECT_EQ(tabs()->currentKey(), "messages");
+}
+
+TEST_F(PagesTest, TechnicalDataFollowTheCatalogueAndTheMotor) {
+    catalogue.exec(
+        "insert into tParametersHead "
+        "values('catalog','TK-A-100','eng',9001),('catalog','TK-A-120','eng',9001);"
+        "insert into tParametersRows values(9001,'picTecnic','PictureBox',"
+        "'Tag={technicaldata.supply.caption}|@Motor.VoltageDescription V;LRA 1|@Motor.Lra1 A;a <b>|1 & 2')");
+    auto* text = control<QLabel>(*form, "picTecnic");
+    form->MnuPopUp("tecnic");
+    // The locked-rotor current of the motor is that of 400 V, which is the supply.
+    EXPECT_EQ(text->accessibleName(), "TK-A-100, Supply 400/3/50 V, LRA 1 300 A, a <b> 1 & 2");
+    EXPECT_TRUE(text->text().contains("a &lt;b&gt;"));
+    list()->selectRow(2);
+    EXPECT_TRUE(text->accessibleName().endsWith("LRA 1 , a <b> 1 & 2")) << "no unit without a value";
+    list()->selectRow(3);
+    EXPECT_EQ(text->accessibleName(), "TK-A-140") << "nothing of another model stays";
+}
+
+TEST_F(PagesTest, ThePhotoIsTheNearestThereIs) {
+    const QDir dir = ownFolder();
+    const auto photo = [&](const char* name, Qt::GlobalColor colour) {
+        QImage image(120, 80, QImage::Format_RGB32);
+        image.fill(colour);
+        EXPECT_TRUE(image.save(dir.filePath(QString("images/photos/%1.jpg").arg(name))));
+    };
+    auto* label = control<QLabel>(*form, "ImageCPS");
+    const auto shown = [&](int row) {
+        list()->selectRow(row);
+        const QImage image = label->grab().toImage();
+        return image.pixelColor(image.rect().center());
+    };
+    form->MnuPopUp("tecnic");
+    const QColor none = shown(1);
+    photo("Kestrom", Qt::green);
+    EXPECT_GT(shown(3).green(), 200);
+    EXPECT_NE(shown(3), none);
+    photo("TK-A", Qt::blue);
+    EXPECT_GT(shown(1).blue(), 200);
+    EXPECT_LT(shown(1).red(), 60);
+    photo("TK-A-140", Qt::red);
+    EXPECT_GT(shown(3).red(), 200);
+    EXPECT_LT(shown(3).blue(), 60);
+    QFile broken(dir.filePath("images/photos/TK-A.jpg"));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("no picture");
+    broken.close();
+    EXPECT_EQ(shown(1), none);
+}
+
+TEST_F(PagesTest, TheDrawingIsThatOfTheModelOrItsSeries) {
+    const QDir dir = ownFolder();
+    const QString real = MARVELLO_SOURCE_FOLDER "/content/pictures/dimensions/TK-A.wmf";
+    auto* page = control<QWidget>(*form, "picDimension");
+    const auto said = [&](int row) {
+        list()->selectRow(row);
+        return page->accessibleDescription();
+    };
+    form->MnuPopUp("dimension");
+    EXPECT_EQ(said(3), "No drawing for this model");
+    QFile broken(dir.filePath("Images/Dimensions/TK-A.wmf"));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("no drawing");
+    broken.close();
+    ASSERT_TRUE(QFile::copy(real, dir.filePath("Images/Dimensions/TK-A-140.wmf")));
+    EXPECT_EQ(said(1), "No drawing for this model") << "a file that is no metafile";
+    EXPECT_TRUE(said(3).contains("TK-A"));
+    ASSERT_TRUE(broken.remove() && QFile::copy(real, broken.fileName()));
+    EXPECT_TRUE(said(1).contains("TK-A"));
+    EXPECT_EQ(said(0), "");
+}
+
+TEST_F(PagesTest, PolynomialsAreCopiedWithAllTheirDigits) {
+    form->MnuPopUp("polynomials");
+    auto* button = control<ctlBtn>(*form, "ctlCopyPolynomials");
+    QTest::mouseClick(button, Qt::LeftButton);
+    const QString expected =
+        "\tc1\tc2\tc3\tc4\tc5\tc6\tc7\tc8\tc9\tc10\t\r\n"
+        "Pta\t5\t0.1\t0.25\t0\t0\t0\t0\t0\t0\t0\r\n"
+        "Q0\t100\t3\t-1.2\t0.03\t-0.02\t0.002\t0.0002\t-0.0001\t5e-05\t-1e-05\r\n";
+    EXPECT_EQ(clipboard().toStdString(), expected.toStdString());
+    QApplication::clipboard()->clear();
+    polynomials()->setFocus();
+    QTest::keyClick(polynomials(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboard(), expected);
+    list()->selectRow(0);
+    EXPECT_FALSE(button->isEnabled());
+}
+
+TEST_F(PagesTest, LimitsAndPointAreInTheMeasureSystemOfTheForm) {
+    const auto* graph = control<ctlGraph>(*form, "limitgraph");
+    const auto expectEnvelope = [&](double left, double right, double bottom, double top) {
+        ASSERT_EQ(graph->Count(), 1);
+        const clsLimit& limit = graph->limits().Item(1);
+        EXPECT_NEAR(limit.LeftPoint()->x, left, 1e-9);
+        EXPECT_NEAR(limit.RightPoint()->x, right, 1e-9);
+        EXPECT_NEAR(limit.RightPoint()->Y, bottom, 1e-9);
+        EXPECT_NEAR(limit.LeftPoint()->Y, top, 1e-9);
+    };
+    form->MnuPopUp("limits");
+    expectEnvelope(-20, 15, 20, 60);
+    const clsLimit metric = graph->limits().Item(1);
+    EXPECT_NEAR(graph->Point()->x, 2, 1e-9);
+    EXPECT_NEAR(graph->Point()->Y, 40, 1e-9);
+    EXPECT_EQ(graph->TextX(), QString::fromUtf8("Evaporating temperature (dew) °C"));
+    EXPECT_EQ(graph->TextY(), QString::fromUtf8("Condensing temperature (dew) °C"));
+
+    form->MeasureUnits(1, true);  // 1.8 t + 32
+    expectEnvelope(-4, 59, 68, 140);
+    EXPECT_NEAR(graph->Point()->x, 35.6, 1e-9);
+    EXPECT_NEAR(graph->Point()->Y, 104, 1e-9);
+    EXPECT_EQ(graph->TextX(), QString::fromUtf8("Evaporating temperature (dew) °F"));
+    const clsLimit& imperial = graph->limits().Item(1);
+    EXPECT_EQ(imperial.Description, metric.Description);
+    EXPECT_EQ(imperial.Color, metric.Color);
+    EXPECT_EQ(imperial.DrawWidth, metric.DrawWidth);
+    EXPECT_EQ(imperial.LimitType, metric.LimitType);
+
+    form->MeasureUnits(0, true);
+    expectEnvelope(-20, 15, 20, 60);  // the compressor's own stayed as they were
+    list()->selectRow(0);
+    EXPECT_EQ(graph->Count(), 0);
+    EXPECT_FALSE(graph->Point().has_value());
+}
+
+TEST_F(PagesTest, TheMenuOfARowOpensOnCompressorsAlone) {
+    auto* menu = control<QMenu>(*form, "mnu_cpspopup");
+    const auto asked = [&](int row, QContextMenuEvent::Reason reason) {
+        list()->selectRow(row);
+        const QPoint place(40, 13 + 26 * row);
+        QContextMenuEvent event(reason, place, list()->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(list()->viewport(), &event);
+        const bool isOpen = menu->isVisible();
+        menu->hide();
+        return isOpen;
+    };
+    EXPECT_FALSE(asked(0, QContextMenuEvent::Mouse));
+    EXPECT_FALSE(asked(0, QContextMenuEvent::Keyboard));
+    EXPECT_TRUE(asked(2, QContextMenuEvent::Mouse));
+    EXPECT_TRUE(asked(1, QContextMenuEvent::Keyboard));
+    entry("limits")->trigger();
+    EXPECT_EQ(tabs()->currentKey(), "limits");
+    entry("limits")->trigger();
+    EXPECT_TRUE(entry("limits")->isChecked());
+    QApplication::clipboard()->clear();
+    entry("copyclipboard")->trigger();
+    EXPECT_TRUE(clipboard().contains("\r\nR134A\tTK-A\t100\t59.2\t"));
+}
+
+TEST_F(PagesTest, CopiesAllSelectedCompressorsEvenThoseInError) {
+    list()->setFocus();
+    list()->selectRow(2);
+    QTest::keyClick(list(), Qt::Key_C, Qt::ControlModifier);
+    const QStringList keys = list()->columnKeys();
+    QString blanks;
+    for (qsizetype i = 1; i < keys.size(); ++i) blanks += "\t  ";
+    const QString head = clipboard().section("\r\n", 0, 0);
+    EXPECT_TRUE(head.startsWith("Refrigerant\tSerie\tModel\t" + list()->columnTexts()[1] + '\t'));
+    EXPECT_EQ(head.count('\t'), 2 + keys.size() - 1);
+    EXPECT_EQ(clipboard(), head + "\r\nR134A\tTK-A\t120" + blanks + "\r\n");
+
+    QTest::keyClick(list(), Qt::Key_A, Qt::ControlModifier);  // the group row is selected too
+    form->CopyToClipBoard();
+    const QStringList lines = clipboard().split("\r\n");
+    ASSERT_EQ(lines.size(), 5);
+    EXPECT_TRUE(lines[1].startsWith("R134A\tTK-A\t100\t59.2\t"));
+    EXPECT_TRUE(lines[3].startsWith("R134A\tTK-A\t140\t59.2\t"));
+    EXPECT_EQ(lines[4], "");
+
+    // The row chosen last is the one that the pages show.
+    list()->selectRow(1);
+    EXPECT_EQ(messages()->count(), 0);
+    QTest::keyClick(list(), Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(list()->selectedRows(), (QList<int>{1, 2}));
+    EXPECT_EQ(list()->selectedRow(), 2);
+    EXPECT_GT(messages()->count(), 0);
+}
+
+TEST_F(PagesTest, FollowTheLanguage) {
+    form->MnuPopUp("polynomials");
+    gApplication().populateDictionary("en-EN", "it-IT");
+    form->Traduci();
+    EXPECT_EQ(tabs()->currentKey(), "polynomials");
+    EXPECT_EQ(polynomials()->rowCount(), 2);
+    EXPECT_EQ(control<ctlBtn>(*form, "ctlCopyPolynomials")->text(), "Copia");
+    EXPECT_EQ(tabs()->tabText(3), "Dimensioni");
+    EXPECT_EQ(entry("dimension")->text(), "&Dimensioni");
+    form->MnuPopUp("dimension");
+    ownFolder();
+    form->PopulateFrame4();
+    EXPECT_EQ(control<QWidget>(*form, "picDimension")->accessibleDescription(),
+              "Nessun disegno per questo modello");
+}

@@ -1,0 +1,32 @@
+#include "workspace/CompressorFiles.h"
+
+#include <QFileInfo>
+
+#include "data/ApplicationFolder.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+/// The file of the model or of its series in a folder of the application folder; empty without either.
+QString fileOf(const QString& folder, const QString& serie, const QString& model, const QString& extension) {
+    const QString path = fromCore(applicationFolder()) + folder;
+    for (const QString& name : {serie + u'-' + model, serie})
+        if (const QString file = path + name + extension; QFileInfo(file).isFile()) return file;
+    return {};
+}
+
+}  // namespace
+
+QString photoFile(const QString& serie, const QString& model) {
+    const QString folder = QStringLiteral("/images/photos/");
+    const QString file = fileOf(folder, serie, model, QStringLiteral(".jpg"));
+    return file.isEmpty() ? fromCore(applicationFolder()) + folder + QStringLiteral("Kestrom.jpg") : file;
+}
+
+QString drawingFile(const QString& serie, const QString& model) {
+    return fileOf(QStringLiteral("/Images/Dimensions/"), serie, model, QStringLiteral(".wmf"));
+}
+
+}  // namespace marvello

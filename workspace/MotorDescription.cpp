@@ -1,0 +1,64 @@
+#include "workspace/MotorDescription.h"
+
+#include <QRegularExpression>
+
+#include "controls/NumberText.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int smallMotor = 0;
+
+QString motorSize(const clsCompressor& compressor) {
+    const bool isSmall = compressor.Motor.MotorType == smallMotor;
+    const QString size = isSmall ? QStringLiteral("Small") : QStringLiteral("Full");
+    if (!compressor.Motor.isStandard) return size;
+    return compressor.hasFullSmallMotor ? QStringLiteral("Standard (%1)").arg(size)
+                                        : QStringLiteral("Standard");
+}
+
+QString startMode(int mode) {
+    if (mode == 1) return QStringLiteral("Star Delta (SD)");
+    return mode == 2 ? QStringLiteral("Part Winding (PW)") : QStringLiteral("-");
+}
+
+QString supply(const clsMotor& motor) {
+    return QStringLiteral("%1/%2/%3").arg(motor.Voltage).arg(motor.Phase).arg(motor.Hz);
+}
+
+/// A variable of the calculation, or nothing: a calculation that stopped early has none.
+QString variable(const clsVariables& variables, const char* name, QStringView pattern) {
+    if (!variables.Exist(name) || !variables.Item(name).isNumber()) return {};
+    return formatNumber(variables(name), pattern);
+}
+
+void replace(QString& text, const QString& token, const QString& value) {
+    if (!value.isEmpty()) {
+        text.replace(token, value, Qt::CaseInsensitive);
+        return;
+    }
+    static const QString withUnit = QStringLiteral("%1(\\s+\\S+)?");
+    const QRegularExpression expression(withUnit.arg(QRegularExpression::escape(token)),
+                                        QRegularExpression::CaseInsensitiveOption);
+    text.remove(expression);
+}
+
+}  // namespace
+
+QString MotorDescription(QString text, const clsCompressor& compressor, bool isInverter) {
+    const clsMotor& motor = compressor.Motor;
+    const clsVariables& variables = compressor.Variables;
+    replace(text, QStringLiteral("@cps.motorsize"), motorSize(compressor));
+    replace(text, QStringLiteral("@Motor.VoltageDescription"), supply(motor));
+    replace(text, QStringLiteral("@Motor.NominalPower"), fromCore(motor.NominalPower));
+    replace(text, QStringLiteral("@cps.startmode"), startMode(compressor.StartMode));
+    replace(text, QStringLiteral("@Motor.Lra1"), variable(variables, "Lra1", u"#0"));
+    replace(text, QStringLiteral("@Motor.Lra2"), variable(variables, "Lra2", u"#0"));
+    replace(text, QStringLiteral("@Cps.Fla"), variable(variables, "Fla", u"#"));
+    if (isInverter) replace(text, QStringLiteral("@cps.VI"), fromCore(compressor.VI));
+    return text;
+}
+
+}  // namespace marvello

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+#include <span>
+
+class QLabel;
+
+namespace marvello {
+
+class ResultsView;
+class ctlBtn;
+
+/// The coefficients of a compressor's performance polynomials, c1 to c10, to be read and copied.
+class PolynomialsPage : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit PolynomialsPage(QWidget* parent = nullptr);
+
+    void setTexts(const QString& caption, const QString& copy);
+    void clear();
+    /// Coefficients are shown with at most 15 significant digits.
+    void addPolynomial(const QString& name, std::span<const double> coefficients);
+
+  private:
+    /// Columns and rows, separated by tabs, go to the clipboard.
+    void copy() const;
+
+    QLabel* labelPoly_;
+    ctlBtn* ctlCopyPolynomials_;
+    ResultsView* lvPolynomials_;
+};
+
+}  // namespace marvello

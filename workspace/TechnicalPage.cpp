@@ -1,0 +1,121 @@
+#include "workspace/TechnicalPage.h"
+
+#include <QHBoxLayout>
+#include <QImageReader>
+#include <QLabel>
+#include <QPainter>
+#include <QScrollArea>
+
+#include "controls/Look.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int photoWidth = 270;
+constexpr int margin = 16;
+/// Below this width the text needs all the room.
+constexpr int leastWidthWithPhoto = 580;
+
+}  // namespace
+
+/// Shows a picture as large as it fits, sharp at any device pixel ratio.
+class PhotoLabel : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+    void setImage(const QImage& image) {
+        image_ = image;
+        update();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        if (image_.isNull()) return;
+        QRectF place(QPointF(), QSizeF(image_.size()).scaled(size(), Qt::KeepAspectRatio));
+        place.moveCenter(QRectF(rect()).center());
+        QPainter painter(this);
+        // Scaled before it is drawn: drawing alone takes too few of the points into account.
+        const QSize points = (place.size() * devicePixelRatioF()).toSize();
+        painter.drawImage(place, image_.scaled(points, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    }
+
+  private:
+    QImage image_;
+};
+
+TechnicalPage::TechnicalPage(QWidget* parent) : QWidget(parent) {
+    auto* PicScroll = new QScrollArea(this);
+    PicScroll->setObjectName(QStringLiteral("PicScroll"));
+    PicScroll->setFrameShape(QFrame::NoFrame);
+    PicScroll->setWidgetResizable(true);
+    PicScroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    PicScroll->viewport()->setAutoFillBackground(false);
+    picTecnic_ = new QLabel;
+    picTecnic_->setObjectName(QStringLiteral("picTecnic"));
+    picTecnic_->setTextFormat(Qt::RichText);
+    picTecnic_->setWordWrap(true);
+    picTecnic_->setAlignment(Qt::AlignTop);
+    picTecnic_->setContentsMargins(margin, 12, margin, 12);
+    picTecnic_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    PicScroll->setWidget(picTecnic_);
+    picTecnic_->setAutoFillBackground(false);
+    ImageCPS_ = new PhotoLabel(this);
+    ImageCPS_->setObjectName(QStringLiteral("ImageCPS"));
+    ImageCPS_->setFixedWidth(photoWidth);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(PicScroll, 1);
+    row->addSpacing(margin);
+    row->addWidget(ImageCPS_);
+    row->addSpacing(margin);
+}
+
+void TechnicalPage::clear() {
+    picTecnic_->setProperty("Tag", QString());
+    picTecnic_->clear();
+    ImageCPS_->setImage(QImage());
+    ImageCPS_->setAccessibleName(QString());
+}
+
+QList<TechnicalPage::Entry> TechnicalPage::catalogueEntries() const {
+    QList<Entry> entries;
+    for (const QString& piece : picTecnic_->property("Tag").toString().split(u';', Qt::SkipEmptyParts))
+        entries.append({piece.section(u'|', 0, 0).trimmed(), piece.section(u'|', 1).trimmed()});
+    return entries;
+}
+
+void TechnicalPage::setEntries(const QString& title, const QList<Entry>& entries) {
+    // Two halves: the captions end, and the values begin, at one line down the middle under the title.
+    QString text =
+        QStringLiteral(
+            "<table width='100%' cellspacing='0' cellpadding='0'><tr>"
+            "<td colspan='2' align='center' style='font-size: 20px; padding-bottom: 10px'>%1</td></tr>")
+            .arg(title.toHtmlEscaped());
+    const QString row = QStringLiteral(
+        "<tr><td width='50%' align='right' style='color: %1; padding: 2px 6px 2px 0'>%2</td>"
+        "<td width='50%' style='font-weight: 500; padding: 2px 0 2px 6px'>%3</td></tr>");
+    for (const auto& [caption, value] : entries)
+        text += row.arg(Look::current().muted.name(), caption.toHtmlEscaped(), value.toHtmlEscaped());
+    picTecnic_->setText(text + QStringLiteral("</table>"));
+    QStringList plain{title};
+    for (const auto& [caption, value] : entries) plain += caption + u' ' + value;
+    picTecnic_->setAccessibleName(plain.join(QStringLiteral(", ")));
+    ImageCPS_->setAccessibleName(title);
+}
+
+void TechnicalPage::setPhoto(const QString& file) {
+    QImageReader reader(file);
+    // By what the file holds, whatever its name says.
+    reader.setDecideFormatFromContent(true);
+    ImageCPS_->setImage(reader.read());
+}
+
+void TechnicalPage::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    ImageCPS_->setVisible(width() >= leastWidthWithPhoto);
+}
+
+}  // namespace marvello
