@@ -80,6 +80,9 @@ SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
     auto* calculate = new QShortcut(QKeySequence(Qt::Key_F5), this);
     calculate->setContext(Qt::WidgetWithChildrenShortcut);
     connect(calculate, &QShortcut::activated, this, &SelectionForm::lnkCalculate_Click);
+    auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    help->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(help, &QShortcut::activated, this, &SelectionForm::showHelp);
     connect(panel_->lnkCalculate, &ctlBtn::clicked, this, &SelectionForm::lnkCalculate_Click);
 
     writeDefaults();

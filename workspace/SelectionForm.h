@@ -129,6 +129,9 @@ class SelectionForm : public QWidget {
     void showUnits();
     void ConvertInputs(MeasureSystem from, MeasureSystem to);
     void VisualizeHelp(const AdvanceText* field);
+    /// Shows the whole help of the field in use in a box, also where the panel has no room for it.
+    void showHelp();
+    QString captionOf(const AdvanceText* field) const;
     void inputsChanged();
     bool hasGlide() const;
 

@@ -55,6 +55,12 @@ QString helpKeyOf(const QString& name) {
     return QStringLiteral("frmselection.help.%1.caption").arg(name.toLower());
 }
 
+/// Empty for a field without help.
+QString helpOf(const AdvanceText* field) {
+    const QString key = helpKeyOf(field->objectName());
+    return key.isEmpty() ? QString() : dictionaryTextIfAny(key);
+}
+
 }  // namespace
 
 void SelectionForm::writeDefaults() {
@@ -396,13 +402,23 @@ void SelectionForm::ConvertInputs(MeasureSystem from, MeasureSystem to) {
 
 void SelectionForm::VisualizeHelp(const AdvanceText* field) {
     if (!kind_.hasFieldHelp) return;
-    const QString key = helpKeyOf(field->objectName());
-    // A field beside the selector of its mode has no caption of its own.
+    panel_->VisualizzaHelp(captionOf(field), helpOf(field));
+}
+
+void SelectionForm::showHelp() {
+    if (!kind_.hasFieldHelp) return;
+    for (const AdvanceText* field : panel_->fields())
+        if (const QString help = helpOf(field); field->hasFocus() && !help.isEmpty())
+            MessageBox::show(this, MessageBox::Mark::information, captionOf(field) + u'\n' + help);
+}
+
+// A field beside the selector of its mode has no caption of its own.
+QString SelectionForm::captionOf(const AdvanceText* field) const {
     const AdvanceText* named = field == panel_->txtSH           ? panel_->cmbSh
                                : field == panel_->txtEco        ? panel_->cmbEco
                                : field == panel_->txtOilCooling ? panel_->cmbOilCooling
                                                                 : field;
-    panel_->VisualizzaHelp(named->CaptionText(), key.isEmpty() ? QString() : dictionaryTextIfAny(key));
+    return named->CaptionText();
 }
 
 void SelectionForm::inputsChanged() {

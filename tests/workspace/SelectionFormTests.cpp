@@ -312,3 +312,14 @@ TEST_F(SelectionFormTest, ThePanelFoldsAwayAndComesBack) {
     form->CloseFrame(false);
     EXPECT_EQ(splitter->CurrSplitterPos(), before);
 }
+
+TEST_F(SelectionFormTest, TheWholeHelpOfTheFieldInUseComesWithItsKey) {
+    field(*form, "cmbEco")->setFocus();
+    QTest::keyClick(form->focusWidget(), Qt::Key_F1);
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes[0].startsWith("Economiser\nEconomiser: none"));
+    // The models have no help.
+    field(*form, "lstModels")->setFocus();
+    QTest::keyClick(form->focusWidget(), Qt::Key_F1);
+    EXPECT_EQ(boxes.size(), 1);
+}
