@@ -2,10 +2,10 @@
 
 #include <QFile>
 #include <QtEndian>
-#include <array>
 #include <utility>
 
 #include "controls/MetafileRecord.h"
+#include "controls/Windows1252.h"
 
 namespace marvello {
 
@@ -93,17 +93,11 @@ std::uint32_t MetafileParameters::colour(std::size_t index) const {
 }
 
 QString MetafileParameters::text(std::size_t index, int length) const {
-    // The letters of Windows-1252 that Latin-1 has not, 0x80 to 0x9F.
-    static constexpr std::array<char16_t, 32> others{
-        0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-        0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
     QString result;
     for (int i = 0; i < length && has(index + 1 + static_cast<std::size_t>(i / 2)); ++i) {
         const auto byte = static_cast<unsigned char>(data_[2 * index + static_cast<std::size_t>(i)]);
         if (byte == 0) break;
-        result.append(
-            QChar(byte >= 0x80 && byte < 0xA0 ? others[byte - 0x80U] : static_cast<char16_t>(byte)));
+        result.append(fromWindows1252(byte));
     }
     return result;
 }

@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "controls/Look.h"
+#include "controls/Windows1252.h"
 
 namespace marvello {
 
@@ -27,18 +28,6 @@ namespace {
 
 constexpr std::size_t deepest = 256;  // groups in groups; what lies deeper is skipped
 constexpr double pixelsPerTwip = 1 / 15.0;
-
-/// Bytes 0x80 to 0x9F of Windows-1252; 0 where it has none.
-constexpr std::array<char16_t, 32> windows1252{
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-QChar fromWindows1252(unsigned char byte) {
-    if (byte < 0x80 || byte > 0x9F) return QChar(byte);
-    const char16_t letter = windows1252[byte - 0x80U];
-    return letter == 0 ? QChar(QChar::ReplacementCharacter) : QChar(letter);
-}
 
 /// One piece of a rich text.
 struct Token {

@@ -12,6 +12,7 @@
 
 #include "data/Texts.h"
 #include "data/clsDatabase.h"
+#include "tools/csv/Csv.h"
 
 namespace marvello {
 
@@ -66,11 +67,7 @@ std::string fieldText(const Value& value, ColumnKind kind) {
         return storedText(*real);
     }
     const auto* const text = std::get_if<std::string>(&value);
-    if (!text) return {};
-    if (text->find_first_of(",\"\r\n") == std::string::npos) return *text;
-    std::string quoted = *text;
-    replaceAll(quoted, "\"", "\"\"");
-    return '"' + quoted + '"';
+    return text ? csvField(*text) : std::string();
 }
 
 /// A line of fields. A single empty field would be an empty line, which is no record.

@@ -112,6 +112,16 @@ std::size_t wellFormedLength(std::string_view bytes) {
 
 }  // namespace
 
+std::string csvField(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    std::string field = "\"";
+    for (const char letter : text) {
+        if (letter == '"') field += '"';
+        field += letter;
+    }
+    return field + '"';
+}
+
 bool isUtf8(std::string_view bytes) { return wellFormedLength(bytes) == bytes.size(); }
 
 std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, Faults& faults) {

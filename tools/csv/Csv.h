@@ -19,6 +19,9 @@ struct CsvRecord {
 /// so is a byte order mark. Misplaced quotes and invalid UTF-8 are faults of `file`.
 std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, Faults& faults);
 
+/// A text as a field of RFC 4180: in double quotes where it holds a separator, a quote or a line end.
+std::string csvField(const std::string& text);
+
 /// Whether the bytes are well-formed UTF-8: no overlong form, no surrogate, nothing above U+10FFFF.
 bool isUtf8(std::string_view bytes);
 

@@ -3,21 +3,9 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "tools/csv/Csv.h"
+
 namespace marvello::generate {
-namespace {
-
-/// A field of RFC 4180: in quotes where it holds a separator or a quote, which is doubled.
-std::string csvField(const std::string& value) {
-    if (value.find_first_of(",\"\n") == std::string::npos) return value;
-    std::string field = "\"";
-    for (const char letter : value) {
-        if (letter == '"') field += '"';
-        field += letter;
-    }
-    return field + '"';
-}
-
-}  // namespace
 
 void writeTable(const CsvTable& table, const std::filesystem::path& folder) {
     const std::filesystem::path path = folder / (table.name + ".csv");

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "data/Texts.h"
+#include "tools/csv/Csv.h"
 
 namespace marvello::select {
 
@@ -60,13 +61,6 @@ std::string padded(std::string text, int width, bool right) {
     const auto wanted = static_cast<std::size_t>(width);
     if (text.size() >= wanted) return text;
     return right ? text.insert(0, wanted - text.size(), ' ') : text.append(wanted - text.size(), ' ');
-}
-
-std::string csvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-    std::string field = text;
-    replaceAll(field, "\"", "\"\"");
-    return "\"" + field + "\"";
 }
 
 std::string pointOf(const Request& request) {
