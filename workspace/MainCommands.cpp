@@ -161,7 +161,9 @@ QWidget* MDIMain::makeSelectors() {
         if (form && form->MeasureUnit() != key.toInt()) form->MeasureUnits(key.toInt(), true);
     });
     connect(cmbGroupBy_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
-        if (SelectionForm* form = ActiveForm()) form->populateLVCPS(key.toInt());
+        // The other forms take it with their next list.
+        for (SelectionForm* form : forms()) form->setGroupBy(key.toInt());
+        if (SelectionForm* form = ActiveForm()) form->relistResults();
     });
     row->addWidget(cmbmeasureunits_);
     row->addWidget(cmbGroupBy_);

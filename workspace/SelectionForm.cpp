@@ -230,7 +230,7 @@ void SelectionForm::Traduci() {
     showUnits();
     markDerived(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
     markDerived(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
-    if (hasResults()) relistResults();
+    relistResults();
 }
 
 void SelectionForm::translatePages() {

@@ -48,6 +48,10 @@ class SelectionForm : public QWidget {
     // What the main window asks of a form, by these names.
     void Traduci();
     void populateLVCPS(int groupBy);
+    /// How the next list is grouped.
+    void setGroupBy(int groupBy) { groupBy_ = groupBy; }
+    /// Lists the results anew, if there are any, with the same row selected.
+    void relistResults();
     void PopulateFrame4();
     /// Shows the form in a measure system, 0 metric and 1 imperial: inputs and results are converted. With
     /// `refresh` the coupled fields are worked out again.
@@ -144,8 +148,6 @@ class SelectionForm : public QWidget {
     void closesplitter34();
 
     // SelectionResults.cpp
-    /// Lists the results anew with the same row selected.
-    void relistResults();
     void addCompressor(clsCompressor& compressor, const QString& label);
     bool isCompressorRow(int row) const;
     /// The compressor of a row; nothing for a group and for one that the last calculation does not hold.

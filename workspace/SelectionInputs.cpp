@@ -382,7 +382,7 @@ void SelectionForm::MeasureUnits(int unit, bool refresh) {
     if (measureUnit_ == before || !refresh) return;
     SyncTemperatureFields(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
     SyncTemperatureFields(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
-    if (hasResults()) relistResults();
+    relistResults();
 }
 
 void SelectionForm::ConvertInputs(MeasureSystem from, MeasureSystem to) {

@@ -68,6 +68,7 @@ void SelectionForm::populateLVCPS(int groupBy) {
 }
 
 void SelectionForm::relistResults() {
+    if (!hasResults()) return;
     const int row = lvCps_->selectedRow();
     const QString selected = row < 0 ? QString() : lvCps_->key(row);
     populateLVCPS(groupBy_);

@@ -12,7 +12,7 @@ void boltCircle(Scene& scene, const Frame& frame, double radius, int count, doub
 void bolt(Scene& scene, const Frame& frame, double size);
 /// A neck with a faced round flange on top; `height` with flange.
 void flangedNeck(Scene& scene, const Frame& frame, double radius, double height);
-/// A copper stub brazed into a collar.
+/// A short copper pipe brazed into a collar.
 void copperStub(Scene& scene, const Frame& frame, double radius, double height);
 /// A flanged service valve whose outlet points along the x axis; `height` is that of its cap.
 void serviceValve(Scene& scene, const Frame& frame, double radius, double height);
