@@ -51,7 +51,7 @@ void flangedNeck(Scene& scene, const Frame& frame, double radius, double height)
     boltCircle(scene, top, wide - 1.55 * size, 4, size, 0.785);
 }
 
-void copperStub(Scene& scene, const Frame& frame, double radius, double height) {
+void copperPipe(Scene& scene, const Frame& frame, double radius, double height) {
     scene.add(paints::brass, frame, post(radius + 5, -1, 0.34 * radius + 5),
               [=](Vec3 p) { return cylinderY(p, 0, 0.34 * radius + 4, radius + 4, 2); });
     scene.add(paints::copper, frame, post(radius, -1, height), [=](Vec3 p) {
@@ -81,7 +81,7 @@ void serviceValve(Scene& scene, const Frame& frame, double radius, double height
     branch.origin = frame.global({reach - 4, outlet, 0});
     branch.y = frame.x;
     branch.x = -frame.y;
-    copperStub(scene, branch, radius, 0.75 * radius + 14);
+    copperPipe(scene, branch, radius, 0.75 * radius + 14);
     Frame cap = frame;
     cap.origin = frame.global({0, shoulder + 6, 0});
     const double rest = height - shoulder - 6;

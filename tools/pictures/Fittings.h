@@ -13,7 +13,7 @@ void bolt(Scene& scene, const Frame& frame, double size);
 /// A neck with a faced round flange on top; `height` with flange.
 void flangedNeck(Scene& scene, const Frame& frame, double radius, double height);
 /// A short copper pipe brazed into a collar.
-void copperStub(Scene& scene, const Frame& frame, double radius, double height);
+void copperPipe(Scene& scene, const Frame& frame, double radius, double height);
 /// A flanged service valve whose outlet points along the x axis; `height` is that of its cap.
 void serviceValve(Scene& scene, const Frame& frame, double radius, double height);
 /// A glass in a bolted ring.

@@ -49,7 +49,7 @@ void suction(Scene& scene, const Design& d) {
         scene.add(paints::machined, valve, {{-2 * r - 20, 0, -2 * r - 20}, {2 * r + 20, 12, 2 * r + 20}},
                   [=](Vec3 p) { return cylinderY(p, 0, 11, 1.55 * r + 10, 1.5); });
         valve.origin.y += 11;
-        fittings::copperStub(scene, valve, r, rest - 11);
+        fittings::copperPipe(scene, valve, r, rest - 11);
     }
 }
 
@@ -72,9 +72,9 @@ void economizer(Scene& scene, const Design& d) {
     const double r = d.economizerRadius, room = d.body.width / 2 - radius * out.z;
     const double high = std::clamp(0.5 * room, 14.0, 40.0);
     fittings::flangedNeck(scene, frame, r, high);
-    Frame stub = frame;
-    stub.origin = frame.global({0, high, 0});
-    fittings::copperStub(scene, stub, r, std::max(room - high, 10.0));
+    Frame pipe = frame;
+    pipe.origin = frame.global({0, high, 0});
+    fittings::copperPipe(scene, pipe, r, std::max(room - high, 10.0));
 }
 
 void ring(Scene& scene, const Design& d) {
