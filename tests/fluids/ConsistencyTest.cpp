@@ -22,6 +22,26 @@ class Consistency : public testing::TestWithParam<Refrigerant> {
     const Model& model = modelOf(GetParam());
 };
 
+/// Also beside the critical point, where random states are held to less.
+TEST_P(Consistency, QualitiesFromEnthalpyAndEntropyAgree) {
+    for (double t = model.lowest + 1e-9; t < model.critical().temperature - 0.01;
+         t += 0.1 * (model.critical().temperature + 1 - t)) {
+        const double p = saturationAtT(t, 2).p;
+        const Properties bubble = saturationAtP(p, 1);
+        if (bubble.error.code != 0) continue;  // the blend's bubble point is colder than its range
+        const Properties dew = atTP(t, p);
+        const double span = enthalpyAt(model, t, dew.Dv) - enthalpyAt(model, bubble.t, bubble.Dl);
+        for (const double part : {1e-5, 0.3, 0.9, 1 - 1e-5}) {
+            SCOPED_TRACE(testing::Message() << t << " K, part " << part);
+            const Properties byH = atPH(p, dew.h - (1 - part) * span);
+            const Properties byS = atPS(p, byH.s);
+            EXPECT_NEAR(byS.q, byH.q, 1e-8);
+            const Properties byTS = atTS(byH.t, byH.s);
+            EXPECT_LT(deviation(byTS.p, p), 1e-8);
+        }
+    }
+}
+
 /// There both phases become one: the matrix of d ln f_i / d rho_j, scaled to the unit matrix for ideal gas,
 /// loses its positive determinant.
 TEST_P(Consistency, PhasesMeetAtTheCriticalPoint) {
