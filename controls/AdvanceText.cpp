@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <cmath>
 
+#include "controls/FieldNote.h"
 #include "controls/Look.h"
 #include "controls/MessageBox.h"
 #include "controls/NumberText.h"
@@ -29,6 +30,8 @@ AdvanceText::AdvanceText(QWidget* parent)
     connect(this, &AdvanceText::partsChanged, this, &AdvanceText::Refresh);
     Refresh();
 }
+
+AdvanceText::~AdvanceText() { delete note_; }
 
 void AdvanceText::SetLocked(bool locked) {
     locked_ = locked;
@@ -145,7 +148,26 @@ void AdvanceText::setInvalid(bool invalid) {
 
 void AdvanceText::SetRefusal(const QString& reason) {
     refusal_ = reason;
-    update();
+    showNote();
+}
+
+void AdvanceText::SetRemark(const QString& text) {
+    remark_ = text;
+    showNote();
+}
+
+QString AdvanceText::complaint() const {
+    if (!refusal_.isEmpty()) return refusal_;
+    if (!remark_.isEmpty()) return remark_;
+    const bool isLimited = textType_ == 1 && (textMin_ != 0 || textMax_ != 0);
+    const auto value = typedNumber(edit_->text());
+    if (!isLimited || !value) return {};
+    return *value < textMin_ || *value > textMax_ ? limitsText() : QString();
+}
+
+QString AdvanceText::limitsText() const {
+    return QStringLiteral("Value (Min= %1 Max= %2)")
+        .arg(formatNumber(textMin_, {}), formatNumber(textMax_, {}));
 }
 
 void AdvanceText::SetUnknown() {
@@ -153,7 +175,7 @@ void AdvanceText::SetUnknown() {
     unknown_ = true;
     invalid_ = false;
     showText(QStringLiteral("\u2013"));
-    update();
+    showNote();
 }
 
 void AdvanceText::showText(const QString& text) {
@@ -165,6 +187,7 @@ void AdvanceText::showValue() {
     const bool isDouble = value_.typeId() == QMetaType::Double;
     showText(isDouble ? formatNumber(value_.toDouble(), textFormat_) : value_.toString());
     if (invalid_ && (textType_ != 1 || isDouble)) setInvalid(false);
+    showNote();
 }
 
 void AdvanceText::takeTyping(const QString& text) {
@@ -172,6 +195,7 @@ void AdvanceText::takeTyping(const QString& text) {
     unknown_ = false;
     refusal_.clear();
     if (invalid_ && typedNumber(text)) setInvalid(false);
+    showNote();
     emit TextChange();
 }
 
@@ -186,12 +210,12 @@ void AdvanceText::gotFocus() {
         edit_->deselect();  // the line edit selects on a tab, also what cannot be typed over
     else
         selectText();
-    update();
+    showNote();
     emit TextGotFocus();
 }
 
 void AdvanceText::lostFocus(Qt::FocusReason reason) {
-    update();
+    showNote();
     emit TextLostFocus();
     // A menu, a drop list or another program only borrows the focus.
     if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason ||
@@ -242,8 +266,7 @@ bool AdvanceText::checkNumber() {
     }
     const double value = number();
     if (value >= textMin_ && value <= textMax_) return true;
-    refuse(QStringLiteral("Error...\nValue (Min= %1 Max= %2)")
-               .arg(formatNumber(textMin_, {}), formatNumber(textMax_, {})));
+    refuse(QStringLiteral("Error...\n") + limitsText());
     SetTextValue(value >= textMin_ ? textMax_ : textMin_);
     return false;
 }

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QFont>
 #include <QPixmap>
+#include <QPointer>
 #include <QVariant>
 #include <QWidget>
 #include <optional>
@@ -10,6 +11,8 @@
 class QLineEdit;
 
 namespace marvello {
+
+class FieldNote;
 
 /// The program's one input: a caption, a box with a value and its unit, and an optional button that opens a
 /// list.
@@ -67,6 +70,7 @@ class AdvanceText : public QWidget {
     static constexpr int boxHeight = 28;
 
     explicit AdvanceText(QWidget* parent = nullptr);
+    ~AdvanceText() override;
 
     bool Locked() const { return locked_; }
     /// A locked field takes no typing: a key opens its list instead.
@@ -122,12 +126,16 @@ class AdvanceText : public QWidget {
 
     /// The list of the field is open: the button is shown pressed.
     void setOpen(bool open);
-    /// The text was refused and is not corrected yet.
-    /// Painted as invalid: no number, or refused by the owner.
-    bool isInvalid() const { return invalid_ || !refusal_.isEmpty(); }
+    /// Painted as invalid: no number, out of its range, or refused by the owner.
+    bool isInvalid() const { return invalid_ || !complaint().isEmpty(); }
     /// The owner's reason why the value cannot be used; blank takes it back, and so does typing.
     void SetRefusal(const QString& reason);
     const QString& Refusal() const { return refusal_; }
+    /// What the owner has to say against the value, which will be put right before it is used; blank takes it
+    /// back.
+    void SetRemark(const QString& text);
+    /// What is wrong with the value, as said beside the field while it is in use, and in its tool tip.
+    QString complaint() const;
     /// A derived value that cannot be had: shown as a dash, and no fault of the field.
     void SetUnknown();
     bool isUnknown() const { return unknown_; }
@@ -162,6 +170,7 @@ class AdvanceText : public QWidget {
 
   protected:
     void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -181,6 +190,8 @@ class AdvanceText : public QWidget {
     void setInvalid(bool invalid);
     void applyColours();
     void describe();
+    void showNote();
+    QString limitsText() const;
 
     QRectF boxRect() const;
     QRectF buttonRect() const;
@@ -233,6 +244,8 @@ class AdvanceText : public QWidget {
     bool invalid_ = false;
     bool unknown_ = false;
     QString refusal_;
+    QString remark_;
+    QPointer<FieldNote> note_;  // belongs to the window of the field
     bool open_ = false;
     bool pressed_ = false;
     bool hovered_ = false;

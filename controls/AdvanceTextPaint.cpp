@@ -8,6 +8,7 @@
 #include <QToolTip>
 
 #include "controls/AdvanceText.h"
+#include "controls/FieldNote.h"
 #include "controls/Icons.h"
 #include "controls/Look.h"
 
@@ -181,7 +182,28 @@ void AdvanceText::paintButton(QPainter& painter) const {
     paintIcon(painter, place, QStringLiteral("chev"), down ? look.accent : orElse(buttonForeColor_, rest));
 }
 
-void AdvanceText::resizeEvent(QResizeEvent*) { Refresh(); }
+// Beside the field while it is in use; the red frame stays when it is left.
+void AdvanceText::showNote() {
+    update();
+    const QString text = edit_->hasFocus() ? complaint() : QString();
+    if (text.isEmpty()) {
+        if (note_) note_->hide();
+        return;
+    }
+    if (note_ && note_->parentWidget() != window()) delete note_;
+    if (!note_) note_ = new FieldNote(*this);
+    note_->say(text, *this, boxRect().toRect());
+}
+
+void AdvanceText::resizeEvent(QResizeEvent*) {
+    Refresh();
+    showNote();
+}
+
+void AdvanceText::hideEvent(QHideEvent* event) {
+    if (note_) note_->hide();
+    QWidget::hideEvent(event);
+}
 
 void AdvanceText::changeEvent(QEvent* event) {
     if (event->type() == QEvent::EnabledChange) Refresh();
@@ -205,6 +227,10 @@ bool AdvanceText::event(QEvent* event) {
         }
         case QEvent::ToolTip: {
             const auto* help = static_cast<QHelpEvent*>(event);
+            if (const QString wrong = complaint(); !wrong.isEmpty()) {
+                QToolTip::showText(help->globalPos(), wrong, this);
+                return true;
+            }
             const bool elided =
                 QFontMetricsF(captionFont_).horizontalAdvance(captionText_) > captionWidth_ - captionGap + 1;
             if (captionVisible_ && elided && captionRect().contains(help->pos())) {

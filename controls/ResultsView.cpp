@@ -77,6 +77,15 @@ ResultsView::ResultsView(QWidget* parent) : QTreeView(parent) {
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setMouseTracking(true);
     setAllColumnsShowFocus(true);
+    connect(header(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (!isArranging_)
+            chosenWidths_[model_.headerData(column, Qt::Horizontal, keyRole).toString()] = width;
+    });
+    // A double click on the edge of a column gives it the width of its contents again.
+    connect(header(), &QHeaderView::sectionHandleDoubleClicked, this, [this](int column) {
+        chosenWidths_.remove(model_.headerData(column, Qt::Horizontal, keyRole).toString());
+        setWidth(column, fittingWidth(column));
+    });
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &ResultsView::rowSelected);
     // An extended selection grows before the row that leads it is known.
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
@@ -97,7 +106,7 @@ void ResultsView::setColumns(const std::vector<Column>& columns) {
         item->setData(column.key, keyRole);
         item->setToolTip(column.description);
         model_.setHorizontalHeaderItem(i, item.release());
-        header()->resizeSection(i, i == 0 ? firstWidth : otherWidth);
+        setWidth(i, i == 0 ? firstWidth : otherWidth);
     }
 }
 
@@ -122,18 +131,35 @@ void ResultsView::addRow(const Row& row) {
     model_.appendRow(items);
 }
 
-void ResultsView::fitColumns() {
+int ResultsView::fittingWidth(int column) const {
     const QFontMetrics metrics(lookFont());
-    for (int column = 0; column < model_.columnCount(); ++column) {
-        const QString header = model_.headerData(column, Qt::Horizontal).toString();
-        int width = std::max(column == 0 ? firstWidth : otherWidth, TwoLineHeader::widthOf(header));
-        for (int row = 0; row < model_.rowCount(); ++row) {
-            if (column == 0 && isGroup(row)) continue;
-            const int around = column == 0 ? rowIndent + markSize + markGap + sidePadding : sidePadding + 4;
-            width = std::max(width, metrics.horizontalAdvance(text(row, column)) + around);
-        }
-        this->header()->resizeSection(column, width);
+    const QString header = model_.headerData(column, Qt::Horizontal).toString();
+    int width = std::max(column == 0 ? firstWidth : otherWidth, TwoLineHeader::widthOf(header));
+    for (int row = 0; row < model_.rowCount(); ++row) {
+        if (column == 0 && isGroup(row)) continue;
+        const int around = column == 0 ? rowIndent + markSize + markGap + sidePadding : sidePadding + 4;
+        width = std::max(width, metrics.horizontalAdvance(text(row, column)) + around);
     }
+    return width;
+}
+
+void ResultsView::fitColumns() {
+    const QStringList keys = columnKeys();
+    for (int column = 0; column < keys.size(); ++column) {
+        const auto chosen = chosenWidths_.constFind(keys[column]);
+        setWidth(column, chosen == chosenWidths_.constEnd() ? fittingWidth(column) : *chosen);
+    }
+}
+
+void ResultsView::setChosenWidths(const QHash<QString, int>& widths) {
+    chosenWidths_ = widths;
+    fitColumns();
+}
+
+void ResultsView::setWidth(int column, int width) {
+    isArranging_ = true;
+    header()->resizeSection(column, width);
+    isArranging_ = false;
 }
 
 bool ResultsView::isGroup(int row) const { return model_.index(row, 0).data(groupRole).toBool(); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QStandardItemModel>
 #include <QString>
 #include <QStringList>
@@ -39,8 +40,12 @@ class ResultsView : public QTreeView {
     void setColumns(const std::vector<Column>& columns);
     void addGroup(const QString& key, const QString& text);
     void addRow(const Row& row);
-    /// Widens every column until neither its header nor a value is cut.
+    /// Widens every column until neither its header nor a value is cut; those that the user made wider or
+    /// narrower keep that width.
     void fitColumns();
+    /// The widths that the user gave to columns, by their keys; kept also for columns that are away.
+    const QHash<QString, int>& chosenWidths() const { return chosenWidths_; }
+    void setChosenWidths(const QHash<QString, int>& widths);
 
     int rowCount() const { return model_.rowCount(); }
     bool isGroup(int row) const;
@@ -76,9 +81,13 @@ class ResultsView : public QTreeView {
 
   private:
     bool isInUse() const;
+    int fittingWidth(int column) const;
+    void setWidth(int column, int width);
 
     QStandardItemModel model_;
     QString tag_;
+    QHash<QString, int> chosenWidths_;
+    bool isArranging_ = false;  // widths are set by the program
 };
 
 }  // namespace marvello

@@ -27,7 +27,7 @@ QFont fontOf(bool strong, bool key) {
 EmptyPage::EmptyPage(QWidget* parent) : QWidget(parent) {}
 
 void EmptyPage::setTexts(const QString& title, const QString& sentence, const QString& button,
-                         const QString& key) {
+                         const QString& key, const QString& edited) {
     title_ = title;
     words_.clear();
     for (const QString& word : sentence.split(u' ', Qt::SkipEmptyParts)) {
@@ -36,10 +36,12 @@ void EmptyPage::setTexts(const QString& title, const QString& sentence, const QS
             words_ += Word{button + word.mid(3), Word::Kind::strong};
         else if (word.startsWith(u"{1}"))
             words_ += {Word{key, Word::Kind::key}, Word{word.mid(3), Word::Kind::plain}};
+        else if (word.startsWith(u"{2}"))
+            words_ += Word{edited + word.mid(3), Word::Kind::strong};
         else
             words_ += Word{word, Word::Kind::plain};
     }
-    setAccessibleName(title + QStringLiteral(". ") + filled(sentence, {button, key}));
+    setAccessibleName(title + QStringLiteral(". ") + filled(sentence, {button, key, edited}));
     update();
 }
 

@@ -4,15 +4,16 @@
 
 namespace marvello {
 
-/// What stands beside the inputs before a run: a drawing and one sentence. In the sentence "{0}" is the name
-/// of the button and "{1}" the key, which is drawn as a chip.
+/// What stands beside the inputs while there is no list: a drawing and one sentence. In the sentence "{0}" is
+/// the name of the button, "{1}" the key, which is drawn as a chip, and "{2}" the input that was edited.
 class EmptyPage : public QWidget {
     Q_OBJECT
 
   public:
     explicit EmptyPage(QWidget* parent = nullptr);
 
-    void setTexts(const QString& title, const QString& sentence, const QString& button, const QString& key);
+    void setTexts(const QString& title, const QString& sentence, const QString& button, const QString& key,
+                  const QString& edited = QString());
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 
 #include "controls/AdvanceText.h"
+#include "controls/Link.h"
 #include "controls/Look.h"
 #include "controls/ctlBtn.h"
 
@@ -83,6 +84,8 @@ InputPanel::InputPanel(bool hasFrequency, QWidget* parent)
     lnkCalculate->setObjectName(QStringLiteral("lnkCalculate"));
     lnkCalculate->setProperty("Main", true);
     lnkCalculate->setProperty("KeyHint", QStringLiteral("F5"));
+    lnkDefaults = new Link(QString(), this);
+    lnkDefaults->setObjectName(QStringLiteral("lnkDefaults"));
 
     rtfHelp_ = new QLabel(this);
     rtfHelp_->setObjectName(QStringLiteral("rtfHelp"));
@@ -120,6 +123,7 @@ AdvanceText* InputPanel::number(const char* name, bool captioned) {
 void InputPanel::makeTabOrder() {
     for (qsizetype i = 1; i < fields_.size(); ++i) QWidget::setTabOrder(fields_[i - 1], fields_[i]);
     QWidget::setTabOrder(fields_.back(), lnkCalculate);
+    QWidget::setTabOrder(lnkCalculate, lnkDefaults);
 }
 
 void InputPanel::ResizeControls(int captionWidth) {
@@ -211,6 +215,9 @@ void InputPanel::layOut() {
     const int left = InternalLeft() + side + captionWidth_;
     lnkCalculate->setGeometry(left - ring, top - ring, width - side - captionWidth_ - side + 2 * ring,
                               buttonHeight + 2 * ring);
+    const QSize link = lnkDefaults->sizeHint();
+    lnkDefaults->setGeometry(InternalLeft() + side, top + (buttonHeight - link.height()) / 2,
+                             std::min(link.width(), captionWidth_), link.height());
     layOutHelp({InternalLeft() + side, top + buttonHeight + helpGap, width - 2 * side,
                 InternalTop() + InternalHeight() - top - buttonHeight - helpGap});
 }

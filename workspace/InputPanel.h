@@ -8,6 +8,7 @@ class QScrollArea;
 namespace marvello {
 
 class AdvanceText;
+class Link;
 class ctlBtn;
 
 /// The inputs of a selection form, laid out in rows, with the button that starts the calculation and the help
@@ -41,6 +42,7 @@ class InputPanel : public Container {
     AdvanceText* cmbMotorRPM;
     AdvanceText* cmbStepCapacity;
     ctlBtn* lnkCalculate;
+    Link* lnkDefaults;  ///< gives all inputs their first values again
 
     /// All inputs, in the order of the panel.
     const QList<AdvanceText*>& fields() const { return fields_; }

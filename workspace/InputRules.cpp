@@ -32,24 +32,22 @@ SeriesOfMarket seriesOfMarket(const QString& serieKey) {
     return {serieKey.toStdString(), 0};
 }
 
-double permittedSuperheat(double value, const QString& refrigerantKey, bool isImperial, bool isDifference,
-                          double evaporatingDew) {
+SuperheatRange superheatRange(const QString& refrigerantKey, bool isImperial, bool isDifference,
+                              double evaporatingDew) {
     const bool isPropane = refrigerantKey.toLower() == u"r290";
-    struct Range {
-        double high;
-        double fallback;
-    };
+    if (isDifference)
+        return {0, isImperial ? (isPropane ? 72.0 : 36.0) : (isPropane ? 40.0 : 20.0),
+                isImperial ? 18.0 : 10.0};
     // The imperial bounds of a suction temperature are not the metric ones converted; they are kept as they
     // are.
-    const Range range = isDifference
-                            ? Range{isImperial ? (isPropane ? 72.0 : 36.0) : (isPropane ? 40.0 : 20.0),
-                                    isImperial ? 18.0 : 10.0}
-                            : Range{isImperial ? (isPropane ? 104.0 : 68.0) : (isPropane ? 40.0 : 20.0),
-                                    isImperial ? 50.0 : 10.0};
-    const double base = isDifference ? 0.0 : evaporatingDew;
+    const double high = isImperial ? (isPropane ? 104.0 : 68.0) : (isPropane ? 40.0 : 20.0);
+    return {evaporatingDew, evaporatingDew + high, evaporatingDew + (isImperial ? 50.0 : 10.0)};
+}
+
+double permittedSuperheat(double value, const SuperheatRange& range) {
     double result = value;
-    if (result < base) result = base + range.fallback;
-    if (result > base + range.high) result = base + range.fallback;
+    if (result < range.low) result = range.fallback;
+    if (result > range.high) result = range.fallback;
     return result;
 }
 

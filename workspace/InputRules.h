@@ -29,10 +29,21 @@ struct SeriesOfMarket {
 };
 SeriesOfMarket seriesOfMarket(const QString& serieKey);
 
-/// The superheat that holds for one that was asked for: the value itself, or the default where it is out of
-/// its range. `isDifference` tells a superheat from a suction temperature; temperatures in the units of the
-/// form.
-double permittedSuperheat(double value, const QString& refrigerantKey, bool isImperial, bool isDifference,
-                          double evaporatingDew);
+/// The bounds of a superheat, which are permitted themselves, and what takes the place of a value beyond
+/// them.
+struct SuperheatRange {
+    double low;
+    double high;
+    double fallback;
+};
+/// `isDifference` tells a superheat from a suction temperature; temperatures in the units of the form.
+SuperheatRange superheatRange(const QString& refrigerantKey, bool isImperial, bool isDifference,
+                              double evaporatingDew);
+/// The superheat that holds for one that was asked for: the value itself, or the fallback.
+double permittedSuperheat(double value, const SuperheatRange& range);
+
+/// The frequencies of an inverter, Hz.
+inline constexpr double leastFrequency = 20;
+inline constexpr double mostFrequency = 70;
 
 }  // namespace marvello

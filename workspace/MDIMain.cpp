@@ -11,7 +11,6 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QRandomGenerator>
-#include <QSettings>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -26,6 +25,7 @@
 #include "workspace/AlphaVersion.h"
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/DropList.h"
+#include "workspace/UserSettings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmSelection.h"
@@ -60,8 +60,6 @@ struct WaitCursor {
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
-
-QSettings windowSettings() { return QSettings(QStringLiteral("Kestrom"), QStringLiteral("Marvello")); }
 
 }  // namespace
 
@@ -217,6 +215,7 @@ SelectionForm* MDIMain::newInverterSelection() {
 SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString& what) {
     SelectionForm* form = made.release();
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
+    form->takeOver(keptFormState(form->objectName()));
     const QString number = QString::number(++formNumber_);
     const QIcon picture =
         icon(form->TypeForm() == onInverter.typeForm ? QStringLiteral("inverter") : QStringLiteral("form"));
@@ -224,7 +223,7 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString&
     form->setDescription(number + u' ' + what);
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->setWindowIcon(picture);
-    const QSettings settings = windowSettings();
+    const QSettings settings = userSettings();
     form->setPanelWidth(settings.value(QStringLiteral("Windows/PanelWidth"), form->panelWidth()).toInt());
     form->setListHeight(settings.value(QStringLiteral("Windows/ListHeight"), form->listHeight()).toInt());
 
@@ -320,18 +319,26 @@ void MDIMain::closeAll() {
 }
 
 void MDIMain::restoreSizes() {
-    const QSettings settings = windowSettings();
+    const QSettings settings = userSettings();
     restoreGeometry(settings.value(QStringLiteral("Windows/Frame")).toByteArray());
+    for (AdvanceText* selector : {cmbmeasureunits_, cmbGroupBy_}) {
+        const QString key = settings.value(QStringLiteral("Windows/") + selector->objectName()).toString();
+        if (key == u"0" || key == u"1") showKey(selector, key);
+    }
 }
 
 void MDIMain::keepSizes(const SelectionForm& form) {
-    QSettings settings = windowSettings();
+    QSettings settings = userSettings();
     settings.setValue(QStringLiteral("Windows/PanelWidth"), form.panelWidth());
     settings.setValue(QStringLiteral("Windows/ListHeight"), form.listHeight());
 }
 
 void MDIMain::closeEvent(QCloseEvent* event) {
-    windowSettings().setValue(QStringLiteral("Windows/Frame"), saveGeometry());
+    QSettings settings = userSettings();
+    settings.setValue(QStringLiteral("Windows/Frame"), saveGeometry());
+    for (const AdvanceText* selector : {cmbmeasureunits_, cmbGroupBy_})
+        settings.setValue(QStringLiteral("Windows/") + selector->objectName(), selector->Key());
+    if (const SelectionForm* form = ActiveForm()) keepFormState(form->objectName(), form->state());
     QMainWindow::closeEvent(event);
 }
 

@@ -10,6 +10,7 @@
 #include <array>
 
 #include "controls/AdvanceText.h"
+#include "controls/Link.h"
 #include "controls/Look.h"
 #include "controls/MessagesView.h"
 #include "controls/ResultsView.h"
@@ -84,6 +85,7 @@ SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
     help->setContext(Qt::WidgetWithChildrenShortcut);
     connect(help, &QShortcut::activated, this, &SelectionForm::showHelp);
     connect(panel_->lnkCalculate, &ctlBtn::clicked, this, &SelectionForm::lnkCalculate_Click);
+    connect(panel_->lnkDefaults, &Link::clicked, this, &SelectionForm::resetInputs);
 
     writeDefaults();
     Traduci();
@@ -93,6 +95,7 @@ SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
     SyncTemperatureFields(QStringLiteral("ted"));
     panel_->layOut();
     panel_->txtTED->setFocus();
+    defaults_ = state();
 }
 
 SelectionForm::~SelectionForm() = default;
@@ -220,14 +223,14 @@ void SelectionForm::Traduci() {
     applySet(QStringLiteral("populate"));
     panel_->lnkCalculate->setText(dictionaryText(QStringLiteral("frmselection.lnkcalculate.caption")));
     panel_->SetCaptionText(dictionaryText(QStringLiteral("frmselection.coolframe1.captiontext")));
-    frame2_->setTexts(dictionaryText(QStringLiteral("frmselection.empty.title")),
-                      dictionaryText(QStringLiteral("frmselection.empty.text")), panel_->lnkCalculate->text(),
-                      QStringLiteral("F5"));
+    panel_->lnkDefaults->setText(dictionaryText(QStringLiteral("frmselection.lnkdefaults.caption")));
+    invite();
     translatePages();
     // The descriptions of the chosen keys, in the new language.
     for (AdvanceText* field : panel_->fields())
         if (field->Locked()) showChoice(field);
     showUnits();
+    sayRanges();
     markDerived(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
     markDerived(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
     relistResults();

@@ -6,6 +6,7 @@
 #include "catalogue/clsProjectConditions.h"
 #include "engine/clsOutputs.h"
 #include "engine/clsSelections.h"
+#include "workspace/FormState.h"
 #include "workspace/InputRules.h"
 #include "workspace/MeasureSystem.h"
 #include "workspace/SelectionKind.h"
@@ -71,6 +72,11 @@ class SelectionForm : public QWidget {
     /// Moves the selection of the results by `rows`.
     void moveSelection(int rows);
 
+    /// What the next form of this kind starts with.
+    FormState state() const;
+    /// Takes over the inputs of another form, in its own measure system, as far as the catalogue offers them.
+    void takeOver(const FormState& state);
+
     bool hasResults() const;
     /// True with a compressor as the selected row.
     bool canCopy() const;
@@ -94,6 +100,7 @@ class SelectionForm : public QWidget {
   protected:
     SelectionForm(const SelectionKind& kind, QWidget* parent);
 
+    void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -128,15 +135,23 @@ class SelectionForm : public QWidget {
     /// reason takes that back.
     void refuseLeader(const QString& leader, const QString& reason);
     void markDerived(const QString& leader);
+    /// Works the coupled fields out anew from those that lead.
+    void followMasters();
+    /// Says beside a field that its value is beyond its range, and what is permitted.
+    void sayRanges();
+    static void sayRange(AdvanceText* field, double low, double high);
     void walkPair(const AdvanceText* field);
     bool gestioneSH(bool showMessage);
+    SuperheatRange superheatRange() const;
     void showUnits();
     void ConvertInputs(MeasureSystem from, MeasureSystem to);
     void VisualizeHelp(const AdvanceText* field);
     /// Shows the whole help of the field in use in a box, also where the panel has no room for it.
     void showHelp();
     QString captionOf(const AdvanceText* field) const;
-    void inputsChanged();
+    /// Discards results that belong to earlier inputs; `field` is where they were changed, if anywhere.
+    void inputsChanged(const AdvanceText* field);
+    void resetInputs();
     bool hasGlide() const;
 
     // SelectionRun.cpp
@@ -146,6 +161,8 @@ class SelectionForm : public QWidget {
     bool runSelection();
     void showResults();
     void closesplitter34();
+    /// What stands beside the inputs while there is no list: what to do, and why the list went.
+    void invite(const QString& editedField = QString());
 
     // SelectionResults.cpp
     void addCompressor(clsCompressor& compressor, const QString& label);
@@ -188,6 +205,7 @@ class SelectionForm : public QWidget {
     std::unique_ptr<frmpG> progress_;
     std::unique_ptr<clsSelections> Selection_;
     clsOutputs outputs_;
+    FormState defaults_;
 };
 
 }  // namespace marvello

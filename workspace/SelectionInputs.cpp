@@ -87,13 +87,16 @@ void SelectionForm::connectInputs() {
             VisualizeHelp(field);
             walkPair(field);
         });
-        connect(field, &AdvanceText::KeyPress, this, &SelectionForm::inputsChanged);
-        connect(field, &AdvanceText::TextChange, this, &SelectionForm::inputsChanged);
-        connect(field, &AdvanceText::KeyChange, this, &SelectionForm::inputsChanged);
+        const auto changed = [this, field] { inputsChanged(field); };
+        connect(field, &AdvanceText::KeyPress, this, changed);
+        connect(field, &AdvanceText::TextChange, this, changed);
+        connect(field, &AdvanceText::KeyChange, this, changed);
         if (field->Locked()) dropList_->serve(field, field == panel_->lstModels);
     }
     connectCoupledFields();
     connectModes();
+    for (AdvanceText* field : panel_->fields())
+        connect(field, &AdvanceText::TextChange, this, &SelectionForm::sayRanges);
 }
 
 void SelectionForm::connectCoupledFields() {
@@ -294,7 +297,6 @@ void SelectionForm::refuseLeader(const QString& leader, const QString& reason) {
     for (AdvanceText* field : coupleOf(name)) {
         const bool leads = field->objectName().mid(3).toLower() == name;
         field->SetRefusal(leads ? reason : QString());
-        if (leads) field->setToolTip(reason);
         if (!leads && !reason.isEmpty()) field->SetUnknown();
     }
 }
@@ -343,13 +345,37 @@ void SelectionForm::walkPair(const AdvanceText* field) {
         for (AdvanceText* member : pair) member->setTabStop(pair.contains(field));
 }
 
+void SelectionForm::followMasters() {
+    SyncTemperatureFields(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
+    SyncTemperatureFields(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
+}
+
+void SelectionForm::sayRange(AdvanceText* field, double low, double high) {
+    const auto value = typedNumber(field->TextText());
+    const auto shown = [](double bound) { return formatNumber(std::round(bound * 100) / 100, {}); };
+    const bool isBeyond = value && (*value < low || *value > high);
+    field->SetRemark(isBeyond ? filled(dictionaryText(QStringLiteral("frmselection.range")),
+                                       {shown(low), shown(high), field->UnitCaptiontext().trimmed()})
+                              : QString());
+}
+
+void SelectionForm::sayRanges() {
+    const SuperheatRange superheat = superheatRange();
+    sayRange(panel_->txtSH, superheat.low, superheat.high);
+    if (panel_->txtFrequency) sayRange(panel_->txtFrequency, leastFrequency, mostFrequency);
+}
+
+SuperheatRange SelectionForm::superheatRange() const {
+    return marvello::superheatRange(panel_->lstRefrigerants->Key(), measureUnit_ == MeasureSystem::imperial,
+                                    panel_->cmbSh->Key() == u"0", panel_->txtTED->number());
+}
+
 bool SelectionForm::gestioneSH(bool showMessage) {
     const double asked = panel_->txtSH->number();
-    const double permitted =
-        permittedSuperheat(asked, panel_->lstRefrigerants->Key(), measureUnit_ == MeasureSystem::imperial,
-                           panel_->cmbSh->Key() == u"0", panel_->txtTED->number());
+    const double permitted = permittedSuperheat(asked, superheatRange());
+    if (permitted != asked) panel_->txtSH->SetTextValue(permitted);
+    sayRanges();
     if (permitted == asked) return true;
-    panel_->txtSH->SetTextValue(permitted);
     if (showMessage)
         MessageBox::show(
             this, MessageBox::Mark::critical,
@@ -379,9 +405,9 @@ void SelectionForm::MeasureUnits(int unit, bool refresh) {
     measureUnit_ = unit == 1 ? MeasureSystem::imperial : MeasureSystem::metric;
     if (measureUnit_ != before) ConvertInputs(before, measureUnit_);
     showUnits();
+    sayRanges();
     if (measureUnit_ == before || !refresh) return;
-    SyncTemperatureFields(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
-    SyncTemperatureFields(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
+    followMasters();
     relistResults();
 }
 
@@ -421,9 +447,13 @@ QString SelectionForm::captionOf(const AdvanceText* field) const {
     return named->CaptionText();
 }
 
-void SelectionForm::inputsChanged() {
-    if (!Splitter2_->isHidden()) closesplitter34();
+void SelectionForm::inputsChanged(const AdvanceText* field) {
+    if (Splitter2_->isHidden()) return;
+    closesplitter34();
+    if (field) invite(captionOf(field));
 }
+
+void SelectionForm::resetInputs() { takeOver(defaults_); }
 
 bool SelectionForm::WheelMoved(int step) {
     for (AdvanceText* field : {panel_->txtTED, panel_->txtTEM, panel_->txtPE, panel_->txtPC, panel_->txtSC,

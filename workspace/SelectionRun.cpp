@@ -9,6 +9,7 @@
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
 #include "controls/TabStrip.h"
+#include "controls/ctlBtn.h"
 #include "data/CollectedBoxes.h"
 #include "engine/AbortRequested.h"
 #include "thermo/clsRefprop.h"
@@ -44,10 +45,8 @@ bool SelectionForm::allInputsValid() {
 
 // The range of an inverter; nothing is said.
 void SelectionForm::limitFrequency() {
-    constexpr double least = 20;
-    constexpr double most = 70;
     if (AdvanceText* frequency = panel_->txtFrequency)
-        frequency->SetTextValue(std::clamp(frequency->number(), least, most));
+        frequency->SetTextValue(std::clamp(frequency->number(), leastFrequency, mostFrequency));
 }
 
 void SelectionForm::Calculate() {
@@ -65,6 +64,7 @@ void SelectionForm::Calculate() {
     progress_.reset();
     window()->activateWindow();
 
+    keepFormState(objectName(), state());
     if (Selection_->Count() > 0)
         showResults();
     else if (isWhole && !Selection_->isAborted())
@@ -143,7 +143,17 @@ void SelectionForm::showResults() {
     PopulateFrame4();
 }
 
+void SelectionForm::invite(const QString& editedField) {
+    const bool isFirst = editedField.isEmpty();
+    const QString title = isFirst ? dictionaryText(QStringLiteral("frmselection.empty.title"))
+                                  : dictionaryText(QStringLiteral("frmselection.discarded.title"));
+    const QString sentence = isFirst ? dictionaryText(QStringLiteral("frmselection.empty.text"))
+                                     : dictionaryText(QStringLiteral("frmselection.discarded.text"));
+    frame2_->setTexts(title, sentence, panel_->lnkCalculate->text(), QStringLiteral("F5"), editedField);
+}
+
 void SelectionForm::closesplitter34() {
+    invite();
     lvCps_->clear();
     Splitter1_->SetChild2(QStringLiteral("Frame2"));
     frame2_->show();

@@ -54,6 +54,7 @@ TEST(PermittedSuperheat, ReplacesWhatIsOutsideOfTheBounds) {
                           {"R134A", true, false, 73.1, 55},
                           {"R290", true, false, 109, 109},
                           {"R290", true, false, 4, 55}})
-        EXPECT_EQ(permittedSuperheat(c.asked, c.refrigerant, c.isImperial, c.isDifference, 5), c.permitted)
+        EXPECT_EQ(permittedSuperheat(c.asked, superheatRange(c.refrigerant, c.isImperial, c.isDifference, 5)),
+                  c.permitted)
             << c.refrigerant << " " << c.asked << (c.isImperial ? " imperial" : "");
 }

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenu>
@@ -75,6 +76,59 @@ TEST_F(MainWindowTest, IsQuietWithoutForms) {
         EXPECT_FALSE(action(name)->isEnabled()) << name;
     action("frecciaup")->trigger();
     action("mnu_file_closeall")->trigger();
+}
+
+TEST_F(MainWindowTest, TheNextFormStartsWithTheInputsOfTheLast) {
+    SelectionForm* first = window->newSelection();
+    first->MeasureUnits(1, true);
+    choose(*first, "lstRefrigerants", "R290");
+    choose(*first, "lstSeries", "TK-A");
+    field(*first, "lstModels")->SetKey("90");
+    choose(*first, "cmbEco", "1");
+    type(*first, "txtEco", "12.5");
+    type(*first, "txtTED", "23");  // -5 degrees Celsius
+    first->lnkCalculate_Click();
+    ASSERT_TRUE(first->hasResults());
+    const auto header = [](const SelectionForm* form) {
+        return control<ResultsView>(*form, "lvCps")->header();
+    };
+    header(first)->resizeSection(1, 200);
+    first->Quit();
+    settle();
+
+    SelectionForm* next = window->newSelection();
+    EXPECT_EQ(next->MeasureUnit(), 1);
+    EXPECT_EQ(next->subject(), QString::fromUtf8("R290 · TK-A"));
+    EXPECT_EQ(field(*next, "lstModels")->Key(), "90");
+    EXPECT_EQ(field(*next, "txtTED")->number(), 23);
+    EXPECT_NEAR(field(*next, "txtPE")->number(), 58.9, 0.1);  // propane at -5 degrees Celsius: 4.06 bar
+    EXPECT_EQ(field(*next, "txtEco")->number(), 12.5);
+    EXPECT_TRUE(field(*next, "txtEco")->isVisible());
+    next->lnkCalculate_Click();
+    EXPECT_EQ(header(next)->sectionSize(1), 200);
+    next->relistResults();
+    EXPECT_EQ(header(next)->sectionSize(1), 200) << "a list made anew keeps the widths";
+
+    // Back to the first values, in the units of the form.
+    QTest::mouseClick(control<QWidget>(*next, "lnkDefaults"), Qt::LeftButton);
+    EXPECT_FALSE(next->hasResults());
+    EXPECT_EQ(field(*next, "lstRefrigerants")->Key(), "R134A");
+    EXPECT_EQ(field(*next, "lstModels")->Key(), "*");
+    EXPECT_EQ(field(*next, "cmbEco")->Key(), "0");
+    EXPECT_NEAR(field(*next, "txtTED")->number(), 35.6, 1e-9);  // 2 degrees Celsius
+    EXPECT_NEAR(field(*next, "txtSH")->number(), 18, 1e-9);
+
+    // What the catalogue does not offer, and what is no number, is left as it is.
+    FormState foreign = next->state();
+    foreign.keys["lstRefrigerants"] = "R999";
+    foreign.keys["lstSeries"] = "XX";
+    foreign.keys["lstModels"] = "100;no such model";
+    foreign.values.remove("txtTCD");
+    keepFormState(next->objectName(), foreign);
+    const SelectionForm* third = window->newSelection();
+    EXPECT_EQ(field(*third, "lstRefrigerants")->Key(), "R134A");
+    EXPECT_EQ(field(*third, "lstModels")->Key(), "*");
+    EXPECT_NEAR(field(*third, "txtTCD")->number(), 104, 1e-9);  // 40 degrees Celsius
 }
 
 TEST_F(MainWindowTest, TheStartMenuOpensTheFormChosen) {

@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "controls/FieldNote.h"
 #include "controls/MessagesView.h"
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
@@ -90,7 +91,7 @@ TEST_F(SelectionFormTest, AValueBeyondTheFluidIsRefusedInItsFieldAndSaidOnce) {
     type(*form, "txtTCD", "150");  // R134a has its critical point at 101 degrees Celsius
     EXPECT_TRUE(boxes.isEmpty()) << "typing opens no box";
     EXPECT_TRUE(field(*form, "txtTCD")->isInvalid());
-    EXPECT_FALSE(field(*form, "txtTCD")->toolTip().isEmpty());
+    EXPECT_FALSE(field(*form, "txtTCD")->complaint().isEmpty());
     EXPECT_TRUE(field(*form, "txtPC")->isUnknown());
     calculate();
     EXPECT_EQ(boxes.size(), 1);
@@ -158,6 +159,31 @@ TEST_F(SelectionFormTest, ValuesOutOfRangeAreReplacedOnLeaving) {
     EXPECT_EQ(text("txtSC"), "3.00");
 }
 
+TEST_F(SelectionFormTest, AValueOutOfItsRangeIsSaidBesideItsField) {
+    type(*form, "txtSH", "25");
+    const auto* note = form->findChild<FieldNote*>();
+    ASSERT_NE(note, nullptr);
+    EXPECT_TRUE(note->isVisible());
+    EXPECT_EQ(note->text(), "Permitted: 0 to 20 K");
+    const AdvanceText* superheat = field(*form, "txtSH");
+    EXPECT_TRUE(superheat->isInvalid());
+    const QRect box(superheat->mapTo(form.get(), QPoint()), superheat->size());
+    EXPECT_GT(note->x(), box.right()) << "no other input is hidden";
+    EXPECT_TRUE(box.contains(QPoint(box.center().x(), note->geometry().center().y())));
+    type(*form, "txtSH", "20");
+    EXPECT_FALSE(note->isVisible());
+    EXPECT_FALSE(superheat->isInvalid());
+
+    // A suction temperature has its range above the evaporating temperature of 2.
+    choose(*form, "cmbSh", "1");
+    type(*form, "txtSH", "1.5");
+    EXPECT_EQ(superheat->complaint(), QString::fromUtf8("Permitted: 2 to 22 °C"));
+    type(*form, "txtTED", "-20");
+    EXPECT_TRUE(superheat->isInvalid()) << "replaced on leaving by 12, which is above the new range";
+    type(*form, "txtTED", "-5");
+    EXPECT_FALSE(superheat->isInvalid());
+}
+
 TEST_F(SelectionFormTest, F5ListsEveryModelWithItsMark) {
     choose(*form, "lstSeries", "TK-A");
     calculate();
@@ -201,10 +227,13 @@ TEST_F(SelectionFormTest, AChangedInputDiscardsTheResults) {
     type(*form, "txtTED", "0");
     EXPECT_FALSE(form->hasResults());
     EXPECT_EQ(list()->rowCount(), 0);
+    const auto why = [this] { return control<QWidget>(*form, "frame2")->accessibleName(); };
+    EXPECT_TRUE(why().contains("when T. E. Dew was edited")) << why().toStdString();
     calculate();
     ASSERT_TRUE(form->hasResults());
     choose(*form, "cmbOilCooling", "0");
     EXPECT_FALSE(form->hasResults());
+    EXPECT_TRUE(why().contains("when Oil Cooling was edited")) << why().toStdString();
     field(*form, "lstModels")->SetKey("100;140");  // chosen models alone
     calculate();
     EXPECT_EQ(list()->rowCount(), 3);

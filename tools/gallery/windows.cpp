@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QSettings>
 #include <QTabBar>
@@ -74,6 +76,17 @@ struct Demonstration {
         menu->hide();
     }
 
+    /// Types over the text of a field.
+    static void typeOver(const SelectionForm& form, const char* name, const QString& text) {
+        auto* edit = form.findChild<AdvanceText*>(QLatin1String(name))->findChild<QLineEdit*>();
+        edit->setFocus();
+        edit->selectAll();
+        for (const QChar sign : text) {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, sign);
+            QApplication::sendEvent(edit, &press);
+        }
+    }
+
     void run(MDIMain& window) const {
         save(window, "empty-frame");
         saveDialog(window, "mnu_file_new_selection", "start-menu");
@@ -122,6 +135,10 @@ struct Demonstration {
             calculate(*form);
             save(window, "economiser");
         }
+        typeOver(*form, "txtSH", QStringLiteral("25"));
+        save(window, "discarded");
+        form->findChild<AdvanceText*>(QStringLiteral("txtSH"))->SetTextValue(10.0);
+        calculate(*form);
         form->MeasureUnits(1, true);
         save(window, "imperial");
         form->MnuPopUp(QStringLiteral("limits"));

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+namespace marvello {
+
+/// What is wrong with the value of a field, in a bubble beside the widget that holds the field, so that it
+/// hides no other input. Takes neither focus nor mouse.
+class FieldNote : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// Stands in the window of `field`.
+    explicit FieldNote(const QWidget& field);
+
+    /// Shows `text` at the height of `box`, a part of `field`.
+    void say(const QString& text, const QWidget& field, const QRect& box);
+    const QString& text() const { return text_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QRect bubble() const;
+
+    QString text_;
+    bool isBelow_ = false;  // no room beside: the bubble hangs under the box
+};
+
+}  // namespace marvello

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+namespace marvello {
+
+/// What a selection form leaves to the next one of its kind: its inputs by the names of their fields, and how
+/// wide the user made the columns of its list, by their keys. Values are in the units of the form.
+struct FormState {
+    int measureUnit = 0;  ///< 0 metric, 1 imperial
+    QHash<QString, QString> keys;
+    QHash<QString, double> values;
+    QHash<QString, int> columnWidths;
+    bool midLeadsEvaporation = false;  ///< the temperature couple follows its mid temperature, not its dew
+    bool midLeadsCondensation = false;
+
+    bool isEmpty() const { return keys.isEmpty(); }
+};
+
+/// Keeps a state in the user's settings, under the name of a form.
+void keepFormState(const QString& form, const FormState& state);
+/// Empty when none was kept; what is no number is left out.
+FormState keptFormState(const QString& form);
+
+}  // namespace marvello

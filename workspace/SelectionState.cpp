@@ -1,0 +1,70 @@
+// What a form leaves to the next one, and what it takes over from the one before.
+
+#include <QCloseEvent>
+#include <algorithm>
+
+#include "controls/AdvanceText.h"
+#include "controls/ResultsView.h"
+#include "workspace/InputPanel.h"
+#include "workspace/SelectionForm.h"
+
+namespace marvello {
+
+namespace {
+
+bool offersAll(const AdvanceText& field, const QString& keys) {
+    QStringList offered;
+    for (const QString& pair : field.Tag1().split(u';')) offered += pair.section(u'|', 0, 0);
+    const QStringList asked = keys.split(u';');
+    return std::all_of(asked.begin(), asked.end(), [&](const QString& key) { return offered.contains(key); });
+}
+
+}  // namespace
+
+FormState SelectionForm::state() const {
+    FormState state;
+    state.measureUnit = MeasureUnit();
+    for (const AdvanceText* field : panel_->fields()) {
+        if (field->Locked())
+            state.keys[field->objectName()] = field->Key();
+        else
+            state.values[field->objectName()] = field->number();
+    }
+    state.columnWidths = lvCps_->chosenWidths();
+    state.midLeadsEvaporation = evaporatingMaster_ == 1;
+    state.midLeadsCondensation = condensingMaster_ == 1;
+    return state;
+}
+
+void SelectionForm::takeOver(const FormState& state) {
+    if (state.isEmpty()) return;
+    inputsChanged(nullptr);
+    const int unit = MeasureUnit();
+    MeasureUnits(state.measureUnit, false);
+    // In the order of the panel: a refrigerant offers its series, a series its models and its selectors. What
+    // the catalogue does not offer any more is left as it is.
+    for (AdvanceText* field : panel_->fields()) {
+        const auto key = state.keys.find(field->objectName());
+        if (!field->Locked() || !field->isEnabled() || key == state.keys.end()) continue;
+        if (*key == field->Key() || !offersAll(*field, *key)) continue;
+        field->SetKey(*key);
+        showChoice(field);
+    }
+    for (AdvanceText* field : panel_->fields())
+        if (const auto value = state.values.find(field->objectName()); value != state.values.end())
+            field->SetTextValue(*value);
+    evaporatingMaster_ = state.midLeadsEvaporation && hasGlide() ? 1 : 0;
+    condensingMaster_ = state.midLeadsCondensation && hasGlide() ? 1 : 0;
+    followMasters();
+    MeasureUnits(unit, true);
+    gestioneSH(false);
+    lvCps_->setChosenWidths(state.columnWidths);
+    emit stateChanged();
+}
+
+void SelectionForm::closeEvent(QCloseEvent* event) {
+    keepFormState(objectName(), state());
+    QWidget::closeEvent(event);
+}
+
+}  // namespace marvello
