@@ -1,5 +1,7 @@
 #include "workspace/MeasureSystem.h"
 
+#include <cmath>
+
 #include "thermo/clsConvert.h"
 
 namespace marvello {
@@ -11,17 +13,26 @@ constexpr int fahrenheitToCelsius = 4;
 constexpr double fahrenheitInKelvin = 1.8;
 constexpr int pressureCode = 1;
 
+/// To a thousand millionth: the last bits of a conversion must not decide on which side of a limit a
+/// temperature stands, such as 2 degrees Celsius typed as 35.6 degrees Fahrenheit.
+double withoutNoise(double value) {
+    constexpr double steps = 1e9;
+    constexpr double exact = 1e6;  // beyond it there are no bits to spare
+    return std::abs(value) > exact ? value : std::nearbyint(value * steps) / steps;
+}
+
 }  // namespace
 
 double convertedTemperature(double value, MeasureSystem from, MeasureSystem to) {
     if (from == to) return value;
-    return clsConvert().ConvertValue(
-        value, to == MeasureSystem::imperial ? celsiusToFahrenheit : fahrenheitToCelsius);
+    return withoutNoise(clsConvert().ConvertValue(
+        value, to == MeasureSystem::imperial ? celsiusToFahrenheit : fahrenheitToCelsius));
 }
 
 double convertedDifference(double value, MeasureSystem from, MeasureSystem to) {
     if (from == to) return value;
-    return to == MeasureSystem::imperial ? value * fahrenheitInKelvin : value / fahrenheitInKelvin;
+    return withoutNoise(to == MeasureSystem::imperial ? value * fahrenheitInKelvin
+                                                      : value / fahrenheitInKelvin);
 }
 
 double convertedPressure(double value, MeasureSystem from, MeasureSystem to) {
