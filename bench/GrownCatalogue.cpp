@@ -6,6 +6,7 @@
 
 #include "data/ApplicationFolder.h"
 #include "data/Globals.h"
+#include "tools/catalogue/Check.h"
 #include "tools/catalogue/Content.h"
 
 namespace marvello::bench {
@@ -24,19 +25,21 @@ void append(const Table& table, Record& record, std::string_view column, const s
     if (text != nullptr) *text += ending;
 }
 
-/// Copy `number` of the compressors: every other one in a series of its own, but for those on an inverter,
-/// whose series are known by name.
+/// Copy `number` of the compressors: every other one in a series of its own, but for those on an inverter and
+/// open drives, whose series are known by name.
 void appendCopy(TableContent& compressors, std::size_t originals, int number) {
     const Table& table = *compressors.table;
     const std::string ending = "/" + std::to_string(number);
     for (std::size_t i = 0; i < originals; ++i) {
         Record copy = compressors.records[i];
-        const bool isInverter = compressors.integer(copy, "fhasInverter") != 0;
+        const bool isKnownByName =
+            compressors.integer(copy, "fhasInverter") != 0 ||
+            std::get<std::string>(copy.values[table.columnIndex("fSerieID")]) == "NL-H";
         for (const char* column :
              {"fModelID", "fSequence", "fPolynomialQ0ID", "fPolynomialPassID", "fPolynomialShID"}) {
             append(table, copy, column, ending);
         }
-        if (!isInverter && number % 2 == 1) append(table, copy, "fSerieID", ending);
+        if (!isKnownByName && number % 2 == 1) append(table, copy, "fSerieID", ending);
         compressors.records.push_back(std::move(copy));
     }
 }
@@ -76,6 +79,7 @@ GrownCatalogue::GrownCatalogue(int least)
     std::filesystem::create_directories(folder_);
     writeCatalogue(grownContent(least), file());
     setApplicationFolder(MARVELLO_APP_FOLDER);
+    gDatabase().CloseConnection();
     gDatabase().Connect("Data Source=" + file());
 }
 

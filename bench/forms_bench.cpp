@@ -1,17 +1,24 @@
-// Opening a form, and another language with five of them open, on the catalogue that is shipped. Windows are
-// drawn offscreen.
+// What a user waits for: a form, another language, a calculation, a long list. Windows are drawn offscreen.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <exception>
 
+#include "bench/GrownCatalogue.h"
 #include "catalogue/Globals.h"
+#include "controls/AdvanceText.h"
 #include "controls/Look.h"
+#include "controls/ResultsView.h"
 #include "data/ApplicationFolder.h"
 #include "data/Globals.h"
+#include "engine/clsSelections.h"
+#include "thermo/clsRefprop.h"
 #include "workspace/MDIMain.h"
 #include "workspace/SelectionForm.h"
 
@@ -54,6 +61,131 @@ void anotherLanguage(benchmark::State& state) {
 }
 BENCHMARK(anotherLanguage)->Unit(benchmark::kMillisecond);
 
+using Clock = std::chrono::steady_clock;
+double millisecondsSince(Clock::time_point start) {
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+/// The shipped catalogue, open.
+void openShippedCatalogue() {
+    setApplicationFolder(MARVELLO_APP_FOLDER);
+    gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
+}
+
+/// From F5 to the drawn list of a series of 60 models; the run of the engine by itself is counted beside it.
+void keyToList(benchmark::State& state) {
+    constexpr int copies = 10;  // every other one stands in the series of its original
+    constexpr int shipped = 1136;
+    {
+        const bench::GrownCatalogue catalogue(shipped * (copies + 1));
+        MDIMain window(QStringLiteral("1.0.0"));
+        window.show();
+        SelectionForm* form = window.newSelection();
+        form->findChild<AdvanceText*>(QStringLiteral("lstSeries"))->SetKey(QStringLiteral("TK-A"));
+        settle();
+        double whole = 0;
+        double engine = 0;
+        int models = 0;
+        for ([[maybe_unused]] auto turn : state) {
+            auto start = Clock::now();
+            form->lnkCalculate_Click();
+            QApplication::processEvents();
+            whole += millisecondsSince(start);
+            state.PauseTiming();
+            clsSelections selection;
+            start = Clock::now();
+            selection.Selection(std::make_shared<clsProjectConditions>(conditionsAt(2, 40)), "TK-A", "*",
+                                "R134A", 0);
+            engine += millisecondsSince(start);
+            models = selection.Count();
+            state.ResumeTiming();
+        }
+        const auto runs = static_cast<double>(state.iterations());
+        state.counters["models"] = models;
+        state.counters["engine_ms"] = engine / runs;
+        state.counters["outside_ms"] = (whole - engine) / runs;
+    }
+    openShippedCatalogue();
+}
+BENCHMARK(keyToList)->Unit(benchmark::kMillisecond);
+
+/// Every series of the catalogue with an economiser: the longest time between two turns that a run gives to
+/// the window, which is how long "Abort" may wait.
+void longestWaitForATurn(benchmark::State& state) {
+    double longest = 0;
+    int compressors = 0;
+    for ([[maybe_unused]] auto turn : state) {
+        for (const bench::Series& series : bench::seriesOfCatalogue()) {
+            auto conditions = std::make_shared<clsProjectConditions>(conditionsAt(-10, 45));
+            conditions->EcoCalculateMode = 1;
+            clsSelections selection;
+            auto last = Clock::now();
+            selection.SelectionPercent = [&](int, int) {
+                longest = std::max(longest, millisecondsSince(last));
+                last = Clock::now();
+            };
+            selection.Selection(conditions, series.name, "*", series.refrigerant, 0);
+            longest = std::max(longest, millisecondsSince(last));
+            compressors += selection.Count();
+        }
+    }
+    state.counters["longest_ms"] = longest;
+    state.counters["compressors"] = compressors / static_cast<double>(state.iterations());
+}
+BENCHMARK(longestWaitForATurn)->Unit(benchmark::kMillisecond);
+
+/// A list of 1,000 results under ten groups, in 20 columns.
+void fill(ResultsView& list) {
+    list.clear();
+    std::vector<ResultsView::Column> columns;
+    for (int i = 0; i < 20; ++i)
+        columns.push_back({QStringLiteral("c%1").arg(i), QStringLiteral("Cooling capacity(kW)"), {}});
+    list.setColumns(columns);
+    for (int row = 0; row < 1000; ++row) {
+        if (row % 100 == 0) list.addGroup(QStringLiteral("@%1").arg(row), QStringLiteral("R134A"));
+        QStringList values;
+        for (int i = 1; i < 20; ++i) values += QString::number(row * 1.1 + i, 'f', 1);
+        list.addRow({QString::number(row),
+                     QStringLiteral("R;S;M"),
+                     QStringLiteral("TK-A-%1").arg(row),
+                     QStringLiteral("ledgreen"),
+                     {},
+                     values});
+    }
+    list.fitColumns();
+}
+
+void fillLongList(benchmark::State& state) {
+    ResultsView list;
+    list.resize(1000, 400);
+    list.show();
+    for ([[maybe_unused]] auto turn : state) {
+        fill(list);
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(fillLongList)->Unit(benchmark::kMillisecond);
+
+/// One key down in the list, or one turn of its wheel, and what is drawn after it.
+void moveInLongList(benchmark::State& state) {
+    ResultsView list;
+    list.resize(1000, 400);
+    list.show();
+    fill(list);
+    list.selectRow(1);
+    QApplication::processEvents();
+    int row = 1;
+    for ([[maybe_unused]] auto turn : state) {
+        row = row % 1000 + 1;
+        if (state.range(0) == 0)
+            list.selectRow(row);
+        else
+            list.verticalScrollBar()->setValue(row);
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(moveInLongList)->ArgName("scroll")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
 }  // namespace
 
 int main(int argc, char** argv) try {
@@ -61,8 +193,7 @@ int main(int argc, char** argv) try {
     QApplication application(argc, argv);
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
-    setApplicationFolder(MARVELLO_APP_FOLDER);
-    gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
+    openShippedCatalogue();
     loadSharedPolynomials();
     gApplication().User().language = "en-EN";
     Look::install(application, Look::light());
