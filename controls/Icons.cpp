@@ -118,4 +118,12 @@ void paintMark(QPainter& painter, const QRectF& rect, const QString& name) {
     paintCached(painter, rect, name + Look::current().text.name(), marked(name));
 }
 
+void paintIconOnPaper(QPainter& painter, const QRectF& rect, const QString& name, const QColor& colour) {
+    QSvgRenderer(tinted(name, colour)).render(&painter, rect);
+}
+
+void paintMarkOnPaper(QPainter& painter, const QRectF& rect, const QString& name) {
+    QSvgRenderer(sourceOf(name)).render(&painter, rect);
+}
+
 }  // namespace marvello

@@ -22,4 +22,8 @@ void paintIcon(QPainter& painter, const QRectF& rect, const QString& name, const
 /// Paints a mark in the colours of the current look.
 void paintMark(QPainter& painter, const QRectF& rect, const QString& name);
 
+/// The same for paper: as curves, which stay sharp at any resolution, and a mark in the colours of light.
+void paintIconOnPaper(QPainter& painter, const QRectF& rect, const QString& name, const QColor& colour);
+void paintMarkOnPaper(QPainter& painter, const QRectF& rect, const QString& name);
+
 }  // namespace marvello

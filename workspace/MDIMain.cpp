@@ -287,6 +287,8 @@ void MDIMain::refreshState() {
     commands_[QStringLiteral("frecciaup")]->setEnabled(hasResults);
     commands_[QStringLiteral("frecciadown")]->setEnabled(hasResults);
     commands_[QStringLiteral("mnu_tools_copytoclipboard")]->setEnabled(form && form->canCopy());
+    for (const char* name : {"mnu_file_print", "mnu_file_printpreview"})
+        commands_[QLatin1String(name)]->setEnabled(form && form->canPrint());
     commands_[QStringLiteral("frameresize")]->setChecked(form && form->isCollapsed());
     cmbGroupBy_->setEnabled(hasResults);
     cmbmeasureunits_->setEnabled(form != nullptr);

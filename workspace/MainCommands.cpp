@@ -67,6 +67,13 @@ void MDIMain::makeCommands() {
     connect(copy, &QAction::triggered, this, [this] {
         if (SelectionForm* form = ActiveForm()) form->MnuPopUp(QStringLiteral("copytoclipboard"));
     });
+    connect(command("mnu_file_print", "print", QKeySequence::Print), &QAction::triggered, this, [this] {
+        if (SelectionForm* form = ActiveForm()) form->MnuPopUp(QStringLiteral("print"));
+    });
+    connect(command("mnu_file_printpreview", "preview", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)),
+            &QAction::triggered, this, [this] {
+                if (SelectionForm* form = ActiveForm()) form->MnuPopUp(QStringLiteral("printpreview"));
+            });
     QAction* panel = command("frameresize", "panel", QKeySequence(Qt::Key_F9));
     panel->setCheckable(true);
     connect(panel, &QAction::toggled, this, [this](bool collapse) {
@@ -103,6 +110,9 @@ void MDIMain::makeMenus() {
     mnu_file_->addAction(commands_["mnu_file_close"]);
     mnu_file_->addAction(commands_["mnu_file_closeall"]);
     mnu_file_->addSeparator();
+    mnu_file_->addAction(commands_["mnu_file_printpreview"]);
+    mnu_file_->addAction(commands_["mnu_file_print"]);
+    mnu_file_->addSeparator();
     mnu_file_->addAction(commands_["mnu_file_exit"]);
     mnu_tools_ = menu("mnu_tools");
     mnu_tools_->addAction(commands_["mnu_tools_copytoclipboard"]);
@@ -124,11 +134,12 @@ void MDIMain::makeToolBar() {
     CoolBar1_->setContextMenuPolicy(Qt::PreventContextMenu);
     setContextMenuPolicy(Qt::NoContextMenu);
     CoolBar1_->setIconSize(QSize(20, 20));
-    const QList<QList<const char*>> groups{{"mnu_file_new_selection"},
-                                           {"mnu_tools_copytoclipboard"},
-                                           {"frameresize"},
-                                           {"frecciaup", "frecciadown"},
-                                           {"cascade", "tilehorizontal", "tilevertical"}};
+    const QList<QList<const char*>> groups{
+        {"mnu_file_new_selection"},
+        {"mnu_file_print", "mnu_file_printpreview", "mnu_tools_copytoclipboard"},
+        {"frameresize"},
+        {"frecciaup", "frecciadown"},
+        {"cascade", "tilehorizontal", "tilevertical"}};
     for (const auto& group : groups) {
         if (&group != &groups.front()) CoolBar1_->addSeparator();
         for (const char* name : group) CoolBar1_->addAction(commands_[name]);
@@ -190,6 +201,8 @@ void MDIMain::Traduci() {
     translateCommand("mnu_file_new_selection", "mdimain.menu.file.newselection");
     translateCommand("mnu_file_close", "mdimain.menu.file.close");
     translateCommand("mnu_file_closeall", "mdimain.menu.file.closeall");
+    translateCommand("mnu_file_print", "mdimain.menu.file.print");
+    translateCommand("mnu_file_printpreview", "mdimain.menu.file.printpreview");
     translateCommand("mnu_file_exit", "mdimain.menu.file.exit");
     translateCommand("mnu_tools_copytoclipboard", "mdimain.menu.tools.copytoclipboard");
     translateCommand("cascade", "mdimain.menu.window.cascade");

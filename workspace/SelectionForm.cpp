@@ -25,7 +25,6 @@
 #include "workspace/InputPanel.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/PolynomialsPage.h"
-#include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmpG.h"
 
@@ -185,6 +184,11 @@ void SelectionForm::makePopUp() {
         connect(entry, &QAction::triggered, this, [this, key = page.key] { MnuPopUp(QLatin1String(key)); });
     }
     mnu_cpspopup_->addSeparator();
+    for (const char* key : {"printpreview", "print"}) {
+        QAction* entry = mnu_cpspopup_->addAction(QString());
+        entry->setObjectName(menuName(key));
+        connect(entry, &QAction::triggered, this, [this, key] { MnuPopUp(QLatin1String(key)); });
+    }
     QAction* copy = mnu_cpspopup_->addAction(QString());
     copy->setObjectName(menuName("copyclipboard"));
     connect(copy, &QAction::triggered, this, [this] { MnuPopUp(QStringLiteral("copytoclipboard")); });
@@ -192,7 +196,10 @@ void SelectionForm::makePopUp() {
 }
 
 void SelectionForm::openPopUp(const QPoint& place) {
-    if (isCompressorRow(lvCps_->selectedRow())) mnu_cpspopup_->popup(lvCps_->viewport()->mapToGlobal(place));
+    if (!isCompressorRow(lvCps_->selectedRow())) return;
+    for (const char* key : {"printpreview", "print"})
+        findChild<QAction*>(menuName(key))->setEnabled(canPrint());
+    mnu_cpspopup_->popup(lvCps_->viewport()->mapToGlobal(place));
 }
 
 void SelectionForm::tabChanged() {
@@ -243,6 +250,8 @@ void SelectionForm::translatePages() {
     const auto entry = [this](const char* key) { return findChild<QAction*>(menuName(key)); };
     for (const Page& page : allPages) entry(page.key)->setText(dictionaryText(QLatin1String(page.menuText)));
     entry("copyclipboard")->setText(dictionaryText(QStringLiteral("mdimain.menu.cpspopup.copytoclipboard")));
+    entry("printpreview")->setText(dictionaryText(QStringLiteral("mdimain.menu.cpspopup.printpreview")));
+    entry("print")->setText(dictionaryText(QStringLiteral("mdimain.menu.cpspopup.print")));
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
 }
@@ -264,6 +273,7 @@ void SelectionForm::CloseFrame(bool collapse) {
 void SelectionForm::MnuPopUp(const QString& name) {
     if (const int tab = TabStrip_->indexOf(name); tab >= 0) TabStrip_->setCurrentIndex(tab);
     if (name == u"copytoclipboard") CopyToClipBoard();
+    if (name == u"print" || name == u"printpreview") PrintReport(name == u"printpreview");
 }
 
 void SelectionForm::Quit() {

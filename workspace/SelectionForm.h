@@ -2,14 +2,17 @@
 
 #include <QWidget>
 #include <memory>
+#include <optional>
 
 #include "catalogue/clsProjectConditions.h"
 #include "engine/clsOutputs.h"
 #include "engine/clsSelections.h"
+#include "reports/ReportContent.h"
 #include "workspace/FormState.h"
 #include "workspace/InputRules.h"
 #include "workspace/MeasureSystem.h"
 #include "workspace/SelectionKind.h"
+#include "workspace/TechnicalPage.h"
 
 class QMenu;
 class QStackedWidget;
@@ -27,7 +30,6 @@ class PolynomialsPage;
 class ResultsView;
 class Splitter;
 class TabStrip;
-class TechnicalPage;
 class frmpG;
 
 /// A selection form: the inputs at the left, and beside them what to do next or the results of the last
@@ -63,6 +65,10 @@ class SelectionForm : public QWidget {
     void MnuPopUp(const QString& name);
     /// Copies the selected compressors of the list with their values, separated by tabs.
     void CopyToClipBoard();
+    /// The report of the selected compressor; nothing without one.
+    std::optional<ReportContent> selectedReport();
+    /// Prints the report of the selected compressor, or shows it in its window.
+    void PrintReport(bool preview);
     void Quit();
 
     /// Starts a calculation, as the button and F5 do.
@@ -80,6 +86,8 @@ class SelectionForm : public QWidget {
     bool hasResults() const;
     /// True with a compressor as the selected row.
     bool canCopy() const;
+    /// True with a compressor without error as the selected row.
+    bool canPrint() const;
     /// How many compressors of the list carry a mark.
     int countOf(const QString& mark) const;
     /// The choice that the inputs stand at, as "R134A · TK-A".
@@ -166,6 +174,7 @@ class SelectionForm : public QWidget {
 
     // SelectionResults.cpp
     void addCompressor(clsCompressor& compressor, const QString& label);
+    QString unitOf(const clsOutput& output) const;
     bool isCompressorRow(int row) const;
     /// The compressor of a row; nothing for a group and for one that the last calculation does not hold.
     clsCompressor* compressorOf(int row) const;
@@ -177,6 +186,14 @@ class SelectionForm : public QWidget {
     void populatePolynomials(const clsCompressor& compressor);
     void populateDimension(const clsCompressor& compressor);
     void populateLimits(const clsCompressor& compressor);
+    QList<TechnicalPage::Entry> technicalEntries(const clsCompressor& compressor);
+    /// Limits and duty point in the units of the form.
+    EnvelopeDrawing envelopeOf(const clsCompressor& compressor) const;
+
+    // SelectionReport.cpp
+    std::vector<ReportLine> conditionLines(const clsCompressor& compressor) const;
+    std::vector<ReportLine> resultLines(int row);
+    ReportContent reportOf(const clsCompressor& compressor);
 
     const SelectionKind& kind_;
     QString key_;

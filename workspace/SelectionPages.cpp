@@ -88,14 +88,18 @@ void SelectionForm::populateMessages(const clsCompressor& compressor) {
     list(compressor.Messages.Information, QStringLiteral("msginformation"));
 }
 
-void SelectionForm::populateTechnical(const clsCompressor& compressor) {
+QList<TechnicalPage::Entry> SelectionForm::technicalEntries(const clsCompressor& compressor) {
     ApplyFormParameters(QStringLiteral("catalog"), nameOf(compressor), QStringLiteral("eng"), *this);
     QList<TechnicalPage::Entry> entries;
     for (auto [caption, value] : technical_->catalogueEntries()) {
         if (value.contains(u'@')) value = MotorDescription(value, compressor, kind_.hasInverter).trimmed();
         entries.append({caption, value});
     }
-    technical_->setEntries(nameOf(compressor), entries);
+    return entries;
+}
+
+void SelectionForm::populateTechnical(const clsCompressor& compressor) {
+    technical_->setEntries(nameOf(compressor), technicalEntries(compressor));
     technical_->setPhoto(photoFile(fromCore(compressor.Serie), fromCore(compressor.Model)));
 }
 
@@ -110,16 +114,25 @@ void SelectionForm::populateDimension(const clsCompressor& compressor) {
                            dictionaryText(QStringLiteral("frmselection.dimension.empty")));
 }
 
-void SelectionForm::populateLimits(const clsCompressor& compressor) {
+EnvelopeDrawing SelectionForm::envelopeOf(const clsCompressor& compressor) const {
     const auto title = [](const char* key, const AdvanceText* field) {
         return dictionaryText(QLatin1String(key)) + u' ' + field->UnitCaptiontext().trimmed();
     };
-    limits_->setTexts(title("frmselection.limitreport.xaxis.caption", panel_->txtTED),
-                      title("frmselection.limitreport.yaxis.caption", panel_->txtTCD),
-                      dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.limits")));
-    const clsPoint point{panel_->txtTED->number(), panel_->txtTCD->number()};
     const bool isImperial = measureUnit_ == MeasureSystem::imperial;
-    limits_->setLimits(isImperial ? inFahrenheit(compressor.limits) : compressor.limits, point);
+    EnvelopeDrawing drawing;
+    drawing.textX = title("frmselection.limitreport.xaxis.caption", panel_->txtTED);
+    drawing.textY = title("frmselection.limitreport.yaxis.caption", panel_->txtTCD);
+    drawing.limits = isImperial ? inFahrenheit(compressor.limits) : compressor.limits;
+    drawing.point = clsPoint{panel_->txtTED->number(), panel_->txtTCD->number()};
+    drawing.fitScale();
+    return drawing;
+}
+
+void SelectionForm::populateLimits(const clsCompressor& compressor) {
+    const EnvelopeDrawing drawing = envelopeOf(compressor);
+    limits_->setTexts(drawing.textX, drawing.textY,
+                      dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.limits")));
+    limits_->setLimits(drawing.limits, *drawing.point);
 }
 
 }  // namespace marvello

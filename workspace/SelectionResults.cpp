@@ -19,13 +19,6 @@ namespace {
 constexpr int byCompressor = 1;
 const QString blank = QStringLiteral("  ");
 
-/// The unit of a column. In the imperial system some have another.
-QString unitOf(const clsOutput& output, bool isImperial) {
-    const QString imperial = isImperial ? imperialUnit(fromCore(output.Key)) : QString();
-    if (imperial == u"F") return dictionaryText(QStringLiteral("general.variable03")) + imperial;
-    return imperial.isEmpty() ? fromCore(output.UmDescription) : imperial;
-}
-
 QString markText(const QString& mark) { return dictionaryTextIfAny(QStringLiteral("general.") + mark); }
 
 }  // namespace
@@ -42,8 +35,7 @@ void SelectionForm::populateLVCPS(int groupBy) {
                                               QString()}};
     for (const clsOutput& output : outputs_)
         if (isShown(output.Visibility, isImperial, hasEconomiser))
-            columns.push_back({fromCore(output.Key),
-                               fromCore(output.Name) + u'(' + unitOf(output, isImperial) + u')',
+            columns.push_back({fromCore(output.Key), fromCore(output.Name) + u'(' + unitOf(output) + u')',
                                fromCore(output.Description)});
     lvCps_->setColumns(columns);
 
@@ -65,6 +57,14 @@ void SelectionForm::populateLVCPS(int groupBy) {
         addCompressor(*compressor, groupBy == byCompressor ? refrigerant : name);
     }
     lvCps_->fitColumns();
+}
+
+// In the imperial system some columns have another unit.
+QString SelectionForm::unitOf(const clsOutput& output) const {
+    const bool isImperial = measureUnit_ == MeasureSystem::imperial;
+    const QString imperial = isImperial ? imperialUnit(fromCore(output.Key)) : QString();
+    if (imperial == u"F") return dictionaryText(QStringLiteral("general.variable03")) + imperial;
+    return imperial.isEmpty() ? fromCore(output.UmDescription) : imperial;
 }
 
 void SelectionForm::relistResults() {

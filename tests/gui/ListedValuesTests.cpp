@@ -2,27 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QLocale>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
 #include <cmath>
-#include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
-#include "catalogue/Globals.h"
 #include "controls/AdvanceText.h"
-#include "controls/MessageBox.h"
 #include "controls/ResultsView.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "tests/gui/RealWindow.h"
 #include "tests/tools/CallProgram.h"
-#include "thermo/clsRefprop.h"
-#include "workspace/MDIMain.h"
 #include "workspace/SelectionForm.h"
 
 using namespace marvello;
@@ -178,28 +169,11 @@ std::string cellOf(const json& compressor, const QString& key, bool isImperial) 
     return key == u"Pra" && text == "-" ? "0" : text;
 }
 
-class ListedValuesTest : public ::testing::TestWithParam<std::tuple<int, bool>> {
+class ListedValuesTest : public ::testing::TestWithParam<std::tuple<int, bool>>,
+                         public marvello::testing::RealWindow {
   protected:
-    ListedValuesTest() {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
-        handlerBefore_ =
-            MessageBox::setHandler([this](MessageBox::Mark, const QString& text) { boxes += text; });
-        setApplicationFolder(MARVELLO_APP_FOLDER);
-        gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
-        loadSharedPolynomials();
-        gApplication().User().language = "en-EN";
-        QLocale::setDefault(QLocale::c());
-        window = std::make_unique<MDIMain>("1.0.0");
-        window->show();
-    }
-    ~ListedValuesTest() override {
-        window.reset();
-        MessageBox::setHandler(handlerBefore_);
-        QLocale::setDefault(QLocale::system());
-        releaseRefprop();
-        releaseGlobals();
-        setApplicationFolder("");
-    }
+    ListedValuesTest() : RealWindow("en-EN") { QLocale::setDefault(QLocale::c()); }
+    ~ListedValuesTest() override { QLocale::setDefault(QLocale::system()); }
 
     void fill(SelectionForm& form, const Duty& duty, bool isImperial) {
         const auto field = [&](const char* name) {
@@ -228,13 +202,6 @@ class ListedValuesTest : public ::testing::TestWithParam<std::tuple<int, bool>> 
         EXPECT_EQ(answer.status, 0) << arguments;
         return json::parse(answer.out)["compressors"];
     }
-
-    QStringList boxes;
-    std::unique_ptr<MDIMain> window;
-
-  private:
-    QTemporaryDir settings_;
-    MessageBox::Handler handlerBefore_;
 };
 
 }  // namespace

@@ -11,55 +11,29 @@
 #include <QMenu>
 #include <QRegularExpression>
 #include <QSet>
-#include <QSettings>
 #include <QTabBar>
-#include <QTemporaryDir>
 #include <QTest>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
 
-#include "catalogue/Globals.h"
 #include "controls/AdvanceText.h"
-#include "controls/Look.h"
-#include "controls/MessageBox.h"
 #include "controls/MessagesView.h"
 #include "controls/ResultsView.h"
 #include "controls/TwoLineHeader.h"
 #include "controls/ctlBtn.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
 #include "engine/clsSelections.h"
-#include "thermo/clsRefprop.h"
-#include "workspace/MDIMain.h"
+#include "tests/gui/RealWindow.h"
 #include "workspace/SelectionForm.h"
 
 using namespace marvello;
 
 namespace {
 
-class RealCatalogueTest : public testing::TestWithParam<const char*> {
+class RealCatalogueTest : public ::testing::TestWithParam<const char*>, public marvello::testing::RealWindow {
   protected:
-    RealCatalogueTest() {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
-        handlerBefore_ =
-            MessageBox::setHandler([this](MessageBox::Mark, const QString& text) { boxes += text; });
-        setApplicationFolder(MARVELLO_APP_FOLDER);
-        gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
-        loadSharedPolynomials();
-        gApplication().User().language = GetParam();
-        window = std::make_unique<MDIMain>("1.0.0");
-        window->resize(1440, 870);
-        window->show();
-        form = window->newSelection();
+    RealCatalogueTest() : RealWindow(GetParam()), form(window->newSelection()) {
         EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    }
-    ~RealCatalogueTest() override {
-        window.reset();
-        MessageBox::setHandler(handlerBefore_);
-        releaseRefprop();
-        releaseGlobals();
-        setApplicationFolder("");
     }
 
     AdvanceText* field(const char* name) { return form->findChild<AdvanceText*>(QLatin1String(name)); }
@@ -89,13 +63,7 @@ class RealCatalogueTest : public testing::TestWithParam<const char*> {
         return static_cast<int>(selector->Tag1().split(';', Qt::SkipEmptyParts).size());
     }
 
-    QStringList boxes;
-    std::unique_ptr<MDIMain> window;
-    SelectionForm* form = nullptr;
-
-  private:
-    QTemporaryDir settings_;
-    MessageBox::Handler handlerBefore_;
+    SelectionForm* form;
 };
 
 /// All texts that the window shows or says.
@@ -141,7 +109,7 @@ void expectWholeFields(const QWidget& window) {
 }  // namespace
 
 INSTANTIATE_TEST_SUITE_P(Languages, RealCatalogueTest,
-                         testing::Values("en-EN", "it-IT", "de-DE", "fr-FR", "es-ES", "cn-CN"),
+                         ::testing::Values("en-EN", "it-IT", "de-DE", "fr-FR", "es-ES", "cn-CN"),
                          [](const auto& info) { return std::string(info.param, 2); });
 
 TEST_P(RealCatalogueTest, EverySeriesIsListedWithTheValuesOfTheEngine) {

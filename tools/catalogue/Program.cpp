@@ -84,8 +84,8 @@ std::vector<Window> windows() {
              {"mnu_file_new_selection", command},
              {"mnu_file_close", command},
              {"mnu_file_closeall", command},
-             {"mnu_file_printpreview", command, toCome},
-             {"mnu_file_print", command, toCome},
+             {"mnu_file_printpreview", command},
+             {"mnu_file_print", command},
              {"mnu_file_exit", command},
              {"mnu_tools", pane},
              {"mnu_tools_export_cps", command, toCome},
@@ -316,29 +316,9 @@ std::vector<std::string> CompletedKey::keys() const {
 }
 
 std::span<const std::string_view> keysToCome() {
-    static constexpr std::array<std::string_view, 23> keys{"mdimain.menu.file.print",
-                                                           "mdimain.menu.file.printpreview",
-                                                           "mdimain.menu.cpspopup.print",
-                                                           "mdimain.menu.cpspopup.printpreview",
-                                                           "mdimain.menu.tools.export",
-                                                           "mdimain.menu.tools.export.cps",
-                                                           "mdimain.menu.tools.export.polynomials",
-                                                           "report.projectcondition.caption",
-                                                           "report.refrigerant.caption",
-                                                           "report.ted.caption",
-                                                           "report.dew.caption",
-                                                           "report.mid.caption",
-                                                           "report.pe.caption",
-                                                           "report.tcd.caption",
-                                                           "report.pc.caption",
-                                                           "report.liquidsubcooling.caption",
-                                                           "report.motorsize.caption",
-                                                           "report.stepcapacity.caption",
-                                                           "report.outputdata.caption",
-                                                           "report.technicaldata.caption",
-                                                           "report.lblwarning.caption",
-                                                           "report.lblwarning2.caption",
-                                                           "report.lbladdress.caption"};
+    static constexpr std::array<std::string_view, 3> keys{"mdimain.menu.tools.export",
+                                                          "mdimain.menu.tools.export.cps",
+                                                          "mdimain.menu.tools.export.polynomials"};
     return keys;
 }
 

@@ -24,6 +24,7 @@
 #include "data/ApplicationFolder.h"
 #include "data/Globals.h"
 #include "data/Texts.h"
+#include "reports/ReportOutput.h"
 #include "workspace/MDIMain.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
@@ -87,6 +88,14 @@ struct Demonstration {
         }
     }
 
+    /// Saves the report of the selected compressor, and its window.
+    void saveReportOf(MDIMain& window, SelectionForm& form, const char* name) const {
+        if (const auto report = form.selectedReport())
+            saveReport(QStringLiteral("%1/%2.pdf").arg(folder, QLatin1String(name)), reportLayout(), *report);
+        saveDialog(window, "mnu_file_printpreview",
+                   qPrintable(QLatin1String(name) + QStringLiteral("-preview")));
+    }
+
     void run(MDIMain& window) const {
         save(window, "empty-frame");
         saveDialog(window, "mnu_file_new_selection", "start-menu");
@@ -120,11 +129,13 @@ struct Demonstration {
         });
         calculate(*form);
         save(window, "results");
+        saveReportOf(window, *form, "report");
         savePages(window, *form);
         auto* results = form->findChild<ResultsView*>(QStringLiteral("lvCps"));
         for (int row = 0; row < results->rowCount(); ++row)
             if (results->mark(row) == u"ledorange") results->selectRow(row);
         save(window, "warnings");
+        saveReportOf(window, *form, "report-warnings");
         for (int row = 0; row < results->rowCount(); ++row)
             if (results->mark(row) == u"ledred") results->selectRow(row);
         save(window, "error");
@@ -134,6 +145,7 @@ struct Demonstration {
             economiser->SetKey(QStringLiteral("1"));
             calculate(*form);
             save(window, "economiser");
+            saveReportOf(window, *form, "report-economiser");
         }
         typeOver(*form, "txtSH", QStringLiteral("25"));
         save(window, "discarded");
@@ -141,6 +153,7 @@ struct Demonstration {
         calculate(*form);
         form->MeasureUnits(1, true);
         save(window, "imperial");
+        saveReportOf(window, *form, "report-imperial");
         form->MnuPopUp(QStringLiteral("limits"));
         save(window, "page-limits-imperial");
         window.newSelection();
@@ -150,6 +163,7 @@ struct Demonstration {
         save(window, "inverter-inputs");
         calculate(*inverter);
         save(window, "inverter");
+        saveReportOf(window, *inverter, "report-inverter");
         window.findChild<QAction*>(QStringLiteral("tilevertical"))->trigger();
         save(window, "tiled");
         QTimer::singleShot(0, &window, [this] {
@@ -168,6 +182,7 @@ struct Demonstration {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    QApplication::setApplicationVersion(QStringLiteral("1.0.0"));
     QApplication::setApplicationDisplayName(QStringLiteral("Marvello"));
     QCommandLineParser parser;
     const QCommandLineOption dark("dark", "The dark look.");

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QImage>
+#include <QLocale>
+#include <QString>
+#include <vector>
+
+#include "controls/EnvelopeDrawing.h"
+
+namespace marvello {
+
+/// A line of the data table: a name at the left and a value at the right, or a heading.
+struct ReportLine {
+    QString name;
+    QString value;
+
+    static ReportLine heading(const QString& text) { return {text, QStringLiteral("@")}; }
+    bool isHeading() const { return value == u"@"; }
+};
+
+/// What the report says of one compressor, with all its texts in the language of the user.
+struct ReportContent {
+    QString title;    ///< what the page is, in a few words
+    QString model;    ///< Serie-Model
+    QString version;  ///< of the program
+    QString address;  ///< of the maker
+    QString warning;  ///< both are shown with warnings alone
+    QString warning2;
+    QString page;  ///< "Page 1 of 1"
+    QString date;
+    QImage photo;  ///< null leaves its place empty
+    EnvelopeDrawing envelope;
+    std::vector<ReportLine> lines;
+    bool hasWarnings = false;
+    bool showsEnvelope = true;
+};
+
+}  // namespace marvello

@@ -1,0 +1,47 @@
+#include "reports/ReportOutput.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+
+#include "controls/WholeFile.h"
+#include "reports/ReportPage.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int dotsPerInch = 1200;
+
+QSizeF paperOf(const QPageLayout& layout) { return layout.fullRect(QPageLayout::Millimeter).size(); }
+
+}  // namespace
+
+QPageLayout reportLayout() {
+    const bool isLetter = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
+    return {QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4), QPageLayout::Portrait, QMarginsF()};
+}
+
+void printReport(QPrinter& printer, const ReportContent& content) {
+    printer.setFullPage(true);
+    QPainter painter(&printer);
+    paintReport(painter, paperOf(printer.pageLayout()), content);
+}
+
+QString saveReport(const QString& file, const QPageLayout& layout, const ReportContent& content) {
+    QBuffer made;
+    made.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&made);
+        writer.setResolution(dotsPerInch);
+        writer.setPageLayout(layout);
+        writer.setTitle(content.model);
+        writer.setCreator(content.version);
+        QPainter painter(&writer);
+        paintReport(painter, paperOf(layout), content);
+    }
+    return writeWholeFile(file, made.data());
+}
+
+}  // namespace marvello

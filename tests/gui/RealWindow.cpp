@@ -1,0 +1,32 @@
+#include "tests/gui/RealWindow.h"
+
+#include <QSettings>
+
+#include "catalogue/Globals.h"
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "thermo/clsRefprop.h"
+
+namespace marvello::testing {
+
+RealWindow::RealWindow(const char* language) {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
+    handlerBefore_ = MessageBox::setHandler([this](MessageBox::Mark, const QString& text) { boxes += text; });
+    setApplicationFolder(MARVELLO_APP_FOLDER);
+    gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
+    loadSharedPolynomials();
+    gApplication().User().language = language;
+    window = std::make_unique<MDIMain>("1.0.0");
+    window->resize(1440, 870);
+    window->show();
+}
+
+RealWindow::~RealWindow() {
+    window.reset();
+    MessageBox::setHandler(handlerBefore_);
+    releaseRefprop();
+    releaseGlobals();
+    setApplicationFolder("");
+}
+
+}  // namespace marvello::testing

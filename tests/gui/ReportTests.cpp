@@ -1,0 +1,210 @@
+// The printed report of compressors of the shipped catalogue.
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QPainter>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTimer>
+#include <algorithm>
+#include <csignal>
+
+#include "controls/AdvanceText.h"
+#include "controls/ResultsView.h"
+#include "reports/ReportOutput.h"
+#include "reports/ReportPage.h"
+#include "tests/gui/RealWindow.h"
+#include "workspace/ReportPreview.h"
+#include "workspace/SelectionForm.h"
+
+using namespace marvello;
+
+namespace {
+
+const QRegularExpression blanks(QStringLiteral("\\s"));
+
+class ReportTest : public ::testing::TestWithParam<const char*>, public marvello::testing::RealWindow {
+  protected:
+    ReportTest() : RealWindow(GetParam()), form(window->newSelection()) {}
+
+    AdvanceText* field(const char* name) { return form->findChild<AdvanceText*>(QLatin1String(name)); }
+    ResultsView* list() { return form->findChild<ResultsView*>(QStringLiteral("lvCps")); }
+    void calculate(const char* refrigerant, const char* series) {
+        field("lstRefrigerants")->SetKey(refrigerant);
+        field("lstSeries")->SetKey(series);
+        form->lnkCalculate_Click();
+        ASSERT_TRUE(form->hasResults());
+    }
+    /// Selects the first compressor with a mark.
+    void select(const QString& mark) {
+        for (int row = 0; row < list()->rowCount(); ++row)
+            if (list()->mark(row) == mark) return list()->selectRow(row);
+        FAIL() << "no " << mark.toStdString();
+    }
+    /// The text of the report as a reader copies it from the file, without its blanks: where a narrow one
+    /// stands, readers differ.
+    QString wordsOf(const ReportContent& report) {
+        const QString file = folder.filePath(QStringLiteral("report.pdf"));
+        EXPECT_EQ(saveReport(file, reportLayout(), report), QString());
+        QProcess reader;
+        reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), file, QStringLiteral("-")});
+        EXPECT_TRUE(reader.waitForFinished());
+        return QString::fromUtf8(reader.readAllStandardOutput()).remove(blanks);
+    }
+
+    SelectionForm* form;
+    QTemporaryDir folder;
+};
+
+std::vector<QString> valuesOf(const ReportContent& report) {
+    std::vector<QString> values;
+    for (const ReportLine& line : report.lines) values.push_back(line.value);
+    return values;
+}
+
+/// How many points of a page are not white, in a part of it that is told in millimetres.
+int inkIn(const ReportContent& report, const QRectF& part) {
+    constexpr double dots = 10;  // in a millimetre: 254 in an inch
+    QImage page(static_cast<int>(210 * dots), static_cast<int>(297 * dots), QImage::Format_RGB32);
+    page.setDotsPerMeterX(static_cast<int>(dots * 1000));
+    page.setDotsPerMeterY(static_cast<int>(dots * 1000));
+    page.fill(Qt::white);
+    QPainter painter(&page);
+    paintReport(painter, QSizeF(210, 297), report);
+    painter.end();
+    const QRect area = QRectF(part.topLeft() * dots, part.size() * dots).toRect();
+    int ink = 0;
+    for (int y = area.top(); y < area.bottom(); ++y)
+        for (int x = area.left(); x < area.right(); ++x) ink += page.pixel(x, y) != qRgb(255, 255, 255);
+    return ink;
+}
+
+}  // namespace
+
+INSTANTIATE_TEST_SUITE_P(Languages, ReportTest,
+                         ::testing::Values("en-EN", "it-IT", "de-DE", "fr-FR", "es-ES", "cn-CN"),
+                         [](const auto& info) { return std::string(info.param, 2); });
+
+TEST_P(ReportTest, SaysWhatTheListShows) {
+    for (const bool isImperial : {false, true}) {
+        SCOPED_TRACE(isImperial);
+        form->MeasureUnits(isImperial ? 1 : 0, true);
+        calculate("R407C", "MV-A");
+        const ReportContent report = *form->selectedReport();
+        const std::vector<QString> values = valuesOf(report);
+        const QString words = wordsOf(report);
+        const QStringList cells = list()->rowTexts(list()->selectedRow());
+        for (qsizetype column = 1; column < cells.size(); ++column) {
+            const QString cell = cells[column].trimmed();
+            EXPECT_TRUE(std::any_of(values.begin(), values.end(), [&](const QString& value) {
+                return value.split(u' ').contains(cell);
+            })) << cell.toStdString();
+        }
+        // Every value of the table is found in the file, and so is the model.
+        for (const ReportLine& line : report.lines) {
+            if (line.isHeading()) continue;
+            if (std::string(GetParam()) != "cn-CN") {
+                EXPECT_TRUE(words.contains(QString(line.value).remove(blanks))) << line.value.toStdString();
+                EXPECT_TRUE(words.contains(QString(line.name).remove(blanks))) << line.name.toStdString();
+            }
+        }
+        EXPECT_TRUE(words.contains(report.model));
+        // Dew and mean of a blend with glide stand on one line.
+        const QString dewAndMean =
+            field("txtTED")->TextText() + QStringLiteral(" / ") + field("txtTEM")->TextText();
+        EXPECT_TRUE(values[2].startsWith(dewAndMean)) << values[2].toStdString();
+        // Tons and Btu share a line.
+        const bool sharesLine = std::any_of(values.begin(), values.end(), [](const QString& value) {
+            return value.contains(QStringLiteral(" Tons / ")) && value.endsWith(QStringLiteral(" Btu"));
+        });
+        EXPECT_EQ(sharesLine, isImperial);
+    }
+}
+
+TEST_P(ReportTest, TheTableKeepsClearOfTheFoot) {
+    // The longest: economised, imperial, with warnings.
+    form->MeasureUnits(1, true);
+    field("lstSeries")->SetKey(QStringLiteral("TK-A"));
+    field("cmbEco")->SetKey(QStringLiteral("1"));
+    calculate("R134A", "TK-A");
+    ReportContent report = *form->selectedReport();
+    ASSERT_GT(report.lines.size(), 45U);
+    report.hasWarnings = true;
+    EXPECT_GT(inkIn(report, {105, 200, 90, 30}), 0);
+    EXPECT_EQ(inkIn(report, {15, 236.5, 180, 3}), 0) << "above the warnings";
+    EXPECT_EQ(inkIn(report, {15, 256, 180, 17}), 0) << "between warnings and foot";
+    EXPECT_EQ(inkIn(report, {99.5, 36, 5, 200}), 0) << "between the columns";
+    EXPECT_EQ(inkIn(report, {0, 0, 14.5, 297}), 0) << "left margin";
+    EXPECT_EQ(inkIn(report, {195.5, 0, 14.5, 297}), 0) << "right margin";
+}
+
+TEST_P(ReportTest, TheEnvelopeIsLeftOutWithWarningsAtAnotherSuperheat) {
+    const QRectF envelope(20, 100, 74, 90);
+    calculate("R134A", "TK-A");
+    select(QStringLiteral("ledgreen"));
+    field("txtSH")->SetTextValue(8.0);
+    EXPECT_TRUE(form->selectedReport()->showsEnvelope) << "no warnings";
+    select(QStringLiteral("ledorange"));
+    ReportContent report = *form->selectedReport();
+    EXPECT_TRUE(report.hasWarnings);
+    EXPECT_FALSE(report.showsEnvelope);
+    EXPECT_EQ(inkIn(report, envelope), 0);
+    field("txtSH")->SetTextValue(10.0);
+    report = *form->selectedReport();
+    EXPECT_TRUE(report.showsEnvelope);
+    EXPECT_GT(inkIn(report, envelope), 1000);
+    EXPECT_GT(inkIn(report, {15, 240, 180, 15}), 1000);
+    report.hasWarnings = false;
+    EXPECT_EQ(inkIn(report, {15, 238, 180, 34}), 0);
+}
+
+TEST_P(ReportTest, CanBePrintedForACompressorWithoutError) {
+    EXPECT_FALSE(form->canPrint());
+    EXPECT_FALSE(form->selectedReport());
+    form->PrintReport(true);  // opens nothing
+    calculate("R134A", "TK-A");
+    auto* print = window->findChild<QAction*>(QStringLiteral("mnu_file_print"));
+    auto* preview = window->findChild<QAction*>(QStringLiteral("mnu_file_printpreview"));
+    EXPECT_TRUE(print->isEnabled());
+    list()->selectRow(0);  // a group
+    EXPECT_FALSE(print->isEnabled());
+    EXPECT_FALSE(preview->isEnabled());
+    select(QStringLiteral("ledgreen"));
+    EXPECT_TRUE(preview->isEnabled());
+    QString name;
+    QTimer::singleShot(200, window.get(), [&name] {
+        auto* dialog = qobject_cast<ReportPreview*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        name = dialog->suggestedName();
+        dialog->close();
+    });
+    preview->trigger();
+    EXPECT_EQ(name, list()->text(list()->selectedRow(), 0) + QStringLiteral(" R134A.pdf"));
+}
+
+TEST_P(ReportTest, AFileThatCannotBeWrittenIsSaidAndLosesNothing) {
+    calculate("R134A", "TK-A");
+    const ReportContent report = *form->selectedReport();
+    const QString odd = folder.filePath(QString::fromUtf8("Angebot Ü 压缩机 1.pdf"));
+    EXPECT_EQ(saveReport(odd, reportLayout(), report), QString());
+    EXPECT_GT(QFileInfo(odd).size(), 10000);
+    EXPECT_NE(saveReport(folder.filePath(QStringLiteral("missing/report.pdf")), reportLayout(), report),
+              QString());
+    // No file may grow beyond a few blocks for a while, as on a full disk.
+    const qint64 size = QFileInfo(odd).size();
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handlerBefore = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{20000, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    EXPECT_NE(saveReport(odd, reportLayout(), report), QString());
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handlerBefore);
+    EXPECT_EQ(QFileInfo(odd).size(), size) << "the old file stays";
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "no half file is left";
+}

@@ -1,0 +1,134 @@
+#include "workspace/ReportPreview.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QPageSetupDialog>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "controls/Icons.h"
+#include "controls/MessageBox.h"
+#include "reports/ReportOutput.h"
+#include "workspace/UserSettings.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+const QString folderSetting = QStringLiteral("Reports/Folder");
+
+QString reportFolder() {
+    const QString kept = userSettings().value(folderSetting).toString();
+    return QDir(kept).exists() && !kept.isEmpty()
+               ? kept
+               : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+}  // namespace
+
+ReportPreview::ReportPreview(const ReportContent& report, QWidget* parent)
+    : QDialog(parent),
+      report_(report),
+      printer_(QPrinter::HighResolution),
+      bar_(new QToolBar(this)),
+      pages_(new QPrintPreviewWidget(&printer_, this)) {
+    setObjectName(QStringLiteral("ReportPreview"));
+    setWindowTitle(withoutAccessKey(dictionaryText(QStringLiteral("mdimain.menu.file.printpreview"))) +
+                   QStringLiteral(" \u2013 ") + report.model);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    printer_.setPageLayout(reportLayout());
+    printer_.setFullPage(true);
+    printer_.setDocName(report.model);
+    connect(pages_, &QPrintPreviewWidget::paintRequested, this,
+            [this](QPrinter* printer) { printReport(*printer, report_); });
+    makeToolBar();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(bar_);
+    column->addWidget(pages_, 1);
+    const QSize room = parent ? parent->size() : QSize(1000, 860);
+    resize(std::min(900, room.width() - 40), room.height() - 40);
+    pages_->fitInView();
+    pages_->setFocus();
+}
+
+QAction* ReportPreview::command(const char* name, const char* key, const char* iconName,
+                                const QKeySequence& keys) {
+    auto* action = new QAction(this);
+    action->setObjectName(QLatin1String(name));
+    const QString text = withoutAccessKey(dictionaryText(QLatin1String(key)));
+    action->setText(text);
+    action->setShortcut(keys);
+    if (iconName) action->setIcon(icon(QLatin1String(iconName)));
+    const QString shown = keys.toString(QKeySequence::NativeText);
+    action->setToolTip(shown.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, shown));
+    bar_->addAction(action);
+    return action;
+}
+
+void ReportPreview::makeToolBar() {
+    bar_->setIconSize(QSize(20, 20));
+    bar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    connect(command("print", "mdimain.menu.file.print", "print", QKeySequence::Print), &QAction::triggered,
+            this, &ReportPreview::print);
+    connect(command("savepdf", "report.savepdf.caption", "export", QKeySequence::Save), &QAction::triggered,
+            this, &ReportPreview::save);
+    connect(command("pagesetup", "report.pagesetup.caption", nullptr, {}), &QAction::triggered, this,
+            &ReportPreview::setUpPage);
+    bar_->addSeparator();
+    connect(command("fitpage", "report.fitpage.caption", nullptr, QKeySequence(Qt::CTRL | Qt::Key_0)),
+            &QAction::triggered, pages_, &QPrintPreviewWidget::fitInView);
+    connect(command("fitwidth", "report.fitwidth.caption", nullptr, QKeySequence(Qt::CTRL | Qt::Key_1)),
+            &QAction::triggered, pages_, &QPrintPreviewWidget::fitToWidth);
+    connect(command("zoomin", "report.zoomin.caption", nullptr, QKeySequence::ZoomIn), &QAction::triggered,
+            pages_, [this] { pages_->zoomIn(); });
+    connect(command("zoomout", "report.zoomout.caption", nullptr, QKeySequence::ZoomOut), &QAction::triggered,
+            pages_, [this] { pages_->zoomOut(); });
+}
+
+void ReportPreview::print() {
+    QPrintDialog dialog(&printer_, this);
+    if (dialog.exec() == QDialog::Accepted) printReport(printer_, report_);
+}
+
+void ReportPreview::setUpPage() {
+    if (QPageSetupDialog(&printer_, this).exec() == QDialog::Accepted) pages_->updatePreview();
+}
+
+// A name that any file system takes: "MV-A 25-105 R134A.pdf".
+QString ReportPreview::suggestedName() const {
+    QString name = report_.model;
+    for (const ReportLine& line : report_.lines)
+        if (!line.isHeading()) {  // the first is the refrigerant
+            name += u' ' + line.value;
+            break;
+        }
+    static const QRegularExpression forbidden(QStringLiteral("[\\\\/:*?\"<>|]"));
+    return name.replace(forbidden, QStringLiteral("-")) + QStringLiteral(".pdf");
+}
+
+void ReportPreview::save() {
+    const QString ending = QStringLiteral(".pdf");
+    QFileDialog dialog(this, withoutAccessKey(dictionaryText(QStringLiteral("report.savepdf.caption"))),
+                       reportFolder(), QStringLiteral("PDF (*.pdf)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(ending.mid(1));
+    dialog.selectFile(suggestedName());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+    const QString file = dialog.selectedFiles().front();
+    userSettings().setValue(folderSetting, QFileInfo(file).absolutePath());
+    if (const QString fault = saveReport(file, printer_.pageLayout(), report_); !fault.isEmpty())
+        MessageBox::show(this, MessageBox::Mark::critical,
+                         filled(dictionaryText(QStringLiteral("report.notsaved")),
+                                {QDir::toNativeSeparators(file), fault}));
+}
+
+}  // namespace marvello

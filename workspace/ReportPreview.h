@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDialog>
+#include <QPrinter>
+
+#include "reports/ReportContent.h"
+
+class QPrintPreviewWidget;
+class QToolBar;
+
+namespace marvello {
+
+/// Shows a report as it will be on paper, and prints it or saves it as a PDF file from there.
+class ReportPreview : public QDialog {
+    Q_OBJECT
+
+  public:
+    ReportPreview(const ReportContent& report, QWidget* parent);
+
+    /// The name that a file of this report is offered under.
+    QString suggestedName() const;
+
+  private:
+    QAction* command(const char* name, const char* key, const char* iconName, const QKeySequence& keys);
+    void makeToolBar();
+    void print();
+    void setUpPage();
+    void save();
+
+    const ReportContent report_;
+    QPrinter printer_;
+    QToolBar* bar_;
+    QPrintPreviewWidget* pages_;
+};
+
+}  // namespace marvello
