@@ -67,6 +67,13 @@ void MDIMain::makeCommands() {
     connect(copy, &QAction::triggered, this, [this] {
         if (SelectionForm* form = ActiveForm()) form->MnuPopUp(QStringLiteral("copytoclipboard"));
     });
+    connect(command("mnu_tools_export_cps", nullptr, QKeySequence::Save), &QAction::triggered, this, [this] {
+        if (SelectionForm* form = ActiveForm()) form->ExportCPS();
+    });
+    connect(command("mnu_tools_export_polynomials", nullptr, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)),
+            &QAction::triggered, this, [this] {
+                if (SelectionForm* form = ActiveForm()) form->ExportPolynomials();
+            });
     QAction* panel = command("frameresize", "panel", QKeySequence(Qt::Key_F9));
     panel->setCheckable(true);
     connect(panel, &QAction::toggled, this, [this](bool collapse) {
@@ -105,6 +112,15 @@ void MDIMain::makeMenus() {
     mnu_file_->addSeparator();
     mnu_file_->addAction(commands_["mnu_file_exit"]);
     mnu_tools_ = menu("mnu_tools");
+    // One menu, below the menu bar and below the button of the tool bar.
+    QMenu* mnu_tools_export = mnu_tools_->addMenu(QString());
+    mnu_tools_export->setObjectName(QStringLiteral("mnu_tools_export"));
+    mnu_tools_export->addAction(commands_["mnu_tools_export_cps"]);
+    mnu_tools_export->addAction(commands_["mnu_tools_export_polynomials"]);
+    commands_["export"] = mnu_tools_export->menuAction();
+    commands_["export"]->setObjectName(QStringLiteral("export"));
+    commands_["export"]->setIcon(icon(QStringLiteral("export")));
+    commands_["export"]->setIconVisibleInMenu(false);
     mnu_tools_->addAction(commands_["mnu_tools_copytoclipboard"]);
     mnu_tools_->addSeparator();
     mnu_tools_language_ = mnu_tools_->addMenu(QString());
@@ -125,7 +141,7 @@ void MDIMain::makeToolBar() {
     setContextMenuPolicy(Qt::NoContextMenu);
     CoolBar1_->setIconSize(QSize(20, 20));
     const QList<QList<const char*>> groups{{"mnu_file_new_selection"},
-                                           {"mnu_tools_copytoclipboard"},
+                                           {"mnu_tools_copytoclipboard", "export"},
                                            {"frameresize"},
                                            {"frecciaup", "frecciadown"},
                                            {"cascade", "tilehorizontal", "tilevertical"}};
@@ -133,6 +149,9 @@ void MDIMain::makeToolBar() {
         if (&group != &groups.front()) CoolBar1_->addSeparator();
         for (const char* name : group) CoolBar1_->addAction(commands_[name]);
     }
+    // The whole button opens its entries: none of them is more likely to be meant than the other.
+    qobject_cast<QToolButton*>(CoolBar1_->widgetForAction(commands_["export"]))
+        ->setPopupMode(QToolButton::InstantPopup);
     CoolBar1_->addWidget(makeSelectors());
 }
 
@@ -191,6 +210,9 @@ void MDIMain::Traduci() {
     translateCommand("mnu_file_close", "mdimain.menu.file.close");
     translateCommand("mnu_file_closeall", "mdimain.menu.file.closeall");
     translateCommand("mnu_file_exit", "mdimain.menu.file.exit");
+    translateCommand("export", "mdimain.menu.tools.export");
+    translateCommand("mnu_tools_export_cps", "mdimain.menu.tools.export.cps");
+    translateCommand("mnu_tools_export_polynomials", "mdimain.menu.tools.export.polynomials");
     translateCommand("mnu_tools_copytoclipboard", "mdimain.menu.tools.copytoclipboard");
     translateCommand("cascade", "mdimain.menu.window.cascade");
     translateCommand("tilehorizontal", "mdimain.menu.window.tileHorinzontal");
