@@ -36,6 +36,22 @@ class MarkLabel : public QWidget {
     QString name_;
 };
 
+void addText(DialogFrame& box, const QString& markName, const QString& text) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(14);
+    if (!markName.isEmpty()) row->addWidget(new MarkLabel(markName, &box), 0, Qt::AlignTop);
+    auto* label = new QLabel(text, &box);
+    label->setWordWrap(true);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setMinimumHeight(28);
+    row->addWidget(label, 1);
+    box.body()->addLayout(row);
+    box.setAccessibleDescription(text);
+}
+
+QWidget* ownerOf(QWidget* parent) { return parent ? parent->window() : QApplication::activeWindow(); }
+
 }  // namespace
 
 MessageBox::Handler MessageBox::setHandler(Handler fresh) {
@@ -47,29 +63,29 @@ void MessageBox::show(QWidget* parent, Mark mark, const QString& text) {
         handler()(mark, text);
         return;
     }
-    DialogFrame box(QApplication::applicationDisplayName(),
-                    parent ? parent->window() : QApplication::activeWindow());
-    auto* row = new QHBoxLayout;
-    row->setSpacing(14);
-    if (mark != Mark::plain) {
-        const auto name =
-            mark == Mark::critical ? QStringLiteral("msgerror") : QStringLiteral("msginformation");
-        row->addWidget(new MarkLabel(name, &box), 0, Qt::AlignTop);
-    }
-    auto* label = new QLabel(text, &box);
-    label->setWordWrap(true);
-    label->setTextFormat(Qt::PlainText);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setMinimumHeight(28);
-    row->addWidget(label, 1);
-    box.body()->addLayout(row);
-
+    DialogFrame box(QApplication::applicationDisplayName(), ownerOf(parent));
+    QString markName;
+    if (mark != Mark::plain)
+        markName = mark == Mark::critical ? QStringLiteral("msgerror") : QStringLiteral("msginformation");
+    addText(box, markName, text);
     auto* ok = new ctlBtn(QStringLiteral("OK"), true, &box);
     QObject::connect(ok, &ctlBtn::clicked, &box, &QDialog::accept);
     box.addButton(ok);
     ok->setFocus();
-    box.setAccessibleDescription(text);
     box.exec();
+}
+
+bool MessageBox::ask(QWidget* parent, const QString& question, const QString& yes, const QString& no) {
+    DialogFrame box(QApplication::applicationDisplayName(), ownerOf(parent));
+    addText(box, QStringLiteral("msgattention"), question);
+    auto* refuse = new ctlBtn(no, false, &box);
+    auto* agree = new ctlBtn(yes, true, &box);
+    QObject::connect(refuse, &ctlBtn::clicked, &box, &QDialog::reject);
+    QObject::connect(agree, &ctlBtn::clicked, &box, &QDialog::accept);
+    box.addButton(refuse);
+    box.addButton(agree);
+    refuse->setFocus();
+    return box.exec() == QDialog::Accepted;
 }
 
 }  // namespace marvello

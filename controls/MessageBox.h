@@ -7,7 +7,7 @@ class QWidget;
 
 namespace marvello {
 
-/// The one way to show the user a sentence and wait for it to be acknowledged.
+/// The one way to show the user a sentence and wait for it to be acknowledged or answered.
 class MessageBox {
   public:
     enum class Mark { plain, information, critical };
@@ -16,8 +16,12 @@ class MessageBox {
     /// Shows the box over the window of `parent`, or over the active window without one.
     static void show(QWidget* parent, Mark mark, const QString& text);
 
-    /// Lets `handler` take every box instead of the user, for tests and programs without a person; an empty
-    /// one brings the boxes back. Returns the handler before.
+    /// Asks a question with two answers. True for `yes`; false for `no` and when the box is closed. Always
+    /// asks the user, whatever handler is set.
+    static bool ask(QWidget* parent, const QString& question, const QString& yes, const QString& no);
+
+    /// Lets `handler` take every box that is shown instead of the user, for tests and programs without a
+    /// person; an empty one brings the boxes back. Returns the handler before.
     static Handler setHandler(Handler handler);
 };
 

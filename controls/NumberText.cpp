@@ -75,6 +75,20 @@ QString grouped(const QString& whole, const QLocale& locale) {
     return result;
 }
 
+/// The digits of a whole number that may be grouped in threes; nothing for any other text.
+std::optional<QString> ungrouped(const QString& whole, const QLocale& locale) {
+    const QStringList groups = whole.split(locale.groupSeparator());
+    for (const QString& group : groups) {
+        for (const QChar sign : group)
+            if (sign < u'0' || sign > u'9') return std::nullopt;
+        if (groups.size() == 1) continue;
+        const bool fits =
+            &group == &groups.front() ? !group.isEmpty() && group.size() <= 3 : group.size() == 3;
+        if (!fits) return std::nullopt;
+    }
+    return groups.join(QString());
+}
+
 }  // namespace
 
 std::optional<double> typedNumber(QStringView text) {
@@ -114,6 +128,24 @@ QString formatNumber(double value, QStringView pattern, const QLocale& locale) {
         shape.grouped ? grouped(QString::fromStdString(whole), locale) : QString::fromStdString(whole);
     if (!fraction.empty()) result += locale.decimalPoint() + QString::fromStdString(fraction);
     return value < 0 && !isZero ? locale.negativeSign() + result : result;
+}
+
+std::optional<double> shownNumber(QStringView text, const QLocale& locale) {
+    QString shown = text.trimmed().toString();
+    const bool isNegative = shown.startsWith(locale.negativeSign());
+    if (isNegative) shown.remove(0, locale.negativeSign().size());
+    const QString point = locale.decimalPoint();
+    const qsizetype mark = shown.indexOf(point);
+    const auto whole = ungrouped(mark < 0 ? shown : shown.left(mark), locale);
+    if (!whole) return std::nullopt;
+    const QString fraction = mark < 0 ? QString() : shown.mid(mark + point.size());
+    // The other rules are those of a typed number, once the mark is a point and nothing else can pass for
+    // one.
+    for (const QChar sign : fraction)
+        if (sign < u'0' || sign > u'9') return std::nullopt;
+    const auto magnitude = typedNumber(*whole + u'.' + fraction);
+    if (!magnitude) return std::nullopt;
+    return isNegative ? -*magnitude : *magnitude;
 }
 
 }  // namespace marvello

@@ -18,4 +18,8 @@ std::optional<double> typedNumber(QStringView text);
 /// gives the value with at most 15 significant digits.
 QString formatNumber(double value, QStringView pattern, const QLocale& locale = QLocale());
 
+/// Reads back what formatNumber writes through a pattern, with the marks of `locale` and its grouping in
+/// threes. Nothing for any other text, such as "-" or a blank.
+std::optional<double> shownNumber(QStringView text, const QLocale& locale = QLocale());
+
 }  // namespace marvello

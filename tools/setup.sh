@@ -6,7 +6,7 @@ packages=(
     qt6-base-dev qt6-svg-dev libgl-dev
     libsqlite3-dev libsqlitecpp-dev nlohmann-json3-dev libcli11-dev libeigen3-dev
     libgtest-dev libgmock-dev libbenchmark-dev
-    poppler-utils
+    poppler-utils python3
     xvfb xauth openbox fonts-roboto-unhinted fonts-noto-cjk locales
 )
 

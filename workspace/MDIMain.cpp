@@ -230,6 +230,10 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString&
     const QString key = form->Key();
     connect(form, &SelectionForm::stateChanged, this, &MDIMain::refreshState);
     connect(form, &SelectionForm::sizesChanged, this, [this, form] { keepSizes(*form); });
+    connect(form, &SelectionForm::exported, this, [this](const QString& note) {
+        constexpr int shown = 15000;  // milliseconds
+        statusBar()->showMessage(note, shown);
+    });
     connect(form, &QObject::destroyed, this, [this, key] {
         TabStrip_->removeTab(TabStrip_->indexOf(key));
         OpenForms();
@@ -289,6 +293,9 @@ void MDIMain::refreshState() {
     commands_[QStringLiteral("mnu_tools_copytoclipboard")]->setEnabled(form && form->canCopy());
     for (const char* name : {"mnu_file_print", "mnu_file_printpreview"})
         commands_[QLatin1String(name)]->setEnabled(form && form->canPrint());
+    commands_[QStringLiteral("export")]->setEnabled(hasResults);
+    commands_[QStringLiteral("mnu_tools_export_cps")]->setEnabled(hasResults);
+    commands_[QStringLiteral("mnu_tools_export_polynomials")]->setEnabled(hasResults);
     commands_[QStringLiteral("frameresize")]->setChecked(form && form->isCollapsed());
     cmbGroupBy_->setEnabled(hasResults);
     cmbmeasureunits_->setEnabled(form != nullptr);

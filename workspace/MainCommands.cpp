@@ -74,6 +74,13 @@ void MDIMain::makeCommands() {
             &QAction::triggered, this, [this] {
                 if (SelectionForm* form = ActiveForm()) form->MnuPopUp(QStringLiteral("printpreview"));
             });
+    connect(command("mnu_tools_export_cps", nullptr, QKeySequence::Save), &QAction::triggered, this, [this] {
+        if (SelectionForm* form = ActiveForm()) form->ExportCPS();
+    });
+    connect(command("mnu_tools_export_polynomials", nullptr, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)),
+            &QAction::triggered, this, [this] {
+                if (SelectionForm* form = ActiveForm()) form->ExportPolynomials();
+            });
     QAction* panel = command("frameresize", "panel", QKeySequence(Qt::Key_F9));
     panel->setCheckable(true);
     connect(panel, &QAction::toggled, this, [this](bool collapse) {
@@ -115,6 +122,15 @@ void MDIMain::makeMenus() {
     mnu_file_->addSeparator();
     mnu_file_->addAction(commands_["mnu_file_exit"]);
     mnu_tools_ = menu("mnu_tools");
+    // One menu, below the menu bar and below the button of the tool bar.
+    QMenu* mnu_tools_export = mnu_tools_->addMenu(QString());
+    mnu_tools_export->setObjectName(QStringLiteral("mnu_tools_export"));
+    mnu_tools_export->addAction(commands_["mnu_tools_export_cps"]);
+    mnu_tools_export->addAction(commands_["mnu_tools_export_polynomials"]);
+    commands_["export"] = mnu_tools_export->menuAction();
+    commands_["export"]->setObjectName(QStringLiteral("export"));
+    commands_["export"]->setIcon(icon(QStringLiteral("export")));
+    commands_["export"]->setIconVisibleInMenu(false);
     mnu_tools_->addAction(commands_["mnu_tools_copytoclipboard"]);
     mnu_tools_->addSeparator();
     mnu_tools_language_ = mnu_tools_->addMenu(QString());
@@ -137,13 +153,16 @@ void MDIMain::makeToolBar() {
     const QList<QList<const char*>> groups{
         {"mnu_file_new_selection"},
         {"mnu_file_print", "mnu_file_printpreview", "mnu_tools_copytoclipboard"},
-        {"frameresize"},
+        {"frameresize", "export"},
         {"frecciaup", "frecciadown"},
         {"cascade", "tilehorizontal", "tilevertical"}};
     for (const auto& group : groups) {
         if (&group != &groups.front()) CoolBar1_->addSeparator();
         for (const char* name : group) CoolBar1_->addAction(commands_[name]);
     }
+    // The whole button opens its entries: none of them is more likely to be meant than the other.
+    qobject_cast<QToolButton*>(CoolBar1_->widgetForAction(commands_["export"]))
+        ->setPopupMode(QToolButton::InstantPopup);
     CoolBar1_->addWidget(makeSelectors());
 }
 
@@ -204,6 +223,9 @@ void MDIMain::Traduci() {
     translateCommand("mnu_file_print", "mdimain.menu.file.print");
     translateCommand("mnu_file_printpreview", "mdimain.menu.file.printpreview");
     translateCommand("mnu_file_exit", "mdimain.menu.file.exit");
+    translateCommand("export", "mdimain.menu.tools.export");
+    translateCommand("mnu_tools_export_cps", "mdimain.menu.tools.export.cps");
+    translateCommand("mnu_tools_export_polynomials", "mdimain.menu.tools.export.polynomials");
     translateCommand("mnu_tools_copytoclipboard", "mdimain.menu.tools.copytoclipboard");
     translateCommand("cascade", "mdimain.menu.window.cascade");
     translateCommand("tilehorizontal", "mdimain.menu.window.tileHorinzontal");

@@ -1,7 +1,5 @@
 #include "workspace/PolynomialsPage.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -10,6 +8,7 @@
 #include "controls/NumberText.h"
 #include "controls/ResultsView.h"
 #include "controls/ctlBtn.h"
+#include "workspace/CopiedTable.h"
 
 namespace marvello {
 
@@ -64,13 +63,16 @@ void PolynomialsPage::addPolynomial(const QString& name, std::span<const double>
 }
 
 void PolynomialsPage::copy() const {
+    CopiedTable table{lvPolynomials_->columnTexts(), {}, 1};
     QString text;
-    for (const QString& column : lvPolynomials_->columnTexts()) text += column + u'\t';
+    for (const QString& column : table.columns) text += column + u'\t';
     const QString lineEnd = QStringLiteral("\r\n");
     if (!text.isEmpty()) text += lineEnd;
-    for (int row = 0; row < lvPolynomials_->rowCount(); ++row)
-        text += lvPolynomials_->rowTexts(row).join(u'\t') + lineEnd;
-    QGuiApplication::clipboard()->setText(text);
+    for (int row = 0; row < lvPolynomials_->rowCount(); ++row) {
+        table.rows += lvPolynomials_->rowTexts(row);
+        text += table.rows.back().join(u'\t') + lineEnd;
+    }
+    copyTable(text, table);
 }
 
 }  // namespace marvello

@@ -23,7 +23,7 @@ class PolynomialsPage : public QWidget {
     void addPolynomial(const QString& name, std::span<const double> coefficients);
 
   private:
-    /// Columns and rows, separated by tabs, go to the clipboard.
+    /// Columns and rows go to the clipboard, as text separated by tabs and as a table.
     void copy() const;
 
     QLabel* labelPoly_;

@@ -28,9 +28,11 @@ class LimitsPage;
 class MessagesView;
 class PolynomialsPage;
 class ResultsView;
+class RowSet;
 class Splitter;
 class TabStrip;
 class frmpG;
+struct ExportFile;
 
 /// A selection form: the inputs at the left, and beside them what to do next or the results of the last
 /// calculation. Its kind tells the fixed-speed form from that of inverter compressors.
@@ -65,6 +67,10 @@ class SelectionForm : public QWidget {
     void MnuPopUp(const QString& name);
     /// Copies the selected compressors of the list with their values, separated by tabs.
     void CopyToClipBoard();
+    /// Ask for a file and write the compressors of the list with their values, or their performance
+    /// polynomials.
+    void ExportCPS();
+    void ExportPolynomials();
     /// The report of the selected compressor; nothing without one.
     std::optional<ReportContent> selectedReport();
     /// Prints the report of the selected compressor, or shows it in its window.
@@ -104,6 +110,8 @@ class SelectionForm : public QWidget {
     void stateChanged();
     /// The user moved a splitter.
     void sizesChanged();
+    /// A file was written; `note` says what it holds and where it is.
+    void exported(const QString& note);
 
   protected:
     SelectionForm(const SelectionKind& kind, QWidget* parent);
@@ -178,6 +186,9 @@ class SelectionForm : public QWidget {
     bool isCompressorRow(int row) const;
     /// The compressor of a row; nothing for a group and for one that the last calculation does not hold.
     clsCompressor* compressorOf(int row) const;
+
+    // SelectionExports.cpp
+    void exportTo(const ExportFile& file, const RowSet& records, int compressors);
 
     // SelectionPages.cpp
     void clearPages();

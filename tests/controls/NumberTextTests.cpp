@@ -5,6 +5,7 @@
 #include <QLocale>
 
 using marvello::formatNumber;
+using marvello::shownNumber;
 using marvello::typedNumber;
 
 namespace {
@@ -47,4 +48,24 @@ TEST(FormatNumber, FollowsThePatternAndTheLocale) {
     EXPECT_EQ(formatNumber(53.0, u"#", english), "53");
     EXPECT_EQ(formatNumber(12.5, u"", german), "12,5");
     EXPECT_EQ(formatNumber(1234567.25, u"", english), "1234567.25");
+}
+
+TEST(ShownNumber, ReadsBackWhatFormatNumberWrites) {
+    const QLocale swedish(QLocale::Swedish, QLocale::Sweden);  // U+2212 as minus, a blank that does not break
+    const QLocale french(QLocale::French, QLocale::France);
+    for (const QLocale& locale : {english, german, swedish, french})
+        for (const double value : {0.0, 7.0, 59.2, -12.3, 999.0, 1048800.0, -232800.0, 1e9})
+            for (const auto* pattern : {u"#0.0", u"#,#0.0"})
+                EXPECT_EQ(shownNumber(formatNumber(value, pattern, locale), locale), value)
+                    << locale.name().toStdString() << " " << value;
+    EXPECT_EQ(shownNumber(u"232.800", german), 232800.0);
+    EXPECT_EQ(shownNumber(u"232.800", english), 232.8);
+    EXPECT_EQ(shownNumber(u".3", english), 0.3);
+}
+
+TEST(ShownNumber, RefusesWhatIsNoNumberInTheLocale) {
+    for (const auto* text : {u"", u"  ", u"-", u".", u"1,5", u"1,2345", u",500", u"1234,567", u"1.5.2",
+                             u"1e5", u"1.-5", u"12 kW", u"nan"})
+        EXPECT_FALSE(shownNumber(text, english)) << QString::fromUtf16(text).toStdString();
+    EXPECT_FALSE(shownNumber(u"59.2", german));
 }

@@ -3,12 +3,19 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMenu>
+#include <QStatusBar>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
 #include <stdexcept>
 
 #include "controls/ResultsView.h"
@@ -222,6 +229,48 @@ TEST_F(MainWindowTest, CommandsFollowTheStateOfTheActiveForm) {
     window->newSelection();
     EXPECT_FALSE(action("frecciadown")->isEnabled());
     EXPECT_FALSE(action("mnu_tools_copytoclipboard")->isEnabled());
+}
+
+TEST_F(MainWindowTest, ResultsAreExportedFromMenuToolBarAndKeys) {
+    const auto areEnabled = [this] {
+        return QList<bool>{action("export")->isEnabled(), action("mnu_tools_export_cps")->isEnabled(),
+                           action("mnu_tools_export_polynomials")->isEnabled()};
+    };
+    EXPECT_EQ(areEnabled(), (QList<bool>{false, false, false}));
+    SelectionForm* form = window->newSelection();
+    EXPECT_EQ(areEnabled(), (QList<bool>{false, false, false})) << "there is nothing to export yet";
+    choose(*form, "lstSeries", "TK-A");
+    form->lnkCalculate_Click();
+    EXPECT_EQ(areEnabled(), (QList<bool>{true, true, true}));
+
+    const QTemporaryDir folder;
+    const auto save = [&](const QString& name) {
+        QTimer::singleShot(0, window.get(), [&folder, name] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath(name));
+            QTest::keyClick(dialog, Qt::Key_Return);
+        });
+    };
+    const auto size = [&](const QString& name) { return QFileInfo(folder.filePath(name)).size(); };
+    auto* button =
+        qobject_cast<QToolButton*>(control<QToolBar>(*window, "CoolBar1")->widgetForAction(action("export")));
+    ASSERT_NE(button, nullptr);
+    ASSERT_EQ(button->popupMode(), QToolButton::InstantPopup);
+    auto* menu = control<QMenu>(*window, "mnu_tools_export");
+    EXPECT_EQ(menu->menuAction(), action("export"));
+    EXPECT_EQ(menu->actions(),
+              (QList<QAction*>{action("mnu_tools_export_cps"), action("mnu_tools_export_polynomials")}));
+    save("list");
+    menu->actions()[0]->trigger();
+    EXPECT_GT(size("list.xml"), 0);
+    EXPECT_TRUE(window->statusBar()->currentMessage().startsWith("Compressors exported: 2, to "));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    save("polynomials");
+    QTest::keyClick(window.get(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_GT(size("polynomials.xml"), size("list.xml"));
+    EXPECT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
 }
 
 TEST_F(MainWindowTest, ALanguageIsTakenByAllFormsAndKept) {

@@ -14,8 +14,6 @@ namespace {
 using enum ControlKind;
 using enum PropertyKind;
 
-constexpr bool toCome = true;
-
 std::vector<Control> selectionControls() {
     return {
         {"Splitter1", splitter},
@@ -88,8 +86,9 @@ std::vector<Window> windows() {
              {"mnu_file_print", command},
              {"mnu_file_exit", command},
              {"mnu_tools", pane},
-             {"mnu_tools_export_cps", command, toCome},
-             {"mnu_tools_export_polynomials", command, toCome},
+             {"mnu_tools_export", pane},
+             {"mnu_tools_export_cps", command},
+             {"mnu_tools_export_polynomials", command},
              {"mnu_tools_copytoclipboard", command},
              {"mnu_tools_language", pane},
              {"mnuWindow", pane},
@@ -100,6 +99,7 @@ std::vector<Window> windows() {
              {"tilehorizontal", command},
              {"tilevertical", command},
              {"mnu_Window_ArrangeIcons", command},
+             {"export", command},
              {"frameresize", command},
              {"frecciaup", command},
              {"frecciadown", command},
@@ -313,13 +313,6 @@ std::vector<std::string> CompletedKey::keys() const {
         whole.push_back(key);
     }
     return whole;
-}
-
-std::span<const std::string_view> keysToCome() {
-    static constexpr std::array<std::string_view, 3> keys{"mdimain.menu.tools.export",
-                                                          "mdimain.menu.tools.export.cps",
-                                                          "mdimain.menu.tools.export.polynomials"};
-    return keys;
 }
 
 std::span<const CompletedKey> completedKeys() {

@@ -36,7 +36,6 @@ enum class ControlKind {
 struct Control {
     std::string_view name;
     ControlKind kind;
-    bool isToCome = false;  ///< The windows do not have it yet.
 };
 
 struct Window {
@@ -83,9 +82,6 @@ bool offersCapacitySteps(std::string_view series);
 /// with something behind it, "frmselection.help.%1.caption". Taken from the sources by the build.
 std::span<const std::string_view> keysInSources();
 std::span<const std::string_view> completedKeysInSources();
-
-/// Keys of what the windows do not have yet: they are asked for as the others.
-std::span<const std::string_view> keysToCome();
 
 /// What a key is completed with.
 struct CompletedKey {

@@ -1,0 +1,69 @@
+#include "workspace/ExportFile.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include "controls/MessageBox.h"
+#include "controls/WholeFile.h"
+#include "workspace/RowSet.h"
+#include "workspace/UserSettings.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+const QString folderKey = QStringLiteral("Export/Folder");
+
+QString suggestedFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    for (const QString& folder : {userSettings().value(folderKey).toString(), documents})
+        if (!folder.isEmpty() && QDir(folder).exists()) return folder;
+    return QDir::homePath();
+}
+
+bool mayReplace(QWidget* parent, const QString& path) {
+    if (!QFileInfo(path).isFile()) return true;
+    return MessageBox::ask(parent,
+                           filled(dictionaryText(QStringLiteral("frmselection.export.replace")),
+                                  {QDir::toNativeSeparators(path)}),
+                           dictionaryText(QStringLiteral("frmselection.export.replace.yes")),
+                           dictionaryText(QStringLiteral("frmselection.export.replace.no")));
+}
+
+}  // namespace
+
+QString withExtension(const QString& name, ExportFile::Form form) {
+    const QString extension = form == ExportFile::Form::csv ? QStringLiteral(".csv") : QStringLiteral(".xml");
+    return name.right(4).toLower() == extension ? name : name + extension;
+}
+
+std::optional<ExportFile> chooseExportFile(QWidget* parent) {
+    const QString csv = QStringLiteral("CSV (*.csv)");
+    QFileDialog dialog(parent, QStringLiteral("Export to..."), suggestedFolder());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilters({QStringLiteral("XML (*.xml)"), csv});
+    // The dialog knows the name before it gets its extension: what would be replaced is asked for here.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        const auto form = dialog.selectedNameFilter() == csv ? ExportFile::Form::csv : ExportFile::Form::xml;
+        const QString path = withExtension(dialog.selectedFiles().front(), form);
+        if (mayReplace(parent, path)) return ExportFile{path, form};
+    }
+    return std::nullopt;
+}
+
+QString writeExport(const RowSet& records, const ExportFile& file) {
+    const bool isCsv = file.form == ExportFile::Form::csv;
+    const QByteArray bytes = isCsv ? records.toCsv() : records.toXml();
+    // Lines of CSV end as those of the platform's text files do; XML knows but one line end.
+    const QIODevice::OpenMode mode = isCsv ? QIODevice::WriteOnly | QIODevice::Text : QIODevice::WriteOnly;
+    if (const QString fault = writeWholeFile(file.path, bytes, mode); !fault.isEmpty()) return fault;
+    userSettings().setValue(folderKey, QFileInfo(file.path).absolutePath());
+    return {};
+}
+
+}  // namespace marvello
