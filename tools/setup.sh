@@ -7,6 +7,7 @@ packages=(
     libsqlite3-dev libsqlitecpp-dev nlohmann-json3-dev libcli11-dev libeigen3-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     xvfb xauth openbox fonts-roboto-unhinted fonts-noto-cjk locales
+    libfreetype-dev fonts-liberation qpdf poppler-utils mupdf-tools
 )
 
 say() { printf '%s\n' "== $*"; }
