@@ -185,6 +185,13 @@ TEST(PdfNumber, ThreeDecimalsHalfToEven) {
     EXPECT_EQ(numberText(DBL_MAX).size(), 309U);
 }
 
+/// For streams; the C functions get theirs by setlocale.
+class DecimalComma : public std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
 TEST(PdfDocument, IsTheSameInALocaleWithADecimalComma) {
     const Folder folder;
     const auto written = [&] {
@@ -193,9 +200,10 @@ TEST(PdfDocument, IsTheSameInALocaleWithADecimalComma) {
     };
     const std::string plain = written();
     ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr);
-    std::locale::global(std::locale("de_DE.UTF-8"));
+    std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
     const std::string german = written();
     std::locale::global(std::locale::classic());
+    std::setlocale(LC_ALL, "C");
     EXPECT_THAT(plain, HasSubstr(" 56.693 "));  // the left edge of 20 mm
     EXPECT_TRUE(plain == german);
 }
