@@ -188,7 +188,7 @@ void clsPDFCreator::drawRepeatingObjects() {
         const bool byNumber = (options & (even ? onEvenPages : onOddPages)) != 0;
         // Kept: what is asked for the first page by its own bit shows there against notOnFirstPage.
         const bool onlyFirst = !every && first && (options & onFirstPage) != 0;
-        if ((kept && (every || byNumber)) || onlyFirst) DrawObject(name);
+        if ((kept && byNumber) || onlyFirst) DrawObject(name);
     }
 }
 
