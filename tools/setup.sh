@@ -6,8 +6,9 @@ packages=(
     qt6-base-dev qt6-svg-dev libgl-dev
     libsqlite3-dev libsqlitecpp-dev nlohmann-json3-dev libcli11-dev libeigen3-dev
     libgtest-dev libgmock-dev libbenchmark-dev
-    poppler-utils python3
+    python3
     xvfb xauth openbox fonts-roboto-unhinted fonts-noto-cjk locales
+    libfreetype-dev fonts-liberation qpdf poppler-utils mupdf-tools
 )
 
 say() { printf '%s\n' "== $*"; }

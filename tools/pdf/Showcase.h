@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "reports/pdf/clsPDFCreator.h"
+
+namespace marvello {
+
+/// Writes a document of four pages that has everything clsPDFCreator can draw. Four bitmaps are put into
+/// `folder` on the way and stay there. Raises what the creator raises.
+void writeShowcase(const std::string& fileName, const std::string& folder,
+                   PdfSurroundings surroundings = PdfSurroundings::system());
+
+}  // namespace marvello
