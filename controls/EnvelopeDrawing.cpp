@@ -19,6 +19,7 @@ constexpr double margin = 10;  // units of the scale around the corners
 constexpr int labelSize = 11;
 constexpr int titleSize = 12;
 constexpr double haloWidth = 4;
+constexpr double titleMargin = 3;
 constexpr double mostLines = 500;  // a grid finer than this is none
 
 QColor fromCatalogue(int bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
@@ -245,6 +246,12 @@ double EnvelopeDrawing::labelWidth() const {
                     metrics.horizontalAdvance(labelOf(corners_.bottom)));
 }
 
+double EnvelopeDrawing::labelRight(const QRectF& place) const {
+    const QFontMetricsF title(lookFont(titleSize));
+    const double besideTitle = place.left() + titleMargin + title.height() + labelWidth();
+    return std::max(toPlace({corners_.left, 0}, place).x() - 8, besideTitle);
+}
+
 void EnvelopeDrawing::paintLabels(QPainter& painter, const QRectF& place, const GraphColours& colours) const {
     if (gridGap <= (scale_.right - scale_.left) / mostLines) return;
     painter.setRenderHint(QPainter::Antialiasing);
@@ -260,12 +267,12 @@ void EnvelopeDrawing::paintLabels(QPainter& painter, const QRectF& place, const 
         drawText(painter, {toPlace({x, 0}, place).x() - metrics.horizontalAdvance(text) / 2, baseline}, font,
                  text, colours.labels, colours.plot);
     }
-    const double left = toPlace({corners_.left, 0}, place).x() - 8;
+    const double right = labelRight(place);
     const double gapY = gapOfLabels(place.height() / (scale_.top - scale_.bottom), metrics.height());
     for (double y = firstStep(corners_.bottom, gapY); y <= corners_.top; y += gapY) {
         const QString text = labelOf(y);
         drawText(painter,
-                 {left - metrics.horizontalAdvance(text), toPlace({0, y}, place).y() + labelSize * 0.36},
+                 {right - metrics.horizontalAdvance(text), toPlace({0, y}, place).y() + labelSize * 0.36},
                  font, text, colours.labels, colours.plot);
     }
 }
@@ -334,8 +341,8 @@ void EnvelopeDrawing::paintTitles(QPainter& painter, const QRectF& place, const 
     drawText(painter, {place.center().x() - metrics.horizontalAdvance(textX) / 2, baseline}, font, textX,
              colours.text, colours.plot);
     constexpr double gap = 14;
-    const double x = std::max(place.left() + metrics.ascent() + 4,
-                              toPlace({corners_.left, 0}, place).x() - 8 - labelWidth() - gap);
+    const double x =
+        std::max(place.left() + metrics.ascent() + titleMargin, labelRight(place) - labelWidth() - gap);
     painter.save();
     painter.translate(x, place.top() + 10 + metrics.horizontalAdvance(textY));
     painter.rotate(-90);

@@ -87,6 +87,8 @@ class EnvelopeDrawing {
     bool touchesOther(const QRectF& caption, const clsLimit& own, const QRectF& place) const;
     double labelBaseline(const QRectF& place) const;
     double labelWidth() const;
+    /// Where the labels of y end: left of the corners, but beside the title where the picture is narrow.
+    double labelRight(const QRectF& place) const;
     double gapOfLabels(double pixelsPerUnit, double width) const;
 
     GraphScale corners_{-20, 30, -10, 20};

@@ -48,6 +48,26 @@ class GraphTest : public testing::Test {
     ctlGraph graph;
 };
 
+TEST_F(GraphTest, TheTitleOfYKeepsClearOfTheLabelsInANarrowPicture) {
+    // An envelope in degrees Fahrenheit, whose labels have three digits, in the width of a printed one.
+    graph.resize(318, 363);
+    show({limit(-1, "-4,66;61,66;61,141;-4,109;-4,66")});
+    const QImage without = picture();
+    graph.SetTextY("Condensing temperature, dew point, F");
+    const QImage with = picture();
+    int kept = 0;
+    int titled = 0;
+    for (int y = 0; y < with.height(); ++y)
+        for (int x = 0; x < 50; ++x) {
+            titled += with.pixel(x, y) != without.pixel(x, y);
+            if (qGray(without.pixel(x, y)) > 190) continue;  // lighter than a label: ground or grid
+            EXPECT_EQ(with.pixel(x, y), without.pixel(x, y)) << x << " " << y;
+            ++kept;
+        }
+    EXPECT_GT(kept, 40);
+    EXPECT_GT(titled, 200);
+}
+
 TEST_F(GraphTest, CornersAreRoundedToTens) {
     const auto cornersOf = [&](const std::vector<std::shared_ptr<clsLimit>>& all) {
         show(all);
