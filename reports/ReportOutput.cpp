@@ -1,6 +1,7 @@
 #include "reports/ReportOutput.h"
 
 #include <QBuffer>
+#include <QLocale>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>

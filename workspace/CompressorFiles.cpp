@@ -1,6 +1,7 @@
 #include "workspace/CompressorFiles.h"
 
 #include <QFileInfo>
+#include <QImageReader>
 
 #include "data/ApplicationFolder.h"
 #include "workspace/WindowTexts.h"
@@ -23,6 +24,12 @@ QString photoFile(const QString& serie, const QString& model) {
     const QString folder = QStringLiteral("/images/photos/");
     const QString file = fileOf(folder, serie, model, QStringLiteral(".jpg"));
     return file.isEmpty() ? fromCore(applicationFolder()) + folder + QStringLiteral("Kestrom.jpg") : file;
+}
+
+QImage readPhoto(const QString& serie, const QString& model) {
+    QImageReader reader(photoFile(serie, model));
+    reader.setDecideFormatFromContent(true);
+    return reader.read();
 }
 
 QString drawingFile(const QString& serie, const QString& model) {

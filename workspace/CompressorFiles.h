@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QString>
 
 namespace marvello {
@@ -7,6 +8,9 @@ namespace marvello {
 /// The photo of a model in the application folder: its own, else that of its series, else the maker's. The
 /// file of the last need not be there.
 QString photoFile(const QString& serie, const QString& model);
+
+/// What is in it, whatever kind of picture its name tells; null without a picture.
+QImage readPhoto(const QString& serie, const QString& model);
 
 /// The dimension drawing of a model in the application folder: its own, else that of its series. Empty
 /// without either.

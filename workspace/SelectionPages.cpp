@@ -100,7 +100,7 @@ QList<TechnicalPage::Entry> SelectionForm::technicalEntries(const clsCompressor&
 
 void SelectionForm::populateTechnical(const clsCompressor& compressor) {
     technical_->setEntries(nameOf(compressor), technicalEntries(compressor));
-    technical_->setPhoto(photoFile(fromCore(compressor.Serie), fromCore(compressor.Model)));
+    technical_->setPhoto(readPhoto(fromCore(compressor.Serie), fromCore(compressor.Model)));
 }
 
 void SelectionForm::populatePolynomials(const clsCompressor& compressor) {

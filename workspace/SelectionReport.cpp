@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QDate>
-#include <QImageReader>
 #include <QPrintDialog>
 #include <QPrinter>
 
@@ -44,12 +43,6 @@ QString today() {
                          : language == u"en" ? QStringLiteral("en_GB")
                                              : language);
     return locale.toString(QDate::currentDate(), QLocale::LongFormat);
-}
-
-QImage photoOf(const clsCompressor& compressor) {
-    QImageReader reader(photoFile(fromCore(compressor.Serie), fromCore(compressor.Model)));
-    reader.setDecideFormatFromContent(true);
-    return reader.read();
 }
 
 }  // namespace
@@ -106,7 +99,7 @@ ReportContent SelectionForm::reportOf(const clsCompressor& compressor) {
     report.warning2 = text("report.lblwarning2.caption");
     report.page = filled(text("report.page.caption"), {QStringLiteral("1"), QStringLiteral("1")});
     report.date = today();
-    report.photo = photoOf(compressor);
+    report.photo = readPhoto(fromCore(compressor.Serie), fromCore(compressor.Model));
     report.envelope = envelopeOf(compressor);
     report.lines = conditionLines(compressor);
     const std::vector<ReportLine> results = resultLines(lvCps_->selectedRow());

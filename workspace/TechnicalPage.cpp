@@ -1,7 +1,6 @@
 #include "workspace/TechnicalPage.h"
 
 #include <QHBoxLayout>
-#include <QImageReader>
 #include <QLabel>
 #include <QPainter>
 #include <QScrollArea>
@@ -106,12 +105,7 @@ void TechnicalPage::setEntries(const QString& title, const QList<Entry>& entries
     ImageCPS_->setAccessibleName(title);
 }
 
-void TechnicalPage::setPhoto(const QString& file) {
-    QImageReader reader(file);
-    // By what the file holds, whatever its name says.
-    reader.setDecideFormatFromContent(true);
-    ImageCPS_->setImage(reader.read());
-}
+void TechnicalPage::setPhoto(const QImage& photo) { ImageCPS_->setImage(photo); }
 
 void TechnicalPage::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);

@@ -25,8 +25,8 @@ class TechnicalPage : public QWidget {
     /// What a parameter set of the catalogue put into the property `Tag`, "caption|value;...".
     QList<Entry> catalogueEntries() const;
     void setEntries(const QString& title, const QList<Entry>& entries);
-    /// A file that is absent or no picture leaves the place empty.
-    void setPhoto(const QString& file);
+    /// A null picture leaves the place empty.
+    void setPhoto(const QImage& photo);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
