@@ -5,10 +5,14 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QPainter>
+#include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QToolButton>
 #include <algorithm>
 #include <csignal>
 
@@ -17,9 +21,12 @@
 #include "reports/ReportOutput.h"
 #include "reports/ReportPage.h"
 #include "tests/gui/RealWindow.h"
+#include "tests/support/Person.h"
 #include "workspace/SelectionForm.h"
 
 using namespace marvello;
+using marvello::testing::Person;
+using marvello::testing::press;
 
 namespace {
 
@@ -173,6 +180,38 @@ TEST_P(ReportTest, CanBePrintedForACompressorWithoutError) {
     EXPECT_FALSE(preview->isEnabled());
     select(QStringLiteral("ledgreen"));
     EXPECT_TRUE(preview->isEnabled());
+}
+
+TEST_P(ReportTest, ThePreviewShowsThePageAndSavesIt) {
+    calculate("R134A", "TK-A");
+    select(QStringLiteral("ledgreen"));
+    const Person person(
+        {[](QWidget& preview) {
+             QTest::qWait(50);
+             EXPECT_TRUE(preview.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))->isHidden())
+                 << "a button has no room";
+             auto* const pages = preview.findChild<QPrintPreviewWidget*>();
+             EXPECT_EQ(pages->pageCount(), 1);
+             const double whole = pages->zoomFactor();
+             const auto trigger = [&](const char* name) {
+                 preview.findChild<QAction*>(QLatin1String(name))->trigger();
+             };
+             trigger("zoomin");
+             EXPECT_GT(pages->zoomFactor(), whole);
+             trigger("fitpage");
+             EXPECT_NEAR(pages->zoomFactor(), whole, 0.01);
+             QTimer::singleShot(0, preview.findChild<QAction*>(QStringLiteral("savepdf")), &QAction::trigger);
+         },
+         [this](QWidget& dialog) {
+             auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+             EXPECT_EQ(name->text(), list()->text(list()->selectedRow(), 0) + QStringLiteral(" R134A.pdf"));
+             name->setText(folder.filePath(QString::fromUtf8("Angebot Ü 1")));
+             press(dialog, QDialogButtonBox::Save);
+         },
+         [](QWidget& preview) { preview.close(); }});
+    form->PrintReport(true);
+    EXPECT_GT(QFileInfo(folder.filePath(QString::fromUtf8("Angebot Ü 1.pdf"))).size(), 10000);
+    EXPECT_EQ(boxes, QStringList());
 }
 
 TEST_P(ReportTest, AFileThatCannotBeWrittenIsSaidAndLosesNothing) {

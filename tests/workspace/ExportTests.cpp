@@ -3,31 +3,27 @@
 #include <sys/resource.h>
 #include <QApplication>
 #include <QClipboard>
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QPushButton>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTextDocument>
 #include <QTextTable>
-#include <QTimer>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <deque>
 #include <functional>
 
 #include "controls/DialogFrame.h"
 #include "controls/ResultsView.h"
 #include "controls/ctlBtn.h"
 #include "data/Globals.h"
+#include "tests/support/Person.h"
 #include "tests/workspace/ReadExport.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/CopiedTable.h"
@@ -42,39 +38,6 @@ namespace {
 
 const QString xmlFilter = "XML (*.xml)";
 const QString csvFilter = "CSV (*.csv)";
-
-/// Answers modal dialogs one after the other while this lives.
-class Person {
-  public:
-    explicit Person(std::deque<std::function<void(QWidget&)>> answers) : answers_(std::move(answers)) {
-        QObject::connect(&timer_, &QTimer::timeout, [this] {
-            QWidget* dialog = QApplication::activeModalWidget();
-            if (!dialog || isAnswering_) return;
-            if (answers_.empty()) {
-                ADD_FAILURE() << "a dialog that no one expects: " << dialog->windowTitle().toStdString();
-                dialog->close();
-                return;
-            }
-            isAnswering_ = true;
-            answers_.front()(*dialog);
-            answers_.pop_front();
-            isAnswering_ = false;
-        });
-        timer_.start(5);
-    }
-    ~Person() { EXPECT_TRUE(answers_.empty()) << "a dialog did not come"; }
-
-  private:
-    std::deque<std::function<void(QWidget&)>> answers_;
-    QTimer timer_;
-    bool isAnswering_ = false;
-};
-
-void press(QWidget& dialog, QDialogButtonBox::StandardButton which) {
-    auto* button = dialog.findChild<QDialogButtonBox*>()->button(which);
-    ASSERT_NE(button, nullptr);
-    QTest::mouseClick(button, Qt::LeftButton);
-}
 
 /// Types a name into the file dialog and presses its button.
 auto saveAs(const QString& name, const QString& filter) {

@@ -6,11 +6,13 @@
 #include <algorithm>
 #include <iomanip>
 #include <iostream>
+#include <optional>
 #include <utility>
 #include <vector>
 
 #include "controls/AdvanceText.h"
 #include "controls/ResultsView.h"
+#include "reports/ReportOutput.h"
 #include "workspace/MDIMain.h"
 #include "workspace/SelectionForm.h"
 
@@ -64,7 +66,8 @@ void print(const ResultsView& list) {
 
 }  // namespace
 
-Driver::Driver(QString pictureFile) : pictureFile_(std::move(pictureFile)) {
+Driver::Driver(QString pictureFile, QString reportFile)
+    : pictureFile_(std::move(pictureFile)), reportFile_(std::move(reportFile)) {
     elapsed_.start();
     connect(&timer_, &QTimer::timeout, this, &Driver::step);
     timer_.start(interval);
@@ -120,7 +123,7 @@ void Driver::finish() {
         fail(QStringLiteral("The results list is empty."));
         return;
     }
-    form_->moveSelection(list->selectedRow() < 1 ? 1 : 0);
+    for (int row = 0; row < list->rowCount() && !form_->canPrint(); ++row) form_->moveSelection(1);
     QApplication::processEvents();
     print(*list);
     if (!window_->grab().save(pictureFile_)) {
@@ -128,6 +131,16 @@ void Driver::finish() {
         return;
     }
     std::cout << "Picture of the window: " << pictureFile_.toStdString() << '\n';
+    const std::optional<ReportContent> report = form_->selectedReport();
+    if (!report) {
+        fail(QStringLiteral("There is no report to print."));
+        return;
+    }
+    if (const QString fault = saveReport(reportFile_, reportLayout(), *report); !fault.isEmpty()) {
+        fail(QStringLiteral("The report %1 cannot be written: %2").arg(reportFile_, fault));
+        return;
+    }
+    std::cout << "Printed report: " << reportFile_.toStdString() << '\n';
     done_ = true;
     window_->close();
 }

@@ -12,14 +12,15 @@ class SelectionForm;
 
 /// Works the running program through one selection as a user would, by key strokes in its own windows: types
 /// the conditions, starts the calculation with F5 and walks to a result. Then it prints the results list on
-/// standard output, saves a picture of the window and closes the program.
+/// standard output, saves a picture of the window and the report of that result as a PDF file, and closes the
+/// program.
 class Driver : public QObject {
     Q_OBJECT
 
   public:
-    explicit Driver(QString pictureFile);
+    Driver(QString pictureFile, QString reportFile);
 
-    /// Whether the list was printed and the picture saved.
+    /// Whether the list was printed, and the picture and the report saved.
     bool isDone() const { return done_; }
 
   private:
@@ -33,6 +34,7 @@ class Driver : public QObject {
     void fail(const QString& reason);
 
     QString pictureFile_;
+    QString reportFile_;
     QTimer timer_;
     QElapsedTimer elapsed_;
     MDIMain* window_ = nullptr;

@@ -1,5 +1,5 @@
-// marvello-demo PICTURE: the real program on any screen, without a person. Prints the results of a selection
-// and leaves a picture of the window.
+// marvello-demo PICTURE REPORT: the real program on any screen, without a person. Prints the results of a
+// selection, and leaves a picture of the window and the printed report of a compressor.
 
 #include <QStringList>
 #include <iostream>
@@ -15,8 +15,8 @@ int main(int argc, char** argv) {
     // The start of the program does not wait for anyone here.
     if (!qEnvironmentVariableIsSet("MARVELLO_SPLASH_MS")) qputenv("MARVELLO_SPLASH_MS", "300");
     marvello::Application application(argc, argv);
-    if (QCoreApplication::arguments().size() != 2) {
-        std::cerr << "Usage: marvello-demo PICTURE.png\n";
+    if (QCoreApplication::arguments().size() != 3) {
+        std::cerr << "Usage: marvello-demo PICTURE.png REPORT.pdf\n";
         return marvello::failedStart;
     }
     marvello::installHooks();
@@ -29,7 +29,8 @@ int main(int argc, char** argv) {
     int status = marvello::ended;
     bool done = false;
     {
-        const marvello::Driver driver(QCoreApplication::arguments().at(1));
+        const QStringList files = QCoreApplication::arguments();
+        const marvello::Driver driver(files.at(1), files.at(2));
         status = marvello::Main();
         done = driver.isDone();
     }
