@@ -30,7 +30,12 @@ using marvello::testing::press;
 
 namespace {
 
-const QRegularExpression blanks(QStringLiteral("\\s"));
+/// A text without its blanks and with one form of each sign: a Chinese sign that is a radical as well may be
+/// copied as that.
+QString plain(QString text) {
+    static const QRegularExpression blanks(QStringLiteral("\\s"));
+    return text.remove(blanks).normalized(QString::NormalizationForm_KC);
+}
 
 class ReportTest : public ::testing::TestWithParam<const char*>, public marvello::testing::RealWindow {
   protected:
@@ -58,7 +63,7 @@ class ReportTest : public ::testing::TestWithParam<const char*>, public marvello
         QProcess reader;
         reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), file, QStringLiteral("-")});
         EXPECT_TRUE(reader.waitForFinished());
-        return QString::fromUtf8(reader.readAllStandardOutput()).remove(blanks);
+        return plain(QString::fromUtf8(reader.readAllStandardOutput()));
     }
 
     SelectionForm* form;
@@ -112,10 +117,8 @@ TEST_P(ReportTest, SaysWhatTheListShows) {
         // Every value of the table is found in the file, and so is the model.
         for (const ReportLine& line : report.lines) {
             if (line.isHeading()) continue;
-            if (std::string(GetParam()) != "cn-CN") {
-                EXPECT_TRUE(words.contains(QString(line.value).remove(blanks))) << line.value.toStdString();
-                EXPECT_TRUE(words.contains(QString(line.name).remove(blanks))) << line.name.toStdString();
-            }
+            EXPECT_TRUE(words.contains(plain(line.value))) << line.value.toStdString();
+            EXPECT_TRUE(words.contains(plain(line.name))) << line.name.toStdString();
         }
         EXPECT_TRUE(words.contains(report.model));
         // Dew and mean of a blend with glide stand on one line.
