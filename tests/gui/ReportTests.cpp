@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPrintPreviewWidget>
+#include <QPrinterInfo>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QToolButton>
@@ -57,13 +58,16 @@ class ReportTest : public ::testing::TestWithParam<const char*>, public marvello
     }
     /// The text of the report as a reader copies it from the file, without its blanks: where a narrow one
     /// stands, readers differ.
-    QString wordsOf(const ReportContent& report) {
-        const QString file = folder.filePath(QStringLiteral("report.pdf"));
-        EXPECT_EQ(saveReport(file, reportLayout(), report), QString());
+    static QString wordsIn(const QString& file) {
         QProcess reader;
         reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), file, QStringLiteral("-")});
         EXPECT_TRUE(reader.waitForFinished());
         return plain(QString::fromUtf8(reader.readAllStandardOutput()));
+    }
+    QString wordsOf(const ReportContent& report) {
+        const QString file = folder.filePath(QStringLiteral("report.pdf"));
+        EXPECT_EQ(saveReport(file, reportLayout(), report), QString());
+        return wordsIn(file);
     }
 
     SelectionForm* form;
@@ -215,6 +219,21 @@ TEST_P(ReportTest, ThePreviewShowsThePageAndSavesIt) {
     form->PrintReport(true);
     EXPECT_GT(QFileInfo(folder.filePath(QString::fromUtf8("Angebot Ü 1.pdf"))).size(), 10000);
     EXPECT_EQ(boxes, QStringList());
+}
+
+TEST_P(ReportTest, PrintsOntoTheSamePaper) {
+    if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "paper would come out of a printer";
+    calculate("R134A", "TK-A");
+    select(QStringLiteral("ledgreen"));
+    const QString file = folder.filePath(QStringLiteral("printed.pdf"));
+    const Person person({[&](QWidget& dialog) {
+        auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
+        ASSERT_NE(name, nullptr);
+        name->setText(file);
+        press(dialog, QDialogButtonBox::Ok);
+    }});
+    form->PrintReport(false);
+    EXPECT_EQ(wordsIn(file), wordsOf(*form->selectedReport()));
 }
 
 TEST_P(ReportTest, AFileThatCannotBeWrittenIsSaidAndLosesNothing) {

@@ -132,13 +132,22 @@ struct Demonstration {
         saveReportOf(window, *form, "report");
         savePages(window, *form);
         auto* results = form->findChild<ResultsView*>(QStringLiteral("lvCps"));
-        for (int row = 0; row < results->rowCount(); ++row)
-            if (results->mark(row) == u"ledorange") results->selectRow(row);
+        const auto select = [results](const QString& mark) {
+            for (int row = 0; row < results->rowCount(); ++row)
+                if (results->mark(row) == mark) results->selectRow(row);
+        };
+        select(QStringLiteral("ledorange"));
         save(window, "warnings");
         saveReportOf(window, *form, "report-warnings");
-        for (int row = 0; row < results->rowCount(); ++row)
-            if (results->mark(row) == u"ledred") results->selectRow(row);
+        select(QStringLiteral("ledred"));
         save(window, "error");
+        // The report with warnings at another superheat has no envelope.
+        auto* const superheat = form->findChild<AdvanceText*>(QStringLiteral("txtSH"));
+        superheat->SetTextValue(8.0);
+        calculate(*form);
+        select(QStringLiteral("ledorange"));
+        saveReportOf(window, *form, "report-superheat");
+        superheat->SetTextValue(10.0);
         auto* const economiser = form->findChild<AdvanceText*>(QStringLiteral("cmbEco"));
         if (economiser->isEnabled()) {
             economiser->SetTextValue(fromCore(ListLookup("1", toCore(economiser->Tag1()))));
@@ -149,7 +158,7 @@ struct Demonstration {
         }
         typeOver(*form, "txtSH", QStringLiteral("25"));
         save(window, "discarded");
-        form->findChild<AdvanceText*>(QStringLiteral("txtSH"))->SetTextValue(10.0);
+        superheat->SetTextValue(10.0);
         calculate(*form);
         form->MeasureUnits(1, true);
         save(window, "imperial");
