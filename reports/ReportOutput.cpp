@@ -24,10 +24,12 @@ QPageLayout reportLayout() {
     return {QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4), QPageLayout::Portrait, QMarginsF()};
 }
 
-void printReport(QPrinter& printer, const ReportContent& content) {
+bool printReport(QPrinter& printer, const ReportContent& content) {
     printer.setFullPage(true);
-    QPainter painter(&printer);
+    QPainter painter;
+    if (!painter.begin(&printer)) return false;
     paintReport(painter, paperOf(printer.pageLayout()), content);
+    return painter.end() && printer.printerState() != QPrinter::Error;
 }
 
 QString saveReport(const QString& file, const QPageLayout& layout, const ReportContent& content) {

@@ -13,8 +13,8 @@ namespace marvello {
 /// its own.
 QPageLayout reportLayout();
 
-/// Draws the report on a printer, on its paper.
-void printReport(QPrinter& printer, const ReportContent& content);
+/// Draws the report on a printer, on its paper. False when the printer takes none.
+bool printReport(QPrinter& printer, const ReportContent& content);
 
 /// Writes the report as a PDF file. The old file stays until the new one is whole. Empty when it is done,
 /// otherwise the reason why not, of the system.

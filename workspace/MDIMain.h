@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QTranslator>
 #include <array>
 #include <memory>
 
@@ -81,9 +82,11 @@ class MDIMain : public QMainWindow {
     void tileHorizontal();
     void tileVertical();
     void arrangeIcons();
+    void translatePlatformDialogs();
     void translateCommand(const char* name, const char* key);
 
     const QString version_;
+    QTranslator platformTexts_;
     QHash<QString, QAction*> commands_;
     QMenu* mnu_file_ = nullptr;
     QMenu* mnu_tools_ = nullptr;

@@ -1,10 +1,12 @@
 // The menus, the tool bar and the selectors of the main window.
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -210,6 +212,7 @@ void MDIMain::translateCommand(const char* name, const char* key) {
 }
 
 void MDIMain::Traduci() {
+    translatePlatformDialogs();
     mnu_file_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.file")));
     mnu_tools_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.tools")));
     mnu_tools_language_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.tools.language")));
@@ -239,6 +242,14 @@ void MDIMain::Traduci() {
            "mdimain.cmbmeasureunits.item01"});
     offer(cmbGroupBy_, groupBoxWidth,
           {"mdimain.cmbgroupby.captiontext", "mdimain.cmbgroupby.item00", "mdimain.cmbgroupby.item01"});
+}
+
+// The dialogs for files and printers are the platform's. Without its translations they speak English.
+void MDIMain::translatePlatformDialogs() {
+    QCoreApplication::removeTranslator(&platformTexts_);
+    if (platformTexts_.load(userLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                            QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&platformTexts_);
 }
 
 // The caption of a selector and its two choices, by their keys.

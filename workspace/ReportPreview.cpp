@@ -33,6 +33,12 @@ QString reportFolder() {
 
 }  // namespace
 
+void printOrSay(QPrinter& printer, const ReportContent& report, QWidget* parent) {
+    if (!printReport(printer, report))
+        MessageBox::show(parent, MessageBox::Mark::critical,
+                         dictionaryText(QStringLiteral("report.notprinted")));
+}
+
 ReportPreview::ReportPreview(const ReportContent& report, QWidget* parent)
     : QDialog(parent),
       report_(report),
@@ -96,7 +102,7 @@ void ReportPreview::makeToolBar() {
 
 void ReportPreview::print() {
     QPrintDialog dialog(&printer_, this);
-    if (dialog.exec() == QDialog::Accepted) printReport(printer_, report_);
+    if (dialog.exec() == QDialog::Accepted) printOrSay(printer_, report_, this);
 }
 
 void ReportPreview::setUpPage() {

@@ -10,6 +10,9 @@ class QToolBar;
 
 namespace marvello {
 
+/// Prints a report; a printer that takes none is told in a box.
+void printOrSay(QPrinter& printer, const ReportContent& report, QWidget* parent);
+
 /// Shows a report as it will be on paper, and prints it or saves it as a PDF file from there.
 class ReportPreview : public QDialog {
     Q_OBJECT

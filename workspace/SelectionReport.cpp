@@ -36,15 +36,6 @@ ReportLine temperatureLine(const QString& name, const AdvanceText* dew, const Ad
             withUnit(dew->TextText() + between + mid->TextText(), dew->UnitCaptiontext())};
 }
 
-QString today() {
-    // The catalogue calls Chinese by its country.
-    const QString language = fromCore(gApplication().User().language).left(2);
-    const QLocale locale(language == u"cn"   ? QStringLiteral("zh_CN")
-                         : language == u"en" ? QStringLiteral("en_GB")
-                                             : language);
-    return locale.toString(QDate::currentDate(), QLocale::LongFormat);
-}
-
 }  // namespace
 
 std::vector<ReportLine> SelectionForm::conditionLines(const clsCompressor& compressor) const {
@@ -98,7 +89,7 @@ ReportContent SelectionForm::reportOf(const clsCompressor& compressor) {
     report.warning = text("report.lblwarning.caption");
     report.warning2 = text("report.lblwarning2.caption");
     report.page = filled(text("report.page.caption"), {QStringLiteral("1"), QStringLiteral("1")});
-    report.date = today();
+    report.date = userLocale().toString(QDate::currentDate(), QLocale::LongFormat);
     report.photo = readPhoto(fromCore(compressor.Serie), fromCore(compressor.Model));
     report.envelope = envelopeOf(compressor);
     report.lines = conditionLines(compressor);
@@ -136,7 +127,7 @@ void SelectionForm::PrintReport(bool preview) {
     printer.setPageLayout(reportLayout());
     printer.setDocName(report->model);
     QPrintDialog dialog(&printer, window());
-    if (dialog.exec() == QDialog::Accepted) printReport(printer, *report);
+    if (dialog.exec() == QDialog::Accepted) printOrSay(printer, *report, window());
 }
 
 }  // namespace marvello

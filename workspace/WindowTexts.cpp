@@ -27,10 +27,26 @@ QString withoutAccessKey(QString text) {
     return text.remove(accessKey);
 }
 
-QString filled(QString text, const QStringList& arguments) {
-    for (qsizetype i = 0; i < arguments.size(); ++i)
-        text.replace(QStringLiteral("{%1}").arg(i), arguments[i]);
-    return text;
+QLocale userLocale() {
+    const QString language = fromCore(gApplication().User().language).left(2).toLower();
+    // The catalogue calls Chinese by its country.
+    return QLocale(language == u"cn"   ? QStringLiteral("zh_CN")
+                   : language == u"en" ? QStringLiteral("en_GB")
+                                       : language);
+}
+
+// In one pass, so that an argument may hold the sign of another.
+QString filled(const QString& text, const QStringList& arguments) {
+    static const QRegularExpression place(QStringLiteral("\\{(\\d+)\\}"));
+    QString result;
+    qsizetype end = 0;
+    for (auto places = place.globalMatch(text); places.hasNext();) {
+        const QRegularExpressionMatch found = places.next();
+        result += text.mid(end, found.capturedStart() - end) +
+                  arguments.value(found.captured(1).toInt(), found.captured());
+        end = found.capturedEnd();
+    }
+    return result + text.mid(end);
 }
 
 }  // namespace marvello

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLocale>
 #include <QString>
 #include <QStringList>
 #include <string>
@@ -23,7 +24,10 @@ QString dictionaryTextIfAny(const QString& key);
 /// "Text(&T)".
 QString withoutAccessKey(QString text);
 
+/// The locale of the user's language, for what the platform writes: dates, and the texts of its own dialogs.
+QLocale userLocale();
+
 /// A text with "{0}", "{1}", ... replaced by the arguments.
-QString filled(QString text, const QStringList& arguments);
+QString filled(const QString& text, const QStringList& arguments);
 
 }  // namespace marvello

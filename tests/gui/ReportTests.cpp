@@ -10,12 +10,14 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPrintPreviewWidget>
+#include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QToolButton>
 #include <algorithm>
 #include <csignal>
+#include <map>
 
 #include "controls/AdvanceText.h"
 #include "controls/ResultsView.h"
@@ -23,7 +25,9 @@
 #include "reports/ReportPage.h"
 #include "tests/gui/RealWindow.h"
 #include "tests/support/Person.h"
+#include "workspace/ReportPreview.h"
 #include "workspace/SelectionForm.h"
+#include "workspace/WindowTexts.h"
 
 using namespace marvello;
 using marvello::testing::Person;
@@ -213,6 +217,14 @@ TEST_P(ReportTest, ThePreviewShowsThePageAndSavesIt) {
              auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
              EXPECT_EQ(name->text(), list()->text(list()->selectedRow(), 0) + QStringLiteral(" R134A.pdf"));
              name->setText(folder.filePath(QString::fromUtf8("Angebot Ü 1")));
+             // The platform's dialog speaks the user's language.
+             const std::map<std::string, QString> cancels{
+                 {"en-EN", QStringLiteral("Cancel")},    {"it-IT", QStringLiteral("Annulla")},
+                 {"de-DE", QStringLiteral("Abbrechen")}, {"fr-FR", QStringLiteral("Annuler")},
+                 {"es-ES", QStringLiteral("Cancelar")},  {"cn-CN", QString::fromUtf8("取消")}};
+             const auto* const cancel =
+                 dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel);
+             EXPECT_EQ(withoutAccessKey(cancel->text()), cancels.at(GetParam()));
              press(dialog, QDialogButtonBox::Save);
          },
          [](QWidget& preview) { preview.close(); }});
@@ -244,6 +256,10 @@ TEST_P(ReportTest, AFileThatCannotBeWrittenIsSaidAndLosesNothing) {
     EXPECT_GT(QFileInfo(odd).size(), 10000);
     EXPECT_NE(saveReport(folder.filePath(QStringLiteral("missing/report.pdf")), reportLayout(), report),
               QString());
+    QPrinter printer;
+    printer.setOutputFileName(folder.filePath(QStringLiteral("missing/printed.pdf")));
+    printOrSay(printer, report, nullptr);
+    EXPECT_EQ(boxes.size(), 1);
     // No file may grow beyond a few blocks for a while, as on a full disk.
     const qint64 size = QFileInfo(odd).size();
     rlimit before{};
