@@ -1,5 +1,5 @@
 // What a run of a whole catalogue costs, beside what the database alone needs for it: the same statements,
-// run and read by SQLiteCpp without anything around it.
+// run and read by SQLiteCpp without anything around it. Then a surface, and the making of a catalogue file.
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
@@ -7,21 +7,26 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <utility>
 #include <vector>
 
+#include "bench/Floor.h"
 #include "bench/GrownCatalogue.h"
+#include "catalogue/clsPolynomial.h"
 #include "data/Globals.h"
 #include "engine/clsSelections.h"
 #include "thermo/clsRefprop.h"
+#include "tools/catalogue/Check.h"
+#include "tools/catalogue/Content.h"
 
 namespace {
 
@@ -180,17 +185,6 @@ void replay(SQLite::Database& database, const std::vector<DatabaseEvent>& events
     }
 }
 
-double secondsOf(const auto& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-    std::ranges::nth_element(values, values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
-    return values[values.size() / 2];
-}
-
 constexpr int leastCompressors = 800;
 
 /// Engine and database alone by turns, so that both see the same machine.
@@ -201,13 +195,8 @@ void wholeCatalogue(benchmark::State& state) {
     SQLite::Database alone(catalogue.file(), SQLite::OPEN_READONLY);
 
     Outcome outcome;
-    std::vector<double> engine;
-    std::vector<double> database;
-    for (auto _ : state) {
-        engine.push_back(secondsOf([&] { outcome = runAll(all); }));
-        database.push_back(secondsOf([&] { replay(alone, events); }));
-        state.SetIterationTime(engine.back());
-    }
+    bench::AgainstFloor(state, "the same statements and rows, SQLite alone")
+        .run([&] { outcome = runAll(all); }, [&] { replay(alone, events); });
     const Outcome counted = countAll(all);
     const auto starts = [&events](const char* part) {
         return static_cast<double>(std::ranges::count_if(events, [part](const DatabaseEvent& event) {
@@ -220,11 +209,98 @@ void wholeCatalogue(benchmark::State& state) {
     state.counters["setUps"] = starts("tFluidi");
     state.counters["states"] = static_cast<double>(counted.states);
     state.counters["repeatedStates"] = static_cast<double>(counted.repeated);
-    state.counters["databaseAlone_ms"] = 1e3 * median(database);
-    state.counters["ratio"] = median(engine) / median(database);
     releaseRefprop();
 }
 BENCHMARK(wholeCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(3);
+
+/// A value of a surface, by the operation of the calculation.
+void surface(benchmark::State& state) {
+    constexpr int points = 100000;
+    clsPolynomial polynomial;
+    polynomial.c = {45.1, 1.62, -0.41, 0.0201, -0.0093, -0.0011, 1e-4, -9e-5, -2e-5, 3e-6};
+    const auto sum = [](const auto& value) {
+        double total = 0;
+        for (int i = 0; i < points; ++i)
+            total += value(static_cast<float>(i % 50), static_cast<float>(i % 70));
+        benchmark::DoNotOptimize(total);
+    };
+    const auto& c = polynomial.c;
+    bench::AgainstFloor(state, "the same surface by Horner's rule in place", points)
+        .run([&] { sum([&](float x, float y) { return polynomial.Calculate(x, y); }); },
+             [&] {
+                 sum([&](double x, double y) {
+                     return c[0] + x * (c[1] + x * (c[3] + x * c[6]) + y * (c[4] + x * c[7] + y * c[8])) +
+                            y * (c[2] + y * (c[5] + y * c[9]));
+                 });
+             });
+}
+BENCHMARK(surface)->UseManualTime();
+
+/// Every row of a catalogue file, for the floor of making it.
+struct AllRows {
+    explicit AllRows(const std::string& file) {
+        const SQLite::Database database(file, SQLite::OPEN_READONLY);
+        SQLite::Statement objects(database, "SELECT sql, name, type FROM sqlite_schema WHERE sql NOT NULL");
+        while (objects.executeStep()) {
+            creation += objects.getColumn(0).getString() + ";";
+            if (objects.getColumn(2).getString() == "table") read(database, objects.getColumn(1).getString());
+        }
+    }
+
+    void write(const std::string& file) const {
+        SQLite::Database database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        database.exec("PRAGMA journal_mode=OFF; BEGIN");
+        database.exec(creation);
+        for (const auto& [table, rows] : tables) {
+            std::string places;
+            for (std::size_t i = 0; i < rows.front().size(); ++i) places += i == 0 ? "?" : ",?";
+            SQLite::Statement insert(database, "INSERT INTO " + table + " VALUES (" + places + ")");
+            for (const auto& row : rows) {
+                for (std::size_t i = 0; i < row.size(); ++i) insert.bind(static_cast<int>(i) + 1, row[i]);
+                insert.exec();
+                insert.reset();
+            }
+        }
+        database.exec("COMMIT");
+    }
+
+    std::string creation;
+    std::vector<std::pair<std::string, std::vector<std::vector<std::string>>>> tables;
+
+  private:
+    void read(const SQLite::Database& database, const std::string& table) {
+        std::vector<std::vector<std::string>> rows;
+        SQLite::Statement all(database, "SELECT * FROM " + table);
+        while (all.executeStep()) {
+            std::vector<std::string>& row = rows.emplace_back();
+            for (int i = 0; i < all.getColumnCount(); ++i) row.push_back(all.getColumn(i).getString());
+        }
+        if (!rows.empty()) tables.emplace_back(table, std::move(rows));
+    }
+};
+
+/// From the text tables to the file, with the checks that need no other program.
+void buildCatalogue(benchmark::State& state) {
+    const std::filesystem::path folder = std::filesystem::temp_directory_path();
+    const std::string file = (folder / "marvello-bench-build.mdb").string();
+    const std::string floor = (folder / "marvello-bench-floor.mdb").string();
+    const AllRows rows(MARVELLO_APP_FOLDER "/db.mdb");
+    bench::AgainstFloor(state, "the same rows, SQLite alone")
+        .run(
+            [&] {
+                Faults faults;
+                const Content content = readContent(MARVELLO_CONTENT_FOLDER, faults);
+                checkReferences(content, std::nullopt, faults);
+                writeCatalogue(content, file);
+            },
+            [&] {
+                std::filesystem::remove(floor);
+                rows.write(floor);
+            });
+    std::filesystem::remove(file);
+    std::filesystem::remove(floor);
+}
+BENCHMARK(buildCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 }  // namespace
 

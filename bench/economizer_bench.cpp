@@ -1,17 +1,20 @@
 // What an economized calculation costs: every compressor of the catalogue that has a port, over a grid of
-// duty points, each run from a start without any remembered state.
+// duty points, each run from a start without any remembered state. With "--every=N" only each N-th of them.
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <exception>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "bench/Floor.h"
 #include "data/ApplicationFolder.h"
 #include "data/Globals.h"
 #include "data/Hooks.h"
@@ -28,13 +31,17 @@ struct Model {
     std::string refrigerant, serie, name;
 };
 
+int every = 1;  // of how many models one is taken
+
 std::vector<Model> modelsWithPort() {
     std::vector<Model> models;
+    int number = 0;
     for (RecordSet row =
              gDatabase().Execute("Select fRefrigerantID, fSerieID, fModelID from tCompressors where "
                                  "fKForo + fKPerdita + fSez > 0 order by fRefrigerantID");
          !row.eof(); row.moveNext()) {
-        models.push_back({row.text("fRefrigerantID"), row.text("fSerieID"), row.text("fModelID")});
+        if (++number % every == 0)
+            models.push_back({row.text("fRefrigerantID"), row.text("fSerieID"), row.text("fModelID")});
     }
     return models;
 }
@@ -118,12 +125,17 @@ void economized(benchmark::State& state, const std::string& what) {
     std::vector<double> calls;
     int solved = 0;  // with a plate or a tank
     clsSelections selections;
+    clsSelections plain;
+    bench::AgainstFloor against(state, "the same run without economizer");
     for (auto _ : state) {
         overGrid(what, [&](const Model& model, const clsProjectConditions& conditions) {
             const Cost cost = runOf(selections, model, conditions);
             if (selections.Count() == 0 || !selections.Item(1).Variables.Exist("EcoModel")) return;
             times.push_back(cost.milliseconds);
             calls.push_back(cost.calls);
+            clsProjectConditions without = conditions;
+            without.EcoCalculateMode = standard;
+            against.add(1e-3 * cost.milliseconds, 1e-3 * runOf(plain, model, without).milliseconds);
             if (selections.Item(1).Variables.Item("EcoModel").text() != "Impossible") ++solved;
         });
     }
@@ -175,6 +187,9 @@ int main(int argc, char** argv) {
         setApplicationFolder(MARVELLO_APP_FOLDER);
         gDatabase().Connect(std::string("Data Source=") + MARVELLO_APP_FOLDER + "/db.mdb");
         benchmark::Initialize(&argc, argv);
+        constexpr std::string_view option = "--every=";
+        if (argc > 1 && std::string_view(argv[1]).starts_with(option))
+            every = std::max(1, std::atoi(argv[1] + option.size()));
         benchmark::RunSpecifiedBenchmarks();
         releaseRefprop();
     } catch (const std::exception& fault) {

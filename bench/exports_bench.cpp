@@ -1,19 +1,23 @@
-// An export of 1,000 compressors with 20 columns, from the list to the file on the disk, against writing the
-// same bytes to a file in the same way. "ratio" is the time of the export over that floor.
+// What leaves the program: an export of 1,000 compressors with 20 columns, from the list to the file on the
+// disk, and the report of a compressor.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QFile>
+#include <QPainter>
+#include <QPdfWriter>
 #include <QSaveFile>
-#include <QSettings>
 #include <QTemporaryDir>
-#include <chrono>
-#include <cstdio>
+#include <cstring>
 #include <stdexcept>
 
+#include "bench/Floor.h"
+#include "bench/Windows.h"
 #include "controls/ResultsView.h"
+#include "reports/ReportOutput.h"
 #include "workspace/ExportFile.h"
 #include "workspace/ExportRecords.h"
+#include "workspace/MDIMain.h"
+#include "workspace/SelectionForm.h"
 
 using namespace marvello;
 
@@ -39,12 +43,6 @@ void fill(ResultsView& list) {
     }
 }
 
-double secondsOf(const auto& work) {
-    const auto begun = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
-}
-
 void writePlainly(const QString& path, const QByteArray& bytes) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
@@ -61,31 +59,62 @@ void exportList(benchmark::State& state, ExportFile::Form form) {
     QFile written(file.path);
     if (!written.open(QIODevice::ReadOnly)) throw std::runtime_error("The export left no file.");
     const QByteArray bytes = written.readAll();
-    double work = 0;
-    double floor = 0;
-    for ([[maybe_unused]] auto turn : state) {
-        const double seconds = secondsOf([&] { writeExport(resultsRecords(list), file); });
-        state.SetIterationTime(seconds);
-        work += seconds;
-        floor += secondsOf([&] { writePlainly(folder.filePath(QStringLiteral("floor")), bytes); });
-    }
-    state.counters["ratio"] = work / floor;
+    bench::AgainstFloor(state, "writing the same bytes")
+        .run([&] { writeExport(resultsRecords(list), file); },
+             [&] { writePlainly(folder.filePath(QStringLiteral("floor")), bytes); });
     state.counters["kB"] = static_cast<double>(bytes.size()) / 1000;
 }
 BENCHMARK_CAPTURE(exportList, xml, ExportFile::Form::xml)->Unit(benchmark::kMillisecond)->UseManualTime();
 BENCHMARK_CAPTURE(exportList, csv, ExportFile::Form::csv)->Unit(benchmark::kMillisecond)->UseManualTime();
 
+/// The text of a file alone, beside what the memory gives.
+void makeText(benchmark::State& state, bool isXml) {
+    ResultsView list;
+    fill(list);
+    const RowSet records = resultsRecords(list);
+    const auto make = [&] { return isXml ? records.toXml() : records.toCsv(); };
+    const QByteArray bytes = make();
+    constexpr int copies = 100;
+    QByteArray copy(bytes.size(), ' ');
+    bench::AgainstFloor against(state, "copying the same bytes in memory");
+    for ([[maybe_unused]] auto turn : state) {
+        const double taken = bench::processorSecondsOf([&] { benchmark::DoNotOptimize(make()); });
+        const double copied = bench::processorSecondsOf([&] {
+            for (int i = 0; i < copies; ++i) {
+                std::memcpy(copy.data(), bytes.data(), static_cast<std::size_t>(bytes.size()));
+                benchmark::ClobberMemory();
+            }
+        });
+        against.add(taken, copied / copies);
+    }
+}
+BENCHMARK_CAPTURE(makeText, xml, true)->Unit(benchmark::kMillisecond)->UseManualTime();
+BENCHMARK_CAPTURE(makeText, csv, false)->Unit(benchmark::kMillisecond)->UseManualTime();
+
+/// The report as a PDF file, beside a page of the platform with the same photo and texts, and nothing else.
+void saveOneReport(benchmark::State& state) {
+    const QTemporaryDir folder;
+    MDIMain window(QStringLiteral("1.0.0"));
+    window.show();
+    SelectionForm* form = window.newSelection();
+    form->lnkCalculate_Click();
+    while (!form->canPrint()) form->moveSelection(1);
+    const ReportContent report = *form->selectedReport();
+    const QString file = folder.filePath(QStringLiteral("report.pdf"));
+    bench::AgainstFloor(state, "a page with its photo and texts")
+        .run([&] { saveReport(file, reportLayout(), report); },
+             [&] {
+                 QPdfWriter writer(file);
+                 QPainter painter(&writer);
+                 painter.drawImage(QRect(0, 0, 4000, 3000), report.photo);
+                 for (const ReportLine& line : report.lines) {
+                     painter.drawText(0, 4000, line.name);
+                     painter.drawText(4000, 4000, line.value);
+                 }
+             });
+}
+BENCHMARK(saveOneReport)->Unit(benchmark::kMillisecond)->UseManualTime();
+
 }  // namespace
 
-int main(int argc, char** argv) try {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    const QTemporaryDir settings;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-} catch (const std::exception& failure) {
-    std::fprintf(stderr, "%s\n", failure.what());
-    return 1;
-}
+int main(int argc, char** argv) { return bench::runInWindows(argc, argv); }

@@ -3,22 +3,15 @@
 
 #include <QApplication>
 #include <QScrollBar>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
-#include <exception>
 
+#include "bench/Floor.h"
 #include "bench/GrownCatalogue.h"
-#include "catalogue/Globals.h"
+#include "bench/Windows.h"
 #include "controls/AdvanceText.h"
-#include "controls/Look.h"
 #include "controls/ResultsView.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
 #include "engine/clsSelections.h"
-#include "thermo/clsRefprop.h"
 #include "workspace/MDIMain.h"
 #include "workspace/SelectionForm.h"
 
@@ -36,16 +29,19 @@ void openForm(benchmark::State& state) {
     MDIMain window(QStringLiteral("1.0.0"));
     window.show();
     settle();
+    bench::AgainstFloor against(state, "drawing the form");
     for ([[maybe_unused]] auto turn : state) {
-        SelectionForm* form = window.newSelection();
-        QApplication::processEvents();
-        state.PauseTiming();
+        SelectionForm* form = nullptr;
+        const double taken = bench::processorSecondsOf([&] {
+            form = window.newSelection();
+            QApplication::processEvents();
+        });
+        against.add(taken, bench::processorSecondsOf([&] { form->grab(); }));
         form->Quit();
         settle();
-        state.ResumeTiming();
     }
 }
-BENCHMARK(openForm)->Unit(benchmark::kMillisecond);
+BENCHMARK(openForm)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 void anotherLanguage(benchmark::State& state) {
     MDIMain window(QStringLiteral("1.0.0"));
@@ -53,23 +49,20 @@ void anotherLanguage(benchmark::State& state) {
     for (int i = 0; i < 5; ++i) window.newSelection()->lnkCalculate_Click();
     settle();
     bool isGerman = false;
-    for ([[maybe_unused]] auto turn : state) {
-        isGerman = !isGerman;
-        window.chooseLanguage(isGerman ? QStringLiteral("de-DE") : QStringLiteral("en-EN"));
-        QApplication::processEvents();
-    }
+    bench::AgainstFloor(state, "drawing the window")
+        .run(
+            [&] {
+                isGerman = !isGerman;
+                window.chooseLanguage(isGerman ? QStringLiteral("de-DE") : QStringLiteral("en-EN"));
+                QApplication::processEvents();
+            },
+            [&] { window.grab(); });
 }
-BENCHMARK(anotherLanguage)->Unit(benchmark::kMillisecond);
+BENCHMARK(anotherLanguage)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 using Clock = std::chrono::steady_clock;
 double millisecondsSince(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-/// The shipped catalogue, open.
-void openShippedCatalogue() {
-    setApplicationFolder(MARVELLO_APP_FOLDER);
-    gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
 }
 
 /// From F5 to the drawn list of a series of 60 models; the run of the engine by itself is counted beside it.
@@ -83,31 +76,24 @@ void keyToList(benchmark::State& state) {
         SelectionForm* form = window.newSelection();
         form->findChild<AdvanceText*>(QStringLiteral("lstSeries"))->SetKey(QStringLiteral("TK-A"));
         settle();
-        double whole = 0;
-        double engine = 0;
         int models = 0;
-        for ([[maybe_unused]] auto turn : state) {
-            auto start = Clock::now();
-            form->lnkCalculate_Click();
-            QApplication::processEvents();
-            whole += millisecondsSince(start);
-            state.PauseTiming();
-            clsSelections selection;
-            start = Clock::now();
-            selection.Selection(std::make_shared<clsProjectConditions>(conditionsAt(2, 40)), "TK-A", "*",
-                                "R134A", 0);
-            engine += millisecondsSince(start);
-            models = selection.Count();
-            state.ResumeTiming();
-        }
-        const auto runs = static_cast<double>(state.iterations());
+        bench::AgainstFloor(state, "the run of the engine")
+            .run(
+                [&] {
+                    form->lnkCalculate_Click();
+                    QApplication::processEvents();
+                },
+                [&] {
+                    clsSelections selection;
+                    selection.Selection(std::make_shared<clsProjectConditions>(conditionsAt(2, 40)), "TK-A",
+                                        "*", "R134A", 0);
+                    models = selection.Count();
+                });
         state.counters["models"] = models;
-        state.counters["engine_ms"] = engine / runs;
-        state.counters["outside_ms"] = (whole - engine) / runs;
     }
-    openShippedCatalogue();
+    bench::openShippedCatalogue();
 }
-BENCHMARK(keyToList)->Unit(benchmark::kMillisecond);
+BENCHMARK(keyToList)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 /// Every series of the catalogue with an economiser: the longest time between two turns that a run gives to
 /// the window, which is how long "Abort" may wait.
@@ -188,19 +174,4 @@ BENCHMARK(moveInLongList)->ArgName("scroll")->Arg(0)->Arg(1)->Unit(benchmark::kM
 
 }  // namespace
 
-int main(int argc, char** argv) try {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    const QTemporaryDir settings;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
-    openShippedCatalogue();
-    loadSharedPolynomials();
-    gApplication().User().language = "en-EN";
-    Look::install(application, Look::light());
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-} catch (const std::exception& failure) {
-    std::fprintf(stderr, "%s\n", failure.what());
-    return 1;
-}
+int main(int argc, char** argv) { return bench::runInWindows(argc, argv); }
