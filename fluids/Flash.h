@@ -135,6 +135,7 @@ class Flash {
     FluidState besideEnd(const PhaseBoundary::End& end, PhaseState edge, Heat heat, double wanted);
     FluidState betweenEnds(const PhaseBoundary::Cut& cut, Heat heat, double wanted);
     FluidState aboveColdEnd(const PhaseBoundary::End& vapour, Heat heat, double wanted);
+    std::optional<PhaseState> slide(double pressure, Heat heat, double wanted, const IsobarRange& range);
     FluidState searchIsobar(double pressure, Heat heat, double wanted, const IsobarRange& range);
     FluidState searchIsotherm(double temperature, double entropy, double low, double high, double guess);
     double qualityName(double temperature, double pressure, double density) const;
