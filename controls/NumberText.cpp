@@ -75,18 +75,27 @@ QString grouped(const QString& whole, const QLocale& locale) {
     return result;
 }
 
-/// The digits of a whole number that may be grouped in threes; nothing for any other text.
-std::optional<QString> ungrouped(const QString& whole, const QLocale& locale) {
-    const QStringList groups = whole.split(locale.groupSeparator());
-    for (const QString& group : groups) {
-        for (const QChar sign : group)
-            if (sign < u'0' || sign > u'9') return std::nullopt;
-        if (groups.size() == 1) continue;
-        const bool fits =
-            &group == &groups.front() ? !group.isEmpty() && group.size() <= 3 : group.size() == 3;
-        if (!fits) return std::nullopt;
+bool isDigit(QChar sign) { return sign >= u'0' && sign <= u'9'; }
+
+/// Appends the digits of a whole number that may be grouped in threes; false for any other text.
+bool appendUngrouped(QStringView whole, const QString& mark, std::string& digits) {
+    qsizetype inGroup = 0;
+    bool isGrouped = false;
+    for (qsizetype i = 0; i < whole.size();) {
+        if (isDigit(whole[i])) {
+            digits += static_cast<char>(whole[i].unicode());
+            ++inGroup;
+            ++i;
+            continue;
+        }
+        if (!whole.mid(i).startsWith(mark)) return false;
+        const bool fits = isGrouped ? inGroup == 3 : inGroup >= 1 && inGroup <= 3;
+        if (!fits) return false;
+        isGrouped = true;
+        inGroup = 0;
+        i += mark.size();
     }
-    return groups.join(QString());
+    return !isGrouped || inGroup == 3;
 }
 
 }  // namespace
@@ -130,22 +139,26 @@ QString formatNumber(double value, QStringView pattern, const QLocale& locale) {
     return value < 0 && !isZero ? locale.negativeSign() + result : result;
 }
 
-std::optional<double> shownNumber(QStringView text, const QLocale& locale) {
-    QString shown = text.trimmed().toString();
-    const bool isNegative = shown.startsWith(locale.negativeSign());
-    if (isNegative) shown.remove(0, locale.negativeSign().size());
-    const QString point = locale.decimalPoint();
-    const qsizetype mark = shown.indexOf(point);
-    const auto whole = ungrouped(mark < 0 ? shown : shown.left(mark), locale);
-    if (!whole) return std::nullopt;
-    const QString fraction = mark < 0 ? QString() : shown.mid(mark + point.size());
-    // The other rules are those of a typed number, once the mark is a point and nothing else can pass for
-    // one.
-    for (const QChar sign : fraction)
-        if (sign < u'0' || sign > u'9') return std::nullopt;
-    const auto magnitude = typedNumber(*whole + u'.' + fraction);
-    if (!magnitude) return std::nullopt;
-    return isNegative ? -*magnitude : *magnitude;
+std::optional<double> shownNumber(QStringView text, const NumberMarks& marks) {
+    QStringView shown = text.trimmed();
+    std::string plain;  // as from_chars reads it
+    if (shown.startsWith(marks.minus)) {
+        plain += '-';
+        shown = shown.mid(marks.minus.size());
+    }
+    const qsizetype mark = shown.indexOf(marks.point);
+    if (!appendUngrouped(mark < 0 ? shown : shown.left(mark), marks.group, plain)) return std::nullopt;
+    plain += '.';
+    if (mark >= 0) {
+        for (const QChar sign : shown.mid(mark + marks.point.size())) {
+            if (!isDigit(sign)) return std::nullopt;
+            plain += static_cast<char>(sign.unicode());
+        }
+    }
+    double value = 0;
+    const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    if (error != std::errc() || end != plain.data() + plain.size()) return std::nullopt;
+    return value;
 }
 
 }  // namespace marvello

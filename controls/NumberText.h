@@ -18,8 +18,18 @@ std::optional<double> typedNumber(QStringView text);
 /// gives the value with at most 15 significant digits.
 QString formatNumber(double value, QStringView pattern, const QLocale& locale = QLocale());
 
-/// Reads back what formatNumber writes through a pattern, with the marks of `locale` and its grouping in
+/// The marks that a locale writes in a number. Made once for many numbers: each is a text of the locale's.
+struct NumberMarks {
+    // NOLINTNEXTLINE(google-explicit-constructor): a locale stands for its marks.
+    NumberMarks(const QLocale& locale)
+        : minus(locale.negativeSign()), point(locale.decimalPoint()), group(locale.groupSeparator()) {}
+    QString minus;
+    QString point;
+    QString group;
+};
+
+/// Reads back what formatNumber writes through a pattern, with the marks of the locale and its grouping in
 /// threes. Nothing for any other text, such as "-" or a blank.
-std::optional<double> shownNumber(QStringView text, const QLocale& locale = QLocale());
+std::optional<double> shownNumber(QStringView text, const NumberMarks& marks);
 
 }  // namespace marvello

@@ -27,16 +27,17 @@ RowSet resultsRecords(const ResultsView& list, const QLocale& locale) {
     RowSet records = namedRecords();
     const auto named = records.fields().size();
     for (const QString& key : list.columnKeys().mid(1)) records.addNumber(key);
+    const NumberMarks marks(locale);
     for (int row = 0; row < list.rowCount(); ++row) {
         // Kept: models that are not possible stay out of this file, for their columns are blank.
         if (list.tag(row).isEmpty() || list.mark(row) == u"ledred") continue;
         std::vector<RowSet::Value> values(records.fields().size());
         const QStringList name = list.tag(row).split(u';');
         for (std::size_t i = 0; i < named; ++i) values[i] = name.value(static_cast<qsizetype>(i));
-        const QStringList texts = list.rowTexts(row).mid(1);
-        for (std::size_t i = named; i < values.size(); ++i)
-            if (const auto number = shownNumber(texts.value(static_cast<qsizetype>(i - named)), locale))
-                values[i] = *number;
+        for (std::size_t i = named; i < values.size(); ++i) {
+            const int column = static_cast<int>(i - named) + 1;
+            if (const auto number = shownNumber(list.text(row, column), marks)) values[i] = *number;
+        }
         records.addRow(std::move(values));
     }
     return records;

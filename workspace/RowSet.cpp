@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <stdexcept>
+#include <string>
 #include <utility>
 
 namespace marvello {
@@ -22,14 +23,14 @@ const QString rowsetSpace = QStringLiteral("urn:schemas-microsoft-com:rowset");
 const QString rowSpace = QStringLiteral("#RowsetSchema");
 
 /// The shortest text that reads back as the same number, with an exponent for the very small and large.
-QString numberText(double value) {
+std::string numberText(double value) {
     const double magnitude = std::abs(value);
     const bool isPlain = magnitude == 0 || (magnitude >= 1e-5 && magnitude < 1e15);
     std::array<char, 32> buffer{};
     const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                           isPlain ? std::chars_format::fixed : std::chars_format::scientific)
                                 .ptr;
-    return QString::fromLatin1(buffer.data(), end - buffer.data());
+    return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
 }
 
 /// Whether a field may go by its own name in XML. Narrower than the rules of XML, for readers that are.
@@ -108,17 +109,20 @@ void writeSchema(QXmlStreamWriter& xml, const std::vector<RowSet::Field>& fields
     xml.writeEndElement();
 }
 
-/// Quotes inside are doubled, as readers of CSV expect.
-QString quoted(QString text) {
-    text.replace(u'"', QStringLiteral("\"\""));
-    return u'"' + text + u'"';
-}
-
-QString csvValue(const RowSet::Value& value, const QString& decimalPoint) {
-    if (const auto* text = std::get_if<QString>(&value)) return quoted(*text);
-    if (const auto* number = std::get_if<double>(&value))
-        return numberText(*number).replace(u'.', decimalPoint);
-    return {};
+/// Appends a value to a line. Quotes in a text are doubled, as readers of CSV expect.
+void appendCsv(QByteArray& line, const RowSet::Value& value, const QByteArray& decimalPoint) {
+    if (const auto* text = std::get_if<QString>(&value)) {
+        line += '"';
+        line += text->toUtf8().replace('"', "\"\"");
+        line += '"';
+    } else if (const auto* number = std::get_if<double>(&value)) {
+        for (const char sign : numberText(*number)) {
+            if (sign == '.')
+                line += decimalPoint;
+            else
+                line += sign;
+        }
+    }
 }
 
 }  // namespace
@@ -164,7 +168,7 @@ QByteArray RowSet::toXml() const {
             if (const auto* text = std::get_if<QString>(&row[i]))
                 xml.writeAttribute(name, xmlText(*text));
             else if (const auto* number = std::get_if<double>(&row[i]))
-                xml.writeAttribute(name, numberText(*number));
+                xml.writeAttribute(name, QString::fromStdString(numberText(*number)));
         }
     }
     xml.writeEndDocument();
@@ -172,16 +176,18 @@ QByteArray RowSet::toXml() const {
 }
 
 QByteArray RowSet::toCsv(const QLocale& locale) const {
-    const QString separator = QStringLiteral(";");
-    QStringList values;
-    for (const Field& field : fields_) values += field.name;
-    QString text = values.join(separator) + u'\n';
+    const QByteArray decimalPoint = locale.decimalPoint().toUtf8();
+    QByteArray text;
+    for (std::size_t i = 0; i < fields_.size(); ++i) text += (i == 0 ? "" : ";") + fields_[i].name.toUtf8();
+    text += '\n';
     for (const auto& row : rows_) {
-        values.clear();
-        for (const Value& value : row) values += csvValue(value, locale.decimalPoint());
-        text += values.join(separator) + u'\n';
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            if (i > 0) text += ';';
+            appendCsv(text, row[i], decimalPoint);
+        }
+        text += '\n';
     }
-    return text.toUtf8();
+    return text;
 }
 
 }  // namespace marvello
