@@ -14,6 +14,8 @@ Application::Application(int& argumentCount, char** arguments) : QApplication(ar
     setApplicationName(QStringLiteral("Marvello"));
     setApplicationDisplayName(QStringLiteral("Marvello"));
     setApplicationVersion(QStringLiteral(MARVELLO_VERSION));
+    // The name of the menu entry, by which a desktop knows whose window it is.
+    setDesktopFileName(QStringLiteral("marvello"));
     Look::install(*this, Look::matching(palette()));
     setWindowIcon(markIcon(QStringLiteral("emblem")));
 }
