@@ -12,8 +12,9 @@ namespace marvello {
 Application::Application(int& argumentCount, char** arguments) : QApplication(argumentCount, arguments) {
     setOrganizationName(QStringLiteral("Kestrom"));
     setApplicationName(QStringLiteral("Marvello"));
-    setApplicationDisplayName(QStringLiteral("Marvello"));
     setApplicationVersion(QStringLiteral(MARVELLO_VERSION));
+    // The name of the menu entry, by which a desktop knows whose window it is.
+    setDesktopFileName(QStringLiteral("marvello"));
     Look::install(*this, Look::matching(palette()));
     setWindowIcon(markIcon(QStringLiteral("emblem")));
 }
