@@ -4,15 +4,14 @@
     documents.py VERSION CONTACT OUTPUT_FOLDER
 
 marvello.svg    the emblem of the windows, white on a tile of its own colour: it shows on bars of any colour
-*.metainfo.xml  with the names of the menu entry and the releases of the builds list
-changelog.gz    the builds list as the package's log
+*.metainfo.xml  with the names of the menu entry and the releases of the list of changes
+changelog.gz    the list of changes as the package's log
 *.1.gz          the manual pages with the version
 
-The builds list (content/builds.rtf) tells the releases; a VERSION that is not its newest one is an error.
+The list of changes (CHANGELOG.md) tells the releases; a VERSION that is not its newest one is an error.
 """
 
 import configparser
-import datetime
 import gzip
 import pathlib
 import re
@@ -22,36 +21,9 @@ from xml.sax.saxutils import escape
 
 HERE = pathlib.Path(__file__).resolve().parent
 TREE = HERE.parent
-
-
-def plain(rtf):
-    """The text of one paragraph: letters beyond ASCII decoded, control words and braces left out."""
-    rtf = re.sub(r"\\u(-?\d+) ?(\\'[0-9a-f]{2}|\?)?", lambda m: chr(int(m[1]) % 65536), rtf)
-    rtf = re.sub(r"\\'([0-9a-f]{2})", lambda m: bytes.fromhex(m[1]).decode("cp1252"), rtf)
-    return re.sub(r"\\[a-z]+-?\d* ?|[{}]", "", rtf).strip()
-
-
-def releases(file):
-    """(version, date, changes) of each build, the newest first. A build is a line with version, tab and date; the
-    lines with a bullet below are its changes."""
-    found = []
-    for number, line in enumerate(file.read_text("cp1252").splitlines(), 1):
-        head, tab, tail = line.partition("\\tab")
-        if not tab:
-            continue
-        if "\\bullet" in head:
-            if not found:
-                sys.exit(f"{file}:{number}: a change stands above the first version")
-            found[-1][2].append(plain(tail))
-            continue
-        try:
-            date = datetime.datetime.strptime(plain(tail), "%d %B %Y").replace(tzinfo=datetime.timezone.utc)
-        except ValueError:
-            sys.exit(f'{file}:{number}: "{plain(tail)}" is no date such as 21 November 2026')
-        found.append((plain(head), date, []))
-    if not found:
-        sys.exit(f"{file}: there is no line with a version and a date")
-    return found
+sys.path.insert(0, str(TREE / "tools"))
+sys.dont_write_bytecode = True
+from changes import releases  # noqa: E402, the module stands beside the other tools
 
 
 def changelog(builds, contact):
@@ -105,11 +77,11 @@ def compressed(text):
 def main(version, contact, folder):
     folder = pathlib.Path(folder)
     folder.mkdir(parents=True, exist_ok=True)
-    file = TREE / "content" / "builds.rtf"
+    file = TREE / "CHANGELOG.md"
     builds = releases(file)
     newest, date, _ = builds[0]
     if newest != version:
-        sys.exit(f"{file}: the newest build is {newest}, but the version of the project in CMakeLists.txt is {version}")
+        sys.exit(f"{file}: the newest version is {newest}, but the version of the project in CMakeLists.txt is {version}")
     entry = configparser.RawConfigParser(delimiters="=")
     entry.optionxform = str
     entry.read(HERE / "marvello.desktop", "utf-8")
