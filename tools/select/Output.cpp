@@ -77,7 +77,9 @@ std::string asTable(const std::vector<Run>& runs) {
     constexpr int width = 9;
     std::string out;
     for (const Run& run : runs) {
-        out += pointOf(run.request) + ", " + std::to_string(run.selection->Count()) + " compressors\n";
+        const int count = run.selection->Count();
+        out += pointOf(run.request) + ", " + std::to_string(count) +
+               (count == 1 ? " compressor\n" : " compressors\n");
         out += padded("Compressor", labelWidth, false) + padded("", markWidth, false);
         for (const Column& column : columns) out += padded(column.heading, width, true);
         out += '\n';
