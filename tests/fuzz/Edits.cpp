@@ -61,12 +61,13 @@ std::string withChangedFields(std::string text, FuzzedDataProvider& changes) {
     constexpr std::array values{"",      "0",   "-1",    "1e300", "-1e-300", "2147483648", "nan", "\"",
                                 ",",     ";;",  "|",     "\r\n",  "'",       "True",       "{x}", "@",
                                 "R134A", "1,2", "0,0;0", "#",     "..",      "/",          "E",   "\xC3"};
+    constexpr const char* separators = ",=\"\n";
     while (changes.remaining_bytes() > 0) {
         auto begin = changes.ConsumeIntegralInRange<std::size_t>(0, text.size());
         auto end = begin + changes.ConsumeIntegralInRange<std::size_t>(0, 8);
         if (changes.ConsumeBool()) {  // a whole field
-            begin = std::min(text.find_first_of(",\n", begin), text.size() - 1) + 1;
-            end = text.find_first_of(",\n", begin);
+            begin = std::min(text.find_first_of(separators, begin), text.size() - 1) + 1;
+            end = text.find_first_of(separators, begin);
         }
         end = std::clamp(end, begin, text.size());
         const auto value = changes.ConsumeIntegralInRange<std::size_t>(0, 2 * values.size());
