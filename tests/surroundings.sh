@@ -18,7 +18,7 @@ export HOME=$work/config XDG_CONFIG_HOME=$work/config XDG_RUNTIME_DIR=$work/runt
 status=0
 
 result() { # NAME OK DETAIL: OK is "true" or "false"
-    printf '%-46s %s%s\n' "$1" "$([ "$2" = true ] && echo holds || echo FAILS)" "${3:+  ($3)}"
+    printf '%-48s %s%s\n' "$1" "$([ "$2" = true ] && echo holds || echo FAILS)" "${3:+  ($3)}"
     [ "$2" = true ] || status=1
 }
 holds() { # NAME COMMAND...
@@ -45,13 +45,13 @@ mkdir -p "$work/locales"
 expected=$(LC_ALL=C selected | sha256sum)
 for locale in de_DE zh_CN; do
     localedef -i $locale -f UTF-8 "$work/locales/$locale.UTF-8" 2>/dev/null
-    export LOCPATH=$work/locales
-    export LC_ALL=$locale.UTF-8
+    export LOCPATH=$work/locales LANG=$locale.UTF-8
+    export LC_ALL=$locale.UTF-8 2>/dev/null
     result "$locale: marvello-select writes the same" "$([ "$(selected | sha256sum)" = "$expected" ] && echo true || echo false)"
     holds "$locale: demonstration" demo
     holds "$locale: 300 random actions" "$soak" --seed 7 --actions 300
 done
-unset LOCPATH LC_ALL
+unset LOCPATH LANG LC_ALL
 
 # A home folder that cannot be written, for an ordinary user.
 mkdir "$work/home" && chmod 555 "$work/home"
@@ -73,6 +73,8 @@ for seconds in 0.05 0.1 0.15 0.2 0.25 0.3 0.4 0.5; do
 done
 result "killed: a lock was left" "${left:-false}"
 holds "killed: starts again" demo
+: >"$work/runtime/marvello.lock"
+holds "killed while the lock was written: starts again" demo
 for seed in 11 12 13 14 15 16; do killed_after 2.$seed "$soak" --seed $seed --actions 100000; done
 damaged=$(find "$work/tmp" -name '*.xml' -exec python3 -c 'import sys, xml.dom.minidom
 for name in sys.argv[1:]:
