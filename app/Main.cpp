@@ -65,6 +65,17 @@ void openCatalogue() {
     loadSharedPolynomials();
 }
 
+/// False when another copy of the program runs.
+bool isFirst(QLockFile& instance) {
+    constexpr int moment = 200;    // milliseconds, in which another start may be about to write the file
+    instance.setStaleLockTime(0);  // a lock is stale when its process is gone, at no age
+    // A folder that takes no lock file is no second instance.
+    if (instance.tryLock(moment) || instance.error() != QLockFile::LockFailedError) return true;
+    // What the file says may be lost, by a sudden end just then, or of a machine that had another name. The
+    // system's own lock on it ends with its process: who gets that may take the file away.
+    return instance.removeStaleLockFile() && instance.tryLock();
+}
+
 int reportFailedStart(const std::string& reason) {
     const std::string sentence = "Marvello cannot start. " + reason;
     std::cerr << sentence << '\n';
@@ -89,9 +100,7 @@ int Main() try {
     AbortRequested() = false;
 
     QLockFile instance(instanceLockFile());
-    instance.setStaleLockTime(0);  // a lock is stale when its process is gone, at no age
-    // A folder that takes no lock file is no second instance.
-    if (!instance.tryLock() && instance.error() == QLockFile::LockFailedError) {
+    if (!isFirst(instance)) {
         showBox(BoxKind::information, "Another copy of Marvello is already running.");
         return ended;
     }

@@ -160,7 +160,7 @@ bool clsDatabase::Connect(const std::string& connectionString) {
     if (!std::filesystem::is_regular_file(file, ignored))
         throw DatabaseError("There is no catalogue file " + file + ".");
     try {
-        connection_ = std::make_shared<Connection>(SQLite::Database(file, SQLite::OPEN_READONLY));
+        connection_ = std::make_shared<Connection>(Connection{SQLite::Database(file, SQLite::OPEN_READONLY)});
         switchOffDoubleQuotedTexts(connection_->database);
         checkIsCatalogue(connection_->database, file);
     } catch (const SQLite::Exception& failure) {

@@ -12,11 +12,11 @@ namespace {
 constexpr QRectF room(40, 22, 212, 166);
 
 void paintFeet(QPainter& painter) {
-    painter.drawPolyline(QPolygonF({{78, 156}, {71, 182}}));
+    painter.drawPolyline(QPolygonF(QList<QPointF>{{78, 156}, {71, 182}}));
     painter.drawLine(QPointF(90, 156), QPointF(90, 182));
     painter.drawLine(QPointF(61, 182), QPointF(96, 182));
     painter.drawLine(QPointF(206, 160), QPointF(206, 182));
-    painter.drawPolyline(QPolygonF({{218, 160}, {225, 182}}));
+    painter.drawPolyline(QPolygonF(QList<QPointF>{{218, 160}, {225, 182}}));
     painter.drawLine(QPointF(200, 182), QPointF(235, 182));
 }
 
@@ -40,7 +40,7 @@ void paintBody(QPainter& painter) {
 void paintInverter(QPainter& painter) {
     painter.drawRoundedRect(QRectF(42, 24, 32, 28), 3, 3);
     painter.setBrush(Qt::NoBrush);
-    painter.drawPolyline(QPolygonF({{74, 38}, {114, 38}, {114, 52}}));
+    painter.drawPolyline(QPolygonF(QList<QPointF>{{74, 38}, {114, 38}, {114, 52}}));
     QPainterPath wave(QPointF(47.5, 38));
     wave.cubicTo(51, 29, 54.5, 29, 58, 38);
     wave.cubicTo(61.5, 47, 65, 47, 68.5, 38);

@@ -84,6 +84,18 @@ TEST_F(Start, LeavesTheFirstInstanceAlone) {
     EXPECT_TRUE(first.isLocked());
 }
 
+// As a sudden end leaves it while it is being written, or a machine that was renamed since.
+TEST_F(Start, PassesOverALockThatNoProcessHolds) {
+    for (const char* const content : {"", "damaged", "4711\nmarvello\na-machine-of-another-name\n\n\n"}) {
+        SCOPED_TRACE(content);
+        boxes_.clear();
+        std::ofstream(instanceLockFile().toStdString()) << content;
+        EXPECT_EQ(Main(), failedStart);  // for want of the fluid files, which come later
+        EXPECT_THAT(boxes_, ElementsAre(HasSubstr("/Fluids")));
+        EXPECT_FALSE(fs::exists(instanceLockFile().toStdString()));
+    }
+}
+
 TEST_F(Start, ShowsTheMainWindowAndUnloadsTheSplash) {
     setApplicationFolder(MARVELLO_APP_FOLDER);
     AbortRequested() = true;

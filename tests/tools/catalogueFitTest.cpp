@@ -118,6 +118,15 @@ TEST(CatalogueFit, WarnsWhereAnEnvelopeLeavesThePoints) {
                               "-22,60")));
 }
 
+// The error of so small a value, over the value, is beyond any number.
+TEST(CatalogueFit, RefusesValuesWithoutASurface) {
+    RatingPoints points = pointsAt({-20, -10, 0, 10}, {30, 40, 50, 60}, capacity);
+    points.columns[0].values[3] = 1e-320;
+    Faults faults;
+    EXPECT_THAT(fitColumns(points, {}, "p.csv", faults), IsEmpty());
+    EXPECT_THAT(faults.lines(), ElementsAre(HasSubstr("too small or too large to be fitted")));
+}
+
 TEST(RatingPoints, AreReadWithTheirLines) {
     Faults faults;
     const std::string text =
@@ -152,6 +161,9 @@ TEST(RatingPoints, SayWhatIsWrongWithThem) {
                 ElementsAre("p.csv:2: the line has 4 fields and not 3"));
     EXPECT_THAT(faultOf("evaporating,condensing,q\nnan,40,5\n"),
                 ElementsAre(HasSubstr("\"nan\" is not a number")));
+    EXPECT_THAT(faultOf("evaporating,condensing,q\n1e200,40,5\n-5,450,5\n-300,45,5\n"),
+                ElementsAre("p.csv:2: evaporating: 1e200 is no temperature in degrees Celsius",
+                            "p.csv:4: evaporating: -300 is no temperature in degrees Celsius"));
 }
 
 TEST(CatalogueFit, PrintsRowsForTheTable) {

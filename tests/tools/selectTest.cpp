@@ -68,6 +68,7 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
              Refusal{"--refrigerant R134A --series TK-A --ted nan --tcd 40", "\"nan\" is no number"},
              Refusal{at + " --sh 1,5", "\"1,5\" is no number"},
              Refusal{at + " --hz 50.5", "no whole number"},
+             Refusal{at + " --frequency 1e39", "1e39 is too large"},
              Refusal{at + " --colour red", "--colour"},
              Refusal{"--refrigerant R999 --series TK-A --ted 2 --tcd 40", "no refrigerant R999", 1},
              Refusal{"--refrigerant R134A --series \"O'Neill\" --ted 2 --tcd 40", "no series O'Neill", 1},

@@ -118,6 +118,8 @@ void warnOfLimit(const std::vector<Sample>& samples, const FitRequest& request,
                            shortList(corners));
 }
 
+bool isFinite(double value) { return std::isfinite(value); }
+
 std::string formatted(const char* pattern, double a, double b, double c, double d, double e) {
     std::array<char, 160> text{};
     std::snprintf(text.data(), text.size(), pattern, a, b, c, d, e);
@@ -145,6 +147,11 @@ std::vector<FittedColumn> fitColumns(const RatingPoints& points, const FitReques
         found.coefficients = fit(form, samples);
         for (const auto& sample : samples)
             found.residuals.push_back(evaluate(form, found.coefficients, sample.x, sample.y) - sample.value);
+        if (!std::ranges::all_of(found.coefficients, isFinite) ||
+            !std::ranges::all_of(found.residuals, isFinite)) {
+            faults.add(file, column.name + ": the values are too small or too large to be fitted");
+            continue;
+        }
         warnOfPoints(samples, request, found.warnings);
         warnOfLimit(samples, request, found.warnings);
         fitted.push_back(std::move(found));

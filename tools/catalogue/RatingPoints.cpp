@@ -79,8 +79,8 @@ class PointReader {
             return;
         }
         points.lines.push_back(record.line);
-        points.evaporating.push_back(number(record, x_));
-        points.condensing.push_back(number(record, y_));
+        points.evaporating.push_back(temperature(record, x_));
+        points.condensing.push_back(temperature(record, y_));
         for (std::size_t i = 0; i < valueColumns_.size(); ++i)
             points.columns[i].values.push_back(number(record, valueColumns_[i]));
     }
@@ -92,6 +92,19 @@ class PointReader {
                         trimmed(header_[column]) + ": \"" + record.fields[column] +
                             "\" is not a number; the decimal mark is \".\"");
         return value.value_or(0);
+    }
+
+    /// No refrigerant boils or condenses outside this range; what stands there belongs to another column or
+    /// has lost its decimal mark.
+    double temperature(const CsvRecord& record, std::size_t column) {
+        constexpr double least = -273.15;
+        constexpr double most = 500;
+        const double value = number(record, column);
+        if (value < least || value > most)
+            faults_.add(file_, record.line,
+                        trimmed(header_[column]) + ": " + record.fields[column] +
+                            " is no temperature in degrees Celsius");
+        return value;
     }
 
     const std::string& file_;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "data/Texts.h"
 
@@ -25,7 +26,11 @@ int wholeNumber(const std::string& text) {
 template <auto member>
 void readReal(Request& request, const std::string& text) {
     auto& target = request.conditions.*member;
-    target = static_cast<std::remove_reference_t<decltype(target)>>(number(text));
+    const double value = number(text);
+    using Target = std::remove_reference_t<decltype(target)>;
+    if (std::abs(value) > static_cast<double>(std::numeric_limits<Target>::max()))
+        throw BadRequest(text + " is too large");
+    target = static_cast<Target>(value);
 }
 
 template <auto member>

@@ -11,8 +11,7 @@
 #include <vector>
 
 #include "data/ApplicationFolder.h"
-#include "tools/csv/Csv.h"
-#include "tools/csv/Faults.h"
+#include "tools/select/Batch.h"
 #include "tools/select/Output.h"
 #include "tools/select/Request.h"
 #include "tools/select/Run.h"
@@ -41,36 +40,6 @@ std::string readFile(const std::string& file) {
     return text.str();
 }
 
-/// One request a line of the file, the columns named as the options; an option of the command line holds for
-/// every line that does not state it.
-std::vector<Request> readBatch(const std::string& file, const Request& base) {
-    Faults faults;
-    const std::vector<CsvRecord> records = readCsv(readFile(file), file, faults);
-    if (!faults.empty()) throw BadRequest(faults.lines().front());
-    if (records.empty()) throw BadRequest(file + " has no header line");
-    const std::vector<std::string>& header = records.front().fields;
-    std::vector<Request> requests;
-    for (std::size_t i = 1; i < records.size(); ++i) {
-        const std::string place = file + ":" + std::to_string(records[i].line) + ": ";
-        if (records[i].fields.size() != header.size()) {
-            throw BadRequest(place + "the line has " + std::to_string(records[i].fields.size()) +
-                             " fields, not " + std::to_string(header.size()));
-        }
-        Request request = base;
-        try {
-            for (std::size_t column = 0; column < header.size(); ++column) {
-                const std::string& field = records[i].fields[column];
-                if (!field.empty()) readOption(request, header[column], field);
-            }
-            checkRequest(request);
-        } catch (const BadRequest& fault) {
-            throw BadRequest(place + fault.what());
-        }
-        requests.push_back(request);
-    }
-    return requests;
-}
-
 int complain(const std::string& sentence, ExitStatus status) {
     std::fprintf(stderr, "marvello-select: %s\n", sentence.c_str());
     return status;
@@ -87,7 +56,8 @@ int select(const Arguments& arguments) {
     Request base;
     for (const auto& [name, text] : arguments.options) readOption(base, name, text);
     const bool batch = !arguments.batchFile.empty();
-    const std::vector<Request> requests = batch ? readBatch(arguments.batchFile, base) : std::vector{base};
+    const std::vector<Request> requests =
+        batch ? readBatch(readFile(arguments.batchFile), arguments.batchFile, base) : std::vector{base};
 
     std::vector<Run> runs;
     int compressors = 0;

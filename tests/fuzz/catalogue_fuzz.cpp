@@ -1,0 +1,83 @@
+// A catalogue file with changed bytes: each reader of the program takes what is there, or refuses it in a
+// sentence.
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+
+#include "catalogue/Globals.h"
+#include "data/ApplicationFolder.h"
+#include "data/Globals.h"
+#include "data/Hooks.h"
+#include "data/ParameterSets.h"
+#include "engine/clsSelections.h"
+#include "tests/fuzz/Edits.h"
+#include "tests/fuzz/Refusal.h"
+#include "tests/support/TemporaryFolder.h"
+#include "thermo/clsRefprop.h"
+#include "tools/catalogue/Dump.h"
+
+namespace {
+
+using namespace marvello;
+
+const std::filesystem::path& file() {
+    static const std::filesystem::path all = test::newTemporaryFolder("marvello-fuzz") / "db.mdb";
+    return all;
+}
+
+const std::string& soundFile() {
+    static const std::string bytes = [] {
+        writeCatalogue(fuzz::cutContent(), file());
+        std::ifstream stream(file(), std::ios::binary);
+        return std::string{std::istreambuf_iterator<char>(stream), {}};
+    }();
+    return bytes;
+}
+
+template <class Read>
+void tryOut(Read read) {
+    try {
+        read();
+    } catch (const std::exception& refusal) {
+        fuzz::checkIsForPeople(refusal);
+    }
+}
+
+void select(const char* series, int economizer, float frequency) {
+    clsProjectConditions conditions = conditionsAt(0, 45);
+    conditions.EcoCalculateMode = economizer;
+    conditions.InverterFrequency = frequency;
+    clsSelections().Selection(std::make_shared<clsProjectConditions>(conditions), series, "*", "R134A", 0);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    setApplicationFolder(MARVELLO_APP_FOLDER);
+    hooks().showBox = [](BoxKind, const std::string&) {};
+    (void)soundFile();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzedDataProvider changes(data, size);
+    std::ofstream(file(), std::ios::binary) << fuzz::withChangedBytes(soundFile(), changes);
+    tryOut([] { gDatabase().Connect("Data Source=" + file().string()); });
+    tryOut([] { gApplication().populateDictionary("en-EN", "de-DE"); });
+    tryOut([] { loadSharedPolynomials(); });
+    for (const char* key : {"populate", "translate"})
+        tryOut([&] {
+            readParameterSet("frm", "frmSelection", key,
+                             [](const std::string& text) { return gApplication().DictionaryRead(text); });
+        });
+    tryOut([] { select("TK-A", 1, 0); });
+    tryOut([] { select("TK-D", 0, 60); });
+    tryOut([] { select("NL-H", 0, 0); });
+    gDatabase().CloseConnection();
+    releaseRefprop();
+    tryOut([] { readCatalogue(file()); });
+    return 0;
+}

@@ -1,0 +1,71 @@
+// Any text as rating points and as a batch of duty points: refused with file and line, or fitted and read.
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "tests/fuzz/Refusal.h"
+#include "tools/catalogue/Fit.h"
+#include "tools/csv/Csv.h"
+#include "tools/select/Batch.h"
+
+namespace {
+
+using namespace marvello;
+
+/// What is read can be written again and says the same then.
+void readAgain(const std::string& text) {
+    Faults faults;
+    const auto records = readCsv(text, "a.csv", faults);
+    if (!faults.empty()) return;
+    std::string written;
+    for (const CsvRecord& record : records) {
+        for (const std::string& field : record.fields)
+            written += (&field == &record.fields.front() ? "" : ",") + csvField(field);
+        written += '\n';
+    }
+    if (written.starts_with("\xEF")) return;  // may begin with a byte order mark now
+    const auto again = readCsv(written, "a.csv", faults);
+    if (!faults.empty() || again.size() != records.size()) std::abort();
+    for (std::size_t i = 0; i < records.size(); ++i)
+        if (again[i].fields != records[i].fields) std::abort();
+}
+
+void fitPoints(const std::string& text) {
+    for (const bool isDischarge : {false, true}) {
+        Faults faults;
+        const auto points = readRatingPoints(text, "a.csv", {}, faults);
+        if (!faults.empty()) return;
+        FitRequest request;
+        request.isDischarge = isDischarge;
+        request.limit = {{-10, 30}, {10, 30}, {10, 60}, {-10, 30}};
+        const auto columns = fitColumns(points, request, "a.csv", faults);
+        if (!faults.empty()) continue;
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            for (const double coefficient : columns[i].coefficients)
+                if (!std::isfinite(coefficient)) std::abort();
+            (void)polynomialRow(columns[i], request);
+            (void)fitReport(columns[i], points, i);
+        }
+    }
+}
+
+void readDuties(const std::string& text) {
+    try {
+        for (const auto& request : select::readBatch(text, "a.csv", {}))
+            if (!std::isfinite(request.conditions.InverterFrequency)) std::abort();
+    } catch (const select::BadRequest& refusal) {
+        fuzz::checkIsForPeople(refusal);
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    readAgain(text);
+    fitPoints(text);
+    readDuties(text);
+    return 0;
+}
