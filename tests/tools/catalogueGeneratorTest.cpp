@@ -284,28 +284,6 @@ TEST(StoredCatalogue, DischargeHoldsNoMoreThanThePower) {
     });
 }
 
-/// With as much gas injected as evaporated, which is more than any economizer asks for, the port loses less
-/// than a bar; and the port lies between suction and discharge.
-TEST(StoredCatalogue, EconomizerPortsFitTheirCompressors) {
-    overSomeCompressors([](const StoredSeries& at, const Stored& one, double x, double y) {
-        const double ratio = one.real("fKForo");
-        EXPECT_EQ(ratio > 0, at.series.hasEconomizer());
-        if (ratio == 0) return;
-        EXPECT_GT(ratio, 1.3);
-        EXPECT_LT(ratio, 2);
-        if (!at.range.economized.contains(x, y)) return;
-        const CyclePoint cycle = cycleAt(at.fluid, x, y);
-        EXPECT_LT(ratio * cycle.low, cycle.high);
-        const double flow = 3600 * one.value(0, one.fullField(), x, y) / (cycle.gas - cycle.liquid);
-        const double port = ratio * cycle.low;
-        const double loss = one.real("fKPerdita") / one.real("fSez") * flow;
-        const double injected =
-            at.fluid.density(at.fluid.dewTemperature(port + 100 * loss) + 10, port + 100 * loss);
-        const double dew = at.fluid.density(at.fluid.dewTemperature(port) + 0.01, port);
-        EXPECT_LT(loss * injected / dew, 1);
-    });
-}
-
 double currentOf(int id, double power) {
     const TableContent& table = stored().content.table("tMotors");
     const Record& record = *stored().motors.at(id);
@@ -395,7 +373,7 @@ Point middleOf(const clsPoints& line) {
     return sum;
 }
 
-TEST(StoredCatalogue, EnvelopesAreClosedAndNested) {
+TEST(StoredCatalogue, EnvelopesAreNested) {
     constexpr int forbidden = 11;
     forAllSeries([](const StoredSeries& at) {
         const Point& duty = at.series.range.typical;
@@ -409,9 +387,6 @@ TEST(StoredCatalogue, EnvelopesAreClosedAndNested) {
                 for (int type = -1; type <= 14; ++type) {
                     const clsPoints line = limitOf(id, type);
                     if (line.Count() == 0) continue;
-                    ASSERT_GE(line.Count(), 4) << type;
-                    EXPECT_EQ(line.Item(1).x, line.Item(line.Count()).x) << type;
-                    EXPECT_EQ(line.Item(1).Y, line.Item(line.Count()).Y) << type;
                     for (int i = 1; i <= line.Count(); ++i) {
                         // A point on the edge may fall to either side, so it is moved a little towards the
                         // middle.
