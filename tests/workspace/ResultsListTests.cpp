@@ -71,6 +71,7 @@ TEST(ResultText, FormatsByKey) {
 // Those of the columns are held against the engine's values in tests/gui.
 TEST(ResultText, ConvertsForTheImperialSystem) {
     clsCompressor c = compressor();
+    c.Variables.add("Pta", 18.2);
     c.Variables.add("T3", 100.0);
     EXPECT_EQ(resultText(c, "t3", true, english), "212.0");
     EXPECT_EQ(resultText(c, "Q0Btu", true, english), "232,800");  // of 68.149 / 3.517 = 19.4 tons shown
