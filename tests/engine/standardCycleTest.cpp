@@ -146,6 +146,7 @@ TEST_F(standardCycle, OilCoolingModes) {
 TEST_F(standardCycle, WithoutADischargeSurfaceThereIsNoOilCooling) {
     catalogue.exec("update tCompressors set fPolynomialShID='-'");
     EXPECT_EQ(select().Variables("OCCalculateMode"), 0);
+    EXPECT_NEAR(selections.Item(1).Variables("T21"), 15.0001 + 1.5, 1e-12);  // superheat and correction alone
 }
 
 TEST_F(standardCycle, SixtyHertz) {
