@@ -225,8 +225,8 @@ def main():
         judged += 1
         killed += result != "SURVIVED"
         context = " ".join(text.split("\n")[line - 1].split())
-        print(f"{number:4}  {str(file) + ':' + str(line):36}  {old} -> {new or 'nothing':10}  {result:60}  {context[:90]}",
-              flush=True)
+        change = f"{old} -> {new or 'nothing'}"
+        print(f"{number:4}  {f'{file}:{line}':36} {change:22} {result:58} {context[:80]}", flush=True)
     print(f"killed {killed} of {judged}")
 
 
