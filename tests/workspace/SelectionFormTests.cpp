@@ -1,16 +1,12 @@
 // The selection form, driven by keys as a user drives it.
 
-#include <QApplication>
 #include <QLabel>
-#include <QTest>
 #include <QTimer>
 
 #include "controls/FieldNote.h"
 #include "controls/MessagesView.h"
-#include "controls/ResultsView.h"
 #include "controls/ctlBtn.h"
 #include "data/ApplicationFolder.h"
-#include "data/Globals.h"
 #include "engine/AbortRequested.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "thermo/clsRefprop.h"
@@ -21,31 +17,15 @@ using namespace marvello::testing;
 
 namespace {
 
-class SelectionFormTest : public WorkspaceFixture {
+class SelectionFormTest : public FormFixture<frmSelection> {
   protected:
-    SelectionFormTest() {
-        gApplication().populateDictionary("en-EN", "");
-        form = std::make_unique<frmSelection>();
-        form->resize(1200, 800);
-        form->show();
-        form->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
-    }
+    SelectionFormTest() { open(); }
     double value(const char* name) { return field(*form, name)->number(); }
     QString text(const char* name) { return field(*form, name)->TextText(); }
-    void calculate() {
-        QTest::keyClick(form->focusWidget(), Qt::Key_F5);
-        QApplication::processEvents();
-        form->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
-    }
     void leave() {
         QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
         QApplication::processEvents();
     }
-    ResultsView* list() { return control<ResultsView>(*form, "lvCps"); }
-
-    std::unique_ptr<frmSelection> form;
 };
 
 }  // namespace
