@@ -34,12 +34,15 @@ SITE = re.compile(
     r"|(?P<truth>\b(?:true|false)\b)"
     r"|(?<![\w.'])(?P<number>\d[\d']*(?:\.\d*)?(?:[eE][+-]?\d+)?)(?P<suffix>[fFuUlLzZ]*)(?![\w.])")
 NO_CODE = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|(?<!\w)\'(?:\\.|[^\'\\\n])+\'', re.DOTALL)
+# What a declaration starts from is nearly always written before it is read.
+PLACEHOLDER = re.compile(r"^\s*(?:double|float|int|bool|std::[\w:]+|long long) \w+ = 0(?:\.0)?(?:, \w+ = 0(?:\.0)?)*;", re.MULTILINE)
 OTHER_PLATFORM = re.compile(r"#\s*if(?:def\s+|\s+defined\(?)(?:_WIN32|__APPLE__)\b")
 
 
 def code_only(text):
     """The text with all that is no code of this platform blanked out, each character in its place."""
-    text = NO_CODE.sub(lambda found: re.sub(r"[^\n]", "~", found.group()), text)
+    for no_site in (NO_CODE, PLACEHOLDER):
+        text = no_site.sub(lambda found: re.sub(r"[^\n]", "~", found.group()), text)
     lines, depth = text.split("\n"), 0
     for i, line in enumerate(lines):
         directive = line.lstrip().startswith("#")
@@ -231,6 +234,8 @@ def main():
 
 
 if __name__ == "__main__":
+    for stop in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(stop, signal.default_int_handler)
     try:
         main()
     except KeyboardInterrupt:
