@@ -241,6 +241,7 @@ TEST_F(clsCompressorTest, AClone) {
     EXPECT_EQ(copy.Variables.Item("q0").Description, "capacity");
     EXPECT_EQ(copy.Messages.Error.Count(), 0);
     EXPECT_EQ(copy.VI, "");
+    EXPECT_FALSE(copy.hasInvert);
     EXPECT_NE(&copy.limits.Item(1), &c.limits.Item(1));
     EXPECT_EQ(copy.limits.Item(1).Points.Count(), 5);
 }

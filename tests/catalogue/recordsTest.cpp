@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "catalogue/ClsSelectionMessages.h"
-#include "catalogue/clsInverter.h"
 #include "catalogue/clsMotor.h"
 #include "catalogue/clsPolynomial.h"
 #include "catalogue/clsPolynomialSh.h"
@@ -41,17 +40,6 @@ TEST(clsPolynomial, SinglePrecisionAndSoundness) {
     EXPECT_NE(surface.Calculate(0.1F, 0), 0.1);
     surface.c[2] = -1;  // adds up to nothing: counts as missing
     EXPECT_FALSE(surface.isOK());
-}
-
-TEST(clsInverter, FrequencyLaw) {
-    clsInverter inverter;
-    EXPECT_EQ(inverter.getKQ0(25), 0.5);
-    inverter.Q0C1 = 0.1;
-    inverter.Q0C2 = 0.2;
-    inverter.Q0C3 = 0.3;
-    EXPECT_DOUBLE_EQ(inverter.getKQ0(50), 1.6);
-    EXPECT_DOUBLE_EQ(inverter.getKQ0(75), (2.25 * 0.1 + 1.5 * 0.2 + 1.3) * 1.5);
-    EXPECT_EQ(inverter.getKPta(60), static_cast<double>(60.0F / 50.0F));
 }
 
 TEST(clsMotor, ValidityAndCurrent) {

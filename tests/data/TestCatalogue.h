@@ -27,7 +27,8 @@ class TestCatalogue {
     TestCatalogue& operator=(const TestCatalogue&) = delete;
 
     void exec(const std::string& sql) const {
-        SQLite::Database(file().string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(sql);
+        SQLite::Database(file().string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+            .exec("PRAGMA synchronous=OFF;" + sql);
     }
 
     /// A folder whose name holds what a connection string might stumble over.

@@ -100,6 +100,7 @@ TEST_F(clsSelectionsTest, CursorAndKeys) {
     EXPECT_FALSE(selections.BOC());
     auto compressor = std::make_shared<clsCompressor>();
     selections.add(compressor);
+    EXPECT_FALSE(selections.EOC());  // at the first of one
     EXPECT_THROW(selections.add(compressor), std::invalid_argument);
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 #include <string>
@@ -86,6 +87,29 @@ TEST_F(economizer, AnApproachIsJudgedByWhatIsShown) {
     EXPECT_EQ(names(selections.Item(1).Messages.Error), keys({}));  // shown as 0.2
     run(automatic, 0.265);
     EXPECT_EQ(names(selections.Item(1).Messages.Error), keys({"25"}));  // shown as 0.3
+}
+
+// Flows go with the size, so a compressor a twentieth as large has the same tank on a twentieth of the flow.
+TEST_F(economizer, TanksOfSmallCompressors) {
+    const auto runOfATwentieth = [this]() -> const clsVariables& {
+        for (int i = 1; i <= 10; ++i) {
+            const std::string column = "fC" + std::to_string(i);
+            catalogue.exec("update tPolynomials set " + column + "=" + column + "/20 where fType<2");
+        }
+        return run(automatic, 60);
+    };
+    const clsVariables& large = run(automatic, 60);
+    const double share = large("meco") / large("Mev");
+    const clsVariables& small = runOfATwentieth();
+    EXPECT_EQ(small.Item("EcoModel").text(), "Tank");
+    EXPECT_NEAR(small("meco") / small("Mev"), share, 1e-3 * share);
+    // There is none below 1 kg/h, where a search begins that starts from 5 % of 2.3 kg/h: its first trial
+    // goes on by 1 + 0.1 * 34 K, which is half a kg/h.
+    const clsVariables& smallest = runOfATwentieth();
+    EXPECT_NEAR(smallest("Mev"), 2.3, 0.1);
+    EXPECT_EQ(smallest.Item("EcoModel").text(), "Impossible");
+    const auto said = names(selections.Item(1).Messages.Error);
+    EXPECT_EQ(std::ranges::count(said, "messages.message26"), 1);
 }
 
 TEST_F(economizer, CapacitiesOutOfReach) {

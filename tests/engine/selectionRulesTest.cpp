@@ -205,6 +205,13 @@ TEST_F(selectionRules, PowerOfTheModelsOfMvJ) {
         EXPECT_EQ(saysAt(model, highest + 0.01), keys({"32"})) << model;
     }
     EXPECT_EQ(saysAt("q40", 60), keys({}));
+    // The economizer wants more power: one message for either of the two, and one for both.
+    catalogue.exec("update tCompressors set fKForo=1.6, fSez=300");
+    conditions.EcoCalculateMode = 1;
+    conditions.Eco = 10;
+    EXPECT_EQ(saysAt("Q40", 50.9), keys({"32"}));
+    EXPECT_EQ(saysAt("Q40", 51.1), keys({"32"}));
+    EXPECT_EQ(saysAt("Q40", 30), keys({}));
 }
 
 }  // namespace

@@ -382,15 +382,5 @@ TEST_F(Failures, BuffersAreRespected) {
     }
 }
 
-TEST_F(Failures, MolarMassOfAPureFluid) {
-    ASSERT_EQ(setUp("Fluids\\PROPANE.FLD").code, 0);
-    const Moles moles = molesOf({0.25});
-    EXPECT_EQ(moles.fractions, Fractions{1});
-    EXPECT_EQ(moles.molarMass, 44.09562);
-    double molarMass = 0;
-    WMOLdll(moles.fractions.data(), &molarMass);
-    EXPECT_EQ(molarMass, 44.09562);
-}
-
 }  // namespace
 }  // namespace marvello::test

@@ -203,6 +203,8 @@ TEST_P(RealCatalogueTest, TheHelpOfEachInputHasRoom) {
 
 TEST_P(RealCatalogueTest, NoTextIsCut) {
     choose(field("cmbOilCooling"), 2);
+    choose(field("cmbEco"), 1);
+    ASSERT_TRUE(field("txtOilCooling")->isVisible() && field("txtEco")->isVisible());
     calculate();
     ASSERT_TRUE(form->hasResults());
     expectWholeFields(*window);

@@ -10,9 +10,7 @@
 
 namespace marvello::testing {
 
-Answer callProgram(const std::string& program, const std::string& arguments, Listen to) {
-    const std::string command = std::string("cd / && '") + MARVELLO_APP_FOLDER + "/" + program + "' " +
-                                arguments + (to == Listen::errors ? " 2>&1 >/dev/null" : " 2>/dev/null");
+Answer callCommand(const std::string& command) {
     std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
     Answer answer;
     std::array<char, 4096> buffer{};
@@ -22,6 +20,11 @@ Answer callProgram(const std::string& program, const std::string& arguments, Lis
     const int status = pclose(pipe.release());
     answer.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     return answer;
+}
+
+Answer callProgram(const std::string& program, const std::string& arguments, Listen to) {
+    return callCommand(std::string("cd / && '") + MARVELLO_APP_FOLDER + "/" + program + "' " + arguments +
+                       (to == Listen::errors ? " 2>&1 >/dev/null" : " 2>/dev/null"));
 }
 
 void expectRefused(const std::string& program, const Refusal& refusal) {

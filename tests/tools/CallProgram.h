@@ -12,6 +12,9 @@ struct Answer {
 
 enum class Listen { output, errors };
 
+/// Runs a line of the shell.
+Answer callCommand(const std::string& command);
+
 /// Runs a program of the built application folder from a folder that is not its own.
 Answer callProgram(const std::string& program, const std::string& arguments, Listen to = Listen::output);
 

@@ -101,6 +101,23 @@ const char* const value = "fObjectPropertyValue";
 const char* const model = "R134A,TK-A,120,";
 const char* const variable = "R134A,TK-D,140,";
 
+std::vector<Fault> faultsOfFields() {
+    const char* const fluids = "fRefrigeranteId,";
+    return {
+        {flu, fluids, "replace", "fRefrigeranteId,fFluido,fMass", "the table has no column \"fMass\""},
+        {flu, fluids, "replace", "fRefrigeranteId,fPFluido", "the column fFluido is missing"},
+        {flu, fluids, "replace", "fFluido,fPFluido,fpfluido", "the column fpfluido stands twice"},
+        {flu, "R134A,", "replace", "R134A,R134A.FLD", "the row has 2 fields and not 3"},
+        {flu, "R134A,", "fPFluido", "1.0x", "fPFluido: \"1.0x\" is not a number"},
+        {flu, "R134A,", "fPFluido", "nan", "fPFluido: \"nan\" is not a number"},
+        {flu, "R134A,", "fPFluido", "", "fPFluido: the value is missing"},
+        {mot, "82,50,", "fMotorID", "2.5", "fMotorID: \"2.5\" is not a whole number"},
+        {cps, model, "fhasFullSmallMotor", "1", "fhasFullSmallMotor: \"1\" is neither"},
+        {lim, "TK-A-R134A-S,0,", "fPoints", "0,0;9,0;9,9;0,0;", "fPoints: \"\" is not a point"},
+        {english, "messages.message31,", "fText", "T\xE8xt", "the text is not valid UTF-8"},
+    };
+}
+
 std::vector<Fault> faultsOfCompressors() {
     return {
         {cps, model, "fRefrigerantID", "R13", "there is no refrigerant \"R13\"; add it to tRefrigeranti"},
@@ -183,7 +200,7 @@ std::vector<Fault> faultsOfLimitsAndFluids() {
         {lim, "", "append", "TK-A-R134A-S,2,\"0,30;9,30;9,40;0,30\"\nTK-A-R134A-S,2,\"0,30;9,30;9,40;0,30\"",
          "warning: the line stands already at tLimits.csv:", "tLimits.csv:"},
         {lim, "", "append", "NOBODY,0,\"0,30;9,30;9,40;0,30\"", "warning: no compressor uses the envelope"},
-        {flu, "R134A,", "fPFluido", "0.5", "the mass fractions sum to 0.5 and not to 1",
+        {flu, "R134A,", "fPFluido", "0.99999", "the mass fractions sum to 0.99999 and not to 1",
          "tRefrigeranti.csv:"},
         {flu, "R134A,", "fPFluido", "-1", "fPFluido: a mass fraction is above 0"},
         {flu, "R134A,", "fRefrigeranteId", "R13", "there is no refrigerant \"R13\""},
@@ -285,6 +302,7 @@ class CatalogueCheck : public ::testing::Test {
     Told sound_;
 };
 
+TEST_F(CatalogueCheck, NamesFaultsOfFields) { expectTold(faultsOfFields()); }
 TEST_F(CatalogueCheck, NamesFaultsOfCompressors) { expectTold(faultsOfCompressors()); }
 TEST_F(CatalogueCheck, NamesFaultsOfSurfaces) { expectTold(faultsOfSurfaces()); }
 TEST_F(CatalogueCheck, NamesFaultsOfLimitsAndFluids) { expectTold(faultsOfLimitsAndFluids()); }

@@ -76,30 +76,22 @@ class marvelloFluids : public ::testing::Test {
     fs::path csv_;
 };
 
-TEST_F(marvelloFluids, EveryReferenceStateIsMet) {
-    std::map<std::string, std::set<std::string>> quantities;
-    for (const Fields& row : rows("accuracy --data " + source().string())) {
-        quantities[row.at("refrigerant")].insert(row.at("quantity"));
-        const bool inKelvin = row.at("quantity").starts_with("T(");
-        ASSERT_LT(std::abs(number(row, "deviation")), inKelvin ? 1e-7 : 1e-9)
-            << row.at("refrigerant") << " " << row.at("name") << " at " << row.at("T");
-        ASSERT_NEAR(number(row, "computed"), number(row, "reference"),
-                    1e-7 * (1 + std::abs(number(row, "reference"))));
-    }
-    ASSERT_EQ(quantities.size(), 26);
-    EXPECT_EQ(quantities["R134a"].size(), 10);
-    EXPECT_EQ(quantities["R448A"].size(), 11);  // the composition of the incipient phase as well
-}
-
 TEST_F(marvelloFluids, ADeviationIsFoundWhereItIs) {
     // The table's dew pressure becomes 100 kPa, and a temperature of T(p,h) 1 K more.
     double dew = 0;
     double temperature = 0;
+    std::map<std::string, std::set<std::string>> quantities;
     for (const Fields& row : rows("accuracy --data " + folder_.string())) {
+        quantities[row.at("refrigerant")].insert(row.at("quantity"));
+        ASSERT_LT(std::abs(number(row, "deviation")), row.at("quantity").starts_with("T(") ? 1e-7 : 1e-9)
+            << row.at("refrigerant") << " " << row.at("name") << " at " << row.at("T");
         if (row.at("refrigerant") != "R404A") continue;
         if (row.at("name") == "dew pressure" && dew == 0) dew = number(row, "reference");
         if (row.at("name") == "T(p,h)" && temperature == 0) temperature = number(row, "reference");
     }
+    EXPECT_EQ(quantities.size(), 26);
+    EXPECT_EQ(quantities["R134a"].size(), 10);
+    EXPECT_EQ(quantities["R448A"].size(), 11);  // the composition of the incipient phase as well
     alter("saturation.csv", "R404A", 3, "100");
     alter("flash.csv", "R404A", 4, storedText(temperature + 1));
     int found = 0;
@@ -115,8 +107,7 @@ TEST_F(marvelloFluids, ADeviationIsFoundWhereItIs) {
     }
     EXPECT_EQ(found, 3);  // T(p,s) has the same temperature
     const std::string table = call("accuracy --data " + folder_.string()).out;
-    const std::string line = table.substr(table.find("R404A"), 30);
-    EXPECT_NE(line.find("e-0"), std::string::npos) << table;
+    EXPECT_NE(table.substr(table.find("R404A"), 30).find("e-0"), std::string::npos) << table;
 }
 
 TEST_F(marvelloFluids, AStateThatTheLibraryRefusesIsToldAndTheRestCompared) {

@@ -33,15 +33,6 @@ TEST_F(CoupledFieldsTest, DewTemperaturesGivePressuresAndMidTemperatures) {
     EXPECT_NEAR(fields.TCM, 40, 1e-6);
 }
 
-TEST_F(CoupledFieldsTest, PressuresGiveDewTemperatures) {
-    fields.PE = 2.006;
-    sync("pe");
-    EXPECT_NEAR(fields.TED, -10, 0.02);
-    fields.PC = 10.166;
-    sync("Pc");
-    EXPECT_NEAR(fields.TCD, 40, 0.02);
-}
-
 TEST_F(CoupledFieldsTest, MidTemperaturesGoThroughTheirPolynomials) {
     // In the mid temperature alone, the terms of the second temperature left out: 1 + 0.5*20 + 0.01*400 +
     // 0.001*8000.

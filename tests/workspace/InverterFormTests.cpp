@@ -1,11 +1,7 @@
 // The form of inverter compressors, in what it differs from the other.
 
-#include <QApplication>
 #include <QLabel>
-#include <QTest>
 
-#include "controls/ResultsView.h"
-#include "data/Globals.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/frmselectionInverter.h"
 
@@ -14,7 +10,7 @@ using namespace marvello::testing;
 
 namespace {
 
-class InverterFormTest : public WorkspaceFixture {
+class InverterFormTest : public FormFixture<frmselectionInverter> {
   protected:
     InverterFormTest() {
         const std::map<std::string, std::string> onInverter{
@@ -29,27 +25,16 @@ class InverterFormTest : public WorkspaceFixture {
                {"fInverterQ0C2", "-0.2"},
                {"fInverterQ0C3", "0.1"}});
         model({{"fModelID", "'165'"}, {"fMarket", "1"}});
-        gApplication().populateDictionary("en-EN", "");
-        form = std::make_unique<frmselectionInverter>();
-        form->resize(1200, 800);
-        form->show();
-        form->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        open();
     }
     /// The capacity that the list gives for TK-B-140 at a frequency.
     double capacityAt(const char* frequency) {
         type(*form, "txtFrequency", frequency);
-        QTest::keyClick(form->focusWidget(), Qt::Key_F5);
-        QApplication::processEvents();
-        form->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
-        const auto* list = control<ResultsView>(*form, "lvCps");
-        EXPECT_EQ(list->rowCount(), 3);
-        EXPECT_EQ(list->text(1, 0), "TK-B-140");
-        return QLocale().toDouble(list->text(1, 1));
+        calculate();
+        EXPECT_EQ(list()->rowCount(), 3);
+        EXPECT_EQ(list()->text(1, 0), "TK-B-140");
+        return QLocale().toDouble(list()->text(1, 1));
     }
-
-    std::unique_ptr<frmselectionInverter> form;
 };
 
 }  // namespace

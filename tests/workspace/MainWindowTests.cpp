@@ -19,6 +19,7 @@
 #include <stdexcept>
 
 #include "controls/ResultsView.h"
+#include "controls/Splitter.h"
 #include "controls/TabStrip.h"
 #include "data/Globals.h"
 #include "data/Hooks.h"
@@ -57,10 +58,6 @@ class MainWindowTest : public WorkspaceFixture {
             act(*menu);
             if (menu->isVisible()) menu->done(frmMenu::none);
         });
-    }
-    void newFormBy(Qt::Key key) {
-        answerMenu([key](frmMenu& menu) { QTest::keyClick(&menu, key); });
-        action("mnu_file_new_selection")->trigger();
     }
     QString status() { return control<QLabel>(*window, "statusCounts")->text(); }
     /// Closing takes effect in the event loop.
@@ -173,21 +170,28 @@ TEST_F(MainWindowTest, TheStartMenuOpensTheFormChosen) {
     EXPECT_EQ(tabs()->tabText(0), "1 inverter");
 }
 
-TEST_F(MainWindowTest, EveryFormHasItsTab) {
-    newFormBy(Qt::Key_Return);
-    SelectionForm* first = window->ActiveForm();
-    newFormBy(Qt::Key_Return);
-    SelectionForm* second = window->ActiveForm();
-    ASSERT_NE(first, second);
+TEST_F(MainWindowTest, EveryFormHasItsTabAndItsKeys) {
+    for (int i = 0; i < 2; ++i) {
+        answerMenu([](frmMenu& menu) { QTest::keyClick(&menu, Qt::Key_Return); });
+        QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
     EXPECT_EQ(tabs()->tabText(0), "1 Selection");
     EXPECT_EQ(tabs()->currentKey(), "2Selection");
+    SelectionForm* second = window->ActiveForm();
     tabs()->setCurrentIndex(0);
-    EXPECT_EQ(window->ActiveForm(), first);
+    ASSERT_NE(window->ActiveForm(), second);
+    const auto* splitter = control<Splitter>(*window->ActiveForm(), "Splitter1");
+    const int before = splitter->CurrSplitterPos();
+    QTest::keyClick(window.get(), Qt::Key_F9);
+    EXPECT_EQ(splitter->CurrSplitterPos(), 0);
+    QTest::keyClick(window.get(), Qt::Key_F9);
+    EXPECT_EQ(splitter->CurrSplitterPos(), before);
     action("mnu_file_close")->trigger();
     settle();
     EXPECT_EQ(tabs()->count(), 1);
     EXPECT_EQ(window->ActiveForm(), second);
-    action("mnu_file_closeall")->trigger();
+    QTest::keyClick(second->focusWidget(), Qt::Key_F4, Qt::ControlModifier);
     settle();
     EXPECT_EQ(tabs()->count(), 0);
     EXPECT_FALSE(action("cascade")->isEnabled());
@@ -311,20 +315,6 @@ TEST_F(MainWindowTest, SplittersStandWhereTheyWereLeft) {
     form->setPanelWidth(450);
     emit form->sizesChanged();
     EXPECT_EQ(window->newSelection()->panelWidth(), 450);
-}
-
-TEST_F(MainWindowTest, KeysOpenAndCloseForms) {
-    for (int i = 0; i < 2; ++i) {
-        answerMenu([](frmMenu& menu) { QTest::keyClick(&menu, Qt::Key_Return); });
-        QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    }
-    EXPECT_EQ(tabs()->count(), 2);
-    QTest::keyClick(window->ActiveForm()->focusWidget(), Qt::Key_F4, Qt::ControlModifier);
-    settle();
-    EXPECT_EQ(tabs()->count(), 1);
-    QTest::keyClick(window.get(), Qt::Key_F9);
-    EXPECT_TRUE(window->ActiveForm()->isCollapsed());
 }
 
 TEST_F(MainWindowTest, WindowsAreArranged) {

@@ -1,7 +1,6 @@
 // The pages of the selected compressor, its pop-up menu, and what is copied.
 
 #include <QAction>
-#include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDir>
@@ -9,15 +8,12 @@
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
-#include <QTest>
 
 #include "controls/MessagesView.h"
-#include "controls/ResultsView.h"
 #include "controls/TabStrip.h"
 #include "controls/ctlBtn.h"
 #include "controls/ctlGraph.h"
 #include "data/ApplicationFolder.h"
-#include "data/Globals.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/frmSelection.h"
 
@@ -28,15 +24,10 @@ namespace {
 
 /// Results of TK-A at 2/40 degrees Celsius: the group in row 0, 100 in row 1, 120 (in error) in row 2 and 140
 /// in row 3.
-class PagesTest : public WorkspaceFixture {
+class PagesTest : public FormFixture<frmSelection> {
   protected:
     PagesTest() {
-        gApplication().populateDictionary("en-EN", "");
-        form = std::make_unique<frmSelection>();
-        form->resize(1300, 800);
-        form->show();
-        form->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        open(1300);
         choose(*form, "lstSeries", "TK-A");
         form->lnkCalculate_Click();
         EXPECT_TRUE(form->hasResults());
@@ -44,7 +35,6 @@ class PagesTest : public WorkspaceFixture {
     }
     ~PagesTest() override { setApplicationFolder(MARVELLO_APP_FOLDER); }
 
-    ResultsView* list() { return control<ResultsView>(*form, "lvCps"); }
     ResultsView* polynomials() { return control<ResultsView>(*form, "lvPolynomials"); }
     MessagesView* messages() { return control<MessagesView>(*form, "lvMessages"); }
     TabStrip* tabs() { return control<TabStrip>(*form, "TabStrip"); }
@@ -61,7 +51,6 @@ class PagesTest : public WorkspaceFixture {
     static QString clipboard() { return QApplication::clipboard()->text(); }
 
     QTemporaryDir folder;
-    std::unique_ptr<frmSelection> form;
 };
 
 }  // namespace

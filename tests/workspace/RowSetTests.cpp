@@ -64,19 +64,10 @@ TEST_F(RowSetTest, XmlKeepsFieldsTypesAndTexts) {
 
 TEST_F(RowSetTest, NumbersReadBackExactly) {
     using Limits = std::numeric_limits<double>;
-    const std::vector<double> numbers{0.0,
-                                      -0.1,
-                                      300000,
-                                      1.0 / 3,
-                                      123456789.123456,
-                                      5e-05,
-                                      -1.25e-7,
-                                      1e15,
-                                      2.5e22,
-                                      0.1 + 0.2,
-                                      999999999999999.0,
-                                      Limits::max(),
-                                      Limits::denorm_min()};
+    // clang-format off
+    const std::vector<double> numbers{0.0, -0.1, 300000, 1.0 / 3, 123456789.123456, 5e-05, -1.25e-7, 1e15, 2.5e22,
+                                      0.1 + 0.2, 999999999999999.0, Limits::max(), Limits::denorm_min()};
+    // clang-format on
     RowSet records;
     records.addNumber("Q0");
     for (const double number : numbers) records.addRow({number});

@@ -2,14 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "controls/AdvanceText.h"
 #include "controls/MessageBox.h"
+#include "controls/ResultsView.h"
+#include "data/Globals.h"
 #include "tests/support/SmallCatalogue.h"
 
 namespace marvello::testing {
@@ -45,6 +50,31 @@ Control* control(const QWidget& window, const char* name) {
 inline AdvanceText* field(const QWidget& window, const char* name) {
     return control<AdvanceText>(window, name);
 }
+
+/// A form in a window of its own, with the mouse and the keys in it.
+template <class Form>
+class FormFixture : public WorkspaceFixture {
+  protected:
+    void open(int width = 1200) {
+        gApplication().populateDictionary("en-EN", "");
+        form = std::make_unique<Form>();
+        form->resize(width, 800);
+        form->show();
+        activate();
+    }
+    void activate() {
+        form->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    }
+    void calculate() {
+        QTest::keyClick(form->focusWidget(), Qt::Key_F5);
+        QApplication::processEvents();
+        activate();
+    }
+    ResultsView* list() { return control<ResultsView>(*form, "lvCps"); }
+
+    std::unique_ptr<Form> form;
+};
 
 /// Focuses a field and types over its text.
 void type(const QWidget& window, const char* name, const QString& text);

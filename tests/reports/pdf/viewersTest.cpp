@@ -1,38 +1,19 @@
 // What common viewers make of the files: they warn, rebuild the cross-reference and draw every page.
 #include <gmock/gmock.h>
-#include <sys/wait.h>
 
-#include <array>
-#include <cstdio>
-#include <memory>
 #include <regex>
 #include <sstream>
 
 #include "tests/reports/pdf/PdfFile.h"
+#include "tests/tools/CallProgram.h"
 #include "tools/pdf/Showcase.h"
 
 namespace marvello::test {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::Not;
 
-struct Answer {
-    int status;
-    std::string text;  ///< standard output and error
-};
-
-Answer call(const std::string& command) {
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen((command + " 2>&1").c_str(), "r"), pclose);
-    std::string text;
-    std::array<char, 4096> buffer{};
-    while (const std::size_t read = std::fread(buffer.data(), 1, buffer.size(), pipe.get())) {
-        text.append(buffer.data(), read);
-    }
-    const int status = pclose(pipe.release());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, text};
-}
+testing::Answer call(const std::string& command) { return testing::callCommand(command + " 2>&1"); }
 
 /// A picture in the plain binary form of PPM.
 class Picture {
@@ -111,65 +92,14 @@ TEST(PdfViewers, ShapesStandAtTheirPlaces) {
     }
 }
 
-struct Word {
-    double left, top, right, bottom;
-};
-
-TEST(PdfViewers, TextIsFoundAtItsPlace) {
-    const Folder folder;
-    clsPDFCreator pdf;
-    pdf.SetScaleMode(2);
-    pdf.InitPDFFile(folder / "text.pdf");
-    pdf.LoadFont("F", "Times New Roman", 2);
-    pdf.StartPage();
-    pdf.DrawText(100, 200, "Verdampfer", "F", 20, alignLeft);
-    pdf.DrawText(100, 180,
-                 "Verfl\xFC"
-                 "ssiger",
-                 "F", 20, alignRight);
-    pdf.DrawText(100, 160, "Druckrohr", "F", 20, alignCentre);
-    pdf.DrawText(100, 100, "aufw\xE4rts", "F", 20, alignLeft, 90);
-    pdf.SetCharSpacing(1);
-    pdf.DrawText(100, 80, "weit", "F", 20);
-    const double wide = pdf.Length("weit", "F", 20);
-    pdf.EndPage();
-    pdf.ClosePDFFile();
-    const std::string boxes = call("pdftotext -q -bbox " + folder / "text.pdf" + " -").text;
-    const auto boxOf = [&](const std::string& word) {
-        std::smatch found;
-        const std::string number = "=\"([0-9.]+)\" ";
-        if (!std::regex_search(boxes, found,
-                               std::regex("xMin" + number + "yMin" + number + "xMax" + number +
-                                          "yMax=\"([0-9.]+)\">" + word + "<")))
-            return Word{};
-        const auto part = [&](std::size_t i) { return std::stod(found[i]); };
-        return Word{part(1), part(2), part(3), part(4)};
-    };
-    const double unit = 72 / 25.4;
-    const double middle = 100 * unit;
-    const auto width = [](const Word& word) { return word.right - word.left; };
-    // Times Bold by its published widths: 722 444 444 556 500 833 556 333 444 444 add up to 5276.
-    // "Druckrohr".
-    EXPECT_NEAR(boxOf("Verdampfer").left, middle, 0.01);
-    EXPECT_NEAR(width(boxOf("Verdampfer")), 5.276 * 20, 0.01);
-    EXPECT_NEAR(boxOf("Verflüssiger").right, middle, 0.01);
-    EXPECT_NEAR(boxOf("Druckrohr").left + width(boxOf("Druckrohr")) / 2, middle, 0.01);
-    EXPECT_NEAR(width(boxOf("weit")), (wide - 1) * unit, 0.01);  // without the millimetre behind it
-    // Upwards from the base line on its right; pages count downwards.
-    EXPECT_NEAR(boxOf("aufwärts").bottom, 842 - 100 * unit, 0.01);
-    EXPECT_GT(middle, boxOf("aufwärts").left);
-    EXPECT_GT(842 - 200 * unit, boxOf("Verdampfer").top);
-    EXPECT_LT(842 - 200 * unit, boxOf("Verdampfer").bottom);
-}
-
 TEST(PdfViewers, TheShowcaseIsRepairedAndDrawn) {
     const Folder folder;
     const std::string file = folder / "show.pdf";
     writeShowcase(file, folder.path());
-    const Answer check = call("qpdf --check " + file);
-    EXPECT_EQ(check.status, 3) << check.text;  // warnings, no errors
+    const testing::Answer check = call("qpdf --check " + file);
+    EXPECT_EQ(check.status, 3) << check.out;  // warnings, no errors
     // Only the warnings that docs/pdf.md tells.
-    std::istringstream lines(check.text);
+    std::istringstream lines(check.out);
     for (std::string line; std::getline(lines, line);) {
         if (!line.starts_with("WARNING:")) continue;
         EXPECT_TRUE(std::regex_search(
@@ -178,14 +108,14 @@ TEST(PdfViewers, TheShowcaseIsRepairedAndDrawn) {
                        "carriage return only|expected endstream|stream length")))
             << line;
     }
-    EXPECT_THAT(call("pdfinfo " + file).text,
+    EXPECT_THAT(call("pdfinfo " + file).out,
                 AllOf(HasSubstr("Title:           Marvello: what a page can hold\n"),
                       HasSubstr("Pages:           4\n"), HasSubstr("595.2 x 842 pts (A4)")));
-    const std::string text = call("pdftotext -q -layout " + file + " -").text;
+    const std::string text = call("pdftotext -q -layout " + file + " -").out;
     EXPECT_THAT(text, HasSubstr("R134a at 2/40 °C: 69,9 kW, € 1.234"));
     EXPECT_THAT(text, HasSubstr("as wide as Length tells"));
-    const Answer drawn = call("mutool draw -o " + folder / "show-%d.ppm" + " -r 36 " + file);
-    EXPECT_EQ(drawn.status, 0) << drawn.text;
+    const testing::Answer drawn = call("mutool draw -o " + folder / "show-%d.ppm" + " -r 36 " + file);
+    EXPECT_EQ(drawn.status, 0) << drawn.out;
     for (const char* page : {"show-1.ppm", "show-4.ppm"})
         EXPECT_EQ(Picture(folder / page).at(20, 405), "???") << page;  // the header's blue
 }
