@@ -56,17 +56,15 @@ Parsed parsedName(const std::string& field) {
 Parsed parsedPoints(const std::string& field) {
     std::string text = field;
     std::erase_if(text, [](char c) { return c == '(' || c == ')'; });
-    int count = 0;
-    for (std::size_t start = 0; start <= text.size(); ++count) {
-        const auto end = std::min(text.find(';', start), text.size());
-        const std::string point = text.substr(start, end - start);
+    const auto points = splitText(text, ';');
+    for (const std::string& point : points) {
         const auto comma = point.find(',');
         if (comma == std::string::npos || !storedNumber(point.substr(0, comma)) ||
             !storedNumber(point.substr(comma + 1)))
             return {{}, "\"" + point + "\" is not a point \"x,y\""};
-        start = end + 1;
     }
-    if (count < 4) return {{}, "a polyline needs at least four points and has " + std::to_string(count)};
+    if (points.size() < 4)
+        return {{}, "a polyline needs at least four points and has " + std::to_string(points.size())};
     return {field, {}};
 }
 
