@@ -85,7 +85,7 @@ std::vector<clsPoint> limitOf(const FitArguments& arguments) {
     const auto content = readContent(arguments.contentFolder, faults);
     if (!faults.empty()) throw std::runtime_error(faults.lines().front());
     const Index index(content);
-    const auto* const line = lineOfType(index.lines(arguments.limitId), limit::application);
+    const auto* const line = lineOfType(index.lines(arguments.limitId), limitType::application);
     if (!line)
         throw std::runtime_error("The envelope \"" + arguments.limitId + "\" has no application limit in " +
                                  arguments.contentFolder + ".");
