@@ -5,14 +5,9 @@
 #include "engine/EconomizerCalculation.h"
 #include "engine/MotorCurrent.h"
 #include "engine/Statements.h"
+#include "engine/Units.h"
 
 namespace marvello {
-
-namespace {
-
-constexpr double secondsPerHour = 3600;
-
-}  // namespace
 
 EconomizerCalculation::EconomizerCalculation(clsCompressor& compressor, clsRefprop& refprop,
                                              formTimeout& timeout)

@@ -5,6 +5,7 @@
 #include "engine/EconomizerCalculation.h"
 #include "engine/Statements.h"
 #include "engine/StepControl.h"
+#include "engine/Units.h"
 
 namespace marvello {
 
@@ -24,7 +25,7 @@ void EconomizerCalculation::EcoCycle() {
     trySet("h2", [&] { return v_("H71") + (v_("H7Iso") - v_("H71")) * v_("EtaComp1") / v_("EtaIso"); });
     trySet("T2", [&] { return temperatureOfEnthalpy(v_("Pc"), v_("h2")); });
     trySet("T6", [&] { return saturation(v_("Peco"), 1); });
-    trySet("Qeco", [&] { return v_("meco") * (v_("H7") - v_("H3")) / 3600; });
+    trySet("Qeco", [&] { return v_("meco") * (v_("H7") - v_("H3")) / secondsPerHour; });
     trySet("H31", [&] { return v_("H3") - v_("meco") * (v_("H7") - v_("H3")) / v_("Mev"); });
     trySet("T31", [&] { return temperatureOfEnthalpy(v_("Pc"), v_("H31")); });
     trySet("SCeco", [&] { return v_("T3") - v_("T31"); });

@@ -1,4 +1,5 @@
 #include "engine/CompressorCalculation.h"
+#include "engine/Units.h"
 
 namespace marvello {
 
@@ -10,7 +11,7 @@ void CalculateOilCooling(clsCompressor& compressor, clsRefprop& refprop) {
         return;
     }
     v.add("H2Rif", refprop.Enthalpy(v("OC"), 0, v("Pc"), 1));
-    writeLoad(v("MBase") * (v("H21") - v("H2Rif")) / 3600);
+    writeLoad(v("MBase") * (v("H21") - v("H2Rif")) / secondsPerHour);
     if (v("T21") < v("OC")) writeLoad(0);
 }
 
