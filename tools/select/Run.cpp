@@ -43,7 +43,7 @@ void checkNames(const Request& request) {
 void openCatalogue(const std::string& language) {
     gDatabase().Connect("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + applicationFolder() +
                         "\\db.mdb;Persist Security Info=True");
-    gApplication().populateDictionary("en-EN", language);
+    gApplication().populateDictionary(defaultLanguage, language);
     loadSharedPolynomials();
 }
 
