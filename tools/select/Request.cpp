@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cmath>
+#include <limits>
+#include <type_traits>
 
 #include "data/Texts.h"
 
@@ -25,7 +27,11 @@ int wholeNumber(const std::string& text) {
 template <auto member>
 void readReal(Request& request, const std::string& text) {
     auto& target = request.conditions.*member;
-    target = static_cast<std::remove_reference_t<decltype(target)>>(number(text));
+    using Real = std::remove_reference_t<decltype(target)>;
+    const double value = number(text);
+    if (std::abs(value) > static_cast<double>(std::numeric_limits<Real>::max()))
+        throw BadRequest("\"" + text + "\" is too large");
+    target = static_cast<Real>(value);
 }
 
 template <auto member>

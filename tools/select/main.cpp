@@ -4,15 +4,16 @@
 
 #include <cstdio>
 #include <exception>
-#include <fstream>
 #include <map>
-#include <sstream>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "data/ApplicationFolder.h"
+#include "data/clsApplication.h"
 #include "tools/csv/Csv.h"
 #include "tools/csv/Faults.h"
+#include "tools/csv/FileText.h"
 #include "tools/select/Output.h"
 #include "tools/select/Request.h"
 #include "tools/select/Run.h"
@@ -25,7 +26,7 @@ enum ExitStatus { done = 0, nothingMatches = 1, refused = 2 };
 
 struct Arguments {
     std::map<std::string, std::string> options;  ///< By name of the request option.
-    std::string language = "en-EN";
+    std::string language = defaultLanguage;
     std::string format = "table";
     std::string batchFile;
     std::string folder;
@@ -33,19 +34,13 @@ struct Arguments {
     bool inverter = false;
 };
 
-std::string readFile(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) throw BadRequest("the file " + file + " cannot be read");
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
-
 /// One request a line of the file, the columns named as the options; an option of the command line holds for
 /// every line that does not state it.
 std::vector<Request> readBatch(const std::string& file, const Request& base) {
+    const std::optional<std::string> text = fileText(file);
+    if (!text) throw BadRequest("the file " + file + " cannot be read");
     Faults faults;
-    const std::vector<CsvRecord> records = readCsv(readFile(file), file, faults);
+    const std::vector<CsvRecord> records = readCsv(*text, file, faults);
     if (!faults.empty()) throw BadRequest(faults.lines().front());
     if (records.empty()) throw BadRequest(file + " has no header line");
     const std::vector<std::string>& header = records.front().fields;
@@ -80,7 +75,7 @@ int select(const Arguments& arguments) {
     setApplicationFolder(arguments.folder);
     openCatalogue(arguments.language);
     if (arguments.list) {
-        std::fputs(catalogueListing(arguments.inverter).c_str(), stdout);
+        printText(catalogueListing(arguments.inverter));
         return done;
     }
 
@@ -99,7 +94,7 @@ int select(const Arguments& arguments) {
     const std::string out = arguments.format == "json"  ? asJson(runs, batch)
                             : arguments.format == "csv" ? asCsv(runs)
                                                         : asTable(runs);
-    std::fputs(out.c_str(), stdout);
+    printText(out);
     if (compressors > 0) return done;
     return complain("No compressor matches.", nothingMatches);
 }
