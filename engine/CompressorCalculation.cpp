@@ -95,19 +95,22 @@ void CompressorCalculation::inputVariables() {
 }
 
 void CompressorCalculation::saturationVariables() {
-    let("Pe", [&] { return refprop_.Pressure(v_("Ted"), 2); }, units_.Punits);
+    let("Pe", [&] { return refprop_.Pressure(v_("Ted"), saturation::dew); }, units_.Punits);
     // Kept: the pressure goes in where a temperature belongs, so this is not the bubble temperature at Pe.
-    let("Teb", [&] { return refprop_.Pressure(v_("Pe"), 1); }, units_.Tunits);
+    let("Teb", [&] { return refprop_.Pressure(v_("Pe"), saturation::bubble); }, units_.Tunits);
     let("Tem", [&] { return ((v_("Teb") - v_("Sc")) + v_("Ted")) / 2; }, units_.Tunits);
-    let("Pc", [&] { return refprop_.Pressure(v_("Tcd"), 2); }, units_.Punits);
-    let("Tcb", [&] { return refprop_.Temperature(v_("Pc"), 1, 1, 0, -1); }, units_.Tunits);
+    let("Pc", [&] { return refprop_.Pressure(v_("Tcd"), saturation::dew); }, units_.Punits);
+    let("Tcb", [&] { return saturationTemperature(v_("Pc"), saturation::bubble); }, units_.Tunits);
     let("Tcm", [&] { return ((v_("Tcb") - v_("Sc")) + v_("Tcd")) / 2; }, units_.Tunits);
 
     if (uppered(trimmed(refprop_.Refrigerant)) != "R407C") return;
     // With its glide the mean is that of the evaporator's inlet, after expansion, and its dew temperature.
     const double t = intermediate([&] { return v_("Tcb") - v_("Sc"); });
     const double liquid = intermediate([&] { return H(t, v_("Pc")); });
-    const double inlet = intermediate([&] { return refprop_.Temperature(liquid, 3, 2, v_("Pe"), 1); });
+    const double inlet = intermediate([&] {
+        return refprop_.Temperature(liquid, property::enthalpy, saturation::dew, v_("Pe"),
+                                    property::pressure);
+    });
     set("Tem", [&] { return (v_("Ted") + inlet) / 2; });
 }
 

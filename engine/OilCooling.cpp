@@ -10,7 +10,7 @@ void CalculateOilCooling(clsCompressor& compressor, clsRefprop& refprop) {
         writeLoad(0);
         return;
     }
-    v.add("H2Rif", refprop.Enthalpy(v("OC"), 0, v("Pc"), 1));
+    v.add("H2Rif", refprop.Enthalpy(v("OC"), property::temperature, v("Pc"), property::pressure));
     writeLoad(v("MBase") * (v("H21") - v("H2Rif")) / secondsPerHour);
     if (v("T21") < v("OC")) writeLoad(0);
 }
