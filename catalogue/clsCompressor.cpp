@@ -10,10 +10,6 @@ namespace marvello {
 
 namespace {
 
-constexpr int smallMotor = 0;
-constexpr int fullMotor = 1;
-constexpr int defaultMotor = -1;
-
 clsPolynomial scaledSurface(const RecordSet& row, double frequencyFactor, double speedFactor = 1) {
     clsPolynomial surface;
     readCoefficients(row, surface.c);
@@ -61,8 +57,8 @@ bool clsCompressor::GetCompressorFromDb(clsDatabase& db, const clsProjectConditi
         readSurfaces(db, motorRpm, frequencyFactor);
     }
     readDischargeSurface(db, row.text("fPolynomialShID"));
-    readMotor(db, row.integer(selectedMotor == fullMotor ? "fMotorFullID" : "fMotorSmallID"), motorHz,
-              selectedMotor);
+    readMotor(db, row.integer(selectedMotor == motorType::fullMotor ? "fMotorFullID" : "fMotorSmallID"),
+              motorHz, selectedMotor);
     readEnvelope(db, row.text(economized ? "fLimitEconomizedID" : "fLimitID"));
     return true;
 }
@@ -100,9 +96,10 @@ void clsCompressor::readRecord(const RecordSet& row) {
 }
 
 int clsCompressor::chooseMotor(int motorSize) {
-    if (!hasFullSmallMotor) return fullMotor;
-    if (motorSize == defaultMotor) motorSize = isMotorSmallDefault ? smallMotor : fullMotor;
-    if (motorSize == smallMotor) Fla = fla2_;
+    if (!hasFullSmallMotor) return motorType::fullMotor;
+    if (motorSize == motorType::standardFit)
+        motorSize = isMotorSmallDefault ? motorType::smallMotor : motorType::fullMotor;
+    if (motorSize == motorType::smallMotor) Fla = fla2_;
     return motorSize;
 }
 
@@ -168,8 +165,9 @@ void clsCompressor::readMotor(clsDatabase& db, int motorId, int motorHz, int sel
     Motor.Lra1 = row.number("fLra1");
     Motor.Lra2 = row.number("fLra2");
     Motor.MotorType = selectedMotor;
-    Motor.isStandard = !hasFullSmallMotor || (selectedMotor == fullMotor && !isMotorSmallDefault) ||
-                       (selectedMotor == smallMotor && isMotorSmallDefault);
+    Motor.isStandard = !hasFullSmallMotor ||
+                       (selectedMotor == motorType::fullMotor && !isMotorSmallDefault) ||
+                       (selectedMotor == motorType::smallMotor && isMotorSmallDefault);
     Motor.Phase = row.integer("fPhase");
     Motor.NominalPower = row.NullToDefault("FNominalPower", "");
 }

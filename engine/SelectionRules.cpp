@@ -118,10 +118,10 @@ void SelectionRules::oilFilter(const clsLimits& around) {
 void SelectionRules::smallMotor(const clsLimits& around) {
     if (!compressor_.hasFullSmallMotor) return;
     const bool inSmallMotorLimit = around.FindLimitType(limitType::smallMotor);
-    if (inSmallMotorLimit && compressor_.Motor.MotorType == 1)
+    if (inSmallMotorLimit && compressor_.Motor.MotorType == motorType::fullMotor)
         raise(messages_.Information, "messages.message04");
-    if (compressor_.limits.FindLimitType(limitType::smallMotor) && compressor_.Motor.MotorType == 0 &&
-        !inSmallMotorLimit) {
+    if (compressor_.limits.FindLimitType(limitType::smallMotor) &&
+        compressor_.Motor.MotorType == motorType::smallMotor && !inSmallMotorLimit) {
         raise(messages_.Error, "messages.message05");
     }
 }
