@@ -1,6 +1,7 @@
 #include "controls/ctlLimitsGraphic.h"
 
 #include <QPainter>
+#include <memory>
 
 namespace marvello {
 

@@ -1,7 +1,6 @@
 // What the surfaces, motors and economizer ports of the compressors give over their envelopes.
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <map>
 #include <optional>
