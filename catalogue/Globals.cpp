@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "catalogue/Coefficients.h"
 #include "data/Globals.h"
 
 namespace marvello {
@@ -13,8 +14,7 @@ void load(clsPolynomial& surface, const std::string& id, const std::string& name
         gDatabase().Execute("Select * from tPolynomials where fPolynomialID='" + id + "' and fType=4");
     if (row.eof()) return;
     surface.Name = name;
-    for (std::size_t i = 0; i < surface.c.size(); ++i)
-        surface.c[i] = row.number("fC" + std::to_string(i + 1));
+    readCoefficients(row, surface.c);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "catalogue/Coefficients.h"
 #include "data/Arithmetic.h"
 #include "data/Texts.h"
 
@@ -9,15 +10,10 @@ namespace marvello {
 
 namespace {
 
-constexpr int smallMotor = 0;
-constexpr int fullMotor = 1;
-constexpr int defaultMotor = -1;
-
 clsPolynomial scaledSurface(const RecordSet& row, double frequencyFactor, double speedFactor = 1) {
     clsPolynomial surface;
-    for (std::size_t i = 0; i < surface.c.size(); ++i) {
-        surface.c[i] = checked(row.number("fC" + std::to_string(i + 1)) * frequencyFactor * speedFactor);
-    }
+    readCoefficients(row, surface.c);
+    for (double& c : surface.c) c = checked(c * frequencyFactor * speedFactor);
     return surface;
 }
 
@@ -51,21 +47,18 @@ bool clsCompressor::GetCompressorFromDb(clsDatabase& db, const clsProjectConditi
     const int selectedMotor = chooseMotor(motorSize);
     OilCoolingLimit = row.number(economized ? "fOilCoolingLimitEco" : "fOilCoolingLimit");
 
-    const bool isOpenDrive = lowered(Serie) == "nl-h";
-    const float frequencyFactor = motorHz == 60 && !isOpenDrive ? 1.2F : 1.0F;
+    const float frequencyFactor = motorHz == 60 && !isOpenDrive_ ? 1.2F : 1.0F;
     if (hasInvert) {
         LoadInverterPolynomials(db, static_cast<float>(project.TEvaporatingDew),
                                 static_cast<float>(project.TCondensationDew), project.InverterFrequency,
                                 frequencyFactor);
-        if (lowered(Serie) == "tk-d") {
-            VI = localText(storedNumber(InverterInfo.ViSelected).value_or(0) / 10);
-        }
+        if (hasVariableVi_) VI = localText(storedNumber(InverterInfo.ViSelected).value_or(0) / 10);
     } else {
         readSurfaces(db, motorRpm, frequencyFactor);
     }
     readDischargeSurface(db, row.text("fPolynomialShID"));
-    readMotor(db, row.integer(selectedMotor == fullMotor ? "fMotorFullID" : "fMotorSmallID"), motorHz,
-              selectedMotor);
+    readMotor(db, row.integer(selectedMotor == motorType::fullMotor ? "fMotorFullID" : "fMotorSmallID"),
+              motorHz, selectedMotor);
     readEnvelope(db, row.text(economized ? "fLimitEconomizedID" : "fLimitID"));
     return true;
 }
@@ -81,6 +74,7 @@ void clsCompressor::readRecord(const RecordSet& row) {
     polynomialPta.Name = row.text("fPolynomialPassID");
     PolynomialQ0.Name = row.text("fPolynomialQ0ID");
     hasInvert = row.boolean("fhasInverter");
+    isOpenDrive_ = lowered(Serie) == "nl-h";
     hasVariableVi_ = hasInvert && lowered(Serie) == "tk-d";
     InverterInfo.Q0C1 = row.number("fInverterQ0C1");
     InverterInfo.Q0C2 = row.number("fInverterQ0C2");
@@ -102,16 +96,16 @@ void clsCompressor::readRecord(const RecordSet& row) {
 }
 
 int clsCompressor::chooseMotor(int motorSize) {
-    if (!hasFullSmallMotor) return fullMotor;
-    if (motorSize == defaultMotor) motorSize = isMotorSmallDefault ? smallMotor : fullMotor;
-    if (motorSize == smallMotor) Fla = fla2_;
+    if (!hasFullSmallMotor) return motorType::fullMotor;
+    if (motorSize == motorType::standardFit)
+        motorSize = isMotorSmallDefault ? motorType::smallMotor : motorType::fullMotor;
+    if (motorSize == motorType::smallMotor) Fla = fla2_;
     return motorSize;
 }
 
 void clsCompressor::readSurfaces(clsDatabase& db, int motorRpm, float frequencyFactor) {
-    const bool bySpeed = lowered(Serie) == "nl-h";
     const auto read = [&](clsPolynomial& surface, int type) {
-        const int field = bySpeed ? motorRpm : surface.Load;
+        const int field = isOpenDrive_ ? motorRpm : surface.Load;
         const RecordSet row =
             db.Execute(surfaceQuery(surface.Name, type, " and fField=" + std::to_string(field)));
         if (!row.eof()) surface.c = scaledSurface(row, static_cast<double>(frequencyFactor)).c;
@@ -124,9 +118,7 @@ void clsCompressor::readDischargeSurface(clsDatabase& db, const std::string& pol
     PolynomialSh.Name = polynomialId;
     const RecordSet row = db.Execute(surfaceQuery(polynomialId, 3));
     if (row.eof()) return;
-    for (std::size_t i = 0; i < PolynomialSh.c.size(); ++i) {
-        PolynomialSh.c[i] = row.number("fC" + std::to_string(i + 1));
-    }
+    readCoefficients(row, PolynomialSh.c);
     PolynomialSh.Sh = row.number("fField");
 }
 
@@ -168,13 +160,14 @@ void clsCompressor::readMotor(clsDatabase& db, int motorId, int motorHz, int sel
         db.Execute("Select * from tMotors where fMotorID =" + std::to_string(motorId) + " and fhz=50");
     if (row.eof()) return;
     Motor.ID = row.integer("fMotorId");
-    for (std::size_t i = 0; i < Motor.c.size(); ++i) Motor.c[i] = row.number("fC" + std::to_string(i + 1));
+    readCoefficients(row, Motor.c);
     Motor.Hz = motorHz;
     Motor.Lra1 = row.number("fLra1");
     Motor.Lra2 = row.number("fLra2");
     Motor.MotorType = selectedMotor;
-    Motor.isStandard = !hasFullSmallMotor || (selectedMotor == fullMotor && !isMotorSmallDefault) ||
-                       (selectedMotor == smallMotor && isMotorSmallDefault);
+    Motor.isStandard = !hasFullSmallMotor ||
+                       (selectedMotor == motorType::fullMotor && !isMotorSmallDefault) ||
+                       (selectedMotor == motorType::smallMotor && isMotorSmallDefault);
     Motor.Phase = row.integer("fPhase");
     Motor.NominalPower = row.NullToDefault("FNominalPower", "");
 }

@@ -80,7 +80,8 @@ class clsCompressor {
                                  float frequencyFactor);
 
     double fla2_ = 0;
-    bool hasVariableVi_ = false;
+    bool isOpenDrive_ = false;    ///< Its surfaces are kept by speed, and no supply frequency scales them.
+    bool hasVariableVi_ = false;  ///< Its surfaces are kept by volume ratio; the best one is taken.
 };
 
 }  // namespace marvello

@@ -18,6 +18,8 @@ class clsInverter {
     double getKQ0(float frequency) const { return factor(frequency, Q0C1, Q0C2, Q0C3); }
     /// The same law for the absorbed power.
     double getKPta(float frequency) const { return factor(frequency, PtaC1, PtaC2, PtaC3); }
+    /// Power factor of the motor at an absorbed power in kW.
+    double powerFactor(double power) const { return CaC1 * power * power + CaC2 * power + CaC3; }
 
   private:
     static double factor(float frequency, double c1, double c2, double c3) {

@@ -17,25 +17,26 @@ struct LimitLook {
     bool visible;
 };
 
-constexpr LimitLook otherLook = {0, 0, 0, 2, "", "", true};
+constexpr LimitLook otherLook = {limitType::application, 0, 0, 2, "", "", true};
 
+// Kept: the spelling of the descriptions, by which users know the lines.
 constexpr std::array limitLooks = {
-    LimitLook{-1, 1, 255, 2, "Over limit", "", true},
-    LimitLook{0, 0, 0, 3, "Application limit", "", true},
-    LimitLook{1, 0, 33535, 2, "Iniection limit", "", true},
-    LimitLook{2, 0, 16745092, 2, "Oil cooling limit", "", true},
-    LimitLook{3, 0, 16711935, 2, "Motor Small limit", "", true},
-    LimitLook{4, 2, 8421504, 2, "", "25%", true},
-    LimitLook{5, 4, 8421504, 2, "", "50%", true},
-    LimitLook{6, 2, 8421504, 2, "", "75%", true},
-    LimitLook{7, 0, 49152, 2, "Oil Filter", "", true},
-    LimitLook{8, 4, 65535, 2, "H only", "", false},
-    LimitLook{9, 4, 65280, 2, "H suggested", "", false},
-    LimitLook{10, 4, 16711680, 2, "S Suggested", "", false},
-    LimitLook{11, 0, 231, 2, "", "", true},
-    LimitLook{12, 0, 7273, 2, "50Hz", "50Hz", true},
-    LimitLook{13, 0, 7273, 2, "60Hz", "60Hz", true},
-    LimitLook{14, 0, 1234, 2, "70Hz", "70Hz", true},
+    LimitLook{limitType::over, 1, 255, 2, "Over limit", "", true},
+    LimitLook{limitType::application, 0, 0, 3, "Application limit", "", true},
+    LimitLook{limitType::injection, 0, 33535, 2, "Iniection limit", "", true},
+    LimitLook{limitType::oilCooling, 0, 16745092, 2, "Oil cooling limit", "", true},
+    LimitLook{limitType::smallMotor, 0, 16711935, 2, "Motor Small limit", "", true},
+    LimitLook{limitType::step25, 2, 8421504, 2, "", "25%", true},
+    LimitLook{limitType::step50, 4, 8421504, 2, "", "50%", true},
+    LimitLook{limitType::step75, 2, 8421504, 2, "", "75%", true},
+    LimitLook{limitType::oilFilter, 0, 49152, 2, "Oil Filter", "", true},
+    LimitLook{limitType::hOnly, 4, 65535, 2, "H only", "", false},
+    LimitLook{limitType::hSuggested, 4, 65280, 2, "H suggested", "", false},
+    LimitLook{limitType::sSuggested, 4, 16711680, 2, "S Suggested", "", false},
+    LimitLook{limitType::forbidden, 0, 231, 2, "", "", true},
+    LimitLook{limitType::hertz50, 0, 7273, 2, "50Hz", "50Hz", true},
+    LimitLook{limitType::hertz60, 0, 7273, 2, "60Hz", "60Hz", true},
+    LimitLook{limitType::hertz70, 0, 1234, 2, "70Hz", "70Hz", true},
 };
 
 const double pi = 4 * std::atan(1.0);
@@ -110,14 +111,11 @@ clsPoints parsePoints(std::string_view text) {
     std::string plain(text);
     std::erase_if(plain, [](char c) { return c == '(' || c == ')'; });
     clsPoints points;
-    std::size_t begin = 0;
-    while (true) {
-        const std::size_t end = plain.find(';', begin);
-        const clsPoint point = parsePoint(plain.substr(begin, end == std::string::npos ? end : end - begin));
+    for (const std::string& piece : splitText(plain, ';')) {
+        const clsPoint point = parsePoint(piece);
         points.add(point.x, point.Y);
-        if (end == std::string::npos) return points;
-        begin = end + 1;
     }
+    return points;
 }
 
 void clsLimit::setType(int type) {

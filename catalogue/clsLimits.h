@@ -43,6 +43,27 @@ class clsPoints {
 /// the piece which is not two numbers.
 clsPoints parsePoints(std::string_view text);
 
+/// The types of the lines of an envelope, as the catalogue stores them.
+namespace limitType {
+inline constexpr int over = -1;        ///< around all the others
+inline constexpr int application = 0;  ///< where the compressor may run
+inline constexpr int injection = 1;
+inline constexpr int oilCooling = 2;
+inline constexpr int smallMotor = 3;  ///< where the small motor suffices
+inline constexpr int step25 = 4;      ///< where the capacity step of 25 % is allowed, and so on
+inline constexpr int step50 = 5;
+inline constexpr int step75 = 6;
+inline constexpr int oilFilter = 7;
+inline constexpr int hOnly = 8;  ///< for the versions H and S of a model
+inline constexpr int hSuggested = 9;
+inline constexpr int sSuggested = 10;
+inline constexpr int forbidden = 11;
+inline constexpr int hertz50 = 12;  ///< where an inverter may go up to this frequency
+inline constexpr int hertz60 = 13;
+inline constexpr int hertz70 = 14;
+inline constexpr int last = hertz70;
+}  // namespace limitType
+
 /// One closed line of an envelope.
 class clsLimit {
   public:
@@ -55,7 +76,7 @@ class clsLimit {
     std::string Caption;      ///< Label written on the line.
     clsPoints Points;
     int Color = 0;  ///< 0x00BBGGRR.
-    int LimitType = 0;
+    int LimitType = limitType::application;
 
     const std::optional<clsPoint>& LeftPoint() const { return Points.getLeftPoint(); }
     const std::optional<clsPoint>& RightPoint() const { return Points.getRightPoint(); }

@@ -11,7 +11,7 @@ struct clsProjectConditions {
     double SuperHeat = 0;             ///< Superheat in K, or suction gas temperature in degrees Celsius.
     int StepCapacity = 0;             ///< Capacity step in percent: 100, 75, 50 or 25.
     int SuperHeatType = 0;            ///< 0: SuperHeat is a superheat; any other: a temperature.
-    int MotorSize = 0;                ///< Of a compressor with two motors: -1 default, 0 small, 1 full.
+    int MotorSize = 0;                ///< Of a compressor with two motors: -1 standard fit, 0 small, 1 full.
     double MotorVoltage = 0;          ///< Supply voltage, V.
     int MotorHz = 0;                  ///< Supply frequency, 50 or 60 Hz.
     int MotorRPM = 0;                 ///< Motor speed, 1/min.

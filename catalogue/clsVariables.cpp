@@ -7,12 +7,6 @@
 
 namespace marvello {
 
-namespace {
-
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-}  // namespace
-
 void clsVariable::setValue(VariableValue value) {
     if (const auto* text = std::get_if<std::string>(&value)) {
         if (const auto number = localNumber(*text)) value = *number;

@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QTimer>
-#include <cmath>
 
 #include "controls/FieldNote.h"
 #include "controls/Look.h"
@@ -282,7 +281,7 @@ bool AdvanceText::handleKeyPress(int key, const QString& text, Qt::KeyboardModif
         if (opens && buttonVisible_) emit ButtonClick();
         return opens;
     }
-    if (isCharacter) emit KeyPress(isEnter ? 13 : text.front().unicode());
+    if (isCharacter) emit KeyPress(isEnter ? enterCode : text.front().unicode());
     return false;
 }
 

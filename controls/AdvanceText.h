@@ -68,6 +68,8 @@ class AdvanceText : public QWidget {
   public:
     static constexpr int halo = 3;
     static constexpr int boxHeight = 28;
+    /// What KeyPress tells of both Enter keys: the carriage return.
+    static constexpr int enterCode = 13;
 
     explicit AdvanceText(QWidget* parent = nullptr);
     ~AdvanceText() override;

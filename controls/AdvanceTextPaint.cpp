@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 
 #include "controls/AdvanceText.h"
 #include "controls/FieldNote.h"

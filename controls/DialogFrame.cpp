@@ -59,8 +59,6 @@ void DialogFrame::addButton(ctlBtn* button) {
     if (button->property("Main").toBool()) main_ = button;
 }
 
-void DialogFrame::setClosable(bool closable) { close_->setVisible(closable); }
-
 void DialogFrame::Transparency(int alpha) { setWindowOpacity(alpha / 255.0); }
 
 void DialogFrame::setEdgeToEdge() {

@@ -21,7 +21,6 @@ class DialogFrame : public QDialog {
     /// Where the content goes.
     QVBoxLayout* body() { return body_; }
     void addButton(ctlBtn* button);
-    void setClosable(bool closable);
     /// Lets the content reach the edges of the window, for pages with margins of their own.
     void setEdgeToEdge();
     /// Lets the user change the size, which begins at `initial`; otherwise the content decides.

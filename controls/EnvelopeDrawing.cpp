@@ -12,9 +12,6 @@ namespace marvello {
 
 namespace {
 
-constexpr int overLimit = -1;
-constexpr int applicationLimit = 0;
-constexpr int smallMotor = 3;
 constexpr double margin = 10;  // units of the scale around the corners
 constexpr int labelSize = 11;
 constexpr int titleSize = 12;
@@ -98,8 +95,8 @@ QPen penOf(const clsLimit& limit, const QColor& colour) {
 
 void EnvelopeDrawing::fitScale() {
     corners_ = {-20, 30, -10, 20};
-    const clsLimit* outer = limits.GetLimitType(overLimit);
-    if (!outer) outer = limits.GetLimitType(applicationLimit);
+    const clsLimit* outer = limits.GetLimitType(limitType::over);
+    if (!outer) outer = limits.GetLimitType(limitType::application);
     if (outer && outer->Points.Count() > 0) {
         const clsPoint first = outer->Points.Item(1);
         corners_ = {first.x, first.Y, first.x, first.Y};
@@ -119,10 +116,10 @@ void EnvelopeDrawing::fitScale() {
 std::vector<const clsLimit*> EnvelopeDrawing::drawingOrder() const {
     std::vector<const clsLimit*> order;
     for (const auto& limit : limits)
-        if (limit->LimitType != overLimit && limit->LimitType != smallMotor &&
-            limit->LimitType != applicationLimit)
+        if (limit->LimitType != limitType::over && limit->LimitType != limitType::smallMotor &&
+            limit->LimitType != limitType::application)
             order.push_back(limit.get());
-    for (const int type : {overLimit, smallMotor, applicationLimit})
+    for (const int type : {limitType::over, limitType::smallMotor, limitType::application})
         if (const clsLimit* limit = limits.GetLimitType(type)) order.push_back(limit);
     std::erase_if(order, [](const clsLimit* limit) { return !limit->Visible || limit->Points.Count() == 0; });
     return order;
@@ -180,7 +177,7 @@ void EnvelopeDrawing::paintLimits(QPainter& painter, const QRectF& place, const 
             painter.drawPolyline(line);
     };
     for (const clsLimit* limit : drawingOrder()) {
-        if (limit->LimitType == overLimit) {
+        if (limit->LimitType == limitType::over) {
             // An under-stroke of width 2, whatever the line's own, lets it stand out against the grid.
             QPen under = penOf(*limit, colours.plot);
             under.setWidthF(2);

@@ -16,9 +16,9 @@ constexpr int rowHeight = 24;
 constexpr int titleHeight = 36;
 constexpr int sampleWidth = 28;
 
+/// The application limit stands before the over limit, which has the smallest number.
 int rankOf(const clsLimit& limit) {
-    if (limit.LimitType == 0) return -2;
-    return limit.LimitType;
+    return limit.LimitType == limitType::application ? limitType::over - 1 : limit.LimitType;
 }
 
 }  // namespace

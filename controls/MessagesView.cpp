@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <algorithm>
 
 #include "controls/Icons.h"
 #include "controls/Look.h"

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QStyledItemDelegate>
+#include <algorithm>
 
 #include "controls/Grip.h"
 #include "controls/Look.h"

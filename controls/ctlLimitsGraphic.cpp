@@ -1,6 +1,7 @@
 #include "controls/ctlLimitsGraphic.h"
 
 #include <QPainter>
+#include <memory>
 
 namespace marvello {
 
@@ -10,7 +11,7 @@ ctlLimitsGraphic::ctlLimitsGraphic(QWidget* parent) : QWidget(parent) {
 
 void ctlLimitsGraphic::DrawLimits(const clsLimits& limits) {
     drawing_.limits = clsLimits();
-    for (const int type : {-1, 0, 2}) {
+    for (const int type : {limitType::over, limitType::application, limitType::oilCooling}) {
         const clsLimit* limit = limits.GetLimitType(type);
         if (!limit || limit->Points.Count() == 0) continue;
         auto plain = std::make_shared<clsLimit>(*limit);

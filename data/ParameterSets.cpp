@@ -14,16 +14,6 @@ namespace {
 
 using DictionaryText = std::function<std::string(const std::string&)>;
 
-std::vector<std::string_view> pieces(std::string_view text, char separator) {
-    std::vector<std::string_view> found;
-    for (std::size_t start = 0;;) {
-        const auto end = text.find(separator, start);
-        found.push_back(text.substr(start, end - start));
-        if (end == std::string_view::npos) return found;
-        start = end + 1;
-    }
-}
-
 /// The value with its placeholders replaced; nothing when a text is missing or the replacing never ends, as
 /// with a text that holds its own key.
 std::optional<std::string> expanded(std::string value, const DictionaryText& dictionaryText) {
@@ -44,8 +34,8 @@ std::optional<std::string> expanded(std::string value, const DictionaryText& dic
 
 void addAssignments(std::vector<ParameterAssignment>& assignments, const std::string& object,
                     std::string_view propertyValues, const DictionaryText& dictionaryText) {
-    for (const auto piece : pieces(propertyValues, ':')) {
-        const auto parts = pieces(piece, '=');
+    for (const std::string& piece : splitText(propertyValues, ':')) {
+        const auto parts = splitText(piece, '=');
         if (parts.size() < 2) continue;
         const auto value = expanded(trimmed(parts[1]), dictionaryText);
         if (value) assignments.push_back({object, trimmed(parts[0]), trimmed(*value)});

@@ -12,7 +12,6 @@ namespace marvello {
 
 namespace {
 
-constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 constexpr char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 std::string_view withoutBlanks(std::string_view text) {
@@ -47,6 +46,16 @@ std::string uppered(std::string_view text) {
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, lower, lower);
+}
+
+std::vector<std::string> splitText(std::string_view text, char separator) {
+    std::vector<std::string> pieces;
+    for (std::size_t start = 0;;) {
+        const auto end = text.find(separator, start);
+        pieces.emplace_back(text.substr(start, end - start));
+        if (end == std::string_view::npos) return pieces;
+        start = end + 1;
+    }
 }
 
 void replaceAll(std::string& text, std::string_view from, std::string_view to) {

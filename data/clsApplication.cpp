@@ -11,7 +11,6 @@ namespace {
 constexpr auto product = "Marvello";
 constexpr auto section = "Parameters";
 constexpr auto languageName = "Language";
-constexpr auto defaultUserLanguage = "en-EN";
 
 clsDictionaryEntry& itemOrNew(clsDictionary& dictionary, const std::string& key) {
     auto* const entry = dictionary.Item(key);
@@ -35,7 +34,7 @@ void readHelp(clsDictionary& dictionary, const std::string& language, bool isDef
 clsApplication::clsApplication() { LoadUserInformation(); }
 
 void clsApplication::LoadUserInformation() {
-    user_.language = ReadRegistryValue(product, section, languageName, defaultUserLanguage);
+    user_.language = ReadRegistryValue(product, section, languageName, defaultLanguage);
 }
 
 void clsApplication::SaveUserInformation(const clsUser& user) {

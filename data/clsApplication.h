@@ -14,6 +14,9 @@ class UnknownTextKey : public std::out_of_range {
     using std::out_of_range::out_of_range;
 };
 
+/// The language, as a key of tLanguages, whose texts stand in for those that another one lacks.
+inline const std::string defaultLanguage = "en-EN";
+
 /// The user record.
 struct clsUser {
     std::string language;  ///< A key of tLanguages, such as "en-EN".
@@ -22,7 +25,7 @@ struct clsUser {
 /// The user's language, its per-user setting and the dictionary. The settings store is reached through Hooks.
 class clsApplication {
   public:
-    /// Reads the user's language; "en-EN" when none is stored.
+    /// Reads the user's language; the default language when none is stored.
     clsApplication();
 
     clsUser& User() { return user_; }

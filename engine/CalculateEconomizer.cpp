@@ -5,14 +5,9 @@
 #include "engine/EconomizerCalculation.h"
 #include "engine/MotorCurrent.h"
 #include "engine/Statements.h"
+#include "engine/Units.h"
 
 namespace marvello {
-
-namespace {
-
-constexpr double secondsPerHour = 3600;
-
-}  // namespace
 
 EconomizerCalculation::EconomizerCalculation(clsCompressor& compressor, clsRefprop& refprop,
                                              formTimeout& timeout)
@@ -45,7 +40,7 @@ void EconomizerCalculation::CalculateEconomizer() {
     efficiencies();
     portState();
 
-    set("meco", v_("Mev") * 0.01);
+    set("meco", v_("Mev") * firstShare);
     set("EcoOK", -1.0);
     set("EcoModel", "Impossible");
     if (mode == 1) {
@@ -59,7 +54,7 @@ void EconomizerCalculation::CalculateEconomizer() {
     writeMotorCurrent(v_, compressor_.Motor, "PtaEco", "CAECO");
     oilLoad();
     set("CopEco", (v_("Q0") + v_("Qeco")) / v_("PtaEco"));
-    set("TSat", saturation(v_("Peco"), 2));
+    set("TSat", saturationTemperature(v_("Peco"), saturation::dew));
     if (mode == 1) checkApproach();
 }
 
@@ -97,8 +92,8 @@ void EconomizerCalculation::portState() {
     set("H9Iso", enthalpyOfEntropy(v_("P9"), v_("Sga")));
     set("H9", v_("Hga") + (v_("H9Iso") - v_("Hga")) * v_("EtaComp") / v_("EtaIso"));
     set("T9", temperatureOfEnthalpy(v_("P9"), v_("H9")));
-    set("T9D", saturation(v_("P9"), 2));
-    set("D9D", refprop_.Density(v_("P9"), 1, 2));
+    set("T9D", saturationTemperature(v_("P9"), saturation::dew));
+    set("D9D", refprop_.Density(v_("P9"), property::pressure, saturation::dew));
 }
 
 void EconomizerCalculation::power() {

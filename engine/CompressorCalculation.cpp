@@ -7,14 +7,17 @@
 #include "engine/AbortRequested.h"
 #include "engine/EconomizerCalculation.h"
 #include "engine/MotorCurrent.h"
+#include "engine/Units.h"
 
 namespace marvello {
 
 namespace {
 
-constexpr double secondsPerHour = 3600;
 constexpr double referenceSuperheat = 10;
 constexpr double referenceSubcooling = 5;
+constexpr double btuPerWattHour = 3.412;
+/// An inverter drives the economizer's flow too while its current is this much below the rated one.
+constexpr double inverterMargin = 1.15;
 
 }  // namespace
 
@@ -92,19 +95,22 @@ void CompressorCalculation::inputVariables() {
 }
 
 void CompressorCalculation::saturationVariables() {
-    let("Pe", [&] { return refprop_.Pressure(v_("Ted"), 2); }, units_.Punits);
+    let("Pe", [&] { return refprop_.Pressure(v_("Ted"), saturation::dew); }, units_.Punits);
     // Kept: the pressure goes in where a temperature belongs, so this is not the bubble temperature at Pe.
-    let("Teb", [&] { return refprop_.Pressure(v_("Pe"), 1); }, units_.Tunits);
+    let("Teb", [&] { return refprop_.Pressure(v_("Pe"), saturation::bubble); }, units_.Tunits);
     let("Tem", [&] { return ((v_("Teb") - v_("Sc")) + v_("Ted")) / 2; }, units_.Tunits);
-    let("Pc", [&] { return refprop_.Pressure(v_("Tcd"), 2); }, units_.Punits);
-    let("Tcb", [&] { return refprop_.Temperature(v_("Pc"), 1, 1, 0, -1); }, units_.Tunits);
+    let("Pc", [&] { return refprop_.Pressure(v_("Tcd"), saturation::dew); }, units_.Punits);
+    let("Tcb", [&] { return saturationTemperature(v_("Pc"), saturation::bubble); }, units_.Tunits);
     let("Tcm", [&] { return ((v_("Tcb") - v_("Sc")) + v_("Tcd")) / 2; }, units_.Tunits);
 
     if (uppered(trimmed(refprop_.Refrigerant)) != "R407C") return;
     // With its glide the mean is that of the evaporator's inlet, after expansion, and its dew temperature.
     const double t = intermediate([&] { return v_("Tcb") - v_("Sc"); });
     const double liquid = intermediate([&] { return H(t, v_("Pc")); });
-    const double inlet = intermediate([&] { return refprop_.Temperature(liquid, 3, 2, v_("Pe"), 1); });
+    const double inlet = intermediate([&] {
+        return refprop_.Temperature(liquid, property::enthalpy, saturation::dew, v_("Pe"),
+                                    property::pressure);
+    });
     set("Tem", [&] { return (v_("Ted") + inlet) / 2; });
 }
 
@@ -171,10 +177,7 @@ void CompressorCalculation::current() {
     if (compressor_.hasInvert) {
         const clsInverter& inverter = compressor_.InverterInfo;
         double powerFactor = 0;
-        Statements::attemptSilently([&] {
-            const double pta = v_("Pta");
-            powerFactor = checked(inverter.CaC1 * pta * pta + inverter.CaC2 * pta + inverter.CaC3);
-        });
+        Statements::attemptSilently([&] { powerFactor = checked(inverter.powerFactor(v_("Pta"))); });
         Statements::attemptSilently(
             [&] { v_.add("CA", v_("Pta") * 1000 / ((std::sqrt(3.0) * powerFactor) * v_("Vm")), "", "A"); });
         return;
@@ -195,7 +198,7 @@ void CompressorCalculation::ratedCurrents() {
 void CompressorCalculation::efficiency() {
     // The quotient of the numbers that are shown, so that a reader gets the same.
     let("COP", [&] { return roundedToPlaces(v_("Q0"), 1) / roundedToPlaces(v_("Pta"), 1); });
-    let("EER", [&] { return v_("COP") * 3.412; });
+    let("EER", [&] { return v_("COP") * btuPerWattHour; });
 }
 
 /// A compressor without a discharge surface has all its coefficients 0 and goes through here like any other.
@@ -239,7 +242,7 @@ void CompressorCalculation::economizer() {
     let("H3", [&] { return H(v_("T3"), v_("Pc")); });
     statements_.attempt([&] {
         if (!compressor_.Economizer.hasPort() || v_("EcoCalculateMode") == 0) return;
-        const bool hasMargin = !compressor_.hasInvert || v_("CA") * 1.15 < compressor_.Fla;
+        const bool hasMargin = !compressor_.hasInvert || v_("CA") * inverterMargin < compressor_.Fla;
         if (hasMargin) {
             EconomizerCalculation(compressor_, refprop_, timeout_).CalculateEconomizer();
         } else {

@@ -69,9 +69,16 @@ class CompressorCalculation {
         return result;
     }
 
-    double H(double t, double p) { return refprop_.Enthalpy(t, 0, p, 1); }
-    double S(double t, double p) { return refprop_.Entropy(t, 0, p, 1); }
-    double D(double t, double p) { return refprop_.Density(t, 0, 2, p, 1); }
+    double saturationTemperature(double p, int side) {
+        return refprop_.Temperature(p, property::pressure, side, 0, property::none);
+    }
+    double H(double t, double p) {
+        return refprop_.Enthalpy(t, property::temperature, p, property::pressure);
+    }
+    double S(double t, double p) { return refprop_.Entropy(t, property::temperature, p, property::pressure); }
+    double D(double t, double p) {
+        return refprop_.Density(t, property::temperature, saturation::dew, p, property::pressure);
+    }
 
     clsCompressor& compressor_;
     clsRefprop& refprop_;

@@ -5,6 +5,7 @@
 #include "engine/EconomizerCalculation.h"
 #include "engine/Statements.h"
 #include "engine/StepControl.h"
+#include "engine/Units.h"
 
 namespace marvello {
 
@@ -19,12 +20,13 @@ void EconomizerCalculation::EcoCycle() {
     trySet("H71", [&] { return mixed("H7", "H9"); });
     trySet("P71", [&] { return mixed("P7", "P9"); });
     trySet("T71", [&] { return temperatureOfEnthalpy(v_("P71"), v_("H71")); });
-    trySet("S71", [&] { return refprop_.Entropy(v_("P71"), 1, v_("H71"), 3); });
+    trySet("S71",
+           [&] { return refprop_.Entropy(v_("P71"), property::pressure, v_("H71"), property::enthalpy); });
     trySet("H7Iso", [&] { return enthalpyOfEntropy(v_("Pc"), v_("S71")); });
     trySet("h2", [&] { return v_("H71") + (v_("H7Iso") - v_("H71")) * v_("EtaComp1") / v_("EtaIso"); });
     trySet("T2", [&] { return temperatureOfEnthalpy(v_("Pc"), v_("h2")); });
-    trySet("T6", [&] { return saturation(v_("Peco"), 1); });
-    trySet("Qeco", [&] { return v_("meco") * (v_("H7") - v_("H3")) / 3600; });
+    trySet("T6", [&] { return saturationTemperature(v_("Peco"), saturation::bubble); });
+    trySet("Qeco", [&] { return v_("meco") * (v_("H7") - v_("H3")) / secondsPerHour; });
     trySet("H31", [&] { return v_("H3") - v_("meco") * (v_("H7") - v_("H3")) / v_("Mev"); });
     trySet("T31", [&] { return temperatureOfEnthalpy(v_("Pc"), v_("H31")); });
     trySet("SCeco", [&] { return v_("T3") - v_("T31"); });
@@ -37,7 +39,7 @@ void EconomizerCalculation::injectionPressure() {
     constexpr double perBar = 100;
     double loss = 0;
     const auto gasAt = [&](const char* pressure) {
-        trySet("T7D", [&] { return saturation(v_(pressure), 2); });
+        trySet("T7D", [&] { return saturationTemperature(v_(pressure), saturation::dew); });
         trySet("T7", [&] { return v_("T7D") + v_("Sh"); });
         trySet("D7", [&] { return D(v_("T7"), v_(pressure)); });
         trySet("H7", [&] { return H(v_("T7"), v_(pressure)); });

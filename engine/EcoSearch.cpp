@@ -32,7 +32,7 @@ void EconomizerCalculation::Eco_Q0() {
         noSolution();
         return;
     }
-    set("meco", v_("Mev") * 0.01);
+    set("meco", v_("Mev") * firstShare);
     EcoCycle();
     double error = missing();
     step.remember(error);
@@ -83,7 +83,7 @@ void EconomizerCalculation::Eco_Automatic() {
     double wanted = 0;
     Statements::attemptSilently([&] { wanted = v_("Eco"); });
     if (distance < wanted) {
-        trySet("meco", [&] { return v_("Mev") * 0.01; });
+        trySet("meco", [&] { return v_("Mev") * firstShare; });
         tankStage(20, StepControl(automaticStep));
     } else {
         plateStage(wanted);
@@ -94,7 +94,7 @@ void EconomizerCalculation::Eco_Automatic() {
 void EconomizerCalculation::plateStage(double wanted) {
     StepControl step(automaticStep);
     set("EcoModel", "Piastra");
-    trySet("meco", [&] { return v_("Mev") * 0.01; });
+    trySet("meco", [&] { return v_("Mev") * firstShare; });
     EcoCycle();
     double approach = 0;
     Statements::attemptSilently([&] { approach = v_("T31") - v_("T7D"); });

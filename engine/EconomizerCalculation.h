@@ -36,6 +36,7 @@ class EconomizerCalculation {
     void plateStage(double wanted);
     void tankStage(double error, StepControl step);
     static constexpr float automaticStep = 0.1F;
+    static constexpr double firstShare = 0.01;  ///< of the evaporator's flow, where a search begins
 
     bool isCapacityWithinReach();
     void efficiencies();
@@ -51,12 +52,24 @@ class EconomizerCalculation {
     void trySet(const std::string& name, const std::function<double()>& value);
     void turn();
 
-    double saturation(double p, int side) { return refprop_.Temperature(p, 1, side, 0, -1); }
-    double temperatureOfEnthalpy(double p, double h) { return refprop_.Temperature(p, 1, 2, h, 3); }
-    double temperatureOfEntropy(double p, double s) { return refprop_.Temperature(p, 1, 2, s, 4); }
-    double H(double t, double p) { return refprop_.Enthalpy(t, 0, p, 1); }
-    double enthalpyOfEntropy(double p, double s) { return refprop_.Enthalpy(p, 1, s, 4); }
-    double D(double t, double p) { return refprop_.Density(t, 0, 2, p, 1); }
+    double saturationTemperature(double p, int side) {
+        return refprop_.Temperature(p, property::pressure, side, 0, property::none);
+    }
+    double temperatureOfEnthalpy(double p, double h) {
+        return refprop_.Temperature(p, property::pressure, saturation::dew, h, property::enthalpy);
+    }
+    double temperatureOfEntropy(double p, double s) {
+        return refprop_.Temperature(p, property::pressure, saturation::dew, s, property::entropy);
+    }
+    double H(double t, double p) {
+        return refprop_.Enthalpy(t, property::temperature, p, property::pressure);
+    }
+    double enthalpyOfEntropy(double p, double s) {
+        return refprop_.Enthalpy(p, property::pressure, s, property::entropy);
+    }
+    double D(double t, double p) {
+        return refprop_.Density(t, property::temperature, saturation::dew, p, property::pressure);
+    }
 
     clsCompressor& compressor_;
     clsRefprop& refprop_;

@@ -1,4 +1,5 @@
 #include "engine/CompressorCalculation.h"
+#include "engine/Units.h"
 
 namespace marvello {
 
@@ -9,8 +10,8 @@ void CalculateOilCooling(clsCompressor& compressor, clsRefprop& refprop) {
         writeLoad(0);
         return;
     }
-    v.add("H2Rif", refprop.Enthalpy(v("OC"), 0, v("Pc"), 1));
-    writeLoad(v("MBase") * (v("H21") - v("H2Rif")) / 3600);
+    v.add("H2Rif", refprop.Enthalpy(v("OC"), property::temperature, v("Pc"), property::pressure));
+    writeLoad(v("MBase") * (v("H21") - v("H2Rif")) / secondsPerHour);
     if (v("T21") < v("OC")) writeLoad(0);
 }
 

@@ -10,26 +10,6 @@ namespace marvello {
 
 namespace {
 
-/// Types of the lines of an envelope.
-namespace limit {
-constexpr int over = -1;
-constexpr int application = 0;
-constexpr int injection = 1;
-constexpr int oilCooling = 2;
-constexpr int smallMotor = 3;
-constexpr int step25 = 4;
-constexpr int step50 = 5;
-constexpr int step75 = 6;
-constexpr int oilFilter = 7;
-constexpr int hOnly = 8;
-constexpr int hSuggested = 9;
-constexpr int sSuggested = 10;
-constexpr int forbidden = 11;
-constexpr int hertz50 = 12;
-constexpr int hertz60 = 13;
-constexpr int hertz70 = 14;
-}  // namespace limit
-
 void raise(clsMessages& list, const std::string& key) { list.add(key, key); }
 
 /// With an argument 0 that no text refers to.
@@ -49,7 +29,7 @@ SelectionRules::SelectionRules(clsCompressor& compressor, const clsProjectCondit
       refrigerant_(lowered(compressor.Refrigerant)) {}
 
 void SelectionRules::envelopeRules(const clsLimits& around) {
-    if (around.FindLimitType(limit::forbidden)) {
+    if (around.FindLimitType(limitType::forbidden)) {
         forbiddenRegion();
     } else {
         capacityStep(around);
@@ -96,9 +76,9 @@ void SelectionRules::capacityStep(const clsLimits& around) {
             raiseWithZero(messages_.Information, "messages.message28");
         return;
     }
-    const bool allowed = (step == 75 && around.FindLimitType(limit::step75)) ||
-                         (step == 50 && around.FindLimitType(limit::step50)) ||
-                         (step == 25 && around.FindLimitType(limit::step25));
+    const bool allowed = (step == 75 && around.FindLimitType(limitType::step75)) ||
+                         (step == 50 && around.FindLimitType(limitType::step50)) ||
+                         (step == 25 && around.FindLimitType(limitType::step25));
     if (allowed) {
         raise(messages_.Information, "messages.message30");
     } else {
@@ -126,38 +106,38 @@ void SelectionRules::polynomialsAndMotor(const clsLimits& around) {
 }
 
 void SelectionRules::overLimit(const clsLimits& around) {
-    if (around.FindLimitType(limit::over) && !around.FindLimitType(limit::application)) {
+    if (around.FindLimitType(limitType::over) && !around.FindLimitType(limitType::application)) {
         raise(messages_.Attention, "messages.message02");
     }
 }
 
 void SelectionRules::oilFilter(const clsLimits& around) {
-    if (around.FindLimitType(limit::oilFilter)) raise(messages_.Attention, "messages.message03");
+    if (around.FindLimitType(limitType::oilFilter)) raise(messages_.Attention, "messages.message03");
 }
 
 void SelectionRules::smallMotor(const clsLimits& around) {
     if (!compressor_.hasFullSmallMotor) return;
-    const bool inSmallMotorLimit = around.FindLimitType(limit::smallMotor);
-    if (inSmallMotorLimit && compressor_.Motor.MotorType == 1)
+    const bool inSmallMotorLimit = around.FindLimitType(limitType::smallMotor);
+    if (inSmallMotorLimit && compressor_.Motor.MotorType == motorType::fullMotor)
         raise(messages_.Information, "messages.message04");
-    if (compressor_.limits.FindLimitType(limit::smallMotor) && compressor_.Motor.MotorType == 0 &&
-        !inSmallMotorLimit) {
+    if (compressor_.limits.FindLimitType(limitType::smallMotor) &&
+        compressor_.Motor.MotorType == motorType::smallMotor && !inSmallMotorLimit) {
         raise(messages_.Error, "messages.message05");
     }
 }
 
 void SelectionRules::injection(const clsLimits& around) {
-    if (around.FindLimitType(limit::oilCooling) || !around.FindLimitType(limit::injection)) return;
+    if (around.FindLimitType(limitType::oilCooling) || !around.FindLimitType(limitType::injection)) return;
     const bool isGh = serie_ == "gh" || serie_ == "gh4";
     raise(messages_.Attention, isGh ? "messages.message06" : "messages.message07");
 }
 
 void SelectionRules::suggestedVersion(const clsLimits& around) {
-    if (around.FindLimitType(limit::hOnly)) {
+    if (around.FindLimitType(limitType::hOnly)) {
         raise(messages_.Information, "messages.message08");
-    } else if (around.FindLimitType(limit::hSuggested)) {
+    } else if (around.FindLimitType(limitType::hSuggested)) {
         raise(messages_.Information, "messages.message09");
-    } else if (around.FindLimitType(limit::sSuggested)) {
+    } else if (around.FindLimitType(limitType::sSuggested)) {
         raise(messages_.Information, "messages.message10");
     }
 }
@@ -167,11 +147,11 @@ void SelectionRules::inverterFrequency(const clsLimits& around) {
     const auto ceiling = [this](float highest, const char* format) {
         if (conditions_.InverterFrequency > highest) messages_.Error.add("messages.message35", format);
     };
-    if (around.FindLimitType(limit::hertz70)) {
+    if (around.FindLimitType(limitType::hertz70)) {
         ceiling(70, "<= 70 Hz");
-    } else if (around.FindLimitType(limit::hertz60)) {
+    } else if (around.FindLimitType(limitType::hertz60)) {
         ceiling(60, "<=60 Hz");
-    } else if (around.FindLimitType(limit::hertz50)) {
+    } else if (around.FindLimitType(limitType::hertz50)) {
         ceiling(50, "<=50 Hz");
     }
 }
@@ -193,7 +173,7 @@ void SelectionRules::superheat() {
 }
 
 void SelectionRules::oilCooling(const clsLimits& around) {
-    if (!around.FindLimitType(limit::oilCooling)) return;
+    if (!around.FindLimitType(limitType::oilCooling)) return;
     if (serie_ != "gh") {
         raise(messages_.Attention, "messages.message16");
     } else {
@@ -203,7 +183,8 @@ void SelectionRules::oilCooling(const clsLimits& around) {
 }
 
 void SelectionRules::injectionForOil(const clsLimits& around) {
-    if (!compressor_.limits.FindLimitType(limit::injection) || around.FindLimitType(limit::injection)) return;
+    if (!compressor_.limits.FindLimitType(limitType::injection) || around.FindLimitType(limitType::injection))
+        return;
     if (v_("Pra") > 0)
         raise(messages_.Attention, serie_ == "gh" ? "messages.message17" : "messages.message07");
 }

@@ -1,6 +1,5 @@
 #include "engine/clsSelections.h"
 
-#include <algorithm>
 #include <limits>
 #include <stdexcept>
 
@@ -23,13 +22,8 @@ bool isInverterSeries(const std::string& serie) {
 /// The pieces of a list joined with ";", quoted and joined with ",".
 std::string quotedList(const std::string& models) {
     std::string list;
-    std::size_t begin = 0;
-    while (begin <= models.size()) {
-        const std::size_t end = std::min(models.find(';', begin), models.size());
-        if (!list.empty()) list += ',';
-        list += '\'' + models.substr(begin, end - begin) + '\'';
-        begin = end + 1;
-    }
+    for (const std::string& model : splitText(models, ';'))
+        list += (list.empty() ? "'" : ",'") + model + '\'';
     return list;
 }
 

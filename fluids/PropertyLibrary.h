@@ -24,7 +24,7 @@ class PropertyLibrary {
     };
 
     /// Loads the files. `reference` is DEF for the fluid's usual one, or IIR, NBP, ASH; it holds for each
-    /// component until setReference() says otherwise.
+    /// component until a call below says otherwise.
     void setUp(const Files& files, const std::string& reference);
 
     /// The reference state of each component, or of the mixture of the mole fractions `z`.

@@ -101,25 +101,25 @@ double clsConvert::ConvertUnitsRefprop(double value, int type) {
     return ConvertUnits(value, kind.property, this->*kind.applicationUnit, kind.libraryUnit);
 }
 
-double clsConvert::ConvertValue(double value, int conversion) {
-    switch (conversion) {
-        case 0:
+double clsConvert::ConvertValue(double value, int code) {
+    switch (code) {
+        case conversion::kilowattsToTons:
             return checked(value / kilowattsInTon);
-        case 1:
+        case conversion::kilogramsToPounds:
             return ConvertUnits(value, "M", "KG", "LB");
-        case 2:
+        case conversion::celsiusToFahrenheit:
             return ConvertUnits(value, "T", "C", "F");
-        case 3:
+        case conversion::kelvinToFahrenheit:
             return ConvertUnits(value, "T", "K", "F");
-        case 4:
+        case conversion::fahrenheitToCelsius:
             return ConvertUnits(value, "T", "F", "C");
-        case 5:
+        case conversion::fahrenheitToKelvin:
             return ConvertUnits(value, "T", "F", "K");
-        case 8:
+        case conversion::tonsToKilowatts:
             return checked(value * kilowattsInTon);
-        case 9:
+        case conversion::tonsToBtu:
             return checked(value * btuPerHourInTon);
-        case 10:
+        case conversion::btuToTons:
             return checked(value / btuPerHourInTon);
         default:
             return value;

@@ -6,6 +6,30 @@
 
 namespace marvello {
 
+/// Codes of what a value is, for clsConvert and clsRefprop.
+namespace property {
+inline constexpr int none = -1;  ///< in place of a second value
+inline constexpr int temperature = 0;
+inline constexpr int pressure = 1;
+inline constexpr int density = 2;
+inline constexpr int enthalpy = 3;
+inline constexpr int entropy = 4;
+}  // namespace property
+
+/// Codes of the fixed conversions of the display.
+namespace conversion {
+inline constexpr int kilowattsToTons = 0;  ///< of refrigeration
+inline constexpr int kilogramsToPounds = 1;
+inline constexpr int celsiusToFahrenheit = 2;
+inline constexpr int kelvinToFahrenheit = 3;
+inline constexpr int fahrenheitToCelsius = 4;
+inline constexpr int fahrenheitToKelvin = 5;
+inline constexpr int unchanged = 7;  ///< as any number without a meaning
+inline constexpr int tonsToKilowatts = 8;
+inline constexpr int tonsToBtu = 9;  ///< an hour
+inline constexpr int btuToTons = 10;
+}  // namespace conversion
+
 /// Translates between the units of the fluid library, the application's unit set and the units of the
 /// display.
 class clsConvert {
@@ -27,9 +51,8 @@ class clsConvert {
     /// From the application's units to the library's; types and failures as above, without the marker test.
     double ConvertUnitsRefprop(double value, int type);
 
-    /// The fixed conversions of the display: 0 kW to refrigeration tons, 1 kg to lb, 2 C to F, 3 K to F, 4 F
-    /// to C, 5 F to K, 8 tons to kW, 9 tons to Btu/h, 10 Btu/h to tons. Any other number returns the value.
-    double ConvertValue(double value, int conversion);
+    /// One of the fixed conversions of the display; any other number returns the value.
+    double ConvertValue(double value, int code);
 
   private:
     double ConvertUnits(double value, std::string_view property, std::string_view fromUnit,

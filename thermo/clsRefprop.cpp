@@ -81,14 +81,15 @@ bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string
     remembered_.clear();
 
     std::int32_t ierr = 0;
-    library_->SETUPdll(&nc_, hfiles_.data(), hfmix_.data(), hrf_.data(), &ierr, herr_.data(), 10000, 255, 3,
-                       255);
+    library_->SETUPdll(&nc_, hfiles_.data(), hfmix_.data(), hrf_.data(), &ierr, herr_.data(), filesLength,
+                       mixLength, referenceLength, usualErrorLength);
     setupFault_ = ierr > 0 ? textOf(herr_) : std::string();
     double mixtureMass = 0;
     library_->XMOLEdll(xkg_.data(), z_.data(), &mixtureMass);
     library_->WMOLdll(z_.data(), &wm_);
     double h0 = 0, s0 = 0, t0 = 0, p0 = 0;
-    library_->SETREFdll(hrf_.data(), &ixflag_, z_.data(), &h0, &s0, &t0, &p0, &ierr, herr_.data(), 3, 255);
+    library_->SETREFdll(hrf_.data(), &ixflag_, z_.data(), &h0, &s0, &t0, &p0, &ierr, herr_.data(),
+                        referenceLength, usualErrorLength);
     if (setupFault_.empty() && ierr > 0) setupFault_ = textOf(herr_);
 
     Convert.Initialize(unitsMeasure, wm_);
@@ -96,67 +97,75 @@ bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string
 }
 
 double clsRefprop::Pressure(double t, int kph) {
-    ask({Function::satt, kph, Convert.ConvertUnitsRefprop(t, 0), 0});
-    return Convert.ConvertUnitsApp(state_.p, 1);
+    ask({Function::satt, kph, Convert.ConvertUnitsRefprop(t, property::temperature), 0});
+    return Convert.ConvertUnitsApp(state_.p, property::pressure);
 }
 
 // Which call serves which pair of property codes. Kept: the two enthalpy calls for a temperature tell the
 // library a shorter error text.
-constexpr clsRefprop::Route clsRefprop::temperatureRoutes[] = {{1, -1, Function::satp},
-                                                               {1, 4, Function::psflsh},
-                                                               {4, 1, Function::psflsh, swapped},
-                                                               {1, 3, Function::phflsh, asGiven, 173},
-                                                               {3, 1, Function::phflsh, swapped, 173}};
+constexpr clsRefprop::Route clsRefprop::temperatureRoutes[] = {
+    {property::pressure, property::none, Function::satp},
+    {property::pressure, property::entropy, Function::psflsh},
+    {property::entropy, property::pressure, Function::psflsh, swapped},
+    {property::pressure, property::enthalpy, Function::phflsh, asGiven, 173},
+    {property::enthalpy, property::pressure, Function::phflsh, swapped, 173}};
 
 constexpr clsRefprop::Route clsRefprop::enthalpyRoutes[] = {
-    {0, 1, Function::tpflsh},          {1, 0, Function::tpflsh, swapped}, {1, 4, Function::psflsh},
-    {4, 1, Function::psflsh, swapped}, {0, 4, Function::tsflsh},          {4, 0, Function::tsflsh, swapped}};
+    {property::temperature, property::pressure, Function::tpflsh},
+    {property::pressure, property::temperature, Function::tpflsh, swapped},
+    {property::pressure, property::entropy, Function::psflsh},
+    {property::entropy, property::pressure, Function::psflsh, swapped},
+    {property::temperature, property::entropy, Function::tsflsh},
+    {property::entropy, property::temperature, Function::tsflsh, swapped}};
 
-constexpr clsRefprop::Route clsRefprop::entropyRoutes[] = {{0, 1, Function::tpflsh},
-                                                           {1, 0, Function::tpflsh, swapped},
-                                                           {1, 3, Function::phflsh},
-                                                           {3, 1, Function::phflsh, swapped}};
+constexpr clsRefprop::Route clsRefprop::entropyRoutes[] = {
+    {property::temperature, property::pressure, Function::tpflsh},
+    {property::pressure, property::temperature, Function::tpflsh, swapped},
+    {property::pressure, property::enthalpy, Function::phflsh},
+    {property::enthalpy, property::pressure, Function::phflsh, swapped}};
 
 // Kept: a temperature alone goes in as a pressure.
-constexpr clsRefprop::Route clsRefprop::densityRoutes[] = {{0, -1, Function::satp},
-                                                           {0, 1, Function::tpflsh},
-                                                           {1, 0, Function::tpflsh, swapped},
-                                                           {1, -1, Function::satp}};
+constexpr clsRefprop::Route clsRefprop::densityRoutes[] = {
+    {property::temperature, property::none, Function::satp},
+    {property::temperature, property::pressure, Function::tpflsh},
+    {property::pressure, property::temperature, Function::tpflsh, swapped},
+    {property::pressure, property::none, Function::satp}};
 
 double clsRefprop::Temperature(double value1, int type1, int kph, double value2, int type2) {
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
-    const double v2 = type2 == -1 ? 0 : Convert.ConvertUnitsRefprop(value2, type2);
+    const double v2 = type2 == property::none ? 0 : Convert.ConvertUnitsRefprop(value2, type2);
     askBy(temperatureRoutes, {type1, type2}, {v1, v2}, kph);
-    return Convert.ConvertUnitsApp(state_.t, 0);
+    return Convert.ConvertUnitsApp(state_.t, property::temperature);
 }
 
 double clsRefprop::Enthalpy(double value1, int type1, double value2, int type2) {
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = Convert.ConvertUnitsRefprop(value2, type2);
     askBy(enthalpyRoutes, {type1, type2}, {v1, v2}, 0);
-    return Convert.ConvertUnitsApp(state_.h, 3);
+    return Convert.ConvertUnitsApp(state_.h, property::enthalpy);
 }
 
 double clsRefprop::Entropy(double value1, int type1, double value2, int type2) {
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = Convert.ConvertUnitsRefprop(value2, type2);
     askBy(entropyRoutes, {type1, type2}, {v1, v2}, 0);
-    return Convert.ConvertUnitsApp(state_.s, 4);
+    return Convert.ConvertUnitsApp(state_.s, property::entropy);
 }
 
 double clsRefprop::Density(double value1, int type1, int kph, std::optional<double> value2, int type2) {
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     double v2 = 0;
     if (value2) {
-        if (type2 == -1) {
+        if (type2 == property::none) {
             showBox(BoxKind::plain, "Il parametro vValue2 non è conforme alle specifiche della funzione");
             return 0;
         }
         v2 = Convert.ConvertUnitsRefprop(*value2, type2);
     }
     const bool isAsked = askBy(densityRoutes, {type1, type2}, {v1, v2}, kph);
-    if (isAsked && type2 == -1) state_.d = state_.dv;  // kept: the vapour's density, whatever kph says
-    return Convert.ConvertUnitsApp(state_.d, 2);
+    if (isAsked && type2 == property::none)
+        state_.d = state_.dv;  // kept: the vapour's density, whatever kph says
+    return Convert.ConvertUnitsApp(state_.d, property::density);
 }
 
 bool clsRefprop::askBy(std::span<const Route> routes, std::pair<int, int> types,

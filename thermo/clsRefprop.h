@@ -16,10 +16,15 @@
 
 namespace marvello {
 
+/// The sides of saturation, for the argument `kph`.
+namespace saturation {
+inline constexpr int bubble = 1;
+inline constexpr int dew = 2;
+}  // namespace saturation
+
 /// The one gateway to thermodynamic properties, bound to one refrigerant. Inputs and results are in the units
-/// of `Convert`: for the set 0 degrees Celsius, bar absolute, kg/m^3, kJ/kg, kJ/kg-K. Property codes are
-/// those of clsConvert; the second code -1 means that there is no second value. `kph` 1 is the bubble side, 2
-/// the dew side.
+/// of `Convert`: for the set 0 degrees Celsius, bar absolute, kg/m^3, kJ/kg, kJ/kg-K. What a value is tells
+/// its code (`property`), which side of saturation is meant `kph` (`saturation`).
 ///
 /// The library's error channel is not acted on: a state outside its range gives what the library leaves, and
 /// its undefined marker shows the box of clsConvert. What protects the results are the envelope and the
@@ -52,13 +57,17 @@ class clsRefprop {
     double Entropy(double value1, int type1, double value2, int type2);
     /// With a pressure alone the saturated vapour's density, whatever `kph` says.
     double Density(double value1, int type1, int kph, std::optional<double> value2 = std::nullopt,
-                   int type2 = -1);
+                   int type2 = property::none);
 
     /// How often the library was asked for a state, for benchmarks and tests.
     long long libraryCalls() const { return libraryCalls_; }
 
   private:
     static constexpr std::size_t maximumComponents = 20;
+    static constexpr RefpropFunctions::Length filesLength = 10000;
+    static constexpr RefpropFunctions::Length mixLength = 255;
+    static constexpr RefpropFunctions::Length referenceLength = 3;
+    static constexpr RefpropFunctions::Length usualErrorLength = 255;
     using Composition = std::array<double, maximumComponents>;
 
     enum class Function : std::uint8_t { satt, satp, tpflsh, tsflsh, phflsh, psflsh };
@@ -85,14 +94,14 @@ class clsRefprop {
         int type1, type2;
         Function function;
         Order order = asGiven;
-        RefpropFunctions::Length errorLength = 255;
+        RefpropFunctions::Length errorLength = usualErrorLength;
     };
     static const Route temperatureRoutes[5];
     static const Route enthalpyRoutes[6];
     static const Route entropyRoutes[4];
     static const Route densityRoutes[4];
 
-    void ask(const Call& call, RefpropFunctions::Length errorLength = 255);
+    void ask(const Call& call, RefpropFunctions::Length errorLength = usualErrorLength);
     void askLibrary(const Call& call, RefpropFunctions::Length errorLength);
     /// Asks by the route of a pair of property codes; false for a pair without one, which shows a
     /// box and changes nothing.
@@ -101,10 +110,10 @@ class clsRefprop {
 
     const RefpropFunctions* library_;
 
-    std::array<char, 10000> hfiles_{};
-    std::array<char, 255> hfmix_{};
-    std::array<char, 3> hrf_{};
-    std::array<char, 255> herr_{};
+    std::array<char, filesLength> hfiles_{};
+    std::array<char, mixLength> hfmix_{};
+    std::array<char, referenceLength> hrf_{};
+    std::array<char, usualErrorLength> herr_{};
     std::int32_t nc_ = 0;
     std::int32_t ixflag_ = 1;
     Composition xkg_{}, z_{}, x_{}, y_{};

@@ -6,66 +6,60 @@ namespace marvello {
 
 namespace {
 
-constexpr int bubble = 1;
-constexpr int dew = 2;
-constexpr int temperatureCode = 0;
-constexpr int pressureCode = 1;
-constexpr int enthalpyCode = 3;
-
 class Coupling {
   public:
     Coupling(CoupledFields& fields, const std::string& refrigerant, clsRefprop& refprop)
         : f_(fields), refprop_(refprop), hasGlide_(uppered(refrigerant) == "R407C") {}
 
     void fromEvaporatingDew() {
-        f_.PE = refprop_.Pressure(f_.TED, dew);
+        f_.PE = refprop_.Pressure(f_.TED, saturation::dew);
         evaporatingMid();
     }
     void fromEvaporatingPressure() {
-        f_.TED = saturation(f_.PE, dew);
+        f_.TED = saturationTemperature(f_.PE, saturation::dew);
         evaporatingMid();
     }
     void fromCondensingDew() {
-        f_.PC = refprop_.Pressure(f_.TCD, dew);
+        f_.PC = refprop_.Pressure(f_.TCD, saturation::dew);
         condensingMid();
     }
     void fromCondensingPressure() {
-        f_.TCD = saturation(f_.PC, dew);
+        f_.TCD = saturationTemperature(f_.PC, saturation::dew);
         condensingMid();
     }
     void fromCondensingMid(const clsPolynomial& surface) {
         const auto& c = surface.c;
         const double m = f_.TCM;
         f_.TCD = c[0] + c[1] * m + c[3] * m * m + c[6] * m * m * m;
-        f_.PC = refprop_.Pressure(f_.TCD, dew);
+        f_.PC = refprop_.Pressure(f_.TCD, saturation::dew);
     }
     void fromEvaporatingMid(const clsPolynomial& surface) {
-        const double pressure = refprop_.Pressure(f_.TCD, dew);
+        const double pressure = refprop_.Pressure(f_.TCD, saturation::dew);
         f_.TED = surface.at(f_.TEM, liquidEnthalpy(pressure));
-        f_.PE = refprop_.Pressure(f_.TED, dew);
+        f_.PE = refprop_.Pressure(f_.TED, saturation::dew);
     }
 
   private:
-    double saturation(double pressure, int side) {
-        return refprop_.Temperature(pressure, pressureCode, side, 0, -1);
+    double saturationTemperature(double pressure, int side) {
+        return refprop_.Temperature(pressure, property::pressure, side, 0, property::none);
     }
 
     double liquidEnthalpy(double pressure) {
-        return refprop_.Enthalpy(saturation(pressure, bubble) - f_.SC, temperatureCode, pressure,
-                                 pressureCode);
+        return refprop_.Enthalpy(saturationTemperature(pressure, saturation::bubble) - f_.SC,
+                                 property::temperature, pressure, property::pressure);
     }
 
     void evaporatingMid() {
         if (hasGlide_) {
-            const double inlet =
-                refprop_.Temperature(liquidEnthalpy(f_.PC), enthalpyCode, dew, f_.PE, pressureCode);
+            const double inlet = refprop_.Temperature(liquidEnthalpy(f_.PC), property::enthalpy,
+                                                      saturation::dew, f_.PE, property::pressure);
             f_.TEM = (f_.TED + inlet) / 2;
         } else {
             // The subcooling is taken off on purpose, for a fluid without glide too.
-            f_.TEM = (f_.TED + saturation(f_.PE, bubble) - f_.SC) / 2;
+            f_.TEM = (f_.TED + saturationTemperature(f_.PE, saturation::bubble) - f_.SC) / 2;
         }
     }
-    void condensingMid() { f_.TCM = (f_.TCD + saturation(f_.PC, bubble)) / 2; }
+    void condensingMid() { f_.TCM = (f_.TCD + saturationTemperature(f_.PC, saturation::bubble)) / 2; }
 
     CoupledFields& f_;
     clsRefprop& refprop_;

@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 #include "controls/MessageBox.h"
 #include "controls/WholeFile.h"
@@ -16,13 +15,6 @@ namespace marvello {
 namespace {
 
 const QString folderKey = QStringLiteral("Export/Folder");
-
-QString suggestedFolder() {
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    for (const QString& folder : {userSettings().value(folderKey).toString(), documents})
-        if (!folder.isEmpty() && QDir(folder).exists()) return folder;
-    return QDir::homePath();
-}
 
 bool mayReplace(QWidget* parent, const QString& path) {
     if (!QFileInfo(path).isFile()) return true;
@@ -42,7 +34,7 @@ QString withExtension(const QString& name, ExportFile::Form form) {
 
 std::optional<ExportFile> chooseExportFile(QWidget* parent) {
     const QString csv = QStringLiteral("CSV (*.csv)");
-    QFileDialog dialog(parent, QStringLiteral("Export to..."), suggestedFolder());
+    QFileDialog dialog(parent, QStringLiteral("Export to..."), keptFolder(folderKey));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters({QStringLiteral("XML (*.xml)"), csv});

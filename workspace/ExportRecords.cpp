@@ -1,7 +1,6 @@
 #include "workspace/ExportRecords.h"
 
 #include <QStringList>
-#include <array>
 #include <utility>
 
 #include "controls/NumberText.h"

@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "controls/AdvanceText.h"
 #include "controls/Link.h"
@@ -19,7 +20,6 @@ constexpr int side = 16;
 constexpr int firstRow = 12;
 constexpr int pitch = 34;
 constexpr int groupGap = 8;
-constexpr int captionWidthAtStart = 112;
 constexpr int secondCaption = 70;
 constexpr int temperatureBox = 80;
 constexpr int valueBox = 106;
@@ -42,7 +42,7 @@ InputPanel::InputPanel(bool hasFrequency, QWidget* parent)
     : Container(parent),
       scroll_(new QScrollArea(this)),
       PicInput_(new QWidget),
-      captionWidth_(captionWidthAtStart) {
+      captionWidth_(usualCaptionWidth) {
     setObjectName(QStringLiteral("CoolFrame1"));
     PicInput_->setObjectName(QStringLiteral("PicInput"));
     QPalette ground = PicInput_->palette();
@@ -152,7 +152,7 @@ void InputPanel::pair(AdvanceText* left, AdvanceText* right) {
     right->setProperty("UnitCaptionWidth", wideUnit);
     // The second caption stands 12 off the box before it.
     constexpr int indent = 12;
-    const int rightCaption = secondCaption - (captionWidth_ - captionWidthAtStart);
+    const int rightCaption = secondCaption - (captionWidth_ - usualCaptionWidth);
     place(right, edge + indent, rowWidth_ - side, rightCaption - indent);
     rowTop_ += pitch;
 }

@@ -17,6 +17,8 @@ class InputPanel : public Container {
     Q_OBJECT
 
   public:
+    static constexpr int usualCaptionWidth = 112;
+
     /// `hasFrequency` adds the frequency of an inverter.
     InputPanel(bool hasFrequency, QWidget* parent);
 

@@ -6,23 +6,31 @@ namespace marvello {
 
 namespace {
 
-bool isOneOf(const QString& key, const QStringList& keys) { return keys.contains(key); }
+constexpr unsigned operator|(Selector a, Selector b) {
+    return static_cast<unsigned>(a) | static_cast<unsigned>(b);
+}
+constexpr unsigned operator|(unsigned mask, Selector selector) {
+    return mask | static_cast<unsigned>(selector);
+}
+
+constexpr unsigned usualMask = Selector::economizer | Selector::oilCooling | Selector::motorVoltage;
 
 }  // namespace
 
 unsigned seriesMask(const QString& serieKey, const QString& refrigerantKey) {
     const QString serie = serieKey.trimmed().toUpper();
+    const auto isOneOf = [&serie](const QStringList& keys) { return keys.contains(serie); };
     unsigned mask = 0;
-    if (serie == u"NL-H")
-        mask = 32;
-    else if (isOneOf(serie, {"TK-A", "TK-A(P)", "TK-A(Q)", "TK-A(V)"}))
-        mask = 15;
-    else if (isOneOf(serie, {"TK-E", "MV-A", "MV-A(V)", "MV-E", "DZ1", "DZ2"}))
-        mask = 13;
-    else if (isOneOf(serie, {"MV-G", "GH", "MV-H"}))
-        mask = 8;
-    if (refrigerantKey.toUpper() == u"R134A" && isOneOf(serie, {"MV-H", "TK-A", "MV-G", "MV-A"}))
-        mask |= static_cast<unsigned>(Selector::motorSize);
+    if (isOneOf({"NL-H"}))
+        mask = mask | Selector::motorRpm;
+    else if (isOneOf({"TK-A", "TK-A(P)", "TK-A(Q)", "TK-A(V)"}))
+        mask = usualMask | Selector::stepCapacity;
+    else if (isOneOf({"TK-E", "MV-A", "MV-A(V)", "MV-E", "DZ1", "DZ2"}))
+        mask = usualMask;
+    else if (isOneOf({"MV-G", "GH", "MV-H"}))
+        mask = mask | Selector::motorVoltage;
+    if (refrigerantKey.toUpper() == u"R134A" && isOneOf({"MV-H", "TK-A", "MV-G", "MV-A"}))
+        mask = mask | Selector::motorSize;
     return mask;
 }
 
@@ -38,8 +46,7 @@ SuperheatRange superheatRange(const QString& refrigerantKey, bool isImperial, bo
     if (isDifference)
         return {0, isImperial ? (isPropane ? 72.0 : 36.0) : (isPropane ? 40.0 : 20.0),
                 isImperial ? 18.0 : 10.0};
-    // The imperial bounds of a suction temperature are not the metric ones converted; they are kept as they
-    // are.
+    // Kept: the imperial bounds of a suction temperature are not the metric ones converted.
     const double high = isImperial ? (isPropane ? 104.0 : 68.0) : (isPropane ? 40.0 : 20.0);
     return {evaporatingDew, evaporatingDew + high, evaporatingDew + (isImperial ? 50.0 : 10.0)};
 }

@@ -8,7 +8,7 @@ namespace marvello {
 
 /// The selectors that a series may switch on, as bits of its mask.
 enum class Selector : unsigned {
-    economiser = 1,
+    economizer = 1,
     stepCapacity = 2,
     oilCooling = 4,
     motorVoltage = 8,

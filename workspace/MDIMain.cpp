@@ -35,8 +35,6 @@ namespace marvello {
 
 namespace {
 
-const QString defaultLanguage = QStringLiteral("en-EN");
-
 /// The area of the forms; while there is none it shows the emblem.
 class WorkArea : public QMdiArea {
   public:
@@ -149,7 +147,7 @@ void MDIMain::makeAlphaStamp() {
 }
 
 void MDIMain::populateDictionary(const QString& language) {
-    gApplication().populateDictionary(toCore(defaultLanguage), toCore(language));
+    gApplication().populateDictionary(defaultLanguage, toCore(language));
 }
 
 void MDIMain::populateLanguages() {

@@ -41,7 +41,7 @@ class MDIMain : public QMainWindow {
     SelectionForm* ActiveForm() const;
     QList<SelectionForm*> forms() const;
 
-    /// Loads the dictionary of a language against the default "en-EN".
+    /// Loads the dictionary of a language against the default language.
     void populateDictionary(const QString& language);
     /// Reads all captions of the frame anew.
     void Traduci();

@@ -8,10 +8,7 @@ namespace marvello {
 
 namespace {
 
-constexpr int celsiusToFahrenheit = 2;
-constexpr int fahrenheitToCelsius = 4;
 constexpr double fahrenheitInKelvin = 1.8;
-constexpr int pressureCode = 1;
 
 /// To a thousand millionth: the last bits of a conversion must not decide on which side of a limit a
 /// temperature stands, such as 2 degrees Celsius typed as 35.6 degrees Fahrenheit.
@@ -25,8 +22,9 @@ double withoutNoise(double value) {
 
 double convertedTemperature(double value, MeasureSystem from, MeasureSystem to) {
     if (from == to) return value;
-    return withoutNoise(clsConvert().ConvertValue(
-        value, to == MeasureSystem::imperial ? celsiusToFahrenheit : fahrenheitToCelsius));
+    return withoutNoise(clsConvert().ConvertValue(value, to == MeasureSystem::imperial
+                                                             ? conversion::celsiusToFahrenheit
+                                                             : conversion::fahrenheitToCelsius));
 }
 
 double convertedDifference(double value, MeasureSystem from, MeasureSystem to) {
@@ -42,7 +40,7 @@ double convertedPressure(double value, MeasureSystem from, MeasureSystem to) {
     clsConvert target;
     source.Initialize(static_cast<int>(from));
     target.Initialize(static_cast<int>(to));
-    return target.ConvertUnitsApp(source.ConvertUnitsRefprop(value, pressureCode), pressureCode);
+    return target.ConvertUnitsApp(source.ConvertUnitsRefprop(value, property::pressure), property::pressure);
 }
 
 }  // namespace marvello

@@ -9,10 +9,8 @@ namespace marvello {
 
 namespace {
 
-constexpr int smallMotor = 0;
-
 QString motorSize(const clsCompressor& compressor) {
-    const bool isSmall = compressor.Motor.MotorType == smallMotor;
+    const bool isSmall = compressor.Motor.MotorType == motorType::smallMotor;
     const QString size = isSmall ? QStringLiteral("Small") : QStringLiteral("Full");
     if (!compressor.Motor.isStandard) return size;
     return compressor.hasFullSmallMotor ? QStringLiteral("Standard (%1)").arg(size)

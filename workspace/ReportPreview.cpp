@@ -8,9 +8,9 @@
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/Icons.h"
 #include "controls/MessageBox.h"
@@ -22,14 +22,7 @@ namespace marvello {
 
 namespace {
 
-const QString folderSetting = QStringLiteral("Reports/Folder");
-
-QString reportFolder() {
-    const QString kept = userSettings().value(folderSetting).toString();
-    return QDir(kept).exists() && !kept.isEmpty()
-               ? kept
-               : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-}
+const QString folderKey = QStringLiteral("Reports/Folder");
 
 }  // namespace
 
@@ -124,13 +117,13 @@ QString ReportPreview::suggestedName() const {
 void ReportPreview::save() {
     const QString ending = QStringLiteral(".pdf");
     QFileDialog dialog(this, withoutAccessKey(dictionaryText(QStringLiteral("report.savepdf.caption"))),
-                       reportFolder(), QStringLiteral("PDF (*.pdf)"));
+                       keptFolder(folderKey), QStringLiteral("PDF (*.pdf)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(ending.mid(1));
     dialog.selectFile(suggestedName());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
     const QString file = dialog.selectedFiles().front();
-    userSettings().setValue(folderSetting, QFileInfo(file).absolutePath());
+    userSettings().setValue(folderKey, QFileInfo(file).absolutePath());
     if (const QString fault = saveReport(file, printer_.pageLayout(), report_); !fault.isEmpty())
         MessageBox::show(this, MessageBox::Mark::critical,
                          filled(dictionaryText(QStringLiteral("report.notsaved")),

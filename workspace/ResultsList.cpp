@@ -1,9 +1,8 @@
 #include "workspace/ResultsList.h"
 
-#include <QHash>
 #include <QStringList>
-#include <cmath>
-#include <stdexcept>
+#include <algorithm>
+#include <array>
 
 #include "controls/NumberText.h"
 #include "thermo/clsConvert.h"
@@ -13,8 +12,8 @@ namespace marvello {
 
 namespace {
 
-/// True when the economised cycle found no solution for the compressor.
-bool isStoppedByEconomiser(const clsCompressor& compressor) {
+/// True when the economized cycle found no solution for the compressor.
+bool isStoppedByEconomizer(const clsCompressor& compressor) {
     if (!compressor.Variables.Exist("EcoOK")) return false;
     const clsVariable& variable = compressor.Variables.Item("EcoOK");
     return variable.isNumber() && variable.number() == -1;
@@ -27,14 +26,14 @@ QString patternOf(const QString& key) {
     return QStringLiteral("#0.0");
 }
 
-bool needsEconomiserPort(const QString& key) {
+bool needsEconomizerPort(const QString& key) {
     static const QStringList keys{"qeco", "qecobtu", "ptaeco", "copeco", "caeco", "meco", "peco"};
     return keys.contains(key);
 }
 
 double valueOf(clsCompressor& compressor, const QString& key) {
     const clsVariables& variables = compressor.Variables;
-    if (needsEconomiserPort(key) && !compressor.Economizer.hasPort()) return 0;
+    if (needsEconomizerPort(key) && !compressor.Economizer.hasPort()) return 0;
     if (key == u"q0btu") return variables("q0");
     if (key == u"qeco" || key == u"qecobtu") return variables("Q0") + variables("qeco");
     if (key == u"@fla") return compressor.Fla;
@@ -43,32 +42,52 @@ double valueOf(clsCompressor& compressor, const QString& key) {
     return variables(toCore(key));
 }
 
-/// How the value of a column goes to the imperial system: a conversion of clsConvert, or none.
-int imperialConversion(const QString& key) {
-    constexpr int none = -1;
-    static const QHash<QString, int> conversions{
-        {"q0", 0},   {"qeco", 0}, {"pra", 0},  {"q0btu", 0}, {"qecobtu", 0}, {"mbase", 1}, {"meco", 1},
-        {"peco", 7}, {"p9", 7},   {"pliq", 7}, {"tsca", 2},  {"t31", 2},     {"t3", 2},    {"tsat", 2}};
-    return conversions.value(key, none);
+/// How a column goes to the imperial system.
+struct ImperialColumn {
+    const char* key;
+    int conversion;    ///< of clsConvert
+    const char* unit;  ///< "F" for degrees Fahrenheit; empty where the column keeps its own
+};
+
+// Kept: pressures ask for a conversion that changes nothing, so that they stand in bar under "psia", and T3
+// is converted under its own unit.
+constexpr std::array<ImperialColumn, 14> imperialColumns{{{"q0", conversion::kilowattsToTons, "Tons"},
+                                                          {"qeco", conversion::kilowattsToTons, "Tons"},
+                                                          {"pra", conversion::kilowattsToTons, "Tons"},
+                                                          {"q0btu", conversion::kilowattsToTons, "Btu"},
+                                                          {"qecobtu", conversion::kilowattsToTons, "Btu"},
+                                                          {"mbase", conversion::kilogramsToPounds, "lb/h"},
+                                                          {"meco", conversion::kilogramsToPounds, "lb/h"},
+                                                          {"peco", conversion::unchanged, "psia"},
+                                                          {"p9", conversion::unchanged, "psia"},
+                                                          {"pliq", conversion::unchanged, "psia"},
+                                                          {"tsca", conversion::celsiusToFahrenheit, "F"},
+                                                          {"t31", conversion::celsiusToFahrenheit, "F"},
+                                                          {"t3", conversion::celsiusToFahrenheit, ""},
+                                                          {"tsat", conversion::celsiusToFahrenheit, "F"}}};
+
+/// Nothing for a column that stays metric; `key` in lower case.
+const ImperialColumn* imperialColumn(const QString& key) {
+    const auto* const found = std::ranges::find_if(
+        imperialColumns, [&key](const ImperialColumn& column) { return key == QLatin1String(column.key); });
+    return found == imperialColumns.end() ? nullptr : found;
 }
 
 double imperialValue(double value, const QString& key) {
-    constexpr int tonsToBtu = 9;
-    const int conversion = imperialConversion(key);
-    if (conversion < 0) return value;
+    const ImperialColumn* const column = imperialColumn(key);
+    if (!column) return value;
     clsConvert convert;
-    const double converted = convert.ConvertValue(value, conversion);
+    const double converted = convert.ConvertValue(value, column->conversion);
     if (key != u"q0btu" && key != u"qecobtu") return converted;
     // From the tons as they are shown.
     const auto shown = typedNumber(formatNumber(converted, u"#.#", QLocale::c()));
-    return convert.ConvertValue(shown.value_or(0), tonsToBtu);
+    return convert.ConvertValue(shown.value_or(0), conversion::tonsToBtu);
 }
 
 /// Adds the power per ton of refrigeration, which only this list knows.
 void addPowerPerTon(clsCompressor& compressor) {
-    constexpr int kilowattsToTons = 0;
     if (compressor.Variables.Exist("ikw/ton")) return;
-    const double tons = clsConvert().ConvertValue(compressor.Variables("q0"), kilowattsToTons);
+    const double tons = clsConvert().ConvertValue(compressor.Variables("q0"), conversion::kilowattsToTons);
     if (tons != 0) compressor.Variables.add("ikw/ton", compressor.Variables("Pta") / tons);
 }
 
@@ -87,16 +106,16 @@ clsOutputs readOutputs(const QString& text) {
     return outputs;
 }
 
-bool isShown(int visibility, bool isImperial, bool hasEconomiser) {
+bool isShown(int visibility, bool isImperial, bool hasEconomizer) {
     switch (visibility) {
         case 1:
-            return hasEconomiser;
+            return hasEconomizer;
         case 2:
-            return !hasEconomiser;
+            return !hasEconomizer;
         case 3:
             return isImperial;
         case 4:
-            return isImperial && hasEconomiser;
+            return isImperial && hasEconomizer;
         default:
             return true;
     }
@@ -110,15 +129,12 @@ QString markOf(const clsCompressor& compressor) {
 }
 
 bool isBlank(const clsCompressor& compressor) {
-    return compressor.Messages.Error.Count() > 0 || isStoppedByEconomiser(compressor);
+    return compressor.Messages.Error.Count() > 0 || isStoppedByEconomizer(compressor);
 }
 
 QString imperialUnit(const QString& key) {
-    static const QHash<QString, QString> units{
-        {"q0", "Tons"},    {"qeco", "Tons"}, {"pra", "Tons"},  {"q0btu", "Btu"}, {"qecobtu", "Btu"},
-        {"mbase", "lb/h"}, {"meco", "lb/h"}, {"peco", "psia"}, {"p9", "psia"},   {"pliq", "psia"},
-        {"tsca", "F"},     {"t31", "F"},     {"tsat", "F"}};
-    return units.value(key.toLower());
+    const ImperialColumn* const column = imperialColumn(key.toLower());
+    return column ? QString(QLatin1String(column->unit)) : QString();
 }
 
 QString resultText(clsCompressor& compressor, const QString& key, bool isImperial, const QLocale& locale) {
@@ -129,7 +145,7 @@ QString resultText(clsCompressor& compressor, const QString& key, bool isImperia
         if (!variable.isNumber()) return fromCore(variable.text());
     }
     double value = valueOf(compressor, name);
-    if (isImperial && !(needsEconomiserPort(name) && !compressor.Economizer.hasPort()))
+    if (isImperial && !(needsEconomizerPort(name) && !compressor.Economizer.hasPort()))
         value = imperialValue(value, name);
     if (value == 0) return name == u"pra" ? QStringLiteral("0") : QStringLiteral("-");
     return formatNumber(value, patternOf(name), locale);

@@ -13,10 +13,10 @@ namespace marvello {
 clsOutputs readOutputs(const QString& text);
 
 /// Whether a column of that visibility is shown.
-bool isShown(int visibility, bool isImperial, bool hasEconomiser);
+bool isShown(int visibility, bool isImperial, bool hasEconomizer);
 
 /// The mark of a compressor: "ledgreen", "ledorange" with warnings, "ledred" in error or without the
-/// economiser that was asked for.
+/// economizer that was asked for.
 QString markOf(const clsCompressor& compressor);
 
 /// True when the mark leaves the columns blank.

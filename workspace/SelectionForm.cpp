@@ -37,7 +37,6 @@ constexpr int mostPanelWidth = 520;
 constexpr int leastPanelWidth = 400;
 constexpr int leastListHeight = 120;
 constexpr int listHeightAtStart = 338;
-constexpr int captionWidth = 112;
 constexpr int wideCaptionWidth = 116;
 
 /// The pages in the order of their tabs: the key of the tab, and the text of its entry in the pop-up menu.
@@ -226,7 +225,7 @@ void SelectionForm::applySet(const QString& key) {
 
 void SelectionForm::Traduci() {
     const bool isChinese = gApplication().User().language == "cn-CN";
-    panel_->ResizeControls(isChinese ? wideCaptionWidth : captionWidth);
+    panel_->ResizeControls(isChinese ? wideCaptionWidth : InputPanel::usualCaptionWidth);
     applySet(QStringLiteral("populate"));
     panel_->lnkCalculate->setText(dictionaryText(QStringLiteral("frmselection.lnkcalculate.caption")));
     panel_->SetCaptionText(dictionaryText(QStringLiteral("frmselection.coolframe1.captiontext")));
@@ -238,8 +237,8 @@ void SelectionForm::Traduci() {
         if (field->Locked()) showChoice(field);
     showUnits();
     sayRanges();
-    markDerived(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
-    markDerived(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
+    markDerived(evaporatingLeader());
+    markDerived(condensingLeader());
     relistResults();
 }
 

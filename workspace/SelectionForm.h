@@ -146,13 +146,18 @@ class SelectionForm : public QWidget {
     void showChoice(AdvanceText* field);
     void SyncTemperatureFields(const QString& leader);
     void typedIn(AdvanceText* field);
+    /// The name of a field among those that hang together: "ted" of txtTED.
+    static QString nameInCouple(const AdvanceText* field);
     QList<AdvanceText*> coupleOf(const QString& name) const;
+    /// The name of the temperature that leads: "ted" or "tem", "tcd" or "tcm".
+    QString evaporatingLeader() const;
+    QString condensingLeader() const;
     /// Marks the field that leads a couple when its value leads nowhere, and blanks what follows it; a blank
     /// reason takes that back.
     void refuseLeader(const QString& leader, const QString& reason);
     void markDerived(const QString& leader);
     /// Works the coupled fields out anew from those that lead.
-    void followMasters();
+    void followLeaders();
     /// Says beside a field that its value is beyond its range, and what is permitted.
     void sayRanges();
     static void sayRange(AdvanceText* field, double low, double high);
@@ -211,8 +216,8 @@ class SelectionForm : public QWidget {
     QString description_;
     MeasureSystem measureUnit_ = MeasureSystem::metric;
     int groupBy_ = 0;
-    int evaporatingMaster_ = 0;  // 1 when the mid temperature leads
-    int condensingMaster_ = 0;
+    bool midLeadsEvaporation_ = false;  ///< else the dew temperature does, or the pressure
+    bool midLeadsCondensation_ = false;
     int keptSplitterPos_ = 0;
     bool collapsed_ = false;
 

@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "catalogue/Globals.h"
 #include "controls/AdvanceText.h"
@@ -28,7 +29,25 @@ QString descriptionOf(const QString& key, const QString& list) {
     return fromCore(ListLookup(toCore(key), toCore(list)));
 }
 
-void write(AdvanceText* field, const QString& key) { field->setkey(key); }
+/// What a selector stands at in a new form, and where a series does not offer it.
+struct NeutralKey {
+    const char* field;
+    const char* key;
+};
+constexpr std::array<NeutralKey, 7> neutralKeys{{{"cmbStepCapacity", "100"},
+                                                 {"cmbMotorVoltage", "400_50"},
+                                                 {"cmbMotorSize", "-1"},
+                                                 {"cmbEco", "0"},
+                                                 {"cmbMotorRPM", "1450"},
+                                                 {"cmbOilCooling", "1"},
+                                                 {"cmbSh", "0"}}};
+
+/// Empty for a field that has none.
+QString neutralKeyOf(const AdvanceText* field) {
+    for (const auto& [name, key] : neutralKeys)
+        if (field->objectName() == QLatin1String(name)) return QLatin1String(key);
+    return {};
+}
 
 /// The texts of one column, as a list in which every text is its own description.
 QString pairsOf(const QStringList& keys) {
@@ -64,14 +83,9 @@ QString helpOf(const AdvanceText* field) {
 }  // namespace
 
 void SelectionForm::writeDefaults() {
-    write(panel_->cmbStepCapacity, QStringLiteral("100"));
+    for (AdvanceText* field : panel_->fields())
+        if (const QString key = neutralKeyOf(field); !key.isEmpty()) field->setkey(key);
     panel_->cmbStepCapacity->SetTag1(QStringLiteral("100|100%;75|75%;50|50%;25|Start/Stop(25%)"));
-    write(panel_->cmbMotorVoltage, QStringLiteral("400_50"));
-    write(panel_->cmbMotorSize, QStringLiteral("-1"));
-    write(panel_->cmbEco, QStringLiteral("0"));
-    write(panel_->cmbMotorRPM, QStringLiteral("1450"));
-    write(panel_->cmbOilCooling, QStringLiteral("1"));
-    write(panel_->cmbSh, QStringLiteral("0"));
     panel_->txtTED->SetTextValue(2.0);
     panel_->txtTCD->SetTextValue(40.0);
     panel_->txtSC->SetTextValue(5.0);
@@ -104,9 +118,8 @@ void SelectionForm::connectCoupledFields() {
                                panel_->txtPC, panel_->txtSC}) {
         connect(field, &AdvanceText::TextChange, this, [this, field] { typedIn(field); });
         connect(field, &AdvanceText::KeyPress, this, [this, field](int key) {
-            if (key != 13) return;
-            SyncTemperatureFields(field == panel_->txtSC ? QStringLiteral("ted")
-                                                         : field->objectName().mid(3));
+            if (key != AdvanceText::enterCode) return;
+            SyncTemperatureFields(field == panel_->txtSC ? QStringLiteral("ted") : nameInCouple(field));
         });
     }
     connect(panel_->txtSC, &AdvanceText::TextValidate, this,
@@ -227,22 +240,16 @@ void SelectionForm::ApplySeriesRules() {
 }
 
 void SelectionForm::ApplyInputMask(unsigned mask) {
-    struct Entry {
-        AdvanceText* field;
-        Selector selector;
-        const char* neutralKey;
-    };
-    for (const auto& [field, selector, neutralKey] :
-         {Entry{panel_->cmbMotorSize, Selector::motorSize, "-1"},
-          Entry{panel_->cmbMotorVoltage, Selector::motorVoltage, "400_50"},
-          Entry{panel_->cmbStepCapacity, Selector::stepCapacity, "100"},
-          Entry{panel_->cmbEco, Selector::economiser, "0"},
-          Entry{panel_->cmbOilCooling, Selector::oilCooling, "1"},
-          Entry{panel_->cmbMotorRPM, Selector::motorRpm, "1450"}}) {
+    for (const auto& [field, selector] : {std::pair{panel_->cmbMotorSize, Selector::motorSize},
+                                          {panel_->cmbMotorVoltage, Selector::motorVoltage},
+                                          {panel_->cmbStepCapacity, Selector::stepCapacity},
+                                          {panel_->cmbEco, Selector::economizer},
+                                          {panel_->cmbOilCooling, Selector::oilCooling},
+                                          {panel_->cmbMotorRPM, Selector::motorRpm}}) {
         const bool enabled = allows(mask, selector);
         field->setEnabled(enabled);
         if (enabled) continue;
-        if (field->Key() != QLatin1String(neutralKey)) field->SetKey(QLatin1String(neutralKey));
+        if (const QString key = neutralKeyOf(field); field->Key() != key) field->SetKey(key);
         showChoice(field);
     }
 }
@@ -286,6 +293,18 @@ void SelectionForm::SyncTemperatureFields(const QString& leader) {
             field->SetTextValue(rule(fields.*value, MeasureSystem::metric, measureUnit_));
 }
 
+QString SelectionForm::nameInCouple(const AdvanceText* field) {
+    return field->objectName().mid(QStringLiteral("txt").size()).toLower();
+}
+
+QString SelectionForm::evaporatingLeader() const {
+    return midLeadsEvaporation_ ? QStringLiteral("tem") : QStringLiteral("ted");
+}
+
+QString SelectionForm::condensingLeader() const {
+    return midLeadsCondensation_ ? QStringLiteral("tcm") : QStringLiteral("tcd");
+}
+
 QList<AdvanceText*> SelectionForm::coupleOf(const QString& name) const {
     if (name == u"ted" || name == u"tem" || name == u"pe")
         return {panel_->txtTED, panel_->txtTEM, panel_->txtPE};
@@ -295,7 +314,7 @@ QList<AdvanceText*> SelectionForm::coupleOf(const QString& name) const {
 void SelectionForm::refuseLeader(const QString& leader, const QString& reason) {
     const QString name = leader.toLower();
     for (AdvanceText* field : coupleOf(name)) {
-        const bool leads = field->objectName().mid(3).toLower() == name;
+        const bool leads = nameInCouple(field) == name;
         field->SetRefusal(leads ? reason : QString());
         if (!leads && !reason.isEmpty()) field->SetUnknown();
     }
@@ -304,31 +323,29 @@ void SelectionForm::refuseLeader(const QString& leader, const QString& reason) {
 void SelectionForm::typedIn(AdvanceText* field) {
     // A number that is typed half follows nothing yet.
     if (!typedNumber(field->TextText())) return;
-    const QString name = field->objectName().mid(3).toLower();
-    const auto evaporating = [this] {
-        return evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted");
-    };
+    const QString name = nameInCouple(field);
     if (name == u"sc") {
-        if (hasGlide()) SyncTemperatureFields(evaporating());
+        if (hasGlide()) SyncTemperatureFields(evaporatingLeader());
         return;
     }
-    if (name == u"ted" || name == u"pe") evaporatingMaster_ = 0;
-    if (name == u"tem") evaporatingMaster_ = 1;
-    if (name == u"tcd") condensingMaster_ = 0;
-    if (name == u"tcm") condensingMaster_ = 1;
+    if (name == u"ted" || name == u"pe") midLeadsEvaporation_ = false;
+    if (name == u"tem") midLeadsEvaporation_ = true;
+    // Kept: a condensing pressure leaves the leader as it was.
+    if (name == u"tcd") midLeadsCondensation_ = false;
+    if (name == u"tcm") midLeadsCondensation_ = true;
     markDerived(name);
     SyncTemperatureFields(name);
     const bool isCondensing = name == u"tcd" || name == u"tcm" || name == u"pc";
-    if (isCondensing && hasGlide()) SyncTemperatureFields(evaporating());
+    if (isCondensing && hasGlide()) SyncTemperatureFields(evaporatingLeader());
 }
 
 void SelectionForm::markDerived(const QString& leader) {
     const QList<AdvanceText*> couple = coupleOf(leader);
     QString origin;
     for (const AdvanceText* field : couple)
-        if (field->objectName().mid(3).toLower() == leader) origin = field->CaptionText();
+        if (nameInCouple(field) == leader) origin = field->CaptionText();
     for (AdvanceText* field : couple) {
-        const bool leads = field->objectName().mid(3).toLower() == leader;
+        const bool leads = nameInCouple(field) == leader;
         field->SetDerived(!leads);
         field->setToolTip(leads ? QString()
                                 : filled(dictionaryText(QStringLiteral("frmselection.derived")), {origin}));
@@ -345,9 +362,9 @@ void SelectionForm::walkPair(const AdvanceText* field) {
         for (AdvanceText* member : pair) member->setTabStop(pair.contains(field));
 }
 
-void SelectionForm::followMasters() {
-    SyncTemperatureFields(condensingMaster_ == 1 ? QStringLiteral("tcm") : QStringLiteral("tcd"));
-    SyncTemperatureFields(evaporatingMaster_ == 1 ? QStringLiteral("tem") : QStringLiteral("ted"));
+void SelectionForm::followLeaders() {
+    SyncTemperatureFields(condensingLeader());
+    SyncTemperatureFields(evaporatingLeader());
 }
 
 void SelectionForm::sayRange(AdvanceText* field, double low, double high) {
@@ -407,7 +424,7 @@ void SelectionForm::MeasureUnits(int unit, bool refresh) {
     showUnits();
     sayRanges();
     if (measureUnit_ == before || !refresh) return;
-    followMasters();
+    followLeaders();
     relistResults();
 }
 

@@ -29,12 +29,12 @@ void SelectionForm::populateLVCPS(int groupBy) {
     outputs_ = readOutputs(lvCps_->Tag());
     lvCps_->clear();
     const bool isImperial = measureUnit_ == MeasureSystem::imperial;
-    const bool hasEconomiser = panel_->cmbEco->Key() != u"0";
+    const bool hasEconomizer = panel_->cmbEco->Key() != u"0";
     std::vector<ResultsView::Column> columns{{QStringLiteral("compressor"),
                                               dictionaryText(QStringLiteral("variables.compressor.name")),
                                               QString()}};
     for (const clsOutput& output : outputs_)
-        if (isShown(output.Visibility, isImperial, hasEconomiser))
+        if (isShown(output.Visibility, isImperial, hasEconomizer))
             columns.push_back({fromCore(output.Key), fromCore(output.Name) + u'(' + unitOf(output) + u')',
                                fromCore(output.Description)});
     lvCps_->setColumns(columns);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 #include "controls/AdvanceText.h"
 #include "controls/MessageBox.h"
@@ -30,7 +31,7 @@ void SelectionForm::lnkCalculate_Click() {
 bool SelectionForm::allInputsValid() {
     for (AdvanceText* field : panel_->fields()) {
         // What was refused may have been mended meanwhile, as a missing fluid file.
-        if (!field->Refusal().isEmpty()) SyncTemperatureFields(field->objectName().mid(3));
+        if (!field->Refusal().isEmpty()) SyncTemperatureFields(nameInCouple(field));
         if (!field->Refusal().isEmpty()) {
             MessageBox::show(this, MessageBox::Mark::critical, field->Refusal());
             field->setFocus();
@@ -84,8 +85,8 @@ bool SelectionForm::runSelection() {
     QString fault;
     const CollectedBoxes said;  // what the run says in boxes is said once, after it
     try {
-        if (const std::string& said = GetRefprop(refrigerant).SetupFault(); !said.empty())
-            fault = fromCore(said);
+        if (const std::string& refused = GetRefprop(refrigerant).SetupFault(); !refused.empty())
+            fault = fromCore(refused);
         else
             Selection_->Selection(conditions(), serie, toCore(panel_->lstModels->Key()), refrigerant, market);
     } catch (const std::exception& error) {

@@ -31,8 +31,8 @@ FormState SelectionForm::state() const {
             state.values[field->objectName()] = field->number();
     }
     state.columnWidths = lvCps_->chosenWidths();
-    state.midLeadsEvaporation = evaporatingMaster_ == 1;
-    state.midLeadsCondensation = condensingMaster_ == 1;
+    state.midLeadsEvaporation = midLeadsEvaporation_;
+    state.midLeadsCondensation = midLeadsCondensation_;
     return state;
 }
 
@@ -53,9 +53,9 @@ void SelectionForm::takeOver(const FormState& state) {
     for (AdvanceText* field : panel_->fields())
         if (const auto value = state.values.find(field->objectName()); value != state.values.end())
             field->SetTextValue(*value);
-    evaporatingMaster_ = state.midLeadsEvaporation && hasGlide() ? 1 : 0;
-    condensingMaster_ = state.midLeadsCondensation && hasGlide() ? 1 : 0;
-    followMasters();
+    midLeadsEvaporation_ = state.midLeadsEvaporation && hasGlide();
+    midLeadsCondensation_ = state.midLeadsCondensation && hasGlide();
+    followLeaders();
     MeasureUnits(unit, true);
     gestioneSH(false);
     lvCps_->setChosenWidths(state.columnWidths);

@@ -18,6 +18,11 @@ TEST(Texts, TrimAndFoldAsciiOnly) {
     EXPECT_FALSE(equalIgnoringCase("R134", "R134A"));
 }
 
+TEST(Texts, SplitKeepsEmptyPieces) {
+    EXPECT_EQ(splitText("a;;b;", ';'), (std::vector<std::string>{"a", "", "b", ""}));
+    EXPECT_EQ(splitText("", ';'), std::vector<std::string>{""});
+}
+
 TEST(Texts, ListLookupFindsTheFirstCaption) {
     EXPECT_EQ(ListLookup("*", "*|ALL"), "ALL");
     EXPECT_EQ(ListLookup(" B ", ";;a|One; b |Two;B|Three;"), "Two");

@@ -46,7 +46,7 @@ struct Duty {
 const Typed evaporating2{"txtTED", "2", "35.6", "--ted"};
 const Typed condensing40{"txtTCD", "40", "104", "--tcd"};
 
-// Temperatures (F - 32) / 1.8; differences, and the economiser in every mode, F / 1.8.
+// Temperatures (F - 32) / 1.8; differences, and the economizer in every mode, F / 1.8.
 // clang-format off
 const std::vector<Duty> duties{
     {"plain", "R134A", "TK-A", false, {}, {evaporating2, condensing40}},

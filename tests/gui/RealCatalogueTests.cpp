@@ -185,7 +185,7 @@ TEST_P(RealCatalogueTest, TheHelpOfEachInputHasRoom) {
         return texts;
     };
     const QStringList shown = helps();
-    EXPECT_EQ(QSet<QString>(shown.begin(), shown.end()).size(), 18);  // economiser and its value share theirs
+    EXPECT_EQ(QSet<QString>(shown.begin(), shown.end()).size(), 18);  // economizer and its value share theirs
     window->resize(1440, 1200);
     EXPECT_EQ(helps().join('\n').toStdString(),
               shown.join('\n').toStdString());  // nothing was left out for want of room

@@ -229,7 +229,7 @@ std::vector<Fault> faultsOfTexts() {
          "warning: texts are missing, so that the program shows those of en-EN: messages.message31",
          "tDictionary.it-IT.csv:"},
         {italian, "", "append", "general.nobody,x",
-         "the key general.nobody has no text in en-en; add it there"},
+         "the key general.nobody has no text in en-EN; add it there"},
         {italian, "frmselection.cmbsh.item0,", "fText", "a|b", "\"0|a|b\" is no choice",
          "tParametersRows.csv:"},
         {"thelp.en-EN.csv", "", "append", "terms,plain", "fhelp: the document is no rich text"},

@@ -116,6 +116,10 @@ TEST(CatalogueFit, WarnsWhereAnEnvelopeLeavesThePoints) {
         fitted(points, request).warnings,
         ElementsAre(HasSubstr("up to 5 K beyond the points, where the surface is extrapolated: at 13,64, "
                               "-22,60")));
+    // From the only point, 3 K to the right and 4 K above.
+    request.limit = {{-10, 40}, {-7, 44}};
+    EXPECT_THAT(fitted(pointsAt({-10}, {40}, capacity), request).warnings,
+                Contains(HasSubstr("up to 5 K beyond the points")));
 }
 
 // The error of so small a value, over the value, is beyond any number.

@@ -2,6 +2,12 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+#include <fstream>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tools/csv/FileText.h"
+
 using namespace marvello;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -56,6 +62,18 @@ TEST(Csv, RefusesInvalidUtf8) {
     for (const auto* bad :
          {"\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"})
         EXPECT_FALSE(isUtf8(bad));
+}
+
+TEST(FileText, GivesEveryByteAndNothingOfWhatIsNoFile) {
+    const std::filesystem::path folder = marvello::test::newTemporaryFolder("marvello-text");
+    const std::string bytes("a\r\n\0\xFF\n", 6);
+    std::ofstream(folder / "bytes", std::ios::binary) << bytes;
+    std::ofstream(folder / "empty");
+    EXPECT_EQ(fileText(folder / "bytes"), bytes);
+    EXPECT_EQ(fileText(folder / "empty"), "");
+    EXPECT_EQ(fileText(folder / "missing"), std::nullopt);
+    EXPECT_EQ(fileText(folder), std::nullopt);
+    std::filesystem::remove_all(folder);
 }
 
 }  // namespace

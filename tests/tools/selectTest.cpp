@@ -68,12 +68,13 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
              Refusal{"--refrigerant R134A --series TK-A --ted nan --tcd 40", "\"nan\" is no number"},
              Refusal{at + " --sh 1,5", "\"1,5\" is no number"},
              Refusal{at + " --hz 50.5", "no whole number"},
-             Refusal{at + " --frequency 1e39", "1e39 is too large"},
+             Refusal{at + " --frequency 1e39", "frequency: \"1e39\" is too large"},
              Refusal{at + " --colour red", "--colour"},
              Refusal{"--refrigerant R999 --series TK-A --ted 2 --tcd 40", "no refrigerant R999", 1},
              Refusal{"--refrigerant R134A --series \"O'Neill\" --ted 2 --tcd 40", "no series O'Neill", 1},
              Refusal{at + " --models \"120;9999\"", "no model 9999", 1},
              Refusal{"--batch /nowhere.csv", "/nowhere.csv cannot be read"},
+             Refusal{"--batch /", "the file / cannot be read"},
          }) {
         expectRefused("marvello-select", refusal);
     }
@@ -81,6 +82,8 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
               0);  // outside the envelope: listed, with its message
     EXPECT_EQ(call(std::string(point) + " --sh 1000").status, 0);
     EXPECT_EQ(call(std::string(point) + " --step 60").status, 0);  // the rules say what is wrong with it
+    EXPECT_EQ(call("--list >&-").status, 2);                       // nowhere to print to
+    EXPECT_EQ(call(std::string(point) + " >&-").status, 2);
     EXPECT_NE(call("--list --inverter").out.find("R134A  TK-D  140;"), std::string::npos);
     // Beyond the fluid's own range, for ten compressors: said once.
     const Answer beyond = call("--refrigerant R134A --series TK-A --ted 500 --tcd 40", Listen::errors);

@@ -39,7 +39,7 @@ TEST(ReadOutputs, ReadsTheColumnsAndLeavesBrokenOnesOut) {
 TEST(IsShown, FollowsTheVisibility) {
     struct Case {
         int visibility;
-        bool isImperial, hasEconomiser, shown;
+        bool isImperial, hasEconomizer, shown;
     };
     for (const auto& c : {Case{1, false, true, true},
                           {1, false, false, false},
@@ -52,7 +52,7 @@ TEST(IsShown, FollowsTheVisibility) {
                           {4, false, true, false},
                           {0, false, false, true},
                           {9, false, false, true}})
-        EXPECT_EQ(isShown(c.visibility, c.isImperial, c.hasEconomiser), c.shown) << c.visibility;
+        EXPECT_EQ(isShown(c.visibility, c.isImperial, c.hasEconomizer), c.shown) << c.visibility;
 }
 
 TEST(ResultText, FormatsByKey) {

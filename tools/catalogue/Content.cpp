@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <fstream>
-#include <iterator>
 #include <map>
+#include <optional>
 #include <system_error>
 
 #include "data/Texts.h"
 #include "tools/csv/Csv.h"
+#include "tools/csv/FileText.h"
 
 namespace marvello {
 
@@ -56,17 +56,15 @@ Parsed parsedName(const std::string& field) {
 Parsed parsedPoints(const std::string& field) {
     std::string text = field;
     std::erase_if(text, [](char c) { return c == '(' || c == ')'; });
-    int count = 0;
-    for (std::size_t start = 0; start <= text.size(); ++count) {
-        const auto end = std::min(text.find(';', start), text.size());
-        const std::string point = text.substr(start, end - start);
+    const auto points = splitText(text, ';');
+    for (const std::string& point : points) {
         const auto comma = point.find(',');
         if (comma == std::string::npos || !storedNumber(point.substr(0, comma)) ||
             !storedNumber(point.substr(comma + 1)))
             return {{}, "\"" + point + "\" is not a point \"x,y\""};
-        start = end + 1;
     }
-    if (count < 4) return {{}, "a polyline needs at least four points and has " + std::to_string(count)};
+    if (points.size() < 4)
+        return {{}, "a polyline needs at least four points and has " + std::to_string(points.size())};
     return {field, {}};
 }
 
@@ -120,11 +118,6 @@ FileName splitName(const fs::path& file) {
     return name;
 }
 
-std::string wholeText(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 /// Reads the files of one table.
 class TableReader {
   public:
@@ -138,8 +131,10 @@ class TableReader {
             faults_.add(file_, "the name lacks the language: " + std::string(table_.name) + ".LANGUAGE.csv");
             return;
         }
+        const auto text = read(file);
+        if (!text) return;
         const auto before = faults_.lines().size();
-        const auto records = readCsv(wholeText(file), file_, faults_);
+        const auto records = readCsv(*text, file_, faults_);
         if (faults_.lines().size() != before) return;
         if (records.empty()) {
             faults_.add(file_, 1, "the line of column names is missing");
@@ -151,18 +146,25 @@ class TableReader {
 
     void readDocument(const fs::path& file, const FileName& name) {
         file_ = file.filename().string();
-        const std::string body = wholeText(file);
+        const auto body = read(file);
+        if (!body) return;
         if (name.language.empty() || name.document.empty())
             faults_.add(file_, "the name lacks a part: thelp.LANGUAGE.DOCUMENT.rtf");
-        else if (!isUtf8(body))
+        else if (!isUtf8(*body))
             faults_.add(file_, "the text is not valid UTF-8");
-        else if (trimmed(body).empty())
+        else if (trimmed(*body).empty())
             faults_.add(file_, "the document is empty");
         else
-            addRecord({file_, 1, {name.language, name.document, body}});
+            addRecord({file_, 1, {name.language, name.document, *body}});
     }
 
   private:
+    std::optional<std::string> read(const fs::path& file) {
+        auto text = fileText(file);
+        if (!text) faults_.add(file_, "the file cannot be read");
+        return text;
+    }
+
     /// Finds the table's columns; false when the file cannot be read any further.
     bool readHeader(const CsvRecord& header) {
         const auto before = faults_.lines().size();

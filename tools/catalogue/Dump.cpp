@@ -11,6 +11,7 @@
 #include <stdexcept>
 
 #include "data/Texts.h"
+#include "data/clsApplication.h"
 #include "data/clsDatabase.h"
 #include "tools/csv/Csv.h"
 
@@ -121,7 +122,7 @@ std::map<std::string, std::string> filesOf(const TableContent& content) {
             fieldsOf([&](std::size_t i) { return fieldText(record.values[i], table.columns[i].kind); });
     }
     // A table without rows is there all the same.
-    if (files.empty()) files[fileName(table.languageColumn.empty() ? "" : "en-EN")] = head;
+    if (files.empty()) files[fileName(table.languageColumn.empty() ? "" : defaultLanguage)] = head;
     return files;
 }
 

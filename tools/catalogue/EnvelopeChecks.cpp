@@ -42,7 +42,7 @@ void checkCoordinates(const Row& row, const clsPoints& line) {
 
 void checkLine(const Row& row) {
     const int type = row.integer("fType");
-    if (type < limit::over || type > limit::last)
+    if (type < limitType::over || type > limitType::last)
         row.fault("fType: there is no line of type " + std::to_string(type) + "; the types are -1 to 14");
 
     const clsPoints line = parsePoints(row.text("fPoints"));
@@ -75,7 +75,7 @@ void checkEnvelopes(const Content& content, Faults& faults) {
             id + '\n' + std::to_string(row.integer("fType")) + '\n' + row.text("fPoints"), row.place());
         if (!isNew) row.warn("the line stands already at " + first->second + "; remove one of them");
         if (!told.insert(id).second) return;
-        if (!lineOfType(index.lines(id), limit::application))
+        if (!lineOfType(index.lines(id), limitType::application))
             row.fault("the envelope has no application limit; add a line of fType 0");
         if (!used.contains(id))
             row.warn("no compressor uses the envelope; remove its lines or name it in tCompressors");

@@ -31,6 +31,7 @@ std::vector<clsPoint> hullOf(std::vector<clsPoint> points) {
     const auto less = [](const clsPoint& a, const clsPoint& b) {
         return a.x < b.x || (a.x == b.x && a.Y < b.Y);
     };
+    if (points.size() < 2) return points;
     std::ranges::sort(points, less);
     std::vector<clsPoint> hull;
     const auto walk = [&](const auto& from, const auto& to) {

@@ -44,15 +44,4 @@ class Index {
 /// The first line of a type, or nothing.
 const Index::Line* lineOfType(const std::vector<Index::Line>& lines, int type);
 
-/// Types of the lines of an envelope.
-namespace limit {
-inline constexpr int over = -1;
-inline constexpr int application = 0;
-inline constexpr int smallMotor = 3;
-inline constexpr int step25 = 4;
-inline constexpr int step50 = 5;
-inline constexpr int step75 = 6;
-inline constexpr int last = 14;
-}  // namespace limit
-
 }  // namespace marvello

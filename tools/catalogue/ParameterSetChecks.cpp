@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <optional>
 #include <set>
 
+#include "data/clsApplication.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Program.h"
 #include "tools/catalogue/Rows.h"
@@ -224,7 +224,7 @@ class ParameterSetCheck {
 
     bool checkPlaceholders(const Row& row) const {
         const std::string& value = row.text("fObjectPropertyValue");
-        const auto defaults = texts_.find("en-EN");
+        const auto defaults = texts_.find(defaultLanguage);
         bool sound = true;
         for (auto open = value.find('{'); open != std::string::npos; open = value.find('{', open + 1)) {
             const auto close = value.find('}', open);
@@ -287,7 +287,7 @@ class ParameterSetCheck {
             const auto close = value.find('}', open);
             const std::string key = lowered(value.substr(open + 1, close - open - 1));
             std::string text;
-            for (const auto& each : {language, std::string("en-EN")})
+            for (const auto& each : {language, defaultLanguage})
                 if (const auto texts = texts_.find(each); texts != texts_.end() && text.empty())
                     if (const auto found = texts->second.find(key); found != texts->second.end())
                         text = found->second;

@@ -1,7 +1,6 @@
 // What the surfaces, motors and economizer ports of the compressors give over their envelopes.
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <map>
 #include <optional>
@@ -91,7 +90,7 @@ class PerformanceCheck {
     const Points& applicationSamples(const std::string& limitId) {
         const auto [found, isNew] = samples_.try_emplace(limitId);
         if (!isNew) return found->second;
-        const auto* const line = lineOfType(index_.lines(limitId), limit::application);
+        const auto* const line = lineOfType(index_.lines(limitId), limitType::application);
         if (line) found->second = samplesOf(line->points);
         return found->second;
     }
@@ -105,7 +104,9 @@ class PerformanceCheck {
     /// Those of the points at which the program lets the compressor run at a capacity step.
     Points pointsOfStep(const Row& row, const Points& points, double field) const {
         if (field == 100 || !offersCapacitySteps(row.text("fSerieID"))) return points;
-        const int type = field == 25 ? limit::step25 : field == 50 ? limit::step50 : limit::step75;
+        const int type = field == 25   ? limitType::step25
+                         : field == 50 ? limitType::step50
+                                       : limitType::step75;
         const auto* const line = lineOfType(index_.lines(row.key("fLimitID")), type);
         Points inside;
         if (line)
@@ -271,7 +272,7 @@ class PerformanceCheck {
         checkMotor(row, "fMotorFullID", *range);
         if (row.integer("fhasFullSmallMotor") == 0) return;
         Points small = points;
-        if (const auto* const line = lineOfType(index_.lines(row.key("fLimitID")), limit::smallMotor))
+        if (const auto* const line = lineOfType(index_.lines(row.key("fLimitID")), limitType::smallMotor))
             std::erase_if(small, [&](const clsPoint& point) {
                 return polygonTest(line->points, point.x, point.Y) <= PolygonState::outside;
             });
@@ -295,7 +296,7 @@ class PerformanceCheck {
     static void checkPowerFactor(const Row& row, std::pair<double, double> range) {
         const clsInverter laws = inverterOf(row);
         for (const double p : {range.first, (range.first + range.second) / 2, range.second}) {
-            const double factor = laws.CaC1 * p * p + laws.CaC2 * p + laws.CaC3;
+            const double factor = laws.powerFactor(p);
             if (factor > 0.05 && factor <= 1) continue;
             row.fault("fInverterCaC1 to C3: the power factor at " + rounded(p) + " kW is " + rounded(factor) +
                       "; it lies between 0.05 and 1");

@@ -1,24 +1,16 @@
 // The photos and dimension drawings beside the tables.
 
-#include <algorithm>
-#include <cstdint>
-#include <fstream>
-#include <iterator>
 #include <set>
 
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Rows.h"
+#include "tools/csv/FileText.h"
 
 namespace marvello {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string wholeFile(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 unsigned byteAt(const std::string& bytes, std::size_t index) {
     return static_cast<unsigned char>(bytes.at(index));
@@ -81,7 +73,10 @@ class PictureCheck {
                 folder_.filename().string() + "/" + name + "/" + file.filename().string();
             if (file.extension() != extension) continue;
             found.insert(file.stem().string());
-            if (!isSound(wholeFile(file)))
+            const auto bytes = fileText(file);
+            if (!bytes)
+                faults_.add(shown, "the file cannot be read");
+            else if (!isSound(*bytes))
                 faults_.add(shown, "the file is " + fault + "; save it anew as one");
             if (!names_.contains(file.stem().string()) && !others.contains(file.stem().string()))
                 faults_.warn(shown,

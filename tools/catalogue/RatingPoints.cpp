@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "data/Texts.h"
-#include "tools/catalogue/Rows.h"
 #include "tools/csv/Csv.h"
 
 namespace marvello {

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "data/clsApplication.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Rows.h"
 
@@ -30,7 +31,8 @@ class ReferenceCheck {
         });
         forEach("tLanguages", [&](const auto& row) { languages_.insert(row.key("fLanguage")); });
         forEach("tDictionary", [&](const auto& row) {
-            if (row.key("fLanguageID") == defaultLanguage) texts_.insert(row.key("fVariableName"));
+            if (equalIgnoringCase(row.text("fLanguageID"), defaultLanguage))
+                texts_.insert(row.key("fVariableName"));
         });
     }
 
@@ -131,8 +133,6 @@ class ReferenceCheck {
         check("fMotorFullID");
         if (row.integer("fhasFullSmallMotor") != 0) check("fMotorSmallID");
     }
-
-    static inline const std::string defaultLanguage = "en-en";
 
     const Content& content_;
     Faults& faults_;

@@ -23,16 +23,6 @@ std::string Row::name() const {
     return values;
 }
 
-std::vector<std::string> splitText(std::string_view text, char separator) {
-    std::vector<std::string> pieces;
-    for (std::size_t start = 0;;) {
-        const auto end = text.find(separator, start);
-        pieces.emplace_back(text.substr(start, end - start));
-        if (end == std::string_view::npos) return pieces;
-        start = end + 1;
-    }
-}
-
 std::string shortList(const std::vector<std::string>& names) {
     constexpr std::size_t most = 5;
     std::string list;

@@ -38,9 +38,6 @@ void forEachRow(const Content& content, std::string_view table, Faults& faults, 
     for (const auto& record : rows.records) check(Row{rows, record, faults});
 }
 
-/// The pieces between separators; one empty piece for an empty text.
-std::vector<std::string> splitText(std::string_view text, char separator);
-
 /// "a, b, c and 17 more", for a sentence that must not grow without end.
 std::string shortList(const std::vector<std::string>& names);
 

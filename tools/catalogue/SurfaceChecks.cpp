@@ -1,7 +1,5 @@
 // The rows of tPolynomials against what the program asks of them.
 
-#include <algorithm>
-#include <map>
 #include <set>
 
 #include "tools/catalogue/Check.h"

@@ -6,6 +6,7 @@
 #include <regex>
 #include <set>
 
+#include "data/clsApplication.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Program.h"
 #include "tools/catalogue/Rows.h"
@@ -13,8 +14,6 @@
 namespace marvello {
 
 namespace {
-
-const std::string defaultLanguage = "en-EN";
 
 /// The "{0}", "{1}", ... of a text, in whatever order its language needs.
 std::multiset<std::string> placeholders(const std::string& text) {

@@ -8,9 +8,7 @@
 #include <cmath>
 #include <exception>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <optional>
 #include <stdexcept>
 
@@ -19,6 +17,7 @@
 #include "tools/catalogue/Dump.h"
 #include "tools/catalogue/Fit.h"
 #include "tools/catalogue/Index.h"
+#include "tools/csv/FileText.h"
 
 namespace {
 
@@ -85,7 +84,7 @@ std::vector<clsPoint> limitOf(const FitArguments& arguments) {
     const auto content = readContent(arguments.contentFolder, faults);
     if (!faults.empty()) throw std::runtime_error(faults.lines().front());
     const Index index(content);
-    const auto* const line = lineOfType(index.lines(arguments.limitId), limit::application);
+    const auto* const line = lineOfType(index.lines(arguments.limitId), limitType::application);
     if (!line)
         throw std::runtime_error("The envelope \"" + arguments.limitId + "\" has no application limit in " +
                                  arguments.contentFolder + ".");
@@ -97,14 +96,13 @@ int runFit(FitArguments arguments) {
         throw std::runtime_error("--id: a name cannot hold one of ' ; | , \".");
     if (!std::isfinite(arguments.request.field))
         throw std::runtime_error("--field: the value is not finite.");
-    std::ifstream stream(arguments.file, std::ios::binary);
-    if (!stream) throw std::runtime_error("The file " + arguments.file + " cannot be read.");
-    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    const std::optional<std::string> text = fileText(arguments.file);
+    if (!text) throw std::runtime_error("The file " + arguments.file + " cannot be read.");
     const std::string name = fs::path(arguments.file).filename().string();
 
     Faults faults;
     arguments.request.limit = limitOf(arguments);
-    const auto points = readRatingPoints(text, name, arguments.names, faults);
+    const auto points = readRatingPoints(*text, name, arguments.names, faults);
     const auto columns =
         faults.empty() ? fitColumns(points, arguments.request, name, faults) : std::vector<FittedColumn>{};
     if (!faults.empty()) {
@@ -112,7 +110,7 @@ int runFit(FitArguments arguments) {
         return failed;
     }
     // The rows can go straight into a table; the rest is for the eye.
-    for (const auto& column : columns) std::cout << polynomialRow(column, arguments.request) << '\n';
+    for (const auto& column : columns) printText(polynomialRow(column, arguments.request) + "\n");
     for (std::size_t i = 0; i < columns.size(); ++i) std::cerr << fitReport(columns[i], points, i);
     return done;
 }

@@ -1,6 +1,5 @@
 #include "tools/fluids/Composition.h"
 
-#include <algorithm>
 #include <cmath>
 #include <optional>
 

@@ -64,13 +64,6 @@ State FluidCaller::saturationAtT(double t, Side side) {
     return at;
 }
 
-State FluidCaller::saturationAtP(double p, Side side) {
-    State at{.p = p};
-    auto kph = static_cast<std::int32_t>(side);
-    ask(library_->SATPdll, &p, z_.data(), &kph, &at.t, &at.Dl, &at.Dv, at.x.data(), at.y.data());
-    return at;
-}
-
 State FluidCaller::atTP(double t, double p) {
     State at{.t = t, .p = p};
     ask(library_->TPFLSHdll, &t, &p, z_.data(), &at.D, &at.Dl, &at.Dv, at.x.data(), at.y.data(), &at.q, &at.e,
@@ -89,14 +82,6 @@ State FluidCaller::atPS(double p, double s) {
     State at{.p = p, .s = s};
     ask(library_->PSFLSHdll, &p, &s, z_.data(), &at.t, &at.D, &at.Dl, &at.Dv, at.x.data(), at.y.data(), &at.q,
         &at.e, &at.h, &at.cv, &at.cp, &at.w);
-    return at;
-}
-
-State FluidCaller::atTS(double t, double s) {
-    State at{.t = t, .s = s};
-    std::int32_t root = 0;
-    ask(library_->TSFLSHdll, &t, &s, z_.data(), &root, &at.p, &at.D, &at.Dl, &at.Dv, at.x.data(), at.y.data(),
-        &at.q, &at.e, &at.h, &at.cv, &at.cp, &at.w);
     return at;
 }
 

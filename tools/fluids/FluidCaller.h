@@ -32,11 +32,9 @@ class FluidCaller {
     double molarMass() const { return molarMass_; }  ///< g/mol
 
     State saturationAtT(double t, Side side);
-    State saturationAtP(double p, Side side);
     State atTP(double t, double p);
     State atPH(double p, double h);
     State atPS(double p, double s);
-    State atTS(double t, double s);
 
     /// Enthalpy, entropy and density of the liquid at its bubble point. A flash answers with vapour on the
     /// line of a pure fluid, so the liquid is followed to the line from two pressures a hair above.

@@ -1,29 +1,20 @@
 #include "tools/fluids/ReferenceTable.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <utility>
 
 #include "data/Texts.h"
 #include "tools/csv/Faults.h"
+#include "tools/csv/FileText.h"
 #include "tools/fluids/Refusal.h"
 
 namespace marvello::properties {
-namespace {
-
-std::string readText(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    std::string text(std::istreambuf_iterator<char>(stream), {});
-    if (!stream.is_open() || stream.bad()) throw Refusal("The file " + file.string() + " cannot be read.");
-    return text;
-}
-
-}  // namespace
 
 ReferenceTable::ReferenceTable(const std::filesystem::path& file) : file_(file.string()) {
+    const std::optional<std::string> text = fileText(file);
+    if (!text) throw Refusal("The file " + file_ + " cannot be read.");
     Faults faults;
-    for (CsvRecord& record : readCsv(readText(file), file_, faults)) {
+    for (CsvRecord& record : readCsv(*text, file_, faults)) {
         if (record.fields.front().starts_with('#')) continue;
         if (columns_.empty()) {
             columns_ = record.fields;

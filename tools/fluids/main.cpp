@@ -11,6 +11,7 @@
 
 #include "data/ApplicationFolder.h"
 #include "data/Texts.h"
+#include "tools/csv/FileText.h"
 #include "tools/fluids/Accuracy.h"
 #include "tools/fluids/Composition.h"
 #include "tools/fluids/Refusal.h"
@@ -45,7 +46,7 @@ void write(const std::string& file, const std::string& text) {
 /// To the file of --csv, or to standard output.
 void deliver(const Arguments& arguments, const std::string& text) {
     if (arguments.csvFile.empty()) {
-        std::fputs(text.c_str(), stdout);
+        printText(text);
     } else {
         write(arguments.csvFile, text);
     }
@@ -69,7 +70,7 @@ TemperatureRange rangeOf(const Arguments& arguments) {
 int accuracy(const Arguments& arguments) {
     const Comparison comparison = compare(arguments.data);
     if (!arguments.csvFile.empty()) write(arguments.csvFile, asCsv(comparison));
-    std::fputs(asTable(comparison).c_str(), stdout);
+    printText(asTable(comparison));
     for (const std::string& refusal : comparison.refusals) complain(refusal, statesRefused);
     return comparison.refusals.empty() ? done : statesRefused;
 }

@@ -16,8 +16,7 @@ namespace marvello::generate {
 namespace {
 
 constexpr double fullLoadField = 100;
-constexpr double nominalSpeed = 2900;  // rpm
-constexpr double usualSpeed = 1450;    // rpm, of open drives
+constexpr double usualSpeed = 1450;  // rpm, of open drives
 constexpr int noMotor = -1;
 
 /// The motors of the maker's row that some compressor has, each once. A motor keeps its number whatever else

@@ -30,9 +30,8 @@ InjectedFlow injectedAt(const Fluid& fluid, const CyclePoint& point, double pres
 }
 
 Performance withEconomizer(const Performance& plain, const InjectedFlow& injected) {
-    constexpr double secondsAnHour = 3600;
     const double added =
-        injected.share * plain.massFlow / secondsAnHour * injected.head / plain.isentropicEfficiency;
+        injected.share * plain.massFlow / secondsPerHour * injected.head / plain.isentropicEfficiency;
     Performance found = plain;
     found.shaftPower += added * plain.shaftPower / plain.power;
     found.power += added;

@@ -1,20 +1,15 @@
 #include "tools/generate/Envelope.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
+
+#include "tools/generate/NumberText.h"
 
 namespace marvello::generate {
 namespace {
 
 /// Adding 0 turns a negative zero into a zero.
 double toTenth(double value) { return std::nearbyint(value * 10) / 10 + 0.0; }
-
-std::string numberText(double value) {
-    std::array<char, 32> buffer{};
-    return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr};
-}
 
 /// The places between `left` and `right` where any of the lines bends or two of them cross.
 std::vector<double> corners(const std::vector<const BrokenLine*>& lines, double left, double right) {
@@ -98,12 +93,12 @@ std::vector<Point> Region::cut(const BrokenLine& lower, const BrokenLine& upper,
 }
 
 std::string pointsText(const std::vector<Point>& points) {
-    std::string text;
+    std::string line;
     for (const Point& point : points) {
-        if (!text.empty()) text += ';';
-        text += numberText(point.x) + ',' + numberText(point.y);
+        if (!line.empty()) line += ';';
+        line += text(point.x) + ',' + text(point.y);
     }
-    return text;
+    return line;
 }
 
 }  // namespace marvello::generate

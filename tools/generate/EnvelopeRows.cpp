@@ -4,35 +4,19 @@
 #include <array>
 #include <cmath>
 
+#include "catalogue/clsLimits.h"
+
 namespace marvello::generate {
 namespace {
 
-// Limit types of the catalogue.
-enum LimitType {
-    over = -1,
-    application = 0,
-    injection = 1,
-    oilCooling = 2,
-    smallMotor = 3,
-    step25 = 4,
-    step50 = 5,
-    step75 = 6,
-    oilFilter = 7,
-    hOnly = 8,
-    hSuggested = 9,
-    sSuggested = 10,
-    forbidden = 11,
-    hertz50 = 12,
-    hertz60 = 13,
-    hertz70 = 14
-};
+using namespace limitType;
 
 constexpr double secondCoolingAbove = 10;  // K of discharge temperature beyond the first kind of cooling
 constexpr double leastDifference = 320;    // kPa between discharge and suction, which drive the oil
 
 /// How far inside the application limit a capacity step is allowed.
 struct StepInset {
-    LimitType type;
+    int type;  ///< of the line
     double left;
     double right;
     double bottom;
@@ -121,7 +105,7 @@ void EnvelopeRows::write(std::vector<std::vector<std::string>>& rows) const {
 }
 
 void EnvelopeRows::writeOne(const EnvelopeKind& kind, std::vector<std::vector<std::string>>& rows) const {
-    const auto add = [&](LimitType type, const std::vector<Point>& points) {
+    const auto add = [&](int type, const std::vector<Point>& points) {
         if (!points.empty()) rows.push_back({nameOf(kind), std::to_string(type), pointsText(points)});
     };
     const Region allowed = applicationOf(*range_, kind);

@@ -1,22 +1,22 @@
 #include "tools/generate/PlanTable.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 
 #include "data/Texts.h"
 #include "tools/csv/Csv.h"
+#include "tools/csv/FileText.h"
 
 namespace marvello::generate {
 
 PlanTable::PlanTable(const std::filesystem::path& file) : file_(file.string()) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) throw std::runtime_error(file_ + " cannot be read.");
-    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    const std::optional<std::string> text = fileText(file);
+    if (!text) throw std::runtime_error(file_ + " cannot be read.");
     Faults faults;
-    const std::vector<CsvRecord> records = readCsv(text, file_, faults);
+    const std::vector<CsvRecord> records = readCsv(*text, file_, faults);
     if (!faults.empty()) throw std::runtime_error(faults.lines().front());
     if (records.empty()) throw std::runtime_error(file_ + " has no header line.");
     columns_ = records.front().fields;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "tools/generate/Fluid.h"
 #include "tools/surface/Surface.h"
 

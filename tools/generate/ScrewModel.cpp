@@ -6,7 +6,6 @@
 namespace marvello::generate {
 namespace {
 
-constexpr double secondsAnHour = 3600;
 constexpr double kiloPascalsAMegaPascal = 1000;
 
 /// Share of the absorbed power that leaves through housing, oil separator and motor cap. Oil separators are
@@ -55,7 +54,7 @@ Performance fullLoad(const ScrewMachine& machine, const CyclePoint& point, doubl
                            speed;
     // Heating of the gas hardly depends on speed, throttling grows with its square.
     const double filled = 1 - machine.fillingLoss * (1 + speed * speed) / 2;
-    const double displaced = machine.displacement * speed / secondsAnHour;
+    const double displaced = machine.displacement * speed / secondsPerHour;
     const double flow = displaced * (filled - leakage) * point.density;
     const double compressed = displaced * (filled - leakage / 2) * point.density;
 
@@ -67,7 +66,7 @@ Performance fullLoad(const ScrewMachine& machine, const CyclePoint& point, doubl
     const double driven = hasMotor ? motorInput(found.shaftPower, machine.motorPower) : found.shaftPower;
     found.power = hasMotor ? driven * (1 + machine.inverterLoss) : driven;
     found.dischargeEnthalpy = point.gas + driven * (1 - heatToSurroundings) / flow;
-    found.massFlow = flow * secondsAnHour;
+    found.massFlow = flow * secondsPerHour;
     found.pressureRatio = point.ratio();
     found.isentropicEfficiency = flow * (point.isentropicEnd - point.gas) / found.power;
     return found;

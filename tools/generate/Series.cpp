@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <stdexcept>
 #include <utility>
 
 #include "data/Texts.h"
@@ -145,7 +144,6 @@ std::string builtInRatioText(const SeriesPlan& series, const ModelPlan& model) {
 const ModelPlan& middleModel(const SeriesPlan& series) { return series.models[series.models.size() / 2]; }
 
 double leastSpeed(const SeriesPlan& series) {
-    constexpr double nominalSpeed = 2900;  // rpm
     if (series.rowsBy != SeriesPlan::RowsBy::speed) return 1;
     return *std::min_element(series.rows.begin(), series.rows.end()) / nominalSpeed;
 }

@@ -5,7 +5,6 @@
 #include <map>
 #include <set>
 #include <stdexcept>
-#include <utility>
 
 #include "tools/generate/NumberText.h"
 #include "tools/generate/PlanTable.h"

@@ -1,6 +1,5 @@
 #include "tools/pictures/Marks.h"
 
-#include <QFontMetrics>
 #include <QPainter>
 #include <algorithm>
 #include <cstddef>
@@ -73,14 +72,6 @@ std::shared_ptr<const Decal> decalOf(const QImage& image, const Frame& frame, do
     return decal;
 }
 
-QImage emblemMark(QColor colour) {
-    QImage image = cleared(160, 160);
-    QPainter painter(&image);
-    prepare(painter, colour);
-    drawEmblem(painter, image.rect(), colour);
-    return image;
-}
-
 QImage wordMark(QColor colour) {
     QImage image = cleared(560, 96);
     QPainter painter(&image);
@@ -88,17 +79,6 @@ QImage wordMark(QColor colour) {
     drawEmblem(painter, {4, 8, 80, 80}, colour);
     painter.setFont(spaced(72));
     painter.drawText(QRectF(104, 0, 452, 96), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("KESTROM"));
-    return image;
-}
-
-QImage textMark(const std::string& text, QColor colour) {
-    const QString shown = QString::fromStdString(text);
-    const QFont font = spaced(72);
-    QImage image = cleared(QFontMetrics(font).horizontalAdvance(shown) + 16, 96);
-    QPainter painter(&image);
-    prepare(painter, colour);
-    painter.setFont(font);
-    painter.drawText(image.rect(), Qt::AlignCenter, shown);
     return image;
 }
 

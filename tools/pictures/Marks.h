@@ -16,10 +16,8 @@ QPainterPath emblem();
 std::shared_ptr<const Decal> decalOf(const QImage& image, const Frame& frame, double width, double reach);
 
 // Pictures for decals; those of one colour are clear around the mark.
-QImage emblemMark(QColor colour);
 /// Emblem and the maker's name in a line.
 QImage wordMark(QColor colour);
-QImage textMark(const std::string& text, QColor colour);
 /// The plate of a compressor with lines of data.
 QImage namePlate(const std::string& serie);
 /// The lit display of a frequency converter.

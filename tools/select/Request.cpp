@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 #include "data/Texts.h"
 
@@ -26,11 +27,11 @@ int wholeNumber(const std::string& text) {
 template <auto member>
 void readReal(Request& request, const std::string& text) {
     auto& target = request.conditions.*member;
+    using Real = std::remove_reference_t<decltype(target)>;
     const double value = number(text);
-    using Target = std::remove_reference_t<decltype(target)>;
-    if (std::abs(value) > static_cast<double>(std::numeric_limits<Target>::max()))
-        throw BadRequest(text + " is too large");
-    target = static_cast<Target>(value);
+    if (std::abs(value) > static_cast<double>(std::numeric_limits<Real>::max()))
+        throw BadRequest("\"" + text + "\" is too large");
+    target = static_cast<Real>(value);
 }
 
 template <auto member>

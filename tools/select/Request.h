@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -40,7 +39,7 @@ std::span<const RequestOption> requestOptions();
 /// Reads one option by name. Raises BadRequest, also for an unknown name.
 void readOption(Request& request, std::string_view name, const std::string& text);
 
-/// Raises BadRequest when a request lacks what it needs or asks for what this program does not do.
+/// Raises BadRequest when a request lacks what it needs.
 void checkRequest(const Request& request);
 
 }  // namespace marvello::select

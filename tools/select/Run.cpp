@@ -1,6 +1,5 @@
 #include "tools/select/Run.h"
 
-#include <map>
 #include <utility>
 
 #include "catalogue/Globals.h"
@@ -31,10 +30,7 @@ void checkNames(const Request& request) {
                              ".");
     }
     if (request.models == "*") return;
-    std::string rest = request.models + ";";
-    for (std::size_t end = rest.find(';'); end != std::string::npos; end = rest.find(';')) {
-        const std::string model = rest.substr(0, end);
-        rest.erase(0, end + 1);
+    for (const std::string& model : splitText(request.models, ';')) {
         if (!catalogueHas(ofSeries + " and fModelID=" + sqlText(model))) {
             throw NothingMatches("The series " + request.series + " has no model " + model + " for " +
                                  request.refrigerant + ".");
@@ -47,7 +43,7 @@ void checkNames(const Request& request) {
 void openCatalogue(const std::string& language) {
     gDatabase().Connect("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + applicationFolder() +
                         "\\db.mdb;Persist Security Info=True");
-    gApplication().populateDictionary("en-EN", language);
+    gApplication().populateDictionary(defaultLanguage, language);
     loadSharedPolynomials();
 }
 

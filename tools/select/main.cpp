@@ -4,13 +4,15 @@
 
 #include <cstdio>
 #include <exception>
-#include <fstream>
 #include <map>
-#include <sstream>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/ApplicationFolder.h"
+#include "data/clsApplication.h"
+#include "tools/csv/FileText.h"
 #include "tools/select/Batch.h"
 #include "tools/select/Output.h"
 #include "tools/select/Request.h"
@@ -24,7 +26,7 @@ enum ExitStatus { done = 0, nothingMatches = 1, refused = 2 };
 
 struct Arguments {
     std::map<std::string, std::string> options;  ///< By name of the request option.
-    std::string language = "en-EN";
+    std::string language = defaultLanguage;
     std::string format = "table";
     std::string batchFile;
     std::string folder;
@@ -33,11 +35,9 @@ struct Arguments {
 };
 
 std::string readFile(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) throw BadRequest("the file " + file + " cannot be read");
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
+    std::optional<std::string> text = fileText(file);
+    if (!text) throw BadRequest("the file " + file + " cannot be read");
+    return *std::move(text);
 }
 
 int complain(const std::string& sentence, ExitStatus status) {
@@ -49,7 +49,7 @@ int select(const Arguments& arguments) {
     setApplicationFolder(arguments.folder);
     openCatalogue(arguments.language);
     if (arguments.list) {
-        std::fputs(catalogueListing(arguments.inverter).c_str(), stdout);
+        printText(catalogueListing(arguments.inverter));
         return done;
     }
 
@@ -69,7 +69,7 @@ int select(const Arguments& arguments) {
     const std::string out = arguments.format == "json"  ? asJson(runs, batch)
                             : arguments.format == "csv" ? asCsv(runs)
                                                         : asTable(runs);
-    std::fputs(out.c_str(), stdout);
+    printText(out);
     if (compressors > 0) return done;
     return complain("No compressor matches.", nothingMatches);
 }
