@@ -346,6 +346,28 @@ Point middleOf(const clsPoints& line) {
     return sum;
 }
 
+/// With as much gas injected as evaporated, which is more than any economizer asks for, the port loses less
+/// than a bar; and the port lies between suction and discharge.
+TEST(StoredCatalogue, EconomizerPortsFitTheirCompressors) {
+    overSomeCompressors([](const StoredSeries& at, const Stored& one, double x, double y) {
+        const double ratio = one.real("fKForo");
+        EXPECT_EQ(ratio > 0, at.series.hasEconomizer());
+        if (ratio == 0) return;
+        EXPECT_GT(ratio, 1.3);
+        EXPECT_LT(ratio, 2);
+        if (!at.range.economized.contains(x, y)) return;
+        const CyclePoint cycle = cycleAt(at.fluid, x, y);
+        EXPECT_LT(ratio * cycle.low, cycle.high);
+        const double flow = 3600 * one.value(0, one.fullField(), x, y) / (cycle.gas - cycle.liquid);
+        const double port = ratio * cycle.low;
+        const double loss = one.real("fKPerdita") / one.real("fSez") * flow;
+        const double injected =
+            at.fluid.density(at.fluid.dewTemperature(port + 100 * loss) + 10, port + 100 * loss);
+        const double dew = at.fluid.density(at.fluid.dewTemperature(port) + 0.01, port);
+        EXPECT_LT(loss * injected / dew, 1);
+    });
+}
+
 TEST(StoredCatalogue, EnvelopesAreNested) {
     constexpr int forbidden = 11;
     forAllSeries([](const StoredSeries& at) {
