@@ -102,6 +102,16 @@ TEST_F(CatalogueDump, LeavesWhatIsThereUnlessForced) {
     EXPECT_EQ(refused.status, 2);
     EXPECT_THAT(refused.out, HasSubstr("has tables already; choose another one, or --force"));
     EXPECT_TRUE(fs::exists(conversions));
+    // A folder in the place of a table lets the writing fail in its midst: no other table is lost.
+    const fs::path kept = folder_ / "kept.csv";
+    fs::rename(content / "tMotors.csv", kept);
+    fs::create_directories(content / "tMotors.csv" / "full");
+    const auto tables = [&] { return std::distance(fs::directory_iterator(content), {}); };
+    const auto before = tables();
+    EXPECT_EQ(run("dump --force " + file + " " + content.string()).status, 2);
+    EXPECT_GE(tables(), before);
+    fs::remove_all(content / "tMotors.csv");
+    fs::rename(kept, content / "tMotors.csv");
     EXPECT_EQ(run("dump --force " + file + " " + content.string()).status, 0);
     EXPECT_FALSE(fs::exists(conversions));
     EXPECT_EQ(bytesOf(content / "notes.txt"), "mine");

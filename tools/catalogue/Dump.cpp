@@ -8,6 +8,7 @@
 #include <cmath>
 #include <fstream>
 #include <map>
+#include <set>
 #include <stdexcept>
 
 #include "data/Texts.h"
@@ -178,9 +179,15 @@ void writeTables(const Content& content, const fs::path& folder, bool replace) {
             fs::rename(unfinished, folder);
             return;
         }
-        for (const auto& file : old) fs::remove(file);
-        for (const auto& entry : fs::directory_iterator(unfinished))
-            fs::rename(entry.path(), folder / entry.path().filename());
+        // The new ones take the places of the old first, so that a failure between loses no table.
+        std::set<fs::path> placed;
+        for (const auto& entry : fs::directory_iterator(unfinished)) {
+            const fs::path place = folder / entry.path().filename();
+            fs::rename(entry.path(), place);
+            placed.insert(place);
+        }
+        for (const auto& file : old)
+            if (!placed.contains(file)) fs::remove(file);
         fs::remove(unfinished);
     } catch (const std::exception& failure) {
         fs::remove_all(unfinished, ignored);
