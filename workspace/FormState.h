@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QString>
 
+#include "workspace/CoupleLeaders.h"
+
 namespace marvello {
 
 /// What a selection form leaves to the next one of its kind: its inputs by the names of their fields, and how
@@ -12,8 +14,7 @@ struct FormState {
     QHash<QString, QString> keys;
     QHash<QString, double> values;
     QHash<QString, int> columnWidths;
-    bool midLeadsEvaporation = false;  ///< the temperature couple follows its mid temperature, not its dew
-    bool midLeadsCondensation = false;
+    CoupleLeaders leaders;
 
     bool isEmpty() const { return keys.isEmpty(); }
 };

@@ -237,8 +237,7 @@ void SelectionForm::Traduci() {
         if (field->Locked()) showChoice(field);
     showUnits();
     sayRanges();
-    markDerived(evaporatingLeader());
-    markDerived(condensingLeader());
+    markLeaders();
     relistResults();
 }
 

@@ -31,8 +31,7 @@ FormState SelectionForm::state() const {
             state.values[field->objectName()] = field->number();
     }
     state.columnWidths = lvCps_->chosenWidths();
-    state.midLeadsEvaporation = midLeadsEvaporation_;
-    state.midLeadsCondensation = midLeadsCondensation_;
+    state.leaders = leaders_;
     return state;
 }
 
@@ -53,8 +52,8 @@ void SelectionForm::takeOver(const FormState& state) {
     for (AdvanceText* field : panel_->fields())
         if (const auto value = state.values.find(field->objectName()); value != state.values.end())
             field->SetTextValue(*value);
-    midLeadsEvaporation_ = state.midLeadsEvaporation && hasGlide();
-    midLeadsCondensation_ = state.midLeadsCondensation && hasGlide();
+    leaders_ = state.leaders.hasMid() && !hasMidTemperatures() ? CoupleLeaders() : state.leaders;
+    markLeaders();
     followLeaders();
     MeasureUnits(unit, true);
     gestioneSH(false);
