@@ -20,7 +20,6 @@ class CoupleLeaders {
     /// The temperature that leads when something changes that its couple depends on.
     std::string evaporating() const { return evaporatingField_ == "tem" ? "tem" : "ted"; }
     std::string condensing() const { return midLeadsCondensation_ ? "tcm" : "tcd"; }
-    bool hasMid() const { return evaporatingField_ == "tem" || midLeadsCondensation_; }
 
   private:
     std::string evaporatingField_ = "ted";

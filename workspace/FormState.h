@@ -7,7 +7,7 @@
 
 namespace marvello {
 
-/// What a selection form leaves to the next one of its kind: its inputs by the names of their fields, and how
+/// What a selection form leaves to the next one: its inputs by the names of their fields, and how
 /// wide the user made the columns of its list, by their keys. Values are in the units of the form.
 struct FormState {
     int measureUnit = 0;  ///< 0 metric, 1 imperial

@@ -88,6 +88,7 @@ SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
     writeDefaults();
     Traduci();
     if (kind_.hasInverter) applySet(QStringLiteral("Init"));
+    keepEconomizerValue();
     PopulateInputObject(1, QStringLiteral("R134A"));
     SyncTemperatureFields(QStringLiteral("tcd"));
     SyncTemperatureFields(QStringLiteral("ted"));

@@ -9,6 +9,7 @@
 #include "engine/clsSelections.h"
 #include "reports/ReportContent.h"
 #include "workspace/CoupleLeaders.h"
+#include "workspace/EconomizerValues.h"
 #include "workspace/EnteredValue.h"
 #include "workspace/FormState.h"
 #include "workspace/InputRules.h"
@@ -136,6 +137,10 @@ class SelectionForm : public QWidget {
     void connectInputs();
     void connectCoupledFields();
     void connectModes();
+    /// Puts the economizer's value of one mode away and shows that of another.
+    void economizerModeChanged(const QString& before, const QString& mode);
+    /// Keeps the value shown for its mode; without a mode it is that of the approach.
+    void keepEconomizerValue();
     void writeDefaults();
     SeriesOfMarket chosenSeries() const;
     void limitFrequency();
@@ -223,6 +228,7 @@ class SelectionForm : public QWidget {
     int groupBy_ = 0;
     CoupleLeaders leaders_;
     QHash<const AdvanceText*, EnteredValue> enteredValues_;
+    EconomizerValues economizerValues_;
     int keptSplitterPos_ = 0;
     bool collapsed_ = false;
 

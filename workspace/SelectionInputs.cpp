@@ -127,7 +127,7 @@ void SelectionForm::connectCoupledFields() {
     connect(panel_->txtEco, &AdvanceText::TextValidate, this, [this] {
         const QString mode = panel_->cmbEco->Key();
         const double value = panel_->txtEco->number();
-        panel_->txtEco->SetTextValue(mode == u"1" || mode == u"2" ? std::abs(value) : value);
+        panel_->txtEco->SetTextValue(mode == approachMode || mode == capacityMode ? std::abs(value) : value);
     });
     if (AdvanceText* frequency = panel_->txtFrequency)
         connect(frequency, &AdvanceText::TextValidate, this,
@@ -150,11 +150,7 @@ void SelectionForm::connectModes() {
         ApplySeriesRules();
         emit stateChanged();
     });
-    connect(panel_->cmbEco, &AdvanceText::KeyChange, this, [this] {
-        panel_->txtEco->setVisible(panel_->cmbEco->Key() != u"0");
-        panel_->layOut();
-        showUnits();
-    });
+    connect(panel_->cmbEco, &AdvanceText::KeyChange, this, &SelectionForm::economizerModeChanged);
     connect(panel_->cmbOilCooling, &AdvanceText::KeyChange, this, [this] {
         panel_->txtOilCooling->setVisible(panel_->cmbOilCooling->Key().toInt() >= 2);
         panel_->layOut();
@@ -165,6 +161,22 @@ void SelectionForm::connectModes() {
         showUnits();
         gestioneSH(false);
     });
+}
+
+void SelectionForm::economizerModeChanged(const QString& before, const QString& mode) {
+    if (before != noEconomizer)
+        economizerValues_.keep(toCore(before), panel_->txtEco->number(), measureUnit_);
+    if (mode != noEconomizer)
+        panel_->txtEco->SetTextValue(economizerValues_.valueOf(toCore(mode), measureUnit_));
+    panel_->txtEco->setVisible(mode != noEconomizer);
+    panel_->layOut();
+    showUnits();
+}
+
+void SelectionForm::keepEconomizerValue() {
+    const QString mode = panel_->cmbEco->Key();
+    economizerValues_.keep(toCore(mode == noEconomizer ? approachMode.toString() : mode),
+                           panel_->txtEco->number(), measureUnit_);
 }
 
 bool SelectionForm::hasMidTemperatures() const {
@@ -411,7 +423,7 @@ void SelectionForm::showUnits() {
     for (AdvanceText* field : {panel_->txtPE, panel_->txtPC}) unit(field, pressure);
     unit(panel_->txtSC, difference);
     unit(panel_->txtSH, panel_->cmbSh->Key() == u"0" ? difference : temperature);
-    unit(panel_->txtEco, panel_->cmbEco->Key() == u"2" ? power : difference);
+    unit(panel_->txtEco, panel_->cmbEco->Key() == capacityMode ? power : difference);
 }
 
 void SelectionForm::MeasureUnits(int unit, bool refresh) {

@@ -6,10 +6,12 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMap>
+#include <QSet>
 #include <QTest>
 
 #include "controls/AdvanceText.h"
 #include "controls/Link.h"
+#include "controls/MessagesView.h"
 #include "controls/ResultsView.h"
 #include "tests/gui/RealWindow.h"
 #include "workspace/SelectionForm.h"
@@ -83,6 +85,87 @@ TEST_F(FormTest, ARefrigerantStartsWithItsDewTemperatures) {
     EXPECT_EQ(field("txtTED")->number(), evaporating);
     EXPECT_FALSE(field("txtTED")->Derived());
     EXPECT_TRUE(field("txtPE")->Derived());
+}
+
+TEST_F(FormTest, EachEconomizerModeKeepsItsOwnValue) {
+    choose("lstSeries", "TK-A");
+    choose("cmbEco", "1");
+    EXPECT_EQ(field("txtEco")->TextText(), "10.00");
+    type("txtEco", "7.5");
+    choose("cmbEco", "2");
+    EXPECT_EQ(field("txtEco")->TextText(), "0.00") << "an approach of 7.5 K is no capacity";
+    type("txtEco", "120");
+    choose("cmbEco", "0");
+    choose("cmbEco", "1");
+    EXPECT_EQ(field("txtEco")->number(), 7.5);
+    switchUnits("imperial");
+    EXPECT_EQ(field("txtEco")->number(), 13.5);
+    choose("cmbEco", "2");
+    EXPECT_EQ(field("txtEco")->number(), 216) << "as the field itself is converted";
+    switchUnits("metric");
+    choose("cmbEco", "1");
+    EXPECT_EQ(field("txtEco")->number(), 7.5);
+
+    // The next form has both, and the defaults have neither.
+    form = window->newSelection();
+    choose("cmbEco", "2");
+    EXPECT_EQ(field("txtEco")->number(), 120);
+    form->findChild<Link*>(QStringLiteral("lnkDefaults"))->click();
+    choose("cmbEco", "2");
+    EXPECT_EQ(field("txtEco")->number(), 0);
+    choose("cmbEco", "1");
+    EXPECT_EQ(field("txtEco")->number(), 10);
+}
+
+TEST_F(FormTest, AMessageThatACompressorHasTwiceIsShownOnce) {
+    choose("lstSeries", "TK-A");
+    choose("cmbEco", "2");
+    type("txtEco", "100000");
+    window->activateWindow();
+    QTest::keyClick(form->focusWidget(), Qt::Key_F5);
+    ASSERT_TRUE(form->hasResults());
+    const auto* messages = form->findChild<MessagesView*>(QStringLiteral("lvMessages"));
+    for (int row = 1; row < list()->rowCount(); ++row) {
+        list()->selectRow(row);
+        QSet<QString> texts;
+        for (int i = 0; i < messages->count(); ++i) texts += messages->item(i)->text();
+        EXPECT_EQ(texts.size(), messages->count()) << list()->key(row).toStdString();
+    }
+}
+
+TEST_F(FormTest, ANewFormStartsWithTheInputsOfTheActiveOneAsFarAsTheyFit) {
+    choose("lstRefrigerants", "R407C");
+    type("txtTED", "-7.25");
+    type("txtTCM", "44.4");
+    type("txtPC", "17.123");
+    type("txtSC", "3.5");
+    switchUnits("imperial");
+    type("txtSH", "12.3");
+    const auto fixedSpeed = numbers();
+
+    form = window->newSelection();
+    EXPECT_EQ(field("lstRefrigerants")->Key(), "R407C");
+    EXPECT_EQ(numbers(), fixedSpeed);
+    EXPECT_FALSE(field("txtPC")->Derived());
+    EXPECT_TRUE(field("txtTCD")->Derived());
+
+    // R407C has no compressors on an inverter.
+    form = window->newInverterSelection();
+    EXPECT_EQ(field("lstRefrigerants")->Key(), "R134A");
+    for (const char* name : {"txtTED", "txtTCD", "txtSC", "txtSH"})
+        EXPECT_EQ(field(name)->number(), fixedSpeed[name]) << name;
+    EXPECT_TRUE(field("txtPC")->Derived());
+    EXPECT_FALSE(field("txtTCD")->Derived());
+    type("txtFrequency", "35");
+    type("txtTED", "30");
+    choose("cmbEco", "1");
+
+    form = window->newInverterSelection();
+    EXPECT_EQ(field("txtFrequency")->number(), 35);
+    EXPECT_EQ(field("cmbEco")->Key(), "1");
+    form = window->newSelection();
+    EXPECT_EQ(field("txtTED")->number(), 30) << "from the active form, not from the last of its kind";
+    EXPECT_EQ(field("lstRefrigerants")->Key(), "R134A");
 }
 
 TEST_F(FormTest, SwitchingTheSystemOfUnitsThereAndBackChangesNoField) {
