@@ -25,6 +25,16 @@ QStringList entriesOf(const QHash<QString, Value>& values) {
     return entries;
 }
 
+/// The names by which the leaders come to be the same again: a condensing pressure behind the temperature
+/// that leads under it.
+QStringList leadersOf(const CoupleLeaders& leaders) {
+    QStringList names;
+    for (const std::string& name :
+         {leaders.evaporatingField(), leaders.condensing(), leaders.condensingField()})
+        names += QString::fromStdString(name);
+    return names;
+}
+
 /// Calls `take` with the name and the value of each entry of a setting.
 template <class Take>
 void forEntries(const QSettings& settings, const char* setting, Take take) {
@@ -42,8 +52,7 @@ void keepFormState(const QString& form, const FormState& state) {
     settings.setValue(QStringLiteral("Keys"), entriesOf(state.keys));
     settings.setValue(QStringLiteral("Values"), entriesOf(state.values));
     settings.setValue(QStringLiteral("ColumnWidths"), entriesOf(state.columnWidths));
-    settings.setValue(QStringLiteral("MidLeadsEvaporation"), state.midLeadsEvaporation);
-    settings.setValue(QStringLiteral("MidLeadsCondensation"), state.midLeadsCondensation);
+    settings.setValue(QStringLiteral("Leaders"), leadersOf(state.leaders));
 }
 
 FormState keptFormState(const QString& form) {
@@ -51,8 +60,8 @@ FormState keptFormState(const QString& form) {
     settings.beginGroup(groupOf(form));
     FormState state;
     state.measureUnit = settings.value(QStringLiteral("MeasureUnit")).toInt() == 1 ? 1 : 0;
-    state.midLeadsEvaporation = settings.value(QStringLiteral("MidLeadsEvaporation")).toBool();
-    state.midLeadsCondensation = settings.value(QStringLiteral("MidLeadsCondensation")).toBool();
+    for (const QString& name : settings.value(QStringLiteral("Leaders")).toStringList())
+        state.leaders.typed(name.toStdString());
     forEntries(settings, "Keys",
                [&](const QString& name, const QVariant& key) { state.keys[name] = key.toString(); });
     forEntries(settings, "Values", [&](const QString& name, const QVariant& text) {

@@ -214,7 +214,9 @@ SelectionForm* MDIMain::newInverterSelection() {
 SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString& what) {
     SelectionForm* form = made.release();
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
-    form->takeOver(keptFormState(form->objectName()));
+    // From the form at hand, of either kind; the first form goes on where the one before it ended.
+    const SelectionForm* active = ActiveForm();
+    form->takeOver(active ? active->state() : keptFormState(form->objectName()));
     const QString number = QString::number(++formNumber_);
     const QIcon picture =
         icon(form->TypeForm() == onInverter.typeForm ? QStringLiteral("inverter") : QStringLiteral("form"));
