@@ -88,6 +88,7 @@ SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
     writeDefaults();
     Traduci();
     if (kind_.hasInverter) applySet(QStringLiteral("Init"));
+    keepEconomizerValue();
     PopulateInputObject(1, QStringLiteral("R134A"));
     SyncTemperatureFields(QStringLiteral("tcd"));
     SyncTemperatureFields(QStringLiteral("ted"));
@@ -237,8 +238,7 @@ void SelectionForm::Traduci() {
         if (field->Locked()) showChoice(field);
     showUnits();
     sayRanges();
-    markDerived(evaporatingLeader());
-    markDerived(condensingLeader());
+    markLeaders();
     relistResults();
 }
 

@@ -8,6 +8,9 @@
 #include "engine/clsOutputs.h"
 #include "engine/clsSelections.h"
 #include "reports/ReportContent.h"
+#include "workspace/CoupleLeaders.h"
+#include "workspace/EconomizerValues.h"
+#include "workspace/EnteredValue.h"
 #include "workspace/FormState.h"
 #include "workspace/InputRules.h"
 #include "workspace/MeasureSystem.h"
@@ -58,8 +61,8 @@ class SelectionForm : public QWidget {
     /// Lists the results anew, if there are any, with the same row selected.
     void relistResults();
     void PopulateFrame4();
-    /// Shows the form in a measure system, 0 metric and 1 imperial: inputs and results are converted. With
-    /// `refresh` the coupled fields are worked out again.
+    /// Shows the form in a measure system, 0 metric and 1 imperial: inputs are converted for display and keep
+    /// the value that was entered. With `refresh` the results are listed anew.
     void MeasureUnits(int unit, bool refresh);
     int MeasureUnit() const { return static_cast<int>(measureUnit_); }
     void CloseFrame(bool collapse);
@@ -134,6 +137,10 @@ class SelectionForm : public QWidget {
     void connectInputs();
     void connectCoupledFields();
     void connectModes();
+    /// Puts the economizer's value of one mode away and shows that of another.
+    void economizerModeChanged(const QString& before, const QString& mode);
+    /// Keeps the value shown for its mode; without a mode it is that of the approach.
+    void keepEconomizerValue();
     void writeDefaults();
     SeriesOfMarket chosenSeries() const;
     void limitFrequency();
@@ -149,15 +156,16 @@ class SelectionForm : public QWidget {
     /// The name of a field among those that hang together: "ted" of txtTED.
     static QString nameInCouple(const AdvanceText* field);
     QList<AdvanceText*> coupleOf(const QString& name) const;
-    /// The name of the temperature that leads: "ted" or "tem", "tcd" or "tcm".
-    QString evaporatingLeader() const;
-    QString condensingLeader() const;
     /// Marks the field that leads a couple when its value leads nowhere, and blanks what follows it; a blank
     /// reason takes that back.
     void refuseLeader(const QString& leader, const QString& reason);
     void markDerived(const QString& leader);
+    /// Shows in both couples which field leads.
+    void markLeaders();
     /// Works the coupled fields out anew from those that lead.
     void followLeaders();
+    /// Lets the dew temperatures lead, with all that follows from them.
+    void leadByDew();
     /// Says beside a field that its value is beyond its range, and what is permitted.
     void sayRanges();
     static void sayRange(AdvanceText* field, double low, double high);
@@ -166,6 +174,7 @@ class SelectionForm : public QWidget {
     SuperheatRange superheatRange() const;
     void showUnits();
     void ConvertInputs(MeasureSystem from, MeasureSystem to);
+    void convert(AdvanceText* field, MeasureSystem from, MeasureSystem to, UnitRule rule);
     void VisualizeHelp(const AdvanceText* field);
     /// Shows the whole help of the field in use in a box, also where the panel has no room for it.
     void showHelp();
@@ -173,7 +182,8 @@ class SelectionForm : public QWidget {
     /// Discards results that belong to earlier inputs; `field` is where they were changed, if anywhere.
     void inputsChanged(const AdvanceText* field);
     void resetInputs();
-    bool hasGlide() const;
+    /// Whether the catalogue leads from a mid temperature of the refrigerant back to its dew temperature.
+    bool hasMidTemperatures() const;
 
     // SelectionRun.cpp
     void Calculate();
@@ -216,8 +226,9 @@ class SelectionForm : public QWidget {
     QString description_;
     MeasureSystem measureUnit_ = MeasureSystem::metric;
     int groupBy_ = 0;
-    bool midLeadsEvaporation_ = false;  ///< else the dew temperature does, or the pressure
-    bool midLeadsCondensation_ = false;
+    CoupleLeaders leaders_;
+    QHash<const AdvanceText*, EnteredValue> enteredValues_;
+    EconomizerValues economizerValues_;
     int keptSplitterPos_ = 0;
     bool collapsed_ = false;
 

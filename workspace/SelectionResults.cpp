@@ -8,6 +8,7 @@
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
 #include "workspace/InputPanel.h"
+#include "workspace/InputRules.h"
 #include "workspace/ResultsList.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
@@ -29,7 +30,7 @@ void SelectionForm::populateLVCPS(int groupBy) {
     outputs_ = readOutputs(lvCps_->Tag());
     lvCps_->clear();
     const bool isImperial = measureUnit_ == MeasureSystem::imperial;
-    const bool hasEconomizer = panel_->cmbEco->Key() != u"0";
+    const bool hasEconomizer = panel_->cmbEco->Key() != noEconomizer;
     std::vector<ResultsView::Column> columns{{QStringLiteral("compressor"),
                                               dictionaryText(QStringLiteral("variables.compressor.name")),
                                               QString()}};
