@@ -130,6 +130,24 @@ TEST(marvelloSelect, AnOptionThatCannotBeIsRefusedWithWhatCan) {
     EXPECT_EQ(call(at + " --eco-mode 2 --eco 500").status, 0);
 }
 
+/// The one model of TK-A whose narrower limit ends below the line of injection warns as its neighbours do.
+TEST(marvelloSelect, ALoadOfTheOilCoolerIsWarnedOfForEveryModel) {
+    for (const char* refrigerant : {"R134A", "R407C"}) {
+        const Json run =
+            Json::parse(call(std::string("--refrigerant ") + refrigerant +
+                             " --series TK-A --ted -10 --tcd 42 --oc-mode 2 --oc 70 --format json")
+                            .out);
+        ASSERT_EQ(run["count"], 10);
+        for (const Json& compressor : run["compressors"]) {
+            ASSERT_TRUE(compressor["messages"]["error"].empty()) << compressor["key"];
+            EXPECT_GT(variable(compressor, "Pra"), 0) << compressor["key"];
+            const std::string warnings = compressor["messages"]["attention"].dump();
+            EXPECT_NE(warnings.find("messages.message07"), std::string::npos)
+                << compressor["key"] << warnings;
+        }
+    }
+}
+
 TEST(marvelloSelect, NamesAreFoundInAnyCaseOfLetters) {
     const auto csv = [](const char* arguments) {
         return call(std::string(arguments) + " --ted 2 --tcd 40 --format csv").out;

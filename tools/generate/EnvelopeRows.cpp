@@ -120,7 +120,15 @@ void EnvelopeRows::writeOne(const EnvelopeKind& kind, std::vector<std::vector<st
 
     add(over, range_->over.outline());
     add(application, allowed.outline());
-    add(injection, part(oilFirst ? second : first, allowed.upper()));
+    const BrokenLine& injectionFrom = oilFirst ? second : first;
+    std::vector<Point> injected = part(injectionFrom, allowed.upper());
+    if (injected.empty() && kind.narrow) {
+        // A limit so low that it ends below the line still needs it: without one the rules take the oil
+        // cooler's load for free, while they warn of it for the other models of the series.
+        const Region usual = applicationOf(*range_, {.economized = kind.economized});
+        injected = usual.cut(injectionFrom, usual.upper(), usual.left(), usual.right());
+    }
+    add(injection, injected);
     add(oilCooling, part(oilFirst ? first : second, allowed.upper()));
     if (kind.smallMotor) add(smallMotor, part(allowed.lower(), range_->smallMotor));
     if (series_->hasSteps()) {
