@@ -244,6 +244,37 @@ void ResultsView::drawRow(QPainter* painter, const QStyleOptionViewItem& options
     plain.palette.setColor(QPalette::Highlight, Qt::transparent);
     plain.backgroundBrush = Qt::NoBrush;
     QTreeView::drawRow(painter, plain, index);
+    if (horizontalOffset() > 0) drawLabelOver(painter, plain, index);
+}
+
+// The label stays in sight when the values are scrolled sideways: painted once more, over what is in its
+// place.
+void ResultsView::drawLabelOver(QPainter* painter, const QStyleOptionViewItem& options,
+                                const QModelIndex& index) const {
+    const Look& look = Look::current();
+    const bool group = isGroup(index.row());
+    QStyleOptionViewItem label(options);
+    label.rect = QRect(0, options.rect.top(), group ? viewport()->width() : header()->sectionSize(0),
+                       options.rect.height());
+    const bool selected = selectionModel()->isRowSelected(index.row(), {});
+    painter->fillRect(label.rect, selected ? isInUse() ? look.accentTint : look.hover
+                                  : group  ? look.surfaceAlt
+                                           : look.surface);
+    if (group) {
+        painter->fillRect(QRect(label.rect.bottomLeft(), QSize(label.rect.width(), 1)), look.line);
+    } else {
+        painter->fillRect(QRect(label.rect.topRight(), QSize(1, label.rect.height())), look.controlLine);
+    }
+    if (selected) painter->fillRect(QRect(label.rect.topLeft(), QSize(3, label.rect.height())), look.accent);
+    itemDelegate()->paint(painter, label, index.siblingAtColumn(0));
+}
+
+void ResultsView::scrollContentsBy(int dx, int dy) {
+    QTreeView::scrollContentsBy(dx, dy);
+    // What is painted over the scrolled cells does not move with them.
+    if (dx == 0) return;
+    viewport()->update();
+    header()->viewport()->update();
 }
 
 void ResultsView::keyPressEvent(QKeyEvent* event) {
@@ -256,7 +287,8 @@ void ResultsView::keyPressEvent(QKeyEvent* event) {
 bool ResultsView::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
-        const int column = header()->logicalIndexAt(help->pos().x());
+        const int x = help->pos().x();
+        const int column = x < header()->sectionSize(0) ? 0 : header()->logicalIndexAt(x);
         const QString text =
             column < 0 ? QString() : model_.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
         QToolTip::showText(help->globalPos(), text, this);

@@ -8,8 +8,9 @@
 
 namespace marvello {
 
-/// A list of results in columns, under group rows. Rows and columns are known by their keys. Several rows may
-/// be selected; the one chosen last leads.
+/// A list of results in columns, under group rows. The first column stays in place when the others scroll
+/// sideways. Rows and columns are known by their keys. Several rows may be selected; the one chosen last
+/// leads.
 class ResultsView : public QTreeView {
     Q_OBJECT
     Q_PROPERTY(QString Tag MEMBER tag_)
@@ -76,10 +77,13 @@ class ResultsView : public QTreeView {
   protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& options,
                  const QModelIndex& index) const override;
+    void scrollContentsBy(int dx, int dy) override;
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void drawLabelOver(QPainter* painter, const QStyleOptionViewItem& options,
+                       const QModelIndex& index) const;
     bool isInUse() const;
     int fittingWidth(int column) const;
     void setWidth(int column, int width);

@@ -1,6 +1,7 @@
 #include "controls/TwoLineHeader.h"
 
 #include <QFontMetrics>
+#include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -43,12 +44,54 @@ QSize TwoLineHeader::sectionSizeFromContents(int section) const {
     return {widthOf(model()->headerData(section, Qt::Horizontal).toString()), headerHeight};
 }
 
+bool TwoLineHeader::isOverFirst(const QMouseEvent& event) const {
+    constexpr int grip = 4;  // the edge by which a column is made wider
+    return count() > 0 && event.position().x() < sectionSize(0) + grip;
+}
+
+// The first column is painted, and takes the mouse, where it is seen; its section has scrolled away to the
+// left.
+QMouseEvent TwoLineHeader::inSections(const QMouseEvent& event) const {
+    const bool isHovering = event.type() == QEvent::MouseMove && event.buttons() == Qt::NoButton;
+    const bool isFirst = isHovering ? isOverFirst(event) : isFirstHeld_;
+    const QPointF moved = isFirst ? event.position() - QPointF(offset(), 0) : event.position();
+    return {event.type(), moved, event.globalPosition(), event.button(), event.buttons(), event.modifiers()};
+}
+
+void TwoLineHeader::mousePressEvent(QMouseEvent* event) {
+    isFirstHeld_ = isOverFirst(*event);
+    QMouseEvent moved = inSections(*event);
+    QHeaderView::mousePressEvent(&moved);
+}
+
+void TwoLineHeader::mouseMoveEvent(QMouseEvent* event) {
+    QMouseEvent moved = inSections(*event);
+    QHeaderView::mouseMoveEvent(&moved);
+}
+
+void TwoLineHeader::mouseReleaseEvent(QMouseEvent* event) {
+    QMouseEvent moved = inSections(*event);
+    QHeaderView::mouseReleaseEvent(&moved);
+    isFirstHeld_ = false;
+}
+
+void TwoLineHeader::mouseDoubleClickEvent(QMouseEvent* event) {
+    isFirstHeld_ = isOverFirst(*event);
+    QMouseEvent moved = inSections(*event);
+    QHeaderView::mouseDoubleClickEvent(&moved);
+}
+
 void TwoLineHeader::paintEvent(QPaintEvent* event) {
     QHeaderView::paintEvent(event);
     const QRect whole = viewport()->rect();
     const QRect rest(length() - offset(), 0, whole.width() - length() + offset(), whole.height());
-    if (rest.width() <= 0) return;
     QPainter painter(viewport());
+    if (offset() > 0 && count() > 0) {
+        const QRect first(0, 0, sectionSize(0), whole.height());
+        paintSection(&painter, first, 0);
+        painter.fillRect(QRect(first.topRight(), QSize(1, first.height())), Look::current().controlLine);
+    }
+    if (rest.width() <= 0) return;
     painter.fillRect(rest, Look::current().surfaceAlt);
     painter.fillRect(QRect(rest.left(), rest.bottom(), rest.width(), 1), Look::current().line);
 }
