@@ -27,6 +27,8 @@ class DimensionPage;
 class DropList;
 class EmptyPage;
 class InputPanel;
+class InputSummary;
+class InputsFold;
 class LimitsPage;
 class MessagesView;
 class PolynomialsPage;
@@ -99,9 +101,9 @@ class SelectionForm : public QWidget {
     bool canPrint() const;
     /// How many compressors of the list carry a mark.
     int countOf(const QString& mark) const;
-    /// The choice that the inputs stand at, as "R134A · TK-A".
+    /// The choice of the inputs, as "R134A · TK-A", with the frequency of an inverter behind it.
     QString subject() const;
-    bool isCollapsed() const { return collapsed_; }
+    bool isCollapsed() const;
     /// How wide the inputs stand; to be kept between starts.
     int panelWidth() const;
     void setPanelWidth(int width);
@@ -113,6 +115,8 @@ class SelectionForm : public QWidget {
     void stateChanged();
     /// The user moved a splitter.
     void sizesChanged();
+    /// Help was asked for where no field has any.
+    void guideRequested();
     /// A file was written; `note` says what it holds and where it is.
     void exported(const QString& note);
 
@@ -176,7 +180,8 @@ class SelectionForm : public QWidget {
     void ConvertInputs(MeasureSystem from, MeasureSystem to);
     void convert(AdvanceText* field, MeasureSystem from, MeasureSystem to, UnitRule rule);
     void VisualizeHelp(const AdvanceText* field);
-    /// Shows the whole help of the field in use in a box, also where the panel has no room for it.
+    /// Shows the whole help of the field in use in a box, also where the panel has no room for it; asks for
+    /// the guide where there is none.
     void showHelp();
     QString captionOf(const AdvanceText* field) const;
     /// Discards results that belong to earlier inputs; `field` is where they were changed, if anywhere.
@@ -229,12 +234,12 @@ class SelectionForm : public QWidget {
     CoupleLeaders leaders_;
     QHash<const AdvanceText*, EnteredValue> enteredValues_;
     EconomizerValues economizerValues_;
-    int keptSplitterPos_ = 0;
-    bool collapsed_ = false;
 
     Splitter* Splitter1_;
     Splitter* Splitter2_;
     InputPanel* panel_;
+    InputSummary* summary_;
+    InputsFold* fold_;
     EmptyPage* frame2_;
     ResultsView* lvCps_;
     TabStrip* TabStrip_;

@@ -460,10 +460,13 @@ void SelectionForm::VisualizeHelp(const AdvanceText* field) {
 }
 
 void SelectionForm::showHelp() {
-    if (!kind_.hasFieldHelp) return;
     for (const AdvanceText* field : panel_->fields())
-        if (const QString help = helpOf(field); field->hasFocus() && !help.isEmpty())
+        if (const QString help = kind_.hasFieldHelp ? helpOf(field) : QString();
+            field->hasFocus() && !help.isEmpty()) {
             MessageBox::show(this, MessageBox::Mark::information, captionOf(field) + u'\n' + help);
+            return;
+        }
+    emit guideRequested();
 }
 
 // A field beside the selector of its mode has no caption of its own.

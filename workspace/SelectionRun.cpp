@@ -17,6 +17,7 @@
 #include "workspace/EmptyPage.h"
 #include "workspace/InputPanel.h"
 #include "workspace/InputRules.h"
+#include "workspace/InputsFold.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmpG.h"
@@ -34,10 +35,12 @@ bool SelectionForm::allInputsValid() {
         if (!field->Refusal().isEmpty()) SyncTemperatureFields(nameInCouple(field));
         if (!field->Refusal().isEmpty()) {
             MessageBox::show(this, MessageBox::Mark::critical, field->Refusal());
+            fold_->show();
             field->setFocus();
             return false;
         }
         if (field->TextType() != 1 || field->isHidden() || field->validate()) continue;
+        fold_->show();
         field->setFocus();
         return false;
     }
@@ -133,6 +136,7 @@ void SelectionForm::showResults() {
     Splitter1_->SetChild2(QStringLiteral("splitter2"));
     frame2_->hide();
     Splitter2_->show();
+    fold_->setHasResults(true);
     TabStrip_->setCurrentIndex(0);
     lvCps_->setFocus();
     // The first compressor, so that its page is there at once.
@@ -159,6 +163,7 @@ void SelectionForm::closesplitter34() {
     Splitter1_->SetChild2(QStringLiteral("Frame2"));
     frame2_->show();
     Splitter2_->hide();
+    fold_->setHasResults(false);
     emit stateChanged();
 }
 
