@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QShortcut>
@@ -151,6 +152,8 @@ void SelectionForm::makePanes() {
         emit stateChanged();
     });
     connect(lvCps_, &QWidget::customContextMenuRequested, this, &SelectionForm::openPopUp);
+    lvCps_->setSortable();
+    connect(lvCps_, &ResultsView::headingClicked, this, &SelectionForm::sortBy);
     connect(lvCps_, &ResultsView::copyRequested, this, &SelectionForm::CopyToClipBoard);
     connect(TabStrip_, &QTabBar::currentChanged, this, &SelectionForm::tabChanged);
     tabChanged();
@@ -231,6 +234,7 @@ void SelectionForm::Traduci() {
     panel_->lnkCalculate->setText(dictionaryText(QStringLiteral("frmselection.lnkcalculate.caption")));
     panel_->SetCaptionText(dictionaryText(QStringLiteral("frmselection.coolframe1.captiontext")));
     panel_->lnkDefaults->setText(dictionaryText(QStringLiteral("frmselection.lnkdefaults.caption")));
+    lvCps_->header()->setAccessibleName(dictionaryText(QStringLiteral("frmselection.headings")));
     invite();
     translatePages();
     // The descriptions of the chosen keys, in the new language.
