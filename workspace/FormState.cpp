@@ -9,6 +9,10 @@ namespace marvello {
 
 namespace {
 
+// What lies beyond was never typed or dragged: the settings are damaged.
+constexpr double largestValue = 1e6;
+constexpr int widestColumn = 2000;  // logical pixels
+
 QString groupOf(const QString& form) { return QStringLiteral("Forms/") + form; }
 
 /// Entries "name=value": names may hold signs that a settings store keeps for itself.
@@ -63,10 +67,13 @@ FormState keptFormState(const QString& form) {
     forEntries(settings, "Values", [&](const QString& name, const QVariant& text) {
         bool isNumber = false;
         const double value = text.toDouble(&isNumber);
-        if (isNumber && std::isfinite(value)) state.values[name] = value;
+        // Also false for what is not a number.
+        if (isNumber && std::abs(value) <= largestValue) state.values[name] = value;
     });
-    forEntries(settings, "ColumnWidths",
-               [&](const QString& key, const QVariant& width) { state.columnWidths[key] = width.toInt(); });
+    forEntries(settings, "ColumnWidths", [&](const QString& key, const QVariant& width) {
+        if (const int pixels = width.toInt(); pixels > 0 && pixels <= widestColumn)
+            state.columnWidths[key] = pixels;
+    });
     return state;
 }
 

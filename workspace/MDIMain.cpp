@@ -25,6 +25,7 @@
 #include "workspace/AlphaVersion.h"
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/DropList.h"
+#include "workspace/FramePlace.h"
 #include "workspace/UserSettings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmMenu.h"
@@ -66,7 +67,7 @@ MDIMain::MDIMain(const QString& version, QWidget* parent)
     setObjectName(QStringLiteral("MDIMain"));
     setWindowTitle(QStringLiteral("Kestrom - Marvello "));
     setWindowIcon(markIcon(QStringLiteral("emblem")));
-    resize(1440, 870);
+    setMinimumSize(560, 320);
     makeCommands();
     makeMenus();
     makeToolBar();
@@ -329,7 +330,7 @@ void MDIMain::closeAll() {
 
 void MDIMain::restoreSizes() {
     const QSettings settings = userSettings();
-    restoreGeometry(settings.value(QStringLiteral("Windows/Frame")).toByteArray());
+    placeFrame(*this, settings.value(QStringLiteral("Windows/Frame")).toByteArray());
     for (AdvanceText* selector : {cmbmeasureunits_, cmbGroupBy_}) {
         const QString key = settings.value(QStringLiteral("Windows/") + selector->objectName()).toString();
         if (key == u"0" || key == u"1") showKey(selector, key);
