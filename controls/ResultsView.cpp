@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
@@ -60,9 +61,9 @@ class CellDelegate : public QStyledItemDelegate {
 
 }  // namespace
 
-ResultsView::ResultsView(QWidget* parent) : QTreeView(parent) {
+ResultsView::ResultsView(QWidget* parent) : QTreeView(parent), headings_(new TwoLineHeader(this)) {
     setModel(&model_);
-    setHeader(new TwoLineHeader(this));
+    setHeader(headings_);
     header()->setStretchLastSection(false);
     header()->setMouseTracking(true);
     setItemDelegate(new CellDelegate(this));
@@ -108,6 +109,28 @@ void ResultsView::setColumns(const std::vector<Column>& columns) {
         model_.setHorizontalHeaderItem(i, item.release());
         setWidth(i, i == 0 ? firstWidth : otherWidth);
     }
+}
+
+void ResultsView::setSortable() {
+    headings_->setSortable();
+    connect(headings_, &TwoLineHeader::sectionClicked, this,
+            [this](int column) { emit headingClicked(columnKeys().value(column)); });
+    connect(headings_, &TwoLineHeader::sectionReached, this, [this](int column) {
+        // The first column is always in sight, over what scrolls.
+        if (column == 0) return;
+        const int left = headings_->sectionViewportPosition(column) - headings_->sectionSize(0);
+        const int beyond =
+            left + headings_->sectionSize(0) + headings_->sectionSize(column) - viewport()->width();
+        QScrollBar* bar = horizontalScrollBar();
+        if (left < 0)
+            bar->setValue(bar->value() + left);
+        else if (beyond > 0)
+            bar->setValue(bar->value() + std::min(beyond, left));
+    });
+}
+
+void ResultsView::markSorted(const QString& column, bool descending) {
+    headings_->setSortMark(static_cast<int>(columnKeys().indexOf(column)), descending);
 }
 
 void ResultsView::addGroup(const QString& key, const QString& text) {

@@ -8,6 +8,8 @@
 
 namespace marvello {
 
+class TwoLineHeader;
+
 /// A list of results in columns, under group rows. The first column stays in place when the others scroll
 /// sideways. Rows and columns are known by their keys. Several rows may be selected; the one chosen last
 /// leads.
@@ -39,6 +41,10 @@ class ResultsView : public QTreeView {
     void clear();
     /// The first column holds the labels.
     void setColumns(const std::vector<Column>& columns);
+    /// Lets a click on a heading, or its keys, ask for another order of the rows.
+    void setSortable();
+    /// Marks the column by which the rows are sorted; a key that no column has marks none.
+    void markSorted(const QString& column, bool descending);
     void addGroup(const QString& key, const QString& text);
     void addRow(const Row& row);
     /// Widens every column until neither its header nor a value is cut; those that the user made wider or
@@ -71,6 +77,8 @@ class ResultsView : public QTreeView {
   signals:
     /// The selected rows changed, by mouse, key or program.
     void rowSelected();
+    /// A heading was clicked, or chosen with its keys.
+    void headingClicked(const QString& column);
     /// The keys of copying were pressed.
     void copyRequested();
 
@@ -89,6 +97,7 @@ class ResultsView : public QTreeView {
     void setWidth(int column, int width);
 
     QStandardItemModel model_;
+    TwoLineHeader* headings_;
     QString tag_;
     QHash<QString, int> chosenWidths_;
     bool isArranging_ = false;  // widths are set by the program

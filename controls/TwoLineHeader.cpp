@@ -1,6 +1,7 @@
 #include "controls/TwoLineHeader.h"
 
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -15,6 +16,18 @@ constexpr int sidePadding = 10;
 
 QFont nameFont() { return lookFont(12, QFont::Medium); }
 QFont unitFont() { return lookFont(11); }
+
+/// Points up where the values grow from the top.
+void paintArrow(QPainter& painter, const QPointF& middle, bool descending) {
+    const double tip = descending ? 2.5 : -2.5;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Look::current().accent);
+    painter.drawPolygon(
+        QPolygonF{middle + QPointF(-4, -tip), middle + QPointF(4, -tip), middle + QPointF(0, tip)});
+    painter.restore();
+}
 
 }  // namespace
 
@@ -38,6 +51,60 @@ int TwoLineHeader::widthOf(const QString& text) {
     const int width = std::max(QFontMetrics(nameFont()).horizontalAdvance(name),
                                QFontMetrics(unitFont()).horizontalAdvance(unit));
     return width + 2 * sidePadding;
+}
+
+void TwoLineHeader::setSortable() {
+    setSectionsClickable(true);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void TwoLineHeader::setSortMark(int section, bool descending) {
+    sortSection_ = section;
+    isDescending_ = descending;
+    viewport()->update();
+}
+
+int TwoLineHeader::sectionInUse() const { return std::clamp(keySection_, 0, std::max(0, count() - 1)); }
+
+void TwoLineHeader::goTo(int section) {
+    keySection_ = section;
+    keySection_ = sectionInUse();
+    emit sectionReached(keySection_);
+    viewport()->update();
+}
+
+void TwoLineHeader::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Left:
+            goTo(sectionInUse() - 1);
+            break;
+        case Qt::Key_Right:
+            goTo(sectionInUse() + 1);
+            break;
+        case Qt::Key_Home:
+            goTo(0);
+            break;
+        case Qt::Key_End:
+            goTo(count() - 1);
+            break;
+        case Qt::Key_Space:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (count() > 0) emit sectionClicked(sectionInUse());
+            break;
+        default:
+            event->ignore();
+    }
+}
+
+void TwoLineHeader::focusInEvent(QFocusEvent* event) {
+    QHeaderView::focusInEvent(event);
+    goTo(keySection_);
+}
+
+void TwoLineHeader::focusOutEvent(QFocusEvent* event) {
+    QHeaderView::focusOutEvent(event);
+    viewport()->update();
 }
 
 QSize TwoLineHeader::sectionSizeFromContents(int section) const {
@@ -106,6 +173,9 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int secti
     painter->setFont(nameFont());
     if (section == 0) {
         painter->drawText(rect.adjusted(12, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter, name);
+        const int end = rect.left() + 12 + painter->fontMetrics().horizontalAdvance(name);
+        if (section == sortSection_)
+            paintArrow(*painter, {end + 10.0, rect.center().y() + 0.5}, isDescending_);
     } else {
         const QRect inner = rect.adjusted(4, 5, -sidePadding, -5);
         const int unitHeight = unit.isEmpty() ? 0 : inner.height() / 2;
@@ -114,6 +184,16 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int secti
         painter->setFont(unitFont());
         painter->drawText(inner.adjusted(0, inner.height() / 2, 0, 0), Qt::AlignRight | Qt::AlignVCenter,
                           unit);
+        // Left of the name, which ends where the numbers do.
+        const int start = inner.right() - QFontMetrics(nameFont()).horizontalAdvance(name);
+        const double middle = inner.top() + (inner.height() - unitHeight) / 2.0;
+        if (section == sortSection_)
+            paintArrow(*painter, {std::max(start - 8.0, rect.left() + 5.0), middle}, isDescending_);
+    }
+    if (hasFocus() && section == sectionInUse()) {
+        painter->setPen(QPen(look.accent, 2));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(rect.adjusted(1, 1, -1, -2));
     }
     painter->restore();
 }

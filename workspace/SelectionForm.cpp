@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QShortcut>
@@ -150,6 +151,8 @@ void SelectionForm::makePanes() {
         emit stateChanged();
     });
     connect(lvCps_, &QWidget::customContextMenuRequested, this, &SelectionForm::openPopUp);
+    lvCps_->setSortable();
+    connect(lvCps_, &ResultsView::headingClicked, this, &SelectionForm::sortBy);
     connect(lvCps_, &ResultsView::copyRequested, this, &SelectionForm::CopyToClipBoard);
     connect(TabStrip_, &QTabBar::currentChanged, this, &SelectionForm::tabChanged);
     tabChanged();
@@ -233,6 +236,7 @@ void SelectionForm::Traduci() {
     summary_->setTexts(panel_->property("CaptionText").toString().trimmed(),
                        dictionaryText(QStringLiteral("frmselection.summary.edit")),
                        panel_->lnkCalculate->text());
+    lvCps_->header()->setAccessibleName(dictionaryText(QStringLiteral("frmselection.headings")));
     invite();
     translatePages();
     // The descriptions of the chosen keys, in the new language.

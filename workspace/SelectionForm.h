@@ -13,6 +13,7 @@
 #include "workspace/EnteredValue.h"
 #include "workspace/FormState.h"
 #include "workspace/InputRules.h"
+#include "workspace/ListOrder.h"
 #include "workspace/MeasureSystem.h"
 #include "workspace/SelectionKind.h"
 #include "workspace/TechnicalPage.h"
@@ -201,7 +202,11 @@ class SelectionForm : public QWidget {
     void invite(const QString& editedField = QString());
 
     // SelectionResults.cpp
-    void addCompressor(clsCompressor& compressor, const QString& label);
+    ResultsView::Row rowOf(clsCompressor& compressor, const QString& label);
+    /// Sorts by a column as told by its heading.
+    void sortBy(const QString& column);
+    /// Selects the compressor that was selected before, else the first that is possible.
+    void selectCompressor();
     QString unitOf(const clsOutput& output) const;
     bool isCompressorRow(int row) const;
     /// The compressor of a row; nothing for a group and for one that the last calculation does not hold.
@@ -234,6 +239,8 @@ class SelectionForm : public QWidget {
     CoupleLeaders leaders_;
     QHash<const AdvanceText*, EnteredValue> enteredValues_;
     EconomizerValues economizerValues_;
+    ListOrder order_;
+    QString keptSelection_;  ///< the compressor selected when the list was put away
 
     Splitter* Splitter1_;
     Splitter* Splitter2_;

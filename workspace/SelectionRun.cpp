@@ -139,12 +139,7 @@ void SelectionForm::showResults() {
     fold_->setHasResults(true);
     TabStrip_->setCurrentIndex(0);
     lvCps_->setFocus();
-    // The first compressor, so that its page is there at once.
-    for (int row = 0; row < lvCps_->rowCount(); ++row)
-        if (!lvCps_->isGroup(row)) {
-            lvCps_->selectRow(row);
-            break;
-        }
+    selectCompressor();
     PopulateFrame4();
 }
 
@@ -159,6 +154,8 @@ void SelectionForm::invite(const QString& editedField) {
 
 void SelectionForm::closesplitter34() {
     invite();
+    if (const int row = lvCps_->selectedRow(); row >= 0)
+        keptSelection_ = isCompressorRow(row) ? lvCps_->key(row) : QString();
     lvCps_->clear();
     Splitter1_->SetChild2(QStringLiteral("Frame2"));
     frame2_->show();
