@@ -60,8 +60,8 @@ int runContent(const ContentRequest& request) {
                      fs::path(request.folder) / "pictures", faults);
     print(faults.lines(), "error");
     if (isCheck || request.isStrict) print(faults.warnings(), "warning");
-    std::cout << counted(faults.lines().size(), "error") << ", "
-              << counted(faults.warnings().size(), "warning") << ": " << contentSummary(content) << '\n';
+    printText(counted(faults.lines().size(), "error") + ", " + counted(faults.warnings().size(), "warning") +
+              ": " + contentSummary(content) + "\n");
     if (!faults.empty() || (request.isStrict && !faults.warnings().empty())) return failed;
     if (!isCheck) writeCatalogue(content, *request.output, request.isForced);
     return done;
@@ -181,6 +181,9 @@ int main(int argc, char** argv) try {
 
     try {
         program.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        printText(program.help());
+        return done;
     } catch (const CLI::ParseError& error) {
         return program.exit(error) == 0 ? done : failed;
     }
