@@ -1,6 +1,5 @@
 // The inputs of a selection form: what they offer, and how they follow one another.
 
-#include <QTimer>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -132,9 +131,7 @@ void SelectionForm::connectCoupledFields() {
     if (AdvanceText* frequency = panel_->txtFrequency)
         connect(frequency, &AdvanceText::TextValidate, this,
                 [frequency] { frequency->SetTextValue(frequency->number()); });
-    // The box waits until the focus has moved.
-    connect(panel_->txtSH, &AdvanceText::TextLostFocus, this,
-            [this] { QTimer::singleShot(0, this, [this] { gestioneSH(true); }); });
+    connect(panel_->txtSH, &AdvanceText::TextLostFocus, this, [this] { gestioneSH(true); });
 }
 
 void SelectionForm::connectModes() {
