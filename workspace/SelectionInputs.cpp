@@ -18,6 +18,7 @@
 #include "workspace/InputPanel.h"
 #include "workspace/InputRules.h"
 #include "workspace/SelectionForm.h"
+#include "workspace/TypedQuantities.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -106,6 +107,7 @@ void SelectionForm::connectInputs() {
         connect(field, &AdvanceText::KeyChange, this, changed);
         if (field->Locked()) dropList_->serve(field, field == panel_->lstModels);
     }
+    takeOtherUnits(*panel_, [this] { return measureUnit_; });
     connectCoupledFields();
     connectModes();
     for (AdvanceText* field : panel_->fields())
@@ -415,6 +417,7 @@ void SelectionForm::showUnits() {
 }
 
 void SelectionForm::MeasureUnits(int unit, bool refresh) {
+    panel_->commit();
     const MeasureSystem before = measureUnit_;
     measureUnit_ = unit == 1 ? MeasureSystem::imperial : MeasureSystem::metric;
     if (measureUnit_ != before) ConvertInputs(before, measureUnit_);
