@@ -29,8 +29,9 @@ FieldNote::FieldNote(const QWidget& field) : QWidget(field.window()) {
     hide();
 }
 
-void FieldNote::say(const QString& text, const QWidget& field, const QRect& box) {
+void FieldNote::say(const QString& text, const QWidget& field, const QRect& box, Kind kind) {
     text_ = text;
+    kind_ = kind;
     setAccessibleName(text);
     const QRect words = QFontMetrics(noteFont()).boundingRect(0, 0, widestText, 1000, Qt::TextWordWrap, text);
     const int width = words.width() + 1 + 2 * padding + markSize + markGap;
@@ -71,12 +72,12 @@ void FieldNote::paintEvent(QPaintEvent*) {
                                   {body.left() + 1, body.center().y() + arrow}}));
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(look.red, 1));
+    painter.setPen(QPen(kind_ == Kind::fault ? look.red : look.accent, 1));
     painter.setBrush(look.raised);
     painter.drawPath(shape.united(tip));
     const QRect inner = bubble().adjusted(padding, 0, -padding, 0);
     paintMark(painter, QRect(inner.left(), inner.center().y() - markSize / 2 + 1, markSize, markSize),
-              QStringLiteral("ledred"));
+              kind_ == Kind::fault ? QStringLiteral("ledred") : QStringLiteral("msginformation"));
     painter.setPen(look.text);
     painter.setFont(noteFont());
     painter.drawText(inner.adjusted(markSize + markGap, 0, 1, 0),

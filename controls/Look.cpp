@@ -170,8 +170,9 @@ void Look::install(QApplication& application, const Look& look) {
     // The application takes ownership of the style.
     QApplication::setStyle(std::make_unique<LookStyle>().release());
     QApplication::setPalette(paletteOf(look));
-    QApplication::setFont(lookFont());
     application.setStyleSheet(styleSheetOf(look));
+    // The style sheet brings back what the desktop has for menus and the like; the font replaces it.
+    QApplication::setFont(lookFont());
 }
 
 QFont lookFont(int pixelSize, QFont::Weight weight) {

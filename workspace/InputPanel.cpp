@@ -126,6 +126,10 @@ void InputPanel::makeTabOrder() {
     QWidget::setTabOrder(lnkCalculate, lnkDefaults);
 }
 
+void InputPanel::commit() {
+    for (AdvanceText* field : fields_) field->commit();
+}
+
 void InputPanel::ResizeControls(int captionWidth) {
     captionWidth_ = captionWidth;
     layOut();

@@ -1,6 +1,5 @@
 // The inputs of a selection form: what they offer, and how they follow one another.
 
-#include <QTimer>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -19,6 +18,7 @@
 #include "workspace/InputPanel.h"
 #include "workspace/InputRules.h"
 #include "workspace/SelectionForm.h"
+#include "workspace/TypedQuantities.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -107,6 +107,7 @@ void SelectionForm::connectInputs() {
         connect(field, &AdvanceText::KeyChange, this, changed);
         if (field->Locked()) dropList_->serve(field, field == panel_->lstModels);
     }
+    takeOtherUnits(*panel_, [this] { return measureUnit_; });
     connectCoupledFields();
     connectModes();
     for (AdvanceText* field : panel_->fields())
@@ -132,9 +133,7 @@ void SelectionForm::connectCoupledFields() {
     if (AdvanceText* frequency = panel_->txtFrequency)
         connect(frequency, &AdvanceText::TextValidate, this,
                 [frequency] { frequency->SetTextValue(frequency->number()); });
-    // The box waits until the focus has moved.
-    connect(panel_->txtSH, &AdvanceText::TextLostFocus, this,
-            [this] { QTimer::singleShot(0, this, [this] { gestioneSH(true); }); });
+    connect(panel_->txtSH, &AdvanceText::TextLostFocus, this, [this] { gestioneSH(true); });
 }
 
 void SelectionForm::connectModes() {
@@ -427,6 +426,7 @@ void SelectionForm::showUnits() {
 }
 
 void SelectionForm::MeasureUnits(int unit, bool refresh) {
+    panel_->commit();
     const MeasureSystem before = measureUnit_;
     measureUnit_ = unit == 1 ? MeasureSystem::imperial : MeasureSystem::metric;
     if (measureUnit_ != before) ConvertInputs(before, measureUnit_);

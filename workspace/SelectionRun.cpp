@@ -30,6 +30,7 @@ void SelectionForm::lnkCalculate_Click() {
 }
 
 bool SelectionForm::allInputsValid() {
+    panel_->commit();
     for (AdvanceText* field : panel_->fields()) {
         // What was refused may have been mended meanwhile, as a missing fluid file.
         if (!field->Refusal().isEmpty()) SyncTemperatureFields(nameInCouple(field));

@@ -2,8 +2,11 @@
 
 #include "controls/ContainerOld.h"
 #include "controls/Link.h"
+#include "controls/Look.h"
 #include "controls/ctlRoundRectangle.h"
 
+#include <QApplication>
+#include <QMenu>
 #include <QTest>
 
 using namespace marvello;
@@ -65,4 +68,15 @@ TEST(LinkTest, PassesClicksAndEnterOn) {
     link.setEnabled(false);
     QTest::mouseClick(&link, Qt::LeftButton);
     EXPECT_EQ(clicks, 3);
+}
+
+TEST(Look, GivesItsFontToWhatTheDesktopHasFontsForToo) {
+    // As a theme of the desktop does.
+    QApplication::setFont(QFont("Courier", 20), "QMenu");
+    Look::install(*qApp, Look::light());
+    QMenu menu;
+    menu.addAction("New");
+    menu.ensurePolished();
+    EXPECT_EQ(menu.font().families().front(), lookFont().families().front());
+    EXPECT_EQ(menu.font().pixelSize(), lookFont().pixelSize());
 }

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -317,6 +318,52 @@ TEST_F(MainWindowTest, SplittersStandWhereTheyWereLeft) {
     form->setPanelWidth(450);
     emit form->sizesChanged();
     EXPECT_EQ(window->newSelection()->panelWidth(), 450);
+}
+
+TEST_F(MainWindowTest, OnlyAnotherControlOfTheFormEndsTheUseOfAField) {
+    SelectionForm* form = window->newSelection();
+    SelectionForm* other = window->newSelection();
+    window->findChild<QMdiArea*>()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(form->parentWidget()));
+    type(*form, "txtSH", "25");
+    const auto wait = [] { QTest::qWait(30); };  // a check waits for the mouse to be up
+
+    QTest::mouseClick(window->menuBar(), Qt::LeftButton, Qt::NoModifier,
+                      window->menuBar()->actionGeometry(window->menuBar()->actions().front()).center());
+    wait();
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QTest::keyClick(control<QWidget>(*window, "cmbmeasureunits")->findChild<QLineEdit*>(), Qt::Key_Down);
+    wait();
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    field(*other, "txtTED")->setFocus();
+    wait();
+    QWidget stranger;
+    stranger.show();
+    stranger.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&stranger));
+    wait();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    EXPECT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
+    EXPECT_EQ(field(*form, "txtSH")->TextText(), "25");
+
+    type(*form, "txtSH", "25");
+    field(*form, "txtSC")->setFocus();
+    wait();
+    EXPECT_EQ(boxes.size(), 1);
+    EXPECT_EQ(field(*form, "txtSH")->TextText(), "10.00");
+
+    for (const char* text : {"25", "abc"}) {
+        type(*form, "txtSH", text);
+        form->Quit();
+        settle();
+        wait();
+        form = other;
+    }
+    EXPECT_EQ(window->forms().size(), 0);
+    type(*window->newSelection(), "txtSH", "25");
+    window->close();
+    wait();
+    EXPECT_EQ(boxes.size(), 1) << boxes.join("|").toStdString();
 }
 
 TEST_F(MainWindowTest, WindowsAreArranged) {

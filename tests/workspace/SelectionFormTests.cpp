@@ -244,6 +244,53 @@ TEST_F(SelectionFormTest, AnAbortedRunKeepsTheFormUsable) {
     EXPECT_EQ(list()->rowCount(), 4);
 }
 
+TEST_F(SelectionFormTest, FieldsTakeOtherUnitsAndSums) {
+    const double pressure = value("txtPC");
+    type(*form, "txtTCD", "104 F");
+    EXPECT_EQ(form->findChild<FieldNote*>()->text(), QString::fromUtf8("104 F = 40.00 °C"));
+    EXPECT_FALSE(field(*form, "txtTCD")->isInvalid());
+    QTest::keyClick(form->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(text("txtTCD"), "40.00");
+    EXPECT_NEAR(value("txtPC"), pressure, 1e-9);
+
+    type(*form, "txtPE", "1.00 bar g");  // 2.01325 bar: R134a at -9.93 degrees Celsius
+    EXPECT_NEAR(value("txtTED"), -26.4, 0.1) << "waits since \"1.00\", which is R134a at 1 bar";
+    leave();
+    EXPECT_EQ(text("txtPE"), "2.01");
+    EXPECT_NEAR(value("txtTED"), -9.93, 0.05);
+    EXPECT_TRUE(field(*form, "txtTED")->Derived());
+
+    type(*form, "txtSC", "9 F");
+    choose(*form, "lstSeries", "TK-A");
+    EXPECT_EQ(text("txtSC"), "5.00");
+    type(*form, "txtSH", "36 F+1");  // a sum stands in front of its unit
+    EXPECT_TRUE(field(*form, "txtSH")->isInvalid());
+    type(*form, "txtSH", "2+6");
+    calculate();
+    EXPECT_EQ(text("txtSH"), "8.00");
+    EXPECT_TRUE(form->hasResults());
+
+    choose(*form, "cmbEco", "2");
+    type(*form, "txtEco", "12 TR");
+    EXPECT_TRUE(field(*form, "txtEco")->isInvalid());
+    leave();
+    EXPECT_EQ(boxes, QStringList("Error. Only Numeric value"));
+    type(*form, "txtEco", "12");
+    leave();
+
+    activate();
+    // A change of the units takes first what was typed in the old ones.
+    type(*form, "txtTED", "1+1");
+    form->MeasureUnits(1, true);
+    EXPECT_EQ(text("txtTED"), "35.60");
+    type(*form, "txtTED", "5 C");
+    calculate();
+    EXPECT_EQ(text("txtTED"), "41.00");
+    type(*form, "txtPC", "145 psig");
+    leave();
+    EXPECT_EQ(text("txtPC"), "159.70");  // 145 + 14.696
+}
+
 TEST_F(SelectionFormTest, SaysWhenNothingMatches) {
     field(*form, "lstModels")->SetKey("no such model");
     calculate();
