@@ -43,6 +43,12 @@ QSize TwoLineHeader::sectionSizeFromContents(int section) const {
     return {widthOf(model()->headerData(section, Qt::Horizontal).toString()), headerHeight};
 }
 
+bool TwoLineHeader::hasUnits() const {
+    for (int section = 0; section < count(); ++section)
+        if (!lines(model()->headerData(section, Qt::Horizontal).toString()).second.isEmpty()) return true;
+    return false;
+}
+
 void TwoLineHeader::paintEvent(QPaintEvent* event) {
     QHeaderView::paintEvent(event);
     const QRect whole = viewport()->rect();
@@ -65,7 +71,7 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int secti
         painter->drawText(rect.adjusted(12, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter, name);
     } else {
         const QRect inner = rect.adjusted(4, 5, -sidePadding, -5);
-        const int unitHeight = unit.isEmpty() ? 0 : inner.height() / 2;
+        const int unitHeight = hasUnits() ? inner.height() / 2 : 0;
         painter->drawText(inner.adjusted(0, 0, 0, -unitHeight), Qt::AlignRight | Qt::AlignVCenter, name);
         painter->setPen(look.muted);
         painter->setFont(unitFont());

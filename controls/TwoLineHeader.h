@@ -5,7 +5,8 @@
 namespace marvello {
 
 /// Paints a column text "name(unit)" in two lines, the name above the unit; an empty "()" is dropped,
-/// and a name without a unit stands in the middle. The text of the model stays whole.
+/// and a name without a unit is on the line of the other names, or in the middle if no column has a unit. The
+/// text of the model stays whole.
 class TwoLineHeader : public QHeaderView {
     Q_OBJECT
 
@@ -23,6 +24,9 @@ class TwoLineHeader : public QHeaderView {
     QSize sectionSizeFromContents(int section) const override;
     void paintEvent(QPaintEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+
+  private:
+    bool hasUnits() const;
 };
 
 }  // namespace marvello
