@@ -127,6 +127,15 @@ TEST_F(PagesTest, ThePhotoIsTheNearestThereIs) {
     photo("TK-A-140", Qt::red);
     EXPECT_GT(shown(3).red(), 200);
     EXPECT_LT(shown(3).blue(), 60);
+    // No other reader is asked, whatever the file holds.
+    QFile disguised(dir.filePath("images/photos/TK-A-140.jpg"));
+    ASSERT_TRUE(disguised.open(QIODevice::WriteOnly));
+    disguised.write(
+        "<svg xmlns='http://www.w3.org/2000/svg' width='120' height='80'>"
+        "<rect width='120' height='80' fill='red'/></svg>");
+    disguised.close();
+    shown(1);
+    EXPECT_EQ(shown(3), none);
     QFile broken(dir.filePath("images/photos/TK-A.jpg"));
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
     broken.write("no picture");
