@@ -38,6 +38,8 @@ class ResultsView : public QTreeView {
     void clear();
     /// The first column holds the labels.
     void setColumns(const std::vector<Column>& columns);
+    /// What a screen reader says of a group row, with "{0}" for its text.
+    void setSpokenGroup(const QString& pattern) { spokenGroup_ = pattern; }
     void addGroup(const QString& key, const QString& text);
     void addRow(const Row& row);
     /// Widens every column until neither its header nor a value is cut; those that the user made wider or
@@ -86,6 +88,7 @@ class ResultsView : public QTreeView {
 
     QStandardItemModel model_;
     QString tag_;
+    QString spokenGroup_ = QStringLiteral("{0}");
     QHash<QString, int> chosenWidths_;
     bool isArranging_ = false;  // widths are set by the program
 };

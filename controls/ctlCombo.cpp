@@ -75,6 +75,11 @@ ctlCombo::ctlCombo(QWidget* parent)
     connect(list_, &QListWidget::itemClicked, this, &ctlCombo::clicked);
 }
 
+void ctlCombo::SetCaption(const QString& caption) {
+    setAccessibleName(caption);
+    list_->setAccessibleName(caption);
+}
+
 int ctlCombo::RowHeight() const { return rowHeight; }
 
 int ctlCombo::ListCount() const { return list_->count(); }

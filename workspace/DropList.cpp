@@ -22,6 +22,7 @@ void DropList::open(AdvanceText* field, bool checkBoxes) {
     field_ = field;
     checkBoxes_ = checkBoxes;
     combo_->Populate(field->Tag1(), field->Key(), false, checkBoxes);
+    combo_->SetCaption(field->CaptionText());
     combo_->openUnder(field->globalBox());
     field->setOpen(true);
 }

@@ -218,6 +218,8 @@ void MDIMain::Traduci() {
     mnu_tools_language_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.tools.language")));
     mnuWindow_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.window")));
     mnu_help_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.help")));
+    TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("mdimain.forms")));
+    area_->setAccessibleName(dictionaryText(QStringLiteral("mdimain.forms")));
     translateCommand("mnu_help_Builds", "mdimain.menu.help.builds");
     translateCommand("mnu_help_About", "mdimain.menu.help.about");
     translateCommand("mnu_file_new_selection", "mdimain.menu.file.newselection");

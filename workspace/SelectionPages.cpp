@@ -78,7 +78,8 @@ void SelectionForm::populateMessages(const clsCompressor& compressor) {
                 text =
                     fromCore(message.Name);  // The catalogue lacks the text; its key says more than nothing.
             }
-            lvMessages_->addMessage(mark, text, fromCore(message.Name));
+            lvMessages_->addMessage(mark, dictionaryTextIfAny(QStringLiteral("general.") + mark), text,
+                                    fromCore(message.Name));
         }
     };
     lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
