@@ -1,10 +1,7 @@
 #include "app/Main.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QEvent>
-#include <QLockFile>
-#include <QStandardPaths>
 #include <chrono>
 #include <exception>
 #include <filesystem>
@@ -13,6 +10,7 @@
 #include <string>
 
 #include "app/ConnectionString.h"
+#include "app/FirstInstance.h"
 #include "catalogue/Globals.h"
 #include "data/ApplicationFolder.h"
 #include "data/Globals.h"
@@ -65,15 +63,14 @@ void openCatalogue() {
     loadSharedPolynomials();
 }
 
-/// False when another copy of the program runs.
-bool isFirst(QLockFile& instance) {
-    constexpr int moment = 200;    // milliseconds, in which another start may be about to write the file
-    instance.setStaleLockTime(0);  // a lock is stale when its process is gone, at no age
-    // A folder that takes no lock file is no second instance.
-    if (instance.tryLock(moment) || instance.error() != QLockFile::LockFailedError) return true;
-    // What the file says may be lost, by a sudden end just then, or of a machine that had another name. The
-    // system's own lock on it ends with its process: who gets that may take the file away.
-    return instance.removeStaleLockFile() && instance.tryLock();
+/// Brings a window to the front, or the dialog that it waits for.
+void raise(QWidget& window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+    QWidget* dialog = QApplication::activeModalWidget();
+    QWidget& front = dialog ? *dialog : window;
+    front.raise();
+    front.activateWindow();
 }
 
 int reportFailedStart(const std::string& reason) {
@@ -85,25 +82,19 @@ int reportFailedStart(const std::string& reason) {
 
 }  // namespace
 
-QString instanceLockFile() {
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (folder.isEmpty()) folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-    QDir().mkpath(folder);
-    return QDir(folder).filePath(QStringLiteral("marvello.lock"));
-}
-
 int Main() try {
+    FirstInstance instance;
+    if (!instance.isThis()) {
+        FirstInstance::call();
+        showBox(BoxKind::information, "Another copy of Marvello is already running.");
+        return ended;
+    }
+
     Frmsplash splash;
     splash.show();
     splash.hold(splashTime());
     giveTurn();
     AbortRequested() = false;
-
-    QLockFile instance(instanceLockFile());
-    if (!isFirst(instance)) {
-        showBox(BoxKind::information, "Another copy of Marvello is already running.");
-        return ended;
-    }
 
     checkFluidFiles();
     openCatalogue();
@@ -112,6 +103,7 @@ int Main() try {
     MDIMain mainWindow(QCoreApplication::applicationVersion());
     mainWindow.installEventFilter(&splashEnd);
     mainWindow.show();
+    instance.whenCalled([&mainWindow] { raise(mainWindow); });
     mainWindow.openStartMenu();
     return QApplication::exec();
 } catch (const std::exception& failure) {

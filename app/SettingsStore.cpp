@@ -4,11 +4,11 @@
 #include <QString>
 #include <stdexcept>
 
+#include "workspace/UserSettings.h"
+
 namespace marvello {
 
 namespace {
-
-constexpr auto maker = "Kestrom";
 
 QString keyOf(const std::string& section, const std::string& name) {
     return QString::fromStdString(section + "/" + name);
@@ -26,7 +26,7 @@ void raiseFailure(const QSettings& settings) {
 
 std::optional<std::string> readSetting(const std::string& product, const std::string& section,
                                        const std::string& name) {
-    const QSettings settings(QLatin1String(maker), QString::fromStdString(product));
+    const QSettings settings = userSettings(QString::fromStdString(product));
     raiseFailure(settings);
     const QVariant value = settings.value(keyOf(section, name));
     return value.isValid() ? std::optional(value.toString().toStdString()) : std::nullopt;
@@ -34,7 +34,7 @@ std::optional<std::string> readSetting(const std::string& product, const std::st
 
 void writeSetting(const std::string& product, const std::string& section, const std::string& name,
                   const std::string& value) {
-    QSettings settings(QLatin1String(maker), QString::fromStdString(product));
+    QSettings settings = userSettings(QString::fromStdString(product));
     settings.setValue(keyOf(section, name), QString::fromStdString(value));
     settings.sync();
     raiseFailure(settings);

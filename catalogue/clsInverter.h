@@ -7,6 +7,10 @@ namespace marvello {
 /// The laws that scale a compressor's surfaces with the inverter's frequency.
 class clsInverter {
   public:
+    /// The output frequencies that can be chosen, Hz.
+    static constexpr double minimumFrequency = 20;
+    static constexpr double maximumFrequency = 70;
+
     double Q0C1 = 0, Q0C2 = 0, Q0C3 = 0;     ///< Frequency law of the capacity.
     double PtaC1 = 0, PtaC2 = 0, PtaC3 = 0;  ///< Frequency law of the absorbed power.
     double CaC1 = 0, CaC2 = 0, CaC3 = 0;     ///< Power factor over the absorbed power in kW.

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <array>
+
 namespace marvello {
+
+/// The capacity steps that can be asked for, in percent.
+inline constexpr std::array capacitySteps{100, 75, 50, 25};
 
 /// What the user asked for: one operating point and the options of the calculation, in metric units. A plain
 /// record; the range of its values is a matter of the selection rules.

@@ -1,10 +1,20 @@
 #include "controls/WholeFile.h"
 
+#include <QFileInfo>
 #include <QSaveFile>
+
+#include "data/Globals.h"
 
 namespace marvello {
 
+bool mayBeWritten(const QString& path) {
+    const QFileInfo there(path);
+    return !there.exists() || there.isFile();
+}
+
 QString writeWholeFile(const QString& path, const QByteArray& bytes, QIODevice::OpenMode mode) {
+    if (!mayBeWritten(path))
+        return QString::fromStdString(gApplication().DictionaryRead("general.noregularfile"));
     QSaveFile file(path);
     if (!file.open(mode)) return file.errorString();
     // A disk that fills up takes a part without complaint; only the next write says what is wrong.

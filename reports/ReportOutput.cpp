@@ -25,6 +25,8 @@ QPageLayout reportLayout() {
 }
 
 bool printReport(QPrinter& printer, const ReportContent& content) {
+    // A pipe without a reader would keep the program waiting, and a printer has an empty name here.
+    if (!mayBeWritten(printer.outputFileName())) return false;
     printer.setFullPage(true);
     QPainter painter;
     if (!painter.begin(&printer)) return false;

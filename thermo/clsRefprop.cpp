@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
@@ -79,6 +80,7 @@ bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string
     fill(hfiles_, nativePath(files));
     fill(herr_, "");
     remembered_.clear();
+    dewRange_.reset();
 
     std::int32_t ierr = 0;
     library_->SETUPdll(&nc_, hfiles_.data(), hfmix_.data(), hrf_.data(), &ierr, herr_.data(), filesLength,
@@ -99,6 +101,41 @@ bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string
 double clsRefprop::Pressure(double t, int kph) {
     ask({Function::satt, kph, Convert.ConvertUnitsRefprop(t, property::temperature), 0});
     return Convert.ConvertUnitsApp(state_.p, property::pressure);
+}
+
+bool clsRefprop::hasDewPressure(double kelvin) {
+    const State before = state_;  // a look ahead must not change what a failing call leaves
+    ask({Function::satt, saturation::dew, kelvin, 0});
+    const bool has = state_.ierr <= 0 && state_.p > 0;
+    state_ = before;
+    return has;
+}
+
+const SaturationRange& clsRefprop::DewRange() {
+    if (dewRange_) return *dewRange_;
+    constexpr double coldest = 50;  // K, with room around all refrigerants
+    constexpr double hottest = 750;
+    constexpr double stride = 10;
+    constexpr double tolerance = 0.01;
+    // The states that are there are one piece, wider than the stride.
+    double inside = coldest;
+    while (inside < hottest && !hasDewPressure(inside)) inside += stride;
+    if (inside >= hottest)
+        throw std::runtime_error("The refrigerant " + Refrigerant + " has no saturation states.");
+    const auto edge = [&](double from, double beyond) {
+        while (std::abs(beyond - from) > tolerance) {
+            const double middle = (from + beyond) / 2;
+            (hasDewPressure(middle) ? from : beyond) = middle;
+        }
+        return from;
+    };
+    const double lowest = edge(inside, inside - stride);
+    double beyond = inside + stride;
+    while (beyond < hottest && hasDewPressure(beyond)) beyond += stride;
+    const double highest = edge(beyond - stride, beyond);
+    constexpr double zeroCelsius = 273.15;
+    dewRange_ = SaturationRange{lowest - zeroCelsius, highest - zeroCelsius};
+    return *dewRange_;
 }
 
 // Which call serves which pair of property codes. Kept: the two enthalpy calls for a temperature tell the

@@ -12,6 +12,7 @@
 
 #include "data/clsDatabase.h"
 #include "thermo/RefpropLibrary.h"
+#include "thermo/SaturationRange.h"
 #include "thermo/clsConvert.h"
 
 namespace marvello {
@@ -52,6 +53,9 @@ class clsRefprop {
 
     /// Saturation pressure at the temperature `t`.
     double Pressure(double t, int kph);
+    /// The temperatures that have a dew pressure; see saturationRange(). Throws std::runtime_error if there
+    /// are none.
+    const SaturationRange& DewRange();
     double Temperature(double value1, int type1, int kph, double value2, int type2);
     double Enthalpy(double value1, int type1, double value2, int type2);
     double Entropy(double value1, int type1, double value2, int type2);
@@ -108,6 +112,8 @@ class clsRefprop {
     bool askBy(std::span<const Route> routes, std::pair<int, int> types, std::pair<double, double> values,
                int kph);
 
+    bool hasDewPressure(double kelvin);
+
     const RefpropFunctions* library_;
 
     std::array<char, filesLength> hfiles_{};
@@ -123,6 +129,7 @@ class clsRefprop {
     std::unordered_map<Call, State, CallHash> remembered_;
     long long libraryCalls_ = 0;
     std::string setupFault_;
+    std::optional<SaturationRange> dewRange_;
 };
 
 /// Replaces the shared service by one for `refrigerant`, on gDatabase(), with the units set 0.

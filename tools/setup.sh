@@ -2,7 +2,7 @@
 # shellcheck shell=bash
 
 packages=(
-    g++ cmake ninja-build ccache pkg-config
+    g++ binutils cmake ninja-build ccache pkg-config
     qt6-base-dev qt6-svg-dev qt6-translations-l10n libgl-dev
     libsqlite3-dev libsqlitecpp-dev nlohmann-json3-dev libcli11-dev libeigen3-dev
     libgtest-dev libgmock-dev libbenchmark-dev

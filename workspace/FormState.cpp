@@ -9,6 +9,10 @@ namespace marvello {
 
 namespace {
 
+// What lies beyond was never typed or dragged: the settings are damaged.
+constexpr double largestValue = 1e6;
+constexpr int widestColumn = 2000;  // logical pixels
+
 QString groupOf(const QString& form) { return QStringLiteral("Forms/") + form; }
 
 /// Entries "name=value": names may hold signs that a settings store keeps for itself.
@@ -19,6 +23,16 @@ QStringList entriesOf(const QHash<QString, Value>& values) {
         entries += value.key() + u'=' + QVariant(value.value()).toString();
     entries.sort();
     return entries;
+}
+
+/// The names by which the leaders come to be the same again: a condensing pressure behind the temperature
+/// that leads under it.
+QStringList leadersOf(const CoupleLeaders& leaders) {
+    QStringList names;
+    for (const std::string& name :
+         {leaders.evaporatingField(), leaders.condensing(), leaders.condensingField()})
+        names += QString::fromStdString(name);
+    return names;
 }
 
 /// Calls `take` with the name and the value of each entry of a setting.
@@ -38,8 +52,7 @@ void keepFormState(const QString& form, const FormState& state) {
     settings.setValue(QStringLiteral("Keys"), entriesOf(state.keys));
     settings.setValue(QStringLiteral("Values"), entriesOf(state.values));
     settings.setValue(QStringLiteral("ColumnWidths"), entriesOf(state.columnWidths));
-    settings.setValue(QStringLiteral("MidLeadsEvaporation"), state.midLeadsEvaporation);
-    settings.setValue(QStringLiteral("MidLeadsCondensation"), state.midLeadsCondensation);
+    settings.setValue(QStringLiteral("Leaders"), leadersOf(state.leaders));
 }
 
 FormState keptFormState(const QString& form) {
@@ -47,17 +60,20 @@ FormState keptFormState(const QString& form) {
     settings.beginGroup(groupOf(form));
     FormState state;
     state.measureUnit = settings.value(QStringLiteral("MeasureUnit")).toInt() == 1 ? 1 : 0;
-    state.midLeadsEvaporation = settings.value(QStringLiteral("MidLeadsEvaporation")).toBool();
-    state.midLeadsCondensation = settings.value(QStringLiteral("MidLeadsCondensation")).toBool();
+    for (const QString& name : settings.value(QStringLiteral("Leaders")).toStringList())
+        state.leaders.typed(name.toStdString());
     forEntries(settings, "Keys",
                [&](const QString& name, const QVariant& key) { state.keys[name] = key.toString(); });
     forEntries(settings, "Values", [&](const QString& name, const QVariant& text) {
         bool isNumber = false;
         const double value = text.toDouble(&isNumber);
-        if (isNumber && std::isfinite(value)) state.values[name] = value;
+        // Also false for what is not a number.
+        if (isNumber && std::abs(value) <= largestValue) state.values[name] = value;
     });
-    forEntries(settings, "ColumnWidths",
-               [&](const QString& key, const QVariant& width) { state.columnWidths[key] = width.toInt(); });
+    forEntries(settings, "ColumnWidths", [&](const QString& key, const QVariant& width) {
+        if (const int pixels = width.toInt(); pixels > 0 && pixels <= widestColumn)
+            state.columnWidths[key] = pixels;
+    });
     return state;
 }
 

@@ -1,8 +1,6 @@
 #include "workspace/Frmsplash.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
@@ -92,9 +90,18 @@ Frmsplash::Frmsplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
 }
 
 void Frmsplash::hold(std::chrono::milliseconds time) {
-    QEventLoop loop;
-    QTimer::singleShot(time, &loop, &QEventLoop::quit);
-    loop.exec();
+    qApp->installEventFilter(this);
+    QTimer::singleShot(time, &holding_, &QEventLoop::quit);
+    holding_.exec();
+    qApp->removeEventFilter(this);
+}
+
+bool Frmsplash::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) {
+        holding_.quit();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void Frmsplash::paintEvent(QPaintEvent*) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QEventLoop>
 #include <QWidget>
 #include <chrono>
 
@@ -12,11 +13,15 @@ class Frmsplash : public QWidget {
   public:
     Frmsplash();
 
-    /// Waits while window events are handled.
+    /// Waits while window events are handled; any key or click ends it early.
     void hold(std::chrono::milliseconds time);
 
   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QEventLoop holding_;
 };
 
 }  // namespace marvello

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 #include <cstdint>
 #include <string>
 
@@ -41,6 +42,11 @@ SuperheatRange superheatRange(const QString& refrigerantKey, bool isImperial, bo
                               double evaporatingDew);
 /// The superheat that holds for one that was asked for: the value itself, or the fallback.
 double permittedSuperheat(double value, const SuperheatRange& range);
+
+/// The economizer modes, by the keys of their selector.
+inline constexpr QStringView noEconomizer = u"0";
+inline constexpr QStringView approachMode = u"1";
+inline constexpr QStringView capacityMode = u"2";
 
 /// The frequencies of an inverter, Hz.
 inline constexpr double leastFrequency = 20;

@@ -24,6 +24,13 @@ LimitsPage::LimitsPage(QWidget* parent) : QWidget(parent) {
     row->addWidget(picGraphLbl_);
 }
 
+void LimitsPage::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // The name of a line also shows under the mouse; the graph needs the room more.
+    constexpr int leastWidthWithLegend = 480;
+    picGraphLbl_->setVisible(width() >= leastWidthWithLegend);
+}
+
 void LimitsPage::setTexts(const QString& x, const QString& y, const QString& legend) {
     limitgraph_->SetTextX(x);
     limitgraph_->SetTextY(y);

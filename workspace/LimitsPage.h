@@ -21,6 +21,9 @@ class LimitsPage : public QWidget {
     void clear();
     void setLimits(const clsLimits& limits, const clsPoint& point);
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     ctlGraph* limitgraph_;
     GraphLegend* picGraphLbl_;

@@ -4,6 +4,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -25,6 +26,7 @@
 #include "workspace/AlphaVersion.h"
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/DropList.h"
+#include "workspace/FramePlace.h"
 #include "workspace/UserSettings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmMenu.h"
@@ -66,7 +68,7 @@ MDIMain::MDIMain(const QString& version, QWidget* parent)
     setObjectName(QStringLiteral("MDIMain"));
     setWindowTitle(QStringLiteral("Kestrom - Marvello "));
     setWindowIcon(markIcon(QStringLiteral("emblem")));
-    resize(1440, 870);
+    setMinimumSize(560, 320);
     makeCommands();
     makeMenus();
     makeToolBar();
@@ -180,7 +182,10 @@ void MDIMain::chooseLanguage(const QString& language) {
 
 void MDIMain::openStartMenu() {
     constexpr int delay = 100;  // milliseconds; the window is drawn by then
-    QTimer::singleShot(delay, this, &MDIMain::newForm);
+    QTimer::singleShot(delay, this, [this] {
+        showNewBuilds();
+        newForm();
+    });
 }
 
 void MDIMain::newForm() {
@@ -213,7 +218,9 @@ SelectionForm* MDIMain::newInverterSelection() {
 SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString& what) {
     SelectionForm* form = made.release();
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
-    form->takeOver(keptFormState(form->objectName()));
+    // From the form at hand, of either kind; the first form goes on where the one before it ended.
+    const SelectionForm* active = ActiveForm();
+    form->takeOver(active ? active->state() : keptFormState(form->objectName()));
     const QString number = QString::number(++formNumber_);
     const QIcon picture =
         icon(form->TypeForm() == onInverter.typeForm ? QStringLiteral("inverter") : QStringLiteral("form"));
@@ -228,6 +235,7 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString&
     const QString key = form->Key();
     connect(form, &SelectionForm::stateChanged, this, &MDIMain::refreshState);
     connect(form, &SelectionForm::sizesChanged, this, [this, form] { keepSizes(*form); });
+    connect(form, &SelectionForm::guideRequested, this, &MDIMain::showGuide);
     connect(form, &SelectionForm::exported, this, [this](const QString& note) {
         constexpr int shown = 15000;  // milliseconds
         statusBar()->showMessage(note, shown);
@@ -242,7 +250,7 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString&
     window->setWindowIcon(form->windowIcon());
     // The menu of the program closes forms; two holders of one key would leave it without effect.
     for (QAction* action : window->systemMenu()->actions()) action->setShortcuts({});
-    connect(window, &QMdiSubWindow::windowStateChanged, this, &MDIMain::hideSystemMenu);
+    connect(window, &QMdiSubWindow::windowStateChanged, this, &MDIMain::hideChildControls);
     form->populateLVCPS(cmbGroupBy_->Key().toInt());
     window->showMaximized();
     TabStrip_->setCurrentIndex(tab);
@@ -265,20 +273,23 @@ QList<SelectionForm*> MDIMain::forms() const {
 void MDIMain::activated(QMdiSubWindow* window) {
     if (const auto* form = window ? qobject_cast<SelectionForm*>(window->widget()) : nullptr)
         TabStrip_->setCurrentIndex(TabStrip_->indexOf(form->Key()));
-    hideSystemMenu();
+    hideChildControls();
     refreshState();
 }
 
-// A maximised form puts its icon in front of the menus; the tab shows it already.
-void MDIMain::hideSystemMenu() {
-    if (QWidget* corner = menuBar()->cornerWidget(Qt::TopLeftCorner)) corner->hide();
+// A maximized form puts its icon and its buttons into the menu bar: its tab shows the icon already, and a
+// second set of buttons would be taken for those of the frame.
+void MDIMain::hideChildControls() {
+    for (const Qt::Corner corner : {Qt::TopLeftCorner, Qt::TopRightCorner})
+        if (QWidget* widget = menuBar()->cornerWidget(corner)) widget->hide();
 }
 
 void MDIMain::OpenForms() {
     const bool any = TabStrip_->count() > 0;
     tabBand_->setVisible(any);
-    for (const char* name : {"frameresize", "cascade", "tilehorizontal", "tilevertical",
-                             "mnu_Window_ArrangeIcons", "mnu_file_close", "mnu_file_closeall"})
+    for (const char* name :
+         {"frameresize", "mnu_Window_Cascade", "mnu_Window_TileHorizontal", "mnu_Window_TileVertical",
+          "mnu_Window_ArrangeIcons", "mnu_file_close", "mnu_file_closeall"})
         commands_[QLatin1String(name)]->setEnabled(any);
     refreshState();
 }
@@ -327,7 +338,7 @@ void MDIMain::closeAll() {
 
 void MDIMain::restoreSizes() {
     const QSettings settings = userSettings();
-    restoreGeometry(settings.value(QStringLiteral("Windows/Frame")).toByteArray());
+    placeFrame(*this, settings.value(QStringLiteral("Windows/Frame")).toByteArray());
     for (AdvanceText* selector : {cmbmeasureunits_, cmbGroupBy_}) {
         const QString key = settings.value(QStringLiteral("Windows/") + selector->objectName()).toString();
         if (key == u"0" || key == u"1") showKey(selector, key);
@@ -352,7 +363,21 @@ void MDIMain::closeEvent(QCloseEvent* event) {
 bool MDIMain::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Wheel && watched->isWidgetType())
         if (turnedWheel(static_cast<QWheelEvent*>(event)->angleDelta().y())) return true;
+    if (event->type() == QEvent::KeyPress && watched->isWidgetType())
+        if (tookKey(*static_cast<QWidget*>(watched), *static_cast<QKeyEvent*>(event))) return true;
     return QMainWindow::eventFilter(watched, event);
+}
+
+// The keys of a form, where the focus is in the tool bar, the tabs or the frame itself. In a form they are
+// its own.
+bool MDIMain::tookKey(const QWidget& focused, const QKeyEvent& key) {
+    SelectionForm* form = ActiveForm();
+    if (!form || key.modifiers() != Qt::NoModifier || focused.window() != this ||
+        form->isAncestorOf(&focused))
+        return false;
+    if (key.key() == Qt::Key_F5) form->lnkCalculate_Click();
+    if (key.key() == Qt::Key_F1) showGuide();
+    return key.key() == Qt::Key_F5 || key.key() == Qt::Key_F1;
 }
 
 // Turns of the wheel over the field in use change its value; fine-stepping wheels add up. True when it was

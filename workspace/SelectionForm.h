@@ -8,8 +8,12 @@
 #include "engine/clsOutputs.h"
 #include "engine/clsSelections.h"
 #include "reports/ReportContent.h"
+#include "workspace/CoupleLeaders.h"
+#include "workspace/EconomizerValues.h"
+#include "workspace/EnteredValue.h"
 #include "workspace/FormState.h"
 #include "workspace/InputRules.h"
+#include "workspace/ListOrder.h"
 #include "workspace/MeasureSystem.h"
 #include "workspace/SelectionKind.h"
 #include "workspace/TechnicalPage.h"
@@ -24,6 +28,8 @@ class DimensionPage;
 class DropList;
 class EmptyPage;
 class InputPanel;
+class InputSummary;
+class InputsFold;
 class LimitsPage;
 class MessagesView;
 class PolynomialsPage;
@@ -58,8 +64,8 @@ class SelectionForm : public QWidget {
     /// Lists the results anew, if there are any, with the same row selected.
     void relistResults();
     void PopulateFrame4();
-    /// Shows the form in a measure system, 0 metric and 1 imperial: inputs and results are converted. With
-    /// `refresh` the coupled fields are worked out again.
+    /// Shows the form in a measure system, 0 metric and 1 imperial: inputs are converted for display and keep
+    /// the value that was entered. With `refresh` the results are listed anew.
     void MeasureUnits(int unit, bool refresh);
     int MeasureUnit() const { return static_cast<int>(measureUnit_); }
     void CloseFrame(bool collapse);
@@ -96,9 +102,9 @@ class SelectionForm : public QWidget {
     bool canPrint() const;
     /// How many compressors of the list carry a mark.
     int countOf(const QString& mark) const;
-    /// The choice that the inputs stand at, as "R134A · TK-A".
+    /// The choice of the inputs, as "R134A · TK-A", with the frequency of an inverter behind it.
     QString subject() const;
-    bool isCollapsed() const { return collapsed_; }
+    bool isCollapsed() const;
     /// How wide the inputs stand; to be kept between starts.
     int panelWidth() const;
     void setPanelWidth(int width);
@@ -110,6 +116,8 @@ class SelectionForm : public QWidget {
     void stateChanged();
     /// The user moved a splitter.
     void sizesChanged();
+    /// Help was asked for where no field has any.
+    void guideRequested();
     /// A file was written; `note` says what it holds and where it is.
     void exported(const QString& note);
 
@@ -134,6 +142,10 @@ class SelectionForm : public QWidget {
     void connectInputs();
     void connectCoupledFields();
     void connectModes();
+    /// Puts the economizer's value of one mode away and shows that of another.
+    void economizerModeChanged(const QString& before, const QString& mode);
+    /// Keeps the value shown for its mode; without a mode it is that of the approach.
+    void keepEconomizerValue();
     void writeDefaults();
     SeriesOfMarket chosenSeries() const;
     void limitFrequency();
@@ -149,15 +161,16 @@ class SelectionForm : public QWidget {
     /// The name of a field among those that hang together: "ted" of txtTED.
     static QString nameInCouple(const AdvanceText* field);
     QList<AdvanceText*> coupleOf(const QString& name) const;
-    /// The name of the temperature that leads: "ted" or "tem", "tcd" or "tcm".
-    QString evaporatingLeader() const;
-    QString condensingLeader() const;
     /// Marks the field that leads a couple when its value leads nowhere, and blanks what follows it; a blank
     /// reason takes that back.
     void refuseLeader(const QString& leader, const QString& reason);
     void markDerived(const QString& leader);
+    /// Shows in both couples which field leads.
+    void markLeaders();
     /// Works the coupled fields out anew from those that lead.
     void followLeaders();
+    /// Lets the dew temperatures lead, with all that follows from them.
+    void leadByDew();
     /// Says beside a field that its value is beyond its range, and what is permitted.
     void sayRanges();
     static void sayRange(AdvanceText* field, double low, double high);
@@ -166,14 +179,17 @@ class SelectionForm : public QWidget {
     SuperheatRange superheatRange() const;
     void showUnits();
     void ConvertInputs(MeasureSystem from, MeasureSystem to);
+    void convert(AdvanceText* field, MeasureSystem from, MeasureSystem to, UnitRule rule);
     void VisualizeHelp(const AdvanceText* field);
-    /// Shows the whole help of the field in use in a box, also where the panel has no room for it.
+    /// Shows the whole help of the field in use in a box, also where the panel has no room for it; asks for
+    /// the guide where there is none.
     void showHelp();
     QString captionOf(const AdvanceText* field) const;
     /// Discards results that belong to earlier inputs; `field` is where they were changed, if anywhere.
     void inputsChanged(const AdvanceText* field);
     void resetInputs();
-    bool hasGlide() const;
+    /// Whether the catalogue leads from a mid temperature of the refrigerant back to its dew temperature.
+    bool hasMidTemperatures() const;
 
     // SelectionRun.cpp
     void Calculate();
@@ -186,7 +202,11 @@ class SelectionForm : public QWidget {
     void invite(const QString& editedField = QString());
 
     // SelectionResults.cpp
-    void addCompressor(clsCompressor& compressor, const QString& label);
+    ResultsView::Row rowOf(clsCompressor& compressor, const QString& label);
+    /// Sorts by a column as told by its heading.
+    void sortBy(const QString& column);
+    /// Selects the compressor that was selected before, else the first that is possible.
+    void selectCompressor();
     QString unitOf(const clsOutput& output) const;
     bool isCompressorRow(int row) const;
     /// The compressor of a row; nothing for a group and for one that the last calculation does not hold.
@@ -216,14 +236,17 @@ class SelectionForm : public QWidget {
     QString description_;
     MeasureSystem measureUnit_ = MeasureSystem::metric;
     int groupBy_ = 0;
-    bool midLeadsEvaporation_ = false;  ///< else the dew temperature does, or the pressure
-    bool midLeadsCondensation_ = false;
-    int keptSplitterPos_ = 0;
-    bool collapsed_ = false;
+    CoupleLeaders leaders_;
+    QHash<const AdvanceText*, EnteredValue> enteredValues_;
+    EconomizerValues economizerValues_;
+    ListOrder order_;
+    QString keptSelection_;  ///< the compressor selected when the list was put away
 
     Splitter* Splitter1_;
     Splitter* Splitter2_;
     InputPanel* panel_;
+    InputSummary* summary_;
+    InputsFold* fold_;
     EmptyPage* frame2_;
     ResultsView* lvCps_;
     TabStrip* TabStrip_;

@@ -128,7 +128,7 @@ void SelectionForm::connectCoupledFields() {
     connect(panel_->txtEco, &AdvanceText::TextValidate, this, [this] {
         const QString mode = panel_->cmbEco->Key();
         const double value = panel_->txtEco->number();
-        panel_->txtEco->SetTextValue(mode == u"1" || mode == u"2" ? std::abs(value) : value);
+        panel_->txtEco->SetTextValue(mode == approachMode || mode == capacityMode ? std::abs(value) : value);
     });
     if (AdvanceText* frequency = panel_->txtFrequency)
         connect(frequency, &AdvanceText::TextValidate, this,
@@ -139,13 +139,9 @@ void SelectionForm::connectCoupledFields() {
 void SelectionForm::connectModes() {
     connect(panel_->lstRefrigerants, &AdvanceText::KeyChange, this, [this] {
         PopulateInputObject(2);
-        if (hasGlide()) {
-            panel_->txtTEM->show();
-            panel_->txtTCM->show();
-        }
+        for (AdvanceText* mid : {panel_->txtTEM, panel_->txtTCM}) mid->setVisible(hasMidTemperatures());
         panel_->layOut();
-        SyncTemperatureFields(QStringLiteral("tcd"));
-        SyncTemperatureFields(QStringLiteral("ted"));
+        leadByDew();
         emit stateChanged();
     });
     connect(panel_->lstSeries, &AdvanceText::KeyChange, this, [this] {
@@ -153,11 +149,7 @@ void SelectionForm::connectModes() {
         ApplySeriesRules();
         emit stateChanged();
     });
-    connect(panel_->cmbEco, &AdvanceText::KeyChange, this, [this] {
-        panel_->txtEco->setVisible(panel_->cmbEco->Key() != u"0");
-        panel_->layOut();
-        showUnits();
-    });
+    connect(panel_->cmbEco, &AdvanceText::KeyChange, this, &SelectionForm::economizerModeChanged);
     connect(panel_->cmbOilCooling, &AdvanceText::KeyChange, this, [this] {
         panel_->txtOilCooling->setVisible(panel_->cmbOilCooling->Key().toInt() >= 2);
         panel_->layOut();
@@ -170,7 +162,25 @@ void SelectionForm::connectModes() {
     });
 }
 
-bool SelectionForm::hasGlide() const { return panel_->lstRefrigerants->Key().toUpper() == u"R407C"; }
+void SelectionForm::economizerModeChanged(const QString& before, const QString& mode) {
+    if (before != noEconomizer)
+        economizerValues_.keep(toCore(before), panel_->txtEco->number(), measureUnit_);
+    if (mode != noEconomizer)
+        panel_->txtEco->SetTextValue(economizerValues_.valueOf(toCore(mode), measureUnit_));
+    panel_->txtEco->setVisible(mode != noEconomizer);
+    panel_->layOut();
+    showUnits();
+}
+
+void SelectionForm::keepEconomizerValue() {
+    const QString mode = panel_->cmbEco->Key();
+    economizerValues_.keep(toCore(mode == noEconomizer ? approachMode.toString() : mode),
+                           panel_->txtEco->number(), measureUnit_);
+}
+
+bool SelectionForm::hasMidTemperatures() const {
+    return panel_->lstRefrigerants->Key().toUpper() == u"R407C";
+}
 
 void SelectionForm::showChoice(AdvanceText* field) {
     const QString text = descriptionOf(field->Key(), field->Tag1());
@@ -254,11 +264,10 @@ void SelectionForm::ApplyInputMask(unsigned mask) {
 }
 
 void SelectionForm::SyncTemperatureFields(const QString& leader) {
-    using Rule = double (*)(double, MeasureSystem, MeasureSystem);
     struct Entry {
         AdvanceText* field;
         double CoupledFields::* value;
-        Rule rule;
+        UnitRule rule;
     };
     const std::array<Entry, 7> entries{{{panel_->txtTED, &CoupledFields::TED, convertedTemperature},
                                         {panel_->txtTEM, &CoupledFields::TEM, convertedTemperature},
@@ -296,14 +305,6 @@ QString SelectionForm::nameInCouple(const AdvanceText* field) {
     return field->objectName().mid(QStringLiteral("txt").size()).toLower();
 }
 
-QString SelectionForm::evaporatingLeader() const {
-    return midLeadsEvaporation_ ? QStringLiteral("tem") : QStringLiteral("ted");
-}
-
-QString SelectionForm::condensingLeader() const {
-    return midLeadsCondensation_ ? QStringLiteral("tcm") : QStringLiteral("tcd");
-}
-
 QList<AdvanceText*> SelectionForm::coupleOf(const QString& name) const {
     if (name == u"ted" || name == u"tem" || name == u"pe")
         return {panel_->txtTED, panel_->txtTEM, panel_->txtPE};
@@ -324,18 +325,14 @@ void SelectionForm::typedIn(AdvanceText* field) {
     if (!typedNumber(field->TextText())) return;
     const QString name = nameInCouple(field);
     if (name == u"sc") {
-        if (hasGlide()) SyncTemperatureFields(evaporatingLeader());
+        if (hasMidTemperatures()) SyncTemperatureFields(fromCore(leaders_.evaporating()));
         return;
     }
-    if (name == u"ted" || name == u"pe") midLeadsEvaporation_ = false;
-    if (name == u"tem") midLeadsEvaporation_ = true;
-    // Kept: a condensing pressure leaves the leader as it was.
-    if (name == u"tcd") midLeadsCondensation_ = false;
-    if (name == u"tcm") midLeadsCondensation_ = true;
+    leaders_.typed(toCore(name));
     markDerived(name);
     SyncTemperatureFields(name);
     const bool isCondensing = name == u"tcd" || name == u"tcm" || name == u"pc";
-    if (isCondensing && hasGlide()) SyncTemperatureFields(evaporatingLeader());
+    if (isCondensing && hasMidTemperatures()) SyncTemperatureFields(fromCore(leaders_.evaporating()));
 }
 
 void SelectionForm::markDerived(const QString& leader) {
@@ -361,9 +358,21 @@ void SelectionForm::walkPair(const AdvanceText* field) {
         for (AdvanceText* member : pair) member->setTabStop(pair.contains(field));
 }
 
+void SelectionForm::markLeaders() {
+    markDerived(fromCore(leaders_.evaporatingField()));
+    markDerived(fromCore(leaders_.condensingField()));
+}
+
 void SelectionForm::followLeaders() {
-    SyncTemperatureFields(condensingLeader());
-    SyncTemperatureFields(evaporatingLeader());
+    SyncTemperatureFields(fromCore(leaders_.condensingField()));
+    SyncTemperatureFields(fromCore(leaders_.evaporatingField()));
+}
+
+void SelectionForm::leadByDew() {
+    leaders_.reset();
+    markLeaders();
+    walkPair(panel_->txtTED);
+    followLeaders();
 }
 
 void SelectionForm::sayRange(AdvanceText* field, double low, double high) {
@@ -413,7 +422,7 @@ void SelectionForm::showUnits() {
     for (AdvanceText* field : {panel_->txtPE, panel_->txtPC}) unit(field, pressure);
     unit(panel_->txtSC, difference);
     unit(panel_->txtSH, panel_->cmbSh->Key() == u"0" ? difference : temperature);
-    unit(panel_->txtEco, panel_->cmbEco->Key() == u"2" ? power : difference);
+    unit(panel_->txtEco, panel_->cmbEco->Key() == capacityMode ? power : difference);
 }
 
 void SelectionForm::MeasureUnits(int unit, bool refresh) {
@@ -423,24 +432,26 @@ void SelectionForm::MeasureUnits(int unit, bool refresh) {
     if (measureUnit_ != before) ConvertInputs(before, measureUnit_);
     showUnits();
     sayRanges();
-    if (measureUnit_ == before || !refresh) return;
-    followLeaders();
-    relistResults();
+    if (measureUnit_ == before) return;
+    if (refresh) relistResults();
 }
 
 void SelectionForm::ConvertInputs(MeasureSystem from, MeasureSystem to) {
-    const auto convert = [from, to](AdvanceText* field,
-                                    double (*rule)(double, MeasureSystem, MeasureSystem)) {
-        field->SetTextValue(rule(field->number(), from, to));
-    };
     for (AdvanceText* field :
          {panel_->txtTCD, panel_->txtTCM, panel_->txtTED, panel_->txtTEM, panel_->txtOilCooling})
-        convert(field, convertedTemperature);
-    convert(panel_->txtSH, panel_->cmbSh->Key() == u"0" ? convertedDifference : convertedTemperature);
-    convert(panel_->txtSC, convertedDifference);
+        convert(field, from, to, convertedTemperature);
+    convert(panel_->txtSH, from, to,
+            panel_->cmbSh->Key() == u"0" ? convertedDifference : convertedTemperature);
+    convert(panel_->txtSC, from, to, convertedDifference);
     // As a difference in every mode; a run takes it back in the same way.
-    convert(panel_->txtEco, convertedDifference);
-    for (AdvanceText* field : {panel_->txtPE, panel_->txtPC}) convert(field, convertedPressure);
+    convert(panel_->txtEco, from, to, convertedDifference);
+    for (AdvanceText* field : {panel_->txtPE, panel_->txtPC}) convert(field, from, to, convertedPressure);
+}
+
+void SelectionForm::convert(AdvanceText* field, MeasureSystem from, MeasureSystem to, UnitRule rule) {
+    // What is unknown or no number has nothing to convert.
+    if (field->isUnknown() || !typedNumber(field->TextText())) return;
+    field->SetTextValue(enteredValues_[field].shownIn(to, field->number(), from, rule));
 }
 
 void SelectionForm::VisualizeHelp(const AdvanceText* field) {
@@ -449,10 +460,13 @@ void SelectionForm::VisualizeHelp(const AdvanceText* field) {
 }
 
 void SelectionForm::showHelp() {
-    if (!kind_.hasFieldHelp) return;
     for (const AdvanceText* field : panel_->fields())
-        if (const QString help = helpOf(field); field->hasFocus() && !help.isEmpty())
+        if (const QString help = kind_.hasFieldHelp ? helpOf(field) : QString();
+            field->hasFocus() && !help.isEmpty()) {
             MessageBox::show(this, MessageBox::Mark::information, captionOf(field) + u'\n' + help);
+            return;
+        }
+    emit guideRequested();
 }
 
 // A field beside the selector of its mode has no caption of its own.

@@ -70,6 +70,7 @@ void SelectionForm::PopulateFrame4() {
 
 void SelectionForm::populateMessages(const clsCompressor& compressor) {
     const auto list = [this](const clsMessages& messages, const QString& mark) {
+        QStringList listed;
         for (const clsMessage& message : messages) {
             QString text;
             try {
@@ -78,6 +79,9 @@ void SelectionForm::populateMessages(const clsCompressor& compressor) {
                 text =
                     fromCore(message.Name);  // The catalogue lacks the text; its key says more than nothing.
             }
+            // A search may end in the same message twice; to a person it is one.
+            if (listed.contains(text)) continue;
+            listed += text;
             lvMessages_->addMessage(mark, dictionaryTextIfAny(QStringLiteral("general.") + mark), text,
                                     fromCore(message.Name));
         }

@@ -1,5 +1,6 @@
 // The list of results.
 
+#include <QScrollBar>
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
 #include "workspace/InputPanel.h"
+#include "workspace/InputRules.h"
 #include "workspace/ResultsList.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
@@ -29,7 +31,7 @@ void SelectionForm::populateLVCPS(int groupBy) {
     outputs_ = readOutputs(lvCps_->Tag());
     lvCps_->clear();
     const bool isImperial = measureUnit_ == MeasureSystem::imperial;
-    const bool hasEconomizer = panel_->cmbEco->Key() != u"0";
+    const bool hasEconomizer = panel_->cmbEco->Key() != noEconomizer;
     std::vector<ResultsView::Column> columns{{QStringLiteral("compressor"),
                                               dictionaryText(QStringLiteral("variables.compressor.name")),
                                               QString()}};
@@ -48,14 +50,24 @@ void SelectionForm::populateLVCPS(int groupBy) {
     }
     std::sort(sorted.begin(), sorted.end());
     QString group;
+    std::vector<ResultsView::Row> rows;
+    const auto listGroup = [&] {
+        if (rows.empty()) return;
+        lvCps_->addGroup(u'@' + group, group);
+        order_.sort(rows, lvCps_->columnKeys());
+        for (const ResultsView::Row& row : rows) lvCps_->addRow(row);
+        rows.clear();
+    };
     for (const auto& [text, compressor] : sorted) {
         const QString refrigerant = fromCore(compressor->Refrigerant);
         const QString name = nameOf(*compressor);
         const QString value = groupBy == byCompressor ? name : refrigerant;
-        if (value != group) lvCps_->addGroup(u'@' + value, value);
+        if (value != group) listGroup();
         group = value;
-        addCompressor(*compressor, groupBy == byCompressor ? refrigerant : name);
+        rows.push_back(rowOf(*compressor, groupBy == byCompressor ? refrigerant : name));
     }
+    listGroup();
+    lvCps_->markSorted(order_.column(), order_.isDescending());
     lvCps_->fitColumns();
 }
 
@@ -76,7 +88,7 @@ void SelectionForm::relistResults() {
     PopulateFrame4();
 }
 
-void SelectionForm::addCompressor(clsCompressor& compressor, const QString& label) {
+ResultsView::Row SelectionForm::rowOf(clsCompressor& compressor, const QString& label) {
     const QString mark = markOf(compressor);
     QStringList values;
     for (const QString& key : lvCps_->columnKeys().mid(1)) {
@@ -93,7 +105,24 @@ void SelectionForm::addCompressor(clsCompressor& compressor, const QString& labe
     const QString tag =
         QStringList{fromCore(compressor.Refrigerant), fromCore(compressor.Serie), fromCore(compressor.Model)}
             .join(u';');
-    lvCps_->addRow({fromCore(compressor.Key()), tag, label, mark, markText(mark), values});
+    return {fromCore(compressor.Key()), tag, label, mark, markText(mark), values};
+}
+
+void SelectionForm::sortBy(const QString& column) {
+    order_.clicked(column);
+    // The column stays where it was clicked.
+    const int scrolled = lvCps_->horizontalScrollBar()->value();
+    relistResults();
+    lvCps_->horizontalScrollBar()->setValue(scrolled);
+}
+
+void SelectionForm::selectCompressor() {
+    if (lvCps_->selectKey(keptSelection_)) return;
+    int first = -1;
+    for (int row = lvCps_->rowCount() - 1; row >= 0; --row)
+        if (isCompressorRow(row) && lvCps_->mark(row) != u"ledred") first = row;
+    // With none that is possible, its messages say why.
+    lvCps_->selectRow(first >= 0 ? first : 1);
 }
 
 bool SelectionForm::isCompressorRow(int row) const { return row >= 0 && !lvCps_->isGroup(row); }

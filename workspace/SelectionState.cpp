@@ -4,9 +4,12 @@
 #include <algorithm>
 
 #include "controls/AdvanceText.h"
+#include "controls/NumberText.h"
 #include "controls/ResultsView.h"
 #include "workspace/InputPanel.h"
+#include "workspace/InputRules.h"
 #include "workspace/SelectionForm.h"
+#include "workspace/WindowTexts.h"
 
 namespace marvello {
 
@@ -19,6 +22,9 @@ bool offersAll(const AdvanceText& field, const QString& keys) {
     return std::all_of(asked.begin(), asked.end(), [&](const QString& key) { return offered.contains(key); });
 }
 
+/// The name of a mode's own value among the values of a form.
+QString economizerEntry(QStringView mode) { return QStringLiteral("cmbEco_K%1").arg(mode); }
+
 }  // namespace
 
 FormState SelectionForm::state() const {
@@ -27,12 +33,16 @@ FormState SelectionForm::state() const {
     for (const AdvanceText* field : panel_->fields()) {
         if (field->Locked())
             state.keys[field->objectName()] = field->Key();
-        else
+        else if (!field->isUnknown() && typedNumber(field->TextText()))
             state.values[field->objectName()] = field->number();
     }
+    EconomizerValues economizer = economizerValues_;
+    if (const QString mode = panel_->cmbEco->Key(); mode != noEconomizer)
+        economizer.keep(toCore(mode), panel_->txtEco->number(), measureUnit_);
+    for (const QStringView mode : {approachMode, capacityMode})
+        state.values[economizerEntry(mode)] = economizer.valueOf(toCore(mode.toString()), measureUnit_);
     state.columnWidths = lvCps_->chosenWidths();
-    state.midLeadsEvaporation = midLeadsEvaporation_;
-    state.midLeadsCondensation = midLeadsCondensation_;
+    state.leaders = leaders_;
     return state;
 }
 
@@ -53,8 +63,16 @@ void SelectionForm::takeOver(const FormState& state) {
     for (AdvanceText* field : panel_->fields())
         if (const auto value = state.values.find(field->objectName()); value != state.values.end())
             field->SetTextValue(*value);
-    midLeadsEvaporation_ = state.midLeadsEvaporation && hasGlide();
-    midLeadsCondensation_ = state.midLeadsCondensation && hasGlide();
+    for (const QStringView mode : {approachMode, capacityMode})
+        if (const auto value = state.values.find(economizerEntry(mode)); value != state.values.end()) {
+            economizerValues_.keep(toCore(mode.toString()), *value, measureUnit_);
+            if (mode == panel_->cmbEco->Key()) panel_->txtEco->SetTextValue(*value);
+        }
+    // What another refrigerant has at the same pressure is another operating point.
+    const bool isSameFluid =
+        state.keys.value(panel_->lstRefrigerants->objectName()) == panel_->lstRefrigerants->Key();
+    leaders_ = isSameFluid ? state.leaders : CoupleLeaders();
+    markLeaders();
     followLeaders();
     MeasureUnits(unit, true);
     gestioneSH(false);

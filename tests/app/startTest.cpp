@@ -1,13 +1,15 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
-#include <QLockFile>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <vector>
 
+#include "app/FirstInstance.h"
 #include "app/Main.h"
 #include "controls/MessageBox.h"
 #include "data/ApplicationFolder.h"
@@ -18,9 +20,11 @@
 
 using namespace marvello;
 using testing::AllOf;
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
@@ -39,6 +43,7 @@ class Start : public testing::Test {
         MessageBox::setHandler([this](MessageBox::Mark, const QString& text) {
             boxes_.push_back(text.toStdString());
             sawMainWindow_ = sawMainWindow_ || shown<MDIMain>() != nullptr;
+            sawSplash_ = sawSplash_ || shown<Frmsplash>() != nullptr;
         });
         fs::current_path(folder());  // away from the Fluids folder of the built program
         setApplicationFolder(folder());
@@ -55,6 +60,7 @@ class Start : public testing::Test {
     QTemporaryDir folder_;
     std::vector<std::string> boxes_;
     bool sawMainWindow_ = false;
+    bool sawSplash_ = false;
 };
 
 TEST_F(Start, FailsWithOneSentenceWithoutFluidsOrCatalogue) {
@@ -74,14 +80,37 @@ TEST_F(Start, FailsWithOneSentenceWithoutFluidsOrCatalogue) {
     EXPECT_EQ(shown<Frmsplash>(), nullptr);
 }
 
-TEST_F(Start, LeavesTheFirstInstanceAlone) {
-    QLockFile first(instanceLockFile());
-    ASSERT_TRUE(first.tryLock());
-    EXPECT_EQ(Main(), ended);
-    EXPECT_THAT(boxes_, ElementsAre("Another copy of Marvello is already running."));
+TEST_F(Start, CallsTheFirstInstanceAndLeavesItAlone) {
+    FirstInstance first;
+    ASSERT_TRUE(first.isThis());
+    int calls = 0;
+    first.whenCalled([&calls] { ++calls; });
+    for (int starts = 1; starts <= 2; ++starts) {
+        EXPECT_EQ(Main(), ended);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return calls >= starts; }));
+    }
+    EXPECT_THAT(boxes_, Each("Another copy of Marvello is already running."));
+    EXPECT_THAT(boxes_, SizeIs(2));
     EXPECT_FALSE(sawMainWindow_);
+    EXPECT_FALSE(sawSplash_);
     EXPECT_EQ(gDatabase().ConnectionString, "");  // the catalogue was not touched
-    EXPECT_TRUE(first.isLocked());
+}
+
+TEST_F(Start, AKeyOrAClickEndsTheSplashEarly) {
+    using std::chrono::steady_clock;
+    for (const bool byKey : {true, false}) {
+        Frmsplash splash;
+        splash.show();
+        QTimer::singleShot(20, &splash, [&] {
+            if (byKey)
+                QTest::keyClick(&splash, Qt::Key_Space);
+            else
+                QTest::mouseClick(&splash, Qt::LeftButton);
+        });
+        const auto start = steady_clock::now();
+        splash.hold(std::chrono::minutes(1));
+        EXPECT_LT(steady_clock::now() - start, std::chrono::seconds(30));
+    }
 }
 
 // As a sudden end leaves it while it is being written, or a machine that was renamed since.

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -117,6 +118,39 @@ TEST(ResultsView, KeepsRowsByKeyAndMovesTheSelection) {
     view.clear();
     EXPECT_EQ(view.rowCount(), 0);
     EXPECT_EQ(view.selectedRow(), -1);
+}
+
+TEST(ResultsView, TheFirstColumnStaysInPlaceWhenTheOthersScroll) {
+    ResultsView view;
+    view.setColumns({{"model", "Model", {}},
+                     {"q0", "Capacity(kW)", {}},
+                     {"pta", "Power(kW)", {}},
+                     {"ca", "Current(A)", {}}});
+    view.addGroup("g", "R134A");
+    view.addRow({"1", {}, "TK-A-120", "ledgreen", {}, {"69.9", "16.8", "31.0"}});
+    view.addRow({"2", {}, "TK-A-140", "ledred", {}, {"81.8", "19.6", "37.0"}});
+    view.resize(260, 200);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    view.selectRow(2);
+    const auto seen = [&](QWidget* part) {
+        // Without its last line of pixels, which parts it from what scrolls below.
+        return part->grab(QRect(0, 0, view.header()->sectionSize(0) - 1, part->height())).toImage();
+    };
+    const QImage labels = seen(view.viewport());
+    const QImage heading = seen(view.header()->viewport());
+    view.horizontalScrollBar()->setValue(60);
+    ASSERT_EQ(view.header()->offset(), 60);
+    EXPECT_EQ(seen(view.viewport()), labels);
+    EXPECT_EQ(seen(view.header()->viewport()), heading);
+
+    // Its edge is taken where it is seen.
+    const int width = view.header()->sectionSize(0);
+    QWidget* header = view.header()->viewport();
+    QTest::mousePress(header, Qt::LeftButton, {}, {width - 1, 20});
+    QTest::mouseMove(header, {width + 29, 20});
+    QTest::mouseRelease(header, Qt::LeftButton, {}, {width + 29, 20});
+    EXPECT_EQ(view.header()->sectionSize(0), width + 30);
 }
 
 TEST(ctlBtn, IsClickedByMouseEnterAndSpaceUnlessDisabled) {

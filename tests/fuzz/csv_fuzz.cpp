@@ -53,8 +53,9 @@ void fitPoints(const std::string& text) {
 
 void readDuties(const std::string& text) {
     try {
-        for (const auto& request : select::readBatch(text, "a.csv", {}))
-            if (!std::isfinite(request.conditions.InverterFrequency)) std::abort();
+        const select::Choices choices{{0, 1}, {0, 1, 2}, {0, 1, 2}, {-1, 0, 1}, {1450}, {400}, {50, 60}};
+        for (const auto& line : select::readBatch(text, "a.csv", {}, choices))
+            if (line.fault.empty() == !std::isfinite(line.request.conditions.TEvaporatingDew)) std::abort();
     } catch (const select::BadRequest& refusal) {
         fuzz::checkIsForPeople(refusal);
     }

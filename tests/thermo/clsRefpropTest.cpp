@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 
 #include "data/ApplicationFolder.h"
@@ -38,6 +39,44 @@ TEST_F(clsRefpropTest, StatesInApplicationUnits) {
     EXPECT_NEAR(refprop.Enthalpy(12, 0, s, 4), enthalpyAt12, 1e-5);
     EXPECT_NEAR(refprop.Entropy(pressureAt2, 1, enthalpyAt12, 3), s, 1e-8);
     EXPECT_TRUE(catalogue.boxes.empty());
+}
+
+// Triple point and critical point as the equations are published: Tillner-Roth and Baehr (1994), Lemmon,
+// McLinden and Wagner (2009). The blend has its ends where its own dew line has them.
+TEST_F(clsRefpropTest, TheRangeOfSaturationIsThatOfTheEquations) {
+    const SaturationRange r134a = saturationRange("r134a");
+    EXPECT_NEAR(r134a.minimum, 169.85 - 273.15, 0.02);
+    EXPECT_NEAR(r134a.maximum, 374.18 - 273.15, 0.05);
+    const SaturationRange propane = saturationRange("R290");
+    EXPECT_NEAR(propane.minimum, 85.525 - 273.15, 0.02);
+    EXPECT_NEAR(propane.maximum, 369.89 - 273.15, 0.05);
+
+    catalogue.blendR407C();
+    const SaturationRange blend = saturationRange("R407C");
+    for (const double end : {blend.minimum, blend.maximum}) {
+        EXPECT_GT(GetRefprop("R407C").Pressure(end, saturation::dew), 0);
+        EXPECT_TRUE(catalogue.boxes.empty());
+        GetRefprop("R407C").Pressure(end + (end < 0 ? -0.02 : 0.02), saturation::dew);
+        EXPECT_EQ(catalogue.boxes, std::vector<std::string>{"Undefined"});
+        catalogue.boxes.clear();
+    }
+    // Looking for the range leaves no trace in what comes later.
+    const double before = GetRefprop("R407C").Pressure(0, saturation::dew);
+    const auto calls = GetRefprop("R407C").libraryCalls();
+    saturationRange("R407C");
+    EXPECT_EQ(GetRefprop("R407C").Pressure(0, saturation::dew), before);
+    EXPECT_EQ(GetRefprop("R407C").libraryCalls(), calls);
+}
+
+TEST(JudgeTemperatures, NamesTheFirstFault) {
+    const SaturationRange range{-100, 100};
+    using enum TemperatureFault;
+    EXPECT_EQ(judgeTemperatures(range, 2, 40), none);
+    EXPECT_EQ(judgeTemperatures(range, 40, 40), none);
+    EXPECT_EQ(judgeTemperatures(range, 41, 40), evaporatingAboveCondensing);
+    EXPECT_EQ(judgeTemperatures(range, -101, 40), evaporatingOutside);
+    EXPECT_EQ(judgeTemperatures(range, 2, 101), condensingOutside);
+    EXPECT_EQ(judgeTemperatures(range, std::nan(""), 40), evaporatingOutside);
 }
 
 TEST_F(clsRefpropTest, DensityOfAPressureAloneIsTheVapours) {

@@ -1,8 +1,12 @@
 #include <gmock/gmock.h>
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <future>
+#include <iterator>
 #include <optional>
 #include <string>
 
@@ -41,6 +45,58 @@ class CatalogueBuilder : public ::testing::Test {
     fs::path folder_ = test::newTemporaryFolder("marvello-content");
 };
 
+TEST_F(CatalogueBuilder, ReplacesOnlyACatalogueAndKeepsItsRightsAndLinks) {
+    const fs::path place = test::newTemporaryFolder("marvello-output");
+    const std::string build = "build " + folder_.string() + " ";
+    const auto call = [&](const std::string& arguments) {
+        return ::marvello::testing::callProgram("marvello-catalogue", arguments,
+                                                ::marvello::testing::Listen::errors);
+    };
+    fs::create_directories(place / "db.mdb.new" / "inside");
+    ASSERT_EQ(call(build + (place / "db.mdb").string()).status, 0);
+    EXPECT_TRUE(fs::exists(place / "db.mdb.new" / "inside"));
+
+    const fs::perms rights = fs::perms::owner_all | fs::perms::group_read;
+    fs::permissions(place / "db.mdb", rights);
+    fs::create_symlink("db.mdb", place / "link");
+    EXPECT_EQ(call(build + (place / "link").string()).status, 0);
+    EXPECT_TRUE(fs::is_symlink(place / "link"));
+    EXPECT_EQ(fs::status(place / "db.mdb").permissions(), rights);
+
+    const fs::path table = folder_ / "tMotors.csv";
+    const auto lines = test::linesOf(table);
+    const auto refused = call(build + table.string());
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.out, HasSubstr("another file than a catalogue"));
+    EXPECT_EQ(test::linesOf(table), lines);
+    EXPECT_EQ(call(build + "\"\"").status, 2);
+    EXPECT_EQ(call(build + place.string() + " --force").status, 2);
+    ASSERT_EQ(mkfifo((place / "fifo").c_str(), 0600), 0);
+    EXPECT_EQ(call(build + (place / "fifo").string() + " --force").status, 2);
+    EXPECT_TRUE(fs::is_fifo(place / "fifo"));
+    std::ofstream(place / "other") << "text";
+    EXPECT_EQ(call(build + (place / "other").string()).status, 2);
+    EXPECT_EQ(call(build + (place / "other").string() + " --force").status, 0);
+    std::ofstream(place / "db.mdb-journal") << "left";
+    EXPECT_THAT(call(build + (place / "db.mdb").string()).out, HasSubstr("db.mdb-journal"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(place), {}), 6);  // nothing of the builder's is left
+    fs::remove_all(place);
+}
+
+TEST_F(CatalogueBuilder, ManyBuildsOfOneFileAtOnceAllSucceed) {
+    const fs::path place = test::newTemporaryFolder("marvello-output");
+    Faults none;
+    const Content content = readContent(folder_, none);
+    std::vector<std::future<void>> builds;
+    for (int i = 0; i < 4; ++i)
+        builds.push_back(std::async(std::launch::async, [&] { writeCatalogue(content, place / "db.mdb"); }));
+    for (auto& build : builds) EXPECT_NO_THROW(build.get());
+    clsDatabase database;
+    EXPECT_TRUE(database.Connect("Data Source=" + (place / "db.mdb").string()));
+    EXPECT_EQ(std::distance(fs::directory_iterator(place), {}), 1);
+    fs::remove_all(place);
+}
+
 TEST_F(CatalogueBuilder, WritesWhatItRead) {
     auto compressors = test::linesOf(folder_ / "tCompressors.csv");
     std::swap(compressors.at(1), compressors.at(2));  // TK-A 165, of the sequence 030, before 120 of 010
@@ -54,8 +110,6 @@ TEST_F(CatalogueBuilder, WritesWhatItRead) {
     Faults none;
     const auto output = folder_ / "db.mdb";
     writeCatalogue(readContent(folder_, none), output);
-    EXPECT_FALSE(fs::exists(output.string() + ".new"));
-
     clsDatabase database;
     database.Connect("Data Source=" + output.string());
     // Keys without regard to case, models in the order of their sequence.

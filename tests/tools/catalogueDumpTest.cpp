@@ -2,10 +2,14 @@
 
 #include <SQLiteCpp/Database.h>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <string>
 
 #include "tests/support/TemporaryFolder.h"
@@ -13,6 +17,7 @@
 #include "tests/tools/SmallContent.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Dump.h"
+#include "tools/catalogue/TableExchange.h"
 
 using namespace marvello;
 using ::testing::HasSubstr;
@@ -65,7 +70,6 @@ TEST_F(CatalogueDump, BuildingTheDumpGivesTheSameFile) {
     const fs::path whole = fs::path(MARVELLO_SOURCE_FOLDER) / "content";
     const fs::path first = catalogueOf(whole, "first.mdb");
     writeTables(readCatalogue(first), folder_ / "dumped", false);
-    EXPECT_FALSE(fs::exists(folder_ / "dumped.new"));
     EXPECT_EQ(rowsOf(contentOf(folder_ / "dumped")), rowsOf(contentOf(whole)));
     const fs::path second = catalogueOf(folder_ / "dumped", "second.mdb");
     EXPECT_TRUE(bytesOf(first) == bytesOf(second));
@@ -116,6 +120,68 @@ TEST_F(CatalogueDump, LeavesWhatIsThereUnlessForced) {
     EXPECT_FALSE(fs::exists(conversions));
     EXPECT_EQ(bytesOf(content / "notes.txt"), "mine");
     EXPECT_TRUE(bytesOf(file) == bytesOf(catalogueOf(content, "again.mdb")));
+}
+
+TEST_F(CatalogueDump, TouchesNothingOfOthers) {
+    fs::create_directories(folder_ / "content");
+    test::writeSmallContent(folder_ / "content");
+    const std::string file = catalogueOf(folder_ / "content", "db.mdb").string();
+    const fs::path neighbour = folder_ / "out.new" / "inside";
+    fs::create_directories(neighbour);
+    EXPECT_EQ(run("dump " + file + " " + (folder_ / "out").string()).status, 0);
+    EXPECT_EQ(run("dump " + file + " " + (folder_ / "out/").string()).status, 2);
+    EXPECT_TRUE(fs::exists(neighbour));
+    EXPECT_THAT(run("dump " + file + " \"\"").out, HasSubstr("folder for the tables is empty"));
+    EXPECT_THAT(run("dump " + file + " " + file).out, HasSubstr("not a folder"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 4);  // content, db.mdb, out, out.new
+}
+
+/// A child process that stops in front of one change after the other.
+TEST(TableExchange, AnEndAtAnyMomentLeavesTheOldTablesOrTheNewOnes) {
+    using Files = std::map<std::string, std::string>;
+    const Files old{{"tMotors.csv", "old"}, {"tLimits.csv", "old"}, {"tLimits.part.csv", "old"}};
+    const Files fresh{{"tMotors.csv", "new"}, {"tLimits.csv", "new"}, {"tFluidi.csv", "new"}};
+    const fs::path root = test::newTemporaryFolder("marvello-exchange");
+    const fs::path folder = root / "tables";
+    const auto tables = [&] {
+        Files found;
+        for (const auto& file : tablesIn(folder)) found[file.filename().string()] = bytesOf(file);
+        return found;
+    };
+    for (const bool isNew : {true, false}) {
+        bool isReached = true;
+        bool wereOld = true;
+        for (int stop = 1; isReached; ++stop) {
+            fs::remove_all(folder);
+            if (!isNew) {
+                writeTableFiles(folder, old, false);
+                std::ofstream(folder / "notes.txt") << "mine";
+            }
+            const pid_t child = fork();
+            if (child == 0) {
+                int steps = 0;
+                writeTableFiles(folder, fresh, true, [&] {
+                    if (++steps == stop) _exit(1);
+                });
+                _exit(0);
+            }
+            int status = 0;
+            waitpid(child, &status, 0);
+            isReached = WEXITSTATUS(status) == 1;
+            finishExchange(folder);
+            const Files found = tables();
+            EXPECT_EQ(found, found == fresh ? fresh : isNew ? Files{} : old) << "stopped at " << stop;
+            EXPECT_TRUE(wereOld || found == fresh) << "stopped at " << stop;
+            wereOld = found != fresh;
+            EXPECT_EQ(bytesOf(folder / "notes.txt"), isNew ? "" : "mine");
+            // The next run needs no help and leaves nothing lying about.
+            writeTableFiles(folder, old, true);
+            EXPECT_EQ(tables(), old) << "stopped at " << stop;
+            EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), isNew ? 3 : 4);
+        }
+        EXPECT_FALSE(wereOld);
+    }
+    fs::remove_all(root);
 }
 
 TEST_F(CatalogueDump, RefusesWhatIsNoCatalogueOfThisSchema) {

@@ -2,13 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <SQLiteCpp/Database.h>
+
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <numeric>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/CallProgram.h"
@@ -65,10 +71,7 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
     const std::string at = point;
     for (const Refusal& refusal : {
              Refusal{"--refrigerant R134A --series TK-A --ted 2", "tcd is missing"},
-             Refusal{"--refrigerant R134A --series TK-A --ted nan --tcd 40", "\"nan\" is no number"},
-             Refusal{at + " --sh 1,5", "\"1,5\" is no number"},
-             Refusal{at + " --hz 50.5", "no whole number"},
-             Refusal{at + " --frequency 1e39", "frequency: \"1e39\" is too large"},
+             Refusal{at + " --sh 1,5", "\"1,5\" is not a number"},
              Refusal{at + " --colour red", "--colour"},
              Refusal{"--refrigerant R999 --series TK-A --ted 2 --tcd 40", "no refrigerant R999", 1},
              Refusal{"--refrigerant R134A --series \"O'Neill\" --ted 2 --tcd 40", "no series O'Neill", 1},
@@ -80,15 +83,84 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
     }
     EXPECT_EQ(call("--refrigerant R134A --series TK-A --ted -100 --tcd 40").status,
               0);  // outside the envelope: listed, with its message
-    EXPECT_EQ(call(std::string(point) + " --sh 1000").status, 0);
-    EXPECT_EQ(call(std::string(point) + " --step 60").status, 0);  // the rules say what is wrong with it
-    EXPECT_EQ(call("--list >&-").status, 2);                       // nowhere to print to
+    EXPECT_EQ(call(std::string(point) + " --sh 90").status, 0);  // the rules say what is wrong with it
+    EXPECT_EQ(call("--list >&-").status, 2);                     // nowhere to print to
     EXPECT_EQ(call(std::string(point) + " >&-").status, 2);
+    EXPECT_EQ(call("--help >/dev/full").status, 2);
+    EXPECT_EQ(call("--version").out, "marvello-select " MARVELLO_VERSION "\n");
     EXPECT_NE(call("--list --inverter").out.find("R134A  TK-D  140;"), std::string::npos);
-    // Beyond the fluid's own range, for ten compressors: said once.
-    const Answer beyond = call("--refrigerant R134A --series TK-A --ted 500 --tcd 40", Listen::errors);
-    EXPECT_EQ(beyond.status, 0);
-    EXPECT_EQ(beyond.out, "marvello-select: Undefined\n");
+}
+
+TEST(marvelloSelect, AnOptionThatCannotBeIsRefusedWithWhatCan) {
+    const std::string at = point;
+    const std::string there = "--refrigerant R134A --series TK-A ";
+    for (const Refusal& refusal : {
+             Refusal{at + " --hz -1", "hz: \"-1\" is not one of 50, 60"},
+             Refusal{at + " --hz 50.5", "hz: \"50.5\" is not one of 50, 60"},
+             Refusal{at + " --voltage 0", "voltage: \"0\" is not one of 380, 400, 415, 440, 460"},
+             Refusal{at + " --sh-type 2", "sh-type: \"2\" is not one of 0, 1"},
+             Refusal{at + " --eco-mode 9", "eco-mode: \"9\" is not one of 0, 1, 2"},
+             Refusal{at + " --oc-mode -1", "oc-mode: \"-1\" is not one of 0, 1, 2"},
+             Refusal{at + " --oc -500", "oc: \"-500\" is outside the range of 0 to 200"},
+             Refusal{at + " --motor-size 5", "motor-size: \"5\" is not one of -1, 0, 1"},
+             Refusal{at + " --market 3", "market: \"3\" is not one of 0, 1, 2"},
+             Refusal{at + " --rpm -1", "rpm: \"-1\" is not one of 970"},
+             Refusal{at + " --step 60", "step: \"60\" is not one of 100, 75, 50, 25"},
+             Refusal{at + " --frequency 19.9", "frequency: \"19.9\" is outside the range of 20 to 70 Hz"},
+             Refusal{at + " --frequency inf", "frequency: \"inf\" is not a number from 20 to 70 Hz"},
+             Refusal{at + " --sh -3", "sh: \"-3\" is outside the range of 0 to 100 K"},
+             Refusal{at + " --sc nan", "sc: \"nan\" is not a number from 0 to 100 K"},
+             Refusal{at + " --eco-mode 1 --eco 500", "eco: \"500\" is outside the range of 0 to 100 K"},
+             Refusal{at + " --language xx", "language: \"xx\" is not one of cn-CN"},
+             Refusal{at + " --format xml", "format: \"xml\" is not one of table, csv, json"},
+             Refusal{at + " --strict", "--batch"},
+             Refusal{there + "--ted nan --tcd 40", "ted: \"nan\" is not a number"},
+             // The ends of the saturation line of R134a: 169.85 K and 374.18 K.
+             Refusal{there + "--ted 1e308 --tcd 40",
+                     "ted: R134A has no saturation state at \"1e+308\"; it has "
+                     "some from -103.2 to 101 degrees Celsius"},
+             Refusal{there + "--ted 2 --tcd 101.1", "tcd: R134A has no saturation state at \"101.1\""},
+             Refusal{there + "--ted 50 --tcd 40", "ted: \"50\" is above the condensing temperature"},
+         }) {
+        expectRefused("marvello-select", refusal);
+    }
+    EXPECT_EQ(call(at + " --sh-type 1 --sh -20").status,
+              0);  // a temperature below the evaporating one: a rule
+    EXPECT_EQ(call(at + " --eco-mode 2 --eco 500").status, 0);
+}
+
+TEST(marvelloSelect, NamesAreFoundInAnyCaseOfLetters) {
+    const auto csv = [](const char* arguments) {
+        return call(std::string(arguments) + " --ted 2 --tcd 40 --format csv").out;
+    };
+    const std::string expected = csv("--refrigerant R134A --series TK-D --models \"140;165\"");
+    EXPECT_NE(expected.find("TK-D,165"), std::string::npos) << expected;
+    EXPECT_EQ(csv("--refrigerant r134a --series tk-d --models \" 140 ;165;\" --language EN-en"), expected);
+    EXPECT_EQ(csv("--refrigerant r134a --series gh --models 7h030"),
+              csv("--refrigerant R134A --series GH --models 7H030"));
+}
+
+/// Application folder with a catalogue of a name and figures that no demonstration has.
+TEST(marvelloSelect, ColumnsOfTheTableNeverRunTogether) {
+    const fs::path folder = marvello::test::newTemporaryFolder("marvello-wide");
+    for (const auto& entry : fs::directory_iterator(MARVELLO_APP_FOLDER))
+        if (entry.path().filename() != "db.mdb")
+            fs::create_symlink(entry.path(), folder / entry.path().filename());
+    fs::copy_file(fs::path(MARVELLO_APP_FOLDER) / "db.mdb", folder / "db.mdb");
+    SQLite::Database(folder / "db.mdb", SQLite::OPEN_READWRITE)
+        .exec(
+            "update tCompressors set fModelID='A-very-long-name-of-a-model' where fRefrigerantID='R134A' and "
+            "fSerieID='TK-A' and fModelID='120'; update tPolynomials set fC1=fC1+1e9 where fPolynomialID in "
+            "(select fPolynomialQ0ID from tCompressors where fModelID like 'A-very%') and fType=0");
+    const std::string table = call("--app-folder '" + folder.string() + "' " + point).out;
+    const auto line =
+        table.substr(0, table.find('\n', table.find("A-very-long"))).substr(table.find("TK-A-A-"));
+    std::istringstream words(line);
+    const std::vector<std::string> cells{std::istream_iterator<std::string>(words), {}};
+    ASSERT_EQ(cells.size(), 8) << table;
+    EXPECT_EQ(cells[0], "TK-A-A-very-long-name-of-a-model");
+    EXPECT_NEAR(std::stod(cells[2]), 1e9, 1e8);
+    fs::remove_all(folder);
 }
 
 TEST(marvelloSelect, ABatchRunsInOneProcessAndNamesALineAtFault) {
@@ -100,12 +172,50 @@ TEST(marvelloSelect, ABatchRunsInOneProcessAndNamesALineAtFault) {
     const Json runs = Json::parse(answer.out);
     ASSERT_EQ(runs.size(), 3);
     EXPECT_EQ(runs[1]["conditions"]["Refrigerant"], "R290");
-    EXPECT_EQ(runs[2]["conditions"]["Tcd"], 50);  // the command line fills what a line leaves out
-    write("refrigerant,series,ted,tcd\nR134A,TK-A,2,40\nR134A,TK-A,two,40\n");
-    const Answer fault = call("--batch " + file.string(), Listen::errors);
-    EXPECT_EQ(fault.status, 2);
-    EXPECT_NE(fault.out.find(":3: ted: \"two\" is no number"), std::string::npos) << fault.out;
-    fs::remove(file);
+    EXPECT_EQ(runs[2]["conditions"]["Tcd"], 50);            // the command line fills what a line leaves out
+    EXPECT_EQ(call("--batch " + file.string()).status, 3);  // the last line has no tcd
+
+    // Each bad line has one line of reason, and the others are calculated.
+    write(
+        "refrigerant,series,ted,tcd,hz\r\n"
+        "R134A,TK-A,2,40,\r\n"
+        "R134A,TK-A,two,40,\n"
+        "R134A,TK-ZZ,2,40,\n\n"
+        "R134A,\"TK-A,2,40,\n"
+        "R134A,TK-A\xff,2,40,\n"
+        "R134A,TK-A,2,40\n"
+        "R134A,TK-A,2,40,-1\n"
+        "R134A,TK-A,500,40,\n"
+        "R134A,tk-b,5,40,\n");
+    const std::string batch = "--batch " + file.string();
+    const Answer good = call(batch + " --format json");
+    EXPECT_EQ(good.status, 3);
+    const Json calculated = Json::parse(good.out);
+    ASSERT_EQ(calculated.size(), 2);
+    EXPECT_EQ(calculated[1]["conditions"]["Serie"], "TK-B");
+    const Answer faults = call(batch, Listen::errors);
+    std::istringstream lines(faults.out);
+    std::string line;
+    for (const char* says :
+         {":3: ted: \"two\"", ":4: The catalogue has no series TK-ZZ", ":6: a field in quotes",
+          ":7: the text is not valid UTF-8", ":8: the line has 4 fields", ":9: hz: \"-1\"",
+          ":10: ted: R134A has no saturation state"}) {
+        ASSERT_TRUE(std::getline(lines, line)) << faults.out;
+        EXPECT_NE(line.find(file.string() + says), std::string::npos) << line;
+    }
+    EXPECT_FALSE(std::getline(lines, line)) << faults.out;
+    const Answer strict = call(batch + " --strict", Listen::errors);
+    EXPECT_EQ(strict.status, 3);
+    EXPECT_EQ(std::ranges::count(strict.out, '\n'), 1) << strict.out;
+    EXPECT_NE(strict.out.find(":3: ted"), std::string::npos);
+
+    write("refrigerant,colour\n");
+    expectRefused("marvello-select", {batch, ":1: there is no option colour"});
+    write("ted,ted\n");
+    expectRefused("marvello-select", {batch, ":1: the column ted is there twice"});
+    write("");
+    expectRefused("marvello-select", {batch, "has no header line"});
+    fs::remove_all(file.parent_path());
 }
 
 TEST(marvelloSelect, FormatsAgree) {

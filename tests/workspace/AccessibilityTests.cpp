@@ -11,6 +11,7 @@
 #include "workspace/ReportPreview.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/formBuilds.h"
+#include "workspace/formGuide.h"
 #include "workspace/frmAbout.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmRefrigerant.h"
@@ -36,7 +37,7 @@ QStringList unnamed(QWidget& window) {
         const bool isRead = node->role() == QAccessible::Cell || node->role() == QAccessible::ListItem ||
                             node->role() == QAccessible::PushButton || node->role() == QAccessible::PageTab;
         const QAccessible::State state = node->state();
-        if (!(state.focusable || isRead) || !name(node).isEmpty()) return;
+        if (state.invisible || !(state.focusable || isRead) || !name(node).isEmpty()) return;
         const QObject* object = node->object();
         found += object ? QStringLiteral("%1 %2 in %3")
                               .arg(QLatin1String(object->metaObject()->className()), object->objectName(),
@@ -81,6 +82,10 @@ TEST_F(AccessibilityTest, EveryControlOfAFormHasANameOnEveryPage) {
             QApplication::processEvents();
             expectNames(window, page);
         }
+        form->parentWidget()->showNormal();
+        form->parentWidget()->resize(640, 480);
+        QApplication::processEvents();
+        expectNames(window, "a narrow form");
     }
 }
 
@@ -143,14 +148,16 @@ TEST_F(AccessibilityTest, EveryControlOfTheOtherWindowsHasAName) {
     frmMenu menu(&window);
     frmAbout about("1.0.0", &window);
     formBuilds builds(QString(), &window);
+    auto* guide = new formGuide(QStringLiteral(MARVELLO_SOURCE_FOLDER "/docs/guide.md"), &window);
     frmpG progress(&window);
     frmRefrigerant refrigerants(&window);
     ReportContent report;
     report.model = "TK-A-100";
     ReportPreview preview(report, &window);
     const std::vector<std::pair<const char*, QDialog*>> dialogs{
-        {"start menu", &menu},           {"about", &about},    {"builds", &builds}, {"progress", &progress},
-        {"refrigerants", &refrigerants}, {"preview", &preview}};
+        {"start menu", &menu}, {"about", &about},       {"builds", &builds},
+        {"guide", guide},      {"progress", &progress}, {"refrigerants", &refrigerants},
+        {"preview", &preview}};
     for (const auto& [what, dialog] : dialogs) {
         dialog->show();
         QApplication::processEvents();
@@ -158,6 +165,12 @@ TEST_F(AccessibilityTest, EveryControlOfTheOtherWindowsHasAName) {
         expectNames(*dialog, what);
         dialog->hide();
     }
+    QStringList choices;
+    walk(QAccessible::queryAccessibleInterface(&menu), [&](QAccessibleInterface* node) {
+        if (node->role() == QAccessible::Button) choices += name(node);
+    });
+    EXPECT_EQ(choices.size(), 2) << "the choices are painted, and named all the same";
+
     progress.setPercent(62);
     QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(control<QWidget>(progress, "pg"));
     EXPECT_EQ(bar->role(), QAccessible::ProgressBar);

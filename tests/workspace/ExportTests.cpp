@@ -1,6 +1,7 @@
 // Exports and copies of a form, with the dialogs answered as a person would.
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
@@ -322,6 +323,24 @@ TEST_F(ExportTest, AFailureIsOneSentenceAndKeepsNothing) {
     EXPECT_TRUE(notes.isEmpty());
     EXPECT_FALSE(settings.contains("Export/Folder"));
     EXPECT_EQ(files(), QStringList("file"));
+}
+
+TEST_F(ExportTest, WhatIsNoRegularFileIsLeftAlone) {
+    RowSet records;
+    records.addText("Model", 10);
+    const QByteArray pipe = QFile::encodeName(path("pipe.csv"));
+    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(path("pipe.csv"), path("link.xml")));
+    QDir().mkpath(path("folder.csv"));
+    for (const char* const name : {"pipe.csv", "link.xml", "folder.csv"}) {
+        const QString failure = writeExport(records, {path(name), ExportFile::Form::csv});
+        EXPECT_TRUE(failure.contains("not a file")) << name << ": " << failure.toStdString();
+    }
+    struct stat now{};
+    ASSERT_EQ(stat(pipe.constData(), &now), 0);
+    EXPECT_TRUE(S_ISFIFO(now.st_mode));
+    EXPECT_TRUE(QFileInfo(path("link.xml")).isSymLink());
+    EXPECT_TRUE(QFileInfo(path("folder.csv")).isDir());
 }
 
 TEST_F(ExportTest, AFullDiskKeepsTheOldFileAndLeavesNoOther) {

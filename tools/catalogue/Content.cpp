@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "data/Texts.h"
+#include "tools/catalogue/TableExchange.h"
 #include "tools/csv/Csv.h"
 #include "tools/csv/FileText.h"
 
@@ -254,6 +255,12 @@ Content readContent(const fs::path& folder, Faults& faults) {
     std::error_code ignored;
     if (!fs::is_directory(folder, ignored)) {
         faults.add(folder.string(), "there is no such folder");
+        return content;
+    }
+    try {
+        finishExchange(folder);
+    } catch (const std::exception& failure) {
+        faults.add(folder.string(), failure.what());
         return content;
     }
     const auto files = filesOf(folder);

@@ -43,7 +43,9 @@ struct Content {
 /// fit the schema is a fault; rows at fault are left out.
 Content readContent(const std::filesystem::path& folder, Faults& faults);
 
-/// Writes the catalogue file, whole or not at all. Raises std::runtime_error when it cannot be written.
-void writeCatalogue(const Content& content, const std::filesystem::path& output);
+/// Writes the catalogue file, whole or not at all. Replaces a catalogue, keeping its access rights and the
+/// links that lead to it, or an empty file; another regular file only if `force` is set. Throws
+/// std::runtime_error if it cannot be written.
+void writeCatalogue(const Content& content, const std::filesystem::path& output, bool force = false);
 
 }  // namespace marvello

@@ -6,14 +6,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <map>
-#include <set>
 #include <stdexcept>
 
 #include "data/Texts.h"
 #include "data/clsApplication.h"
 #include "data/clsDatabase.h"
+#include "tools/catalogue/TableExchange.h"
 #include "tools/csv/Csv.h"
 
 namespace marvello {
@@ -127,27 +126,6 @@ std::map<std::string, std::string> filesOf(const TableContent& content) {
     return files;
 }
 
-/// The text tables and help documents that stand in a folder.
-std::vector<fs::path> tablesIn(const fs::path& folder) {
-    std::vector<fs::path> found;
-    if (!fs::is_directory(folder)) return found;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        const std::string name = entry.path().filename().string();
-        const std::string table = name.substr(0, name.find('.'));
-        const std::string extension = entry.path().extension().string();
-        const bool isTable = std::ranges::find(schemaTables(), table, &Table::name) != schemaTables().end();
-        if (isTable && (extension == ".csv" || extension == ".rtf")) found.push_back(entry.path());
-    }
-    return found;
-}
-
-void writeFile(const fs::path& file, const std::string& text) {
-    std::ofstream stream(file, std::ios::binary);
-    stream << text;
-    stream.close();
-    if (!stream) throw std::runtime_error(file.string() + " cannot be written");
-}
-
 }  // namespace
 
 Content readCatalogue(const fs::path& file) {
@@ -164,36 +142,14 @@ Content readCatalogue(const fs::path& file) {
 }
 
 void writeTables(const Content& content, const fs::path& folder, bool replace) {
-    const auto old = tablesIn(folder);
-    if (!old.empty() && !replace)
-        throw std::runtime_error("The folder " + folder.string() +
-                                 " has tables already; choose another one, or --force to replace them.");
-    const fs::path unfinished = (folder / "").parent_path().string() + ".new";
-    std::error_code ignored;
+    std::map<std::string, std::string> files;
     try {
-        fs::remove_all(unfinished);
-        fs::create_directories(unfinished);
-        for (const auto& table : content.tables)
-            for (const auto& [name, text] : filesOf(table)) writeFile(unfinished / name, text);
-        if (!fs::exists(folder)) {
-            fs::rename(unfinished, folder);
-            return;
-        }
-        // The new ones take the places of the old first, so that a failure between loses no table.
-        std::set<fs::path> placed;
-        for (const auto& entry : fs::directory_iterator(unfinished)) {
-            const fs::path place = folder / entry.path().filename();
-            fs::rename(entry.path(), place);
-            placed.insert(place);
-        }
-        for (const auto& file : old)
-            if (!placed.contains(file)) fs::remove(file);
-        fs::remove(unfinished);
+        for (const auto& table : content.tables) files.merge(filesOf(table));
     } catch (const std::exception& failure) {
-        fs::remove_all(unfinished, ignored);
         throw std::runtime_error("The tables cannot be written to " + folder.string() + ": " +
                                  failure.what() + ".");
     }
+    writeTableFiles(folder, files, replace);
 }
 
 }  // namespace marvello

@@ -12,7 +12,7 @@ Content readCatalogue(const std::filesystem::path& file);
 
 /// Writes the text tables of a content: one file a table, of a table by language one a language, and a help
 /// document a file of its own. Building them gives the same catalogue file again. Refuses a folder that has
-/// tables, unless `replace` says that they go; a failure loses none of them. Raises std::runtime_error.
+/// tables, unless `replace` is set; see writeTableFiles(). Throws std::runtime_error.
 void writeTables(const Content& content, const std::filesystem::path& folder, bool replace);
 
 }  // namespace marvello

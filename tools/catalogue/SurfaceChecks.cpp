@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "catalogue/clsProjectConditions.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Index.h"
 #include "tools/catalogue/Program.h"
@@ -129,7 +130,7 @@ std::vector<double> fieldsOf(const Content& content, const Index& index, const R
         return {ratios.begin(), ratios.end()};
     }
     if (series == "nl-h") return speedsOnOffer(content);
-    if (offersCapacitySteps(series)) return {100, 75, 50, 25};
+    if (offersCapacitySteps(series)) return {capacitySteps.begin(), capacitySteps.end()};
     return {100};
 }
 

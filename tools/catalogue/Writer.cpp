@@ -3,11 +3,18 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <fstream>
 #include <stdexcept>
+#include <string_view>
 #include <system_error>
 
 #include "data/clsDatabase.h"
 #include "tools/catalogue/Content.h"
+#include "tools/catalogue/FreshName.h"
 
 namespace marvello {
 
@@ -55,19 +62,78 @@ void writeAll(const Content& content, const fs::path& file) {
     database.exec("VACUUM");
 }
 
+/// The file itself where links lead to it, so that replacing it leaves them.
+fs::path behindLinks(fs::path file) {
+    constexpr int most = 40;  // as many as Linux follows
+    for (int links = 0; fs::is_symlink(fs::symlink_status(file)); ++links) {
+        if (links == most) throw std::runtime_error("its links lead round in a circle");
+        file = file.parent_path() / fs::read_symlink(file);
+    }
+    return file;
+}
+
+/// Whether the head of the file is that of a catalogue of any schema version.
+bool isCatalogue(const fs::path& file) {
+    constexpr std::string_view magic("SQLite format 3\0", 16);
+    constexpr std::size_t idAt = 68;  // of four bytes, the highest first
+    std::array<char, idAt + 4> head{};
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream.read(head.data(), head.size()) ||
+        !std::string_view(head.data(), head.size()).starts_with(magic))
+        return false;
+    unsigned id = 0;
+    for (std::size_t at = idAt; at < head.size(); ++at) id = id << 8 | static_cast<unsigned char>(head[at]);
+    return id == static_cast<unsigned>(clsDatabase::applicationId);
+}
+
+void checkMayBeReplaced(const fs::path& file, bool force) {
+    const fs::file_status status = fs::status(file);
+    if (!fs::exists(status)) return;
+    if (!fs::is_regular_file(status)) throw std::runtime_error("it is not a regular file");
+    if (!force && fs::file_size(file) > 0 && !isCatalogue(file))
+        throw std::runtime_error(
+            "it is another file than a catalogue; choose another name, or --force to replace it");
+}
+
+/// A journal at the side would be played into the new file.
+void checkHasNoJournal(const fs::path& file) {
+    for (const char* ending : {"-journal", "-wal"})
+        if (fs::exists(file.string() + ending))
+            throw std::runtime_error("the journal " + file.filename().string() + ending +
+                                     " is next to it; remove it first");
+}
+
+/// Owner and access rights of the file that is replaced. The owner can only be kept by an administrator.
+void takeRights(const fs::path& unfinished, const fs::path& file) {
+    struct stat old{};
+    if (stat(file.c_str(), &old) != 0) return;
+    [[maybe_unused]] const int ownerKept = chown(unfinished.c_str(), old.st_uid, old.st_gid);
+    fs::permissions(unfinished, fs::status(file).permissions());
+}
+
 }  // namespace
 
-void writeCatalogue(const Content& content, const fs::path& output) {
-    const fs::path unfinished = output.string() + ".new";
-    std::error_code ignored;
+void writeCatalogue(const Content& content, const fs::path& output, bool force) {
+    if (output.empty()) throw std::runtime_error("The name of the catalogue file is empty.");
+    fs::path unfinished;
     try {
-        fs::remove(unfinished);
+        const fs::path file = behindLinks(fs::absolute(output));
+        checkMayBeReplaced(file, force);
+        checkHasNoJournal(file);
+        unfinished = makeFreshFile(file.string() + ".");
         writeAll(content, unfinished);
-        fs::rename(unfinished, output);
+        takeRights(unfinished, file);
+        settle(unfinished);
+        fs::rename(unfinished, file);
     } catch (const std::exception& failure) {
-        fs::remove(unfinished, ignored);
-        throw std::runtime_error("The catalogue " + output.string() +
-                                 " cannot be written: " + failure.what() + ".");
+        std::error_code ignored;
+        if (!unfinished.empty()) fs::remove(unfinished, ignored);
+        const auto* const system = dynamic_cast<const std::system_error*>(&failure);
+        if (system && system->code() == std::errc::device_or_resource_busy)
+            throw std::runtime_error("The catalogue " + output.string() +
+                                     " cannot be replaced: it is a mount point. Write it to another place.");
+        throw std::runtime_error("The catalogue " + output.string() + " cannot be written: " +
+                                 (system ? system->code().message() : failure.what()) + ".");
     }
 }
 

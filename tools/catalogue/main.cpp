@@ -42,25 +42,28 @@ std::string counted(std::size_t count, const std::string& what) {
 struct ContentRequest {
     std::string folder;
     std::string fluids;
-    std::string output;  ///< Blank for a check alone.
+    std::optional<std::string> output;  ///< None for a check alone.
     bool isStrict = false;
+    bool isForced = false;
 };
 
 /// Reads and checks the content; writes it when there is an output.
 int runContent(const ContentRequest& request) {
+    const bool isCheck = !request.output;
+    if (!isCheck && request.output->empty())
+        throw std::runtime_error("OUTPUT: the name of the catalogue file is empty.");
     Faults faults;
     const auto content = readContent(request.folder, faults);
     // A row at fault is not there, and what refers to it would only repeat the fault.
     if (faults.empty())
         checkContent(content, request.fluids.empty() ? std::nullopt : std::optional<fs::path>(request.fluids),
                      fs::path(request.folder) / "pictures", faults);
-    const bool isCheck = request.output.empty();
     print(faults.lines(), "error");
     if (isCheck || request.isStrict) print(faults.warnings(), "warning");
-    std::cout << counted(faults.lines().size(), "error") << ", "
-              << counted(faults.warnings().size(), "warning") << ": " << contentSummary(content) << '\n';
+    printText(counted(faults.lines().size(), "error") + ", " + counted(faults.warnings().size(), "warning") +
+              ": " + contentSummary(content) + "\n");
     if (!faults.empty() || (request.isStrict && !faults.warnings().empty())) return failed;
-    if (!isCheck) writeCatalogue(content, request.output);
+    if (!isCheck) writeCatalogue(content, *request.output, request.isForced);
     return done;
 }
 
@@ -159,7 +162,9 @@ int main(int argc, char** argv) try {
         command->add_option("--fluids", content.fluids, "The folder in which each fluid file must stand");
         command->add_flag("--strict", content.isStrict, "Take warnings for errors");
     }
-    build->add_option("OUTPUT", content.output, "The catalogue file to write")->required();
+    std::string output;
+    build->add_option("OUTPUT", output, "The catalogue file to write")->required();
+    build->add_flag("--force", content.isForced, "Replace a file that is not a catalogue");
 
     std::string file;
     std::string folder;
@@ -176,6 +181,9 @@ int main(int argc, char** argv) try {
 
     try {
         program.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        printText(program.help());
+        return done;
     } catch (const CLI::ParseError& error) {
         return program.exit(error) == 0 ? done : failed;
     }
@@ -188,6 +196,7 @@ int main(int argc, char** argv) try {
         if (fitting.request.isDischarge && field->count() == 0) fitting.request.field = usualSuperheat;
         return runFit(std::move(fitting));
     }
+    if (*build) content.output = output;
     return runContent(content);
 } catch (const std::exception& failure) {
     std::cerr << failure.what() << '\n';

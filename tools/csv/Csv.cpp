@@ -27,8 +27,14 @@ class Reader {
     bool at(char c) const { return !ended() && text_[at_] == c; }
     bool atLineEnd() const { return ended() || at('\n') || text_.substr(at_, 2) == "\r\n"; }
 
+    void addFault(int line, const std::string& reason) {
+        faults_.add(file_, line, reason);
+        if (fault_.empty()) fault_ = reason;
+    }
+
     CsvRecord readRecord() {
         CsvRecord record{line_, {}};
+        fault_.clear();
         record.fields.push_back(readField());
         while (at(',')) {
             ++at_;
@@ -37,6 +43,7 @@ class Reader {
         if (at('\r')) ++at_;
         if (at('\n')) ++at_;
         ++line_;
+        record.fault = fault_;
         return record;
     }
 
@@ -44,8 +51,7 @@ class Reader {
         if (at('"')) return readQuotedField();
         const auto start = at_;
         while (!at(',') && !atLineEnd()) {
-            if (at('"'))
-                faults_.add(file_, line_, "a quote stands inside a field that does not begin with one");
+            if (at('"')) addFault(line_, "a quote stands inside a field that does not begin with one");
             ++at_;
         }
         return std::string(text_.substr(start, at_ - start));
@@ -61,12 +67,12 @@ class Reader {
             field += text_[at_];
         }
         if (ended()) {
-            faults_.add(file_, begun, "a field in quotes has no end");
+            addFault(begun, "a field in quotes has no end");
             return field;
         }
         ++at_;
         if (at(',') || atLineEnd()) return field;
-        faults_.add(file_, line_, "text stands behind the closing quote of a field");
+        addFault(line_, "text stands behind the closing quote of a field");
         while (!at(',') && !atLineEnd()) ++at_;
         return field;
     }
@@ -76,6 +82,7 @@ class Reader {
     Faults& faults_;
     std::size_t at_ = 0;
     int line_ = 1;
+    std::string fault_;  ///< Of the record that is read.
 };
 
 /// The length of the well-formed character at the head of `bytes`, or 0. The ranges are those of table 3-7 of

@@ -12,6 +12,7 @@ namespace marvello {
 struct CsvRecord {
     int line = 0;  ///< Where the record begins, from 1.
     std::vector<std::string> fields;
+    std::string fault{};  ///< What is wrong with its quotes; empty for a sound one.
 };
 
 /// The records of a text in the format of RFC 4180: fields separated by ",", a field in double quotes may

@@ -52,15 +52,53 @@ std::vector<std::string> texts(const clsCompressor& compressor) {
 }
 
 std::string fixed(double value, int decimals) {
-    std::array<char, 64> buffer{};
+    std::array<char, 400> buffer{};  // the largest double has 309 digits
     std::snprintf(buffer.data(), buffer.size(), "%.*f", decimals, value);
     return buffer.data();
 }
 
-std::string padded(std::string text, int width, bool right) {
-    const auto wanted = static_cast<std::size_t>(width);
-    if (text.size() >= wanted) return text;
-    return right ? text.insert(0, wanted - text.size(), ' ') : text.append(wanted - text.size(), ' ');
+/// Letters, not bytes.
+std::size_t widthOf(const std::string& text) {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+std::string padded(std::string text, std::size_t wanted, bool right) {
+    const std::size_t width = widthOf(text);
+    if (width >= wanted) return text;
+    return right ? text.insert(0, wanted - width, ' ') : text.append(wanted - width, ' ');
+}
+
+using Cells = std::vector<std::string>;
+
+Cells headings() {
+    Cells cells{"Compressor", ""};
+    for (const Column& column : columns) cells.emplace_back(column.heading);
+    return cells;
+}
+
+Cells cellsOf(const clsCompressor& compressor) {
+    Cells cells{label(compressor), mark(compressor)};
+    for (const Column& column : columns)
+        cells.push_back(isListed(compressor, column)
+                            ? fixed(compressor.Variables(column.variable), column.decimals)
+                            : "");
+    return cells;
+}
+
+/// The columns are as wide as usual, or as their widest cell and a blank need.
+std::vector<std::size_t> widthsOf(const std::vector<Cells>& lines) {
+    std::vector<std::size_t> widths(columns.size() + 2, 9);
+    widths.front() = 20;
+    for (const Cells& line : lines)
+        for (std::size_t i = 0; i < line.size(); ++i) widths[i] = std::max(widths[i], widthOf(line[i]) + 1);
+    return widths;
+}
+
+std::string lineText(const Cells& cells, const std::vector<std::size_t>& widths) {
+    std::string text;
+    for (std::size_t i = 0; i < cells.size(); ++i) text += padded(cells[i], widths[i], i > 1);
+    return text + '\n';
 }
 
 std::string pointOf(const Request& request) {
@@ -72,26 +110,18 @@ std::string pointOf(const Request& request) {
 }  // namespace
 
 std::string asTable(const std::vector<Run>& runs) {
-    constexpr int labelWidth = 20;
-    constexpr int markWidth = 9;
-    constexpr int width = 9;
     std::string out;
     for (const Run& run : runs) {
         const int count = run.selection->Count();
         out += pointOf(run.request) + ", " + std::to_string(count) +
                (count == 1 ? " compressor\n" : " compressors\n");
-        out += padded("Compressor", labelWidth, false) + padded("", markWidth, false);
-        for (const Column& column : columns) out += padded(column.heading, width, true);
-        out += '\n';
+        std::vector<Cells> lines{headings()};
+        for (const auto& compressor : *run.selection) lines.push_back(cellsOf(*compressor));
+        const auto widths = widthsOf(lines);
+        auto line = lines.begin();
+        out += lineText(*line, widths);
         for (const auto& compressor : *run.selection) {
-            out +=
-                padded(label(*compressor), labelWidth, false) + padded(mark(*compressor), markWidth, false);
-            for (const Column& column : columns) {
-                const bool listed = isListed(*compressor, column);
-                out += padded(listed ? fixed(compressor->Variables(column.variable), column.decimals) : "",
-                              width, true);
-            }
-            out += '\n';
+            out += lineText(*++line, widths);
             for (const std::string& text : texts(*compressor)) out += "    " + text + '\n';
         }
     }

@@ -1,80 +1,133 @@
 #include "tools/select/Request.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <type_traits>
 
+#include "catalogue/clsInverter.h"
 #include "data/Texts.h"
 
 namespace marvello::select {
 
 namespace {
 
+using Conditions = clsProjectConditions;
+
+struct Range {
+    double minimum, maximum;
+    const char* unit;
+};
+
+// What the rules of the engine judge is wider than what the forms offer; these bounds keep out what can be no
+// operating point at all.
+constexpr Range superheat{0, 100, "K"};
+constexpr Range suctionTemperature{-100, 200, "degrees Celsius"};
+constexpr Range subcooling{0, 100, "K"};
+constexpr Range approach{0, 100, "K"};
+constexpr Range economizerPower{0, 100000, "kW"};
+constexpr Range dischargeLimit{0, 200, "degrees Celsius"};
+constexpr Range inverterFrequency{clsInverter::minimumFrequency, clsInverter::maximumFrequency, "Hz"};
+
+std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+
+std::string rangeText(const Range& range) {
+    return storedText(range.minimum) + " to " + storedText(range.maximum) + " " + range.unit;
+}
+
+std::string wordOf(const std::string& word) { return word; }
+std::string wordOf(int number) { return std::to_string(number); }
+
+template <class Values>
+std::string listText(const Values& values) {
+    std::string list;
+    for (const auto& value : values) list += (list.empty() ? "" : ", ") + wordOf(value);
+    return list;
+}
+
 double number(const std::string& text) {
     const auto value = storedNumber(text);
-    if (!value) throw BadRequest("\"" + text + "\" is no number");
+    if (!value) throw BadRequest(quoted(text) + " is not a number such as 2.5");
     return *value;
 }
 
-int wholeNumber(const std::string& text) {
-    const double value = number(text);
-    if (value != std::floor(value) || std::abs(value) > 1e6)
-        throw BadRequest("\"" + text + "\" is no whole number");
-    return static_cast<int>(value);
+void checkRange(const std::string& text, double value, const Range& range) {
+    if (value < range.minimum || value > range.maximum)
+        throw BadRequest(quoted(text) + " is outside the range of " + rangeText(range));
 }
 
 template <auto member>
-void readReal(Request& request, const std::string& text) {
+void readReal(Request& request, const std::string& text, const Choices&) {
+    request.conditions.*member = number(text);
+}
+
+template <auto member, const Range& range>
+void readInRange(Request& request, const std::string& text, const Choices&) {
+    const auto value = storedNumber(text);
+    if (!value) throw BadRequest(quoted(text) + " is not a number from " + rangeText(range));
+    checkRange(text, *value, range);
     auto& target = request.conditions.*member;
-    using Real = std::remove_reference_t<decltype(target)>;
-    const double value = number(text);
-    if (std::abs(value) > static_cast<double>(std::numeric_limits<Real>::max()))
-        throw BadRequest("\"" + text + "\" is too large");
-    target = static_cast<Real>(value);
+    target = static_cast<std::remove_reference_t<decltype(target)>>(*value);
 }
 
-template <auto member>
-void readWhole(Request& request, const std::string& text) {
-    request.conditions.*member = wholeNumber(text);
+template <class Allowed>
+int oneOf(const std::string& text, const Allowed& allowed) {
+    const auto value = storedNumber(text);
+    const auto found = std::ranges::find_if(allowed, [&](int each) { return value && *value == each; });
+    if (found == std::end(allowed)) throw BadRequest(quoted(text) + " is not one of " + listText(allowed));
+    return *found;
 }
 
-void readMarket(Request& request, const std::string& text) {
-    request.market = wholeNumber(text);
-    if (request.market < 0 || request.market > 255) throw BadRequest("there is no market " + text);
+template <auto member, auto list>
+void readChoice(Request& request, const std::string& text, const Choices& choices) {
+    request.conditions.*member = oneOf(text, choices.*list);
 }
 
-using Conditions = clsProjectConditions;
+void readStep(Request& request, const std::string& text, const Choices&) {
+    request.conditions.StepCapacity = oneOf(text, capacitySteps);
+}
+
+void readMarket(Request& request, const std::string& text, const Choices&) {
+    constexpr std::array markets{0, 1, 2};
+    request.market = oneOf(text, markets);
+}
+
+void readModels(Request& request, const std::string& text, const Choices&) {
+    request.models = trimmed(text).empty() ? "*" : trimmed(text);
+}
 
 constexpr std::array options = {
     RequestOption{"refrigerant", "refrigerant, such as R134A",
-                  [](Request& r, const std::string& text) { r.refrigerant = trimmed(text); }},
+                  [](Request& r, const std::string& text, const Choices&) { r.refrigerant = trimmed(text); }},
     RequestOption{"series", "series as the catalogue names it",
-                  [](Request& r, const std::string& text) { r.series = trimmed(text); }},
-    RequestOption{
-        "models", "models joined with \";\", or * for all",
-        [](Request& r, const std::string& text) { r.models = trimmed(text).empty() ? "*" : trimmed(text); }},
+                  [](Request& r, const std::string& text, const Choices&) { r.series = trimmed(text); }},
+    RequestOption{"models", "models joined with \";\", or * for all", readModels},
     RequestOption{"ted", "evaporating dew temperature, degrees Celsius",
                   readReal<&Conditions::TEvaporatingDew>},
     RequestOption{"tcd", "condensing dew temperature, degrees Celsius",
                   readReal<&Conditions::TCondensationDew>},
     RequestOption{"sh", "superheat in K, or suction temperature (10)", readReal<&Conditions::SuperHeat>},
     RequestOption{"sh-type", "0: --sh is a superheat, 1: a suction temperature (0)",
-                  readWhole<&Conditions::SuperHeatType>},
-    RequestOption{"sc", "liquid subcooling, K (5)", readReal<&Conditions::SubCooling>},
-    RequestOption{"eco-mode", "economizer mode (0: none)", readWhole<&Conditions::EcoCalculateMode>},
+                  readChoice<&Conditions::SuperHeatType, &Choices::superheatTypes>},
+    RequestOption{"sc", "liquid subcooling, K (5)", readInRange<&Conditions::SubCooling, subcooling>},
+    RequestOption{"eco-mode", "economizer: 0 none, 1 approach --eco in K, 2 capacity --eco in kW (0)",
+                  readChoice<&Conditions::EcoCalculateMode, &Choices::economizerModes>},
     RequestOption{"eco", "economizer value (10)", readReal<&Conditions::Eco>},
     RequestOption{"oc-mode", "oil cooling: 0 none, 1 limit of the catalogue, 2 limit --oc (1)",
-                  readWhole<&Conditions::OilCoolingCalculateMode>},
+                  readChoice<&Conditions::OilCoolingCalculateMode, &Choices::oilCoolingModes>},
     RequestOption{"oc", "limit of the discharge temperature, degrees Celsius (110)",
-                  readReal<&Conditions::OilCooling>},
-    RequestOption{"voltage", "supply voltage, V (400)", readReal<&Conditions::MotorVoltage>},
-    RequestOption{"hz", "supply frequency, 50 or 60 Hz (50)", readWhole<&Conditions::MotorHz>},
-    RequestOption{"motor-size", "-1 default, 0 small, 1 full motor (-1)", readWhole<&Conditions::MotorSize>},
-    RequestOption{"rpm", "speed of an open drive, 1/min (1450)", readWhole<&Conditions::MotorRPM>},
-    RequestOption{"step", "capacity step in percent: 100, 75, 50 or 25 (100)",
-                  readWhole<&Conditions::StepCapacity>},
-    RequestOption{"frequency", "inverter frequency, Hz (50)", readReal<&Conditions::InverterFrequency>},
+                  readInRange<&Conditions::OilCooling, dischargeLimit>},
+    RequestOption{"voltage", "supply voltage, V (400)",
+                  readChoice<&Conditions::MotorVoltage, &Choices::voltages>},
+    RequestOption{"hz", "supply frequency, 50 or 60 Hz (50)",
+                  readChoice<&Conditions::MotorHz, &Choices::frequencies>},
+    RequestOption{"motor-size", "-1 default, 0 small, 1 full motor (-1)",
+                  readChoice<&Conditions::MotorSize, &Choices::motorSizes>},
+    RequestOption{"rpm", "speed of an open drive, 1/min (1450)",
+                  readChoice<&Conditions::MotorRPM, &Choices::speeds>},
+    RequestOption{"step", "capacity step in percent: 100, 75, 50 or 25 (100)", readStep},
+    RequestOption{"frequency", "inverter frequency, 20 to 70 Hz (50)",
+                  readInRange<&Conditions::InverterFrequency, inverterFrequency>},
     RequestOption{"market", "market of the series DZ: 1 European, 2 Far East (0: no filter)", readMarket},
 };
 
@@ -85,11 +138,11 @@ Request::Request() : conditions(conditionsAt(std::nan(""), std::nan(""))) {}
 
 std::span<const RequestOption> requestOptions() { return options; }
 
-void readOption(Request& request, std::string_view name, const std::string& text) {
+void readOption(Request& request, std::string_view name, const std::string& text, const Choices& choices) {
     for (const RequestOption& option : options) {
         if (option.name != name) continue;
         try {
-            option.read(request, text);
+            option.read(request, text, choices);
         } catch (const BadRequest& fault) {
             throw BadRequest(std::string(name) + ": " + fault.what());
         }
@@ -99,13 +152,51 @@ void readOption(Request& request, std::string_view name, const std::string& text
 }
 
 void checkRequest(const Request& request) {
+    const Conditions& c = request.conditions;
     const auto need = [](bool given, const char* name) {
         if (!given) throw BadRequest(std::string(name) + " is missing");
     };
     need(!request.refrigerant.empty(), "refrigerant");
     need(!request.series.empty(), "series");
-    need(!std::isnan(request.conditions.TEvaporatingDew), "ted");
-    need(!std::isnan(request.conditions.TCondensationDew), "tcd");
+    need(!std::isnan(c.TEvaporatingDew), "ted");
+    need(!std::isnan(c.TCondensationDew), "tcd");
+    const auto check = [](const char* name, double value, const Range& range) {
+        try {
+            checkRange(storedText(value), value, range);
+        } catch (const BadRequest& fault) {
+            throw BadRequest(std::string(name) + ": " + fault.what());
+        }
+    };
+    check("sh", c.SuperHeat, c.SuperHeatType == 0 ? superheat : suctionTemperature);
+    check("eco", c.Eco, c.EcoCalculateMode == 2 ? economizerPower : approach);
+}
+
+void checkTemperatures(const Request& request, const SaturationRange& range) {
+    const Conditions& c = request.conditions;
+    const auto outside = [&](const char* name, double value) {
+        // Rounded to the inside, so that the ends that are named are allowed.
+        const Range shown{std::ceil(range.minimum * 10) / 10, std::floor(range.maximum * 10) / 10,
+                          "degrees Celsius"};
+        return BadRequest(std::string(name) + ": " + request.refrigerant + " has no saturation state at \"" +
+                          storedText(value) + "\"; it has some from " + rangeText(shown));
+    };
+    switch (judgeTemperatures(range, c.TEvaporatingDew, c.TCondensationDew)) {
+        case TemperatureFault::evaporatingOutside:
+            throw outside("ted", c.TEvaporatingDew);
+        case TemperatureFault::condensingOutside:
+            throw outside("tcd", c.TCondensationDew);
+        case TemperatureFault::evaporatingAboveCondensing:
+            throw BadRequest("ted: " + quoted(storedText(c.TEvaporatingDew)) +
+                             " is above the condensing temperature; at most tcd, \"" +
+                             storedText(c.TCondensationDew) + "\", is allowed");
+        case TemperatureFault::none:
+            break;
+    }
+}
+
+std::string notOneOf(std::string_view option, const std::string& value,
+                     const std::vector<std::string>& allowed) {
+    return std::string(option) + ": " + quoted(value) + " is not one of " + listText(allowed);
 }
 
 }  // namespace marvello::select

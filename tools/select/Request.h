@@ -4,8 +4,11 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "catalogue/clsProjectConditions.h"
+#include "thermo/SaturationRange.h"
+#include "tools/select/Choices.h"
 
 namespace marvello::select {
 
@@ -15,7 +18,7 @@ class BadRequest : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// One duty point on one series.
+/// One operating point on one series.
 struct Request {
     std::string refrigerant;
     std::string series;  ///< The catalogue's name.
@@ -30,16 +33,23 @@ struct Request {
 struct RequestOption {
     std::string_view name;
     std::string_view help;
-    /// Reads the option's text into a request. Raises BadRequest.
-    void (*read)(Request&, const std::string& text);
+    /// Reads the option's text into a request. Throws BadRequest with the value and what is allowed.
+    void (*read)(Request&, const std::string& text, const Choices& choices);
 };
 
 std::span<const RequestOption> requestOptions();
 
-/// Reads one option by name. Raises BadRequest, also for an unknown name.
-void readOption(Request& request, std::string_view name, const std::string& text);
+/// Reads one option by name. Throws BadRequest, also for an unknown name.
+void readOption(Request& request, std::string_view name, const std::string& text, const Choices& choices);
 
-/// Raises BadRequest when a request lacks what it needs.
+/// Throws BadRequest if a request lacks what it needs, or a value does not go with another one.
 void checkRequest(const Request& request);
+
+/// Throws BadRequest for temperatures without saturation state, or in the wrong order.
+void checkTemperatures(const Request& request, const SaturationRange& range);
+
+/// The sentence that refuses a value: option, value and what is allowed.
+std::string notOneOf(std::string_view option, const std::string& value,
+                     const std::vector<std::string>& allowed);
 
 }  // namespace marvello::select

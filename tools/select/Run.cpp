@@ -1,5 +1,7 @@
 #include "tools/select/Run.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "catalogue/Globals.h"
@@ -14,28 +16,50 @@ namespace marvello::select {
 
 namespace {
 
-bool catalogueHas(const std::string& condition) {
-    return !gDatabase().Execute("Select fModelID from tCompressors where " + condition + " limit 1").eof();
+/// The name as the catalogue spells it, which the engine compares letter by letter; none if it is not there.
+std::optional<std::string> spelled(const std::string& column, const std::string& name,
+                                   const std::string& among) {
+    const RecordSet row = gDatabase().Execute("Select " + column + " from tCompressors where " + among +
+                                              column + "=" + sqlText(name) + " limit 1");
+    if (row.eof()) return std::nullopt;
+    return row.text(column);
+}
+
+/// What the catalogue has in a column, as the end of a sentence.
+std::string itHas(const std::string& column, const std::string& among) {
+    std::string names;
+    for (RecordSet row = gDatabase().Execute("Select distinct " + column + " from tCompressors where " +
+                                             among + "True order by " + column);
+         !row.eof(); row.moveNext())
+        names += (names.empty() ? "" : ", ") + row.text(column);
+    return "it has " + names + ".";
 }
 
 /// Each name is looked up before it reaches the engine, so that an answer says what is missing.
-void checkNames(const Request& request) {
-    const std::string ofRefrigerant = "fRefrigerantID=" + sqlText(request.refrigerant);
-    if (!catalogueHas(ofRefrigerant)) {
-        throw NothingMatches("The catalogue has no refrigerant " + request.refrigerant + ".");
-    }
-    const std::string ofSeries = ofRefrigerant + " and fSerieID=" + sqlText(request.series);
-    if (!catalogueHas(ofSeries)) {
-        throw NothingMatches("The catalogue has no series " + request.series + " for " + request.refrigerant +
-                             ".");
-    }
+void spellNames(Request& request) {
+    const auto refrigerant = spelled("fRefrigerantID", request.refrigerant, "");
+    if (!refrigerant)
+        throw NothingMatches("The catalogue has no refrigerant " + request.refrigerant + "; " +
+                             itHas("fRefrigerantID", ""));
+    request.refrigerant = *refrigerant;
+    const std::string ofRefrigerant = "fRefrigerantID=" + sqlText(*refrigerant) + " and ";
+    const auto series = spelled("fSerieID", request.series, ofRefrigerant);
+    if (!series)
+        throw NothingMatches("The catalogue has no series " + request.series + " for " + *refrigerant + "; " +
+                             itHas("fSerieID", ofRefrigerant));
+    request.series = *series;
     if (request.models == "*") return;
-    for (const std::string& model : splitText(request.models, ';')) {
-        if (!catalogueHas(ofSeries + " and fModelID=" + sqlText(model))) {
-            throw NothingMatches("The series " + request.series + " has no model " + model + " for " +
-                                 request.refrigerant + ".");
-        }
+    const std::string ofSeries = ofRefrigerant + "fSerieID=" + sqlText(*series) + " and ";
+    std::string models;
+    for (const std::string& name : splitText(request.models, ';')) {
+        if (trimmed(name).empty()) continue;
+        const auto model = spelled("fModelID", trimmed(name), ofSeries);
+        if (!model)
+            throw NothingMatches("The series " + *series + " has no model " + trimmed(name) + " for " +
+                                 *refrigerant + "; " + itHas("fModelID", ofSeries));
+        models += (models.empty() ? "" : ";") + *model;
     }
+    request.models = models.empty() ? "*" : models;
 }
 
 }  // namespace
@@ -43,16 +67,18 @@ void checkNames(const Request& request) {
 void openCatalogue(const std::string& language) {
     gDatabase().Connect("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + applicationFolder() +
                         "\\db.mdb;Persist Security Info=True");
-    gApplication().populateDictionary(defaultLanguage, language);
+    const auto languages = catalogueLanguages();
+    const auto known = std::ranges::find_if(
+        languages, [&](const std::string& each) { return equalIgnoringCase(each, trimmed(language)); });
+    if (known == languages.end()) throw BadRequest(notOneOf("language", language, languages));
+    gApplication().populateDictionary(defaultLanguage, *known);
     loadSharedPolynomials();
 }
 
-Run carryOut(const Request& request) {
+Run carryOut(Request request) {
     checkRequest(request);
-    checkNames(request);
-    if (const std::string& fault = GetRefprop(request.refrigerant).SetupFault(); !fault.empty()) {
-        throw std::runtime_error("The fluid library cannot set up " + request.refrigerant + ": " + fault);
-    }
+    spellNames(request);
+    checkTemperatures(request, saturationRange(request.refrigerant));
     Run run{request, std::make_unique<clsSelections>(), {}};
     AbortRequested() = false;
     const CollectedBoxes said;

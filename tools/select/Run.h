@@ -23,12 +23,14 @@ struct Run {
     std::vector<std::string> remarks;  ///< What the run had to say in message boxes, each once.
 };
 
-/// Opens the catalogue of the application folder and reads the texts of a language. Raises DatabaseError.
+/// Opens the catalogue of the application folder and reads the texts of a language. Throws DatabaseError, and
+/// BadRequest for a language that it does not have.
 void openCatalogue(const std::string& language);
 
-/// Runs a request on the engine. Raises BadRequest, NothingMatches, DatabaseError, FluidLibraryError, and
-/// std::runtime_error with the fluid library's sentence when it cannot set the refrigerant up.
-Run carryOut(const Request& request);
+/// Runs a request on the engine, its names in any case of letters. Throws BadRequest, NothingMatches,
+/// DatabaseError, FluidLibraryError, and std::runtime_error with the fluid library's sentence if it cannot
+/// set the refrigerant up.
+Run carryOut(Request request);
 
 /// The refrigerants, series and models of the catalogue that run at fixed speed, or on an inverter; one
 /// series a line.

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <map>
@@ -12,6 +13,8 @@
 
 #include "data/ApplicationFolder.h"
 #include "data/clsApplication.h"
+#include "data/clsDatabase.h"
+#include "thermo/RefpropLibrary.h"
 #include "tools/csv/FileText.h"
 #include "tools/select/Batch.h"
 #include "tools/select/Output.h"
@@ -22,7 +25,7 @@ namespace marvello::select {
 
 namespace {
 
-enum ExitStatus { done = 0, nothingMatches = 1, refused = 2 };
+enum ExitStatus { done = 0, nothingMatches = 1, refused = 2, someLinesBad = 3 };
 
 struct Arguments {
     std::map<std::string, std::string> options;  ///< By name of the request option.
@@ -32,6 +35,8 @@ struct Arguments {
     std::string folder;
     bool list = false;
     bool inverter = false;
+    bool isBatch = false;
+    bool isStrict = false;  ///< Stops at the first bad line.
 };
 
 std::string readFile(const std::string& file) {
@@ -45,37 +50,70 @@ int complain(const std::string& sentence, ExitStatus status) {
     return status;
 }
 
+/// Runs a line of a batch; what is wrong with it, empty for nothing.
+std::string runLine(BatchLine& line, std::vector<Run>& runs) {
+    if (!line.fault.empty()) return line.fault;
+    try {
+        runs.push_back(carryOut(std::move(line.request)));
+    } catch (const DatabaseError&) {
+        throw;  // no other line would be better off
+    } catch (const FluidLibraryError&) {
+        throw;
+    } catch (const std::exception& fault) {
+        return fault.what();
+    }
+    for (const std::string& remark : runs.back().remarks) complain(line.place + ": " + remark, done);
+    return {};
+}
+
+/// Runs the lines, and says which are bad. True if all are good.
+bool runBatch(const Arguments& arguments, const Request& base, const Choices& choices,
+              std::vector<Run>& runs) {
+    bool areGood = true;
+    for (BatchLine& line : readBatch(readFile(arguments.batchFile), arguments.batchFile, base, choices)) {
+        const std::string fault = runLine(line, runs);
+        if (fault.empty()) continue;
+        complain(line.place + ": " + fault, done);
+        areGood = false;
+        if (arguments.isStrict) break;
+    }
+    return areGood;
+}
+
 int select(const Arguments& arguments) {
+    const std::vector<std::string> formats{"table", "csv", "json"};
+    if (std::ranges::find(formats, arguments.format) == formats.end())
+        throw BadRequest(notOneOf("format", arguments.format, formats));
     setApplicationFolder(arguments.folder);
     openCatalogue(arguments.language);
+    const Choices choices = catalogueChoices();
+    Request base;
+    for (const auto& [name, text] : arguments.options) readOption(base, name, text, choices);
     if (arguments.list) {
         printText(catalogueListing(arguments.inverter));
         return done;
     }
 
-    Request base;
-    for (const auto& [name, text] : arguments.options) readOption(base, name, text);
-    const bool batch = !arguments.batchFile.empty();
-    const std::vector<Request> requests =
-        batch ? readBatch(readFile(arguments.batchFile), arguments.batchFile, base) : std::vector{base};
-
     std::vector<Run> runs;
-    int compressors = 0;
-    for (const Request& request : requests) {
-        runs.push_back(carryOut(request));
-        compressors += runs.back().selection->Count();
+    bool areGood = true;
+    if (arguments.isBatch) {
+        areGood = runBatch(arguments, base, choices, runs);
+    } else {
+        runs.push_back(carryOut(base));
         for (const std::string& remark : runs.back().remarks) complain(remark, done);
     }
-    const std::string out = arguments.format == "json"  ? asJson(runs, batch)
+    const std::string out = arguments.format == "json"  ? asJson(runs, arguments.isBatch)
                             : arguments.format == "csv" ? asCsv(runs)
                                                         : asTable(runs);
     printText(out);
-    if (compressors > 0) return done;
+    if (!areGood) return someLinesBad;
+    const auto has = [](const Run& run) { return run.selection->Count() > 0; };
+    if (std::ranges::any_of(runs, has)) return done;
     return complain("No compressor matches.", nothingMatches);
 }
 
 int run(int argc, char** argv) {
-    CLI::App app("Selects Kestrom refrigeration compressors at a duty point.", "marvello-select");
+    CLI::App app("Selects Kestrom refrigeration compressors at an operating point.", "marvello-select");
     Arguments arguments;
     std::map<std::string, std::string> given;
     for (const RequestOption& option : requestOptions()) {
@@ -84,22 +122,28 @@ int run(int argc, char** argv) {
     }
     app.add_flag("--inverter", arguments.inverter, "with --list: what runs on an inverter");
     app.add_option("--language", arguments.language, "language of the texts (en-EN)");
-    app.add_option("--format", arguments.format, "table, csv or json")
-        ->check(CLI::IsMember({"table", "csv", "json"}));
-    app.add_option("--batch", arguments.batchFile, "CSV file with one duty point a line");
+    app.add_option("--format", arguments.format, "table, csv or json");
+    auto* const batch =
+        app.add_option("--batch", arguments.batchFile, "CSV file with one operating point a line");
+    app.add_flag("--strict", arguments.isStrict, "with --batch: stops at the first bad line")->needs(batch);
     app.add_option("--app-folder", arguments.folder, "folder with db.mdb, the fluid library and Fluids");
     app.add_flag("--list", arguments.list, "prints refrigerants, series and models");
+    app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
-    } catch (const CLI::CallForHelp& help) {
-        return app.exit(help);
+    } catch (const CLI::CallForHelp&) {
+        printText(app.help());
+        return done;
+    } catch (const CLI::CallForVersion& version) {
+        printText(std::string(version.what()) + "\n");
+        return done;
     } catch (const CLI::ParseError& fault) {
         return complain(fault.what(), refused);
     }
     for (const auto& [name, text] : given) {
         if (app.count("--" + name) > 0) arguments.options[name] = text;
     }
-
+    arguments.isBatch = app.count("--batch") > 0;
     return select(arguments);
 }
 

@@ -1,0 +1,388 @@
+// What a person does with one form or two, on the catalogue that is shipped.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMap>
+#include <QSet>
+#include <QTest>
+
+#include "controls/AdvanceText.h"
+#include "controls/Link.h"
+#include "controls/MessagesView.h"
+#include "controls/ResultsView.h"
+#include "tests/gui/RealWindow.h"
+#include "workspace/SelectionForm.h"
+
+using namespace marvello;
+
+namespace {
+
+class FormTest : public ::testing::Test, public marvello::testing::RealWindow {
+  protected:
+    FormTest() : RealWindow("en-EN"), form(window->newSelection()) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+
+    AdvanceText* field(const char* name) { return form->findChild<AdvanceText*>(QLatin1String(name)); }
+    ResultsView* list() { return form->findChild<ResultsView*>(QStringLiteral("lvCps")); }
+
+    void choose(const char* name, const QString& key) {
+        QTest::keyClick(field(name)->findChild<QLineEdit*>(), Qt::Key_Down);
+        QWidget* popup = QApplication::activePopupWidget();
+        ASSERT_NE(popup, nullptr) << name;
+        auto* rows = popup->findChild<QListWidget*>();
+        for (int row = 0; row < rows->count(); ++row)
+            if (rows->item(row)->data(Qt::UserRole).toString() == u'@' + key) rows->setCurrentRow(row);
+        if (rows->currentItem()->data(Qt::CheckStateRole).isValid()) QTest::keyClick(rows, Qt::Key_Space);
+        QTest::keyClick(rows, Qt::Key_Return);
+        EXPECT_EQ(field(name)->Key(), key);
+    }
+    void type(const char* name, const QString& text) {
+        auto* edit = field(name)->findChild<QLineEdit*>();
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClicks(edit, text);
+    }
+    void calculate() {
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        QTest::keyClick(form->focusWidget(), Qt::Key_F5);
+    }
+    QMap<QString, double> numbers() {
+        QMap<QString, double> result;
+        for (const auto* input : form->findChildren<AdvanceText*>())
+            if (input->TextType() == 1) result[input->objectName()] = input->number();
+        return result;
+    }
+    void switchUnits(const char* name) {
+        window->findChild<AdvanceText*>(QStringLiteral("cmbmeasureunits"))
+            ->SetKey(QLatin1String(name) == QLatin1String("imperial") ? QStringLiteral("1")
+                                                                      : QStringLiteral("0"));
+    }
+
+    SelectionForm* form;
+};
+
+}  // namespace
+
+TEST_F(FormTest, ARefrigerantStartsWithItsDewTemperatures) {
+    choose("lstRefrigerants", "R407C");
+    EXPECT_FALSE(field("txtTEM")->isHidden());
+    type("txtTCM", "42");
+    type("txtTEM", "-3");
+    EXPECT_TRUE(field("txtTCD")->Derived());
+    const double dew = field("txtTCD")->number();
+    choose("lstRefrigerants", "R134A");
+    EXPECT_TRUE(field("txtTEM")->isHidden()) << "there is no way back from a mid temperature of R134A";
+    EXPECT_TRUE(field("txtTCM")->isHidden());
+    EXPECT_FALSE(field("txtTCD")->Derived());
+    EXPECT_EQ(field("txtTCD")->number(), dew);
+    field("txtTED")->setFocus();
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(field("txtTCD")->hasFocus());
+
+    // A pressure led; the new refrigerant has another one at the same dew temperature.
+    type("txtPE", "3");
+    const double evaporating = field("txtTED")->number();
+    choose("lstRefrigerants", "R404A");
+    EXPECT_EQ(field("txtTED")->number(), evaporating);
+    EXPECT_FALSE(field("txtTED")->Derived());
+    EXPECT_TRUE(field("txtPE")->Derived());
+}
+
+TEST_F(FormTest, EachEconomizerModeKeepsItsOwnValue) {
+    choose("lstSeries", "TK-A");
+    choose("cmbEco", "1");
+    EXPECT_EQ(field("txtEco")->TextText(), "10.00");
+    type("txtEco", "7.5");
+    choose("cmbEco", "2");
+    EXPECT_EQ(field("txtEco")->TextText(), "0.00") << "an approach of 7.5 K is no capacity";
+    type("txtEco", "120");
+    choose("cmbEco", "0");
+    choose("cmbEco", "1");
+    EXPECT_EQ(field("txtEco")->number(), 7.5);
+    switchUnits("imperial");
+    EXPECT_EQ(field("txtEco")->number(), 13.5);
+    choose("cmbEco", "2");
+    EXPECT_EQ(field("txtEco")->number(), 216) << "as the field itself is converted";
+    switchUnits("metric");
+    choose("cmbEco", "1");
+    EXPECT_EQ(field("txtEco")->number(), 7.5);
+
+    // The next form has both, and the defaults have neither.
+    form = window->newSelection();
+    choose("cmbEco", "2");
+    EXPECT_EQ(field("txtEco")->number(), 120);
+    form->findChild<Link*>(QStringLiteral("lnkDefaults"))->click();
+    choose("cmbEco", "2");
+    EXPECT_EQ(field("txtEco")->number(), 0);
+    choose("cmbEco", "1");
+    EXPECT_EQ(field("txtEco")->number(), 10);
+}
+
+TEST_F(FormTest, AMessageThatACompressorHasTwiceIsShownOnce) {
+    choose("lstSeries", "TK-A");
+    choose("cmbEco", "2");
+    type("txtEco", "100000");
+    calculate();
+    ASSERT_TRUE(form->hasResults());
+    const auto* messages = form->findChild<MessagesView*>(QStringLiteral("lvMessages"));
+    for (int row = 1; row < list()->rowCount(); ++row) {
+        list()->selectRow(row);
+        QSet<QString> texts;
+        for (int i = 0; i < messages->count(); ++i) texts += messages->item(i)->text();
+        EXPECT_EQ(texts.size(), messages->count()) << list()->key(row).toStdString();
+    }
+}
+
+TEST_F(FormTest, ANewFormStartsWithTheInputsOfTheActiveOneAsFarAsTheyFit) {
+    choose("lstRefrigerants", "R407C");
+    type("txtTED", "-7.25");
+    type("txtTCM", "44.4");
+    type("txtPC", "17.123");
+    type("txtSC", "3.5");
+    switchUnits("imperial");
+    type("txtSH", "12.3");
+    const auto fixedSpeed = numbers();
+
+    form = window->newSelection();
+    EXPECT_EQ(field("lstRefrigerants")->Key(), "R407C");
+    EXPECT_EQ(numbers(), fixedSpeed);
+    EXPECT_FALSE(field("txtPC")->Derived());
+    EXPECT_TRUE(field("txtTCD")->Derived());
+
+    // R407C has no compressors on an inverter.
+    form = window->newInverterSelection();
+    EXPECT_EQ(field("lstRefrigerants")->Key(), "R134A");
+    for (const char* name : {"txtTED", "txtTCD", "txtSC", "txtSH"})
+        EXPECT_EQ(field(name)->number(), fixedSpeed[name]) << name;
+    EXPECT_TRUE(field("txtPC")->Derived());
+    EXPECT_FALSE(field("txtTCD")->Derived());
+    type("txtFrequency", "35");
+    type("txtTED", "30");
+    choose("cmbEco", "1");
+
+    form = window->newInverterSelection();
+    EXPECT_EQ(field("txtFrequency")->number(), 35);
+    EXPECT_EQ(field("cmbEco")->Key(), "1");
+    form = window->newSelection();
+    EXPECT_EQ(field("txtTED")->number(), 30) << "from the active form, not from the last of its kind";
+    EXPECT_EQ(field("lstRefrigerants")->Key(), "R134A");
+}
+
+TEST_F(FormTest, SwitchingTheSystemOfUnitsThereAndBackChangesNoField) {
+    for (const bool isGiven : {false, true}) {
+        choose("lstRefrigerants", "R407C");
+        type("txtTCM", "42.37");
+        type("txtTEM", "-3.333");
+        if (isGiven) {
+            type("txtPC", "17.123");  // the mid temperature goes on leading
+            type("txtPE", "4.777");
+            choose("cmbSh", "1");
+        }
+        const auto before = numbers();
+        for (int turn = 0; turn < 3; ++turn) {
+            switchUnits("imperial");
+            EXPECT_NEAR(field("txtTCD")->number(), before["txtTCD"] * 1.8 + 32, 1e-6);
+            EXPECT_NEAR(field("txtPC")->number(), before["txtPC"] / 0.0689475729, 1e-3);
+            switchUnits("metric");
+            EXPECT_EQ(numbers(), before);
+        }
+        // What is typed in between is what was entered.
+        switchUnits("imperial");
+        type("txtSC", "7.77");
+        const auto imperial = numbers();
+        switchUnits("metric");
+        switchUnits("imperial");
+        EXPECT_EQ(numbers(), imperial);
+        switchUnits("metric");
+        form->findChild<Link*>(QStringLiteral("lnkDefaults"))->click();
+        EXPECT_EQ(field("txtTCD")->number(), 40);
+        EXPECT_TRUE(field("txtTCM")->isHidden());
+    }
+}
+
+TEST_F(FormTest, TheEntryThatIsChosenAlreadyDiscardsNothing) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    ASSERT_TRUE(form->hasResults());
+    for (const char* name : {"lstRefrigerants", "lstSeries", "lstModels", "cmbSh", "cmbEco", "cmbOilCooling",
+                             "cmbMotorVoltage", "cmbMotorSize", "cmbStepCapacity"}) {
+        const QString text = field(name)->TextText();
+        choose(name, field(name)->Key());
+        EXPECT_TRUE(form->hasResults()) << name;
+        EXPECT_EQ(field(name)->TextText(), text);
+    }
+    // Any other entry does: the list never shows what does not belong to the inputs.
+    for (const auto& [name, key] : {std::pair{"lstModels", "TK-A-120"},
+                                    {"cmbMotorVoltage", "460_60"},
+                                    {"cmbMotorSize", "1"},
+                                    {"cmbStepCapacity", "75"}}) {
+        const QString choices = field(name)->Tag1();
+        choose(name,
+               name == std::string_view("lstModels") ? choices.section(';', 1, 1).section('|', 0, 0) : key);
+        EXPECT_FALSE(form->hasResults()) << name;
+        calculate();
+        ASSERT_TRUE(form->hasResults());
+    }
+}
+
+TEST_F(FormTest, TypingANameChoosesExactlyThatEntry) {
+    const auto typed = [this](const char* name, const QString& text) {
+        QTest::keyClicks(field(name)->findChild<QLineEdit*>(), text.left(1));
+        auto* rows = QApplication::activePopupWidget()->findChild<QListWidget*>();
+        QTest::keyClicks(rows, text.mid(1));
+        QTest::keyClick(rows, Qt::Key_Return);
+        return field(name)->Key();
+    };
+    ASSERT_TRUE(field("lstSeries")->Tag1().contains("TK-A(P)|"));
+    EXPECT_EQ(typed("lstSeries", "tk-a(p)"), "TK-A(P)");
+    EXPECT_EQ(typed("lstSeries", "tk-a"), "TK-A");
+    EXPECT_EQ(typed("lstSeries", "TK-A(Q)"), "TK-A(Q)");
+    EXPECT_EQ(typed("lstSeries", "TK-A"), "TK-A");
+    EXPECT_EQ(typed("cmbMotorVoltage", "380 V / 60 Hz"), "380_60") << "a blank is part of a name";
+}
+
+TEST_F(FormTest, CheckedModelsAreAppliedByTheLastRowAndByNoClickElsewhere) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    const auto open = [this] {
+        QTest::mouseClick(field("lstModels")->findChild<QLineEdit*>(), Qt::LeftButton);
+        return QApplication::activePopupWidget();
+    };
+    const auto click = [](QWidget* popup, int row) {
+        auto* rows = popup->findChild<QListWidget*>();
+        QTest::mouseClick(rows->viewport(), Qt::LeftButton, {},
+                          rows->visualItemRect(rows->item(row)).center());
+    };
+    QWidget* popup = open();
+    click(popup, 1);
+    click(popup, 2);
+    popup->hide();
+    EXPECT_EQ(field("lstModels")->Key(), "*");
+    EXPECT_EQ(field("lstModels")->TextText(), "ALL");
+    EXPECT_TRUE(form->hasResults());
+    popup = open();
+    EXPECT_EQ(popup->findChild<QListWidget*>()->item(0)->checkState(), Qt::Checked);
+    EXPECT_EQ(popup->findChild<QListWidget*>()->item(1)->checkState(), Qt::Unchecked);
+    click(popup, 1);
+    click(popup, 2);
+    auto* apply = popup->findChild<QAbstractButton*>(QStringLiteral("applyRow"));
+    ASSERT_TRUE(apply->isVisible());
+    EXPECT_EQ(apply->text(), "Apply");
+    QTest::mouseClick(apply, Qt::LeftButton);
+    EXPECT_FALSE(popup->isVisible());
+    EXPECT_EQ(field("lstModels")->Key().count(';'), 1);
+    EXPECT_FALSE(form->hasResults());
+    // Without a tick all models are meant, and said so as in the list.
+    popup = open();
+    click(popup, 1);
+    click(popup, 2);
+    QTest::mouseClick(apply, Qt::LeftButton);
+    EXPECT_EQ(field("lstModels")->Key(), "*");
+    EXPECT_EQ(field("lstModels")->TextText(), "ALL");
+    QTest::mouseClick(field("cmbSh")->findChild<QLineEdit*>(), Qt::LeftButton);
+    EXPECT_FALSE(apply->isVisible()) << "one choice applies itself";
+    QApplication::activePopupWidget()->hide();
+}
+
+TEST_F(FormTest, ANewCalculationKeepsTheSelectedCompressor) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    list()->selectRow(4);
+    const QString selected = list()->key(4);
+    form->MnuPopUp("limits");
+    type("txtTED", "3");
+    calculate();
+    EXPECT_EQ(list()->key(list()->selectedRow()), selected);
+    EXPECT_TRUE(form->findChild<MessagesView*>(QStringLiteral("lvMessages"))->isVisible())
+        << "the first page";
+    calculate();
+    EXPECT_EQ(list()->key(list()->selectedRow()), selected);
+    // Another model alone: the one selected is no longer listed.
+    choose("lstModels", field("lstModels")->Tag1().section(';', 1, 1).section('|', 0, 0));
+    calculate();
+    EXPECT_EQ(list()->selectedRow(), 1);
+    // Too hot for the smallest models: the first that is possible.
+    choose("lstModels", "*");
+    choose("lstSeries", "MV-A");
+    type("txtTCD", "64");
+    type("txtTED", "-10");
+    calculate();
+    int first = 1;
+    while (first < list()->rowCount() && list()->mark(first) == "ledred") ++first;
+    EXPECT_EQ(list()->selectedRow(), first < list()->rowCount() ? first : 1);
+}
+
+TEST_F(FormTest, AHeadingSortsWithinTheGroupsAndBack) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    const auto order = [this](int column) {
+        QStringList texts;
+        for (int row = 1; row < list()->rowCount(); ++row) texts += list()->text(row, column).trimmed();
+        return texts;
+    };
+    const QStringList asListed = order(0);
+    const auto click = [this](const char* key) {
+        auto* headings = list()->header();
+        const int section = static_cast<int>(list()->columnKeys().indexOf(QLatin1String(key)));
+        QTest::mouseClick(headings->viewport(), Qt::LeftButton, {},
+                          {headings->sectionViewportPosition(section) + 20, 20});
+    };
+    list()->selectRow(3);
+    const QString selected = list()->key(3);
+    const auto expectSorted = [&](bool descending) {
+        const QStringList shown = order(1);
+        double before = descending ? 1e9 : -1e9;
+        bool blank = false;
+        for (const QString& text : shown) {
+            if (text.isEmpty()) {
+                blank = true;
+                continue;
+            }
+            EXPECT_FALSE(blank) << "what has no value comes last";
+            EXPECT_TRUE(descending ? text.toDouble() <= before : text.toDouble() >= before)
+                << text.toStdString();
+            before = text.toDouble();
+        }
+    };
+    click("Q0");
+    expectSorted(false);
+    EXPECT_TRUE(list()->isGroup(0));
+    EXPECT_EQ(list()->key(list()->selectedRow()), selected);
+    click("Q0");
+    expectSorted(true);
+    EXPECT_NE(order(0), asListed);
+    // It stays through a new calculation and another system of units, and what is copied follows.
+    calculate();
+    expectSorted(true);
+    switchUnits("imperial");
+    expectSorted(true);
+    const QStringList sorted = order(0);
+    list()->selectAll();
+    form->MnuPopUp("copytoclipboard");
+    const QStringList lines = QGuiApplication::clipboard()->text().split("\r\n", Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), sorted.size() + 1);
+    for (qsizetype i = 0; i < sorted.size(); ++i)
+        EXPECT_EQ(lines[i + 1].section('\t', 1, 2).replace('\t', '-'), sorted[i]);
+    click("Q0");
+    EXPECT_EQ(order(0), asListed);
+
+    // The keys: the headings are a stop behind the list.
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    list()->setFocus();
+    QTest::keyClick(list(), Qt::Key_Tab);
+    ASSERT_TRUE(list()->header()->hasFocus());
+    QTest::keyClick(list()->header(), Qt::Key_Right);
+    QTest::keyClick(list()->header(), Qt::Key_Space);
+    expectSorted(false);
+    QTest::keyClick(list()->header(), Qt::Key_Space);
+    expectSorted(true);
+}
