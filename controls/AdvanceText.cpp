@@ -69,6 +69,7 @@ void AdvanceText::SetLocked(bool locked) {
     edit_->setReadOnly(locked);
     edit_->setCursor(locked ? Qt::ArrowCursor : Qt::IBeamCursor);
     edit_->setContextMenuPolicy(locked ? Qt::NoContextMenu : Qt::DefaultContextMenu);
+    Refresh();
 }
 
 void AdvanceText::SetKey(const QString& key) {
@@ -85,6 +86,7 @@ void AdvanceText::SetCaptionText(const QString& text) {
     captionText_ = text;
     describe();
     update();
+    emit described();
 }
 
 void AdvanceText::SetUnitCaptiontext(const QString& text) {
@@ -99,11 +101,18 @@ void AdvanceText::SetButtonPicture(const QPixmap& picture) {
     update();
 }
 
+void AdvanceText::SetNamedBy(AdvanceText* selector) {
+    namedBy_ = selector;
+    connect(selector, &AdvanceText::described, this, &AdvanceText::describe);
+    describe();
+}
+
 // What a screen reader says: the name of the value and its unit.
 void AdvanceText::describe() {
-    const QString name = unitCaptionText_.trimmed().isEmpty()
-                             ? captionText_
-                             : QStringLiteral("%1, %2").arg(captionText_, unitCaptionText_.trimmed());
+    QString name = captionText_;
+    if (name.isEmpty() && namedBy_)
+        name = QStringLiteral("%1: %2").arg(namedBy_->CaptionText(), namedBy_->TextText());
+    if (const QString unit = unitCaptionText_.trimmed(); !unit.isEmpty()) name += QStringLiteral(", ") + unit;
     edit_->setAccessibleName(name);
     setAccessibleName(name);
 }
@@ -221,7 +230,10 @@ void AdvanceText::SetUnknown() {
 }
 
 void AdvanceText::showText(const QString& text) {
-    if (edit_->text() != text) edit_->setText(text);
+    if (edit_->text() != text) {
+        edit_->setText(text);
+        emit described();
+    }
     edit_->setCursorPosition(textAlignment_ == 1 ? static_cast<int>(text.size()) : 0);
 }
 

@@ -88,6 +88,11 @@ class AdvanceText : public QWidget {
     /// A locked field takes no typing: a key opens its list instead.
     void SetLocked(bool locked);
 
+    /// True if values are chosen from a list.
+    bool isChoice() const { return locked_ && buttonVisible_; }
+    /// Takes the name for a screen reader from the selector that says how the value is meant.
+    void SetNamedBy(AdvanceText* selector);
+
     /// The choices, "key|description;key|description".
     QString Tag1() const { return tag1_; }
     void SetTag1(const QString& choices) { tag1_ = choices; }
@@ -191,6 +196,8 @@ class AdvanceText : public QWidget {
     void KeyUp(int keyCode, int shift);
     void UnitCaptionTextChange(const QString& text);
     void partsChanged();
+    /// The caption, or what the box shows, is another.
+    void described();
 
   protected:
     void changeEvent(QEvent* event) override;
@@ -270,11 +277,13 @@ class AdvanceText : public QWidget {
     bool buttonVisible_ = false;
     bool locked_ = false;
     bool derived_ = false;
+    bool wasChoice_ = false;  // as screen readers know the field
     bool unknown_ = false;
     bool isInUse_ = false;  // from gaining the focus until leaving for another control of the form
     Reader reader_;
     FieldState state_;
     FieldFault fault_;
+    QPointer<AdvanceText> namedBy_;
     QPointer<FieldNote> note_;  // belongs to the window of the field
 };
 

@@ -9,6 +9,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "controls/Accessibility.h"
 #include "controls/AdvanceText.h"
 #include "controls/FieldNote.h"
 #include "controls/Icons.h"
@@ -86,6 +87,8 @@ void AdvanceText::Refresh() {
     edit_->setGeometry(QRectF(left, box.top() + 1, std::max(0.0, right - left), box.height() - 2).toRect());
     edit_->setFont(textFont_);
     applyColours();
+    if (wasChoice_ != isChoice()) renewAccessibility(edit_);
+    wasChoice_ = isChoice();
 }
 
 void AdvanceText::applyColours() {
@@ -188,6 +191,7 @@ void AdvanceText::paintButton(QPainter& painter) const {
 void AdvanceText::showNote() {
     update();
     const QString wrong = complaint();
+    edit_->setAccessibleDescription(wrong);
     const QString text = !edit_->hasFocus() ? QString() : wrong.isEmpty() ? readingText() : wrong;
     if (text.isEmpty()) {
         if (note_) note_->hide();

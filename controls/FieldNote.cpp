@@ -1,5 +1,6 @@
 #include "controls/FieldNote.h"
 
+#include <QAccessible>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
@@ -30,6 +31,7 @@ FieldNote::FieldNote(const QWidget& field) : QWidget(field.window()) {
 }
 
 void FieldNote::say(const QString& text, const QWidget& field, const QRect& box, Kind kind) {
+    const bool isNew = isHidden() || text != text_;
     text_ = text;
     kind_ = kind;
     setAccessibleName(text);
@@ -49,6 +51,10 @@ void FieldNote::say(const QString& text, const QWidget& field, const QRect& box,
     }
     raise();
     show();
+    if (isNew) {
+        QAccessibleEvent said(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&said);
+    }
     update();
 }
 

@@ -9,6 +9,7 @@
 #include <memory>
 #include <utility>
 
+#include "controls/Accessibility.h"
 #include "controls/LookStyle.h"
 
 // The resources stand in a static library: nothing links them unless they are asked for.
@@ -167,6 +168,7 @@ const Look& Look::matching(const QPalette& systemPalette) {
 void Look::install(QApplication& application, const Look& look) {
     installed = &look;
     initialiseResources();
+    installAccessibility();
     // The application takes ownership of the style.
     QApplication::setStyle(std::make_unique<LookStyle>().release());
     QApplication::setPalette(paletteOf(look));

@@ -136,8 +136,11 @@ void ResultsView::markSorted(const QString& column, bool descending) {
 void ResultsView::addGroup(const QString& key, const QString& text) {
     addRow({key, {}, text, QStringLiteral("ledblue"), {}, {}});
     const int row = model_.rowCount() - 1;
-    for (int column = 0; column < model_.columnCount(); ++column)
+    const QString spoken = QString(spokenGroup_).replace(QStringLiteral("{0}"), text);
+    for (int column = 0; column < model_.columnCount(); ++column) {
         model_.setData(model_.index(row, column), true, groupRole);
+        model_.setData(model_.index(row, column), spoken, Qt::AccessibleTextRole);
+    }
     setFirstColumnSpanned(row, {}, true);
 }
 
@@ -150,7 +153,16 @@ void ResultsView::addRow(const Row& row) {
     label->setAccessibleText(row.markText.isEmpty() ? row.label
                                                     : row.label + QStringLiteral(", ") + row.markText);
     items.append(label.release());
-    for (const QString& value : row.values) items.append(std::make_unique<QStandardItem>(value).release());
+    const QString none = QStringLiteral("\u2013");
+    for (const QString& value : row.values) {
+        // A figure says what it is, as a heading far above it does for the eye.
+        const auto [name, unit] = TwoLineHeader::lines(
+            model_.headerData(static_cast<int>(items.size()), Qt::Horizontal).toString());
+        auto cell = std::make_unique<QStandardItem>(value);
+        cell->setAccessibleText(
+            QStringList{name, value.trimmed().isEmpty() ? none : value.trimmed(), unit}.join(u' ').trimmed());
+        items.append(cell.release());
+    }
     model_.appendRow(items);
 }
 

@@ -41,6 +41,8 @@ class ResultsView : public QTreeView {
     void clear();
     /// The first column holds the labels.
     void setColumns(const std::vector<Column>& columns);
+    /// What a screen reader says of a group row, with "{0}" for its text.
+    void setSpokenGroup(const QString& pattern) { spokenGroup_ = pattern; }
     /// Lets a click on a heading, or its keys, ask for another order of the rows.
     void setSortable();
     /// Marks the column by which the rows are sorted; a key that no column has marks none.
@@ -99,6 +101,7 @@ class ResultsView : public QTreeView {
     QStandardItemModel model_;
     TwoLineHeader* headings_;
     QString tag_;
+    QString spokenGroup_ = QStringLiteral("{0}");
     QHash<QString, int> chosenWidths_;
     bool isArranging_ = false;  // widths are set by the program
 };

@@ -111,6 +111,12 @@ QSize TwoLineHeader::sectionSizeFromContents(int section) const {
     return {widthOf(model()->headerData(section, Qt::Horizontal).toString()), headerHeight};
 }
 
+bool TwoLineHeader::hasUnits() const {
+    for (int section = 0; section < count(); ++section)
+        if (!lines(model()->headerData(section, Qt::Horizontal).toString()).second.isEmpty()) return true;
+    return false;
+}
+
 bool TwoLineHeader::isOverFirst(const QMouseEvent& event) const {
     constexpr int grip = 4;  // the edge by which a column is made wider
     return count() > 0 && event.position().x() < sectionSize(0) + grip;
@@ -178,7 +184,7 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int secti
             paintArrow(*painter, {end + 10.0, rect.center().y() + 0.5}, isDescending_);
     } else {
         const QRect inner = rect.adjusted(4, 5, -sidePadding, -5);
-        const int unitHeight = unit.isEmpty() ? 0 : inner.height() / 2;
+        const int unitHeight = hasUnits() ? inner.height() / 2 : 0;
         painter->drawText(inner.adjusted(0, 0, 0, -unitHeight), Qt::AlignRight | Qt::AlignVCenter, name);
         painter->setPen(look.muted);
         painter->setFont(unitFont());

@@ -5,8 +5,9 @@
 namespace marvello {
 
 /// Paints a column text "name(unit)" in two lines, the name above the unit; an empty "()" is dropped,
-/// and a name without a unit stands in the middle. The text of the model stays whole. The first column stays
-/// in place when the others scroll sideways. An arrow marks the column that the rows are sorted by.
+/// and a name without a unit is on the line of the other names, or in the middle if no column has a unit. The
+/// text of the model stays whole. The first column stays in place when the others scroll sideways. An arrow
+/// marks the column that the rows are sorted by.
 class TwoLineHeader : public QHeaderView {
     Q_OBJECT
 
@@ -46,6 +47,7 @@ class TwoLineHeader : public QHeaderView {
     void goTo(int section);
     int sectionInUse() const;
 
+    bool hasUnits() const;
     bool isOverFirst(const QMouseEvent& event) const;
     QMouseEvent inSections(const QMouseEvent& event) const;
 

@@ -78,6 +78,11 @@ ctlCombo::ctlCombo(QWidget* parent)
     connect(apply_, &ApplyRow::clicked, this, &ctlCombo::chooseChecked);
 }
 
+void ctlCombo::SetCaption(const QString& caption) {
+    setAccessibleName(caption);
+    list_->setAccessibleName(caption);
+}
+
 int ctlCombo::RowHeight() const { return rowHeight; }
 
 int ctlCombo::ListCount() const { return list_->count(); }

@@ -25,6 +25,9 @@ class ctlCombo : public QFrame {
     /// itself: only Enter and Tab do. With `checkBoxes` rows are checked and the row "*" excludes all others.
     void Populate(const QString& list, const QString& keys, bool inert, bool checkBoxes);
 
+    /// Names the list for a screen reader.
+    void SetCaption(const QString& caption);
+
     int RowHeight() const;
     int ListCount() const;
     /// The told height for the number of rows.

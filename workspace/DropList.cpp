@@ -36,6 +36,7 @@ void DropList::open(AdvanceText* field, bool checkBoxes) {
     field_ = field;
     checkBoxes_ = checkBoxes;
     combo_->Populate(field->Tag1(), field->Key(), false, checkBoxes);
+    combo_->SetCaption(field->CaptionText());
     if (checkBoxes) combo_->setApplyText(dictionaryText(QStringLiteral("frmselection.apply")));
     combo_->openUnder(field->globalBox());
     if (!typed_.isEmpty()) combo_->search(typed_);

@@ -78,6 +78,9 @@ InputPanel::InputPanel(bool hasFrequency, QWidget* parent)
     cmbMotorSize = list("cmbMotorSize");
     cmbMotorRPM = list("cmbMotorRPM");
     cmbStepCapacity = list("cmbStepCapacity");
+    txtSH->SetNamedBy(cmbSh);
+    txtEco->SetNamedBy(cmbEco);
+    txtOilCooling->SetNamedBy(cmbOilCooling);
     for (AdvanceText* hidden : {txtTEM, txtTCM, txtEco, txtOilCooling}) hidden->hide();
 
     lnkCalculate = new ctlBtn(this);

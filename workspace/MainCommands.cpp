@@ -300,6 +300,8 @@ void MDIMain::Traduci() {
     mnu_tools_language_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.tools.language")));
     mnuWindow_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.window")));
     mnu_help_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.help")));
+    TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("mdimain.forms")));
+    area_->setAccessibleName(dictionaryText(QStringLiteral("mdimain.forms")));
     translateCommand("mnu_help_guide", "mdimain.menu.help.guide");
     translateCommand("mnu_help_Builds", "mdimain.menu.help.builds");
     translateCommand("mnu_help_About", "mdimain.menu.help.about");

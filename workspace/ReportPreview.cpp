@@ -62,6 +62,8 @@ ReportPreview::ReportPreview(const ReportContent& report, QWidget* parent)
     resize(std::min(900, room.width() - 40), room.height() - 40);
     pages_->fitInView();
     pages_->setFocus();
+    for (QWidget* part : pages_->findChildren<QWidget*>())
+        if (part->focusPolicy() != Qt::NoFocus) part->setAccessibleName(windowTitle());
 }
 
 QAction* ReportPreview::command(const char* name, const char* key, const char* iconName,

@@ -252,6 +252,12 @@ void SelectionForm::translatePages() {
     for (int tab = 0; tab < TabStrip_->count(); ++tab)
         TabStrip_->setTabText(
             tab, dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.") + TabStrip_->key(tab)));
+    lvCps_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.list")));
+    lvCps_->setSpokenGroup(dictionaryText(QStringLiteral("frmselection.list.group")));
+    lvMessages_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.messages")));
+    technical_->setCaption(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.tecnic")));
+    dimension_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.dimension")));
+    TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.pages")));
     const auto entry = [this](const char* key) { return findChild<QAction*>(menuName(key)); };
     for (const Page& page : allPages) entry(page.key)->setText(dictionaryText(QLatin1String(page.menuText)));
     entry("copyclipboard")->setText(dictionaryText(QStringLiteral("mdimain.menu.cpspopup.copytoclipboard")));

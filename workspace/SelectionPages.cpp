@@ -82,7 +82,8 @@ void SelectionForm::populateMessages(const clsCompressor& compressor) {
             // A search may end in the same message twice; to a person it is one.
             if (listed.contains(text)) continue;
             listed += text;
-            lvMessages_->addMessage(mark, text, fromCore(message.Name));
+            lvMessages_->addMessage(mark, dictionaryTextIfAny(QStringLiteral("general.") + mark), text,
+                                    fromCore(message.Name));
         }
     };
     lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));

@@ -165,3 +165,22 @@ TEST(ctlBtn, IsClickedByMouseEnterAndSpaceUnlessDisabled) {
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(clicks.count(), 3);
 }
+
+TEST(ResultsHeader, ANameWithoutAUnitIsOnTheLineOfTheOthers) {
+    ResultsView view;
+    view.resize(400, 200);
+    // The lowest row of the second column that holds a letter.
+    const auto lowest = [&view] {
+        view.show();
+        const QImage picture = view.header()->grab().toImage();
+        const int left = view.header()->sectionPosition(1);
+        for (int y = picture.height() - 3; y > 0; --y)
+            for (int x = left + 1; x < left + view.header()->sectionSize(1); ++x)
+                if (picture.pixelColor(x, y) != picture.pixelColor(left + 1, 2)) return y;
+        return 0;
+    };
+    view.setColumns({{"compressor", "Compressor", ""}, {"COP", "COP()", ""}, {"Q0", "Capacity(kW)", ""}});
+    EXPECT_LT(lowest(), TwoLineHeader::headerHeight / 2);
+    view.setColumns({{"polynomial", "", ""}, {"c1", "COP", ""}, {"c2", "c2", ""}});
+    EXPECT_GT(lowest(), TwoLineHeader::headerHeight / 2) << "in the middle where no column has a unit";
+}

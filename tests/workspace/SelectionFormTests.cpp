@@ -277,9 +277,9 @@ TEST_F(SelectionFormTest, FieldsTakeOtherUnitsAndSums) {
     EXPECT_EQ(boxes, QStringList("Error. Only Numeric value"));
     type(*form, "txtEco", "12");
     leave();
+}
 
-    activate();
-    // A change of the units takes first what was typed in the old ones.
+TEST_F(SelectionFormTest, AChangeOfTheUnitsTakesFirstWhatWasTyped) {
     type(*form, "txtTED", "1+1");
     form->MeasureUnits(1, true);
     EXPECT_EQ(text("txtTED"), "35.60");

@@ -325,7 +325,7 @@ std::span<const CompletedKey> completedKeys() {
             if (control.kind == field) fields.push_back(lowered(control.name));
         return std::vector<CompletedKey>{
             {"frmselection.tabstrip.tabs.", {"messages", "tecnic", "polynomials", "dimension", "limits"}},
-            {"general.", {"ledgreen", "ledorange", "ledred"}},
+            {"general.", {"ledgreen", "ledorange", "ledred", "msgerror", "msgattention", "msginformation"}},
             {"frmselection.help.%1.caption", fields, false},
             {"help.", {}, false},  // the documents of thelp, whose names are the catalogue's own
         };
