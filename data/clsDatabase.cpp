@@ -6,12 +6,16 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
 #include <filesystem>
 #include <limits>
+#include <span>
 #include <string>
 #include <system_error>
 #include <utility>
 
+#include "data/CatalogueDigest.h"
 #include "data/Texts.h"
 
 namespace marvello {
@@ -36,10 +40,81 @@ int pragma(SQLite::Database& database, const std::string& name) {
     return database.execAndGet("PRAGMA " + name).getInt();
 }
 
-/// A misspelt column in double quotes is an error then, and not a text.
-void switchOffDoubleQuotedTexts(SQLite::Database& database) {
-    sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+/// Only tables are read, and what a file brings along is not carried out. A misspelt column in double quotes
+/// is an error, and not a text.
+void switchOffWhatNoCatalogueNeeds(SQLite::Database& database) {
+    for (const int option : {SQLITE_DBCONFIG_DQS_DML, SQLITE_DBCONFIG_DQS_DDL, SQLITE_DBCONFIG_ENABLE_TRIGGER,
+                             SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_TRUSTED_SCHEMA})
+        sqlite3_db_config(database.getHandle(), option, 0, nullptr);
+}
+
+/// How long another program may keep the file to itself, ms.
+constexpr int patience = 500;
+
+/// What a failure of SQLite means for the file.
+std::string meaningOf(const SQLite::Exception& failure, const std::string& file) {
+    switch (failure.getExtendedErrorCode()) {
+        case SQLITE_READONLY_ROLLBACK:
+        case SQLITE_READONLY_RECOVERY:
+        case SQLITE_READONLY_CANTINIT:
+            return "The catalogue " + file +
+                   " has a journal next to it, left over by a program that was changing the file. Install or "
+                   "build "
+                   "the catalogue again, and remove the journal.";
+        default:
+            break;
+    }
+    switch (failure.getErrorCode()) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return "The catalogue " + file +
+                   " is locked by another program. Close that program, or wait until it is done, and try "
+                   "again.";
+        case SQLITE_NOTADB:
+            return "The file " + file + " is not a catalogue of this program.";
+        case SQLITE_CORRUPT:
+            return "The catalogue " + file + " is damaged: " + failure.what() +
+                   ". Install or build the catalogue again.";
+        default:
+            return "The catalogue " + file + " cannot be read: " + failure.what() + ".";
+    }
+}
+
+/// Whether it is the file that fails, and not the statement.
+bool isOfTheFile(const SQLite::Exception& failure) {
+    const int code = failure.getErrorCode();
+    return code == SQLITE_BUSY || code == SQLITE_LOCKED || code == SQLITE_CORRUPT || code == SQLITE_NOTADB ||
+           code == SQLITE_IOERR || failure.getExtendedErrorCode() == SQLITE_READONLY_ROLLBACK;
+}
+
+DatabaseError failureOf(const std::string& sql, const SQLite::Exception& failure, const std::string& file) {
+    if (isOfTheFile(failure)) return DatabaseError(meaningOf(failure, file));
+    return DatabaseError("The statement \"" + sql + "\" failed: " + failure.what() + ".");
+}
+
+/// The open file itself, which may have another name by now.
+CataloguePages pagesOf(SQLite::Database& database) {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    CataloguePages pages;
+    if (file == nullptr || file->pMethods == nullptr) return pages;
+    sqlite3_int64 size = 0;
+    if (file->pMethods->xFileSize(file, &size) == SQLITE_OK) pages.fileSize = size;
+    pages.pageSize = pragma(database, "page_size");
+    SQLite::Statement root(database, "SELECT rootpage FROM sqlite_schema WHERE name=? AND type='table'");
+    root.bind(1, digestTable);
+    if (root.executeStep()) pages.digestPage = root.getColumn(0).getInt64();
+    pages.read = [file](std::span<unsigned char> bytes, std::int64_t position) {
+        return file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), position) ==
+               SQLITE_OK;
+    };
+    return pages;
+}
+
+bool matchesItsDigest(SQLite::Database& database) {
+    const std::string digest = catalogueDigest(pagesOf(database));
+    return !digest.empty() &&
+           database.execAndGet(std::string("SELECT fDigest FROM ") + digestTable).getString() == digest;
 }
 
 void checkIsCatalogue(SQLite::Database& database, const std::string& file) {
@@ -47,9 +122,13 @@ void checkIsCatalogue(SQLite::Database& database, const std::string& file) {
         throw DatabaseError("The file " + file + " is not a catalogue of this program.");
     const int version = pragma(database, "user_version");
     if (version != clsDatabase::schemaVersion)
-        throw DatabaseError("The catalogue " + file + " has schema version " + std::to_string(version) +
-                            "; this program reads version " + std::to_string(clsDatabase::schemaVersion) +
-                            ".");
+        throw DatabaseError(
+            "The catalogue " + file + " was made for " +
+            (version < clsDatabase::schemaVersion ? "an older" : "a newer") +
+            " version of Marvello: it has schema version " + std::to_string(version) +
+            ", and this program reads version " + std::to_string(clsDatabase::schemaVersion) + ". " +
+            (version < clsDatabase::schemaVersion ? "Install or build the catalogue of this version."
+                                                  : "Update the program or choose another catalogue."));
 }
 
 }  // namespace
@@ -62,20 +141,22 @@ std::string sqlText(std::string_view text) {
 
 struct clsDatabase::Connection {
     SQLite::Database database;
+    std::string file;
+    bool isChecked = false;
 };
 
 struct RecordSet::Implementation {
     // The order matters: the statement is finalised before the connection goes.
     std::shared_ptr<void> connection;
     SQLite::Statement statement;
+    std::string file;
     bool hasRow = false;
 
     void step() {
         try {
             hasRow = statement.executeStep();
         } catch (const SQLite::Exception& failure) {
-            throw DatabaseError("The statement \"" + statement.getQuery() + "\" failed: " + failure.what() +
-                                ".");
+            throw failureOf(statement.getQuery(), failure, file);
         }
     }
 
@@ -114,9 +195,10 @@ void RecordSet::moveNext() {
 }
 
 double RecordSet::number(std::string_view column) const {
-    return implementation_
-        ->valueOf(column, "a number", [](const auto& value) { return value.isFloat() || value.isInteger(); })
-        .getDouble();
+    const auto fits = [](const auto& value) {
+        return (value.isFloat() || value.isInteger()) && std::isfinite(value.getDouble());
+    };
+    return implementation_->valueOf(column, "a finite number", fits).getDouble();
 }
 
 int RecordSet::integer(std::string_view column) const {
@@ -160,14 +242,13 @@ bool clsDatabase::Connect(const std::string& connectionString) {
     if (!std::filesystem::is_regular_file(file, ignored))
         throw DatabaseError("There is no catalogue file " + file + ".");
     try {
-        connection_ = std::make_shared<Connection>(Connection{SQLite::Database(file, SQLite::OPEN_READONLY)});
-        switchOffDoubleQuotedTexts(connection_->database);
+        connection_ = std::make_shared<Connection>(
+            Connection{SQLite::Database(file, SQLite::OPEN_READONLY, patience), file});
+        switchOffWhatNoCatalogueNeeds(connection_->database);
         checkIsCatalogue(connection_->database, file);
     } catch (const SQLite::Exception& failure) {
         CloseConnection();
-        if (failure.getErrorCode() == SQLITE_NOTADB)
-            throw DatabaseError("The file " + file + " is not a catalogue of this program.");
-        throw DatabaseError("The catalogue " + file + " cannot be read: " + failure.what() + ".");
+        throw DatabaseError(meaningOf(failure, file));
     } catch (const DatabaseError&) {
         CloseConnection();
         throw;
@@ -179,13 +260,30 @@ RecordSet clsDatabase::Execute(const std::string& sql) {
     if (!connection_) throw DatabaseError("The statement \"" + sql + "\" needs an open connection.");
     ++executedStatements_;
     try {
-        auto result = std::make_unique<RecordSet::Implementation>(
-            RecordSet::Implementation{connection_, SQLite::Statement(connection_->database, sql)});
+        auto result = std::make_unique<RecordSet::Implementation>(RecordSet::Implementation{
+            connection_, SQLite::Statement(connection_->database, sql), connection_->file});
         result->step();
         return RecordSet(std::move(result));
     } catch (const SQLite::Exception& failure) {
-        throw DatabaseError("The statement \"" + sql + "\" failed: " + failure.what() + ".");
+        throw failureOf(sql, failure, connection_->file);
     }
+}
+
+void clsDatabase::checkUndamaged() {
+    if (!connection_) throw DatabaseError("The catalogue is not open.");
+    if (connection_->isChecked) return;
+    const std::string& file = connection_->file;
+    bool isSound = false;
+    try {
+        isSound = matchesItsDigest(connection_->database);
+    } catch (const SQLite::Exception& failure) {
+        const int code = failure.getErrorCode();
+        if (code == SQLITE_BUSY || code == SQLITE_LOCKED) throw DatabaseError(meaningOf(failure, file));
+    }
+    if (!isSound)
+        throw DatabaseError("The catalogue " + file +
+                            " is damaged: it is not as it was built. Install or build the catalogue again.");
+    connection_->isChecked = true;
 }
 
 bool clsDatabase::CloseConnection() {

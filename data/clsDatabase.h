@@ -7,8 +7,8 @@
 
 namespace marvello {
 
-/// A failed open, a failed statement, a missing column or a NULL where a value is needed. `what()` is one
-/// sentence that names the file, the statement or the column.
+/// A failed open, a failed statement, a damaged file, a missing column or a NULL where a value is needed.
+/// `what()` says in a sentence or two what is wrong with the file, the statement or the column.
 class DatabaseError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
@@ -32,7 +32,7 @@ class RecordSet {
     void moveNext();
 
     /// The value of a column of the current row. Each raises DatabaseError for an unknown column, for NULL
-    /// and for a value that is not of the kind asked for.
+    /// and for a value that is not of the kind asked for, as an infinite number.
     double number(std::string_view column) const;
     int integer(std::string_view column) const;
     bool boolean(std::string_view column) const;
@@ -55,7 +55,7 @@ class clsDatabase {
     /// `PRAGMA application_id` of a catalogue file: the letters "Marv".
     static constexpr int applicationId = 0x4D617276;
     /// `PRAGMA user_version` of the schema that this program reads.
-    static constexpr int schemaVersion = 1;
+    static constexpr int schemaVersion = 2;
 
     clsDatabase();
     ~clsDatabase();
@@ -67,12 +67,19 @@ class clsDatabase {
 
     /// Opens the connection unless it is open already. An argument that is not blank replaces
     /// ConnectionString first. True when the connection is open; raises DatabaseError when the file is
-    /// missing, is no catalogue or has another schema version. The file is opened for reading alone, so that
-    /// a catalogue in a read-only folder serves.
+    /// missing, is no catalogue, has another schema version, or is locked by another program for longer than
+    /// a moment. The file is opened for reading alone, so that a catalogue in a read-only folder serves; its
+    /// views and triggers are switched off.
     bool Connect(const std::string& connectionString);
 
     /// Runs the text as it stands. Raises DatabaseError on a closed connection or a failing statement.
     RecordSet Execute(const std::string& sql);
+
+    bool isOpen() const { return connection_ != nullptr; }
+
+    /// Compares the open file with the digest that it was built with, the first time after Connect(); for
+    /// those who calculate from its rows. Throws DatabaseError if the file is damaged.
+    void checkUndamaged();
 
     /// Closes the connection if there is one; always false.
     bool CloseConnection();

@@ -47,6 +47,7 @@ void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> condit
                               const std::string& refrigerants, std::uint8_t Market) {
     // First of all: the texts may be the very properties that are written below.
     const std::string sql = BuildSelectionSql(Serie, models, refrigerants, isInverterSeries(Serie), Market);
+    gDatabase().checkUndamaged();
     isAborted_ = false;
     Clear();
     stopFlag_ = false;

@@ -176,7 +176,11 @@ void MDIMain::chooseLanguage(const QString& language) {
     user.language = toCore(language);
     gApplication().SaveUserInformation(user);
     Traduci();
-    for (SelectionForm* form : forms()) form->Traduci();
+    for (SelectionForm* form : forms()) {
+        form->Traduci();
+        describe(*form);
+        TabStrip_->setTabText(TabStrip_->indexOf(form->Key()), form->Description());
+    }
     refreshState();
 }
 
@@ -205,17 +209,16 @@ void MDIMain::newForm() {
 
 SelectionForm* MDIMain::newSelection() {
     const WaitCursor wait;
-    return open(std::make_unique<frmSelection>(),
-                dictionaryText(QStringLiteral("formselection.description")).trimmed());
+    return open(std::make_unique<frmSelection>());
 }
 
 SelectionForm* MDIMain::newInverterSelection() {
     const WaitCursor wait;
-    return open(std::make_unique<frmselectionInverter>(), QStringLiteral("inverter"));
+    return open(std::make_unique<frmselectionInverter>());
 }
 
 // The frame of the form owns it from here on.
-SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString& what) {
+SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made) {
     SelectionForm* form = made.release();
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
     // From the form at hand, of either kind; the first form goes on where the one before it ended.
@@ -225,7 +228,7 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString&
     const QIcon picture =
         icon(form->TypeForm() == onInverter.typeForm ? QStringLiteral("inverter") : QStringLiteral("form"));
     form->setKey(number + QStringLiteral("Selection"));
-    form->setDescription(number + u' ' + what);
+    describe(*form);
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->setWindowIcon(picture);
     const QSettings settings = userSettings();
@@ -256,6 +259,14 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString&
     TabStrip_->setCurrentIndex(tab);
     OpenForms();
     return form;
+}
+
+void MDIMain::describe(SelectionForm& form) {
+    const QString number = form.Key().chopped(QStringLiteral("Selection").size());
+    const QString what =
+        dictionaryText(form.TypeForm() == onInverter.typeForm ? QStringLiteral("formselection.inverter")
+                                                              : QStringLiteral("formselection.description"));
+    form.setDescription(number + u' ' + what.trimmed());
 }
 
 SelectionForm* MDIMain::ActiveForm() const {

@@ -55,7 +55,9 @@ class MDIMain : public QMainWindow {
 
   private:
     // MDIMain.cpp
-    SelectionForm* open(std::unique_ptr<SelectionForm> made, const QString& what);
+    SelectionForm* open(std::unique_ptr<SelectionForm> made);
+    /// Describes a form by its number and what it is, in the user's language.
+    static void describe(SelectionForm& form);
     void makeWorkArea();
     void makeStatusBar();
     void makeAlphaStamp();

@@ -186,14 +186,22 @@ void SelectionForm::makePopUp() {
         connect(entry, &QAction::triggered, this, [this, key = page.key] { MnuPopUp(QLatin1String(key)); });
     }
     mnu_cpspopup_->addSeparator();
-    for (const char* key : {"printpreview", "print"}) {
+    struct Command {
+        const char* key;
+        const char* command;
+        QKeySequence keys;  // told here only: the list and the main window listen to them
+    };
+    for (const auto& [key, command, keys] :
+         {Command{"copyclipboard", "copytoclipboard", QKeySequence::Copy},
+          Command{"printpreview", "printpreview", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)},
+          Command{"print", "print", QKeySequence::Print}}) {
         QAction* entry = mnu_cpspopup_->addAction(QString());
         entry->setObjectName(menuName(key));
-        connect(entry, &QAction::triggered, this, [this, key] { MnuPopUp(QLatin1String(key)); });
+        entry->setShortcutContext(Qt::WidgetShortcut);
+        entry->setShortcut(keys);
+        entry->setShortcutVisibleInContextMenu(true);
+        connect(entry, &QAction::triggered, this, [this, command] { MnuPopUp(QLatin1String(command)); });
     }
-    QAction* copy = mnu_cpspopup_->addAction(QString());
-    copy->setObjectName(menuName("copyclipboard"));
-    connect(copy, &QAction::triggered, this, [this] { MnuPopUp(QStringLiteral("copytoclipboard")); });
     lvCps_->setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
@@ -239,12 +247,15 @@ void SelectionForm::Traduci() {
     lvCps_->header()->setAccessibleName(dictionaryText(QStringLiteral("frmselection.headings")));
     invite();
     translatePages();
+    translateModels();
     // The descriptions of the chosen keys, in the new language.
     for (AdvanceText* field : panel_->fields())
         if (field->Locked()) showChoice(field);
     showUnits();
     sayRanges();
     markLeaders();
+    sayAgain();
+    panel_->layOut();
     relistResults();
 }
 

@@ -24,6 +24,7 @@ class QStackedWidget;
 namespace marvello {
 
 class AdvanceText;
+class clsRefprop;
 class DimensionPage;
 class DropList;
 class EmptyPage;
@@ -174,10 +175,18 @@ class SelectionForm : public QWidget {
     /// Says beside a field that its value is beyond its range, and what is permitted.
     void sayRanges();
     static void sayRange(AdvanceText* field, double low, double high);
+    /// Says that the evaporating temperature is above the condensing one.
+    void sayOrder();
+    /// Says that a value is beyond the saturation of the refrigerant, and how far that goes.
+    QString noSaturation(clsRefprop& refprop) const;
     void walkPair(const AdvanceText* field);
     bool gestioneSH(bool showMessage);
     SuperheatRange superheatRange() const;
     void showUnits();
+    /// Says help and refusals anew, in the language and the units of now.
+    void sayAgain();
+    /// Names the choice of all models in the user's language.
+    void translateModels();
     void ConvertInputs(MeasureSystem from, MeasureSystem to);
     void convert(AdvanceText* field, MeasureSystem from, MeasureSystem to, UnitRule rule);
     void VisualizeHelp(const AdvanceText* field);
@@ -240,7 +249,8 @@ class SelectionForm : public QWidget {
     QHash<const AdvanceText*, EnteredValue> enteredValues_;
     EconomizerValues economizerValues_;
     ListOrder order_;
-    QString keptSelection_;  ///< the compressor selected when the list was put away
+    const AdvanceText* helped_ = nullptr;  ///< the field whose help is shown
+    QString keptSelection_;                ///< the compressor selected when the list was put away
 
     Splitter* Splitter1_;
     Splitter* Splitter2_;

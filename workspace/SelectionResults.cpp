@@ -71,12 +71,8 @@ void SelectionForm::populateLVCPS(int groupBy) {
     lvCps_->fitColumns();
 }
 
-// In the imperial system some columns have another unit.
 QString SelectionForm::unitOf(const clsOutput& output) const {
-    const bool isImperial = measureUnit_ == MeasureSystem::imperial;
-    const QString imperial = isImperial ? imperialUnit(fromCore(output.Key)) : QString();
-    if (imperial == u"F") return dictionaryText(QStringLiteral("general.variable03")) + imperial;
-    return imperial.isEmpty() ? fromCore(output.UmDescription) : imperial;
+    return unitText(output, measureUnit_ == MeasureSystem::imperial);
 }
 
 void SelectionForm::relistResults() {
@@ -95,7 +91,8 @@ ResultsView::Row SelectionForm::rowOf(clsCompressor& compressor, const QString& 
         QString text = blank;
         if (!isBlank(compressor)) {
             try {
-                text = resultText(compressor, key, measureUnit_ == MeasureSystem::imperial);
+                text = resultText(compressor, outputs_.Item(toCore(key)),
+                                  measureUnit_ == MeasureSystem::imperial);
             } catch (const std::exception&) {
                 text = blank;  // A column of the catalogue that this calculation has no value for.
             }

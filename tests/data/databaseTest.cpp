@@ -1,13 +1,18 @@
 #include "data/clsDatabase.h"
 
 #include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <string>
 
 #include "tests/data/TestCatalogue.h"
 
 using namespace marvello;
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::ThrowsMessage;
 
@@ -105,6 +110,48 @@ TEST_F(Database, ReportsFailingStatements) {
     EXPECT_EQ(sqlText("d'Arc"), "'d''Arc'");
 }
 
+TEST_F(Database, RefusesNumbersThatAreNotFinite) {
+    catalogue_.exec("INSERT INTO tSample VALUES ('d', 9e999, 1, 1), ('e', -9e999, 1, 1)");
+    database_.Connect(catalogue_.connectionString());
+    for (auto row = database_.Execute("Select * from tSample where fID>'c'"); !row.eof(); row.moveNext())
+        EXPECT_THAT([&] { row.number("fReal"); },
+                    ThrowsMessage<DatabaseError>(AllOf(HasSubstr("fReal"), HasSubstr("finite number"))));
+}
+
+TEST_F(Database, CarriesOutNothingThatAFileBringsAlong) {
+    catalogue_.exec("CREATE VIEW tView AS SELECT * FROM tSample");
+    database_.Connect(catalogue_.connectionString());
+    EXPECT_THAT([&] { database_.Execute("Select * from tView"); },
+                ThrowsMessage<DatabaseError>(HasSubstr("tView")));
+}
+
+TEST_F(Database, SaysThatTheFileIsLockedOrHasALeftOverJournal) {
+    {
+        SQLite::Database other(catalogue_.file().string(), SQLite::OPEN_READWRITE);
+        other.exec("BEGIN EXCLUSIVE");
+        const auto begun = std::chrono::steady_clock::now();
+        EXPECT_THAT([&] { database_.Connect(catalogue_.connectionString()); },
+                    ThrowsMessage<DatabaseError>(HasSubstr("is locked by another program")));
+        EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(5));
+        other.exec("COMMIT");
+    }
+    EXPECT_TRUE(database_.Connect(catalogue_.connectionString()));
+    database_.CloseConnection();
+
+    const pid_t child = fork();
+    if (child == 0) {  // ends in the midst of a change that is already in the file
+        SQLite::Database other(catalogue_.file().string(), SQLite::OPEN_READWRITE);
+        other.exec(
+            "PRAGMA cache_size=1; BEGIN; WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n LIMIT "
+            "5000) INSERT INTO tSample SELECT 'x'||i, i, i, 0 FROM n");
+        _exit(0);
+    }
+    waitpid(child, nullptr, 0);
+    ASSERT_TRUE(std::filesystem::exists(catalogue_.file().string() + "-journal"));
+    EXPECT_THAT([&] { database_.Connect(catalogue_.connectionString()); },
+                ThrowsMessage<DatabaseError>(HasSubstr("has a journal next to it")));
+}
+
 TEST_F(Database, OpensInAReadOnlyFolder) {
     namespace fs = std::filesystem;
     fs::permissions(catalogue_.file(), fs::perms::owner_read);
@@ -119,7 +166,12 @@ TEST(DatabaseFile, IsCheckedWhenItIsOpened) {
     const TestCatalogue other(sampleTable, clsDatabase::schemaVersion + 1);
     clsDatabase database;
     EXPECT_THAT([&] { database.Connect(other.connectionString()); },
-                ThrowsMessage<DatabaseError>(HasSubstr("schema version 2")));
+                ThrowsMessage<DatabaseError>(
+                    AllOf(HasSubstr("newer version of Marvello"),
+                          HasSubstr("schema version " + std::to_string(clsDatabase::schemaVersion + 1)))));
+    const TestCatalogue older(sampleTable, clsDatabase::schemaVersion - 1);
+    EXPECT_THAT([&] { clsDatabase().Connect(older.connectionString()); },
+                ThrowsMessage<DatabaseError>(HasSubstr("older version of Marvello")));
     // A connection that failed the check is not left open.
     EXPECT_THROW(database.Execute("Select * from tSample"), DatabaseError);
     EXPECT_THROW(database.Connect(""), DatabaseError);

@@ -6,16 +6,21 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMap>
+#include <QMenu>
+#include <QRegularExpression>
 #include <QSet>
 #include <QTest>
+#include <tuple>
 
 #include "controls/AdvanceText.h"
 #include "controls/Link.h"
 #include "controls/MessagesView.h"
 #include "controls/ResultsView.h"
+#include "controls/TabStrip.h"
 #include "tests/gui/RealWindow.h"
 #include "workspace/SelectionForm.h"
 
@@ -385,4 +390,115 @@ TEST_F(FormTest, AHeadingSortsWithinTheGroupsAndBack) {
     expectSorted(false);
     QTest::keyClick(list()->header(), Qt::Key_Space);
     expectSorted(true);
+}
+
+TEST_F(FormTest, HelpTechnicalDataAndColumnsFollowTheSystemOfUnits) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    window->resize(1440, 1100);
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    field("txtTED")->setFocus();
+    const auto* help = form->findChild<QLabel*>(QStringLiteral("rtfHelp"));
+    const auto* data = form->findChild<QLabel*>(QStringLiteral("picTecnic"));
+    EXPECT_TRUE(help->text().contains(QString::fromUtf8("-50\u00A0°C"))) << help->text().toStdString();
+    form->MnuPopUp("tecnic");
+    EXPECT_TRUE(data->accessibleName().contains(QString::fromUtf8("120 m³/h")))
+        << data->accessibleName().toStdString();
+    switchUnits("imperial");
+    EXPECT_TRUE(help->text().contains(QString::fromUtf8("-58\u00A0°F"))) << help->text().toStdString();
+    EXPECT_FALSE(help->text().contains(QString::fromUtf8("°C")));
+    EXPECT_TRUE(data->accessibleName().contains("70.6 cfm")) << data->accessibleName().toStdString();
+    EXPECT_TRUE(list()->columnTexts().contains(QString::fromUtf8("Uncooled(°F)")));
+    EXPECT_TRUE(list()->columnTexts().contains("Condenser(Tons)"));
+    EXPECT_TRUE(list()->columnTexts().contains("Capacity(Btu/h)"));
+}
+
+TEST_F(FormTest, AChangeOfLanguageReachesAllThatIsShown) {
+    choose("lstSeries", "TK-A");
+    SelectionForm* fixedSpeed = form;
+    form = window->newInverterSelection();
+    form = fixedSpeed;
+    auto* tabs = window->centralWidget()->findChild<TabStrip*>(QStringLiteral("TabStrip"));
+    tabs->setCurrentIndex(0);
+    calculate();
+    form->MnuPopUp("limits");
+    field("txtTED")->setFocus();
+    const auto* help = form->findChild<QLabel*>(QStringLiteral("rtfHelp"));
+    const auto* graph = form->findChild<QWidget*>(QStringLiteral("limitgraph"));
+    const auto* link = form->findChild<Link*>(QStringLiteral("lnkDefaults"));
+    EXPECT_EQ(tabs->tabText(1), "2 inverter");
+    EXPECT_TRUE(graph->accessibleDescription().contains("Iniection limit"));
+    for (const char* language : {"de-DE", "it-IT", "fr-FR", "es-ES", "cn-CN", "en-EN"}) {
+        SCOPED_TRACE(language);
+        const QString before = help->text();
+        window->chooseLanguage(QLatin1String(language));
+        EXPECT_NE(help->text(), before);
+        EXPECT_GE(link->width(), link->sizeHint().width()) << "nothing is cut";
+        EXPECT_LT(link->geometry().right(), form->findChild<QWidget*>(QStringLiteral("lnkCalculate"))->x());
+        EXPECT_EQ(tabs->tabText(0), form->windowTitle());
+    }
+    window->chooseLanguage("de-DE");
+    EXPECT_EQ(tabs->tabText(0), "1 Auswahl");
+    EXPECT_EQ(tabs->tabText(1), "2 Umrichter");
+    EXPECT_EQ(field("lstModels")->TextText(), "ALLE");
+    EXPECT_TRUE(graph->accessibleDescription().contains("Einsatzgrenze"))
+        << graph->accessibleDescription().toStdString();
+    EXPECT_FALSE(graph->accessibleDescription().contains("limit"));
+    const auto report = form->selectedReport();
+    ASSERT_TRUE(report);
+    for (const auto& limit : report->envelope.limits)
+        EXPECT_EQ(limit->Description.find("limit"), std::string::npos);
+    choose("lstModels", "120");
+    choose("lstModels", "*");
+    EXPECT_EQ(field("lstModels")->TextText(), "ALLE");
+}
+
+TEST_F(FormTest, ARefusedTemperatureNamesTheRangeOfTheRefrigerant) {
+    // R134a has its triple point at -103.3 degrees Celsius and its critical point at 101.06.
+    for (const auto& [unit, low, high, scale] : {std::tuple{QString::fromUtf8("°C"), -103.3, 101.06, 1.0},
+                                                 {QString::fromUtf8("°F"), -153.94, 213.91, 1.8}}) {
+        type("txtTCD", "500");
+        const QRegularExpression range(QStringLiteral("are (-?[0-9.]+) to ([0-9.]+) ") + unit);
+        const auto named = range.match(field("txtTCD")->complaint());
+        ASSERT_TRUE(named.hasMatch()) << field("txtTCD")->complaint().toStdString();
+        EXPECT_NEAR(named.captured(1).toDouble(), low, 0.15 * scale);
+        EXPECT_NEAR(named.captured(2).toDouble(), high, 0.15 * scale);
+        type("txtTCD", named.captured(2));
+        EXPECT_TRUE(field("txtTCD")->Refusal().isEmpty()) << "both ends are permitted";
+        type("txtTED", named.captured(1));
+        EXPECT_TRUE(field("txtTED")->Refusal().isEmpty());
+        type("txtTCD", "500");
+        switchUnits("imperial");  // while it is refused
+    }
+    switchUnits("metric");
+    type("txtTED", "2");
+    type("txtTCD", "40");
+    type("txtTED", "41");
+    EXPECT_TRUE(field("txtTED")->complaint().contains("above the condensing temperature"));
+    type("txtTCD", "39");
+    EXPECT_TRUE(field("txtTCD")->complaint().contains("above the condensing temperature"));
+    type("txtTCD", "50");
+    EXPECT_TRUE(field("txtTCD")->complaint().isEmpty());
+    EXPECT_TRUE(field("txtTED")->complaint().isEmpty());
+    type("txtPE", "30");  // above the condensing pressure of 13.2 bar
+    EXPECT_TRUE(field("txtPE")->complaint().contains("above the condensing temperature"));
+    EXPECT_TRUE(field("txtTED")->complaint().isEmpty()) << "it was not typed";
+}
+
+TEST_F(FormTest, AGroupRowEmptiesTheLimits) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    form->MnuPopUp("limits");
+    const auto* graph = form->findChild<QWidget*>(QStringLiteral("limitgraph"));
+    EXPECT_TRUE(graph->isVisible());
+    list()->selectRow(0);
+    EXPECT_FALSE(graph->isVisible());
+    list()->selectRow(1);
+    EXPECT_TRUE(graph->isVisible());
+    QStringList entries;
+    for (const QAction* entry : form->findChild<QMenu*>(QStringLiteral("mnu_cpspopup"))->actions())
+        if (!entry->isSeparator()) entries += entry->objectName().mid(13);
+    EXPECT_EQ(entries, QStringList({"messages", "tecnic", "polynomials", "dimension", "limits",
+                                    "copyclipboard", "printpreview", "print"}));
 }

@@ -9,6 +9,7 @@
 #include "data/Texts.h"
 #include "tests/support/TemporaryFolder.h"
 #include "thermo/clsRefprop.h"
+#include "tools/catalogue/Content.h"
 #include "tools/catalogue/Schema.h"
 
 namespace marvello::testing {
@@ -38,6 +39,7 @@ void SmallCatalogue::exec(const std::string& sql) {
     // The file lives for a test: nothing waits for the disk.
     SQLite::Database((folder_ / "db.mdb").string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
         .exec("PRAGMA synchronous=OFF;" + sql);
+    sealCatalogue(folder_ / "db.mdb");
 }
 
 void SmallCatalogue::compressor(const std::map<std::string, std::string>& changes) {

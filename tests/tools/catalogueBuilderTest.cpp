@@ -21,6 +21,7 @@ using namespace marvello;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 namespace {
@@ -81,6 +82,70 @@ TEST_F(CatalogueBuilder, ReplacesOnlyACatalogueAndKeepsItsRightsAndLinks) {
     EXPECT_THAT(call(build + (place / "db.mdb").string()).out, HasSubstr("db.mdb-journal"));
     EXPECT_EQ(std::distance(fs::directory_iterator(place), {}), 6);  // nothing of the builder's is left
     fs::remove_all(place);
+}
+
+/// Every byte in turn of a page's worth, all over the file.
+TEST_F(CatalogueBuilder, AFlippedByteIsNeverSilent) {
+    const fs::path good = folder_ / "good.mdb";
+    const fs::path bad = folder_ / "bad.mdb";
+    Faults none;
+    writeCatalogue(readContent(folder_, none), good);
+    std::ifstream stream(good, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
+    const auto check = [&](const std::string& content) {
+        std::ofstream(bad, std::ios::binary) << content;
+        clsDatabase database;
+        database.Connect("Data Source=" + bad.string());
+        database.checkUndamaged();
+        return database.Execute("Select count(*) as n from tCompressors").integer("n");
+    };
+    const int compressors = check(bytes);
+    EXPECT_GT(compressors, 0);
+    constexpr std::size_t stride = 1009;  // a prime, so that it meets all places of a page
+    int told = 0;
+    int harmless = 0;
+    for (std::size_t at = 0; at < bytes.size(); at += stride) {
+        std::string flipped = bytes;
+        flipped[at] = static_cast<char>(flipped[at] ^ (1 << at % 8));
+        try {
+            EXPECT_EQ(check(flipped), compressors);
+            ++harmless;
+        } catch (const DatabaseError&) {
+            ++told;
+        }
+    }
+    EXPECT_GT(told, 200);
+    EXPECT_LE(harmless, 4096 / stride + 1);  // what is unused of the digest's own page
+    EXPECT_THROW(check(bytes + "x"), DatabaseError);
+    EXPECT_THROW(check(bytes.substr(0, bytes.size() - 4096)), DatabaseError);
+}
+
+TEST_F(CatalogueBuilder, TheStatementsOfALoadFindTheirRowsByIndex) {
+    Faults none;
+    const fs::path file = folder_ / "db.mdb";
+    writeCatalogue(readContent(folder_, none), file);
+    clsDatabase database;
+    database.Connect("Data Source=" + file.string());
+    const auto plan = [&](const std::string& sql) {
+        std::string steps;
+        for (auto row = database.Execute("EXPLAIN QUERY PLAN " + sql); !row.eof(); row.moveNext())
+            steps += row.text("detail") + "\n";
+        return steps;
+    };
+    const std::string series = "where fRefrigerantID='R134A' and fSerieID='TK-A'";
+    const std::string one = plan("SELECT tCompressors.* FROM tCompressors " + series +
+                                 " and fModelID='120' ORDER BY tCompressors.fRefrigerantID, "
+                                 "tCompressors.fSerieID, tCompressors.fModelID");
+    EXPECT_THAT(one, HasSubstr("fModelID=? AND fSerieID=? AND fRefrigerantID=?"));
+    EXPECT_THAT(one, Not(HasSubstr("TEMP B-TREE")));
+    // The lists of the forms come in the order of the sequence, without a sort.
+    const std::string list = plan("Select fModelID from tCompressors " + series + " and fHasInverter=False");
+    EXPECT_THAT(list, HasSubstr("tCompressorsIndex (fRefrigerantID=? AND fSerieID=?)"));
+    const std::string all = plan("Select * from tCompressors " + series +
+                                 " and fHasInverter=False ORDER BY tCompressors.fRefrigerantID, "
+                                 "tCompressors.fSerieID, tCompressors.fSequence, tCompressors.fModelID");
+    EXPECT_THAT(all, HasSubstr("tCompressorsIndex"));
+    EXPECT_THAT(all, Not(HasSubstr("TEMP B-TREE")));
 }
 
 TEST_F(CatalogueBuilder, ManyBuildsOfOneFileAtOnceAllSucceed) {

@@ -202,6 +202,17 @@ TEST_F(CatalogueDump, RefusesWhatIsNoCatalogueOfThisSchema) {
     SQLite::Database(other.string(), SQLite::OPEN_READWRITE)
         .exec("PRAGMA user_version=1; DROP TABLE tMotors");
     expectRefused(other, "tMotors");
+    // One of the first schema, or one that was changed, gives its tables, and a word of warning.
+    const fs::path changed = catalogueOf(folder_ / "content", "changed.mdb");
+    SQLite::Database(changed.string(), SQLite::OPEN_READWRITE).exec("UPDATE tMotors SET fPhase=1");
+    const auto warned = run("dump " + changed.string() + " " + (folder_ / "changed").string());
+    EXPECT_EQ(warned.status, 0);
+    EXPECT_THAT(warned.out, HasSubstr("changed or damaged since it was built"));
+    SQLite::Database(changed.string(), SQLite::OPEN_READWRITE)
+        .exec("PRAGMA user_version=1; DROP TABLE tDigest");
+    EXPECT_THAT(run("dump " + changed.string() + " " + (folder_ / "older").string()).out,
+                HasSubstr("older schema"));
+    EXPECT_EQ(bytesOf(folder_ / "older" / "tMotors.csv"), bytesOf(folder_ / "changed" / "tMotors.csv"));
 }
 
 }  // namespace

@@ -18,6 +18,7 @@
 
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/CallProgram.h"
+#include "tools/catalogue/Content.h"
 
 namespace {
 
@@ -152,6 +153,7 @@ TEST(marvelloSelect, ColumnsOfTheTableNeverRunTogether) {
             "update tCompressors set fModelID='A-very-long-name-of-a-model' where fRefrigerantID='R134A' and "
             "fSerieID='TK-A' and fModelID='120'; update tPolynomials set fC1=fC1+1e9 where fPolynomialID in "
             "(select fPolynomialQ0ID from tCompressors where fModelID like 'A-very%') and fType=0");
+    ::marvello::sealCatalogue(folder / "db.mdb");
     const std::string table = call("--app-folder '" + folder.string() + "' " + point).out;
     const auto line =
         table.substr(0, table.find('\n', table.find("A-very-long"))).substr(table.find("TK-A-A-"));

@@ -203,8 +203,8 @@ TEST_F(PagesTest, PolynomialsAreCopiedWithAllTheirDigits) {
     QTest::mouseClick(button, Qt::LeftButton);
     const QString expected =
         "\tc1\tc2\tc3\tc4\tc5\tc6\tc7\tc8\tc9\tc10\t\r\n"
-        "Pta\t5\t0.1\t0.25\t0\t0\t0\t0\t0\t0\t0\r\n"
-        "Q0\t100\t3\t-1.2\t0.03\t-0.02\t0.002\t0.0002\t-0.0001\t5e-05\t-1e-05\r\n";
+        "Pta\t5E+00\t1E-01\t2.5E-01\t0E+00\t0E+00\t0E+00\t0E+00\t0E+00\t0E+00\t0E+00\r\n"
+        "Q0\t1E+02\t3E+00\t-1.2E+00\t3E-02\t-2E-02\t2E-03\t2E-04\t-1E-04\t5E-05\t-1E-05\r\n";
     EXPECT_EQ(clipboard().toStdString(), expected.toStdString());
     QApplication::clipboard()->clear();
     polynomials()->setFocus();

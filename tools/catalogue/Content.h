@@ -48,4 +48,7 @@ Content readContent(const std::filesystem::path& folder, Faults& faults);
 /// std::runtime_error if it cannot be written.
 void writeCatalogue(const Content& content, const std::filesystem::path& output, bool force = false);
 
+/// Stores the digest of a catalogue file in it, anew after a change. Throws.
+void sealCatalogue(const std::filesystem::path& file);
+
 }  // namespace marvello

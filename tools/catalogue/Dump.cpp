@@ -126,10 +126,40 @@ std::map<std::string, std::string> filesOf(const TableContent& content) {
     return files;
 }
 
+/// The first schema has the same tables; the digest and an index came with the second one.
+bool isOfTheFirstSchema(const fs::path& file) {
+    try {
+        const SQLite::Database database(file.string(), SQLite::OPEN_READONLY);
+        SQLite::Statement id(database, "PRAGMA application_id");
+        SQLite::Statement version(database, "PRAGMA user_version");
+        return id.executeStep() && id.getColumn(0).getInt() == clsDatabase::applicationId &&
+               version.executeStep() && version.getColumn(0).getInt() == 1;
+    } catch (const SQLite::Exception&) {
+        return false;
+    }
+}
+
+/// Why the rows may not be what was built; empty if nothing speaks against them.
+std::string doubtAbout(clsDatabase& catalogue) {
+    if (!catalogue.isOpen()) return "it is of an older schema, without a digest to check it by";
+    try {
+        catalogue.checkUndamaged();
+        return {};
+    } catch (const DatabaseError&) {
+        return "it was changed or damaged since it was built";
+    }
+}
+
 }  // namespace
 
-Content readCatalogue(const fs::path& file) {
-    clsDatabase().Connect("Data Source=" + file.string());  // says what is no catalogue of this schema
+Content readCatalogue(const fs::path& file, std::string* doubt) {
+    clsDatabase catalogue;
+    try {
+        catalogue.Connect("Data Source=" + file.string());  // says what is no catalogue of this schema
+    } catch (const DatabaseError&) {
+        if (!isOfTheFirstSchema(file)) throw;
+    }
+    if (doubt) *doubt = doubtAbout(catalogue);
     Content content;
     try {
         SQLite::Database database(file.string(), SQLite::OPEN_READONLY);

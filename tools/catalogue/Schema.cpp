@@ -31,6 +31,7 @@ const std::vector<Table>& tables() {
              {"fLimitID", name}, {"fLimitEconomizedID", freeText}, {"fMarket", byte}},
          .key = {"fRefrigerantID", "fSerieID", "fModelID"},
          .index = {"fRefrigerantID", "fSerieID", "fSequence", "fModelID"},
+         .lookup = {"fModelID", "fSerieID", "fRefrigerantID"},
          .keepsOrder = true},
         {.name = "tPolynomials",
          .columns = {
@@ -130,6 +131,8 @@ std::string createStatements(const Table& table) {
         (keyed ? ", PRIMARY KEY (" + joined(table.key) + ")) STRICT, WITHOUT ROWID;" : ") STRICT;");
     if (!table.index.empty())
         sql += "CREATE INDEX " + tableName + "Index ON " + tableName + " (" + joined(table.index) + ");";
+    if (!table.lookup.empty())
+        sql += "CREATE INDEX " + tableName + "Lookup ON " + tableName + " (" + joined(table.lookup) + ");";
     return sql;
 }
 

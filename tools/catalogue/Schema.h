@@ -34,6 +34,9 @@ struct Table {
     std::vector<std::string_view> key{};
     /// The columns of the index beside the key, for statements that go by others or want another order.
     std::vector<std::string_view> index{};
+    /// The columns of a second index, by which a single row is found. The first one is none of `index`'s
+    /// first, so that statements over many rows keep to that one and its order.
+    std::vector<std::string_view> lookup{};
     /// The rows keep the order of the files, so that a statement without "order by" gives it back; a table
     /// without this stands in the order of its key.
     bool keepsOrder = false;

@@ -6,12 +6,18 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <fstream>
+#include <memory>
+#include <span>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
+#include "data/CatalogueDigest.h"
 #include "data/clsDatabase.h"
 #include "tools/catalogue/Content.h"
 #include "tools/catalogue/FreshName.h"
@@ -60,6 +66,25 @@ void writeAll(const Content& content, const fs::path& file) {
         transaction.commit();
     }
     database.exec("VACUUM");
+}
+
+CataloguePages pagesOf(const fs::path& file) {
+    const SQLite::Database database(file.string(), SQLite::OPEN_READONLY);
+    const auto ask = [&](const std::string& sql) {
+        SQLite::Statement statement(database, sql);
+        statement.executeStep();
+        return statement.getColumn(0).getInt64();
+    };
+    return {
+        .fileSize = static_cast<std::int64_t>(fs::file_size(file)),
+        .pageSize = ask("PRAGMA page_size"),
+        .digestPage = ask(std::string("SELECT rootpage FROM sqlite_schema WHERE name='") + digestTable + "'"),
+        .read = [stream = std::make_shared<std::ifstream>(file, std::ios::binary)](
+                    std::span<unsigned char> bytes, std::int64_t position) {
+            stream->seekg(position);
+            stream->read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+            return stream->good();
+        }};
 }
 
 /// The file itself where links lead to it, so that replacing it leaves them.
@@ -113,6 +138,26 @@ void takeRights(const fs::path& unfinished, const fs::path& file) {
 
 }  // namespace
 
+void sealCatalogue(const fs::path& file) {
+    const std::string blank(digestLength, '0');
+    SQLite::Database(file.string(), SQLite::OPEN_READWRITE)
+        .exec(std::string("PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; DROP TABLE IF EXISTS ") +
+              digestTable + "; CREATE TABLE " + digestTable +
+              " (fDigest TEXT NOT NULL) STRICT; INSERT INTO " + digestTable + " VALUES ('" + blank + "')");
+    const CataloguePages pages = pagesOf(file);
+    const std::string digest = catalogueDigest(pages);
+    std::vector<unsigned char> page(static_cast<std::size_t>(pages.pageSize));
+    const std::int64_t begin = (pages.digestPage - 1) * pages.pageSize;
+    // Through SQLite it would be a change of the first page as well, which the digest is over.
+    const auto at =
+        digest.empty() || !pages.read(page, begin) ? page.end() : std::ranges::search(page, blank).begin();
+    std::fstream stream(file, std::ios::binary | std::ios::in | std::ios::out);
+    stream.seekp(begin + (at - page.begin()));
+    stream << digest;
+    stream.close();
+    if (at == page.end() || !stream) throw std::runtime_error("its digest cannot be written");
+}
+
 void writeCatalogue(const Content& content, const fs::path& output, bool force) {
     if (output.empty()) throw std::runtime_error("The name of the catalogue file is empty.");
     fs::path unfinished;
@@ -122,6 +167,7 @@ void writeCatalogue(const Content& content, const fs::path& output, bool force) 
         checkHasNoJournal(file);
         unfinished = makeFreshFile(file.string() + ".");
         writeAll(content, unfinished);
+        sealCatalogue(unfinished);
         takeRights(unfinished, file);
         settle(unfinished);
         fs::rename(unfinished, file);

@@ -188,7 +188,11 @@ int main(int argc, char** argv) try {
         return program.exit(error) == 0 ? done : failed;
     }
     if (*dump) {
-        writeTables(readCatalogue(file), folder, isForced);
+        std::string doubt;
+        writeTables(readCatalogue(file, &doubt), folder, isForced);
+        if (!doubt.empty())
+            std::cerr << "warning: " << file << ": " << doubt << "; look at the tables before you use them"
+                      << '\n';
         return done;
     }
     if (*fit) {
