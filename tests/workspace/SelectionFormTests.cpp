@@ -279,6 +279,22 @@ TEST_F(SelectionFormTest, FieldsTakeOtherUnitsAndSums) {
     leave();
 }
 
+TEST_F(SelectionFormTest, TheCheckOfAFieldSwallowsNoClick) {
+    choose(*form, "lstSeries", "TK-A");
+    activate();
+    type(*form, "txtSH", "25");
+    QWidget* calculate = control<QWidget>(*form, "lnkCalculate");
+    const QPoint place = calculate->mapTo(form.get(), calculate->rect().center());
+    QTest::mousePress(form->windowHandle(), Qt::LeftButton, {}, place);
+    QTest::qWait(50);
+    EXPECT_TRUE(boxes.isEmpty()) << "the button is still down";
+    QTest::mouseRelease(form->windowHandle(), Qt::LeftButton, {}, place);
+    QTest::qWait(50);
+    EXPECT_EQ(boxes.size(), 1);
+    EXPECT_EQ(value("txtSH"), 10);
+    EXPECT_TRUE(form->hasResults());
+}
+
 TEST_F(SelectionFormTest, AChangeOfTheUnitsTakesFirstWhatWasTyped) {
     type(*form, "txtTED", "1+1");
     form->MeasureUnits(1, true);
