@@ -1,5 +1,6 @@
 #include "controls/AdvanceText.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -14,6 +15,32 @@
 
 namespace marvello {
 
+namespace {
+
+const QString notNumeric = QStringLiteral("Error. Only Numeric value");
+
+/// The form that a widget is part of: its window, or the child window of the frame.
+const QWidget* formOf(const QWidget* widget) {
+    while (widget && !widget->isWindow() && widget->windowType() != Qt::SubWindow)
+        widget = widget->parentWidget();
+    return widget;
+}
+
+/// Runs `action` once the mouse is up and the event in hand is over: a box that opened sooner would swallow
+/// the release of a click. Nothing if `owner` is gone by then.
+void onceMouseIsUp(QObject* owner, const std::function<void()>& action) {
+    constexpr int retry = 10;  // milliseconds
+    const bool isDown = QApplication::mouseButtons() != Qt::NoButton;
+    QTimer::singleShot(isDown ? retry : 0, owner, [owner, action] {
+        if (QApplication::mouseButtons() == Qt::NoButton)
+            action();
+        else
+            onceMouseIsUp(owner, action);
+    });
+}
+
+}  // namespace
+
 AdvanceText::AdvanceText(QWidget* parent)
     : QWidget(parent),
       edit_(new QLineEdit(this)),
@@ -27,6 +54,11 @@ AdvanceText::AdvanceText(QWidget* parent)
     setAttribute(Qt::WA_Hover);
     connect(edit_, &QLineEdit::textEdited, this, &AdvanceText::takeTyping);
     connect(this, &AdvanceText::partsChanged, this, &AdvanceText::Refresh);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
+        if (!isInUse_ || !now || now == edit_ || formOf(now) != formOf(this)) return;
+        isInUse_ = false;
+        if (before == edit_) leave();  // else another window gave the focus back
+    });
     Refresh();
 }
 
@@ -37,6 +69,7 @@ void AdvanceText::SetLocked(bool locked) {
     edit_->setReadOnly(locked);
     edit_->setCursor(locked ? Qt::ArrowCursor : Qt::IBeamCursor);
     edit_->setContextMenuPolicy(locked ? Qt::NoContextMenu : Qt::DefaultContextMenu);
+    Refresh();
 }
 
 void AdvanceText::SetKey(const QString& key) {
@@ -53,6 +86,7 @@ void AdvanceText::SetCaptionText(const QString& text) {
     captionText_ = text;
     describe();
     update();
+    emit described();
 }
 
 void AdvanceText::SetUnitCaptiontext(const QString& text) {
@@ -67,18 +101,29 @@ void AdvanceText::SetButtonPicture(const QPixmap& picture) {
     update();
 }
 
+void AdvanceText::SetNamedBy(AdvanceText* selector) {
+    namedBy_ = selector;
+    connect(selector, &AdvanceText::described, this, &AdvanceText::describe);
+    describe();
+}
+
 // What a screen reader says: the name of the value and its unit.
 void AdvanceText::describe() {
-    const QString name = unitCaptionText_.trimmed().isEmpty()
-                             ? captionText_
-                             : QStringLiteral("%1, %2").arg(captionText_, unitCaptionText_.trimmed());
+    QString name = captionText_;
+    if (name.isEmpty() && namedBy_)
+        name = QStringLiteral("%1: %2").arg(namedBy_->CaptionText(), namedBy_->TextText());
+    if (const QString unit = unitCaptionText_.trimmed(); !unit.isEmpty()) name += QStringLiteral(", ") + unit;
     edit_->setAccessibleName(name);
     setAccessibleName(name);
 }
 
+TypedReading AdvanceText::read(const QString& text) const {
+    return reader_ ? reader_(text) : TypedReading{.value = typedNumber(text)};
+}
+
 std::optional<double> AdvanceText::storedNumber() const {
     return value_.typeId() == QMetaType::Double ? std::optional(value_.toDouble())
-                                                : typedNumber(value_.toString());
+                                                : read(value_.toString()).value;
 }
 
 QVariant AdvanceText::TextValue() const { return textType_ == 1 ? QVariant(number()) : value_; }
@@ -133,35 +178,33 @@ void AdvanceText::SetDerived(bool derived) {
     applyColours();
 }
 
+void AdvanceText::apply(FieldState::Event event) {
+    if (state_.take(event)) update();
+}
+
 void AdvanceText::setOpen(bool open) {
-    open_ = open;
-    update();
+    apply(open ? FieldState::Event::listOpened : FieldState::Event::listClosed);
+    if (open) return;
+    apply(isUnderPointer() ? FieldState::Event::mouseEntered : FieldState::Event::mouseLeft);
 }
 
 void AdvanceText::setTabStop(bool stop) { edit_->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus); }
 
-void AdvanceText::setInvalid(bool invalid) {
-    invalid_ = invalid;
-    update();
-}
-
 void AdvanceText::SetRefusal(const QString& reason) {
-    refusal_ = reason;
+    fault_.set(FieldFault::Reason::refused, reason);
     showNote();
 }
 
 void AdvanceText::SetRemark(const QString& text) {
-    remark_ = text;
+    fault_.set(FieldFault::Reason::remarked, text);
     showNote();
 }
 
-QString AdvanceText::complaint() const {
-    if (!refusal_.isEmpty()) return refusal_;
-    if (!remark_.isEmpty()) return remark_;
+void AdvanceText::checkRange() {
     const bool isLimited = textType_ == 1 && (textMin_ != 0 || textMax_ != 0);
-    const auto value = typedNumber(edit_->text());
-    if (!isLimited || !value) return {};
-    return *value < textMin_ || *value > textMax_ ? limitsText() : QString();
+    const auto value = isLimited ? read(edit_->text()).value : std::nullopt;
+    const bool isBeyond = value && (*value < textMin_ || *value > textMax_);
+    fault_.set(FieldFault::Reason::outOfRange, isBeyond ? limitsText() : QString());
 }
 
 QString AdvanceText::limitsText() const {
@@ -169,32 +212,58 @@ QString AdvanceText::limitsText() const {
         .arg(formatNumber(textMin_, {}), formatNumber(textMax_, {}));
 }
 
+QString AdvanceText::readingText() const {
+    if (textType_ != 1 || unknown_ || value_.typeId() == QMetaType::Double) return {};
+    const QString text = value_.toString();
+    const TypedReading reading = read(text);
+    if (!reading.value || reading.isPlain) return {};
+    return QStringLiteral("%1 = %2 %3")
+        .arg(text.trimmed(), formatNumber(*reading.value, textFormat_), unitCaptionText_.trimmed());
+}
+
 void AdvanceText::SetUnknown() {
     value_ = QVariant();
     unknown_ = true;
-    invalid_ = false;
+    fault_.clear(FieldFault::Reason::notNumeric);
     showText(QStringLiteral("\u2013"));
     showNote();
 }
 
 void AdvanceText::showText(const QString& text) {
-    if (edit_->text() != text) edit_->setText(text);
+    if (edit_->text() != text) {
+        edit_->setText(text);
+        emit described();
+    }
     edit_->setCursorPosition(textAlignment_ == 1 ? static_cast<int>(text.size()) : 0);
 }
 
 void AdvanceText::showValue() {
     const bool isDouble = value_.typeId() == QMetaType::Double;
     showText(isDouble ? formatNumber(value_.toDouble(), textFormat_) : value_.toString());
-    if (invalid_ && (textType_ != 1 || isDouble)) setInvalid(false);
+    if (textType_ != 1 || isDouble) fault_.clear(FieldFault::Reason::notNumeric);
+    checkRange();
     showNote();
 }
 
 void AdvanceText::takeTyping(const QString& text) {
     value_ = text;
     unknown_ = false;
-    refusal_.clear();
-    if (invalid_ && typedNumber(text)) setInvalid(false);
+    fault_.clear(FieldFault::Reason::refused);
+    const TypedReading reading = read(text);
+    if (reading.value)
+        fault_.clear(FieldFault::Reason::notNumeric);
+    else if (textType_ == 1 && !reading.isUnfinished)
+        fault_.set(FieldFault::Reason::notNumeric, notNumeric);
+    checkRange();
     showNote();
+    emit TextChange();
+}
+
+void AdvanceText::commit() {
+    if (textType_ != 1 || unknown_ || value_.typeId() == QMetaType::Double) return;
+    const TypedReading reading = read(value_.toString());
+    if (!reading.value || reading.isPlain) return;
+    SetTextValue(*reading.value);
     emit TextChange();
 }
 
@@ -204,37 +273,41 @@ void AdvanceText::selectText() {
     edit_->setSelection(static_cast<int>(text.indexOf(body)), static_cast<int>(body.size()));
 }
 
-void AdvanceText::gotFocus() {
+void AdvanceText::gotFocus(Qt::FocusReason reason) {
+    const bool wasLent = isInUse_ && (reason == Qt::ActiveWindowFocusReason ||
+                                      reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason);
+    isInUse_ = true;
     if (locked_)
         edit_->deselect();  // the line edit selects on a tab, also what cannot be typed over
-    else
+    else if (!wasLent)
         selectText();
+    apply(FieldState::Event::focusGained);
     showNote();
     emit TextGotFocus();
 }
 
-void AdvanceText::lostFocus(Qt::FocusReason reason) {
-    showNote();
-    emit TextLostFocus();
-    // A menu, a drop list or another program only borrows the focus.
-    if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason ||
-        reason == Qt::MenuBarFocusReason)
-        return;
+void AdvanceText::leave() {
     edit_->deselect();
-    if (textType_ != 1 || unknown_) return;
+    commit();
     const auto value = storedNumber();
-    if (value && ((textMin_ == 0 && textMax_ == 0) || (*value >= textMin_ && *value <= textMax_))) {
-        validate();
-        return;
-    }
-    // The focus change has to be over before a box may open and the field take the focus back.
-    QTimer::singleShot(0, this, [this] {
-        if (isVisible() && !validate()) edit_->setFocus();
+    const bool isNumber = textType_ == 1 && !unknown_;
+    const bool isGood =
+        value && ((textMin_ == 0 && textMax_ == 0) || (*value >= textMin_ && *value <= textMax_));
+    if (isNumber && isGood) validate();
+    onceMouseIsUp(this, [this, isChecked = isNumber && isGood] {
+        // Closed meanwhile, in use again, or in the hands of a box that says what there is to say.
+        const QWidget* const box = QApplication::activeModalWidget();
+        if (!isVisible() || isInUse_ || (box && box != window())) return;
+        if (!isChecked && textType_ == 1 && !validate())
+            edit_->setFocus();
+        else
+            emit TextLostFocus();
     });
 }
 
 bool AdvanceText::validate() {
     if (unknown_) return true;
+    commit();
     bool cancel = textType_ == 1 && !checkNumber();
     emit TextValidate(cancel);
     if (!cancel) {
@@ -242,7 +315,8 @@ bool AdvanceText::validate() {
         if (textType_ == 1) SetTextValue(number());
         return true;
     }
-    setInvalid(textType_ == 1 && !storedNumber());
+    if (textType_ == 1 && !storedNumber()) fault_.set(FieldFault::Reason::notNumeric, notNumeric);
+    showNote();
     return false;
 }
 
@@ -250,14 +324,14 @@ bool AdvanceText::checkNumber() {
     const auto refuse = [this](const QString& text) {
         MessageBox::show(this, MessageBox::Mark::critical, text);
     };
-    const auto notNumeric = QStringLiteral("Error. Only Numeric value");
     if (!storedNumber()) {
-        setInvalid(true);
+        fault_.set(FieldFault::Reason::notNumeric, notNumeric);
+        update();
         refuse(notNumeric);
         return false;
     }
     if (textMin_ == 0 && textMax_ == 0) return true;
-    if (!typedNumber(edit_->text())) {
+    if (!read(edit_->text()).value) {
         refuse(notNumeric);
         edit_->undo();
         selectText();
@@ -281,6 +355,7 @@ bool AdvanceText::handleKeyPress(int key, const QString& text, Qt::KeyboardModif
         if (opens && buttonVisible_) emit ButtonClick();
         return opens;
     }
+    if (isEnter) commit();
     if (isCharacter) emit KeyPress(isEnter ? enterCode : text.front().unicode());
     return false;
 }
@@ -290,7 +365,7 @@ bool AdvanceText::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::FocusIn:
             edit_->event(event);
-            gotFocus();
+            gotFocus(static_cast<QFocusEvent*>(event)->reason());
             // The click that brought the focus places the cursor yet.
             if (static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason)
                 QTimer::singleShot(0, this, [this] {
@@ -299,7 +374,8 @@ bool AdvanceText::eventFilter(QObject* watched, QEvent* event) {
             return true;
         case QEvent::FocusOut:
             edit_->event(event);
-            lostFocus(static_cast<QFocusEvent*>(event)->reason());
+            apply(FieldState::Event::focusLost);
+            showNote();
             return true;
         case QEvent::KeyPress: {
             const auto* key = static_cast<QKeyEvent*>(event);

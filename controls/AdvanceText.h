@@ -6,13 +6,23 @@
 #include <QPointer>
 #include <QVariant>
 #include <QWidget>
+#include <functional>
 #include <optional>
+
+#include "controls/FieldState.h"
 
 class QLineEdit;
 
 namespace marvello {
 
 class FieldNote;
+
+/// What a text that is being typed comes to.
+struct TypedReading {
+    std::optional<double> value{};  ///< in the unit of the field; none if the text is no number yet
+    bool isPlain = true;            ///< a bare number, which says itself what it means
+    bool isUnfinished = true;       ///< no number, but more typing may make it one
+};
 
 /// The program's one input: a caption, a box with a value and its unit, and an optional button that opens a
 /// list.
@@ -78,6 +88,11 @@ class AdvanceText : public QWidget {
     /// A locked field takes no typing: a key opens its list instead.
     void SetLocked(bool locked);
 
+    /// True if values are chosen from a list.
+    bool isChoice() const { return locked_ && buttonVisible_; }
+    /// Takes the name for a screen reader from the selector that says how the value is meant.
+    void SetNamedBy(AdvanceText* selector);
+
     /// The choices, "key|description;key|description".
     QString Tag1() const { return tag1_; }
     void SetTag1(const QString& choices) { tag1_ = choices; }
@@ -128,16 +143,26 @@ class AdvanceText : public QWidget {
 
     /// The list of the field is open: the button is shown pressed.
     void setOpen(bool open);
+    /// How the field looks in use, by mouse, list and focus.
+    const FieldState& state() const { return state_; }
+
+    /// Reads what is typed, for fields that take more than a bare number.
+    using Reader = std::function<TypedReading(const QString& text)>;
+    void SetReader(Reader reader) { reader_ = std::move(reader); }
+    /// Puts the value in the place of a text that says it in other words, such as one with another unit, and
+    /// raises TextChange for it. Does nothing for a bare number and for a text that is no number.
+    void commit();
+
     /// Painted as invalid: no number, out of its range, or refused by the owner.
-    bool isInvalid() const { return invalid_ || !complaint().isEmpty(); }
+    bool isInvalid() const { return !complaint().isEmpty(); }
     /// The owner's reason why the value cannot be used; blank takes it back, and so does typing.
     void SetRefusal(const QString& reason);
-    const QString& Refusal() const { return refusal_; }
+    const QString& Refusal() const { return fault_.text(FieldFault::Reason::refused); }
     /// What the owner has to say against the value, which will be put right before it is used; blank takes it
     /// back.
     void SetRemark(const QString& text);
     /// What is wrong with the value, as said beside the field while it is in use, and in its tool tip.
-    QString complaint() const;
+    QString complaint() const { return fault_.text(); }
     /// A derived value that cannot be had: shown as a dash, and no fault of the field.
     void SetUnknown();
     bool isUnknown() const { return unknown_; }
@@ -159,6 +184,8 @@ class AdvanceText : public QWidget {
   signals:
     void ButtonClick();
     void TextGotFocus();
+    /// The focus went to another control of the same form, and the check of the value let it go. A menu,
+    /// another window or program and the closing of the form only borrow the focus.
     void TextLostFocus();
     /// Raised at the end of a check; the owner sets `cancel` to refuse the value.
     void TextValidate(bool& cancel);
@@ -169,6 +196,8 @@ class AdvanceText : public QWidget {
     void KeyUp(int keyCode, int shift);
     void UnitCaptionTextChange(const QString& text);
     void partsChanged();
+    /// The caption, or what the box shows, is another.
+    void described();
 
   protected:
     void changeEvent(QEvent* event) override;
@@ -182,18 +211,23 @@ class AdvanceText : public QWidget {
 
   private:
     bool handleKeyPress(int key, const QString& text, Qt::KeyboardModifiers modifiers);
-    void gotFocus();
-    void lostFocus(Qt::FocusReason reason);
+    void gotFocus(Qt::FocusReason reason);
+    void leave();
     void takeTyping(const QString& text);
+    TypedReading read(const QString& text) const;
+    void apply(FieldState::Event event);
+    bool isUnderPointer() const;
     bool checkNumber();
     void showText(const QString& text);
     void showValue();
     void selectText();
-    void setInvalid(bool invalid);
+    void checkRange();
     void applyColours();
     void describe();
     void showNote();
     QString limitsText() const;
+    /// What a text in other words comes to, as "45 F = 7.22 °C"; empty for a bare number.
+    QString readingText() const;
 
     QRectF boxRect() const;
     QRectF buttonRect() const;
@@ -243,14 +277,14 @@ class AdvanceText : public QWidget {
     bool buttonVisible_ = false;
     bool locked_ = false;
     bool derived_ = false;
-    bool invalid_ = false;
+    bool wasChoice_ = false;  // as screen readers know the field
     bool unknown_ = false;
-    QString refusal_;
-    QString remark_;
+    bool isInUse_ = false;  // from gaining the focus until leaving for another control of the form
+    Reader reader_;
+    FieldState state_;
+    FieldFault fault_;
+    QPointer<AdvanceText> namedBy_;
     QPointer<FieldNote> note_;  // belongs to the window of the field
-    bool open_ = false;
-    bool pressed_ = false;
-    bool hovered_ = false;
 };
 
 }  // namespace marvello

@@ -1,5 +1,6 @@
 // How an AdvanceText is laid out and painted.
 
+#include <QApplication>
 #include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QLineEdit>
@@ -8,6 +9,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "controls/Accessibility.h"
 #include "controls/AdvanceText.h"
 #include "controls/FieldNote.h"
 #include "controls/Icons.h"
@@ -85,6 +87,8 @@ void AdvanceText::Refresh() {
     edit_->setGeometry(QRectF(left, box.top() + 1, std::max(0.0, right - left), box.height() - 2).toRect());
     edit_->setFont(textFont_);
     applyColours();
+    if (wasChoice_ != isChoice()) renewAccessibility(edit_);
+    wasChoice_ = isChoice();
 }
 
 void AdvanceText::applyColours() {
@@ -127,14 +131,14 @@ void AdvanceText::paintCaption(QPainter& painter) const {
 
 void AdvanceText::paintBox(QPainter& painter) const {
     const Look& look = Look::current();
-    const bool focused = edit_->hasFocus() || open_;
+    const bool focused = state_.isActive();
     const QRectF frame = boxRect().adjusted(0.5, 0.5, -0.5, -0.5);
     if (focused && isEnabled() && !isInvalid()) {
         painter.setPen(QPen(look.focusHalo, halo));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(boxRect().adjusted(-1.5, -1.5, 1.5, 1.5), 5.5, 5.5);
     }
-    QColor border = orElse(textBordersColor_, hovered_ ? look.text : look.controlLine);
+    QColor border = orElse(textBordersColor_, state_.isHovered() ? look.text : look.controlLine);
     QColor ground = orElse(textBackColor_, look.surface);
     if (focused) border = look.accent;
     if (isInvalid()) {
@@ -165,7 +169,7 @@ void AdvanceText::paintButton(QPainter& painter) const {
     const QRectF rect = buttonRect();
     if (rect.isEmpty()) return;
     const Look& look = Look::current();
-    const bool down = open_ || pressed_;
+    const bool down = state_.isDown();
     const QColor ground = down ? orElse(buttonBackColorOnClick_, look.accentTint) : buttonBackColor_;
     if (ground.isValid()) {
         painter.setPen(Qt::NoPen);
@@ -179,21 +183,24 @@ void AdvanceText::paintButton(QPainter& painter) const {
         painter.drawPixmap(place.toRect(), buttonPicture_);
         return;
     }
-    const QColor& rest = hovered_ ? look.text : look.muted;
+    const QColor& rest = state_.isHovered() ? look.text : look.muted;
     paintIcon(painter, place, QStringLiteral("chev"), down ? look.accent : orElse(buttonForeColor_, rest));
 }
 
 // Beside the field while it is in use; the red frame stays when it is left.
 void AdvanceText::showNote() {
     update();
-    const QString text = edit_->hasFocus() ? complaint() : QString();
+    const QString wrong = complaint();
+    edit_->setAccessibleDescription(wrong);
+    const QString text = !edit_->hasFocus() ? QString() : wrong.isEmpty() ? readingText() : wrong;
     if (text.isEmpty()) {
         if (note_) note_->hide();
         return;
     }
     if (note_ && note_->parentWidget() != window()) delete note_;
     if (!note_) note_ = new FieldNote(*this);
-    note_->say(text, *this, boxRect().toRect());
+    note_->say(text, *this, boxRect().toRect(),
+               wrong.isEmpty() ? FieldNote::Kind::reading : FieldNote::Kind::fault);
 }
 
 void AdvanceText::resizeEvent(QResizeEvent*) {
@@ -203,11 +210,16 @@ void AdvanceText::resizeEvent(QResizeEvent*) {
 
 void AdvanceText::hideEvent(QHideEvent* event) {
     if (note_) note_->hide();
+    apply(FieldState::Event::putAway);
+    if (!event->spontaneous()) isInUse_ = false;
     QWidget::hideEvent(event);
 }
 
 void AdvanceText::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::EnabledChange) Refresh();
+    if (event->type() == QEvent::EnabledChange) {
+        if (!isEnabled()) apply(FieldState::Event::putAway);
+        Refresh();
+    }
     QWidget::changeEvent(event);
 }
 
@@ -219,11 +231,8 @@ bool AdvanceText::event(QEvent* event) {
             const QPointF place = event->type() == QEvent::HoverLeave
                                       ? QPointF(-1, -1)
                                       : static_cast<QHoverEvent*>(event)->position();
-            const bool inside = boxRect().contains(place) && isEnabled();
-            if (inside != hovered_) {
-                hovered_ = inside;
-                update();
-            }
+            const bool isInside = boxRect().contains(place) && isEnabled();
+            apply(isInside ? FieldState::Event::mouseEntered : FieldState::Event::mouseLeft);
             break;
         }
         case QEvent::ToolTip: {
@@ -250,14 +259,17 @@ void AdvanceText::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !boxRect().contains(event->position())) return;
     edit_->setFocus(Qt::MouseFocusReason);
     if (!buttonRect().contains(event->position())) return;
-    pressed_ = true;
-    update();
+    apply(FieldState::Event::buttonPressed);
     emit ButtonClick();
 }
 
-void AdvanceText::mouseReleaseEvent(QMouseEvent*) {
-    pressed_ = false;
-    update();
+void AdvanceText::mouseReleaseEvent(QMouseEvent*) { apply(FieldState::Event::buttonReleased); }
+
+bool AdvanceText::isUnderPointer() const {
+    const QPoint place = QCursor::pos();
+    const QWidget* const under = QApplication::widgetAt(place);
+    return isEnabled() && under && (under == this || isAncestorOf(under)) &&
+           boxRect().contains(mapFromGlobal(place));
 }
 
 }  // namespace marvello

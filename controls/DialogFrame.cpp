@@ -1,5 +1,6 @@
 #include "controls/DialogFrame.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -34,6 +35,7 @@ DialogFrame::DialogFrame(const QString& title, QWidget* parent)
     button->setIcon(icon(QStringLiteral("close")));
     button->setIconSize(QSize(14, 14));
     button->setAutoRaise(true);
+    button->setAccessibleName(QCoreApplication::translate("QMdiSubWindow", "Close"));
     button->setFocusPolicy(Qt::NoFocus);
     button->setFixedSize(28, 28);
     button->setStyleSheet(QStringLiteral("QToolButton { border: 0; border-radius: 6px; }"

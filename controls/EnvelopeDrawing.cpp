@@ -44,6 +44,8 @@ void drawText(QPainter& painter, const QPointF& baseline, const QFont& font, con
     painter.drawText(baseline, text);
 }
 
+QFont captionFont() { return lookFont(labelSize, QFont::Medium); }
+
 QString labelOf(double value) {
     QString text = QString::number(std::abs(value) < 1e-9 ? 0 : value, 'g', 6);
     return text.replace(u'-', QChar(0x2212));
@@ -152,7 +154,7 @@ void EnvelopeDrawing::paint(QPainter& painter, const QRectF& place, const GraphC
     painter.fillRect(place, colours.plot);
     paintGrid(painter, place, colours);
     paintLabels(painter, place, colours);
-    paintLimits(painter, place, colours);
+    paintLimits(painter, place, colours, drawingOrder());
     paintCaptions(painter, place, colours);
     paintTitles(painter, place, colours);
     paintPoint(painter, place, colours);
@@ -162,10 +164,14 @@ void EnvelopeDrawing::paint(QPainter& painter, const QRectF& place, const GraphC
 void EnvelopeDrawing::paintLines(QPainter& painter, const QRectF& place, const GraphColours& colours) const {
     if (!isDrawable(place)) return;
     paintGrid(painter, place, colours);
-    paintLimits(painter, place, colours);
+    std::vector<const clsLimit*> order;
+    for (const auto& limit : limits)
+        if (limit->Visible && limit->Points.Count() > 0) order.push_back(limit.get());
+    paintLimits(painter, place, colours, order);
 }
 
-void EnvelopeDrawing::paintLimits(QPainter& painter, const QRectF& place, const GraphColours& colours) const {
+void EnvelopeDrawing::paintLimits(QPainter& painter, const QRectF& place, const GraphColours& colours,
+                                  const std::vector<const clsLimit*>& order) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     const auto draw = [&](const clsLimit& limit, const QPen& pen) {
@@ -176,7 +182,7 @@ void EnvelopeDrawing::paintLimits(QPainter& painter, const QRectF& place, const 
         else
             painter.drawPolyline(line);
     };
-    for (const clsLimit* limit : drawingOrder()) {
+    for (const clsLimit* limit : order) {
         if (limit->LimitType == limitType::over) {
             // An under-stroke of width 2, whatever the line's own, lets it stand out against the grid.
             QPen under = penOf(*limit, colours.plot);
@@ -291,19 +297,18 @@ bool EnvelopeDrawing::touchesOther(const QRectF& caption, const clsLimit& own, c
     return false;
 }
 
-void EnvelopeDrawing::paintCaptions(QPainter& painter, const QRectF& place,
-                                    const GraphColours& colours) const {
+std::vector<EnvelopeDrawing::Caption> EnvelopeDrawing::captions(const QRectF& place) const {
     constexpr double offLine = 6;
     constexpr double inFromCorner = 8;
-    const QFont font = lookFont(labelSize, QFont::Medium);
-    const QFontMetricsF metrics(font);
-    std::vector<QRectF> taken;
+    constexpr double apart = 4;
+    const QFontMetricsF metrics(captionFont());
+    std::vector<Caption> result;
     for (const clsLimit* limit : drawingOrder()) {
-        const QString caption = QString::fromStdString(limit->Caption).trimmed();
-        if (caption.isEmpty()) continue;
+        const QString text = QString::fromStdString(limit->Caption).trimmed();
+        if (text.isEmpty()) continue;
         const auto segment = captionSegment(lineOf(*limit, place));
         if (!segment) continue;
-        const QSizeF size(metrics.horizontalAdvance(caption), metrics.capHeight());
+        const QSizeF size(metrics.horizontalAdvance(text), metrics.capHeight());
         // The line may rise to the right: the caption keeps clear of it over its whole width.
         const auto lineAt = [&](double x) {
             return segment->dx() > 0 ? segment->pointAt((x - segment->x1()) / segment->dx()).y()
@@ -317,16 +322,31 @@ void EnvelopeDrawing::paintCaptions(QPainter& painter, const QRectF& place,
             return touchesOther(below.adjusted(-2, -2, 2, 2), *limit, place) ? above : below;
         };
         const auto isTaken = [&](const QRectF& room) {
-            return std::ranges::any_of(
-                taken, [&](const QRectF& other) { return other.adjusted(-4, -4, 4, 4).intersects(room); });
+            return std::ranges::any_of(result, [&](const Caption& other) {
+                return other.room.adjusted(-apart, -apart, apart, apart).intersects(room);
+            });
         };
-        QRectF room = placed(segment->p2().x() - inFromCorner);
+        const QRectF first = placed(segment->p2().x() - inFromCorner);
+        QRectF room = first;
         while (isTaken(room) && room.left() > segment->x1() + size.width())
             room = placed(room.right() - size.width() - inFromCorner);
-        taken.push_back(room);
-        const QPointF baseline = room.bottomLeft();
-        drawText(painter, baseline, font, caption, colours.line(*limit), colours.plot);
+        // No room along the line: the nearest one over or under the caption that is in the way.
+        const double step = size.height() + apart + 1;
+        for (int rows = 1; isTaken(room) && rows * step < place.height(); ++rows)
+            for (const int side : {-1, 1})
+                if (const QRectF beside = first.translated(0, side * rows * step);
+                    isTaken(room) && !isTaken(beside))
+                    room = beside;
+        result.push_back({limit, text, room});
     }
+    return result;
+}
+
+void EnvelopeDrawing::paintCaptions(QPainter& painter, const QRectF& place,
+                                    const GraphColours& colours) const {
+    for (const Caption& caption : captions(place))
+        drawText(painter, caption.room.bottomLeft(), captionFont(), caption.text,
+                 colours.line(*caption.limit), colours.plot);
 }
 
 void EnvelopeDrawing::paintTitles(QPainter& painter, const QRectF& place, const GraphColours& colours) const {

@@ -49,6 +49,7 @@ class EnvelopeDrawing {
     std::optional<clsPoint> point;
     QString textX;
     QString textY;
+    QString pointText;  ///< what the operating point is called at the mouse
     bool gridVisible = true;
     bool axisVisible = true;
     double gridGap = 5;
@@ -65,11 +66,20 @@ class EnvelopeDrawing {
     std::vector<const clsLimit*> drawingOrder() const;
 
     void paint(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
-    /// Paints grid, axes and limits alone.
+    /// Paints grid, axes and limits alone, the limits in the order of their collection.
     void paintLines(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
     /// Paints the number of each limit (from 1, in the order of drawing) and of the point (one more) as a
     /// colour, somewhat wider than they look, for finding what lies under the mouse.
     void paintHits(QPainter& painter, const QRectF& place) const;
+
+    /// A caption beside the line of its limit.
+    struct Caption {
+        const clsLimit* limit;
+        QString text;
+        QRectF room;
+    };
+    /// Returns where the captions are in `place`. None is on top of another one.
+    std::vector<Caption> captions(const QRectF& place) const;
 
     /// Where a point of the plane stands in `place`, and back.
     QPointF toPlace(const clsPoint& of, const QRectF& place) const;
@@ -78,7 +88,8 @@ class EnvelopeDrawing {
   private:
     bool isDrawable(const QRectF& place) const;
     void paintGrid(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
-    void paintLimits(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
+    void paintLimits(QPainter& painter, const QRectF& place, const GraphColours& colours,
+                     const std::vector<const clsLimit*>& order) const;
     void paintLabels(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
     void paintCaptions(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
     void paintTitles(QPainter& painter, const QRectF& place, const GraphColours& colours) const;

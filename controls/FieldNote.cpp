@@ -1,5 +1,6 @@
 #include "controls/FieldNote.h"
 
+#include <QAccessible>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
@@ -29,8 +30,10 @@ FieldNote::FieldNote(const QWidget& field) : QWidget(field.window()) {
     hide();
 }
 
-void FieldNote::say(const QString& text, const QWidget& field, const QRect& box) {
+void FieldNote::say(const QString& text, const QWidget& field, const QRect& box, Kind kind) {
+    const bool isNew = isHidden() || text != text_;
     text_ = text;
+    kind_ = kind;
     setAccessibleName(text);
     const QRect words = QFontMetrics(noteFont()).boundingRect(0, 0, widestText, 1000, Qt::TextWordWrap, text);
     const int width = words.width() + 1 + 2 * padding + markSize + markGap;
@@ -48,6 +51,10 @@ void FieldNote::say(const QString& text, const QWidget& field, const QRect& box)
     }
     raise();
     show();
+    if (isNew) {
+        QAccessibleEvent said(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&said);
+    }
     update();
 }
 
@@ -71,12 +78,12 @@ void FieldNote::paintEvent(QPaintEvent*) {
                                   {body.left() + 1, body.center().y() + arrow}}));
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(look.red, 1));
+    painter.setPen(QPen(kind_ == Kind::fault ? look.red : look.accent, 1));
     painter.setBrush(look.raised);
     painter.drawPath(shape.united(tip));
     const QRect inner = bubble().adjusted(padding, 0, -padding, 0);
     paintMark(painter, QRect(inner.left(), inner.center().y() - markSize / 2 + 1, markSize, markSize),
-              QStringLiteral("ledred"));
+              kind_ == Kind::fault ? QStringLiteral("ledred") : QStringLiteral("msginformation"));
     painter.setPen(look.text);
     painter.setFont(noteFont());
     painter.drawText(inner.adjusted(markSize + markGap, 0, 1, 0),

@@ -4,8 +4,8 @@
 
 namespace marvello {
 
-/// What is wrong with the value of a field, in a bubble beside the widget that holds the field, so that it
-/// hides no other input. Takes neither focus nor mouse.
+/// What is wrong with the value of a field, or what the field makes of it, in a bubble beside the widget that
+/// holds the field, so that it hides no other input. Takes neither focus nor mouse.
 class FieldNote : public QWidget {
     Q_OBJECT
 
@@ -13,8 +13,10 @@ class FieldNote : public QWidget {
     /// Stands in the window of `field`.
     explicit FieldNote(const QWidget& field);
 
+    enum class Kind { fault, reading };
+
     /// Shows `text` at the height of `box`, a part of `field`.
-    void say(const QString& text, const QWidget& field, const QRect& box);
+    void say(const QString& text, const QWidget& field, const QRect& box, Kind kind = Kind::fault);
     const QString& text() const { return text_; }
 
   protected:
@@ -24,6 +26,7 @@ class FieldNote : public QWidget {
     QRect bubble() const;
 
     QString text_;
+    Kind kind_ = Kind::fault;
     bool isBelow_ = false;  // no room beside: the bubble hangs under the box
 };
 

@@ -27,8 +27,9 @@ GraphLegend::GraphLegend(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 }
 
-void GraphLegend::setTitle(const QString& title) {
+void GraphLegend::setTexts(const QString& title, const QString& point) {
     title_ = title;
+    pointText_ = point;
     update();
 }
 
@@ -86,7 +87,7 @@ void GraphLegend::paintEvent(QPaintEvent*) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(colours.point);
     painter.drawEllipse(at, 2.8, 2.8);
-    row(QStringLiteral("Point Ted/Tcd"));
+    row(pointText_);
 }
 
 }  // namespace marvello

@@ -16,7 +16,8 @@ class GraphLegend : public QWidget {
   public:
     explicit GraphLegend(QWidget* parent = nullptr);
 
-    void setTitle(const QString& title);
+    /// The title, and what the operating point is called.
+    void setTexts(const QString& title, const QString& point);
     void setLimits(const clsLimits& limits, bool hasPoint);
 
     /// The limits that a legend names, in its order.
@@ -32,6 +33,7 @@ class GraphLegend : public QWidget {
 
   private:
     QString title_;
+    QString pointText_;
     clsLimits limits_;
     bool hasPoint_ = false;
 };

@@ -9,6 +9,7 @@
 #include <memory>
 #include <utility>
 
+#include "controls/Accessibility.h"
 #include "controls/LookStyle.h"
 
 // The resources stand in a static library: nothing links them unless they are asked for.
@@ -167,11 +168,13 @@ const Look& Look::matching(const QPalette& systemPalette) {
 void Look::install(QApplication& application, const Look& look) {
     installed = &look;
     initialiseResources();
+    installAccessibility();
     // The application takes ownership of the style.
     QApplication::setStyle(std::make_unique<LookStyle>().release());
     QApplication::setPalette(paletteOf(look));
-    QApplication::setFont(lookFont());
     application.setStyleSheet(styleSheetOf(look));
+    // The style sheet brings back what the desktop has for menus and the like; the font replaces it.
+    QApplication::setFont(lookFont());
 }
 
 QFont lookFont(int pixelSize, QFont::Weight weight) {

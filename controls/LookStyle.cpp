@@ -99,6 +99,7 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     switch (hint) {
         case SH_ItemView_ShowDecorationSelected:
             return 1;
+        case SH_DialogButtonBox_ButtonsHaveIcons:
         case SH_EtchDisabledText:
         case SH_DitherDisabledText:
         case SH_ToolTip_Mask:

@@ -63,10 +63,13 @@ MessagesView::MessagesView(QWidget* parent) : QListWidget(parent) {
     setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
-void MessagesView::addMessage(const QString& mark, const QString& text, const QString& tag) {
+void MessagesView::addMessage(const QString& mark, const QString& markText, const QString& text,
+                              const QString& tag) {
     auto* item = new QListWidgetItem(text, this);
     item->setData(tagRole, tag);
     item->setData(markRole, mark);
+    if (!markText.isEmpty())
+        item->setData(Qt::AccessibleTextRole, QStringLiteral("%1: %2").arg(markText, text));
 }
 
 void MessagesView::setEmptyText(const QString& text) {

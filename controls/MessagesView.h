@@ -12,7 +12,8 @@ class MessagesView : public QListWidget {
     explicit MessagesView(QWidget* parent = nullptr);
 
     /// `mark` is "msgerror", "msgattention" or "msginformation"; `tag` is kept with the row.
-    void addMessage(const QString& mark, const QString& text, const QString& tag);
+    /// `markText` is what the mark says, for a screen reader.
+    void addMessage(const QString& mark, const QString& markText, const QString& text, const QString& tag);
     void setEmptyText(const QString& text);
     QString tag(int row) const;
     QString mark(int row) const;

@@ -66,6 +66,17 @@ std::string scaledDigits(const Decimal& value, int decimals) {
     return digits;
 }
 
+/// At most 15 digits, in the same form in every locale but for its decimal mark and minus sign.
+QString shortest(double value, const QLocale& locale) {
+    std::array<char, 40> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
+                                   std::chars_format::general, 15)
+                         .ptr;
+    QString text = QString::fromLatin1(buffer.data(), end - buffer.data());
+    text.replace(u'.', locale.decimalPoint());
+    return value < 0 ? locale.negativeSign() + text : text;
+}
+
 QString grouped(const QString& whole, const QLocale& locale) {
     QString result;
     for (qsizetype i = 0; i < whole.size(); ++i) {
@@ -100,13 +111,28 @@ bool appendUngrouped(QStringView whole, const QString& mark, std::string& digits
 
 }  // namespace
 
+QString plainNumberText(QStringView text) {
+    QString plain;
+    for (const char32_t sign : text.toUcs4()) {
+        if (QChar::category(sign) == QChar::Other_Format) continue;
+        if (QChar::category(sign) == QChar::Number_DecimalDigit)
+            plain += QChar(u'0' + QChar::digitValue(sign));
+        else if (sign == U'\u2212' || sign == U'\uFE63' || sign == U'\uFF0D')
+            plain += u'-';
+        else if (sign == U'\u066B')
+            plain += u'.';
+        else
+            plain += QChar::isSpace(sign) ? QString(u' ') : QString::fromUcs4(&sign, 1);
+    }
+    return plain.trimmed();
+}
+
 std::optional<double> typedNumber(QStringView text) {
-    QString plain = text.trimmed().toString();
-    plain.replace(QChar(0x2212), u'-');
+    QString plain = plainNumberText(text);
     plain.replace(u',', u'.');
     if (plain.startsWith(u'+') && !plain.startsWith(u"+-")) plain.remove(0, 1);
     for (const QChar sign : plain)
-        if (!(sign >= u'0' && sign <= u'9') && !QStringView(u".-+eE").contains(sign)) return std::nullopt;
+        if (!isDigit(sign) && !QStringView(u".-+eE").contains(sign)) return std::nullopt;
     const std::string digits = plain.toStdString();
     double value = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
@@ -117,9 +143,7 @@ std::optional<double> typedNumber(QStringView text) {
 
 QString formatNumber(double value, QStringView pattern, const QLocale& locale) {
     if (!std::isfinite(value)) return {};
-    QLocale plain(locale);
-    plain.setNumberOptions(QLocale::OmitGroupSeparator);
-    if (pattern.trimmed().isEmpty()) return plain.toString(value, 'g', 15);
+    if (pattern.trimmed().isEmpty()) return shortest(value, locale);
 
     const Pattern shape = parsed(pattern);
     std::string digits = scaledDigits(decimalOf(std::abs(value)), shape.decimals);

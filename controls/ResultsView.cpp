@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
@@ -60,9 +61,9 @@ class CellDelegate : public QStyledItemDelegate {
 
 }  // namespace
 
-ResultsView::ResultsView(QWidget* parent) : QTreeView(parent) {
+ResultsView::ResultsView(QWidget* parent) : QTreeView(parent), headings_(new TwoLineHeader(this)) {
     setModel(&model_);
-    setHeader(new TwoLineHeader(this));
+    setHeader(headings_);
     header()->setStretchLastSection(false);
     header()->setMouseTracking(true);
     setItemDelegate(new CellDelegate(this));
@@ -110,11 +111,36 @@ void ResultsView::setColumns(const std::vector<Column>& columns) {
     }
 }
 
+void ResultsView::setSortable() {
+    headings_->setSortable();
+    connect(headings_, &TwoLineHeader::sectionClicked, this,
+            [this](int column) { emit headingClicked(columnKeys().value(column)); });
+    connect(headings_, &TwoLineHeader::sectionReached, this, [this](int column) {
+        // The first column is always in sight, over what scrolls.
+        if (column == 0) return;
+        const int left = headings_->sectionViewportPosition(column) - headings_->sectionSize(0);
+        const int beyond =
+            left + headings_->sectionSize(0) + headings_->sectionSize(column) - viewport()->width();
+        QScrollBar* bar = horizontalScrollBar();
+        if (left < 0)
+            bar->setValue(bar->value() + left);
+        else if (beyond > 0)
+            bar->setValue(bar->value() + std::min(beyond, left));
+    });
+}
+
+void ResultsView::markSorted(const QString& column, bool descending) {
+    headings_->setSortMark(static_cast<int>(columnKeys().indexOf(column)), descending);
+}
+
 void ResultsView::addGroup(const QString& key, const QString& text) {
     addRow({key, {}, text, QStringLiteral("ledblue"), {}, {}});
     const int row = model_.rowCount() - 1;
-    for (int column = 0; column < model_.columnCount(); ++column)
+    const QString spoken = QString(spokenGroup_).replace(QStringLiteral("{0}"), text);
+    for (int column = 0; column < model_.columnCount(); ++column) {
         model_.setData(model_.index(row, column), true, groupRole);
+        model_.setData(model_.index(row, column), spoken, Qt::AccessibleTextRole);
+    }
     setFirstColumnSpanned(row, {}, true);
 }
 
@@ -127,7 +153,16 @@ void ResultsView::addRow(const Row& row) {
     label->setAccessibleText(row.markText.isEmpty() ? row.label
                                                     : row.label + QStringLiteral(", ") + row.markText);
     items.append(label.release());
-    for (const QString& value : row.values) items.append(std::make_unique<QStandardItem>(value).release());
+    const QString none = QStringLiteral("\u2013");
+    for (const QString& value : row.values) {
+        // A figure says what it is, as a heading far above it does for the eye.
+        const auto [name, unit] = TwoLineHeader::lines(
+            model_.headerData(static_cast<int>(items.size()), Qt::Horizontal).toString());
+        auto cell = std::make_unique<QStandardItem>(value);
+        cell->setAccessibleText(
+            QStringList{name, value.trimmed().isEmpty() ? none : value.trimmed(), unit}.join(u' ').trimmed());
+        items.append(cell.release());
+    }
     model_.appendRow(items);
 }
 
@@ -244,6 +279,37 @@ void ResultsView::drawRow(QPainter* painter, const QStyleOptionViewItem& options
     plain.palette.setColor(QPalette::Highlight, Qt::transparent);
     plain.backgroundBrush = Qt::NoBrush;
     QTreeView::drawRow(painter, plain, index);
+    if (horizontalOffset() > 0) drawLabelOver(painter, plain, index);
+}
+
+// The label stays in sight when the values are scrolled sideways: painted once more, over what is in its
+// place.
+void ResultsView::drawLabelOver(QPainter* painter, const QStyleOptionViewItem& options,
+                                const QModelIndex& index) const {
+    const Look& look = Look::current();
+    const bool group = isGroup(index.row());
+    QStyleOptionViewItem label(options);
+    label.rect = QRect(0, options.rect.top(), group ? viewport()->width() : header()->sectionSize(0),
+                       options.rect.height());
+    const bool selected = selectionModel()->isRowSelected(index.row(), {});
+    painter->fillRect(label.rect, selected ? isInUse() ? look.accentTint : look.hover
+                                  : group  ? look.surfaceAlt
+                                           : look.surface);
+    if (group) {
+        painter->fillRect(QRect(label.rect.bottomLeft(), QSize(label.rect.width(), 1)), look.line);
+    } else {
+        painter->fillRect(QRect(label.rect.topRight(), QSize(1, label.rect.height())), look.controlLine);
+    }
+    if (selected) painter->fillRect(QRect(label.rect.topLeft(), QSize(3, label.rect.height())), look.accent);
+    itemDelegate()->paint(painter, label, index.siblingAtColumn(0));
+}
+
+void ResultsView::scrollContentsBy(int dx, int dy) {
+    QTreeView::scrollContentsBy(dx, dy);
+    // What is painted over the scrolled cells does not move with them.
+    if (dx == 0) return;
+    viewport()->update();
+    header()->viewport()->update();
 }
 
 void ResultsView::keyPressEvent(QKeyEvent* event) {
@@ -256,7 +322,8 @@ void ResultsView::keyPressEvent(QKeyEvent* event) {
 bool ResultsView::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
-        const int column = header()->logicalIndexAt(help->pos().x());
+        const int x = help->pos().x();
+        const int column = x < header()->sectionSize(0) ? 0 : header()->logicalIndexAt(x);
         const QString text =
             column < 0 ? QString() : model_.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
         QToolTip::showText(help->globalPos(), text, this);

@@ -8,8 +8,11 @@
 
 namespace marvello {
 
-/// A list of results in columns, under group rows. Rows and columns are known by their keys. Several rows may
-/// be selected; the one chosen last leads.
+class TwoLineHeader;
+
+/// A list of results in columns, under group rows. The first column stays in place when the others scroll
+/// sideways. Rows and columns are known by their keys. Several rows may be selected; the one chosen last
+/// leads.
 class ResultsView : public QTreeView {
     Q_OBJECT
     Q_PROPERTY(QString Tag MEMBER tag_)
@@ -38,6 +41,12 @@ class ResultsView : public QTreeView {
     void clear();
     /// The first column holds the labels.
     void setColumns(const std::vector<Column>& columns);
+    /// What a screen reader says of a group row, with "{0}" for its text.
+    void setSpokenGroup(const QString& pattern) { spokenGroup_ = pattern; }
+    /// Lets a click on a heading, or its keys, ask for another order of the rows.
+    void setSortable();
+    /// Marks the column by which the rows are sorted; a key that no column has marks none.
+    void markSorted(const QString& column, bool descending);
     void addGroup(const QString& key, const QString& text);
     void addRow(const Row& row);
     /// Widens every column until neither its header nor a value is cut; those that the user made wider or
@@ -70,22 +79,29 @@ class ResultsView : public QTreeView {
   signals:
     /// The selected rows changed, by mouse, key or program.
     void rowSelected();
+    /// A heading was clicked, or chosen with its keys.
+    void headingClicked(const QString& column);
     /// The keys of copying were pressed.
     void copyRequested();
 
   protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& options,
                  const QModelIndex& index) const override;
+    void scrollContentsBy(int dx, int dy) override;
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void drawLabelOver(QPainter* painter, const QStyleOptionViewItem& options,
+                       const QModelIndex& index) const;
     bool isInUse() const;
     int fittingWidth(int column) const;
     void setWidth(int column, int width);
 
     QStandardItemModel model_;
+    TwoLineHeader* headings_;
     QString tag_;
+    QString spokenGroup_ = QStringLiteral("{0}");
     QHash<QString, int> chosenWidths_;
     bool isArranging_ = false;  // widths are set by the program
 };

@@ -1,8 +1,11 @@
 #include "controls/Splitter.h"
 
+#include <QAbstractItemView>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <algorithm>
 #include <cmath>
 
@@ -10,9 +13,18 @@
 
 namespace marvello {
 
-Splitter::Splitter(QWidget* parent) : QWidget(parent) {
+Splitter::Splitter(QWidget* parent)
+    : QWidget(parent), dragBar_(new QWidget(this)), Timer1_(new QTimer(this)) {
     setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);
+    dragBar_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    dragBar_->setAutoFillBackground(true);
+    dragBar_->hide();
+    constexpr int interval = 100;  // milliseconds
+    Timer1_->setInterval(interval);
+    connect(Timer1_, &QTimer::timeout, this, [this] {
+        if (dragging_ && !window()->frameGeometry().contains(QCursor::pos())) endDrag(true);
+    });
 }
 
 void Splitter::SetOrientation(int orientation) {
@@ -106,9 +118,15 @@ void Splitter::moveTo(int position) {
 }
 
 void Splitter::place() {
-    if (QWidget* first = taken(child1_)) first->setGeometry(half(0, current_));
-    if (QWidget* second = taken(child2_)) second->setGeometry(half(current_ + splitterSize_, total()));
+    if (QWidget* first = taken(child1_)) putInPlace(*first, half(0, current_));
+    if (QWidget* second = taken(child2_)) putInPlace(*second, half(current_ + splitterSize_, total()));
     update();
+}
+
+void Splitter::putInPlace(QWidget& child, const QRect& half) {
+    constexpr int border = 1;
+    const bool isList = qobject_cast<QAbstractItemView*>(&child) != nullptr;
+    child.setGeometry(isList ? half.adjusted(-border, -border, border, border) : half);
 }
 
 void Splitter::resizeEvent(QResizeEvent*) {
@@ -124,9 +142,8 @@ void Splitter::paintEvent(QPaintEvent*) {
     const Look& look = Look::current();
     const QRect bar = barRect();
     QPainter painter(this);
-    const QColor& chosen = dragging_ && !liveUpdate_ ? splitterDragColor_ : splitterBackColor_;
     painter.fillRect(rect(), look.surface);
-    painter.fillRect(bar, chosen.isValid() ? chosen : look.window);
+    painter.fillRect(bar, splitterBackColor_.isValid() ? splitterBackColor_ : look.window);
     painter.setPen(look.line);
     if (orientation_ == 0) {
         painter.drawLine(bar.topLeft(), bar.bottomLeft());
@@ -161,16 +178,28 @@ void Splitter::mousePressEvent(QMouseEvent* event) {
     dragStart_ = current_;
     grabOffset_ = along(event->pos()) - current_;
     grabKeyboard();
+    Timer1_->start();
+    if (!liveUpdate_) {
+        QPalette palette = dragBar_->palette();
+        palette.setColor(QPalette::Window, splitterDragColor_);
+        dragBar_->setPalette(palette);
+        dragBar_->setGeometry(barRect());
+        dragBar_->raise();
+        dragBar_->show();
+    }
     update();
 }
 
 void Splitter::mouseMoveEvent(QMouseEvent* event) {
     if (!dragging_) return;
+    if (clipCursor_ && !rect().contains(event->pos()))
+        QCursor::setPos(mapToGlobal(QPoint(std::clamp(event->pos().x(), 0, width() - 1),
+                                           std::clamp(event->pos().y(), 0, height() - 1))));
     current_ = clamped(along(event->pos()) - grabOffset_);
     if (liveUpdate_)
         place();
     else
-        update();
+        dragBar_->setGeometry(barRect());
 }
 
 void Splitter::mouseReleaseEvent(QMouseEvent*) {
@@ -186,6 +215,8 @@ void Splitter::keyPressEvent(QKeyEvent* event) {
 
 void Splitter::endDrag(bool keep) {
     dragging_ = false;
+    Timer1_->stop();
+    dragBar_->hide();
     releaseKeyboard();
     if (!keep) current_ = dragStart_;
     splitterPos_ = current_;

@@ -4,6 +4,8 @@
 #include <QPointer>
 #include <QWidget>
 
+class QTimer;
+
 namespace marvello {
 
 /// Divides its area in two by a bar that can be dragged. The halves are named: a sibling or a child of the
@@ -86,8 +88,10 @@ class Splitter : public QWidget {
     void moveTo(int position);
     void place();
     void endDrag(bool keep);
+    /// Puts a half in its place. A list overlaps the bar and the edges by its border, which is no seam then.
+    static void putInPlace(QWidget& child, const QRect& half);
 
-    QColor splitterDragColor_;
+    QColor splitterDragColor_ = 0x808080;
     QColor splitterBackColor_;
     QString child1_;
     QString child2_;
@@ -106,6 +110,8 @@ class Splitter : public QWidget {
     bool liveUpdate_ = true;
     bool clipCursor_ = false;
 
+    QWidget* dragBar_;  // over the halves while only the bar follows the mouse
+    QTimer* Timer1_;    // sees the mouse leave the window
     int current_ = 0;
     int dragStart_ = 0;
     int grabOffset_ = 0;

@@ -87,7 +87,7 @@ void ctlBtn::paintEvent(QPaintEvent*) {
     painter.setPen(colours.text);
     const double textWidth = QFontMetricsF(font).size(Qt::TextShowMnemonic, text()).width();
     const double chip = keyHint_.isEmpty() ? 0 : chipWidth(keyHint_);
-    const double before = icon().isNull() ? 0 : iconSide + iconGap;
+    const double before = icon().isNull() ? 0 : iconSide + (text().isEmpty() ? 0 : iconGap);
     const double whole = before + textWidth + (chip > 0 ? chipGap + chip : 0);
     const double left = frame.center().x() - whole / 2 + before;
     if (before > 0)

@@ -2,13 +2,14 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QListWidget>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "controls/ApplyRow.h"
+#include "controls/ChoiceList.h"
 #include "controls/Grip.h"
 #include "controls/Look.h"
 
@@ -60,7 +61,8 @@ class RowDelegate : public QStyledItemDelegate {
 
 ctlCombo::ctlCombo(QWidget* parent)
     : QFrame(parent, Qt::Popup | Qt::FramelessWindowHint),
-      list_(new QListWidget(this)),
+      list_(new ChoiceList(this)),
+      apply_(new ApplyRow(this)),
       picresize_(new Grip(QSize(80, 2 * rowHeight), this)) {
     list_->setFrameShape(QFrame::NoFrame);
     list_->setItemDelegate(new RowDelegate(list_));
@@ -73,23 +75,36 @@ ctlCombo::ctlCombo(QWidget* parent)
     list_->installEventFilter(this);
     setFocusProxy(list_);
     connect(list_, &QListWidget::itemClicked, this, &ctlCombo::clicked);
+    connect(apply_, &ApplyRow::clicked, this, &ctlCombo::chooseChecked);
+}
+
+void ctlCombo::SetCaption(const QString& caption) {
+    setAccessibleName(caption);
+    list_->setAccessibleName(caption);
 }
 
 int ctlCombo::RowHeight() const { return rowHeight; }
 
 int ctlCombo::ListCount() const { return list_->count(); }
 
+bool ctlCombo::hasApplyRow() const { return checkBoxes_ && ListCount() > 0; }
+
+void ctlCombo::setApplyText(const QString& text) { apply_->setText(text); }
+
+void ctlCombo::search(const QString& typed) { list_->keyboardSearch(typed); }
+
 int ctlCombo::preferredHeight() const {
     constexpr int emptyHeight = 100;
     constexpr int mostRows = 20;
     if (ListCount() == 0) return emptyHeight;
-    return (std::min(ListCount(), mostRows) + 1) * rowHeight;
+    return (std::min(ListCount(), mostRows) + (hasApplyRow() ? 2 : 1)) * rowHeight;
 }
 
 void ctlCombo::Populate(const QString& list, const QString& keys, bool inert, bool checkBoxes) {
     inert_ = inert;
     checkBoxes_ = checkBoxes;
     list_->clear();
+    list_->forgetTyping();
     const QStringList chosen = keys.split(u';', Qt::SkipEmptyParts);
     for (const QString& entry : list.split(u';', Qt::SkipEmptyParts)) {
         const qsizetype mark = entry.indexOf(u'|');
@@ -118,6 +133,7 @@ void ctlCombo::openUnder(const QRect& box) {
         }
     }
     setGeometry(place);
+    layOut();
     show();
     list_->setFocus();
     if (list_->currentItem()) list_->scrollToItem(list_->currentItem());
@@ -179,8 +195,10 @@ bool ctlCombo::eventFilter(QObject* watched, QEvent* event) {
             hide();
             return true;
         case Qt::Key_Space:
-            if (!checkBoxes_ || !list_->currentItem()) return false;
-            flip(list_->currentItem());
+            if (!checkBoxes_)
+                search(QStringLiteral(" "));
+            else if (list_->currentItem())
+                flip(list_->currentItem());
             return true;
         default:
             return false;
@@ -200,8 +218,13 @@ void ctlCombo::paintEvent(QPaintEvent*) {
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
-void ctlCombo::resizeEvent(QResizeEvent*) {
-    list_->setGeometry(rect().adjusted(1, padding, -1, -padding));
+void ctlCombo::resizeEvent(QResizeEvent*) { layOut(); }
+
+void ctlCombo::layOut() {
+    const int below = hasApplyRow() ? rowHeight : padding;
+    list_->setGeometry(rect().adjusted(1, padding, -1, -below));
+    apply_->setVisible(hasApplyRow());
+    apply_->setGeometry(1, height() - rowHeight, width() - 2, rowHeight - 1);
     picresize_->move(width() - picresize_->width() - 1, height() - picresize_->height() - 1);
     picresize_->raise();
 }

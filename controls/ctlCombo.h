@@ -3,14 +3,16 @@
 #include <QFrame>
 #include <QString>
 
-class QListWidget;
 class QListWidgetItem;
 
 namespace marvello {
 
+class ApplyRow;
+class ChoiceList;
+
 /// The drop list behind every selector: a floating list of "key|description" pairs, with check boxes when
-/// several keys may be chosen. Choice is raised before Closed; Escape and a click elsewhere raise Closed
-/// alone.
+/// several keys may be chosen, and a row below them that takes what is checked. Choice is raised before
+/// Closed; Escape and a click elsewhere raise Closed alone, and nothing is chosen.
 class ctlCombo : public QFrame {
     Q_OBJECT
     Q_PROPERTY(int RowHeight READ RowHeight)
@@ -23,10 +25,18 @@ class ctlCombo : public QFrame {
     /// itself: only Enter and Tab do. With `checkBoxes` rows are checked and the row "*" excludes all others.
     void Populate(const QString& list, const QString& keys, bool inert, bool checkBoxes);
 
+    /// Names the list for a screen reader.
+    void SetCaption(const QString& caption);
+
     int RowHeight() const;
     int ListCount() const;
     /// The told height for the number of rows.
     int preferredHeight() const;
+
+    /// The text of the row that takes what is checked.
+    void setApplyText(const QString& text);
+    /// Goes to the row that is meant by what was typed.
+    void search(const QString& typed);
 
     /// Shows the list under `box`, a rectangle in global coordinates, or above it where the screen ends.
     void openUnder(const QRect& box);
@@ -47,7 +57,11 @@ class ctlCombo : public QFrame {
     void choose();
     void chooseChecked();
 
-    QListWidget* list_;
+    bool hasApplyRow() const;
+    void layOut();
+
+    ChoiceList* list_;
+    ApplyRow* apply_;
     QWidget* picresize_;
     bool inert_ = false;
     bool checkBoxes_ = false;

@@ -140,7 +140,7 @@ QString ctlGraph::nameAt(const QPoint& place) {
     if (!hits_.rect().contains(place)) return {};
     const auto order = drawing_.drawingOrder();
     const auto number = hits_.pixel(place) & RGB_MASK;
-    if (number == order.size() + 1) return QStringLiteral("Point Ted/Tcd: ");
+    if (number == order.size() + 1) return drawing_.pointText + QStringLiteral(": ");
     if (number == 0 || number > order.size()) return {};
     const clsLimit& limit = *order[number - 1];
     const std::string& name = limit.Description.empty() ? limit.Caption : limit.Description;

@@ -69,6 +69,8 @@ class ctlGraph : public QWidget {
     void SetTextX(const QString& text);
     QString TextY() const { return drawing_.textY; }
     void SetTextY(const QString& text);
+    /// What the operating point is called at the mouse.
+    void SetPointText(const QString& text) { drawing_.pointText = text; }
 
     QSize sizeHint() const override { return {560, 360}; }
 

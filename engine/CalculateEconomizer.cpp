@@ -58,8 +58,9 @@ void EconomizerCalculation::CalculateEconomizer() {
     if (mode == 1) checkApproach();
 }
 
-/// Between the capacity without economizer and the one with all liquid brought down to the evaporating
-/// temperature.
+/// Between the capacity without economizer and a bound that adds the heat from the subcooled liquid to
+/// saturated vapour at the evaporating pressure (`HE`), which is nearly the capacity again. No economizer
+/// comes close to it: a search ends long before, with message26.
 bool EconomizerCalculation::isCapacityWithinReach() {
     const double least = roundedToPlaces(v_("Q0"), 1);
     const double most = checked(v_("Q0") + v_("Mbase") * (v_("HE") - v_("Hl")) / secondsPerHour);

@@ -140,6 +140,9 @@ void CompressorCalculation::suctionState() {
 void CompressorCalculation::liquidSide() {
     let("Plb", [&] { return v_("Pc"); }, units_.Punits);
     let("Tlb", [&] { return v_("Tcb"); }, units_.Tunits);
+    // A pure fluid has liquid and vapour at one temperature and pressure, of which the library returns the
+    // vapour: `Hlb` and `Hcb` are vapour enthalpies then, and those of the liquid for a blend. In Q0 they
+    // cancel out.
     let("Tl", [&] { return v_("Tlb") - v_("Sc"); }, units_.Tunits);
     let("Hl", [&] { return H(v_("Tl"), v_("Pc")); }, units_.Hunits);
     let("Hlb", [&] { return H(v_("Tlb"), v_("Plb")); }, units_.Hunits);

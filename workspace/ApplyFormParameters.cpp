@@ -23,9 +23,10 @@ namespace marvello {
 namespace {
 
 /// The names under which a set knows properties of the window library.
-constexpr std::array<std::pair<const char*, const char*>, 3> otherNames{{
+constexpr std::array<std::pair<const char*, const char*>, 4> otherNames{{
     {"ToolTipText", "toolTip"},
     {"Caption", "text"},
+    {"Caption", "title"},
     {"Caption", "windowTitle"},
 }};
 

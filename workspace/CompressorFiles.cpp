@@ -27,8 +27,9 @@ QString photoFile(const QString& serie, const QString& model) {
 }
 
 QImage readPhoto(const QString& serie, const QString& model) {
-    QImageReader reader(photoFile(serie, model));
-    reader.setDecideFormatFromContent(true);
+    // A file of another kind under this name, such as a drawing with scripts in it, reaches no other reader.
+    QImageReader reader(photoFile(serie, model), "jpeg");
+    reader.setAutoDetectImageFormat(false);
     return reader.read();
 }
 

@@ -1,9 +1,12 @@
 #include "workspace/DropList.h"
 
+#include <QKeyEvent>
 #include <QWidget>
 
 #include "controls/AdvanceText.h"
 #include "controls/ctlCombo.h"
+#include "data/Texts.h"
+#include "workspace/WindowTexts.h"
 
 namespace marvello {
 
@@ -14,7 +17,18 @@ DropList::DropList(QWidget* window) : QObject(window), combo_(new ctlCombo(windo
 }
 
 void DropList::serve(AdvanceText* field, bool checkBoxes) {
+    // A letter that opens the list is the first of the name that is meant.
+    field->focusProxy()->installEventFilter(this);
     connect(field, &AdvanceText::ButtonClick, this, [this, field, checkBoxes] { open(field, checkBoxes); });
+}
+
+bool DropList::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) typed_.clear();
+    if (event->type() == QEvent::KeyPress)
+        if (const QString text = static_cast<QKeyEvent*>(event)->text();
+            !text.isEmpty() && text.front().isPrint())
+            typed_ = text;
+    return QObject::eventFilter(watched, event);
 }
 
 void DropList::open(AdvanceText* field, bool checkBoxes) {
@@ -22,15 +36,21 @@ void DropList::open(AdvanceText* field, bool checkBoxes) {
     field_ = field;
     checkBoxes_ = checkBoxes;
     combo_->Populate(field->Tag1(), field->Key(), false, checkBoxes);
+    combo_->SetCaption(field->CaptionText());
+    if (checkBoxes) combo_->setApplyText(dictionaryText(QStringLiteral("frmselection.apply")));
     combo_->openUnder(field->globalBox());
+    if (!typed_.isEmpty()) combo_->search(typed_);
+    typed_.clear();
     field->setOpen(true);
 }
 
 void DropList::take(const QString& key, const QString& text) {
     AdvanceText* field = field_;
-    if (!field) return;
+    // The entry that is chosen already changes nothing.
+    if (!field || key == field->Key()) return;
+    const QString known = fromCore(ListLookup(toCore(key), toCore(field->Tag1())));
     // The text first: who hears of the new key may read both.
-    field->SetTextValue(checkBoxes_ && key != u"*" ? key : text);
+    field->SetTextValue(checkBoxes_ && key != u"*" ? key : known.isEmpty() ? text : known);
     field->SetKey(key);
 }
 

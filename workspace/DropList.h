@@ -19,6 +19,9 @@ class DropList : public QObject {
     /// Lets the button of `field` open the list, with check boxes when several keys may be chosen.
     void serve(AdvanceText* field, bool checkBoxes = false);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void open(AdvanceText* field, bool checkBoxes);
     void take(const QString& key, const QString& text);
@@ -27,6 +30,7 @@ class DropList : public QObject {
     ctlCombo* combo_;
     QPointer<AdvanceText> field_;
     bool checkBoxes_ = false;
+    QString typed_;  ///< what opened the list, if it was a letter
 };
 
 }  // namespace marvello

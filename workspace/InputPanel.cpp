@@ -78,6 +78,9 @@ InputPanel::InputPanel(bool hasFrequency, QWidget* parent)
     cmbMotorSize = list("cmbMotorSize");
     cmbMotorRPM = list("cmbMotorRPM");
     cmbStepCapacity = list("cmbStepCapacity");
+    txtSH->SetNamedBy(cmbSh);
+    txtEco->SetNamedBy(cmbEco);
+    txtOilCooling->SetNamedBy(cmbOilCooling);
     for (AdvanceText* hidden : {txtTEM, txtTCM, txtEco, txtOilCooling}) hidden->hide();
 
     lnkCalculate = new ctlBtn(this);
@@ -124,6 +127,10 @@ void InputPanel::makeTabOrder() {
     for (qsizetype i = 1; i < fields_.size(); ++i) QWidget::setTabOrder(fields_[i - 1], fields_[i]);
     QWidget::setTabOrder(fields_.back(), lnkCalculate);
     QWidget::setTabOrder(lnkCalculate, lnkDefaults);
+}
+
+void InputPanel::commit() {
+    for (AdvanceText* field : fields_) field->commit();
 }
 
 void InputPanel::ResizeControls(int captionWidth) {

@@ -49,6 +49,9 @@ class InputPanel : public Container {
     /// All inputs, in the order of the panel.
     const QList<AdvanceText*>& fields() const { return fields_; }
 
+    /// Puts values in the place of texts that say them in other words; see AdvanceText::commit.
+    void commit();
+
     /// Sets the width of the captions and lays out.
     void ResizeControls(int captionWidth);
     /// Lays the rows out; to be called when a field was shown or hidden.

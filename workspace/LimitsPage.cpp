@@ -13,33 +13,49 @@ LimitsPage::LimitsPage(QWidget* parent) : QWidget(parent) {
     limitgraph_->setObjectName(QStringLiteral("limitgraph"));
     picGraphLbl_ = new GraphLegend(this);
     picGraphLbl_->setObjectName(QStringLiteral("picGraphLbl"));
-    auto* between = new QWidget(this);
-    between->setFixedWidth(1);
-    between->setStyleSheet(QStringLiteral("background: %1").arg(Look::current().line.name()));
+    between_ = new QWidget(this);
+    between_->setFixedWidth(1);
+    between_->setStyleSheet(QStringLiteral("background: %1").arg(Look::current().line.name()));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     row->addWidget(limitgraph_, 1);
-    row->addWidget(between);
+    row->addWidget(between_);
     row->addWidget(picGraphLbl_);
 }
 
-void LimitsPage::setTexts(const QString& x, const QString& y, const QString& legend) {
+void LimitsPage::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // The name of a line also shows under the mouse; the graph needs the room more.
+    constexpr int leastWidthWithLegend = 480;
+    picGraphLbl_->setVisible(width() >= leastWidthWithLegend);
+}
+
+void LimitsPage::setTexts(const QString& x, const QString& y, const QString& legend, const QString& point) {
     limitgraph_->SetTextX(x);
     limitgraph_->SetTextY(y);
     limitgraph_->setAccessibleName(legend);
-    picGraphLbl_->setTitle(legend);
+    limitgraph_->SetPointText(point);
+    picGraphLbl_->setTexts(legend, point);
 }
 
 void LimitsPage::clear() {
     limitgraph_->Clear();
     picGraphLbl_->setLimits(clsLimits(), false);
+    showParts(false);
+}
+
+// Axes without an envelope would be those of another compressor.
+void LimitsPage::showParts(bool shown) {
+    for (QWidget* part : std::initializer_list<QWidget*>{limitgraph_, between_, picGraphLbl_})
+        part->setVisible(shown);
 }
 
 void LimitsPage::setLimits(const clsLimits& limits, const clsPoint& point) {
     limitgraph_->SetPoint(point);
     limitgraph_->SetLimits(limits);
     picGraphLbl_->setLimits(limits, true);
+    showParts(true);
 }
 
 }  // namespace marvello

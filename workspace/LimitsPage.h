@@ -16,13 +16,19 @@ class LimitsPage : public QWidget {
   public:
     explicit LimitsPage(QWidget* parent = nullptr);
 
-    /// The titles of the axes and of the legend.
-    void setTexts(const QString& x, const QString& y, const QString& legend);
+    /// The titles of the axes and of the legend, and what the operating point is called.
+    void setTexts(const QString& x, const QString& y, const QString& legend, const QString& point);
     void clear();
     void setLimits(const clsLimits& limits, const clsPoint& point);
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
+    void showParts(bool shown);
+
     ctlGraph* limitgraph_;
+    QWidget* between_;
     GraphLegend* picGraphLbl_;
 };
 

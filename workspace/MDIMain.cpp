@@ -4,6 +4,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -175,13 +176,20 @@ void MDIMain::chooseLanguage(const QString& language) {
     user.language = toCore(language);
     gApplication().SaveUserInformation(user);
     Traduci();
-    for (SelectionForm* form : forms()) form->Traduci();
+    for (SelectionForm* form : forms()) {
+        form->Traduci();
+        describe(*form);
+        TabStrip_->setTabText(TabStrip_->indexOf(form->Key()), form->Description());
+    }
     refreshState();
 }
 
 void MDIMain::openStartMenu() {
     constexpr int delay = 100;  // milliseconds; the window is drawn by then
-    QTimer::singleShot(delay, this, &MDIMain::newForm);
+    QTimer::singleShot(delay, this, [this] {
+        showNewBuilds();
+        newForm();
+    });
 }
 
 void MDIMain::newForm() {
@@ -201,17 +209,16 @@ void MDIMain::newForm() {
 
 SelectionForm* MDIMain::newSelection() {
     const WaitCursor wait;
-    return open(std::make_unique<frmSelection>(),
-                dictionaryText(QStringLiteral("formselection.description")).trimmed());
+    return open(std::make_unique<frmSelection>());
 }
 
 SelectionForm* MDIMain::newInverterSelection() {
     const WaitCursor wait;
-    return open(std::make_unique<frmselectionInverter>(), QStringLiteral("inverter"));
+    return open(std::make_unique<frmselectionInverter>());
 }
 
 // The frame of the form owns it from here on.
-SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString& what) {
+SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made) {
     SelectionForm* form = made.release();
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
     // From the form at hand, of either kind; the first form goes on where the one before it ended.
@@ -221,7 +228,7 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString&
     const QIcon picture =
         icon(form->TypeForm() == onInverter.typeForm ? QStringLiteral("inverter") : QStringLiteral("form"));
     form->setKey(number + QStringLiteral("Selection"));
-    form->setDescription(number + u' ' + what);
+    describe(*form);
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->setWindowIcon(picture);
     const QSettings settings = userSettings();
@@ -231,6 +238,7 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString&
     const QString key = form->Key();
     connect(form, &SelectionForm::stateChanged, this, &MDIMain::refreshState);
     connect(form, &SelectionForm::sizesChanged, this, [this, form] { keepSizes(*form); });
+    connect(form, &SelectionForm::guideRequested, this, &MDIMain::showGuide);
     connect(form, &SelectionForm::exported, this, [this](const QString& note) {
         constexpr int shown = 15000;  // milliseconds
         statusBar()->showMessage(note, shown);
@@ -245,12 +253,20 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made, const QString&
     window->setWindowIcon(form->windowIcon());
     // The menu of the program closes forms; two holders of one key would leave it without effect.
     for (QAction* action : window->systemMenu()->actions()) action->setShortcuts({});
-    connect(window, &QMdiSubWindow::windowStateChanged, this, &MDIMain::hideSystemMenu);
+    connect(window, &QMdiSubWindow::windowStateChanged, this, &MDIMain::hideChildControls);
     form->populateLVCPS(cmbGroupBy_->Key().toInt());
     window->showMaximized();
     TabStrip_->setCurrentIndex(tab);
     OpenForms();
     return form;
+}
+
+void MDIMain::describe(SelectionForm& form) {
+    const QString number = form.Key().chopped(QStringLiteral("Selection").size());
+    const QString what =
+        dictionaryText(form.TypeForm() == onInverter.typeForm ? QStringLiteral("formselection.inverter")
+                                                              : QStringLiteral("formselection.description"));
+    form.setDescription(number + u' ' + what.trimmed());
 }
 
 SelectionForm* MDIMain::ActiveForm() const {
@@ -268,20 +284,23 @@ QList<SelectionForm*> MDIMain::forms() const {
 void MDIMain::activated(QMdiSubWindow* window) {
     if (const auto* form = window ? qobject_cast<SelectionForm*>(window->widget()) : nullptr)
         TabStrip_->setCurrentIndex(TabStrip_->indexOf(form->Key()));
-    hideSystemMenu();
+    hideChildControls();
     refreshState();
 }
 
-// A maximised form puts its icon in front of the menus; the tab shows it already.
-void MDIMain::hideSystemMenu() {
-    if (QWidget* corner = menuBar()->cornerWidget(Qt::TopLeftCorner)) corner->hide();
+// A maximized form puts its icon and its buttons into the menu bar: its tab shows the icon already, and a
+// second set of buttons would be taken for those of the frame.
+void MDIMain::hideChildControls() {
+    for (const Qt::Corner corner : {Qt::TopLeftCorner, Qt::TopRightCorner})
+        if (QWidget* widget = menuBar()->cornerWidget(corner)) widget->hide();
 }
 
 void MDIMain::OpenForms() {
     const bool any = TabStrip_->count() > 0;
     tabBand_->setVisible(any);
-    for (const char* name : {"frameresize", "cascade", "tilehorizontal", "tilevertical",
-                             "mnu_Window_ArrangeIcons", "mnu_file_close", "mnu_file_closeall"})
+    for (const char* name :
+         {"frameresize", "mnu_Window_Cascade", "mnu_Window_TileHorizontal", "mnu_Window_TileVertical",
+          "mnu_Window_ArrangeIcons", "mnu_file_close", "mnu_file_closeall"})
         commands_[QLatin1String(name)]->setEnabled(any);
     refreshState();
 }
@@ -355,7 +374,21 @@ void MDIMain::closeEvent(QCloseEvent* event) {
 bool MDIMain::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Wheel && watched->isWidgetType())
         if (turnedWheel(static_cast<QWheelEvent*>(event)->angleDelta().y())) return true;
+    if (event->type() == QEvent::KeyPress && watched->isWidgetType())
+        if (tookKey(*static_cast<QWidget*>(watched), *static_cast<QKeyEvent*>(event))) return true;
     return QMainWindow::eventFilter(watched, event);
+}
+
+// The keys of a form, where the focus is in the tool bar, the tabs or the frame itself. In a form they are
+// its own.
+bool MDIMain::tookKey(const QWidget& focused, const QKeyEvent& key) {
+    SelectionForm* form = ActiveForm();
+    if (!form || key.modifiers() != Qt::NoModifier || focused.window() != this ||
+        form->isAncestorOf(&focused))
+        return false;
+    if (key.key() == Qt::Key_F5) form->lnkCalculate_Click();
+    if (key.key() == Qt::Key_F1) showGuide();
+    return key.key() == Qt::Key_F5 || key.key() == Qt::Key_F1;
 }
 
 // Turns of the wheel over the field in use change its value; fine-stepping wheels add up. True when it was

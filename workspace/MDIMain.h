@@ -7,6 +7,7 @@
 #include <memory>
 
 class QAction;
+class QKeyEvent;
 class QActionGroup;
 class QLabel;
 class QMdiArea;
@@ -54,7 +55,9 @@ class MDIMain : public QMainWindow {
 
   private:
     // MDIMain.cpp
-    SelectionForm* open(std::unique_ptr<SelectionForm> made, const QString& what);
+    SelectionForm* open(std::unique_ptr<SelectionForm> made);
+    /// Describes a form by its number and what it is, in the user's language.
+    static void describe(SelectionForm& form);
     void makeWorkArea();
     void makeStatusBar();
     void makeAlphaStamp();
@@ -63,11 +66,12 @@ class MDIMain : public QMainWindow {
     void refreshState();
     void refreshStatus(const SelectionForm* form);
     void activated(QMdiSubWindow* window);
-    void hideSystemMenu();
+    void hideChildControls();
     void closeAll();
     void restoreSizes();
     void keepSizes(const SelectionForm& form);
     bool turnedWheel(int delta);
+    bool tookKey(const QWidget& focused, const QKeyEvent& key);
 
     // MainCommands.cpp
     QAction* command(const char* name, const char* iconName, const QKeySequence& keys = {});
@@ -79,6 +83,10 @@ class MDIMain : public QMainWindow {
     /// Shows a choice without acting on it.
     static void showKey(AdvanceText* field, const QString& key);
     static void offer(AdvanceText* field, int boxWidth, const std::array<const char*, 3>& keys);
+    void showGuide();
+    void showBuilds();
+    /// Shows the list of builds if it grew since the user saw it last.
+    void showNewBuilds();
     void tileHorizontal();
     void tileVertical();
     void arrangeIcons();

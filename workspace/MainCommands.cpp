@@ -11,8 +11,11 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 #include <QToolBar>
 #include <QToolButton>
+#include <memory>
 
 #include "controls/AdvanceText.h"
 #include "controls/Icons.h"
@@ -25,6 +28,7 @@
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/formBuilds.h"
+#include "workspace/formGuide.h"
 #include "workspace/frmAbout.h"
 
 namespace marvello {
@@ -34,6 +38,54 @@ namespace {
 constexpr int measureBoxWidth = 116;
 constexpr int groupBoxWidth = 132;
 
+/// The button of a tool bar that opens a menu: its icon and a chevron.
+class MenuButton : public QToolButton {
+  public:
+    using QToolButton::QToolButton;
+
+    QSize sizeHint() const override { return QToolButton::sizeHint() + QSize(chevronRoom, 0); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QStylePainter painter(this);
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        option.features = QStyleOptionToolButton::None;
+        option.icon = QIcon();
+        option.text.clear();
+        painter.drawComplexControl(QStyle::CC_ToolButton, option);
+        const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
+        const QRect place((width() - chevronRoom - iconSize().width()) / 2,
+                          (height() - iconSize().height()) / 2, iconSize().width(), iconSize().height());
+        icon().paint(&painter, place, Qt::AlignCenter, mode);
+        const QRect chevron(place.right() + 1, (height() - chevronRoom) / 2, chevronRoom, chevronRoom);
+        marvello::icon(QStringLiteral("chev")).paint(&painter, chevron, Qt::AlignCenter, mode);
+    }
+
+  private:
+    static constexpr int chevronRoom = 14;
+};
+
+QToolButton* toolButton(QAction* action, QWidget* bar) {
+    QToolButton* button = action->menu() ? new MenuButton(bar) : new QToolButton(bar);
+    button->setDefaultAction(action);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);  // menus and keys have the same commands
+    button->setIconSize(QSize(20, 20));
+    // The whole button opens its entries: none of them is more likely to be meant than the other.
+    if (action->menu()) button->setPopupMode(QToolButton::InstantPopup);
+    return button;
+}
+
+/// The line between two groups of buttons.
+QWidget* separator(QWidget* bar) {
+    auto* line = new QWidget(bar);
+    line->setFixedSize(17, 20);
+    line->setStyleSheet(QStringLiteral("background: %1; margin: 0 8px").arg(Look::current().line.name()));
+    return line;
+}
+
+QString guideFile() { return fromCore(applicationFolder()) + QStringLiteral("/guide/guide.md"); }
 QString buildsFile() { return fromCore(applicationFolder()) + QStringLiteral("/builds.rtf"); }
 
 }  // namespace
@@ -98,12 +150,15 @@ void MDIMain::makeCommands() {
             });
     QAction* builds = command("mnu_help_Builds", nullptr);
     builds->setVisible(QFileInfo(buildsFile()).size() >= 1);
-    connect(builds, &QAction::triggered, this, [this] { formBuilds(buildsFile(), this).exec(); });
+    connect(builds, &QAction::triggered, this, &MDIMain::showBuilds);
+    connect(command("mnu_help_guide", nullptr), &QAction::triggered, this, &MDIMain::showGuide);
     connect(command("mnu_help_About", nullptr), &QAction::triggered, this,
             [this] { frmAbout(version_, this).exec(); });
-    connect(command("cascade", "cascade"), &QAction::triggered, this, [this] { area_->cascadeSubWindows(); });
-    connect(command("tilehorizontal", "tileh"), &QAction::triggered, this, &MDIMain::tileHorizontal);
-    connect(command("tilevertical", "tilev"), &QAction::triggered, this, &MDIMain::tileVertical);
+    connect(command("mnu_Window_Cascade", "cascade"), &QAction::triggered, this,
+            [this] { area_->cascadeSubWindows(); });
+    connect(command("mnu_Window_TileHorizontal", "tileh"), &QAction::triggered, this,
+            &MDIMain::tileHorizontal);
+    connect(command("mnu_Window_TileVertical", "tilev"), &QAction::triggered, this, &MDIMain::tileVertical);
     connect(command("mnu_Window_ArrangeIcons", nullptr), &QAction::triggered, this, &MDIMain::arrangeIcons);
 }
 
@@ -138,9 +193,11 @@ void MDIMain::makeMenus() {
     mnu_tools_language_ = mnu_tools_->addMenu(QString());
     mnu_tools_language_->setObjectName(QStringLiteral("mnu_tools_language"));
     mnuWindow_ = menu("mnuWindow");
-    for (const char* name : {"cascade", "tilehorizontal", "tilevertical", "mnu_Window_ArrangeIcons"})
+    for (const char* name : {"mnu_Window_Cascade", "mnu_Window_TileHorizontal", "mnu_Window_TileVertical",
+                             "mnu_Window_ArrangeIcons"})
         mnuWindow_->addAction(commands_[name]);
     mnu_help_ = menu("mnu_help");
+    mnu_help_->addAction(commands_["mnu_help_guide"]);
     mnu_help_->addAction(commands_["mnu_help_Builds"]);
     mnu_help_->addAction(commands_["mnu_help_About"]);
 }
@@ -151,20 +208,27 @@ void MDIMain::makeToolBar() {
     CoolBar1_->setMovable(false);
     CoolBar1_->setContextMenuPolicy(Qt::PreventContextMenu);
     setContextMenuPolicy(Qt::NoContextMenu);
-    CoolBar1_->setIconSize(QSize(20, 20));
-    const QList<QList<const char*>> groups{
-        {"mnu_file_new_selection"},
-        {"mnu_file_print", "mnu_file_printpreview", "mnu_tools_copytoclipboard"},
-        {"frameresize", "export"},
-        {"frecciaup", "frecciadown"},
-        {"cascade", "tilehorizontal", "tilevertical"}};
-    for (const auto& group : groups) {
-        if (&group != &groups.front()) CoolBar1_->addSeparator();
-        for (const char* name : group) CoolBar1_->addAction(commands_[name]);
-    }
-    // The whole button opens its entries: none of them is more likely to be meant than the other.
-    qobject_cast<QToolButton*>(CoolBar1_->widgetForAction(commands_["export"]))
-        ->setPopupMode(QToolButton::InstantPopup);
+    const auto bar = [this](const char* name, const QList<QList<const char*>>& groups) {
+        auto* result = new QWidget(CoolBar1_);
+        result->setObjectName(QLatin1String(name));
+        auto* row = new QHBoxLayout(result);
+        row->setContentsMargins(0, 0, 0, 0);
+        row->setSpacing(2);
+        for (const auto& group : groups) {
+            if (&group != &groups.front()) row->addWidget(separator(result));
+            for (const char* command : group) row->addWidget(toolButton(commands_[command], result));
+        }
+        return result;
+    };
+    CoolBar1_->addWidget(
+        bar("ToolbarSelection", {{"mnu_file_new_selection"},
+                                 {"mnu_file_print", "mnu_file_printpreview", "mnu_tools_copytoclipboard"},
+                                 {"frameresize", "export"}}));
+    CoolBar1_->addSeparator();
+    CoolBar1_->addWidget(bar("ToolbarSelection", {{"frecciaup", "frecciadown"}}));
+    CoolBar1_->addSeparator();
+    CoolBar1_->addWidget(bar(
+        "ToolbarWindows", {{"mnu_Window_Cascade", "mnu_Window_TileHorizontal", "mnu_Window_TileVertical"}}));
     CoolBar1_->addWidget(makeSelectors());
 }
 
@@ -202,6 +266,24 @@ QWidget* MDIMain::makeSelectors() {
     return selectors;
 }
 
+void MDIMain::showGuide() {
+    auto* guide = findChild<formGuide*>();
+    if (!guide)
+        guide = std::make_unique<formGuide>(guideFile(), this).release();  // deletes itself when closed
+    guide->show();
+    guide->raise();
+    guide->activateWindow();
+}
+
+void MDIMain::showBuilds() {
+    formBuilds::markSeen(buildsFile());
+    formBuilds(buildsFile(), this).exec();
+}
+
+void MDIMain::showNewBuilds() {
+    if (formBuilds::hasNews(buildsFile())) showBuilds();
+}
+
 void MDIMain::translateCommand(const char* name, const char* key) {
     QAction* action = commands_[name];
     const QString text = dictionaryText(QLatin1String(key));
@@ -218,6 +300,9 @@ void MDIMain::Traduci() {
     mnu_tools_language_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.tools.language")));
     mnuWindow_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.window")));
     mnu_help_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.help")));
+    TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("mdimain.forms")));
+    area_->setAccessibleName(dictionaryText(QStringLiteral("mdimain.forms")));
+    translateCommand("mnu_help_guide", "mdimain.menu.help.guide");
     translateCommand("mnu_help_Builds", "mdimain.menu.help.builds");
     translateCommand("mnu_help_About", "mdimain.menu.help.about");
     translateCommand("mnu_file_new_selection", "mdimain.menu.file.newselection");
@@ -230,9 +315,9 @@ void MDIMain::Traduci() {
     translateCommand("mnu_tools_export_cps", "mdimain.menu.tools.export.cps");
     translateCommand("mnu_tools_export_polynomials", "mdimain.menu.tools.export.polynomials");
     translateCommand("mnu_tools_copytoclipboard", "mdimain.menu.tools.copytoclipboard");
-    translateCommand("cascade", "mdimain.menu.window.cascade");
-    translateCommand("tilehorizontal", "mdimain.menu.window.tileHorinzontal");
-    translateCommand("tilevertical", "mdimain.menu.window.tilevertical");
+    translateCommand("mnu_Window_Cascade", "mdimain.menu.window.cascade");
+    translateCommand("mnu_Window_TileHorizontal", "mdimain.menu.window.tileHorinzontal");
+    translateCommand("mnu_Window_TileVertical", "mdimain.menu.window.tilevertical");
     translateCommand("mnu_Window_ArrangeIcons", "mdimain.menu.window.arrangeicons");
     translateCommand("frameresize", "mdimain.toolbar.frameresize");
     translateCommand("frecciaup", "mdimain.toolbar.frecciaup");

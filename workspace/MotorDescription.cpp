@@ -11,15 +11,17 @@ namespace {
 
 QString motorSize(const clsCompressor& compressor) {
     const bool isSmall = compressor.Motor.MotorType == motorType::smallMotor;
-    const QString size = isSmall ? QStringLiteral("Small") : QStringLiteral("Full");
+    const QString size = dictionaryText(isSmall ? QStringLiteral("frmselection.cmbmotorsize.item0")
+                                                : QStringLiteral("frmselection.cmbmotorsize.item1"));
     if (!compressor.Motor.isStandard) return size;
-    return compressor.hasFullSmallMotor ? QStringLiteral("Standard (%1)").arg(size)
-                                        : QStringLiteral("Standard");
+    const QString standard = dictionaryText(QStringLiteral("technicaldata.motor.standard"));
+    return compressor.hasFullSmallMotor ? QStringLiteral("%1 (%2)").arg(standard, size) : standard;
 }
 
 QString startMode(int mode) {
-    if (mode == 1) return QStringLiteral("Star Delta (SD)");
-    return mode == 2 ? QStringLiteral("Part Winding (PW)") : QStringLiteral("-");
+    if (mode == 1) return dictionaryText(QStringLiteral("technicaldata.start.stardelta"));
+    return mode == 2 ? dictionaryText(QStringLiteral("technicaldata.start.partwinding"))
+                     : QStringLiteral("-");
 }
 
 QString supply(const clsMotor& motor) {

@@ -2,15 +2,30 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QVBoxLayout>
+#include <array>
+#include <charconv>
 
 #include "controls/Icons.h"
-#include "controls/NumberText.h"
 #include "controls/ResultsView.h"
 #include "controls/ctlBtn.h"
 #include "workspace/CopiedTable.h"
 
 namespace marvello {
+
+namespace {
+
+/// The one form for all sizes, in every locale; the decimal mark alone is that of the locale.
+QString exponentText(double value) {
+    std::array<char, 32> buffer{};
+    const char* const end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific).ptr;
+    QString text = QString::fromLatin1(buffer.data(), end - buffer.data()).toUpper();
+    return text.replace(u'.', QLocale().decimalPoint());
+}
+
+}  // namespace
 
 PolynomialsPage::PolynomialsPage(QWidget* parent) : QWidget(parent) {
     labelPoly_ = new QLabel(this);
@@ -56,7 +71,7 @@ void PolynomialsPage::addPolynomial(const QString& name, std::span<const double>
         lvPolynomials_->setColumns(columns);
     }
     QStringList values;
-    for (const double coefficient : coefficients) values += formatNumber(coefficient, u"");
+    for (const double coefficient : coefficients) values += exponentText(coefficient);
     lvPolynomials_->addRow({name, QString(), name, QString(), QString(), values});
     lvPolynomials_->fitColumns();
     ctlCopyPolynomials_->setEnabled(true);

@@ -19,7 +19,8 @@ class PolynomialsPage : public QWidget {
 
     void setTexts(const QString& caption, const QString& copy);
     void clear();
-    /// Coefficients are shown with at most 15 significant digits.
+    /// All coefficients are shown with an exponent and all the digits that tell them apart, such as
+    /// "-1.2E+00".
     void addPolynomial(const QString& name, std::span<const double> coefficients);
 
   private:

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
@@ -13,6 +15,7 @@
 #include <algorithm>
 
 #include "controls/Icons.h"
+#include "controls/Look.h"
 #include "controls/MessageBox.h"
 #include "reports/ReportOutput.h"
 #include "workspace/UserSettings.h"
@@ -47,6 +50,8 @@ ReportPreview::ReportPreview(const ReportContent& report, QWidget* parent)
     printer_.setDocName(report.model);
     connect(pages_, &QPrintPreviewWidget::paintRequested, this,
             [this](QPrinter* printer) { printReport(*printer, report_); });
+    if (const auto* view = pages_->findChild<QGraphicsView*>(); view && view->scene())
+        view->scene()->setBackgroundBrush(Look::current().window);
     makeToolBar();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -57,6 +62,8 @@ ReportPreview::ReportPreview(const ReportContent& report, QWidget* parent)
     resize(std::min(900, room.width() - 40), room.height() - 40);
     pages_->fitInView();
     pages_->setFocus();
+    for (QWidget* part : pages_->findChildren<QWidget*>())
+        if (part->focusPolicy() != Qt::NoFocus) part->setAccessibleName(windowTitle());
 }
 
 QAction* ReportPreview::command(const char* name, const char* key, const char* iconName,

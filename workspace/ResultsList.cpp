@@ -3,9 +3,11 @@
 #include <QStringList>
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "controls/NumberText.h"
 #include "thermo/clsConvert.h"
+#include "workspace/MeasureSystem.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -44,40 +46,61 @@ double valueOf(clsCompressor& compressor, const QString& key) {
 
 /// How a column goes to the imperial system.
 struct ImperialColumn {
-    const char* key;
-    int conversion;    ///< of clsConvert
-    const char* unit;  ///< "F" for degrees Fahrenheit; empty where the column keeps its own
+    int conversion = 0;         ///< of clsConvert
+    const char* unit = "";      ///< "F" for degrees Fahrenheit
+    bool isDifference = false;  ///< of temperatures, which clsConvert does not know
 };
 
-// Kept: pressures ask for a conversion that changes nothing, so that they stand in bar under "psia", and T3
-// is converted under its own unit.
-constexpr std::array<ImperialColumn, 14> imperialColumns{{{"q0", conversion::kilowattsToTons, "Tons"},
-                                                          {"qeco", conversion::kilowattsToTons, "Tons"},
-                                                          {"pra", conversion::kilowattsToTons, "Tons"},
-                                                          {"q0btu", conversion::kilowattsToTons, "Btu"},
-                                                          {"qecobtu", conversion::kilowattsToTons, "Btu"},
-                                                          {"mbase", conversion::kilogramsToPounds, "lb/h"},
-                                                          {"meco", conversion::kilogramsToPounds, "lb/h"},
-                                                          {"peco", conversion::unchanged, "psia"},
-                                                          {"p9", conversion::unchanged, "psia"},
-                                                          {"pliq", conversion::unchanged, "psia"},
-                                                          {"tsca", conversion::celsiusToFahrenheit, "F"},
-                                                          {"t31", conversion::celsiusToFahrenheit, "F"},
-                                                          {"t3", conversion::celsiusToFahrenheit, ""},
-                                                          {"tsat", conversion::celsiusToFahrenheit, "F"}}};
+struct NamedColumn {
+    const char* key;
+    ImperialColumn column;
+};
 
-/// Nothing for a column that stays metric; `key` in lower case.
-const ImperialColumn* imperialColumn(const QString& key) {
-    const auto* const found = std::ranges::find_if(
-        imperialColumns, [&key](const ImperialColumn& column) { return key == QLatin1String(column.key); });
-    return found == imperialColumns.end() ? nullptr : found;
+// Kept: pressures ask for a conversion that changes nothing, so that they stand in bar under "psia".
+constexpr std::array<NamedColumn, 14> namedColumns{{{"q0", {conversion::kilowattsToTons, "Tons"}},
+                                                    {"qeco", {conversion::kilowattsToTons, "Tons"}},
+                                                    {"pra", {conversion::kilowattsToTons, "Tons"}},
+                                                    {"q0btu", {conversion::kilowattsToTons, "Btu/h"}},
+                                                    {"qecobtu", {conversion::kilowattsToTons, "Btu/h"}},
+                                                    {"mbase", {conversion::kilogramsToPounds, "lb/h"}},
+                                                    {"meco", {conversion::kilogramsToPounds, "lb/h"}},
+                                                    {"peco", {conversion::unchanged, "psia"}},
+                                                    {"p9", {conversion::unchanged, "psia"}},
+                                                    {"pliq", {conversion::unchanged, "psia"}},
+                                                    {"tsca", {conversion::celsiusToFahrenheit, "F"}},
+                                                    {"t31", {conversion::celsiusToFahrenheit, "F"}},
+                                                    {"t3", {conversion::celsiusToFahrenheit, "F"}},
+                                                    {"tsat", {conversion::celsiusToFahrenheit, "F"}}}};
+
+/// By the unit of a column; the power input of a compressor stays in kW in both systems.
+std::optional<ImperialColumn> columnOfUnit(const QString& key, const QString& unit) {
+    const bool isPowerInput = key.startsWith(u"pta");
+    const bool isDegrees = unit.size() <= 2 && unit.endsWith(u'C');
+    if (isDegrees) return ImperialColumn{conversion::celsiusToFahrenheit, "F"};
+    if (unit == u"K") return ImperialColumn{conversion::unchanged, "F", true};
+    if (unit == u"kW" && !isPowerInput) return ImperialColumn{conversion::kilowattsToTons, "Tons"};
+    if (unit == u"kg/h") return ImperialColumn{conversion::kilogramsToPounds, "lb/h"};
+    if (unit == u"kg") return ImperialColumn{conversion::kilogramsToPounds, "lb"};
+    return std::nullopt;
 }
 
-double imperialValue(double value, const QString& key) {
-    const ImperialColumn* const column = imperialColumn(key);
+/// Nothing for a column that stays metric.
+std::optional<ImperialColumn> imperialColumn(const clsOutput& output) {
+    const QString key = fromCore(output.Key).toLower();
+    const auto* const found = std::ranges::find_if(
+        namedColumns, [&key](const NamedColumn& named) { return key == QLatin1String(named.key); });
+    if (found != namedColumns.end()) return found->column;
+    return columnOfUnit(key, fromCore(output.UmDescription).trimmed());
+}
+
+double imperialValue(double value, const clsOutput& output) {
+    const auto column = imperialColumn(output);
     if (!column) return value;
+    if (column->isDifference)
+        return convertedDifference(value, MeasureSystem::metric, MeasureSystem::imperial);
     clsConvert convert;
     const double converted = convert.ConvertValue(value, column->conversion);
+    const QString key = fromCore(output.Key).toLower();
     if (key != u"q0btu" && key != u"qecobtu") return converted;
     // From the tons as they are shown.
     const auto shown = typedNumber(formatNumber(converted, u"#.#", QLocale::c()));
@@ -132,13 +155,16 @@ bool isBlank(const clsCompressor& compressor) {
     return compressor.Messages.Error.Count() > 0 || isStoppedByEconomizer(compressor);
 }
 
-QString imperialUnit(const QString& key) {
-    const ImperialColumn* const column = imperialColumn(key.toLower());
-    return column ? QString(QLatin1String(column->unit)) : QString();
+QString unitText(const clsOutput& column, bool isImperial) {
+    const auto imperial = isImperial ? imperialColumn(column) : std::nullopt;
+    if (!imperial) return fromCore(column.UmDescription);
+    const QString unit(QLatin1String(imperial->unit));
+    return unit == u"F" ? dictionaryText(QStringLiteral("general.variable03")) + unit : unit;
 }
 
-QString resultText(clsCompressor& compressor, const QString& key, bool isImperial, const QLocale& locale) {
-    const QString name = key.toLower();
+QString resultText(clsCompressor& compressor, const clsOutput& column, bool isImperial,
+                   const QLocale& locale) {
+    const QString name = fromCore(column.Key).toLower();
     if (isImperial) addPowerPerTon(compressor);
     if (compressor.Variables.Exist(toCore(name))) {
         const clsVariable& variable = compressor.Variables.Item(toCore(name));
@@ -146,7 +172,7 @@ QString resultText(clsCompressor& compressor, const QString& key, bool isImperia
     }
     double value = valueOf(compressor, name);
     if (isImperial && !(needsEconomizerPort(name) && !compressor.Economizer.hasPort()))
-        value = imperialValue(value, name);
+        value = imperialValue(value, column);
     if (value == 0) return name == u"pra" ? QStringLiteral("0") : QStringLiteral("-");
     return formatNumber(value, patternOf(name), locale);
 }

@@ -22,13 +22,14 @@ QString markOf(const clsCompressor& compressor);
 /// True when the mark leaves the columns blank.
 bool isBlank(const clsCompressor& compressor);
 
-/// The unit that a column has in the imperial system, "F" for degrees Fahrenheit; empty where it keeps its
-/// own.
-QString imperialUnit(const QString& key);
+/// Returns the unit of a column. In the imperial system the columns that are named there have the units told,
+/// and every other one follows its metric unit: temperatures, differences, heat flows and mass flows are
+/// converted.
+QString unitText(const clsOutput& column, bool isImperial);
 
-/// What stands in the column `key` for a calculated compressor, in the measure system. Raises VariableError
-/// for a value that is not there.
-QString resultText(clsCompressor& compressor, const QString& key, bool isImperial,
+/// Returns what is in a column for a calculated compressor, in the system of units. Throws VariableError for
+/// a value that is not there.
+QString resultText(clsCompressor& compressor, const clsOutput& column, bool isImperial,
                    const QLocale& locale = QLocale());
 
 /// Serie-Model, and Serie-Model-Refrigerant.

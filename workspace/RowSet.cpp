@@ -176,7 +176,8 @@ QByteArray RowSet::toXml() const {
 }
 
 QByteArray RowSet::toCsv(const QLocale& locale) const {
-    const QByteArray decimalPoint = locale.decimalPoint().toUtf8();
+    // A mark that no reader of CSV takes for one is not written.
+    const QByteArray decimalPoint = locale.decimalPoint() == u"," ? "," : ".";
     QByteArray text;
     for (std::size_t i = 0; i < fields_.size(); ++i) text += (i == 0 ? "" : ";") + fields_[i].name.toUtf8();
     text += '\n';

@@ -36,7 +36,8 @@ class RowSet {
     /// Numbers have "." as decimal mark.
     QByteArray toXml() const;
     /// The names of the fields in a line, then a line for each record, separated by ";", in UTF-8. Texts
-    /// stand in quotes; numbers have the decimal mark of `locale`. Lines end with LF.
+    /// stand in quotes; numbers have the decimal mark of `locale`, or "." if that is no comma. Lines end with
+    /// LF.
     QByteArray toCsv(const QLocale& locale = QLocale()) const;
 
   private:

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QShortcut>
@@ -23,6 +24,8 @@
 #include "workspace/DropList.h"
 #include "workspace/EmptyPage.h"
 #include "workspace/InputPanel.h"
+#include "workspace/InputSummary.h"
+#include "workspace/InputsFold.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/PolynomialsPage.h"
 #include "workspace/WindowTexts.h"
@@ -32,9 +35,6 @@ namespace marvello {
 
 namespace {
 
-constexpr int panelWidthAtStart = 400;
-constexpr int mostPanelWidth = 520;
-constexpr int leastPanelWidth = 400;
 constexpr int leastListHeight = 120;
 constexpr int listHeightAtStart = 338;
 constexpr int wideCaptionWidth = 116;
@@ -73,7 +73,7 @@ SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
       dropList_(new DropList(this)),
       Selection_(std::make_unique<clsSelections>()) {
     setObjectName(QLatin1String(kind.name));
-    setMinimumSize(880, 560);
+    setMinimumSize(360, 260);
     makePanes();
     connectInputs();
     auto* calculate = new QShortcut(QKeySequence(Qt::Key_F5), this);
@@ -140,17 +140,19 @@ void SelectionForm::makePanes() {
     Splitter2_->SetSplitterPos(listHeightAtStart);
     Splitter2_->hide();
 
-    Splitter1_->SetMinSize1(leastPanelWidth);
-    Splitter1_->SetMaxSize(mostPanelWidth);
-    Splitter1_->SetChild1(QStringLiteral("Frame1"));
     Splitter1_->SetChild2(QStringLiteral("frame2"));
-    Splitter1_->SetSplitterPos(panelWidthAtStart);
+    summary_ = new InputSummary([this] { return summaryOf(*panel_); }, this);
+    fold_ = new InputsFold(*this, *Splitter1_, *Frame1, *summary_);
+    connect(fold_, &InputsFold::changed, this, &SelectionForm::stateChanged);
+    connect(summary_, &InputSummary::calculateClicked, this, &SelectionForm::lnkCalculate_Click);
 
     connect(lvCps_, &ResultsView::rowSelected, this, [this] {
         PopulateFrame4();
         emit stateChanged();
     });
     connect(lvCps_, &QWidget::customContextMenuRequested, this, &SelectionForm::openPopUp);
+    lvCps_->setSortable();
+    connect(lvCps_, &ResultsView::headingClicked, this, &SelectionForm::sortBy);
     connect(lvCps_, &ResultsView::copyRequested, this, &SelectionForm::CopyToClipBoard);
     connect(TabStrip_, &QTabBar::currentChanged, this, &SelectionForm::tabChanged);
     tabChanged();
@@ -184,14 +186,22 @@ void SelectionForm::makePopUp() {
         connect(entry, &QAction::triggered, this, [this, key = page.key] { MnuPopUp(QLatin1String(key)); });
     }
     mnu_cpspopup_->addSeparator();
-    for (const char* key : {"printpreview", "print"}) {
+    struct Command {
+        const char* key;
+        const char* command;
+        QKeySequence keys;  // told here only: the list and the main window listen to them
+    };
+    for (const auto& [key, command, keys] :
+         {Command{"copyclipboard", "copytoclipboard", QKeySequence::Copy},
+          Command{"printpreview", "printpreview", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)},
+          Command{"print", "print", QKeySequence::Print}}) {
         QAction* entry = mnu_cpspopup_->addAction(QString());
         entry->setObjectName(menuName(key));
-        connect(entry, &QAction::triggered, this, [this, key] { MnuPopUp(QLatin1String(key)); });
+        entry->setShortcutContext(Qt::WidgetShortcut);
+        entry->setShortcut(keys);
+        entry->setShortcutVisibleInContextMenu(true);
+        connect(entry, &QAction::triggered, this, [this, command] { MnuPopUp(QLatin1String(command)); });
     }
-    QAction* copy = mnu_cpspopup_->addAction(QString());
-    copy->setObjectName(menuName("copyclipboard"));
-    connect(copy, &QAction::triggered, this, [this] { MnuPopUp(QStringLiteral("copytoclipboard")); });
     lvCps_->setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
@@ -231,14 +241,21 @@ void SelectionForm::Traduci() {
     panel_->lnkCalculate->setText(dictionaryText(QStringLiteral("frmselection.lnkcalculate.caption")));
     panel_->SetCaptionText(dictionaryText(QStringLiteral("frmselection.coolframe1.captiontext")));
     panel_->lnkDefaults->setText(dictionaryText(QStringLiteral("frmselection.lnkdefaults.caption")));
+    summary_->setTexts(panel_->property("CaptionText").toString().trimmed(),
+                       dictionaryText(QStringLiteral("frmselection.summary.edit")),
+                       panel_->lnkCalculate->text());
+    lvCps_->header()->setAccessibleName(dictionaryText(QStringLiteral("frmselection.headings")));
     invite();
     translatePages();
+    translateModels();
     // The descriptions of the chosen keys, in the new language.
     for (AdvanceText* field : panel_->fields())
         if (field->Locked()) showChoice(field);
     showUnits();
     sayRanges();
     markLeaders();
+    sayAgain();
+    panel_->layOut();
     relistResults();
 }
 
@@ -246,6 +263,12 @@ void SelectionForm::translatePages() {
     for (int tab = 0; tab < TabStrip_->count(); ++tab)
         TabStrip_->setTabText(
             tab, dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.") + TabStrip_->key(tab)));
+    lvCps_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.list")));
+    lvCps_->setSpokenGroup(dictionaryText(QStringLiteral("frmselection.list.group")));
+    lvMessages_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.messages")));
+    technical_->setCaption(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.tecnic")));
+    dimension_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.dimension")));
+    TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.pages")));
     const auto entry = [this](const char* key) { return findChild<QAction*>(menuName(key)); };
     for (const Page& page : allPages) entry(page.key)->setText(dictionaryText(QLatin1String(page.menuText)));
     entry("copyclipboard")->setText(dictionaryText(QStringLiteral("mdimain.menu.cpspopup.copytoclipboard")));
@@ -255,19 +278,8 @@ void SelectionForm::translatePages() {
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
 }
 
-void SelectionForm::CloseFrame(bool collapse) {
-    if (collapse == collapsed_) return;
-    collapsed_ = collapse;
-    if (collapse) {
-        keptSplitterPos_ =
-            Splitter1_->CurrSplitterPos() > 0 ? Splitter1_->CurrSplitterPos() : panelWidthAtStart;
-        Splitter1_->SetMinSize1(0);
-        Splitter1_->SetSplitterPos(0);
-    } else {
-        Splitter1_->SetMinSize1(leastPanelWidth);
-        Splitter1_->SetSplitterPos(keptSplitterPos_);
-    }
-}
+void SelectionForm::CloseFrame(bool collapse) { fold_->collapse(collapse); }
+bool SelectionForm::isCollapsed() const { return fold_->isCollapsed(); }
 
 void SelectionForm::MnuPopUp(const QString& name) {
     if (const int tab = TabStrip_->indexOf(name); tab >= 0) TabStrip_->setCurrentIndex(tab);
@@ -282,20 +294,28 @@ void SelectionForm::Quit() {
         close();
 }
 
-int SelectionForm::panelWidth() const { return collapsed_ ? keptSplitterPos_ : Splitter1_->SplitterPos(); }
-void SelectionForm::setPanelWidth(int width) { Splitter1_->SetSplitterPos(width); }
+int SelectionForm::panelWidth() const { return fold_->panelWidth(); }
+void SelectionForm::setPanelWidth(int width) { fold_->setPanelWidth(width); }
 int SelectionForm::listHeight() const { return Splitter2_->SplitterPos(); }
 void SelectionForm::setListHeight(int height) { Splitter2_->SetSplitterPos(height); }
 
 QString SelectionForm::subject() const {
-    return panel_->lstRefrigerants->TextText() + QStringLiteral(" \u00B7 ") + panel_->lstSeries->TextText();
+    const QString between = QStringLiteral(" \u00B7 ");
+    const QString subject = panel_->lstRefrigerants->TextText() + between + panel_->lstSeries->TextText();
+    if (!panel_->txtFrequency) return subject;
+    return subject + between + panel_->txtFrequency->TextText() + u' ' +
+           panel_->txtFrequency->UnitCaptiontext().trimmed();
 }
 
-void SelectionForm::resizeEvent(QResizeEvent*) { Splitter1_->resize(size()); }
+void SelectionForm::resizeEvent(QResizeEvent*) { fold_->layOut(); }
 
 void SelectionForm::keyPressEvent(QKeyEvent* event) {
     // Enter leaves no field: the calculation is started by its own key.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+    if (event->key() == Qt::Key_Escape && fold_->isNarrow() && hasResults()) {
+        fold_->collapse(true);
+        return;
+    }
     QWidget::keyPressEvent(event);
 }
 

@@ -13,6 +13,7 @@
 #include "workspace/EnteredValue.h"
 #include "workspace/FormState.h"
 #include "workspace/InputRules.h"
+#include "workspace/ListOrder.h"
 #include "workspace/MeasureSystem.h"
 #include "workspace/SelectionKind.h"
 #include "workspace/TechnicalPage.h"
@@ -23,10 +24,13 @@ class QStackedWidget;
 namespace marvello {
 
 class AdvanceText;
+class clsRefprop;
 class DimensionPage;
 class DropList;
 class EmptyPage;
 class InputPanel;
+class InputSummary;
+class InputsFold;
 class LimitsPage;
 class MessagesView;
 class PolynomialsPage;
@@ -99,9 +103,9 @@ class SelectionForm : public QWidget {
     bool canPrint() const;
     /// How many compressors of the list carry a mark.
     int countOf(const QString& mark) const;
-    /// The choice that the inputs stand at, as "R134A · TK-A".
+    /// The choice of the inputs, as "R134A · TK-A", with the frequency of an inverter behind it.
     QString subject() const;
-    bool isCollapsed() const { return collapsed_; }
+    bool isCollapsed() const;
     /// How wide the inputs stand; to be kept between starts.
     int panelWidth() const;
     void setPanelWidth(int width);
@@ -113,6 +117,8 @@ class SelectionForm : public QWidget {
     void stateChanged();
     /// The user moved a splitter.
     void sizesChanged();
+    /// Help was asked for where no field has any.
+    void guideRequested();
     /// A file was written; `note` says what it holds and where it is.
     void exported(const QString& note);
 
@@ -169,14 +175,23 @@ class SelectionForm : public QWidget {
     /// Says beside a field that its value is beyond its range, and what is permitted.
     void sayRanges();
     static void sayRange(AdvanceText* field, double low, double high);
+    /// Says that the evaporating temperature is above the condensing one.
+    void sayOrder();
+    /// Says that a value is beyond the saturation of the refrigerant, and how far that goes.
+    QString noSaturation(clsRefprop& refprop) const;
     void walkPair(const AdvanceText* field);
     bool gestioneSH(bool showMessage);
     SuperheatRange superheatRange() const;
     void showUnits();
+    /// Says help and refusals anew, in the language and the units of now.
+    void sayAgain();
+    /// Names the choice of all models in the user's language.
+    void translateModels();
     void ConvertInputs(MeasureSystem from, MeasureSystem to);
     void convert(AdvanceText* field, MeasureSystem from, MeasureSystem to, UnitRule rule);
     void VisualizeHelp(const AdvanceText* field);
-    /// Shows the whole help of the field in use in a box, also where the panel has no room for it.
+    /// Shows the whole help of the field in use in a box, also where the panel has no room for it; asks for
+    /// the guide where there is none.
     void showHelp();
     QString captionOf(const AdvanceText* field) const;
     /// Discards results that belong to earlier inputs; `field` is where they were changed, if anywhere.
@@ -196,7 +211,11 @@ class SelectionForm : public QWidget {
     void invite(const QString& editedField = QString());
 
     // SelectionResults.cpp
-    void addCompressor(clsCompressor& compressor, const QString& label);
+    ResultsView::Row rowOf(clsCompressor& compressor, const QString& label);
+    /// Sorts by a column as told by its heading.
+    void sortBy(const QString& column);
+    /// Selects the compressor that was selected before, else the first that is possible.
+    void selectCompressor();
     QString unitOf(const clsOutput& output) const;
     bool isCompressorRow(int row) const;
     /// The compressor of a row; nothing for a group and for one that the last calculation does not hold.
@@ -229,12 +248,15 @@ class SelectionForm : public QWidget {
     CoupleLeaders leaders_;
     QHash<const AdvanceText*, EnteredValue> enteredValues_;
     EconomizerValues economizerValues_;
-    int keptSplitterPos_ = 0;
-    bool collapsed_ = false;
+    ListOrder order_;
+    const AdvanceText* helped_ = nullptr;  ///< the field whose help is shown
+    QString keptSelection_;                ///< the compressor selected when the list was put away
 
     Splitter* Splitter1_;
     Splitter* Splitter2_;
     InputPanel* panel_;
+    InputSummary* summary_;
+    InputsFold* fold_;
     EmptyPage* frame2_;
     ResultsView* lvCps_;
     TabStrip* TabStrip_;

@@ -1,6 +1,5 @@
 // The inputs of a selection form: what they offer, and how they follow one another.
 
-#include <QTimer>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -19,6 +18,8 @@
 #include "workspace/InputPanel.h"
 #include "workspace/InputRules.h"
 #include "workspace/SelectionForm.h"
+#include "workspace/TypedQuantities.h"
+#include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -63,6 +64,10 @@ QStringList column(const std::string& sql, const std::string& name) {
     return texts;
 }
 
+QString allModels() {
+    return QStringLiteral("*|") + dictionaryText(QStringLiteral("frmselection.models.all"));
+}
+
 std::string flag(bool value) { return value ? "True" : "False"; }
 
 /// The key of a field's help, empty for a field that has none.
@@ -75,9 +80,9 @@ QString helpKeyOf(const QString& name) {
 }
 
 /// Empty for a field without help.
-QString helpOf(const AdvanceText* field) {
+QString helpOf(const AdvanceText* field, MeasureSystem system) {
     const QString key = helpKeyOf(field->objectName());
-    return key.isEmpty() ? QString() : dictionaryTextIfAny(key);
+    return key.isEmpty() ? QString() : inUnits(dictionaryTextIfAny(key), system);
 }
 
 }  // namespace
@@ -107,6 +112,7 @@ void SelectionForm::connectInputs() {
         connect(field, &AdvanceText::KeyChange, this, changed);
         if (field->Locked()) dropList_->serve(field, field == panel_->lstModels);
     }
+    takeOtherUnits(*panel_, [this] { return measureUnit_; });
     connectCoupledFields();
     connectModes();
     for (AdvanceText* field : panel_->fields())
@@ -132,9 +138,7 @@ void SelectionForm::connectCoupledFields() {
     if (AdvanceText* frequency = panel_->txtFrequency)
         connect(frequency, &AdvanceText::TextValidate, this,
                 [frequency] { frequency->SetTextValue(frequency->number()); });
-    // The box waits until the focus has moved.
-    connect(panel_->txtSH, &AdvanceText::TextLostFocus, this,
-            [this] { QTimer::singleShot(0, this, [this] { gestioneSH(true); }); });
+    connect(panel_->txtSH, &AdvanceText::TextLostFocus, this, [this] { gestioneSH(true); });
 }
 
 void SelectionForm::connectModes() {
@@ -239,9 +243,18 @@ void SelectionForm::populateModels() {
     if (kind_.hasMarkets) sql += " and ((fMarket & " + std::to_string(market) + ")=fMarket)";
     const QStringList models = column(sql, "fModelID");
     AdvanceText* field = panel_->lstModels;
-    field->SetTag1(models.isEmpty() ? QStringLiteral("*|ALL") : QStringLiteral("*|ALL;") + pairsOf(models));
+    field->SetTag1(
+        (QStringList{allModels()} + (models.isEmpty() ? QStringList() : QStringList{pairsOf(models)}))
+            .join(u';'));
     field->setkey(QStringLiteral("*"));
     showChoice(field);
+}
+
+void SelectionForm::translateModels() {
+    AdvanceText* field = panel_->lstModels;
+    QStringList entries = field->Tag1().split(u';', Qt::SkipEmptyParts);
+    if (!entries.isEmpty()) entries.front() = allModels();
+    field->SetTag1(entries.join(u';'));
 }
 
 void SelectionForm::ApplySeriesRules() {
@@ -283,23 +296,37 @@ void SelectionForm::SyncTemperatureFields(const QString& leader) {
     const CoupledFields before = fields;
     const std::string refrigerant = toCore(panel_->lstRefrigerants->Key());
     QString fault;
-    const CollectedBoxes said;  // a key stroke opens no box; the field says it
-    try {
-        clsRefprop& refprop = GetRefprop(refrigerant);
-        fault = fromCore(refprop.SetupFault());
-        if (fault.isEmpty())
-            marvello::SyncTemperatureFields(toCore(leader), fields, refrigerant, refprop, gPolynomialTEM(),
-                                            gPolynomialTCM());
-    } catch (const std::exception& error) {
-        fault = fromCore(error.what());
+    {
+        const CollectedBoxes said;  // a key stroke opens no box; the field says it
+        try {
+            clsRefprop& refprop = GetRefprop(refrigerant);
+            fault = fromCore(refprop.SetupFault());
+            if (fault.isEmpty()) {
+                marvello::SyncTemperatureFields(toCore(leader), fields, refrigerant, refprop,
+                                                gPolynomialTEM(), gPolynomialTCM());
+                if (!said.boxes().empty()) fault = noSaturation(refprop);
+            }
+        } catch (const std::exception& error) {
+            fault = fromCore(error.what());
+        }
     }
-    if (fault.isEmpty() && !said.boxes().empty())
-        fault = dictionaryText(QStringLiteral("frmselection.nosaturation"));
     refuseLeader(leader, fault);
     if (!fault.isEmpty()) return;
     for (const auto& [field, value, rule] : entries)
         if (fields.*value != before.*value || field->isUnknown())
             field->SetTextValue(rule(fields.*value, MeasureSystem::metric, measureUnit_));
+}
+
+QString SelectionForm::noSaturation(clsRefprop& refprop) const {
+    const SaturationRange& range = refprop.DewRange();
+    constexpr double steps = 10;  // rounded inwards: both ends can be typed
+    const auto inUnit = [this](double t) {
+        return steps * convertedTemperature(t, MeasureSystem::metric, measureUnit_);
+    };
+    return filled(dictionaryText(QStringLiteral("frmselection.nosaturation")),
+                  {formatNumber(std::ceil(inUnit(range.minimum)) / steps, u"#0.0"),
+                   formatNumber(std::floor(inUnit(range.maximum)) / steps, u"#0.0"),
+                   panel_->txtTED->UnitCaptiontext().trimmed()});
 }
 
 QString SelectionForm::nameInCouple(const AdvanceText* field) {
@@ -374,6 +401,7 @@ void SelectionForm::leadByDew() {
     markLeaders();
     walkPair(panel_->txtTED);
     followLeaders();
+    sayOrder();
 }
 
 void SelectionForm::sayRange(AdvanceText* field, double low, double high) {
@@ -389,6 +417,24 @@ void SelectionForm::sayRanges() {
     const SuperheatRange superheat = superheatRange();
     sayRange(panel_->txtSH, superheat.low, superheat.high);
     if (panel_->txtFrequency) sayRange(panel_->txtFrequency, leastFrequency, mostFrequency);
+    sayOrder();
+}
+
+void SelectionForm::sayOrder() {
+    const AdvanceText* evaporating = panel_->txtTED;
+    const AdvanceText* condensing = panel_->txtTCD;
+    QString remark;
+    if (!evaporating->isUnknown() && !condensing->isUnknown() && typedNumber(evaporating->TextText()) &&
+        typedNumber(condensing->TextText()) && evaporating->number() > condensing->number())
+        remark =
+            filled(dictionaryText(QStringLiteral("frmselection.evaporatingabove")),
+                   {formatNumber(evaporating->number(), u"#0.0#"),
+                    formatNumber(condensing->number(), u"#0.0#"), evaporating->UnitCaptiontext().trimmed()});
+    // Beside the fields that were typed in.
+    for (const auto& [name, couple] :
+         {std::pair{fromCore(leaders_.evaporatingField()), coupleOf(QStringLiteral("ted"))},
+          {fromCore(leaders_.condensingField()), coupleOf(QStringLiteral("tcd"))}})
+        for (AdvanceText* field : couple) field->SetRemark(nameInCouple(field) == name ? remark : QString());
 }
 
 SuperheatRange SelectionForm::superheatRange() const {
@@ -427,13 +473,20 @@ void SelectionForm::showUnits() {
 }
 
 void SelectionForm::MeasureUnits(int unit, bool refresh) {
+    panel_->commit();
     const MeasureSystem before = measureUnit_;
     measureUnit_ = unit == 1 ? MeasureSystem::imperial : MeasureSystem::metric;
     if (measureUnit_ != before) ConvertInputs(before, measureUnit_);
     showUnits();
     sayRanges();
-    if (measureUnit_ == before) return;
-    if (refresh) relistResults();
+    sayAgain();
+    if (measureUnit_ != before && refresh) relistResults();
+}
+
+void SelectionForm::sayAgain() {
+    if (helped_) VisualizeHelp(helped_);
+    for (const AdvanceText* field : panel_->fields())
+        if (!field->Refusal().isEmpty()) SyncTemperatureFields(nameInCouple(field));
 }
 
 void SelectionForm::ConvertInputs(MeasureSystem from, MeasureSystem to) {
@@ -456,14 +509,18 @@ void SelectionForm::convert(AdvanceText* field, MeasureSystem from, MeasureSyste
 
 void SelectionForm::VisualizeHelp(const AdvanceText* field) {
     if (!kind_.hasFieldHelp) return;
-    panel_->VisualizzaHelp(captionOf(field), helpOf(field));
+    helped_ = field;
+    panel_->VisualizzaHelp(captionOf(field), helpOf(field, measureUnit_));
 }
 
 void SelectionForm::showHelp() {
-    if (!kind_.hasFieldHelp) return;
     for (const AdvanceText* field : panel_->fields())
-        if (const QString help = helpOf(field); field->hasFocus() && !help.isEmpty())
+        if (const QString help = kind_.hasFieldHelp ? helpOf(field, measureUnit_) : QString();
+            field->hasFocus() && !help.isEmpty()) {
             MessageBox::show(this, MessageBox::Mark::information, captionOf(field) + u'\n' + help);
+            return;
+        }
+    emit guideRequested();
 }
 
 // A field beside the selector of its mode has no caption of its own.

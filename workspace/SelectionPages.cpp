@@ -13,12 +13,14 @@
 #include "workspace/CompressorFiles.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/InputPanel.h"
+#include "workspace/LimitTexts.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/MotorDescription.h"
 #include "workspace/PolynomialsPage.h"
 #include "workspace/ResultsList.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/TechnicalPage.h"
+#include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -82,7 +84,8 @@ void SelectionForm::populateMessages(const clsCompressor& compressor) {
             // A search may end in the same message twice; to a person it is one.
             if (listed.contains(text)) continue;
             listed += text;
-            lvMessages_->addMessage(mark, text, fromCore(message.Name));
+            lvMessages_->addMessage(mark, dictionaryTextIfAny(QStringLiteral("general.") + mark), text,
+                                    fromCore(message.Name));
         }
     };
     lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
@@ -97,6 +100,7 @@ QList<TechnicalPage::Entry> SelectionForm::technicalEntries(const clsCompressor&
     QList<TechnicalPage::Entry> entries;
     for (auto [caption, value] : technical_->catalogueEntries()) {
         if (value.contains(u'@')) value = MotorDescription(value, compressor, kind_.hasInverter).trimmed();
+        if (measureUnit_ == MeasureSystem::imperial) value = technicalInImperial(value);
         entries.append({caption, value});
     }
     return entries;
@@ -126,7 +130,7 @@ EnvelopeDrawing SelectionForm::envelopeOf(const clsCompressor& compressor) const
     EnvelopeDrawing drawing;
     drawing.textX = title("frmselection.limitreport.xaxis.caption", panel_->txtTED);
     drawing.textY = title("frmselection.limitreport.yaxis.caption", panel_->txtTCD);
-    drawing.limits = isImperial ? inFahrenheit(compressor.limits) : compressor.limits;
+    drawing.limits = namedLimits(isImperial ? inFahrenheit(compressor.limits) : compressor.limits);
     drawing.point = clsPoint{panel_->txtTED->number(), panel_->txtTCD->number()};
     drawing.fitScale();
     return drawing;
@@ -135,7 +139,8 @@ EnvelopeDrawing SelectionForm::envelopeOf(const clsCompressor& compressor) const
 void SelectionForm::populateLimits(const clsCompressor& compressor) {
     const EnvelopeDrawing drawing = envelopeOf(compressor);
     limits_->setTexts(drawing.textX, drawing.textY,
-                      dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.limits")));
+                      dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.limits")),
+                      dictionaryText(QStringLiteral("frmselection.limitreport.point")));
     limits_->setLimits(drawing.limits, *drawing.point);
 }
 

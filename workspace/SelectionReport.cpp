@@ -50,7 +50,8 @@ std::vector<ReportLine> SelectionForm::conditionLines(const clsCompressor& compr
                                   {text("report.liquidsubcooling.caption"), valueOf(panel_->txtSC)},
                                   {text("report.motorsize.caption"), panel_->cmbMotorSize->TextText()},
                                   {text("report.stepcapacity.caption"), panel_->cmbStepCapacity->TextText()}};
-    if (panel_->txtFrequency) lines.push_back({QStringLiteral("Frequency"), valueOf(panel_->txtFrequency)});
+    if (panel_->txtFrequency)
+        lines.push_back({text("frmselection.txtfrequency.captiontext"), valueOf(panel_->txtFrequency)});
     return lines;
 }
 

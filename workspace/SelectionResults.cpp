@@ -1,5 +1,6 @@
 // The list of results.
 
+#include <QScrollBar>
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -49,23 +50,29 @@ void SelectionForm::populateLVCPS(int groupBy) {
     }
     std::sort(sorted.begin(), sorted.end());
     QString group;
+    std::vector<ResultsView::Row> rows;
+    const auto listGroup = [&] {
+        if (rows.empty()) return;
+        lvCps_->addGroup(u'@' + group, group);
+        order_.sort(rows, lvCps_->columnKeys());
+        for (const ResultsView::Row& row : rows) lvCps_->addRow(row);
+        rows.clear();
+    };
     for (const auto& [text, compressor] : sorted) {
         const QString refrigerant = fromCore(compressor->Refrigerant);
         const QString name = nameOf(*compressor);
         const QString value = groupBy == byCompressor ? name : refrigerant;
-        if (value != group) lvCps_->addGroup(u'@' + value, value);
+        if (value != group) listGroup();
         group = value;
-        addCompressor(*compressor, groupBy == byCompressor ? refrigerant : name);
+        rows.push_back(rowOf(*compressor, groupBy == byCompressor ? refrigerant : name));
     }
+    listGroup();
+    lvCps_->markSorted(order_.column(), order_.isDescending());
     lvCps_->fitColumns();
 }
 
-// In the imperial system some columns have another unit.
 QString SelectionForm::unitOf(const clsOutput& output) const {
-    const bool isImperial = measureUnit_ == MeasureSystem::imperial;
-    const QString imperial = isImperial ? imperialUnit(fromCore(output.Key)) : QString();
-    if (imperial == u"F") return dictionaryText(QStringLiteral("general.variable03")) + imperial;
-    return imperial.isEmpty() ? fromCore(output.UmDescription) : imperial;
+    return unitText(output, measureUnit_ == MeasureSystem::imperial);
 }
 
 void SelectionForm::relistResults() {
@@ -77,14 +84,15 @@ void SelectionForm::relistResults() {
     PopulateFrame4();
 }
 
-void SelectionForm::addCompressor(clsCompressor& compressor, const QString& label) {
+ResultsView::Row SelectionForm::rowOf(clsCompressor& compressor, const QString& label) {
     const QString mark = markOf(compressor);
     QStringList values;
     for (const QString& key : lvCps_->columnKeys().mid(1)) {
         QString text = blank;
         if (!isBlank(compressor)) {
             try {
-                text = resultText(compressor, key, measureUnit_ == MeasureSystem::imperial);
+                text = resultText(compressor, outputs_.Item(toCore(key)),
+                                  measureUnit_ == MeasureSystem::imperial);
             } catch (const std::exception&) {
                 text = blank;  // A column of the catalogue that this calculation has no value for.
             }
@@ -94,7 +102,24 @@ void SelectionForm::addCompressor(clsCompressor& compressor, const QString& labe
     const QString tag =
         QStringList{fromCore(compressor.Refrigerant), fromCore(compressor.Serie), fromCore(compressor.Model)}
             .join(u';');
-    lvCps_->addRow({fromCore(compressor.Key()), tag, label, mark, markText(mark), values});
+    return {fromCore(compressor.Key()), tag, label, mark, markText(mark), values};
+}
+
+void SelectionForm::sortBy(const QString& column) {
+    order_.clicked(column);
+    // The column stays where it was clicked.
+    const int scrolled = lvCps_->horizontalScrollBar()->value();
+    relistResults();
+    lvCps_->horizontalScrollBar()->setValue(scrolled);
+}
+
+void SelectionForm::selectCompressor() {
+    if (lvCps_->selectKey(keptSelection_)) return;
+    int first = -1;
+    for (int row = lvCps_->rowCount() - 1; row >= 0; --row)
+        if (isCompressorRow(row) && lvCps_->mark(row) != u"ledred") first = row;
+    // With none that is possible, its messages say why.
+    lvCps_->selectRow(first >= 0 ? first : 1);
 }
 
 bool SelectionForm::isCompressorRow(int row) const { return row >= 0 && !lvCps_->isGroup(row); }

@@ -17,6 +17,7 @@
 #include "workspace/EmptyPage.h"
 #include "workspace/InputPanel.h"
 #include "workspace/InputRules.h"
+#include "workspace/InputsFold.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmpG.h"
@@ -29,15 +30,18 @@ void SelectionForm::lnkCalculate_Click() {
 }
 
 bool SelectionForm::allInputsValid() {
+    panel_->commit();
     for (AdvanceText* field : panel_->fields()) {
         // What was refused may have been mended meanwhile, as a missing fluid file.
         if (!field->Refusal().isEmpty()) SyncTemperatureFields(nameInCouple(field));
         if (!field->Refusal().isEmpty()) {
             MessageBox::show(this, MessageBox::Mark::critical, field->Refusal());
+            fold_->show();
             field->setFocus();
             return false;
         }
         if (field->TextType() != 1 || field->isHidden() || field->validate()) continue;
+        fold_->show();
         field->setFocus();
         return false;
     }
@@ -133,14 +137,10 @@ void SelectionForm::showResults() {
     Splitter1_->SetChild2(QStringLiteral("splitter2"));
     frame2_->hide();
     Splitter2_->show();
+    fold_->setHasResults(true);
     TabStrip_->setCurrentIndex(0);
     lvCps_->setFocus();
-    // The first compressor, so that its page is there at once.
-    for (int row = 0; row < lvCps_->rowCount(); ++row)
-        if (!lvCps_->isGroup(row)) {
-            lvCps_->selectRow(row);
-            break;
-        }
+    selectCompressor();
     PopulateFrame4();
 }
 
@@ -155,10 +155,13 @@ void SelectionForm::invite(const QString& editedField) {
 
 void SelectionForm::closesplitter34() {
     invite();
+    if (const int row = lvCps_->selectedRow(); row >= 0)
+        keptSelection_ = isCompressorRow(row) ? lvCps_->key(row) : QString();
     lvCps_->clear();
     Splitter1_->SetChild2(QStringLiteral("Frame2"));
     frame2_->show();
     Splitter2_->hide();
+    fold_->setHasResults(false);
     emit stateChanged();
 }
 

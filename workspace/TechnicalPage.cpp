@@ -45,20 +45,19 @@ class PhotoLabel : public QLabel {
 };
 
 TechnicalPage::TechnicalPage(QWidget* parent) : QWidget(parent) {
-    auto* PicScroll = new QScrollArea(this);
-    PicScroll->setObjectName(QStringLiteral("PicScroll"));
-    PicScroll->setFrameShape(QFrame::NoFrame);
-    PicScroll->setWidgetResizable(true);
-    PicScroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    PicScroll->viewport()->setAutoFillBackground(false);
+    PicScroll_ = new QScrollArea(this);
+    PicScroll_->setObjectName(QStringLiteral("PicScroll"));
+    PicScroll_->setFrameShape(QFrame::NoFrame);
+    PicScroll_->setWidgetResizable(true);
+    PicScroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    PicScroll_->viewport()->setAutoFillBackground(false);
     picTecnic_ = new QLabel;
     picTecnic_->setObjectName(QStringLiteral("picTecnic"));
     picTecnic_->setTextFormat(Qt::RichText);
     picTecnic_->setWordWrap(true);
     picTecnic_->setAlignment(Qt::AlignTop);
     picTecnic_->setContentsMargins(margin, 12, margin, 12);
-    picTecnic_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    PicScroll->setWidget(picTecnic_);
+    PicScroll_->setWidget(picTecnic_);
     picTecnic_->setAutoFillBackground(false);
     ImageCPS_ = new PhotoLabel(this);
     ImageCPS_->setObjectName(QStringLiteral("ImageCPS"));
@@ -66,15 +65,19 @@ TechnicalPage::TechnicalPage(QWidget* parent) : QWidget(parent) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
-    row->addWidget(PicScroll, 1);
+    row->addWidget(PicScroll_, 1);
     row->addSpacing(margin);
     row->addWidget(ImageCPS_);
     row->addSpacing(margin);
 }
 
+void TechnicalPage::setCaption(const QString& caption) { PicScroll_->setAccessibleName(caption); }
+
 void TechnicalPage::clear() {
     picTecnic_->setProperty("Tag", QString());
     picTecnic_->clear();
+    // An empty text is no stop of the tab key.
+    picTecnic_->setTextInteractionFlags(Qt::NoTextInteraction);
     ImageCPS_->setImage(QImage());
     ImageCPS_->setAccessibleName(QString());
 }
@@ -99,6 +102,7 @@ void TechnicalPage::setEntries(const QString& title, const QList<Entry>& entries
     for (const auto& [caption, value] : entries)
         text += row.arg(Look::current().muted.name(), caption.toHtmlEscaped(), value.toHtmlEscaped());
     picTecnic_->setText(text + QStringLiteral("</table>"));
+    picTecnic_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     QStringList plain{title};
     for (const auto& [caption, value] : entries) plain += caption + u' ' + value;
     picTecnic_->setAccessibleName(plain.join(QStringLiteral(", ")));

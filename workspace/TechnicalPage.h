@@ -5,6 +5,7 @@
 #include <utility>
 
 class QLabel;
+class QScrollArea;
 
 namespace marvello {
 
@@ -20,6 +21,8 @@ class TechnicalPage : public QWidget {
 
     explicit TechnicalPage(QWidget* parent = nullptr);
 
+    /// Names the page for a screen reader.
+    void setCaption(const QString& caption);
     /// Empties text and photo, and forgets what the catalogue put there.
     void clear();
     /// What a parameter set of the catalogue put into the property `Tag`, "caption|value;...".
@@ -32,6 +35,7 @@ class TechnicalPage : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    QScrollArea* PicScroll_;
     QLabel* picTecnic_;
     PhotoLabel* ImageCPS_;
 };

@@ -1,13 +1,21 @@
 #include "workspace/formBuilds.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
 #include "controls/RichText.h"
+#include "workspace/UserSettings.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
+
+namespace {
+
+const QString seenKey = QStringLiteral("Windows/BuildsLength");
+
+}  // namespace
 
 formBuilds::formBuilds(const QString& file, QWidget* parent)
     : DialogFrame(withoutAccessKey(dictionaryText(QStringLiteral("mdimain.menu.help.builds"))), parent) {
@@ -21,5 +29,17 @@ formBuilds::formBuilds(const QString& file, QWidget* parent)
     rtf->document()->setDocumentMargin(16);
     body()->addWidget(rtf);
 }
+
+bool formBuilds::hasNews(const QString& file) {
+    const qint64 length = QFileInfo(file).size();
+    const QSettings settings = userSettings();
+    if (settings.contains(seenKey)) return length > settings.value(seenKey).toLongLong();
+    // Who has used the program before it kept this has not seen the list either.
+    const bool isFirstStart = !settings.contains(QStringLiteral("Windows/Frame"));
+    if (isFirstStart) markSeen(file);
+    return !isFirstStart && length > 0;
+}
+
+void formBuilds::markSeen(const QString& file) { userSettings().setValue(seenKey, QFileInfo(file).size()); }
 
 }  // namespace marvello

@@ -1,5 +1,7 @@
 #include "workspace/frmMenu.h"
 
+#include <QAbstractButton>
+#include <QAccessible>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -30,6 +32,18 @@ constexpr int fadeTime = 150;  // milliseconds
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 
+/// A choice as a screen reader knows it; the menu paints it and takes mouse and keys.
+class Card : public QAbstractButton {
+  public:
+    explicit Card(QWidget* parent) : QAbstractButton(parent) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setFocusPolicy(Qt::NoFocus);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {}
+};
+
 }  // namespace
 
 frmMenu::frmMenu(QWidget* frame)
@@ -44,7 +58,20 @@ frmMenu::frmMenu(QWidget* frame)
     fade_->setEndValue(1.0);
     fade_->setDuration(fadeTime);
     connect(fade_, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
+    makeCards();
     turnOn(selection);
+}
+
+void frmMenu::makeCards() {
+    for (const Choice choice : {selection, inverter}) {
+        auto* card = new Card(this);
+        card->setAccessibleName(text(choice == inverter ? "frmmenu.inverter" : "frmmenu.selection"));
+        card->setAccessibleDescription(
+            text(choice == inverter ? "frmmenu.inverter.text" : "frmmenu.selection.text"));
+        card->setGeometry(placeOf(choice).toRect());
+        connect(card, &QAbstractButton::clicked, this, [this, choice] { done(choice); });
+        cards_[static_cast<std::size_t>(choice - selection)] = card;
+    }
 }
 
 frmMenu::Choice frmMenu::choose() {
@@ -72,6 +99,8 @@ frmMenu::Choice frmMenu::choiceAt(const QPointF& at) const {
 void frmMenu::turnOn(Choice choice) {
     on_ = choice;
     setAccessibleDescription(text(choice == inverter ? "frmmenu.inverter" : "frmmenu.selection"));
+    QAccessibleEvent turned(cards_[static_cast<std::size_t>(choice - selection)], QAccessible::Focus);
+    QAccessible::updateAccessibility(&turned);
     update();
 }
 

@@ -2,7 +2,9 @@
 
 #include <QDialog>
 #include <QPixmap>
+#include <array>
 
+class QAbstractButton;
 class QVariantAnimation;
 
 namespace marvello {
@@ -39,7 +41,11 @@ class frmMenu : public QDialog {
     void paintChoice(QPainter& painter, Choice choice) const;
     void paintHints(QPainter& painter) const;
 
+    void makeCards();
+
     QPixmap under_;
+    std::array<QAbstractButton*, 2>
+        cards_{};  // what a screen reader finds in the place of the painted choices
     QVariantAnimation* fade_;
     Choice on_ = selection;
     Choice pressed_ = none;

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int dotInterval = 400;  // milliseconds
 constexpr int mostDots = 3;
+constexpr int alpha = 235;  // of 255: the list below is seen to wait
 
 }  // namespace
 
@@ -33,6 +34,7 @@ frmpG::frmpG(QWidget* parent)
     Label1_->setObjectName(QStringLiteral("Label1"));
     LabelDots_->setObjectName(QStringLiteral("LabelDots"));
     pg_->setObjectName(QStringLiteral("pg"));
+    pg_->setAccessibleName(Label1_->text());
     btnAbort_->setObjectName(QStringLiteral("btnAbort"));
     LabelDots_->setFixedWidth(16);
     percent_->setStyleSheet(QStringLiteral("color: %1").arg(Look::current().muted.name()));
@@ -49,6 +51,7 @@ frmpG::frmpG(QWidget* parent)
     connect(btnAbort_, &ctlBtn::clicked, this, &frmpG::abort);
     connect(Timer1_, &QTimer::timeout, this, &frmpG::showDots);
     Timer1_->start(dotInterval);
+    Transparency(alpha);
     setPercent(0);
 }
 

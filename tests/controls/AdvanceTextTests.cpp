@@ -175,3 +175,42 @@ TEST_F(AdvanceTextTest, NoMoreIsTypedThanTheGreatestLength) {
     type("12345");
     EXPECT_EQ(field->TextText(), "123");
 }
+
+TEST_F(AdvanceTextTest, AListThatOpensTakesOverThePressedButtonAndTheMouse) {
+    using Event = FieldState::Event;
+    next->SetLocked(true);
+    next->setProperty("ButtonVisible", true);
+    QObject::connect(next, &AdvanceText::ButtonClick, next, [this] { next->setOpen(true); });
+    next->setFocus();
+    const QPoint button(next->width() - AdvanceText::halo - 8, next->height() / 2);
+    QTest::mouseMove(next, button);
+    QTest::mousePress(next, Qt::LeftButton, Qt::NoModifier, button);
+    EXPECT_TRUE(next->state().isDown());
+    // The release goes to the list, and the mouse is elsewhere when it closes.
+    QCursor::setPos(field->mapToGlobal(QPoint(1, 1)));
+    next->setOpen(false);
+    EXPECT_FALSE(next->state().isDown());
+    EXPECT_FALSE(next->state().isHovered());
+    EXPECT_TRUE(next->state().isActive()) << "the focus is its own";
+    field->setFocus();
+    EXPECT_EQ(next->state(), FieldState());
+
+    // Nothing stays of a field that is put away under the mouse.
+    FieldState state;
+    for (const Event event : {Event::mouseEntered, Event::buttonPressed, Event::listOpened, Event::putAway})
+        EXPECT_TRUE(state.take(event));
+    EXPECT_FALSE(state.take(Event::listClosed));
+    EXPECT_EQ(state, FieldState());
+}
+
+TEST_F(AdvanceTextTest, TheFirstOfSeveralFaultsSpeaks) {
+    field->setProperty("TextMax", 30.0);
+    field->SetRemark("remark");
+    field->SetRefusal("refusal");
+    type("31");
+    EXPECT_EQ(field->complaint(), "remark") << "typing takes the refusal back";
+    field->SetRemark({});
+    EXPECT_EQ(field->complaint(), "Value (Min= 0 Max= 30)");
+    field->SetTextValue(30);
+    EXPECT_FALSE(field->isInvalid());
+}

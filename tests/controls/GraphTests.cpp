@@ -181,9 +181,30 @@ TEST_F(GraphTest, ThePlainDrawingShowsThreeLimits) {
     EXPECT_EQ(colourAt(-10, 35), QColor(0, 0, 0));
     EXPECT_EQ(colourAt(15, 40), QColor("#8482FF"));
     EXPECT_EQ(colourAt(15, 25), QColor(Qt::white));
+    // Over, application and oil-cooling limit in this order: the last one is on top of a line that they
+    // share.
+    const auto shared = limit(2, "-20,20;20,20;10,50;-10,50;-20,20");
+    plain.DrawLimits(limitsOf({shared, application, over}));
+    EXPECT_EQ(colourAt(0, 50), QColor("#8482FF"));
+    EXPECT_EQ(colourAt(0, 20), QColor("#8482FF"));
     plain.DrawLimits(limitsOf({cooling}));
     plain.DrawLimits({});
     EXPECT_EQ(colourAt(15, 40), QColor(Qt::white));
 }
 
 }  // namespace
+
+TEST_F(GraphTest, NoCaptionIsOnTopOfAnother) {
+    // Steps of capacity that share their upper line, in large and in small pictures.
+    for (const int side : {600, 260, 140}) {
+        EnvelopeDrawing drawing;
+        for (const int type : {4, 5, 6}) drawing.limits.add(limit(type, "-20,20;20,20;20,60;-20,60;-20,20"));
+        drawing.limits.add(over);
+        drawing.fitScale();
+        const auto captions = drawing.captions(QRectF(0, 0, side, side));
+        ASSERT_EQ(captions.size(), 3U);
+        for (std::size_t i = 0; i < captions.size(); ++i)
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_FALSE(captions[i].room.intersects(captions[j].room)) << side;
+    }
+}

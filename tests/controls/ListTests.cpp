@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QHeaderView>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -118,6 +120,39 @@ TEST(ResultsView, KeepsRowsByKeyAndMovesTheSelection) {
     EXPECT_EQ(view.selectedRow(), -1);
 }
 
+TEST(ResultsView, TheFirstColumnStaysInPlaceWhenTheOthersScroll) {
+    ResultsView view;
+    view.setColumns({{"model", "Model", {}},
+                     {"q0", "Capacity(kW)", {}},
+                     {"pta", "Power(kW)", {}},
+                     {"ca", "Current(A)", {}}});
+    view.addGroup("g", "R134A");
+    view.addRow({"1", {}, "TK-A-120", "ledgreen", {}, {"69.9", "16.8", "31.0"}});
+    view.addRow({"2", {}, "TK-A-140", "ledred", {}, {"81.8", "19.6", "37.0"}});
+    view.resize(260, 200);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    view.selectRow(2);
+    const auto seen = [&](QWidget* part) {
+        // Without its last line of pixels, which parts it from what scrolls below.
+        return part->grab(QRect(0, 0, view.header()->sectionSize(0) - 1, part->height())).toImage();
+    };
+    const QImage labels = seen(view.viewport());
+    const QImage heading = seen(view.header()->viewport());
+    view.horizontalScrollBar()->setValue(60);
+    ASSERT_EQ(view.header()->offset(), 60);
+    EXPECT_EQ(seen(view.viewport()), labels);
+    EXPECT_EQ(seen(view.header()->viewport()), heading);
+
+    // Its edge is taken where it is seen.
+    const int width = view.header()->sectionSize(0);
+    QWidget* header = view.header()->viewport();
+    QTest::mousePress(header, Qt::LeftButton, {}, {width - 1, 20});
+    QTest::mouseMove(header, {width + 29, 20});
+    QTest::mouseRelease(header, Qt::LeftButton, {}, {width + 29, 20});
+    EXPECT_EQ(view.header()->sectionSize(0), width + 30);
+}
+
 TEST(ctlBtn, IsClickedByMouseEnterAndSpaceUnlessDisabled) {
     ctlBtn button("Abort", false);
     button.show();
@@ -129,4 +164,23 @@ TEST(ctlBtn, IsClickedByMouseEnterAndSpaceUnlessDisabled) {
     button.setProperty("Enabled", false);
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(clicks.count(), 3);
+}
+
+TEST(ResultsHeader, ANameWithoutAUnitIsOnTheLineOfTheOthers) {
+    ResultsView view;
+    view.resize(400, 200);
+    // The lowest row of the second column that holds a letter.
+    const auto lowest = [&view] {
+        view.show();
+        const QImage picture = view.header()->grab().toImage();
+        const int left = view.header()->sectionPosition(1);
+        for (int y = picture.height() - 3; y > 0; --y)
+            for (int x = left + 1; x < left + view.header()->sectionSize(1); ++x)
+                if (picture.pixelColor(x, y) != picture.pixelColor(left + 1, 2)) return y;
+        return 0;
+    };
+    view.setColumns({{"compressor", "Compressor", ""}, {"COP", "COP()", ""}, {"Q0", "Capacity(kW)", ""}});
+    EXPECT_LT(lowest(), TwoLineHeader::headerHeight / 2);
+    view.setColumns({{"polynomial", "", ""}, {"c1", "COP", ""}, {"c2", "c2", ""}});
+    EXPECT_GT(lowest(), TwoLineHeader::headerHeight / 2) << "in the middle where no column has a unit";
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QLocale>
+#include <cmath>
 
 using marvello::formatNumber;
 using marvello::shownNumber;
@@ -61,6 +62,26 @@ TEST(ShownNumber, ReadsBackWhatFormatNumberWrites) {
     EXPECT_EQ(shownNumber(u"232.800", german), 232800.0);
     EXPECT_EQ(shownNumber(u"232.800", english), 232.8);
     EXPECT_EQ(shownNumber(u".3", english), 0.3);
+}
+
+TEST(NumberText, ReadsBackWhatItWritesInEveryLocale) {
+    const auto locales =
+        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry);
+    ASSERT_GT(locales.size(), 500);
+    for (const QLocale& locale : locales) {
+        for (const double value : {0.0, 7.0, -12.25, 1048800.5, -0.00005, 1.5e20}) {
+            EXPECT_EQ(typedNumber(formatNumber(value, u"", locale)), value) << locale.name().toStdString();
+            if (std::abs(value) < 1e-3) continue;
+            EXPECT_EQ(typedNumber(formatNumber(value, u"#0.00", locale)), value)
+                << locale.name().toStdString();
+            EXPECT_EQ(shownNumber(formatNumber(value, u"#,#0.00", locale), locale), value)
+                << locale.name().toStdString();
+        }
+        // What the locale itself writes, as on the clipboard of another program.
+        QLocale own(locale);
+        own.setNumberOptions(QLocale::OmitGroupSeparator);
+        EXPECT_EQ(typedNumber(own.toString(-12.25, 'f', 2)), -12.25) << locale.name().toStdString();
+    }
 }
 
 TEST(ShownNumber, RefusesWhatIsNoNumberInTheLocale) {

@@ -2,8 +2,12 @@
 
 #include "controls/ContainerOld.h"
 #include "controls/Link.h"
+#include "controls/Look.h"
+#include "controls/Zoom.h"
 #include "controls/ctlRoundRectangle.h"
 
+#include <QApplication>
+#include <QMenu>
 #include <QTest>
 
 using namespace marvello;
@@ -65,4 +69,35 @@ TEST(LinkTest, PassesClicksAndEnterOn) {
     link.setEnabled(false);
     QTest::mouseClick(&link, Qt::LeftButton);
     EXPECT_EQ(clicks, 3);
+}
+
+TEST(Look, GivesItsFontToWhatTheDesktopHasFontsForToo) {
+    // As a theme of the desktop does.
+    QApplication::setFont(QFont("Courier", 20), "QMenu");
+    Look::install(*qApp, Look::light());
+    QMenu menu;
+    menu.addAction("New");
+    menu.ensurePolished();
+    EXPECT_EQ(menu.font().families().front(), lookFont().families().front());
+    EXPECT_EQ(menu.font().pixelSize(), lookFont().pixelSize());
+}
+
+TEST(Zoom, KeepsThePointUnderTheMouseAndTheRoomCovered) {
+    const QRectF room(10, 20, 400, 300);
+    const QPointF mouse(110, 95);  // a quarter from the left and the top
+    Zoom zoom;
+    EXPECT_EQ(zoom.placeIn(room), room);
+    zoom.zoom(3, mouse, room);
+    const QRectF place = zoom.placeIn(room);
+    EXPECT_NEAR(place.width(), 400 * 1.25 * 1.25 * 1.25, 1e-9);
+    EXPECT_NEAR((mouse.x() - place.left()) / place.width(), 0.25, 1e-12);
+    EXPECT_NEAR((mouse.y() - place.top()) / place.height(), 0.25, 1e-12);
+    zoom.moveBy({1e6, -1e6}, room);
+    EXPECT_NEAR(zoom.placeIn(room).left(), room.left(), 1e-9);
+    EXPECT_NEAR(zoom.placeIn(room).bottom(), room.bottom(), 1e-9);
+    zoom.zoom(100, mouse, room);
+    EXPECT_EQ(zoom.factor(), Zoom::maxFactor);
+    zoom.zoom(-100, mouse, room);
+    EXPECT_TRUE(zoom.isFitted());
+    EXPECT_EQ(zoom.placeIn(room), room);
 }

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QListWidget>
 #include <QMouseEvent>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace marvello;
@@ -87,4 +89,41 @@ TEST_F(SplitterTest, ADragMovesTheBarAndEscapeTakesItBack) {
     splitter.setProperty("AllowResize", false);
     drag(152, 252);
     EXPECT_EQ(splitter.CurrSplitterPos(), 150);
+}
+
+TEST_F(SplitterTest, OnlyTheBarFollowsADragThatIsNotLive) {
+    splitter.setProperty("LiveUpdate", false);
+    splitter.setProperty("SplitterDragColor", QColor(200, 0, 100));
+    first->setAutoFillBackground(true);
+    second->setAutoFillBackground(true);
+    drag(102, 252);
+    EXPECT_EQ(first->width(), 100);
+    EXPECT_EQ(splitter.grab().toImage().pixelColor(252, 150), QColor(200, 0, 100));
+    QTest::mouseRelease(&splitter, Qt::LeftButton, {}, {252, 50});
+    EXPECT_EQ(first->width(), 250);
+    EXPECT_NE(splitter.grab().toImage().pixelColor(252, 150), QColor(200, 0, 100));
+}
+
+TEST_F(SplitterTest, ADragEndsWhereTheMouseLeavesTheWindow) {
+    QSignalSpy moved(&splitter, &Splitter::moved);
+    QCursor::setPos(splitter.mapToGlobal(QPoint(152, 50)));
+    drag(102, 152);
+    QTest::qWait(250);
+    EXPECT_EQ(moved.count(), 0);
+    QCursor::setPos(splitter.mapToGlobal(QPoint(900, 50)));
+    ASSERT_TRUE(moved.wait(1000));
+    EXPECT_EQ(splitter.SplitterPos(), 150);
+
+    splitter.setProperty("ClipCursor", true);
+    drag(152, 600);
+    EXPECT_EQ(QCursor::pos(), splitter.mapToGlobal(QPoint(404, 50))) << "kept inside";
+    QTest::mouseRelease(&splitter, Qt::LeftButton, {}, {404, 50});
+    EXPECT_EQ(splitter.SplitterPos(), 370);
+}
+
+TEST_F(SplitterTest, AListHidesItsBorderUnderTheBar) {
+    auto* list = new QListWidget(&splitter);
+    list->setObjectName("list");
+    splitter.SetChild2("list");
+    EXPECT_EQ(list->geometry(), QRect(104, -1, 302, 302));
 }

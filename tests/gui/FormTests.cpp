@@ -2,17 +2,25 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMap>
+#include <QMenu>
+#include <QRegularExpression>
 #include <QSet>
 #include <QTest>
+#include <tuple>
 
 #include "controls/AdvanceText.h"
 #include "controls/Link.h"
 #include "controls/MessagesView.h"
 #include "controls/ResultsView.h"
+#include "controls/TabStrip.h"
 #include "tests/gui/RealWindow.h"
 #include "workspace/SelectionForm.h"
 
@@ -36,6 +44,7 @@ class FormTest : public ::testing::Test, public marvello::testing::RealWindow {
         auto* rows = popup->findChild<QListWidget*>();
         for (int row = 0; row < rows->count(); ++row)
             if (rows->item(row)->data(Qt::UserRole).toString() == u'@' + key) rows->setCurrentRow(row);
+        if (rows->currentItem()->data(Qt::CheckStateRole).isValid()) QTest::keyClick(rows, Qt::Key_Space);
         QTest::keyClick(rows, Qt::Key_Return);
         EXPECT_EQ(field(name)->Key(), key);
     }
@@ -44,6 +53,11 @@ class FormTest : public ::testing::Test, public marvello::testing::RealWindow {
         edit->setFocus();
         edit->selectAll();
         QTest::keyClicks(edit, text);
+    }
+    void calculate() {
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        QTest::keyClick(form->focusWidget(), Qt::Key_F5);
     }
     QMap<QString, double> numbers() {
         QMap<QString, double> result;
@@ -121,8 +135,7 @@ TEST_F(FormTest, AMessageThatACompressorHasTwiceIsShownOnce) {
     choose("lstSeries", "TK-A");
     choose("cmbEco", "2");
     type("txtEco", "100000");
-    window->activateWindow();
-    QTest::keyClick(form->focusWidget(), Qt::Key_F5);
+    calculate();
     ASSERT_TRUE(form->hasResults());
     const auto* messages = form->findChild<MessagesView*>(QStringLiteral("lvMessages"));
     for (int row = 1; row < list()->rowCount(); ++row) {
@@ -198,4 +211,294 @@ TEST_F(FormTest, SwitchingTheSystemOfUnitsThereAndBackChangesNoField) {
         EXPECT_EQ(field("txtTCD")->number(), 40);
         EXPECT_TRUE(field("txtTCM")->isHidden());
     }
+}
+
+TEST_F(FormTest, TheEntryThatIsChosenAlreadyDiscardsNothing) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    ASSERT_TRUE(form->hasResults());
+    for (const char* name : {"lstRefrigerants", "lstSeries", "lstModels", "cmbSh", "cmbEco", "cmbOilCooling",
+                             "cmbMotorVoltage", "cmbMotorSize", "cmbStepCapacity"}) {
+        const QString text = field(name)->TextText();
+        choose(name, field(name)->Key());
+        EXPECT_TRUE(form->hasResults()) << name;
+        EXPECT_EQ(field(name)->TextText(), text);
+    }
+    // Any other entry does: the list never shows what does not belong to the inputs.
+    for (const auto& [name, key] : {std::pair{"lstModels", "TK-A-120"},
+                                    {"cmbMotorVoltage", "460_60"},
+                                    {"cmbMotorSize", "1"},
+                                    {"cmbStepCapacity", "75"}}) {
+        const QString choices = field(name)->Tag1();
+        choose(name,
+               name == std::string_view("lstModels") ? choices.section(';', 1, 1).section('|', 0, 0) : key);
+        EXPECT_FALSE(form->hasResults()) << name;
+        calculate();
+        ASSERT_TRUE(form->hasResults());
+    }
+}
+
+TEST_F(FormTest, TypingANameChoosesExactlyThatEntry) {
+    const auto typed = [this](const char* name, const QString& text) {
+        QTest::keyClicks(field(name)->findChild<QLineEdit*>(), text.left(1));
+        auto* rows = QApplication::activePopupWidget()->findChild<QListWidget*>();
+        QTest::keyClicks(rows, text.mid(1));
+        QTest::keyClick(rows, Qt::Key_Return);
+        return field(name)->Key();
+    };
+    ASSERT_TRUE(field("lstSeries")->Tag1().contains("TK-A(P)|"));
+    EXPECT_EQ(typed("lstSeries", "tk-a(p)"), "TK-A(P)");
+    EXPECT_EQ(typed("lstSeries", "tk-a"), "TK-A");
+    EXPECT_EQ(typed("lstSeries", "TK-A(Q)"), "TK-A(Q)");
+    EXPECT_EQ(typed("lstSeries", "TK-A"), "TK-A");
+    EXPECT_EQ(typed("cmbMotorVoltage", "380 V / 60 Hz"), "380_60") << "a blank is part of a name";
+}
+
+TEST_F(FormTest, CheckedModelsAreAppliedByTheLastRowAndByNoClickElsewhere) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    const auto open = [this] {
+        QTest::mouseClick(field("lstModels")->findChild<QLineEdit*>(), Qt::LeftButton);
+        return QApplication::activePopupWidget();
+    };
+    const auto click = [](QWidget* popup, int row) {
+        auto* rows = popup->findChild<QListWidget*>();
+        QTest::mouseClick(rows->viewport(), Qt::LeftButton, {},
+                          rows->visualItemRect(rows->item(row)).center());
+    };
+    QWidget* popup = open();
+    click(popup, 1);
+    click(popup, 2);
+    popup->hide();
+    EXPECT_EQ(field("lstModels")->Key(), "*");
+    EXPECT_EQ(field("lstModels")->TextText(), "ALL");
+    EXPECT_TRUE(form->hasResults());
+    popup = open();
+    EXPECT_EQ(popup->findChild<QListWidget*>()->item(0)->checkState(), Qt::Checked);
+    EXPECT_EQ(popup->findChild<QListWidget*>()->item(1)->checkState(), Qt::Unchecked);
+    click(popup, 1);
+    click(popup, 2);
+    auto* apply = popup->findChild<QAbstractButton*>(QStringLiteral("applyRow"));
+    ASSERT_TRUE(apply->isVisible());
+    EXPECT_EQ(apply->text(), "Apply");
+    QTest::mouseClick(apply, Qt::LeftButton);
+    EXPECT_FALSE(popup->isVisible());
+    EXPECT_EQ(field("lstModels")->Key().count(';'), 1);
+    EXPECT_FALSE(form->hasResults());
+    // Without a tick all models are meant, and said so as in the list.
+    popup = open();
+    click(popup, 1);
+    click(popup, 2);
+    QTest::mouseClick(apply, Qt::LeftButton);
+    EXPECT_EQ(field("lstModels")->Key(), "*");
+    EXPECT_EQ(field("lstModels")->TextText(), "ALL");
+    QTest::mouseClick(field("cmbSh")->findChild<QLineEdit*>(), Qt::LeftButton);
+    EXPECT_FALSE(apply->isVisible()) << "one choice applies itself";
+    QApplication::activePopupWidget()->hide();
+}
+
+TEST_F(FormTest, ANewCalculationKeepsTheSelectedCompressor) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    list()->selectRow(4);
+    const QString selected = list()->key(4);
+    form->MnuPopUp("limits");
+    type("txtTED", "3");
+    calculate();
+    EXPECT_EQ(list()->key(list()->selectedRow()), selected);
+    EXPECT_TRUE(form->findChild<MessagesView*>(QStringLiteral("lvMessages"))->isVisible())
+        << "the first page";
+    calculate();
+    EXPECT_EQ(list()->key(list()->selectedRow()), selected);
+    // Another model alone: the one selected is no longer listed.
+    choose("lstModels", field("lstModels")->Tag1().section(';', 1, 1).section('|', 0, 0));
+    calculate();
+    EXPECT_EQ(list()->selectedRow(), 1);
+    // Too hot for the smallest models: the first that is possible.
+    choose("lstModels", "*");
+    choose("lstSeries", "MV-A");
+    type("txtTCD", "64");
+    type("txtTED", "-10");
+    calculate();
+    int first = 1;
+    while (first < list()->rowCount() && list()->mark(first) == "ledred") ++first;
+    EXPECT_EQ(list()->selectedRow(), first < list()->rowCount() ? first : 1);
+}
+
+TEST_F(FormTest, AHeadingSortsWithinTheGroupsAndBack) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    const auto order = [this](int column) {
+        QStringList texts;
+        for (int row = 1; row < list()->rowCount(); ++row) texts += list()->text(row, column).trimmed();
+        return texts;
+    };
+    const QStringList asListed = order(0);
+    const auto click = [this](const char* key) {
+        auto* headings = list()->header();
+        const int section = static_cast<int>(list()->columnKeys().indexOf(QLatin1String(key)));
+        QTest::mouseClick(headings->viewport(), Qt::LeftButton, {},
+                          {headings->sectionViewportPosition(section) + 20, 20});
+    };
+    list()->selectRow(3);
+    const QString selected = list()->key(3);
+    const auto expectSorted = [&](bool descending) {
+        const QStringList shown = order(1);
+        double before = descending ? 1e9 : -1e9;
+        bool blank = false;
+        for (const QString& text : shown) {
+            if (text.isEmpty()) {
+                blank = true;
+                continue;
+            }
+            EXPECT_FALSE(blank) << "what has no value comes last";
+            EXPECT_TRUE(descending ? text.toDouble() <= before : text.toDouble() >= before)
+                << text.toStdString();
+            before = text.toDouble();
+        }
+    };
+    click("Q0");
+    expectSorted(false);
+    EXPECT_TRUE(list()->isGroup(0));
+    EXPECT_EQ(list()->key(list()->selectedRow()), selected);
+    click("Q0");
+    expectSorted(true);
+    EXPECT_NE(order(0), asListed);
+    // It stays through a new calculation and another system of units, and what is copied follows.
+    calculate();
+    expectSorted(true);
+    switchUnits("imperial");
+    expectSorted(true);
+    const QStringList sorted = order(0);
+    list()->selectAll();
+    form->MnuPopUp("copytoclipboard");
+    const QStringList lines = QGuiApplication::clipboard()->text().split("\r\n", Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), sorted.size() + 1);
+    for (qsizetype i = 0; i < sorted.size(); ++i)
+        EXPECT_EQ(lines[i + 1].section('\t', 1, 2).replace('\t', '-'), sorted[i]);
+    click("Q0");
+    EXPECT_EQ(order(0), asListed);
+
+    // The keys: the headings are a stop behind the list.
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    list()->setFocus();
+    QTest::keyClick(list(), Qt::Key_Tab);
+    ASSERT_TRUE(list()->header()->hasFocus());
+    QTest::keyClick(list()->header(), Qt::Key_Right);
+    QTest::keyClick(list()->header(), Qt::Key_Space);
+    expectSorted(false);
+    QTest::keyClick(list()->header(), Qt::Key_Space);
+    expectSorted(true);
+}
+
+TEST_F(FormTest, HelpTechnicalDataAndColumnsFollowTheSystemOfUnits) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    window->resize(1440, 1100);
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    field("txtTED")->setFocus();
+    const auto* help = form->findChild<QLabel*>(QStringLiteral("rtfHelp"));
+    const auto* data = form->findChild<QLabel*>(QStringLiteral("picTecnic"));
+    EXPECT_TRUE(help->text().contains(QString::fromUtf8("-50\u00A0°C"))) << help->text().toStdString();
+    form->MnuPopUp("tecnic");
+    EXPECT_TRUE(data->accessibleName().contains(QString::fromUtf8("120 m³/h")))
+        << data->accessibleName().toStdString();
+    switchUnits("imperial");
+    EXPECT_TRUE(help->text().contains(QString::fromUtf8("-58\u00A0°F"))) << help->text().toStdString();
+    EXPECT_FALSE(help->text().contains(QString::fromUtf8("°C")));
+    EXPECT_TRUE(data->accessibleName().contains("70.6 cfm")) << data->accessibleName().toStdString();
+    EXPECT_TRUE(list()->columnTexts().contains(QString::fromUtf8("Uncooled(°F)")));
+    EXPECT_TRUE(list()->columnTexts().contains("Condenser(Tons)"));
+    EXPECT_TRUE(list()->columnTexts().contains("Capacity(Btu/h)"));
+}
+
+TEST_F(FormTest, AChangeOfLanguageReachesAllThatIsShown) {
+    choose("lstSeries", "TK-A");
+    SelectionForm* fixedSpeed = form;
+    form = window->newInverterSelection();
+    form = fixedSpeed;
+    auto* tabs = window->centralWidget()->findChild<TabStrip*>(QStringLiteral("TabStrip"));
+    tabs->setCurrentIndex(0);
+    calculate();
+    form->MnuPopUp("limits");
+    field("txtTED")->setFocus();
+    const auto* help = form->findChild<QLabel*>(QStringLiteral("rtfHelp"));
+    const auto* graph = form->findChild<QWidget*>(QStringLiteral("limitgraph"));
+    const auto* link = form->findChild<Link*>(QStringLiteral("lnkDefaults"));
+    EXPECT_EQ(tabs->tabText(1), "2 inverter");
+    EXPECT_TRUE(graph->accessibleDescription().contains("Iniection limit"));
+    for (const char* language : {"de-DE", "it-IT", "fr-FR", "es-ES", "cn-CN", "en-EN"}) {
+        SCOPED_TRACE(language);
+        const QString before = help->text();
+        window->chooseLanguage(QLatin1String(language));
+        EXPECT_NE(help->text(), before);
+        EXPECT_GE(link->width(), link->sizeHint().width()) << "nothing is cut";
+        EXPECT_LT(link->geometry().right(), form->findChild<QWidget*>(QStringLiteral("lnkCalculate"))->x());
+        EXPECT_EQ(tabs->tabText(0), form->windowTitle());
+    }
+    window->chooseLanguage("de-DE");
+    EXPECT_EQ(tabs->tabText(0), "1 Auswahl");
+    EXPECT_EQ(tabs->tabText(1), "2 Umrichter");
+    EXPECT_EQ(field("lstModels")->TextText(), "ALLE");
+    EXPECT_TRUE(graph->accessibleDescription().contains("Einsatzgrenze"))
+        << graph->accessibleDescription().toStdString();
+    EXPECT_FALSE(graph->accessibleDescription().contains("limit"));
+    const auto report = form->selectedReport();
+    ASSERT_TRUE(report);
+    for (const auto& limit : report->envelope.limits)
+        EXPECT_EQ(limit->Description.find("limit"), std::string::npos);
+    choose("lstModels", "120");
+    choose("lstModels", "*");
+    EXPECT_EQ(field("lstModels")->TextText(), "ALLE");
+}
+
+TEST_F(FormTest, ARefusedTemperatureNamesTheRangeOfTheRefrigerant) {
+    // R134a has its triple point at -103.3 degrees Celsius and its critical point at 101.06.
+    for (const auto& [unit, low, high, scale] : {std::tuple{QString::fromUtf8("°C"), -103.3, 101.06, 1.0},
+                                                 {QString::fromUtf8("°F"), -153.94, 213.91, 1.8}}) {
+        type("txtTCD", "500");
+        const QRegularExpression range(QStringLiteral("are (-?[0-9.]+) to ([0-9.]+) ") + unit);
+        const auto named = range.match(field("txtTCD")->complaint());
+        ASSERT_TRUE(named.hasMatch()) << field("txtTCD")->complaint().toStdString();
+        EXPECT_NEAR(named.captured(1).toDouble(), low, 0.15 * scale);
+        EXPECT_NEAR(named.captured(2).toDouble(), high, 0.15 * scale);
+        type("txtTCD", named.captured(2));
+        EXPECT_TRUE(field("txtTCD")->Refusal().isEmpty()) << "both ends are permitted";
+        type("txtTED", named.captured(1));
+        EXPECT_TRUE(field("txtTED")->Refusal().isEmpty());
+        type("txtTCD", "500");
+        switchUnits("imperial");  // while it is refused
+    }
+    switchUnits("metric");
+    type("txtTED", "2");
+    type("txtTCD", "40");
+    type("txtTED", "41");
+    EXPECT_TRUE(field("txtTED")->complaint().contains("above the condensing temperature"));
+    type("txtTCD", "39");
+    EXPECT_TRUE(field("txtTCD")->complaint().contains("above the condensing temperature"));
+    type("txtTCD", "50");
+    EXPECT_TRUE(field("txtTCD")->complaint().isEmpty());
+    EXPECT_TRUE(field("txtTED")->complaint().isEmpty());
+    type("txtPE", "30");  // above the condensing pressure of 13.2 bar
+    EXPECT_TRUE(field("txtPE")->complaint().contains("above the condensing temperature"));
+    EXPECT_TRUE(field("txtTED")->complaint().isEmpty()) << "it was not typed";
+}
+
+TEST_F(FormTest, AGroupRowEmptiesTheLimits) {
+    choose("lstSeries", "TK-A");
+    calculate();
+    form->MnuPopUp("limits");
+    const auto* graph = form->findChild<QWidget*>(QStringLiteral("limitgraph"));
+    EXPECT_TRUE(graph->isVisible());
+    list()->selectRow(0);
+    EXPECT_FALSE(graph->isVisible());
+    list()->selectRow(1);
+    EXPECT_TRUE(graph->isVisible());
+    QStringList entries;
+    for (const QAction* entry : form->findChild<QMenu*>(QStringLiteral("mnu_cpspopup"))->actions())
+        if (!entry->isSeparator()) entries += entry->objectName().mid(13);
+    EXPECT_EQ(entries, QStringList({"messages", "tecnic", "polynomials", "dimension", "limits",
+                                    "copyclipboard", "printpreview", "print"}));
 }

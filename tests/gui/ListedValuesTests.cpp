@@ -97,8 +97,8 @@ const std::map<QString, Rule> rules{
     {"CAECO", {"CAEco", nullptr, same, 1, true}},      {"meco", {"meco", nullptr, pounds, 1, true}},
     {"@Lra1", {"Lra1", nullptr, same, 1, false}},      {"@Lra2", {"Lra2", nullptr, same, 1, false}},
     {"Tsca", {"Tsca", nullptr, fahrenheit, 1, false}}, {"Pra", {"Pra", nullptr, tons, 1, false}},
-    {"mBase", {"Mbase", nullptr, pounds, 1, false}},   {"Qc", {"Qc", nullptr, same, 1, false}},
-    {"T21", {"T21", nullptr, same, 1, false}},
+    {"mBase", {"Mbase", nullptr, pounds, 1, false}},   {"Qc", {"Qc", nullptr, tons, 1, false}},
+    {"T21", {"T21", nullptr, fahrenheit, 1, false}},
 };
 
 bool isSame(const std::string& left, const std::string& right) {

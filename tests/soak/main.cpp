@@ -311,8 +311,9 @@ class Soak {
     void resize() { real_.window->resize(400 + random(2200), 300 + random(1300)); }
 
     void arrange() {
-        static constexpr const char* commands[]{"cascade", "tilehorizontal", "tilevertical",
-                                                "mnu_Window_ArrangeIcons", "frameresize"};
+        static constexpr const char* commands[]{"mnu_Window_Cascade", "mnu_Window_TileHorizontal",
+                                                "mnu_Window_TileVertical", "mnu_Window_ArrangeIcons",
+                                                "frameresize"};
         if (random(3) != 0) return trigger(oneOf(commands));
         static constexpr void (QWidget::* ways[])(){&QWidget::showMinimized, &QWidget::showMaximized,
                                                     &QWidget::showNormal};

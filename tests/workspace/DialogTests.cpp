@@ -12,6 +12,7 @@
 #include "data/Globals.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/MDIMain.h"
+#include "workspace/UserSettings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/formBuilds.h"
 #include "workspace/formHide.h"
@@ -77,6 +78,27 @@ TEST_F(DialogTest, BuildsAreOfferedWhenThereIsAList) {
     builds.resize(900, 700);
     EXPECT_EQ(text->width(), 898);
     setApplicationFolder(before);
+}
+
+TEST_F(DialogTest, AListOfBuildsThatGrewIsNews) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("builds.rtf");
+    const auto write = [&](int length) {
+        QFile list(file);
+        ASSERT_TRUE(list.open(QIODevice::WriteOnly));
+        list.write(QByteArray(length, 'x'));
+    };
+    write(100);
+    EXPECT_FALSE(formBuilds::hasNews(file)) << "a first start";
+    write(150);
+    EXPECT_TRUE(formBuilds::hasNews(file));
+    formBuilds::markSeen(file);
+    EXPECT_FALSE(formBuilds::hasNews(file));
+    write(120);
+    EXPECT_FALSE(formBuilds::hasNews(file));
+    userSettings().remove("Windows/BuildsLength");
+    userSettings().setValue("Windows/Frame", QByteArray("kept by an earlier version"));
+    EXPECT_TRUE(formBuilds::hasNews(file));
 }
 
 TEST_F(DialogTest, RefrigerantsAreCheckedAndGivenBack) {

@@ -9,7 +9,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -75,8 +77,8 @@ class MainWindowTest : public WorkspaceFixture {
 TEST_F(MainWindowTest, IsQuietWithoutForms) {
     EXPECT_EQ(window->windowTitle(), "Marvello 1.0.0");
     EXPECT_EQ(tabs()->count(), 0);
-    for (const char* name :
-         {"frameresize", "frecciaup", "frecciadown", "cascade", "tilehorizontal", "mnu_file_close"})
+    for (const char* name : {"frameresize", "frecciaup", "frecciadown", "mnu_Window_Cascade",
+                             "mnu_Window_TileHorizontal", "mnu_file_close"})
         EXPECT_FALSE(action(name)->isEnabled()) << name;
     action("frecciaup")->trigger();
     action("mnu_file_closeall")->trigger();
@@ -194,7 +196,7 @@ TEST_F(MainWindowTest, EveryFormHasItsTabAndItsKeys) {
     QTest::keyClick(second->focusWidget(), Qt::Key_F4, Qt::ControlModifier);
     settle();
     EXPECT_EQ(tabs()->count(), 0);
-    EXPECT_FALSE(action("cascade")->isEnabled());
+    EXPECT_FALSE(action("mnu_Window_Cascade")->isEnabled());
 }
 
 TEST_F(MainWindowTest, CommandsFollowTheStateOfTheActiveForm) {
@@ -257,8 +259,9 @@ TEST_F(MainWindowTest, ResultsAreExportedFromMenuToolBarAndKeys) {
         });
     };
     const auto size = [&](const QString& name) { return QFileInfo(folder.filePath(name)).size(); };
-    auto* button =
-        qobject_cast<QToolButton*>(control<QToolBar>(*window, "CoolBar1")->widgetForAction(action("export")));
+    QToolButton* button = nullptr;
+    for (auto* each : control<QToolBar>(*window, "CoolBar1")->findChildren<QToolButton*>())
+        if (each->defaultAction() == action("export")) button = each;
     ASSERT_NE(button, nullptr);
     ASSERT_EQ(button->popupMode(), QToolButton::InstantPopup);
     auto* menu = control<QMenu>(*window, "mnu_tools_export");
@@ -317,17 +320,94 @@ TEST_F(MainWindowTest, SplittersStandWhereTheyWereLeft) {
     EXPECT_EQ(window->newSelection()->panelWidth(), 450);
 }
 
+TEST_F(MainWindowTest, OnlyAnotherControlOfTheFormEndsTheUseOfAField) {
+    SelectionForm* form = window->newSelection();
+    SelectionForm* other = window->newSelection();
+    window->findChild<QMdiArea*>()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(form->parentWidget()));
+    type(*form, "txtSH", "25");
+    const auto wait = [] { QTest::qWait(30); };  // a check waits for the mouse to be up
+
+    QTest::mouseClick(window->menuBar(), Qt::LeftButton, Qt::NoModifier,
+                      window->menuBar()->actionGeometry(window->menuBar()->actions().front()).center());
+    wait();
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QTest::keyClick(control<QWidget>(*window, "cmbmeasureunits")->findChild<QLineEdit*>(), Qt::Key_Down);
+    wait();
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    field(*other, "txtTED")->setFocus();
+    wait();
+    QWidget stranger;
+    stranger.show();
+    stranger.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&stranger));
+    wait();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    EXPECT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
+    EXPECT_EQ(field(*form, "txtSH")->TextText(), "25");
+
+    type(*form, "txtSH", "25");
+    field(*form, "txtSC")->setFocus();
+    wait();
+    EXPECT_EQ(boxes.size(), 1);
+    EXPECT_EQ(field(*form, "txtSH")->TextText(), "10.00");
+
+    for (const char* text : {"25", "abc"}) {
+        type(*form, "txtSH", text);
+        form->Quit();
+        settle();
+        wait();
+        form = other;
+    }
+    EXPECT_EQ(window->forms().size(), 0);
+    type(*window->newSelection(), "txtSH", "25");
+    window->close();
+    wait();
+    EXPECT_EQ(boxes.size(), 1) << boxes.join("|").toStdString();
+}
+
 TEST_F(MainWindowTest, WindowsAreArranged) {
     window->resize(1200, 800);
     for (int i = 0; i < 2; ++i) window->newSelection();
-    action("tilehorizontal")->trigger();
+    action("mnu_Window_TileHorizontal")->trigger();
     const auto* area = window->findChild<QMdiArea*>();
     const QRect first = window->forms()[0]->parentWidget()->geometry();
     const QRect second = window->forms()[1]->parentWidget()->geometry();
     EXPECT_EQ(first.width(), area->width());
     EXPECT_FALSE(first.intersects(second) && second.top() == first.top());
-    action("tilevertical")->trigger();
+    action("mnu_Window_TileVertical")->trigger();
     EXPECT_NE(window->forms()[0]->parentWidget()->x(), window->forms()[1]->parentWidget()->x());
+}
+
+TEST_F(MainWindowTest, KeysOfTheFormWorkFromTheToolBarAndTheTabsToo) {
+    SelectionForm* form = window->newSelection();
+    choose(*form, "lstSeries", "TK-A");
+    for (QWidget* place : std::initializer_list<QWidget*>{field(*window, "cmbGroupBy"), tabs()}) {
+        type(*form, "txtTED", "3");  // discards what was listed
+        ASSERT_FALSE(form->hasResults());
+        place->setFocus();
+        QTest::keyClick(window->focusWidget(), Qt::Key_F5);
+        EXPECT_TRUE(form->hasResults()) << place->objectName().toStdString();
+    }
+}
+
+TEST_F(MainWindowTest, AFormComesBackWithItsFocus) {
+    SelectionForm* first = window->newSelection();
+    field(*first, "txtSC")->setFocus();
+    QWidget* const editor = window->focusWidget();
+    window->newSelection();
+    tabs()->setFocus();
+    tabs()->setCurrentIndex(0);
+    EXPECT_EQ(window->focusWidget(), editor);
+}
+
+TEST_F(MainWindowTest, OneSetOfWindowButtonsIsShown) {
+    window->newSelection();
+    QApplication::processEvents();
+    for (const Qt::Corner corner : {Qt::TopLeftCorner, Qt::TopRightCorner})
+        if (const QWidget* controls = window->menuBar()->cornerWidget(corner)) {
+            EXPECT_FALSE(controls->isVisible());
+        }
 }
 
 TEST_F(MainWindowTest, FormsComeAndGoWithoutATrace) {

@@ -1,6 +1,6 @@
 #include "workspace/MotorDescription.h"
 
-#include <gtest/gtest.h>
+#include "tests/workspace/WorkspaceFixture.h"
 
 using namespace marvello;
 
@@ -40,7 +40,10 @@ TEST(MotorDescription, ReplacesItsTokensWhateverTheirCase) {
     EXPECT_EQ(MotorDescription("Vi @cps.VI", compressor, false), "Vi @cps.VI");
 }
 
-TEST(MotorDescription, TellsTheSizeAndTheStartOfTheMotor) {
+class MotorTexts : public marvello::testing::WorkspaceFixture {};
+
+TEST_F(MotorTexts, TellTheSizeAndTheStartOfTheMotor) {
+    gApplication().populateDictionary("en-EN", "");
     const struct {
         bool isStandard, hasBoth;
         int type;
@@ -61,6 +64,9 @@ TEST(MotorDescription, TellsTheSizeAndTheStartOfTheMotor) {
         compressor.StartMode = mode;
         EXPECT_EQ(MotorDescription("@cps.startmode", compressor, false).toStdString(), starts[mode]);
     }
+    gApplication().populateDictionary("en-EN", "it-IT");
+    compressor.StartMode = 1;
+    EXPECT_EQ(MotorDescription("@cps.startmode", compressor, false), "Stella-triangolo (SD)");
 }
 
 TEST(MotorDescription, AValueThatIsNotThereTakesItsUnitWithIt) {

@@ -8,6 +8,8 @@
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
+#include <QMouseEvent>
+#include <QWheelEvent>
 
 #include "controls/MessagesView.h"
 #include "controls/TabStrip.h"
@@ -127,6 +129,15 @@ TEST_F(PagesTest, ThePhotoIsTheNearestThereIs) {
     photo("TK-A-140", Qt::red);
     EXPECT_GT(shown(3).red(), 200);
     EXPECT_LT(shown(3).blue(), 60);
+    // No other reader is asked, whatever the file holds.
+    QFile disguised(dir.filePath("images/photos/TK-A-140.jpg"));
+    ASSERT_TRUE(disguised.open(QIODevice::WriteOnly));
+    disguised.write(
+        "<svg xmlns='http://www.w3.org/2000/svg' width='120' height='80'>"
+        "<rect width='120' height='80' fill='red'/></svg>");
+    disguised.close();
+    shown(1);
+    EXPECT_EQ(shown(3), none);
     QFile broken(dir.filePath("images/photos/TK-A.jpg"));
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
     broken.write("no picture");
@@ -153,6 +164,36 @@ TEST_F(PagesTest, TheDrawingIsThatOfTheModelOrItsSeries) {
     EXPECT_TRUE(said(3).contains("TK-A"));
     ASSERT_TRUE(broken.remove() && QFile::copy(real, broken.fileName()));
     EXPECT_TRUE(said(1).contains("TK-A"));
+
+    // Larger at the mouse, moved with it, and fitted in again.
+    page->setFocus();
+    const QImage fitted = page->grab().toImage();
+    const auto wheel = [page](int turns) {
+        const QPointF at(page->width() / 3.0, page->height() / 3.0);
+        QWheelEvent event(at, page->mapToGlobal(at), {}, {0, 120 * turns}, Qt::NoButton, Qt::ControlModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(page, &event);
+    };
+    wheel(4);
+    const QImage zoomed = page->grab().toImage();
+    EXPECT_NE(zoomed, fitted);
+    QTest::mousePress(page, Qt::LeftButton, {}, {100, 100});
+    QMouseEvent drag(QEvent::MouseMove, QPointF(60, 90), page->mapToGlobal(QPointF(60, 90)), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(page, &drag);
+    QTest::mouseRelease(page, Qt::LeftButton, {}, {60, 90});
+    const QImage moved = page->grab().toImage();
+    EXPECT_EQ(moved.copy(20, 20, 40, 40), zoomed.copy(60, 30, 40, 40));
+    QTest::mouseDClick(page, Qt::LeftButton);
+    EXPECT_EQ(page->grab().toImage(), fitted);
+    QTest::keyClick(page, Qt::Key_Plus);
+    EXPECT_NE(page->grab().toImage(), fitted);
+    QTest::keyClick(page, Qt::Key_0);
+    EXPECT_EQ(page->grab().toImage(), fitted);
+    wheel(2);
+    EXPECT_EQ(said(3).isEmpty(), false);
+    list()->selectRow(1);
+    EXPECT_EQ(page->grab().toImage(), fitted) << "another drawing is fitted in";
     EXPECT_EQ(said(0), "");
 }
 
@@ -162,8 +203,8 @@ TEST_F(PagesTest, PolynomialsAreCopiedWithAllTheirDigits) {
     QTest::mouseClick(button, Qt::LeftButton);
     const QString expected =
         "\tc1\tc2\tc3\tc4\tc5\tc6\tc7\tc8\tc9\tc10\t\r\n"
-        "Pta\t5\t0.1\t0.25\t0\t0\t0\t0\t0\t0\t0\r\n"
-        "Q0\t100\t3\t-1.2\t0.03\t-0.02\t0.002\t0.0002\t-0.0001\t5e-05\t-1e-05\r\n";
+        "Pta\t5E+00\t1E-01\t2.5E-01\t0E+00\t0E+00\t0E+00\t0E+00\t0E+00\t0E+00\t0E+00\r\n"
+        "Q0\t1E+02\t3E+00\t-1.2E+00\t3E-02\t-2E-02\t2E-03\t2E-04\t-1E-04\t5E-05\t-1E-05\r\n";
     EXPECT_EQ(clipboard().toStdString(), expected.toStdString());
     QApplication::clipboard()->clear();
     polynomials()->setFocus();

@@ -2,11 +2,20 @@
 
 #include <gtest/gtest.h>
 
+#include "workspace/UnitTexts.h"
+
 using namespace marvello;
 
 namespace {
 
 const QLocale english(QLocale::English, QLocale::UnitedKingdom);
+
+clsOutput column(const char* key, const char* unit = "") {
+    clsOutput result;
+    result.Key = key;
+    result.UmDescription = unit;
+    return result;
+}
 
 clsCompressor compressor() {
     clsCompressor result;
@@ -57,15 +66,15 @@ TEST(IsShown, FollowsTheVisibility) {
 
 TEST(ResultText, FormatsByKey) {
     clsCompressor c = compressor();
-    EXPECT_EQ(resultText(c, "q0", false, english), "68.1");
-    EXPECT_EQ(resultText(c, "COP", false, english), "3.75");
-    EXPECT_EQ(resultText(c, "eer", false, english), "12.778");
-    EXPECT_EQ(resultText(c, "Pra", false, english), "0");
-    EXPECT_EQ(resultText(c, "@Lra1", false, english), "-");
-    EXPECT_EQ(resultText(c, "@fla", false, english), "53.0");
-    EXPECT_EQ(resultText(c, "Tsca", false, english), "-");
-    EXPECT_EQ(resultText(c, "Q0", false, QLocale(QLocale::German)), "68,1");
-    EXPECT_THROW(resultText(c, "nothing", false, english), VariableError);
+    EXPECT_EQ(resultText(c, column("q0"), false, english), "68.1");
+    EXPECT_EQ(resultText(c, column("COP"), false, english), "3.75");
+    EXPECT_EQ(resultText(c, column("eer"), false, english), "12.778");
+    EXPECT_EQ(resultText(c, column("Pra"), false, english), "0");
+    EXPECT_EQ(resultText(c, column("@Lra1"), false, english), "-");
+    EXPECT_EQ(resultText(c, column("@fla"), false, english), "53.0");
+    EXPECT_EQ(resultText(c, column("Tsca"), false, english), "-");
+    EXPECT_EQ(resultText(c, column("Q0"), false, QLocale(QLocale::German)), "68,1");
+    EXPECT_THROW(resultText(c, column("nothing"), false, english), VariableError);
 }
 
 // Those of the columns are held against the engine's values in tests/gui.
@@ -73,10 +82,33 @@ TEST(ResultText, ConvertsForTheImperialSystem) {
     clsCompressor c = compressor();
     c.Variables.add("Pta", 18.2);
     c.Variables.add("T3", 100.0);
-    EXPECT_EQ(resultText(c, "t3", true, english), "212.0");
-    EXPECT_EQ(resultText(c, "Q0Btu", true, english), "232,800");  // of 68.149 / 3.517 = 19.4 tons shown
-    EXPECT_EQ(imperialUnit("mBase"), "lb/h");
-    EXPECT_EQ(imperialUnit("T21"), "");
+    EXPECT_EQ(resultText(c, column("t3"), true, english), "212.0");
+    EXPECT_EQ(resultText(c, column("Q0Btu"), true, english),
+              "232,800");  // of 68.149 / 3.517 = 19.4 tons shown
+    EXPECT_EQ(unitText(column("mBase", "kg/h"), true), "lb/h");
+    EXPECT_EQ(unitText(column("mBase", "kg/h"), false), "kg/h");
+    EXPECT_EQ(unitText(column("Q0Btu", "Btu"), true), "Btu/h");
+}
+
+TEST(ResultText, ConvertsAColumnOfAnyNameByItsUnit) {
+    clsCompressor c = compressor();
+    c.Variables.add("Pta", 18.2);
+    const auto expect = [&c](const char* key, const char* unit, double value, const char* text) {
+        c.Variables.add(key, value);
+        EXPECT_EQ(resultText(c, column(key, unit), true, english), text) << key;
+    };
+    expect("T21", "\u00B0C", 100, "212.0");
+    expect("Tx", "C", -40, "-40.0");
+    expect("SCeco", "K", 5, "9.0");        // 5 * 1.8
+    expect("Qc", "kW", 35.17, "10.0");     // / 3.517
+    expect("Mx", "kg/h", 1000, "2204.6");  // / 0.45359237
+    expect("Ptax", "kW", 20, "20.0");      // power input stays in kW
+    expect("Ix", "A", 20, "20.0");
+    expect("Pe", "bar", 3, "3.0");
+    EXPECT_TRUE(unitText(column("T21", "\u00B0C"), true).endsWith("F"));
+    EXPECT_EQ(unitText(column("Qc", "kW"), true), "Tons");
+    EXPECT_EQ(unitText(column("Ptax", "kW"), true), "kW");
+    EXPECT_TRUE(unitText(column("SCeco", "K"), true).endsWith("F"));
 }
 
 TEST(MarkOf, TheWorseFindingWins) {
@@ -91,4 +123,31 @@ TEST(MarkOf, TheWorseFindingWins) {
     c.Variables.add("EcoOK", 0.0);
     c.Messages.Error.add("e", "e");
     EXPECT_EQ(markOf(c), "ledred");
+}
+
+TEST(UnitTexts, FillsTemperaturesAndDifferencesInBothSystems) {
+    const QString space(QChar(0xA0));
+    const auto filled = [&](const char* text, MeasureSystem system) {
+        return inUnits(text, system, english).replace(space, " ").replace("general.variable03", "");
+    };
+    EXPECT_EQ(filled("from {T:-50} to {T:+15}, {D:2.5}", MeasureSystem::metric),
+              "from -50 C to +15 C, 2.5 K");
+    // -50 * 1.8 + 32, 15 * 1.8 + 32, 2.5 * 1.8
+    EXPECT_EQ(filled("from {T:-50} to {T:+15}, {D:2.5}", MeasureSystem::imperial),
+              "from -58 F to +59 F, 4.5 F");
+    EXPECT_EQ(filled("{X:1} {T:} {0}", MeasureSystem::imperial), "{X:1} {T:} {0}");
+}
+
+TEST(UnitTexts, ConvertsTechnicalDataThatHaveAMetricUnit) {
+    const auto expect = [](const char* value, const char* imperial) {
+        EXPECT_EQ(technicalInImperial(QString::fromUtf8(value), english).toStdString(), imperial) << value;
+    };
+    expect("120 m³/h", "70.6 cfm");  // 120 / 0.0283168 / 60
+    expect("286 kg", "631 lb");      // / 0.45359237 = 630.5
+    expect("11 l", "2.91 gal");      // / 3.785411784 = 2.906
+    expect("2 1/8\"", "2 1/8\"");
+    expect("50 hp (37 kW)", "50 hp (37 kW)");
+    expect("100 / 75 / 50 / 25 %", "100 / 75 / 50 / 25 %");
+    expect("DN 80", "DN 80");
+    expect("970 – 3500 min⁻¹", "970 – 3500 min⁻¹");
 }

@@ -98,6 +98,9 @@ TEST_F(RowSetTest, CsvIsWrittenAsItIsTold) {
     EXPECT_EQ(records.toCsv(QLocale(QLocale::German)),
               "Serie;ikw/ton;Model\n\"TK-A\";0,5;\"2\"\"-12\"\n;;\"\"\n");
 
+    for (const char* locale : {"ar_EG", "fa_IR", "he_IL"})
+        EXPECT_EQ(records.toCsv(QLocale(locale)), records.toCsv(QLocale::c())) << locale;
+
     RowSet odd;
     odd.addText("Model", 10);
     odd.addRow({awkward});

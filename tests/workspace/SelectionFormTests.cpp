@@ -244,6 +244,69 @@ TEST_F(SelectionFormTest, AnAbortedRunKeepsTheFormUsable) {
     EXPECT_EQ(list()->rowCount(), 4);
 }
 
+TEST_F(SelectionFormTest, FieldsTakeOtherUnitsAndSums) {
+    const double pressure = value("txtPC");
+    type(*form, "txtTCD", "104 F");
+    EXPECT_EQ(form->findChild<FieldNote*>()->text(), QString::fromUtf8("104 F = 40.00 °C"));
+    EXPECT_FALSE(field(*form, "txtTCD")->isInvalid());
+    QTest::keyClick(form->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(text("txtTCD"), "40.00");
+    EXPECT_NEAR(value("txtPC"), pressure, 1e-9);
+
+    type(*form, "txtPE", "1.00 bar g");  // 2.01325 bar: R134a at -9.93 degrees Celsius
+    EXPECT_NEAR(value("txtTED"), -26.4, 0.1) << "waits since \"1.00\", which is R134a at 1 bar";
+    leave();
+    EXPECT_EQ(text("txtPE"), "2.01");
+    EXPECT_NEAR(value("txtTED"), -9.93, 0.05);
+    EXPECT_TRUE(field(*form, "txtTED")->Derived());
+
+    type(*form, "txtSC", "9 F");
+    choose(*form, "lstSeries", "TK-A");
+    EXPECT_EQ(text("txtSC"), "5.00");
+    type(*form, "txtSH", "36 F+1");  // a sum stands in front of its unit
+    EXPECT_TRUE(field(*form, "txtSH")->isInvalid());
+    type(*form, "txtSH", "2+6");
+    calculate();
+    EXPECT_EQ(text("txtSH"), "8.00");
+    EXPECT_TRUE(form->hasResults());
+
+    choose(*form, "cmbEco", "2");
+    type(*form, "txtEco", "12 TR");
+    EXPECT_TRUE(field(*form, "txtEco")->isInvalid());
+    leave();
+    EXPECT_EQ(boxes, QStringList("Error. Only Numeric value"));
+    type(*form, "txtEco", "12");
+    leave();
+}
+
+TEST_F(SelectionFormTest, TheCheckOfAFieldSwallowsNoClick) {
+    choose(*form, "lstSeries", "TK-A");
+    activate();
+    type(*form, "txtSH", "25");
+    QWidget* calculate = control<QWidget>(*form, "lnkCalculate");
+    const QPoint place = calculate->mapTo(form.get(), calculate->rect().center());
+    QTest::mousePress(form->windowHandle(), Qt::LeftButton, {}, place);
+    QTest::qWait(50);
+    EXPECT_TRUE(boxes.isEmpty()) << "the button is still down";
+    QTest::mouseRelease(form->windowHandle(), Qt::LeftButton, {}, place);
+    QTest::qWait(50);
+    EXPECT_EQ(boxes.size(), 1);
+    EXPECT_EQ(value("txtSH"), 10);
+    EXPECT_TRUE(form->hasResults());
+}
+
+TEST_F(SelectionFormTest, AChangeOfTheUnitsTakesFirstWhatWasTyped) {
+    type(*form, "txtTED", "1+1");
+    form->MeasureUnits(1, true);
+    EXPECT_EQ(text("txtTED"), "35.60");
+    type(*form, "txtTED", "5 C");
+    calculate();
+    EXPECT_EQ(text("txtTED"), "41.00");
+    type(*form, "txtPC", "145 psig");
+    leave();
+    EXPECT_EQ(text("txtPC"), "159.70");  // 145 + 14.696
+}
+
 TEST_F(SelectionFormTest, SaysWhenNothingMatches) {
     field(*form, "lstModels")->SetKey("no such model");
     calculate();

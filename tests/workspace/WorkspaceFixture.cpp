@@ -80,6 +80,8 @@ void choose(const QWidget& window, const char* name, const QString& key) {
     for (int row = 0; row < list->count(); ++row)
         if (list->item(row)->data(Qt::UserRole).toString() == u'@' + key) {
             list->setCurrentRow(row);
+            // A box is ticked; a plain row is chosen as it is.
+            if (list->item(row)->data(Qt::CheckStateRole).isValid()) QTest::keyClick(list, Qt::Key_Space);
             QTest::keyClick(list, Qt::Key_Return);
             return;
         }

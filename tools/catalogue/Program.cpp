@@ -93,17 +93,20 @@ std::vector<Window> windows() {
              {"mnu_tools_language", pane},
              {"mnuWindow", pane},
              {"mnu_help", pane},
+             {"mnu_help_guide", command},
              {"mnu_help_Builds", command},
              {"mnu_help_About", command},
-             {"cascade", command},
-             {"tilehorizontal", command},
-             {"tilevertical", command},
+             {"mnu_Window_Cascade", command},
+             {"mnu_Window_TileHorizontal", command},
+             {"mnu_Window_TileVertical", command},
              {"mnu_Window_ArrangeIcons", command},
              {"export", command},
              {"frameresize", command},
              {"frecciaup", command},
              {"frecciadown", command},
              {"CoolBar1", pane},
+             {"ToolbarSelection", pane},
+             {"ToolbarWindows", pane},
              {"cmbmeasureunits", field},
              {"cmbGroupBy", field},
              {"TabStrip", pane},
@@ -322,7 +325,7 @@ std::span<const CompletedKey> completedKeys() {
             if (control.kind == field) fields.push_back(lowered(control.name));
         return std::vector<CompletedKey>{
             {"frmselection.tabstrip.tabs.", {"messages", "tecnic", "polynomials", "dimension", "limits"}},
-            {"general.", {"ledgreen", "ledorange", "ledred"}},
+            {"general.", {"ledgreen", "ledorange", "ledred", "msgerror", "msgattention", "msginformation"}},
             {"frmselection.help.%1.caption", fields, false},
             {"help.", {}, false},  // the documents of thelp, whose names are the catalogue's own
         };

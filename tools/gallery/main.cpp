@@ -165,13 +165,13 @@ ctlCombo* comboList(QWidget* page, bool checkBoxes) {
 
 MessagesView* messages(QWidget* page) {
     auto* view = new MessagesView(page);
-    view->addMessage("msgerror", "The point lies outside of the application limits.", "");
+    view->addMessage("msgerror", "error", "The point lies outside of the application limits.", "");
     view->addMessage(
-        "msgattention",
+        "msgattention", "warning",
         "Oil cooling is needed at these conditions; a text that is long enough wraps onto a second line "
         "instead of being cut at the edge of the page.",
         "");
-    view->addMessage("msginformation", "Part load without economizer.", "");
+    view->addMessage("msginformation", "note", "Part load without economizer.", "");
     view->setFixedHeight(136);
     return view;
 }
@@ -238,7 +238,7 @@ QWidget* graphs() {
     auto* large = graph(page, fixedSpeedEnvelope(), {2, 40}, QString::fromUtf8("°C"));
     all->addWidget(large, 0, 0, 2, 1);
     auto* legend = new GraphLegend(page);
-    legend->setTitle("Limits");
+    legend->setTexts("Limits", "Point Ted/Tcd");
     legend->setLimits(fixedSpeedEnvelope(), true);
     all->addWidget(legend, 0, 1, 2, 1);
     all->addWidget(graph(page, inverterEnvelope(), {2, 40}, QString::fromUtf8("°C")), 0, 2);

@@ -166,14 +166,14 @@ struct Demonstration {
         form->MnuPopUp(QStringLiteral("limits"));
         save(window, "page-limits-imperial");
         window.newSelection();
-        window.findChild<QAction*>(QStringLiteral("cascade"))->trigger();
+        window.findChild<QAction*>(QStringLiteral("mnu_Window_Cascade"))->trigger();
         save(window, "cascade");
         SelectionForm* inverter = window.newInverterSelection();
         save(window, "inverter-inputs");
         calculate(*inverter);
         save(window, "inverter");
         saveReportOf(window, *inverter, "report-inverter");
-        window.findChild<QAction*>(QStringLiteral("tilevertical"))->trigger();
+        window.findChild<QAction*>(QStringLiteral("mnu_Window_TileVertical"))->trigger();
         save(window, "tiled");
         QTimer::singleShot(0, &window, [this] {
             if (QWidget* box = QApplication::activeModalWidget()) {

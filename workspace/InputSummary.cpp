@@ -1,0 +1,128 @@
+#include "workspace/InputSummary.h"
+
+#include <QFontMetrics>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+
+#include "controls/AdvanceText.h"
+#include "controls/Icons.h"
+#include "controls/Look.h"
+#include "controls/ctlBtn.h"
+#include "workspace/InputPanel.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int side = 12;
+constexpr int gap = 8;
+constexpr int around = 10;  // at each side of a separator
+constexpr int leastWidthWithWords = 560;
+constexpr int iconButtonWidth = 40;
+
+QString withUnit(const AdvanceText& field) {
+    return field.TextText() + u' ' + field.UnitCaptiontext().trimmed();
+}
+
+}  // namespace
+
+QStringList summaryOf(const InputPanel& panel) {
+    QStringList inputs{panel.lstRefrigerants->TextText(), panel.lstSeries->TextText()};
+    inputs += panel.txtTED->TextText() + QStringLiteral(" / ") + withUnit(*panel.txtTCD);
+    const bool isDifference = panel.cmbSh->Key() == u"0";
+    const auto entry = [](const char* key, const QString& value) {
+        return filled(dictionaryText(QLatin1String(key)), {value});
+    };
+    inputs += entry(isDifference ? "frmselection.summary.superheat" : "frmselection.summary.suction",
+                    withUnit(*panel.txtSH));
+    inputs += entry("frmselection.summary.subcooling", withUnit(*panel.txtSC));
+    if (panel.txtFrequency) inputs += withUnit(*panel.txtFrequency);
+    inputs += panel.cmbMotorVoltage->TextText();
+    if (panel.lstModels->Key() != u"*") inputs += panel.lstModels->TextText();
+    for (const auto& [mode, value] :
+         {std::pair{panel.cmbEco, panel.txtEco}, {panel.cmbOilCooling, panel.txtOilCooling}})
+        if (!value->isHidden()) inputs += mode->CaptionText() + u' ' + withUnit(*value);
+    if (panel.cmbStepCapacity->Key() != u"100") inputs += panel.cmbStepCapacity->TextText();
+    return inputs;
+}
+
+InputSummary::InputSummary(std::function<QStringList()> inputs, QWidget* parent)
+    : QWidget(parent),
+      inputs_(std::move(inputs)),
+      edit_(new ctlBtn(this)),
+      calculate_(new ctlBtn(QString(), true, this)) {
+    setObjectName(QStringLiteral("inputSummary"));
+    edit_->setObjectName(QStringLiteral("btnEditInputs"));
+    edit_->setCheckable(true);
+    edit_->setIcon(icon(QStringLiteral("edit")));
+    calculate_->setObjectName(QStringLiteral("btnCalculate"));
+    calculate_->setProperty("KeyHint", QStringLiteral("F5"));
+    connect(edit_, &ctlBtn::clicked, this, &InputSummary::editClicked);
+    connect(calculate_, &ctlBtn::clicked, this, &InputSummary::calculateClicked);
+}
+
+void InputSummary::setTexts(const QString& title, const QString& edit, const QString& calculate) {
+    setAccessibleName(title);
+    edit_->setAccessibleName(edit);
+    edit_->setToolTip(edit);
+    editText_ = edit;
+    calculate_->setText(calculate);
+    layOut();
+}
+
+void InputSummary::setOpen(bool open) { edit_->setChecked(open); }
+
+void InputSummary::layOut() {
+    // The inputs need the room more than the words on the button.
+    edit_->setText(width() < leastWidthWithWords ? QString() : editText_);
+    int right = width() - side + ctlBtn::ring;
+    for (ctlBtn* button : {calculate_, edit_}) {
+        QSize size = button->sizeHint();
+        if (button->text().isEmpty()) size.setWidth(iconButtonWidth + 2 * ctlBtn::ring);
+        button->setGeometry(right - size.width(), (barHeight - size.height()) / 2, size.width(),
+                            size.height());
+        right = button->x() + 2 * ctlBtn::ring - gap;
+    }
+    update();
+}
+
+void InputSummary::resizeEvent(QResizeEvent*) { layOut(); }
+
+bool InputSummary::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), inputs_().join(QStringLiteral("\n")),
+                       this);
+    return true;
+}
+
+void InputSummary::paintEvent(QPaintEvent*) {
+    const Look& look = Look::current();
+    const QStringList inputs = inputs_();
+    if (const QString all = inputs.join(QStringLiteral(", ")); all != accessibleDescription())
+        setAccessibleDescription(all);
+    QPainter painter(this);
+    painter.fillRect(rect(), look.surface);
+    painter.fillRect(QRect(0, height() - 1, width(), 1), look.line);
+    painter.setFont(lookFont(13));
+    const QFontMetrics metrics(painter.font());
+    const int end = edit_->x() - gap;
+    int left = side;
+    for (const QString& input : inputs) {
+        const bool isFirst = &input == &inputs.front();
+        const int start = isFirst ? left : left + 2 * around + 1;
+        const int width = metrics.horizontalAdvance(input);
+        // Only the first one is cut where even that is too long.
+        if (!isFirst && start + width > end) break;
+        if (!isFirst) painter.fillRect(QRect(left + around, (height() - 18) / 2, 1, 18), look.line);
+        const QRect place(start, 0, std::min(width + 1, end - start), height());
+        painter.setPen(look.text);
+        painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft,
+                         metrics.elidedText(input, Qt::ElideRight, place.width()));
+        left = start + width;
+    }
+}
+
+}  // namespace marvello

@@ -1,0 +1,44 @@
+#include "workspace/LimitTexts.h"
+
+#include <QString>
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <utility>
+
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+struct LimitName {
+    int type;
+    const char* key;
+};
+constexpr std::array<LimitName, 9> limitNames{{{limitType::over, "frmselection.limits.over"},
+                                               {limitType::application, "frmselection.limits.application"},
+                                               {limitType::injection, "frmselection.limits.injection"},
+                                               {limitType::oilCooling, "frmselection.limits.oilcooling"},
+                                               {limitType::smallMotor, "frmselection.limits.smallmotor"},
+                                               {limitType::oilFilter, "frmselection.limits.oilfilter"},
+                                               {limitType::hOnly, "frmselection.limits.honly"},
+                                               {limitType::hSuggested, "frmselection.limits.hsuggested"},
+                                               {limitType::sSuggested, "frmselection.limits.ssuggested"}}};
+
+}  // namespace
+
+clsLimits namedLimits(const clsLimits& limits) {
+    clsLimits result;
+    for (const auto& limit : limits) {
+        auto copy = std::make_shared<clsLimit>(*limit);
+        const auto* const name = std::ranges::find(limitNames, copy->LimitType, &LimitName::type);
+        if (name != limitNames.end() && !copy->Description.empty())
+            if (const QString text = dictionaryTextIfAny(QLatin1String(name->key)); !text.isEmpty())
+                copy->Description = toCore(text);
+        result.add(std::move(copy));
+    }
+    return result;
+}
+
+}  // namespace marvello

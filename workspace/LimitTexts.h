@@ -1,0 +1,11 @@
+#pragma once
+
+#include "catalogue/clsLimits.h"
+
+namespace marvello {
+
+/// Returns a copy of the limits whose descriptions are in the user's language. Limits that the dictionary
+/// does not name keep theirs.
+clsLimits namedLimits(const clsLimits& limits);
+
+}  // namespace marvello
