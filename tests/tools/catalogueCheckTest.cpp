@@ -195,6 +195,8 @@ std::vector<Fault> faultsOfLimitsAndFluids() {
         {lim, line, "fPoints", "25,-15;25,4;36,15;25,-15", "the condensing temperature is below"},
         {lim, line, "fPoints", "-15,25;4,25;15,360;-15,25", "the point 15,360 lies outside"},
         {lim, line, "fPoints", "-15,25;4,25;15,25;-15,25", "the line holds no area"},
+        {lim, line, "fPoints", "-15,25;4,25;15,36;15,65;-15,65;-15,25",
+         "warning: fPoints: the border at 15 loses its own points, such as 15,50.5"},
         {lim, line, "fType", "15", "there is no line of type 15"},
         {lim, line, "fType", "-1", "the envelope has no application limit; add", "tLimits.csv:"},
         {lim, "", "append", "TK-A-R134A-S,2,\"0,30;9,30;9,40;0,30\"\nTK-A-R134A-S,2,\"0,30;9,30;9,40;0,30\"",
@@ -313,17 +315,21 @@ TEST_F(CatalogueCheck, NamesFaultsOfTechnicalData) {
     const char* const heads = "tParametersHead.technical.csv";
     const char* const sets = "tParametersRows.technical.csv";
     const char* const lacks = "warning: the series TK-A lacks technical data for TK-A-120; add a set";
-    expectTold(
-        std::vector<Fault>{{heads, "TK-A-120,", "fTypeKey", "TK-A-999",
-                            "warning: fTypeKey: there is no model of this series-model"},
-                           {heads, "TK-A-120,", "fTypeKey", "TK-A-999", lacks, "tParametersHead.csv:"},
-                           {heads, "TK-A-120,", "fKey", "ita",
-                            "warning: fKey: the program asks for technical data by the key \"eng\""},
-                           {heads, "TK-A-120,", "fKey", "ita", lacks, "tParametersHead.csv:"},
-                           {sets, "picTecnic", value, "Tag=Weight|520 kg;Oil", "\"Oil\" is no pair; write"},
-                           {sets, "picTecnic", value, "Tag=Weight|@cps.weight kg",
-                            "warning: fObjectPropertyValue: the program puts"},
-                           {sets, "picTecnic", value, "Tag=Ratio|1:2", "\"2\" is no assignment"}});
+    expectTold(std::vector<Fault>{
+        {heads, "TK-A-120,", "fTypeKey", "TK-A-999",
+         "warning: fTypeKey: there is no model of this series-model"},
+        {heads, "TK-A-120,", "fTypeKey", "TK-A-999", lacks, "tParametersHead.csv:"},
+        {heads, "TK-A-120,", "fKey", "ita",
+         "warning: fKey: the program asks for technical data by the key \"eng\""},
+        {heads, "TK-A-120,", "fKey", "ita", lacks, "tParametersHead.csv:"},
+        {sets, "picTecnic", value, "Tag=Weight|520 kg;Oil", "\"Oil\" is no pair; write"},
+        {sets, "picTecnic", value, "Tag=Weight|@cps.weight kg",
+         "warning: fObjectPropertyValue: the program puts"},
+        {sets, "Hz", value, "Tag=Frequency|25 \u2013 70 Hz",
+         "the technical data say 25 to 70 Hz, but the program calculates from 20 to 70 Hz"},
+        {sets, "@cps.VI", value, "Tag=Ratio|2.2-3.5",
+         "warning: fObjectPropertyValue: the volume ratio chosen is not shown"},
+        {sets, "picTecnic", value, "Tag=Ratio|1:2", "\"2\" is no assignment"}});
 }
 
 TEST_F(CatalogueCheck, LooksAtPictures) {

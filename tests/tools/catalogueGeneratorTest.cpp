@@ -514,5 +514,23 @@ TEST(Envelope, RegionsAreCutByLines) {
     EXPECT_EQ(pointsText(box.outline()), "0,0;10,0;10,10;0,10;0,0");
 }
 
+TEST(Envelope, ARightHandBorderHoldsItsOwnPoints) {
+    // A border straight up at 10, and one that comes back to 4 above it: only these move.
+    const std::vector<Point> line{{-5, 14}, {10, 14}, {10, 34.5}, {4, 40}, {4, 57.3}, {-5, 40}, {-5, 14}};
+    const std::vector<Point> wide = holdingItsBorders(line);
+    EXPECT_EQ(
+        pointsText(wide),
+        "-5,14;10,14;10.000001,14;10.000001,34.5;10,34.5;4,40;4.000001,40;4.000001,57.3;4,57.3;-5,40;-5,14");
+    const auto isInside = [](const std::vector<Point>& corners, double x, double y) {
+        return polygonTest(parsePoints(pointsText(corners)), x, y) > PolygonState::outside;
+    };
+    EXPECT_FALSE(isInside(line, 10, 24.25));
+    for (const Point& point :
+         {Point{10, 14}, {10, 24.25}, {10, 20.1}, {10, 34.5}, {4, 48.65}, {4, 57.3}, {-5, 27}})
+        EXPECT_TRUE(isInside(wide, point.x, point.y)) << point.x << ' ' << point.y;
+    for (const Point& point : {Point{10.01, 24.25}, {4.01, 48.65}, {10, 13.9}, {10, 34.6}, {-5.01, 27}})
+        EXPECT_FALSE(isInside(wide, point.x, point.y)) << point.x << ' ' << point.y;
+}
+
 }  // namespace
 }  // namespace marvello::generate

@@ -83,8 +83,16 @@ TEST_F(TechnicalDataTest, LeavesOutWhatADriveDoesNotHave) {
                 AllOf(HasSubstr("970 – 3500 min⁻¹"), Not(HasSubstr("@Motor")), Not(HasSubstr("@Cps")),
                       Not(HasSubstr("economizer"))));
     EXPECT_THAT(sheetOf(SeriesPlan::Drive::inverter),
-                AllOf(HasSubstr("25 – 70 Hz"), HasSubstr("@Cps.Fla A"), Not(HasSubstr("@Motor.Lra")),
+                AllOf(HasSubstr("20 – 70 Hz"), HasSubstr("@Cps.Fla A"), Not(HasSubstr("@Motor.Lra")),
                       HasSubstr("economizer"), Not(HasSubstr("%"))));
+}
+
+TEST_F(TechnicalDataTest, ShowsTheRatioInUseWhereTheBestOneIsChosen) {
+    SeriesPlan series = tkA();
+    series.drive = SeriesPlan::Drive::inverter;
+    series.rowsBy = SeriesPlan::RowsBy::ratio;
+    series.rows = {2.2, 2.6, 3.5};
+    EXPECT_THAT(technicalData({series}, folder_).rows.rows[0][3], HasSubstr("volumeratio.caption}|@cps.VI;"));
 }
 
 TEST_F(TechnicalDataTest, NamesWhatDoesNotFit) {

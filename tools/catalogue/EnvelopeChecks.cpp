@@ -1,5 +1,6 @@
 // The lines of tLimits.
 
+#include <cmath>
 #include <map>
 #include <set>
 
@@ -40,6 +41,31 @@ void checkCoordinates(const Row& row, const clsPoints& line) {
         }
 }
 
+/// The temperature that a border stands for: one widened by a hair stands for the thousandth it was widened
+/// from.
+double nominal(double x) {
+    constexpr double hair = 2e-4;
+    const double rounded = std::round(x * 1000) / 1000;
+    return std::abs(x - rounded) < hair ? rounded : x;
+}
+
+/// An operating point on a vertical border should be inside. At the right side it is not, since angles are
+/// compared in single precision, unless the border is a hair further out.
+void checkBorders(const Row& row, const clsPoints& line) {
+    for (int i = 1; i < line.Count(); ++i) {
+        const clsPoint& from = line.Item(i);
+        const clsPoint& to = line.Item(i + 1);
+        if (from.x != to.x || from.Y == to.Y) continue;
+        for (const double y : {from.Y, (from.Y + to.Y) / 2, to.Y}) {
+            const clsPoint point{nominal(from.x), y};
+            if (polygonTest(line, point.x, point.Y) > PolygonState::outside) continue;
+            row.warn("fPoints: the border at " + storedText(point.x) + " loses its own points, such as " +
+                     pointText(point) + "; move it outwards by 0.00001");
+            return;
+        }
+    }
+}
+
 void checkLine(const Row& row) {
     const int type = row.integer("fType");
     if (type < limitType::over || type > limitType::last)
@@ -52,6 +78,7 @@ void checkLine(const Row& row) {
         row.fault("fPoints: the line is not closed; repeat its first point " + pointText(first) +
                   " at the end");
     checkCoordinates(row, line);
+    checkBorders(row, line);
     const auto& topLeft = line.getLeftPoint();
     const auto& bottomRight = line.getRightPoint();
     if (topLeft && bottomRight && (topLeft->x == bottomRight->x || topLeft->Y == bottomRight->Y))

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <regex>
 #include <set>
 
+#include "catalogue/clsInverter.h"
 #include "data/clsApplication.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Program.h"
@@ -93,6 +95,19 @@ std::string unknownToken(const std::string& list) {
     return {};
 }
 
+/// What is wrong with the range of frequencies that technical data state, "20 – 70 Hz"; empty if there is
+/// none.
+std::string faultOfFrequencies(const std::string& list) {
+    static const std::regex range(R"((\d+)\s*(?:-|to|\xE2\x80\x93)\s*(\d+)\s*Hz)");
+    std::smatch found;
+    if (!std::regex_search(list, found, range)) return {};
+    const std::string least = storedText(clsInverter::minimumFrequency);
+    const std::string most = storedText(clsInverter::maximumFrequency);
+    if (found[1] == least && found[2] == most) return {};
+    return "the technical data say " + found[1].str() + " to " + found[2].str() +
+           " Hz, but the program calculates from " + least + " to " + most + " Hz; write this range";
+}
+
 class ParameterSetCheck {
   public:
     ParameterSetCheck(const Content& content, Faults& faults) : content_(content), faults_(faults) {
@@ -118,6 +133,7 @@ class ParameterSetCheck {
     struct Set {
         bool isApplied = false;
         bool isWithoutTexts = false;
+        std::string series;  ///< Of technical data, as it is compared.
         WindowNames windows;
     };
 
@@ -138,9 +154,14 @@ class ParameterSetCheck {
             row.warn("fKey: the program asks for technical data by the key \"" +
                      std::string(technicalDataKey) + "\" alone; enter it");
         else if (models_.contains(row.key("fTypeKey")))
-            described_.insert(row.key("fTypeKey"));
+            describe(row.key("fTypeKey"), set);
         else
             row.warn("fTypeKey: there is no model of this series-model; correct the name or remove the set");
+    }
+
+    void describe(const std::string& model, Set& set) {
+        described_.insert(model);
+        set.series = lowered(seriesOf_[model]);
     }
 
     void checkWindowHead(const Row& row, Set& set) {
@@ -261,9 +282,17 @@ class ParameterSetCheck {
             return;
         }
         if (equalIgnoringCase(property, "tag1")) lists_[row.key("fObjectName")] = value;
-        if (control.kind == ControlKind::technical)
-            if (const std::string token = unknownToken(value); !token.empty())
-                row.warn(std::string(column) + "the program puts nothing in for \"" + token + "\"");
+        if (control.kind == ControlKind::technical) checkTechnicalData(row, value);
+    }
+
+    void checkTechnicalData(const Row& row, const std::string& value) {
+        if (const std::string reason = faultOfFrequencies(value); !reason.empty())
+            row.fault(std::string(column) + reason);
+        if (sets_[row.integer("fParametersRowsID")].series == "tk-d" &&
+            lowered(value).find("@cps.vi") == std::string::npos)
+            row.warn(std::string(column) + "the volume ratio chosen is not shown; write \"@cps.VI\" for it");
+        if (const std::string token = unknownToken(value); !token.empty())
+            row.warn(std::string(column) + "the program puts nothing in for \"" + token + "\"");
     }
 
     static std::string faultOfValue(const Control& control, const ControlProperty& property,

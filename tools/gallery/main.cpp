@@ -238,7 +238,7 @@ QWidget* graphs() {
     auto* large = graph(page, fixedSpeedEnvelope(), {2, 40}, QString::fromUtf8("°C"));
     all->addWidget(large, 0, 0, 2, 1);
     auto* legend = new GraphLegend(page);
-    legend->setTitle("Limits");
+    legend->setTexts("Limits", "Point Ted/Tcd");
     legend->setLimits(fixedSpeedEnvelope(), true);
     all->addWidget(legend, 0, 1, 2, 1);
     all->addWidget(graph(page, inverterEnvelope(), {2, 40}, QString::fromUtf8("°C")), 0, 2);

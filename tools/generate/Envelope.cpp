@@ -1,8 +1,10 @@
 #include "tools/generate/Envelope.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
+#include "catalogue/clsLimits.h"
 #include "tools/generate/NumberText.h"
 
 namespace marvello::generate {
@@ -35,6 +37,39 @@ std::vector<double> corners(const std::vector<const BrokenLine*>& lines, double 
     }
     std::sort(places.begin(), places.end());
     return places;
+}
+
+clsPoints asCatalogueLine(const std::vector<Point>& line) {
+    clsPoints points;
+    for (const Point& point : line) points.add(point.x, point.y);
+    return points;
+}
+
+/// The points of a vertical border at which an operating point may be stated: its ends, its middle, and each
+/// tenth.
+std::vector<Point> pointsOfBorder(const Point& from, const Point& to) {
+    const double low = std::min(from.y, to.y);
+    const double high = std::max(from.y, to.y);
+    std::vector<Point> points{from, {from.x, (low + high) / 2}, to};
+    for (double y = toTenth(low); y < high; y = toTenth(y + 0.1))
+        points.push_back({from.x, std::max(y, low)});
+    return points;
+}
+
+bool holds(const std::vector<Point>& line, const std::vector<Point>& points) {
+    const clsPoints closed = asCatalogueLine(line);
+    return std::ranges::all_of(points, [&](const Point& point) {
+        return polygonTest(closed, point.x, point.y) > PolygonState::outside;
+    });
+}
+
+/// The line with its border from the point at `at` to the next one moved to the right.
+std::vector<Point> widened(std::vector<Point> line, std::size_t at, double by) {
+    const Point from = line[at];
+    const Point to = line[at + 1];
+    line.insert(line.begin() + static_cast<std::ptrdiff_t>(at) + 1,
+                {{from.x + by, from.y}, {to.x + by, to.y}});
+    return line;
 }
 
 /// Adds a point, unless it repeats the last one or the last lies on the way from the one before to it.
@@ -90,6 +125,25 @@ std::vector<Point> Region::cut(const BrokenLine& lower, const BrokenLine& upper,
     if (outline.size() < 3) return {};
     append(outline, Point(outline.front()));
     return outline.size() < 4 ? std::vector<Point>{} : outline;
+}
+
+std::vector<Point> holdingItsBorders(const std::vector<Point>& line) {
+    constexpr std::array steps{1e-6, 2e-6, 5e-6, 1e-5, 2e-5, 5e-5, 1e-4};
+    std::vector<Point> result = line;
+    for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+        const Point& from = line[i];
+        const Point& to = line[i + 1];
+        const auto border = pointsOfBorder(from, to);
+        if (from.x != to.x || holds(result, border)) continue;
+        const auto at = static_cast<std::size_t>(std::ranges::find(result, from) - result.begin());
+        for (const double step : steps) {
+            const auto wider = widened(result, at, step);
+            if (!holds(wider, border)) continue;
+            result = wider;
+            break;
+        }
+    }
+    return result;
 }
 
 std::string pointsText(const std::vector<Point>& points) {

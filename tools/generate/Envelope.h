@@ -49,6 +49,11 @@ class Region {
     BrokenLine upper_;
 };
 
+/// Returns the closed line with each vertical border at its right side moved outwards, by the smallest step
+/// that lets the points of the border as it was count as inside. The test of the catalogue loses them by its
+/// angles in single precision. The points of the line stay, so that it is the same elsewhere.
+std::vector<Point> holdingItsBorders(const std::vector<Point>& line);
+
 /// A closed line as the catalogue stores it: "x,y;x,y;...".
 std::string pointsText(const std::vector<Point>& points);
 

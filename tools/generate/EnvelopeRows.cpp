@@ -106,7 +106,8 @@ void EnvelopeRows::write(std::vector<std::vector<std::string>>& rows) const {
 
 void EnvelopeRows::writeOne(const EnvelopeKind& kind, std::vector<std::vector<std::string>>& rows) const {
     const auto add = [&](int type, const std::vector<Point>& points) {
-        if (!points.empty()) rows.push_back({nameOf(kind), std::to_string(type), pointsText(points)});
+        if (!points.empty())
+            rows.push_back({nameOf(kind), std::to_string(type), pointsText(holdingItsBorders(points))});
     };
     const Region allowed = applicationOf(*range_, kind);
     const auto part = [&](const BrokenLine& lower, const BrokenLine& upper) {

@@ -6,6 +6,7 @@
 #include <set>
 #include <stdexcept>
 
+#include "catalogue/clsInverter.h"
 #include "tools/generate/NumberText.h"
 #include "tools/generate/PlanTable.h"
 
@@ -83,7 +84,9 @@ void addMotor(Sheet& sheet, const SeriesPlan& series) {
     sheet.add("technicaldata.nominalpower.caption", "@Motor.NominalPower");
     sheet.add("technicaldata.start.caption",
               isInverter ? "{technicaldata.start.inverter}" : "@cps.startmode");
-    if (isInverter) sheet.add("technicaldata.frequency.caption", "25 \u2013 70 Hz");
+    if (isInverter)
+        sheet.add("technicaldata.frequency.caption", text(clsInverter::minimumFrequency) + " \u2013 " +
+                                                         text(clsInverter::maximumFrequency) + " Hz");
     sheet.add("technicaldata.fla.caption", "@Cps.Fla A");
     if (isInverter) return;  // the converter keeps the starting current below the running one
     sheet.add("variables.lra1.name", "@Motor.Lra1 A");
@@ -104,7 +107,9 @@ std::string pairsOf(const SeriesPlan& series, const std::vector<BodyPlan>& bodie
     sheet.add("technicaldata.displacement.caption", text(model.displacement) + " m\u00b3/h");
     if (series.drive == SeriesPlan::Drive::motor || series.drive == SeriesPlan::Drive::motorPair)
         sheet.add("technicaldata.capacitycontrol.caption", stepsOf(series));
-    sheet.add("technicaldata.volumeratio.caption", builtInRatioText(series, model));
+    const bool isRatioChosen = series.rowsBy == SeriesPlan::RowsBy::ratio;
+    sheet.add("technicaldata.volumeratio.caption",
+              isRatioChosen ? "@cps.VI" : builtInRatioText(series, model));
     sheet.add("technicaldata.suction.caption", body.suction);
     sheet.add("technicaldata.discharge.caption", body.discharge);
     if (series.hasEconomizer()) sheet.add("technicaldata.economizer.caption", body.economizer);
