@@ -35,12 +35,12 @@ QLocale userLocale() {
                                        : language);
 }
 
-// In one pass, so that an argument may hold the sign of another.
 QString reasonText(const QString& reason) {
     const QString known = dictionaryTextIfAny(reason);
     return known.isEmpty() ? reason : known;
 }
 
+// In one pass, so that an argument may hold the sign of another.
 QString filled(const QString& text, const QStringList& arguments) {
     static const QRegularExpression place(QStringLiteral("\\{(\\d+)\\}"));
     QString result;
