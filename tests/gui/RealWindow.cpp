@@ -17,8 +17,9 @@ RealWindow::RealWindow(const char* language) {
     loadSharedPolynomials();
     gApplication().User().language = language;
     window = std::make_unique<MDIMain>("1.0.0");
+    // The screen of the tests is small, and a first start fits it.
+    window->showNormal();
     window->resize(1440, 870);
-    window->show();
 }
 
 RealWindow::~RealWindow() {
