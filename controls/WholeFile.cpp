@@ -3,8 +3,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include "data/Globals.h"
-
 namespace marvello {
 
 bool mayBeWritten(const QString& path) {
@@ -13,8 +11,7 @@ bool mayBeWritten(const QString& path) {
 }
 
 QString writeWholeFile(const QString& path, const QByteArray& bytes, QIODevice::OpenMode mode) {
-    if (!mayBeWritten(path))
-        return QString::fromStdString(gApplication().DictionaryRead("general.noregularfile"));
+    if (!mayBeWritten(path)) return QStringLiteral("general.noregularfile");
     QSaveFile file(path);
     if (!file.open(mode)) return file.errorString();
     // A disk that fills up takes a part without complaint; only the next write says what is wrong.

@@ -12,7 +12,7 @@ bool mayBeWritten(const QString& path);
 
 /// Writes a file as a whole: to a file next to it, which takes its place when every byte is there, so that a
 /// failure leaves the old one. Never replaces what is not a regular file. Returns an empty text after
-/// success, otherwise the reason why not.
+/// success, otherwise the reason why not: that of the system, or a key of the dictionary.
 QString writeWholeFile(const QString& path, const QByteArray& bytes,
                        QIODevice::OpenMode mode = QIODevice::WriteOnly);
 

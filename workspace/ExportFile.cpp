@@ -53,7 +53,8 @@ QString writeExport(const RowSet& records, const ExportFile& file) {
     const QByteArray bytes = isCsv ? records.toCsv() : records.toXml();
     // Lines of CSV end as those of the platform's text files do; XML knows but one line end.
     const QIODevice::OpenMode mode = isCsv ? QIODevice::WriteOnly | QIODevice::Text : QIODevice::WriteOnly;
-    if (const QString fault = writeWholeFile(file.path, bytes, mode); !fault.isEmpty()) return fault;
+    if (const QString fault = writeWholeFile(file.path, bytes, mode); !fault.isEmpty())
+        return reasonText(fault);
     userSettings().setValue(folderKey, QFileInfo(file.path).absolutePath());
     return {};
 }

@@ -134,7 +134,7 @@ void ReportPreview::save() {
     if (const QString fault = saveReport(file, printer_.pageLayout(), report_); !fault.isEmpty())
         MessageBox::show(this, MessageBox::Mark::critical,
                          filled(dictionaryText(QStringLiteral("report.notsaved")),
-                                {QDir::toNativeSeparators(file), fault}));
+                                {QDir::toNativeSeparators(file), reasonText(fault)}));
 }
 
 }  // namespace marvello

@@ -35,6 +35,11 @@ QLocale userLocale() {
                                        : language);
 }
 
+QString reasonText(const QString& reason) {
+    const QString known = dictionaryTextIfAny(reason);
+    return known.isEmpty() ? reason : known;
+}
+
 // In one pass, so that an argument may hold the sign of another.
 QString filled(const QString& text, const QStringList& arguments) {
     static const QRegularExpression place(QStringLiteral("\\{(\\d+)\\}"));

@@ -20,6 +20,10 @@ QString dictionaryText(const QString& key);
 /// As above; an empty text for a key that the catalogue lacks, for texts that a window can do without.
 QString dictionaryTextIfAny(const QString& key);
 
+/// The reason of a failure in the user's language: the text of a dictionary key; any other reason stays as it
+/// is.
+QString reasonText(const QString& reason);
+
 /// The text of a menu without the mark of its access key: "&File" or, in a script without Latin letters,
 /// "Text(&T)".
 QString withoutAccessKey(QString text);

@@ -129,6 +129,7 @@ TEST_F(GraphTest, GridAxesAndPointStandWhereTheScaleSays) {
 
 TEST_F(GraphTest, TheLabelTellsWhatLiesUnderTheMouse) {
     graph.SetPoint(clsPoint{10, 40});
+    graph.SetPointText("Point Ted/Tcd");
     show({limit(6, "-15,45;15,45;15,25;-15,25;-15,45"), over, application});
     EXPECT_EQ(hover(pixel(-10, 40)), "Application limit: (-10.00,40.00)");
     EXPECT_EQ(hover(pixel(5, 60)), "Over limit: (5.00,60.00)");
