@@ -49,7 +49,7 @@ class EnvelopeDrawing {
     std::optional<clsPoint> point;
     QString textX;
     QString textY;
-    QString pointText;  ///< what the operating point is called at the mouse
+    QString pointText = QStringLiteral("Point Ted/Tcd");  ///< what the operating point is called at the mouse
     bool gridVisible = true;
     bool axisVisible = true;
     double gridGap = 5;
