@@ -26,9 +26,7 @@ LimitsPage::LimitsPage(QWidget* parent) : QWidget(parent) {
 
 void LimitsPage::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    // The name of a line also shows under the mouse; the graph needs the room more.
-    constexpr int leastWidthWithLegend = 480;
-    picGraphLbl_->setVisible(width() >= leastWidthWithLegend);
+    showParts();
 }
 
 void LimitsPage::setTexts(const QString& x, const QString& y, const QString& legend, const QString& point) {
@@ -42,20 +40,25 @@ void LimitsPage::setTexts(const QString& x, const QString& y, const QString& leg
 void LimitsPage::clear() {
     limitgraph_->Clear();
     picGraphLbl_->setLimits(clsLimits(), false);
-    showParts(false);
+    isFilled_ = false;
+    showParts();
 }
 
-// Axes without an envelope would be those of another compressor.
-void LimitsPage::showParts(bool shown) {
-    for (QWidget* part : std::initializer_list<QWidget*>{limitgraph_, between_, picGraphLbl_})
-        part->setVisible(shown);
+// Axes without an envelope would be those of another compressor. The name of a line also shows under the
+// mouse; in a narrow page the graph needs the room more.
+void LimitsPage::showParts() {
+    constexpr int minimumWidthWithLegend = 480;
+    limitgraph_->setVisible(isFilled_);
+    for (QWidget* part : std::initializer_list<QWidget*>{between_, picGraphLbl_})
+        part->setVisible(isFilled_ && width() >= minimumWidthWithLegend);
 }
 
 void LimitsPage::setLimits(const clsLimits& limits, const clsPoint& point) {
     limitgraph_->SetPoint(point);
     limitgraph_->SetLimits(limits);
     picGraphLbl_->setLimits(limits, true);
-    showParts(true);
+    isFilled_ = true;
+    showParts();
 }
 
 }  // namespace marvello

@@ -25,10 +25,11 @@ class LimitsPage : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void showParts(bool shown);
+    void showParts();
 
     ctlGraph* limitgraph_;
     QWidget* between_;
+    bool isFilled_ = false;
     GraphLegend* picGraphLbl_;
 };
 

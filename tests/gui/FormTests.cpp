@@ -421,8 +421,11 @@ TEST_F(FormTest, AChangeOfLanguageReachesAllThatIsShown) {
     form = fixedSpeed;
     auto* tabs = window->centralWidget()->findChild<TabStrip*>(QStringLiteral("TabStrip"));
     tabs->setCurrentIndex(0);
+    window->resize(1440, 1100);
     calculate();
     form->MnuPopUp("limits");
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
     field("txtTED")->setFocus();
     const auto* help = form->findChild<QLabel*>(QStringLiteral("rtfHelp"));
     const auto* graph = form->findChild<QWidget*>(QStringLiteral("limitgraph"));

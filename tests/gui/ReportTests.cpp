@@ -133,9 +133,9 @@ TEST_P(ReportTest, SaysWhatTheListShows) {
         const QString dewAndMean =
             field("txtTED")->TextText() + QStringLiteral(" / ") + field("txtTEM")->TextText();
         EXPECT_TRUE(values[2].startsWith(dewAndMean)) << values[2].toStdString();
-        // Tons and Btu share a line.
+        // Tons and Btu/h share a line.
         const bool sharesLine = std::any_of(values.begin(), values.end(), [](const QString& value) {
-            return value.contains(QStringLiteral(" Tons / ")) && value.endsWith(QStringLiteral(" Btu"));
+            return value.contains(QStringLiteral(" Tons / ")) && value.endsWith(QStringLiteral(" Btu/h"));
         });
         EXPECT_EQ(sharesLine, isImperial);
     }
