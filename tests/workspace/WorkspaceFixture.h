@@ -63,8 +63,6 @@ class FormFixture : public WorkspaceFixture {
         activate();
     }
     void activate() {
-        // A list that closed without a window system stays the active window.
-        if (QApplication::activeWindow() != form.get()) QApplication::setActiveWindow(form.get());
         form->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
     }
