@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLocale>
 #include <memory>
 
 #include "controls/Look.h"
@@ -17,6 +18,8 @@ class QtEnvironment : public testing::Environment {
         static char name[] = "controls_tests";
         static char* arguments[] = {name, nullptr};
         application_ = std::make_unique<QApplication>(argumentCount, arguments);
+        // Numbers are expected as the C locale writes them; a test of other locales sets its own.
+        QLocale::setDefault(QLocale::c());
         marvello::Look::install(*application_, marvello::Look::light());
     }
     void TearDown() override { application_.reset(); }

@@ -136,8 +136,7 @@ std::string cellOf(const json& compressor, const QString& key, bool isImperial) 
 class ListedValuesTest : public ::testing::TestWithParam<std::tuple<int, bool>>,
                          public marvello::testing::RealWindow {
   protected:
-    ListedValuesTest() : RealWindow("en-EN") { QLocale::setDefault(QLocale::c()); }
-    ~ListedValuesTest() override { QLocale::setDefault(QLocale::system()); }
+    ListedValuesTest() : RealWindow("en-EN") {}
 
     void fill(SelectionForm& form, const Duty& duty, bool isImperial) {
         const auto field = [&](const char* name) {
