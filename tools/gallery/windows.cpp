@@ -214,8 +214,9 @@ int main(int argc, char** argv) {
         gApplication().User().language = parser.value(language).toStdString();
         Look::install(application, parser.isSet(dark) ? Look::dark() : Look::light());
         MDIMain window(QStringLiteral("1.0.0"));
+        // The screen that no one sees is smaller than the pictures.
+        window.showNormal();
         window.resize(1440, 870);
-        window.show();
         QApplication::processEvents();
         Demonstration{parser.positionalArguments().front(), parser.value(refrigerant), parser.value(series)}
             .run(window);
