@@ -35,7 +35,8 @@ namespace marvello {
 
 namespace {
 
-constexpr int leastListHeight = 120;
+constexpr int leastListHeight = 92;  // headings and two rows
+constexpr int leastPageHeight = 64;
 constexpr int listHeightAtStart = 338;
 constexpr int wideCaptionWidth = 116;
 
@@ -73,7 +74,7 @@ SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
       dropList_(new DropList(this)),
       Selection_(std::make_unique<clsSelections>()) {
     setObjectName(QLatin1String(kind.name));
-    setMinimumSize(360, 260);
+    setMinimumSize(360, 180);
     makePanes();
     connectInputs();
     auto* calculate = new QShortcut(QKeySequence(Qt::Key_F5), this);
@@ -134,7 +135,7 @@ void SelectionForm::makePanes() {
 
     Splitter2_->SetOrientation(1);
     Splitter2_->SetMinSize1(leastListHeight);
-    Splitter2_->SetMinSize2(leastListHeight);
+    Splitter2_->SetMinSize2(leastPageHeight);
     Splitter2_->SetChild1(QStringLiteral("Frame3"));
     Splitter2_->SetChild2(QStringLiteral("Frame4"));
     Splitter2_->SetSplitterPos(listHeightAtStart);

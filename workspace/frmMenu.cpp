@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QVariantAnimation>
+#include <algorithm>
 #include <cmath>
 
 #include "controls/Icons.h"
@@ -29,6 +30,13 @@ constexpr double hintsTop = cardTop + cardHeight + 16;
 constexpr double hintHeight = 22;
 constexpr double dimming = 0.28;
 constexpr int fadeTime = 150;  // milliseconds
+
+constexpr QRectF panel(0, 0, panelWidth, panelHeight);
+
+/// Where the card of a choice is in the panel.
+QRectF cardOf(frmMenu::Choice choice) {
+    return {margin + (choice == frmMenu::inverter ? cardWidth + cardGap : 0), cardTop, cardWidth, cardHeight};
+}
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 
@@ -79,16 +87,16 @@ frmMenu::Choice frmMenu::choose() {
     return static_cast<Choice>(exec());
 }
 
-QRectF frmMenu::panel() const {
-    const QPointF corner((width() - panelWidth) / 2, (height() - panelHeight) / 2);
-    return {corner.x() > 0 ? std::floor(corner.x()) : 0, corner.y() > 0 ? std::floor(corner.y()) : 0,
-            panelWidth, panelHeight};
+// In a window that is smaller than the menu, the menu is smaller too.
+QTransform frmMenu::toWindow() const {
+    constexpr double around = 8;
+    const double scale = std::min({1.0, (width() - around) / panelWidth, (height() - around) / panelHeight});
+    const double left = std::floor((width() - scale * panelWidth) / 2);
+    const double top = std::floor((height() - scale * panelHeight) / 2);
+    return {scale, 0, 0, scale, left, top};
 }
 
-QRectF frmMenu::placeOf(Choice choice) const {
-    const double left = panel().left() + margin + (choice == inverter ? cardWidth + cardGap : 0);
-    return {left, panel().top() + cardTop, cardWidth, cardHeight};
-}
+QRectF frmMenu::placeOf(Choice choice) const { return toWindow().mapRect(cardOf(choice)); }
 
 frmMenu::Choice frmMenu::choiceAt(const QPointF& at) const {
     for (const Choice choice : {selection, inverter})
@@ -112,7 +120,7 @@ void frmMenu::mouseMoveEvent(QMouseEvent* event) {
 
 void frmMenu::mousePressEvent(QMouseEvent* event) {
     pressed_ = choiceAt(event->position());
-    if (!panel().contains(event->position())) done(none);
+    if (!toWindow().mapRect(panel).contains(event->position())) done(none);
 }
 
 void frmMenu::mouseReleaseEvent(QMouseEvent* event) {
@@ -154,6 +162,7 @@ void frmMenu::paintEvent(QPaintEvent*) {
     shade.setAlphaF(static_cast<float>(dimming * shown));
     painter.fillRect(rect(), shade);
     painter.setOpacity(shown);
+    painter.setTransform(toWindow(), true);
     paintPanel(painter);
     paintChoice(painter, selection);
     paintChoice(painter, inverter);
@@ -162,7 +171,7 @@ void frmMenu::paintEvent(QPaintEvent*) {
 
 void frmMenu::paintPanel(QPainter& painter) const {
     const Look& look = Look::current();
-    const QRectF place = panel();
+    const QRectF place = panel;
     QColor shadow(Qt::black);
     for (int ring = 6; ring > 0; --ring) {
         shadow.setAlphaF(0.025F);
@@ -186,7 +195,7 @@ void frmMenu::paintPanel(QPainter& painter) const {
 void frmMenu::paintChoice(QPainter& painter, Choice choice) const {
     const Look& look = Look::current();
     const bool isOn = choice == on_;
-    const QRectF place = placeOf(choice);
+    const QRectF place = cardOf(choice);
     const double inset = isOn ? 1 : 0.5;
     painter.setPen(QPen(isOn ? look.accent : look.line, isOn ? 2 : 1));
     painter.setBrush(isOn ? look.accentTint : look.raised);
@@ -211,8 +220,8 @@ void frmMenu::paintChoice(QPainter& painter, Choice choice) const {
 
 void frmMenu::paintHints(QPainter& painter) const {
     const Look& look = Look::current();
-    double left = panel().left() + margin;
-    const double top = panel().top() + hintsTop;
+    double left = margin;
+    const double top = hintsTop;
     const auto word = [&](const QString& what, bool isKey) {
         const QFont font = isKey ? lookFont(11, QFont::Medium) : lookFont(12);
         const double advance = QFontMetricsF(font).horizontalAdvance(what);

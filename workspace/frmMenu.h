@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QPixmap>
+#include <QTransform>
 #include <array>
 
 class QAbstractButton;
@@ -22,7 +23,7 @@ class frmMenu : public QDialog {
     /// Shows the menu and waits. Escape, or a click beside it, chooses nothing.
     Choice choose();
 
-    /// Where a choice stands.
+    /// Where a choice is in the window.
     QRectF placeOf(Choice choice) const;
     Choice shown() const { return on_; }
 
@@ -34,7 +35,8 @@ class frmMenu : public QDialog {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    QRectF panel() const;
+    /// From the measures of the menu to the window that it covers.
+    QTransform toWindow() const;
     Choice choiceAt(const QPointF& at) const;
     void turnOn(Choice choice);
     void paintPanel(QPainter& painter) const;
