@@ -26,6 +26,7 @@
 #include "workspace/AlphaVersion.h"
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/DropList.h"
+#include "workspace/FormFocus.h"
 #include "workspace/FramePlace.h"
 #include "workspace/UserSettings.h"
 #include "workspace/WindowTexts.h"
@@ -101,6 +102,7 @@ void MDIMain::makeWorkArea() {
     TabStrip_->setObjectName(QStringLiteral("TabStrip"));
     area_ = new WorkArea(centre);
     area_->setFrameShape(QFrame::NoFrame);
+    formFocus_ = new FormFocus(*area_);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     column->addWidget(tabBand_);
@@ -220,6 +222,7 @@ SelectionForm* MDIMain::newInverterSelection() {
 // The frame of the form owns it from here on.
 SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made) {
     SelectionForm* form = made.release();
+    QWidget* const firstInUse = form->focusWidget();
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
     // From the form at hand, of either kind; the first form goes on where the one before it ended.
     const SelectionForm* active = ActiveForm();
@@ -251,6 +254,7 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made) {
     QMdiSubWindow* window = area_->addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWindowIcon(form->windowIcon());
+    formFocus_->begin(window, firstInUse);
     // The menu of the program closes forms; two holders of one key would leave it without effect.
     for (QAction* action : window->systemMenu()->actions()) action->setShortcuts({});
     connect(window, &QMdiSubWindow::windowStateChanged, this, &MDIMain::hideChildControls);

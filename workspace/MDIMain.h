@@ -19,6 +19,7 @@ namespace marvello {
 
 class AdvanceText;
 class DropList;
+class FormFocus;
 class TabBand;
 class TabStrip;
 class SelectionForm;
@@ -109,6 +110,7 @@ class MDIMain : public QMainWindow {
     TabBand* tabBand_ = nullptr;
     TabStrip* TabStrip_ = nullptr;
     QMdiArea* area_ = nullptr;
+    FormFocus* formFocus_ = nullptr;
     QLabel* subject_ = nullptr;
     QWidget* separator_ = nullptr;
     QLabel* counts_ = nullptr;

@@ -324,8 +324,9 @@ TEST_F(MainWindowTest, OnlyAnotherControlOfTheFormEndsTheUseOfAField) {
     SelectionForm* form = window->newSelection();
     SelectionForm* other = window->newSelection();
     window->findChild<QMdiArea*>()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(form->parentWidget()));
-    type(*form, "txtSH", "25");
     const auto wait = [] { QTest::qWait(30); };  // a check waits for the mouse to be up
+    wait();
+    type(*form, "txtSH", "25");
 
     QTest::mouseClick(window->menuBar(), Qt::LeftButton, Qt::NoModifier,
                       window->menuBar()->actionGeometry(window->menuBar()->actions().front()).center());
@@ -346,6 +347,8 @@ TEST_F(MainWindowTest, OnlyAnotherControlOfTheFormEndsTheUseOfAField) {
     EXPECT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
     EXPECT_EQ(field(*form, "txtSH")->TextText(), "25");
 
+    field(*form, "txtSH")->setFocus();  // comes back to the form
+    wait();
     type(*form, "txtSH", "25");
     field(*form, "txtSC")->setFocus();
     wait();
@@ -392,13 +395,33 @@ TEST_F(MainWindowTest, KeysOfTheFormWorkFromTheToolBarAndTheTabsToo) {
 }
 
 TEST_F(MainWindowTest, AFormComesBackWithItsFocus) {
+    const auto focused = [this](const SelectionForm& form, const char* name) {
+        const auto* wanted = control<QWidget>(form, name);
+        return QTest::qWaitFor(
+            [&] {
+                const QWidget* now = window->focusWidget();
+                return now && (now == wanted || wanted->isAncestorOf(now));
+            },
+            500);
+    };
+    const auto clickTab = [this](int tab) {
+        QTest::mouseClick(tabs(), Qt::LeftButton, {}, tabs()->tabRect(tab).center());
+    };
     SelectionForm* first = window->newSelection();
+    EXPECT_TRUE(focused(*first, "txtTED"));
     field(*first, "txtSC")->setFocus();
-    QWidget* const editor = window->focusWidget();
-    window->newSelection();
-    tabs()->setFocus();
-    tabs()->setCurrentIndex(0);
-    EXPECT_EQ(window->focusWidget(), editor);
+    SelectionForm* second = window->newSelection();
+    EXPECT_TRUE(focused(*second, "txtTED"));
+    second->lnkCalculate_Click();
+    EXPECT_TRUE(focused(*second, "lvCps"));
+    for (int turn = 0; turn < 2; ++turn) {
+        clickTab(0);
+        EXPECT_TRUE(focused(*first, "txtSC"));
+        clickTab(1);
+        EXPECT_TRUE(focused(*second, "lvCps"));
+    }
+    action("mnu_Window_TileVertical")->trigger();
+    EXPECT_TRUE(focused(*second, "lvCps"));
 }
 
 TEST_F(MainWindowTest, OneSetOfWindowButtonsIsShown) {
