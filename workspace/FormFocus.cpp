@@ -39,18 +39,20 @@ QMdiSubWindow* FormFocus::windowOf(QWidget* control) const {
 void FormFocus::settle() {
     isPending_ = false;
     QWidget* now = QApplication::focusWidget();
-    QMdiSubWindow* window = windowOf(now);
-    if (!window) return;
-    QWidget* last = last_.value(window);
-    const bool cameBack = window == cameBack_;
+    const QMdiSubWindow* window = windowOf(now);
+    QMdiSubWindow* active = area_.activeSubWindow();
+    if (!window || !active) return;
+    // The focus may have stayed behind in the form before.
+    const bool cameBack = active == cameBack_ || window != active;
     cameBack_ = nullptr;
-    current_ = window;
+    current_ = active;
     // A click into the form goes where it points at.
-    const bool isClicked = QApplication::mouseButtons() != Qt::NoButton &&
+    const bool isClicked = window == active && QApplication::mouseButtons() != Qt::NoButton &&
                            window->rect().contains(window->mapFromGlobal(QCursor::pos()));
+    QWidget* last = last_.value(active);
     if (cameBack && !isClicked && last && last->isVisible() && last->isEnabled())
         last->setFocus();
-    else
+    else if (window == active)
         last_[window] = now;
 }
 

@@ -387,10 +387,12 @@ bool MDIMain::eventFilter(QObject* watched, QEvent* event) {
 // its own.
 bool MDIMain::tookKey(const QWidget& focused, const QKeyEvent& key) {
     SelectionForm* form = ActiveForm();
-    if (!form || key.modifiers() != Qt::NoModifier || focused.window() != this ||
-        form->isAncestorOf(&focused))
+    const bool isInForm = form && (form == &focused || form->isAncestorOf(&focused));
+    // A menu that is open has the keys.
+    if (key.modifiers() != Qt::NoModifier || focused.window() != this || isInForm ||
+        QApplication::activePopupWidget())
         return false;
-    if (key.key() == Qt::Key_F5) form->lnkCalculate_Click();
+    if (key.key() == Qt::Key_F5 && form) form->lnkCalculate_Click();
     if (key.key() == Qt::Key_F1) showGuide();
     return key.key() == Qt::Key_F5 || key.key() == Qt::Key_F1;
 }

@@ -135,9 +135,11 @@ class Soak {
             const QStringList ofFields{
                 "Error. Only Numeric value",
                 "SuperHeat value out of range. The default value has been set instead."};
-            const QStringList ofRuns{dictionaryText("frmselection.nosaturation"),
-                                     dictionaryText("messages.message22"), "Undefined"};
-            demand(ofFields.contains(box) || (action.isRun && ofRuns.contains(box)) ||
+            const QStringList ofRuns{dictionaryText("messages.message22"), "Undefined"};
+            // Behind this beginning is the range of the refrigerant.
+            const bool isRefused =
+                box.startsWith(dictionaryText("frmselection.nosaturation").section(u'{', 0, 0));
+            demand(ofFields.contains(box) || (action.isRun && (isRefused || ofRuns.contains(box))) ||
                        action.act == &Soak::dialogs,
                    "An unexpected box: " + box);
         }
@@ -238,7 +240,9 @@ class Soak {
         const QStringList after = compressorsOf(listOf(*form()));
         say(QString::number(after.size()));
         if (!wasShown || !real_.boxes.isEmpty()) return;
-        demand(before.size() == after.size(), "The list was stale: it has another length now.");
+        demand(before.size() == after.size(), QString("The list was stale: it had %1 compressors, now %2.")
+                                                  .arg(before.size())
+                                                  .arg(after.size()));
         for (qsizetype row = 0; row < before.size(); ++row)
             demand(before[row] == after[row], "The list was stale: " + before[row] + " is now " + after[row]);
     }
