@@ -387,10 +387,9 @@ bool MDIMain::eventFilter(QObject* watched, QEvent* event) {
 // its own.
 bool MDIMain::tookKey(const QWidget& focused, const QKeyEvent& key) {
     SelectionForm* form = ActiveForm();
-    const bool isInForm = form && (form == &focused || form->isAncestorOf(&focused));
-    // A menu that is open has the keys.
-    if (key.modifiers() != Qt::NoModifier || focused.window() != this || isInForm ||
-        QApplication::activePopupWidget())
+    // A key that no control took goes up to the frame as well: it counts where it was pressed.
+    if (key.modifiers() != Qt::NoModifier || focused.window() != this || !focused.hasFocus() ||
+        (form && form->isAncestorOf(&focused)))
         return false;
     if (key.key() == Qt::Key_F5 && form) form->lnkCalculate_Click();
     if (key.key() == Qt::Key_F1) showGuide();

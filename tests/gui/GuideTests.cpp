@@ -53,6 +53,8 @@ class GuideTest : public ::testing::Test, public marvello::testing::RealWindow {
         QTest::keyClicks(edit, text);
     }
     void pressF5() {
+        window->activateWindow();  // a list that was open leaves it to the window system
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
         QTest::keyClick(form->focusWidget(), Qt::Key_F5);
         ASSERT_TRUE(form->hasResults());
     }

@@ -385,9 +385,11 @@ TEST_F(MainWindowTest, WindowsAreArranged) {
 TEST_F(MainWindowTest, KeysOfTheFormWorkFromTheToolBarAndTheTabsToo) {
     SelectionForm* form = window->newSelection();
     choose(*form, "lstSeries", "TK-A");
-    for (QWidget* place : std::initializer_list<QWidget*>{field(*window, "cmbGroupBy"), tabs()}) {
+    for (QWidget* place : std::initializer_list<QWidget*>{field(*window, "cmbmeasureunits"), tabs()}) {
         type(*form, "txtTED", "3");  // discards what was listed
         ASSERT_FALSE(form->hasResults());
+        window->activateWindow();  // a list that was open leaves it to the window system
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
         place->setFocus();
         QTest::keyClick(window->focusWidget(), Qt::Key_F5);
         EXPECT_TRUE(form->hasResults()) << place->objectName().toStdString();
