@@ -200,11 +200,13 @@ void AdvanceText::SetRemark(const QString& text) {
     showNote();
 }
 
+bool AdvanceText::isInRange(double value) const {
+    return !isLimited() || (value >= textMin_ && value <= textMax_);
+}
+
 void AdvanceText::checkRange() {
-    const bool isLimited = textType_ == 1 && (textMin_ != 0 || textMax_ != 0);
-    const auto value = isLimited ? read(edit_->text()).value : std::nullopt;
-    const bool isBeyond = value && (*value < textMin_ || *value > textMax_);
-    fault_.set(FieldFault::Reason::outOfRange, isBeyond ? limitsText() : QString());
+    const auto value = textType_ == 1 ? read(edit_->text()).value : std::nullopt;
+    fault_.set(FieldFault::Reason::outOfRange, value && !isInRange(*value) ? limitsText() : QString());
 }
 
 QString AdvanceText::limitsText() const {
@@ -290,15 +292,13 @@ void AdvanceText::leave() {
     edit_->deselect();
     commit();
     const auto value = storedNumber();
-    const bool isNumber = textType_ == 1 && !unknown_;
-    const bool isGood =
-        value && ((textMin_ == 0 && textMax_ == 0) || (*value >= textMin_ && *value <= textMax_));
-    if (isNumber && isGood) validate();
-    onceMouseIsUp(this, [this, isChecked = isNumber && isGood] {
+    const bool isGood = textType_ == 1 && !unknown_ && value && isInRange(*value);
+    if (isGood) validate();
+    onceMouseIsUp(this, [this, isGood] {
         // Closed meanwhile, in use again, or in the hands of a box that says what there is to say.
         const QWidget* const box = QApplication::activeModalWidget();
         if (!isVisible() || isInUse_ || (box && box != window())) return;
-        if (!isChecked && textType_ == 1 && !validate())
+        if (!isGood && textType_ == 1 && !validate())
             edit_->setFocus();
         else
             emit TextLostFocus();
@@ -330,7 +330,7 @@ bool AdvanceText::checkNumber() {
         refuse(notNumeric);
         return false;
     }
-    if (textMin_ == 0 && textMax_ == 0) return true;
+    if (!isLimited()) return true;
     if (!read(edit_->text()).value) {
         refuse(notNumeric);
         edit_->undo();
@@ -338,7 +338,7 @@ bool AdvanceText::checkNumber() {
         return true;
     }
     const double value = number();
-    if (value >= textMin_ && value <= textMax_) return true;
+    if (isInRange(value)) return true;
     refuse(QStringLiteral("Error...\n") + limitsText());
     SetTextValue(value >= textMin_ ? textMax_ : textMin_);
     return false;

@@ -221,6 +221,9 @@ class AdvanceText : public QWidget {
     void showText(const QString& text);
     void showValue();
     void selectText();
+    /// TextMin and TextMax both 0: no limits.
+    bool isLimited() const { return textMin_ != 0 || textMax_ != 0; }
+    bool isInRange(double value) const;
     void checkRange();
     void applyColours();
     void describe();

@@ -49,7 +49,7 @@ class EnvelopeDrawing {
     std::optional<clsPoint> point;
     QString textX;
     QString textY;
-    QString pointText = QStringLiteral("Point Ted/Tcd");  ///< the name of the point at the mouse
+    QString pointText;  ///< the name of the point at the mouse
     bool gridVisible = true;
     bool axisVisible = true;
     double gridGap = 5;

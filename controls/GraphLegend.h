@@ -33,7 +33,7 @@ class GraphLegend : public QWidget {
 
   private:
     QString title_;
-    QString pointText_ = QStringLiteral("Point Ted/Tcd");
+    QString pointText_;
     clsLimits limits_;
     bool hasPoint_ = false;
 };

@@ -66,12 +66,13 @@ std::string scaledDigits(const Decimal& value, int decimals) {
     return digits;
 }
 
-/// At most 15 digits, in the same form in every locale but for its decimal mark and minus sign.
-QString shortest(double value, const QLocale& locale) {
+/// `value` as std::to_chars writes its magnitude with `form`, with the marks of `locale`: the same in every
+/// locale but for its decimal mark and minus sign.
+template <class... Form>
+QString plainText(double value, const QLocale& locale, Form... form) {
     std::array<char, 40> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
-                                   std::chars_format::general, 15)
-                         .ptr;
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value), form...).ptr;
     QString text = QString::fromLatin1(buffer.data(), end - buffer.data());
     text.replace(u'.', locale.decimalPoint());
     return value < 0 ? locale.negativeSign() + text : text;
@@ -143,7 +144,7 @@ std::optional<double> typedNumber(QStringView text) {
 
 QString formatNumber(double value, QStringView pattern, const QLocale& locale) {
     if (!std::isfinite(value)) return {};
-    if (pattern.trimmed().isEmpty()) return shortest(value, locale);
+    if (pattern.trimmed().isEmpty()) return plainText(value, locale, std::chars_format::general, 15);
 
     const Pattern shape = parsed(pattern);
     std::string digits = scaledDigits(decimalOf(std::abs(value)), shape.decimals);
@@ -161,6 +162,10 @@ QString formatNumber(double value, QStringView pattern, const QLocale& locale) {
         shape.grouped ? grouped(QString::fromStdString(whole), locale) : QString::fromStdString(whole);
     if (!fraction.empty()) result += locale.decimalPoint() + QString::fromStdString(fraction);
     return value < 0 && !isZero ? locale.negativeSign() + result : result;
+}
+
+QString exponentText(double value, const QLocale& locale) {
+    return plainText(value, locale, std::chars_format::scientific).toUpper();
 }
 
 std::optional<double> shownNumber(QStringView text, const NumberMarks& marks) {

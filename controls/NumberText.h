@@ -13,17 +13,20 @@ QString plainNumberText(QStringView text);
 
 /// Reads a number that a person typed. "." and "," are both decimal marks whatever the locale, as is the
 /// Arabic one, so there is no grouping and two marks are no number; the minus sign may be U+2212, and digits
-/// may be those of any script. Reads all that formatNumber writes in any locale without grouping. Nothing for
-/// anything else and for what is not finite.
+/// may be those of any script. Reads all that formatNumber writes in any locale without grouping. Returns no
+/// value for anything else and for what is not finite.
 std::optional<double> typedNumber(QStringView text);
 
 /// `value` through a pattern such as "#0.00" or "#,#": the digits after "." are the decimals ("#" drops
 /// trailing zeros), a "0" before it is a digit that is always written, "," asks for grouping. Rounds half
-/// away from zero on the 15 digits that a person would see, and writes the marks of `locale` and the digits 0
-/// to
+/// away from zero on the 15 digits that a person would see. Writes the marks of `locale` and the digits 0 to
 /// 9. A blank pattern gives the value with at most 15 significant digits, with an exponent such as "5e-05"
-/// where that is shorter.
+/// if that is shorter.
 QString formatNumber(double value, QStringView pattern, const QLocale& locale = QLocale());
+
+/// `value` with as many digits as tell it from every other double, and always with an exponent: "-1.2E+00".
+/// Writes the marks of `locale`.
+QString exponentText(double value, const QLocale& locale = QLocale());
 
 /// The marks that a locale writes in a number. Made once for many numbers: each is a text of the locale's.
 struct NumberMarks {

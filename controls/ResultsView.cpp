@@ -257,23 +257,29 @@ bool ResultsView::selectKey(const QString& key) {
 // A dialog or another program takes the focus of the window only for a while.
 bool ResultsView::isInUse() const { return hasFocus() || window()->focusWidget() == this; }
 
+// What is below the texts of a row, over its whole width or a part of it.
+void ResultsView::paintGround(QPainter* painter, const QRect& place, int row) const {
+    const Look& look = Look::current();
+    const QRect whole(0, place.top(), viewport()->width(), place.height());
+    const bool selected = selectionModel()->isRowSelected(row, {});
+    const bool group = isGroup(row);
+    const bool hovered =
+        viewport()->underMouse() && whole.contains(viewport()->mapFromGlobal(QCursor::pos()));
+    painter->fillRect(place, selected  ? isInUse() ? look.accentTint : look.hover
+                             : group   ? look.surfaceAlt
+                             : hovered ? look.hover
+                                       : look.surface);
+    if (group) {
+        painter->fillRect(QRect(place.bottomLeft(), QSize(place.width(), 1)), look.line);
+        if (row > 0) painter->fillRect(QRect(place.topLeft(), QSize(place.width(), 1)), look.line);
+    }
+    if (selected) painter->fillRect(QRect(place.topLeft(), QSize(3, place.height())), look.accent);
+}
+
 void ResultsView::drawRow(QPainter* painter, const QStyleOptionViewItem& options,
                           const QModelIndex& index) const {
-    const Look& look = Look::current();
-    const QRect row(0, options.rect.top(), viewport()->width(), options.rect.height());
-    const bool selected = selectionModel()->isRowSelected(index.row(), {});
-    const bool group = isGroup(index.row());
-    if (selected)
-        painter->fillRect(row, isInUse() ? look.accentTint : look.hover);
-    else if (group)
-        painter->fillRect(row, look.surfaceAlt);
-    else if (row.contains(viewport()->mapFromGlobal(QCursor::pos())) && viewport()->underMouse())
-        painter->fillRect(row, look.hover);
-    if (group) {
-        painter->fillRect(QRect(row.bottomLeft(), QSize(row.width(), 1)), look.line);
-        if (index.row() > 0) painter->fillRect(QRect(row.topLeft(), QSize(row.width(), 1)), look.line);
-    }
-    if (selected) painter->fillRect(QRect(row.topLeft(), QSize(3, row.height())), look.accent);
+    paintGround(painter, QRect(0, options.rect.top(), viewport()->width(), options.rect.height()),
+                index.row());
     QStyleOptionViewItem plain(options);
     plain.state &= ~(QStyle::State_Selected | QStyle::State_MouseOver | QStyle::State_HasFocus);
     plain.palette.setColor(QPalette::Highlight, Qt::transparent);
@@ -282,25 +288,18 @@ void ResultsView::drawRow(QPainter* painter, const QStyleOptionViewItem& options
     if (horizontalOffset() > 0) drawLabelOver(painter, plain, index);
 }
 
-// The label stays in sight when the values are scrolled sideways: painted once more, over what is in its
+// The label stays in sight when the values are scrolled sideways: it is painted again over the values in its
 // place.
 void ResultsView::drawLabelOver(QPainter* painter, const QStyleOptionViewItem& options,
                                 const QModelIndex& index) const {
-    const Look& look = Look::current();
     const bool group = isGroup(index.row());
     QStyleOptionViewItem label(options);
     label.rect = QRect(0, options.rect.top(), group ? viewport()->width() : header()->sectionSize(0),
                        options.rect.height());
-    const bool selected = selectionModel()->isRowSelected(index.row(), {});
-    painter->fillRect(label.rect, selected ? isInUse() ? look.accentTint : look.hover
-                                  : group  ? look.surfaceAlt
-                                           : look.surface);
-    if (group) {
-        painter->fillRect(QRect(label.rect.bottomLeft(), QSize(label.rect.width(), 1)), look.line);
-    } else {
-        painter->fillRect(QRect(label.rect.topRight(), QSize(1, label.rect.height())), look.controlLine);
-    }
-    if (selected) painter->fillRect(QRect(label.rect.topLeft(), QSize(3, label.rect.height())), look.accent);
+    paintGround(painter, label.rect, index.row());
+    if (!group)
+        painter->fillRect(QRect(label.rect.topRight(), QSize(1, label.rect.height())),
+                          Look::current().controlLine);
     itemDelegate()->paint(painter, label, index.siblingAtColumn(0));
 }
 

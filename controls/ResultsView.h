@@ -92,6 +92,7 @@ class ResultsView : public QTreeView {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void paintGround(QPainter* painter, const QRect& place, int row) const;
     void drawLabelOver(QPainter* painter, const QStyleOptionViewItem& options,
                        const QModelIndex& index) const;
     bool isInUse() const;

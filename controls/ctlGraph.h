@@ -85,7 +85,7 @@ class ctlGraph : public QWidget {
 
   private:
     GraphColours colours() const;
-    /// What lies at a place: "Application limit: ", "Point Ted/Tcd: " or nothing.
+    /// The name of what is at a place, such as "Application limit: "; empty where there is none.
     QString nameAt(const QPoint& place);
 
     EnvelopeDrawing drawing_;

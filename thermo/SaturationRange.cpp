@@ -1,10 +1,15 @@
 #include "thermo/SaturationRange.h"
 
+#include <cmath>
 #include <stdexcept>
 
 #include "thermo/clsRefprop.h"
 
 namespace marvello {
+
+SaturationRange inTenths(const SaturationRange& range) {
+    return {std::ceil(range.minimum * 10) / 10, std::floor(range.maximum * 10) / 10};
+}
 
 SaturationRange saturationRange(const std::string& refrigerant) {
     clsRefprop& service = GetRefprop(refrigerant);

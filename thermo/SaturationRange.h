@@ -14,6 +14,9 @@ struct SaturationRange {
     bool contains(double t) const { return t >= minimum && t <= maximum; }
 };
 
+/// Returns `range`, in any unit, rounded inwards to tenths: both ends can be written down and are permitted.
+SaturationRange inTenths(const SaturationRange& range);
+
 /// Returns the range of `refrigerant`, a key of tRefrigeranti, within 0.01 K on its inner side: both ends
 /// have a dew pressure. It is searched for once for each set-up of the property library. Throws
 /// FluidLibraryError and DatabaseError; throws std::runtime_error with the library's sentence if the

@@ -12,6 +12,7 @@
 #include "data/Globals.h"
 #include "data/Hooks.h"
 #include "data/Texts.h"
+#include "thermo/UnitFamilies.h"
 
 namespace marvello {
 
@@ -133,8 +134,10 @@ const SaturationRange& clsRefprop::DewRange() {
     double beyond = inside + stride;
     while (beyond < hottest && hasDewPressure(beyond)) beyond += stride;
     const double highest = edge(beyond - stride, beyond);
-    constexpr double zeroCelsius = 273.15;
-    dewRange_ = SaturationRange{lowest - zeroCelsius, highest - zeroCelsius};
+    const auto celsius = [](double kelvin) {
+        return convertInFamily(kelvin, "T", "C", 0, UnitPass::fromBase);
+    };
+    dewRange_ = SaturationRange{celsius(lowest), celsius(highest)};
     return *dewRange_;
 }
 

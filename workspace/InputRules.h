@@ -48,8 +48,4 @@ inline constexpr QStringView noEconomizer = u"0";
 inline constexpr QStringView approachMode = u"1";
 inline constexpr QStringView capacityMode = u"2";
 
-/// The frequencies of an inverter, Hz.
-inline constexpr double leastFrequency = 20;
-inline constexpr double mostFrequency = 70;
-
 }  // namespace marvello

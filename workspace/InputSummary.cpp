@@ -11,6 +11,7 @@
 #include "controls/Look.h"
 #include "controls/ctlBtn.h"
 #include "workspace/InputPanel.h"
+#include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -22,12 +23,6 @@ constexpr int gap = 8;
 constexpr int around = 10;  // at each side of a separator
 constexpr int leastWidthWithWords = 560;
 constexpr int iconButtonWidth = 40;
-
-QString withUnit(const AdvanceText& field) {
-    return field.TextText() + u' ' + field.UnitCaptiontext().trimmed();
-}
-
-}  // namespace
 
 QStringList summaryOf(const InputPanel& panel) {
     QStringList inputs{panel.lstRefrigerants->TextText(), panel.lstSeries->TextText()};
@@ -49,11 +44,10 @@ QStringList summaryOf(const InputPanel& panel) {
     return inputs;
 }
 
-InputSummary::InputSummary(std::function<QStringList()> inputs, QWidget* parent)
-    : QWidget(parent),
-      inputs_(std::move(inputs)),
-      edit_(new ctlBtn(this)),
-      calculate_(new ctlBtn(QString(), true, this)) {
+}  // namespace
+
+InputSummary::InputSummary(const InputPanel& panel, QWidget* parent)
+    : QWidget(parent), panel_(panel), edit_(new ctlBtn(this)), calculate_(new ctlBtn(QString(), true, this)) {
     setObjectName(QStringLiteral("inputSummary"));
     edit_->setObjectName(QStringLiteral("btnEditInputs"));
     edit_->setCheckable(true);
@@ -70,7 +64,14 @@ void InputSummary::setTexts(const QString& title, const QString& edit, const QSt
     edit_->setToolTip(edit);
     editText_ = edit;
     calculate_->setText(calculate);
+    refresh();
     layOut();
+}
+
+void InputSummary::refresh() {
+    inputs_ = summaryOf(panel_);
+    setAccessibleDescription(inputs_.join(QStringLiteral(", ")));
+    update();
 }
 
 void InputSummary::setOpen(bool open) { edit_->setChecked(open); }
@@ -93,16 +94,13 @@ void InputSummary::resizeEvent(QResizeEvent*) { layOut(); }
 
 bool InputSummary::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), inputs_().join(QStringLiteral("\n")),
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), inputs_.join(QStringLiteral("\n")),
                        this);
     return true;
 }
 
 void InputSummary::paintEvent(QPaintEvent*) {
     const Look& look = Look::current();
-    const QStringList inputs = inputs_();
-    if (const QString all = inputs.join(QStringLiteral(", ")); all != accessibleDescription())
-        setAccessibleDescription(all);
     QPainter painter(this);
     painter.fillRect(rect(), look.surface);
     painter.fillRect(QRect(0, height() - 1, width(), 1), look.line);
@@ -110,8 +108,8 @@ void InputSummary::paintEvent(QPaintEvent*) {
     const QFontMetrics metrics(painter.font());
     const int end = edit_->x() - gap;
     int left = side;
-    for (const QString& input : inputs) {
-        const bool isFirst = &input == &inputs.front();
+    for (const QString& input : inputs_) {
+        const bool isFirst = &input == &inputs_.front();
         const int start = isFirst ? left : left + 2 * around + 1;
         const int width = metrics.horizontalAdvance(input);
         // Only the first one is cut where even that is too long.

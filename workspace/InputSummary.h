@@ -2,30 +2,27 @@
 
 #include <QStringList>
 #include <QWidget>
-#include <functional>
 
 namespace marvello {
 
 class InputPanel;
 class ctlBtn;
 
-/// What the inputs of a panel are, in a few words each, the most important first. Inputs that are at their
-/// neutral choice are left out.
-QStringList summaryOf(const InputPanel& panel);
-
-/// The inputs of a form in one line, with the button that opens them and the button that calculates. Shows as
-/// many of the inputs as it has room for; its tool tip and its accessible description have all.
+/// The inputs of a form in one line, with the button that opens them and the button that calculates. Names
+/// each input in a few words, the most important first, without those that have their neutral choice. Shows
+/// as many as it has room for; its tool tip and its accessible description have all.
 class InputSummary : public QWidget {
     Q_OBJECT
 
   public:
     static constexpr int barHeight = 52;
 
-    /// `inputs` says what the inputs are now, the most important first; asked whenever the line is painted.
-    InputSummary(std::function<QStringList()> inputs, QWidget* parent);
+    InputSummary(const InputPanel& panel, QWidget* parent);
 
     void setTexts(const QString& title, const QString& edit, const QString& calculate);
     void setOpen(bool open);
+    /// Takes the inputs as they are now.
+    void refresh();
 
   signals:
     void editClicked();
@@ -39,7 +36,8 @@ class InputSummary : public QWidget {
   private:
     void layOut();
 
-    std::function<QStringList()> inputs_;
+    const InputPanel& panel_;
+    QStringList inputs_;
     QString editText_;
     ctlBtn* edit_;
     ctlBtn* calculate_;

@@ -11,10 +11,8 @@ namespace marvello {
 
 namespace {
 
-constexpr int widthAtStart = 400;
 constexpr int minWidth = 400;
 constexpr int maxWidth = 520;
-constexpr int barSize = 5;
 
 }  // namespace
 
@@ -24,13 +22,13 @@ InputsFold::InputsFold(QWidget& form, Splitter& splitter, QWidget& inputs, Input
       splitter_(splitter),
       inputs_(inputs),
       summary_(summary),
-      width_(widthAtStart) {
+      width_(minWidth),
+      barSize_(splitter.SplitterSize()) {
     summary_.hide();
-    splitter_.SetSplitterSize(barSize);
     splitter_.SetMinSize1(minWidth);
     splitter_.SetMaxSize(maxWidth);
     splitter_.SetChild1(inputs_.objectName());
-    splitter_.SetSplitterPos(widthAtStart);
+    splitter_.SetSplitterPos(width_);
     connect(&summary_, &InputSummary::editClicked, this, [this] {
         setOpen(!isOpen_);
         if (isOpen_) show();
@@ -80,7 +78,7 @@ void InputsFold::unfold() {
     summary_.hide();
     inputs_.setParent(&splitter_);
     inputs_.show();
-    splitter_.SetSplitterSize(barSize);
+    splitter_.SetSplitterSize(barSize_);
     splitter_.SetChild1(inputs_.objectName());
     splitter_.SetMinSize1(isCollapsed_ ? 0 : minWidth);
     splitter_.SetSplitterPos(isCollapsed_ ? 0 : width_);
@@ -97,9 +95,9 @@ void InputsFold::place() {
     const QRect below = isAlone ? all : all.adjusted(0, InputSummary::barHeight, 0, 0);
     summary_.setVisible(!isAlone);
     summary_.setGeometry(0, 0, all.width(), InputSummary::barHeight);
-    // The rest of a form without results says what to do; too little of it says nothing.
-    constexpr int leastRest = 200;
-    const int width = all.width() - widthAtStart < leastRest ? all.width() : widthAtStart;
+    // The rest of a form without results says what to do, which takes a minimum of room.
+    constexpr int minRest = 200;
+    const int width = all.width() - minWidth < minRest ? all.width() : minWidth;
     inputs_.setGeometry(below.left(), below.top(), width, below.height());
     splitter_.setGeometry(isAlone ? below.adjusted(width, 0, 0, 0) : below);
     if (isOpen_) inputs_.raise();
@@ -118,7 +116,6 @@ void InputsFold::setOpen(bool open) {
     isOpen_ = open;
     inputs_.setVisible(open);
     summary_.setOpen(open);
-    summary_.update();
     place();
     emit changed();
 }
@@ -131,7 +128,7 @@ void InputsFold::collapse(bool collapse) {
         return;
     }
     isCollapsed_ = collapse;
-    if (collapse) width_ = splitter_.CurrSplitterPos() > 0 ? splitter_.CurrSplitterPos() : widthAtStart;
+    if (collapse) width_ = splitter_.CurrSplitterPos() > 0 ? splitter_.CurrSplitterPos() : minWidth;
     splitter_.SetMinSize1(collapse ? 0 : minWidth);
     splitter_.SetSplitterPos(collapse ? 0 : width_);
     emit changed();

@@ -24,7 +24,7 @@ class InputsFold : public QObject {
 
     /// Places everything in the form; to be called when its size changes.
     void layOut();
-    /// True if there is something else to look at than the inputs.
+    /// `has` is true if the form shows results, not only its inputs.
     void setHasResults(bool has);
 
     bool isNarrow() const { return isNarrow_; }
@@ -53,7 +53,8 @@ class InputsFold : public QObject {
     Splitter& splitter_;
     QWidget& inputs_;
     InputSummary& summary_;
-    int width_;  ///< that the inputs had before they were collapsed or folded
+    int width_;    ///< of the inputs before they were collapsed or folded
+    int barSize_;  ///< of the splitter while both halves are there
     bool hasResults_ = false;
     bool isNarrow_ = false;
     bool isOpen_ = false;

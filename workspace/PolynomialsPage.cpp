@@ -2,30 +2,15 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QVBoxLayout>
-#include <array>
-#include <charconv>
 
 #include "controls/Icons.h"
+#include "controls/NumberText.h"
 #include "controls/ResultsView.h"
 #include "controls/ctlBtn.h"
 #include "workspace/CopiedTable.h"
 
 namespace marvello {
-
-namespace {
-
-/// The one form for all sizes, in every locale; the decimal mark alone is that of the locale.
-QString exponentText(double value) {
-    std::array<char, 32> buffer{};
-    const char* const end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific).ptr;
-    QString text = QString::fromLatin1(buffer.data(), end - buffer.data()).toUpper();
-    return text.replace(u'.', QLocale().decimalPoint());
-}
-
-}  // namespace
 
 PolynomialsPage::PolynomialsPage(QWidget* parent) : QWidget(parent) {
     labelPoly_ = new QLabel(this);

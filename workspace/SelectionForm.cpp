@@ -28,6 +28,7 @@
 #include "workspace/InputsFold.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/PolynomialsPage.h"
+#include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmpG.h"
 
@@ -142,9 +143,10 @@ void SelectionForm::makePanes() {
     Splitter2_->hide();
 
     Splitter1_->SetChild2(QStringLiteral("frame2"));
-    summary_ = new InputSummary([this] { return summaryOf(*panel_); }, this);
+    summary_ = new InputSummary(*panel_, this);
     fold_ = new InputsFold(*this, *Splitter1_, *Frame1, *summary_);
     connect(fold_, &InputsFold::changed, this, &SelectionForm::stateChanged);
+    connect(this, &SelectionForm::stateChanged, summary_, &InputSummary::refresh);
     connect(summary_, &InputSummary::calculateClicked, this, &SelectionForm::lnkCalculate_Click);
 
     connect(lvCps_, &ResultsView::rowSelected, this, [this] {
@@ -304,8 +306,7 @@ QString SelectionForm::subject() const {
     const QString between = QStringLiteral(" \u00B7 ");
     const QString subject = panel_->lstRefrigerants->TextText() + between + panel_->lstSeries->TextText();
     if (!panel_->txtFrequency) return subject;
-    return subject + between + panel_->txtFrequency->TextText() + u' ' +
-           panel_->txtFrequency->UnitCaptiontext().trimmed();
+    return subject + between + withUnit(*panel_->txtFrequency);
 }
 
 void SelectionForm::resizeEvent(QResizeEvent*) { fold_->layOut(); }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "catalogue/Globals.h"
+#include "catalogue/clsInverter.h"
 #include "controls/AdvanceText.h"
 #include "controls/MessageBox.h"
 #include "controls/NumberText.h"
@@ -318,14 +319,13 @@ void SelectionForm::SyncTemperatureFields(const QString& leader) {
 }
 
 QString SelectionForm::noSaturation(clsRefprop& refprop) const {
-    const SaturationRange& range = refprop.DewRange();
-    constexpr double steps = 10;  // rounded inwards: both ends can be typed
     const auto inUnit = [this](double t) {
-        return steps * convertedTemperature(t, MeasureSystem::metric, measureUnit_);
+        return convertedTemperature(t, MeasureSystem::metric, measureUnit_);
     };
+    const SaturationRange& range = refprop.DewRange();
+    const SaturationRange shown = inTenths({inUnit(range.minimum), inUnit(range.maximum)});
     return filled(dictionaryText(QStringLiteral("frmselection.nosaturation")),
-                  {formatNumber(std::ceil(inUnit(range.minimum)) / steps, u"#0.0"),
-                   formatNumber(std::floor(inUnit(range.maximum)) / steps, u"#0.0"),
+                  {formatNumber(shown.minimum, u"#0.0"), formatNumber(shown.maximum, u"#0.0"),
                    panel_->txtTED->UnitCaptiontext().trimmed()});
 }
 
@@ -416,7 +416,8 @@ void SelectionForm::sayRange(AdvanceText* field, double low, double high) {
 void SelectionForm::sayRanges() {
     const SuperheatRange superheat = superheatRange();
     sayRange(panel_->txtSH, superheat.low, superheat.high);
-    if (panel_->txtFrequency) sayRange(panel_->txtFrequency, leastFrequency, mostFrequency);
+    if (panel_->txtFrequency)
+        sayRange(panel_->txtFrequency, clsInverter::minimumFrequency, clsInverter::maximumFrequency);
     sayOrder();
 }
 

@@ -14,6 +14,7 @@
 #include "workspace/ReportPreview.h"
 #include "workspace/ResultsList.h"
 #include "workspace/SelectionForm.h"
+#include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -22,15 +23,9 @@ namespace {
 
 const QString between = QStringLiteral(" / ");
 
-QString withUnit(const QString& value, const QString& unit) {
-    return unit.trimmed().isEmpty() ? value : value + u' ' + unit.trimmed();
-}
-
-QString valueOf(const AdvanceText* field) { return withUnit(field->TextText(), field->UnitCaptiontext()); }
-
 /// A dew temperature, with its mean beside it where that is shown.
 ReportLine temperatureLine(const QString& name, const AdvanceText* dew, const AdvanceText* mid) {
-    if (mid->isHidden()) return {name, valueOf(dew)};
+    if (mid->isHidden()) return {name, withUnit(*dew)};
     return {name + u' ' + dictionaryText(QStringLiteral("report.dew.caption")) + between +
                 dictionaryText(QStringLiteral("report.mid.caption")),
             withUnit(dew->TextText() + between + mid->TextText(), dew->UnitCaptiontext())};
@@ -43,15 +38,15 @@ std::vector<ReportLine> SelectionForm::conditionLines(const clsCompressor& compr
     std::vector<ReportLine> lines{ReportLine::heading(text("report.projectcondition.caption")),
                                   {text("report.refrigerant.caption"), fromCore(compressor.Refrigerant)},
                                   temperatureLine(text("report.ted.caption"), panel_->txtTED, panel_->txtTEM),
-                                  {text("report.pe.caption"), valueOf(panel_->txtPE)},
+                                  {text("report.pe.caption"), withUnit(*panel_->txtPE)},
                                   temperatureLine(text("report.tcd.caption"), panel_->txtTCD, panel_->txtTCM),
-                                  {text("report.pc.caption"), valueOf(panel_->txtPC)},
-                                  {panel_->cmbSh->TextText(), valueOf(panel_->txtSH)},
-                                  {text("report.liquidsubcooling.caption"), valueOf(panel_->txtSC)},
+                                  {text("report.pc.caption"), withUnit(*panel_->txtPC)},
+                                  {panel_->cmbSh->TextText(), withUnit(*panel_->txtSH)},
+                                  {text("report.liquidsubcooling.caption"), withUnit(*panel_->txtSC)},
                                   {text("report.motorsize.caption"), panel_->cmbMotorSize->TextText()},
                                   {text("report.stepcapacity.caption"), panel_->cmbStepCapacity->TextText()}};
     if (panel_->txtFrequency)
-        lines.push_back({text("frmselection.txtfrequency.captiontext"), valueOf(panel_->txtFrequency)});
+        lines.push_back({text("frmselection.txtfrequency.captiontext"), withUnit(*panel_->txtFrequency)});
     return lines;
 }
 

@@ -115,11 +115,10 @@ void SelectionForm::sortBy(const QString& column) {
 
 void SelectionForm::selectCompressor() {
     if (lvCps_->selectKey(keptSelection_)) return;
-    int first = -1;
-    for (int row = lvCps_->rowCount() - 1; row >= 0; --row)
-        if (isCompressorRow(row) && lvCps_->mark(row) != u"ledred") first = row;
-    // With none that is possible, its messages say why.
-    lvCps_->selectRow(first >= 0 ? first : 1);
+    for (int row = 0; row < lvCps_->rowCount(); ++row)
+        if (isCompressorRow(row) && lvCps_->mark(row) != u"ledred") return lvCps_->selectRow(row);
+    // None is possible, and the messages of the first say why.
+    lvCps_->selectRow(1);
 }
 
 bool SelectionForm::isCompressorRow(int row) const { return row >= 0 && !lvCps_->isGroup(row); }

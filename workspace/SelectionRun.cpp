@@ -5,6 +5,7 @@
 #include <cmath>
 #include <memory>
 
+#include "catalogue/clsInverter.h"
 #include "controls/AdvanceText.h"
 #include "controls/MessageBox.h"
 #include "controls/ResultsView.h"
@@ -51,7 +52,8 @@ bool SelectionForm::allInputsValid() {
 // The range of an inverter; nothing is said.
 void SelectionForm::limitFrequency() {
     if (AdvanceText* frequency = panel_->txtFrequency)
-        frequency->SetTextValue(std::clamp(frequency->number(), leastFrequency, mostFrequency));
+        frequency->SetTextValue(
+            std::clamp(frequency->number(), clsInverter::minimumFrequency, clsInverter::maximumFrequency));
 }
 
 void SelectionForm::Calculate() {

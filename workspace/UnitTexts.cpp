@@ -5,7 +5,9 @@
 #include <array>
 #include <cmath>
 
+#include "controls/AdvanceText.h"
 #include "controls/NumberText.h"
+#include "thermo/UnitFamilies.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -27,14 +29,23 @@ QString replaced(const QString& text, const QRegularExpression& expression, Make
     return result + text.mid(end);
 }
 
+/// A unit of the technical data and what takes its place, with their names in the unit families.
 struct TechnicalUnit {
     const char* metric;
     const char* imperial;
-    double factor;
+    const char* family;
+    const char* from;
+    const char* to;
+    double perTime = 1;  ///< minutes in an hour
 };
-// The cubic foot is 0.02831684659 m3, the pound 0.45359237 kg and the gallon 3.785411784 l.
-constexpr std::array<TechnicalUnit, 3> technicalUnits{
-    {{"m³/h", "cfm", 1 / (0.02831684659 * 60)}, {"kg", "lb", 1 / 0.45359237}, {"l", "gal", 1 / 3.785411784}}};
+constexpr std::array<TechnicalUnit, 3> technicalUnits{{{"m³/h", "cfm", "V", "M^3", "FT^3", 60},
+                                                       {"kg", "lb", "M", "KG", "LB"},
+                                                       {"l", "gal", "V", "LITER", "GAL"}}};
+
+double inImperial(double value, const TechnicalUnit& unit) {
+    const double base = convertInFamily(value, unit.family, unit.from, 0, UnitPass::toBase);
+    return convertInFamily(base, unit.family, unit.to, 0, UnitPass::fromBase) / unit.perTime;
+}
 
 QString inThreeDigits(double value, const QLocale& locale) {
     const int whole = value > 0 ? static_cast<int>(std::floor(std::log10(value))) + 1 : 1;
@@ -44,6 +55,12 @@ QString inThreeDigits(double value, const QLocale& locale) {
 }
 
 }  // namespace
+
+QString withUnit(const QString& value, const QString& unit) {
+    return unit.trimmed().isEmpty() ? value : value + u' ' + unit.trimmed();
+}
+
+QString withUnit(const AdvanceText& field) { return withUnit(field.TextText(), field.UnitCaptiontext()); }
 
 QString inUnits(const QString& text, MeasureSystem system, const QLocale& locale) {
     static const QRegularExpression place(QStringLiteral("\\{([TD]):(\\+?)(-?[0-9.]+)\\}"));
@@ -67,7 +84,7 @@ QString technicalInImperial(const QString& value, const QLocale& locale) {
         const auto* const unit = std::ranges::find_if(technicalUnits, [&name](const TechnicalUnit& entry) {
             return name == QString::fromUtf8(entry.metric);
         });
-        return inThreeDigits(match.captured(1).toDouble() * unit->factor, locale) + u' ' +
+        return inThreeDigits(inImperial(match.captured(1).toDouble(), *unit), locale) + u' ' +
                QString::fromUtf8(unit->imperial);
     });
 }

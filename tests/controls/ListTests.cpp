@@ -129,10 +129,14 @@ TEST(ResultsView, TheFirstColumnStaysInPlaceWhenTheOthersScroll) {
     view.addGroup("g", "R134A");
     view.addRow({"1", {}, "TK-A-120", "ledgreen", {}, {"69.9", "16.8", "31.0"}});
     view.addRow({"2", {}, "TK-A-140", "ledred", {}, {"81.8", "19.6", "37.0"}});
+    view.addGroup("h", "R407C");
     view.resize(260, 200);
     view.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
     view.selectRow(2);
+    QCursor::setPos(view.viewport()->mapToGlobal(QPoint(200, 150)));
+    QCursor::setPos(view.viewport()->mapToGlobal(QPoint(30, 40)));  // over the row that is not selected
+    ASSERT_TRUE(QTest::qWaitFor([&view] { return view.viewport()->underMouse(); }));
     const auto seen = [&](QWidget* part) {
         // Without its last line of pixels, which parts it from what scrolls below.
         return part->grab(QRect(0, 0, view.header()->sectionSize(0) - 1, part->height())).toImage();

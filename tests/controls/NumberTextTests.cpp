@@ -64,6 +64,13 @@ TEST(ShownNumber, ReadsBackWhatFormatNumberWrites) {
     EXPECT_EQ(shownNumber(u".3", english), 0.3);
 }
 
+TEST(ExponentText, HasOneFormForAllSizesAndTheMarksOfTheLocale) {
+    using marvello::exponentText;
+    EXPECT_EQ(exponentText(100, english), "1E+02");
+    EXPECT_EQ(exponentText(-0.00012, QLocale(QLocale::German)), "-1,2E-04");
+    EXPECT_EQ(exponentText(-2.5e-7, QLocale(QLocale::Swedish)), u"\u22122,5E-07");
+}
+
 TEST(NumberText, ReadsBackWhatItWritesInEveryLocale) {
     const auto locales =
         QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry);
@@ -71,6 +78,8 @@ TEST(NumberText, ReadsBackWhatItWritesInEveryLocale) {
     for (const QLocale& locale : locales) {
         for (const double value : {0.0, 7.0, -12.25, 1048800.5, -0.00005, 1.5e20}) {
             EXPECT_EQ(typedNumber(formatNumber(value, u"", locale)), value) << locale.name().toStdString();
+            EXPECT_EQ(typedNumber(marvello::exponentText(value, locale)), value)
+                << locale.name().toStdString();
             if (std::abs(value) < 1e-3) continue;
             EXPECT_EQ(typedNumber(formatNumber(value, u"#0.00", locale)), value)
                 << locale.name().toStdString();

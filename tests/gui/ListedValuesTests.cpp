@@ -2,21 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <QLineEdit>
 #include <QLocale>
-#include <QTest>
 #include <cmath>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
-#include "controls/AdvanceText.h"
 #include "controls/ResultsView.h"
 #include "tests/gui/RealWindow.h"
+#include "tests/support/Controls.h"
 #include "tests/tools/CallProgram.h"
 #include "workspace/SelectionForm.h"
 
 using namespace marvello;
+using marvello::testing::field;
+using marvello::testing::type;
 using nlohmann::json;
 
 namespace {
@@ -139,19 +139,12 @@ class ListedValuesTest : public ::testing::TestWithParam<std::tuple<int, bool>>,
     ListedValuesTest() : RealWindow("en-EN") {}
 
     void fill(SelectionForm& form, const Duty& duty, bool isImperial) {
-        const auto field = [&](const char* name) {
-            return form.findChild<AdvanceText*>(QLatin1String(name));
-        };
         form.MeasureUnits(isImperial ? 1 : 0, true);
-        field("lstRefrigerants")->SetKey(duty.refrigerant);
-        field("lstSeries")->SetKey(duty.series);
-        for (const Chosen& choice : duty.chosen) field(choice.field)->SetKey(choice.key);
-        for (const Typed& input : duty.typed) {
-            auto* edit = field(input.field)->findChild<QLineEdit*>();
-            edit->setFocus();
-            edit->selectAll();
-            QTest::keyClicks(edit, isImperial ? input.imperial : input.metric);
-        }
+        field(form, "lstRefrigerants")->SetKey(duty.refrigerant);
+        field(form, "lstSeries")->SetKey(duty.series);
+        for (const Chosen& choice : duty.chosen) field(form, choice.field)->SetKey(choice.key);
+        for (const Typed& input : duty.typed)
+            type(form, input.field, isImperial ? input.imperial : input.metric);
     }
 
     static json askWithoutWindow(const Duty& duty) {

@@ -6,8 +6,6 @@
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
 #include <QRegularExpression>
 #include <QSet>
@@ -17,35 +15,21 @@
 #include <cstdio>
 #include <memory>
 
-#include "controls/AdvanceText.h"
 #include "controls/MessagesView.h"
-#include "controls/ResultsView.h"
 #include "controls/TwoLineHeader.h"
 #include "controls/ctlBtn.h"
 #include "engine/clsSelections.h"
-#include "tests/gui/RealWindow.h"
-#include "workspace/SelectionForm.h"
+#include "tests/gui/RealForm.h"
 
 using namespace marvello;
 
 namespace {
 
-class RealCatalogueTest : public ::testing::TestWithParam<const char*>, public marvello::testing::RealWindow {
+class RealCatalogueTest : public ::testing::TestWithParam<const char*>, public marvello::testing::RealForm {
   protected:
-    RealCatalogueTest() : RealWindow(GetParam()), form(window->newSelection()) {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    }
+    RealCatalogueTest() : RealForm(GetParam()) {}
 
-    AdvanceText* field(const char* name) { return form->findChild<AdvanceText*>(QLatin1String(name)); }
-    ResultsView* list() { return form->findChild<ResultsView*>(QStringLiteral("lvCps")); }
-
-    void calculate() {
-        window->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        QTest::keyClick(form->focusWidget(), Qt::Key_F5);
-    }
-
-    static void choose(AdvanceText* selector, int row) {
+    static void chooseRow(AdvanceText* selector, int row) {
         QTest::keyClick(selector->findChild<QLineEdit*>(), Qt::Key_Down);
         QWidget* popup = QApplication::activePopupWidget();
         ASSERT_NE(popup, nullptr);
@@ -53,17 +37,9 @@ class RealCatalogueTest : public ::testing::TestWithParam<const char*>, public m
         rows->setCurrentRow(row);
         QTest::keyClick(rows, Qt::Key_Return);
     }
-    /// R407C, whose mean temperatures are shown.
-    void chooseBlendWithGlide() {
-        const QString refrigerants = field("lstRefrigerants")->Tag1();
-        const auto before = refrigerants.left(refrigerants.indexOf(QStringLiteral("R407C|")));
-        choose(field("lstRefrigerants"), static_cast<int>(before.count(';')));
-    }
     static int choices(const AdvanceText* selector) {
         return static_cast<int>(selector->Tag1().split(';', Qt::SkipEmptyParts).size());
     }
-
-    SelectionForm* form;
 };
 
 /// All texts that the window shows or says.
@@ -114,9 +90,9 @@ INSTANTIATE_TEST_SUITE_P(Languages, RealCatalogueTest,
 
 TEST_P(RealCatalogueTest, EverySeriesIsListedWithTheValuesOfTheEngine) {
     for (int refrigerant = 0; refrigerant < choices(field("lstRefrigerants")); ++refrigerant) {
-        choose(field("lstRefrigerants"), refrigerant);
+        chooseRow(field("lstRefrigerants"), refrigerant);
         for (int serie = 0; serie < choices(field("lstSeries")); ++serie) {
-            choose(field("lstSeries"), serie);
+            chooseRow(field("lstSeries"), serie);
             SCOPED_TRACE(form->subject().toStdString());
             calculate();
             ASSERT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
@@ -192,7 +168,7 @@ TEST_P(RealCatalogueTest, TheHelpOfEachInputHasRoom) {
 
     // A blend with glide takes two more rows: the help gives way, by whole sentences.
     window->resize(1440, 870);
-    chooseBlendWithGlide();
+    choose("lstRefrigerants", "R407C");  // whose mid temperatures are shown
     ASSERT_TRUE(field("txtTEM")->isVisible());
     const QStringList shortened = helps();
     for (qsizetype i = 0; i < shown.size(); ++i) {
@@ -202,8 +178,8 @@ TEST_P(RealCatalogueTest, TheHelpOfEachInputHasRoom) {
 }
 
 TEST_P(RealCatalogueTest, NoTextIsCut) {
-    choose(field("cmbOilCooling"), 2);
-    choose(field("cmbEco"), 1);
+    choose("cmbOilCooling", "2");
+    choose("cmbEco", "1");
     ASSERT_TRUE(field("txtOilCooling")->isVisible() && field("txtEco")->isVisible());
     calculate();
     ASSERT_TRUE(form->hasResults());
@@ -211,7 +187,7 @@ TEST_P(RealCatalogueTest, NoTextIsCut) {
     for (int column = 0; column < list()->columnKeys().size(); ++column)
         EXPECT_LE(TwoLineHeader::widthOf(list()->columnTexts()[column]), list()->columnWidth(column));
 
-    chooseBlendWithGlide();
+    choose("lstRefrigerants", "R407C");  // whose mid temperatures are shown
     ASSERT_TRUE(field("txtTEM")->isVisible());
     expectWholeFields(*window);
 }

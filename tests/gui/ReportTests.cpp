@@ -23,7 +23,7 @@
 #include "controls/ResultsView.h"
 #include "reports/ReportOutput.h"
 #include "reports/ReportPage.h"
-#include "tests/gui/RealWindow.h"
+#include "tests/gui/RealForm.h"
 #include "tests/support/Person.h"
 #include "workspace/ReportPreview.h"
 #include "workspace/SelectionForm.h"
@@ -42,12 +42,10 @@ QString plain(QString text) {
     return text.remove(blanks).normalized(QString::NormalizationForm_KC);
 }
 
-class ReportTest : public ::testing::TestWithParam<const char*>, public marvello::testing::RealWindow {
+class ReportTest : public ::testing::TestWithParam<const char*>, public marvello::testing::RealForm {
   protected:
-    ReportTest() : RealWindow(GetParam()), form(window->newSelection()) {}
+    ReportTest() : RealForm(GetParam()) {}
 
-    AdvanceText* field(const char* name) { return form->findChild<AdvanceText*>(QLatin1String(name)); }
-    ResultsView* list() { return form->findChild<ResultsView*>(QStringLiteral("lvCps")); }
     void calculate(const char* refrigerant, const char* series) {
         field("lstRefrigerants")->SetKey(refrigerant);
         field("lstSeries")->SetKey(series);
@@ -74,7 +72,6 @@ class ReportTest : public ::testing::TestWithParam<const char*>, public marvello
         return wordsIn(file);
     }
 
-    SelectionForm* form;
     QTemporaryDir folder;
 };
 

@@ -40,9 +40,11 @@ TEST_F(NarrowFormTest, TheInputsFoldBelowTheListAndOpenOverIt) {
     ASSERT_TRUE(form->hasResults());
     EXPECT_FALSE(inputs()->isVisible());
     EXPECT_EQ(list()->width(), 500);
-    summary()->grab();
     for (const char* const part : {"R134A", "TK-A", "2.00 / 40.00 °C", "SH 10.00 K", "400 V / 50 Hz"})
         EXPECT_TRUE(summary()->accessibleDescription().contains(part)) << part;
+    form->MeasureUnits(1, true);
+    EXPECT_TRUE(summary()->accessibleDescription().contains("35.60 / 104.00 °F"));
+    form->MeasureUnits(0, true);
 
     press("btnEditInputs");
     EXPECT_TRUE(inputs()->isVisible());

@@ -307,6 +307,18 @@ TEST_F(SelectionFormTest, AChangeOfTheUnitsTakesFirstWhatWasTyped) {
     EXPECT_EQ(text("txtPC"), "159.70");  // 145 + 14.696
 }
 
+TEST_F(SelectionFormTest, TheFirstPossibleCompressorIsSelected) {
+    choose(*form, "lstSeries", "TK-A");
+    field(*form, "lstModels")->SetKey("120;140");
+    calculate();
+    ASSERT_EQ(list()->mark(1), "ledred");
+    ASSERT_NE(list()->mark(2), "ledred");
+    EXPECT_EQ(list()->selectedRow(), 2);
+    field(*form, "lstModels")->SetKey("120");
+    calculate();
+    EXPECT_EQ(list()->selectedRow(), 1) << "its messages say why";
+}
+
 TEST_F(SelectionFormTest, SaysWhenNothingMatches) {
     field(*form, "lstModels")->SetKey("no such model");
     calculate();

@@ -1,13 +1,9 @@
 #include "tests/workspace/WorkspaceFixture.h"
 
-#include <QApplication>
-#include <QListWidget>
 #include <QSettings>
-#include <QTest>
 #include <fstream>
 #include <sstream>
 
-#include "controls/ctlCombo.h"
 #include "data/Globals.h"
 #include "tools/csv/Csv.h"
 #include "tools/csv/Faults.h"
@@ -63,29 +59,6 @@ void WorkspaceFixture::table(const std::string& file, const std::string& name,
         statements += "insert into " + name + " values(" + row + ");";
     }
     catalogue.exec(statements + "commit;");
-}
-
-void type(const QWidget& window, const char* name, const QString& text) {
-    auto* edit = field(window, name)->findChild<QLineEdit*>();
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClicks(edit, text);
-}
-
-void choose(const QWidget& window, const char* name, const QString& key) {
-    QTest::keyClick(field(window, name)->findChild<QLineEdit*>(), Qt::Key_Down);
-    auto* combo = qobject_cast<ctlCombo*>(QApplication::activePopupWidget());
-    ASSERT_NE(combo, nullptr) << name << " opened no list";
-    auto* list = combo->findChild<QListWidget*>();
-    for (int row = 0; row < list->count(); ++row)
-        if (list->item(row)->data(Qt::UserRole).toString() == u'@' + key) {
-            list->setCurrentRow(row);
-            // A box is ticked; a plain row is chosen as it is.
-            if (list->item(row)->data(Qt::CheckStateRole).isValid()) QTest::keyClick(list, Qt::Key_Space);
-            QTest::keyClick(list, Qt::Key_Return);
-            return;
-        }
-    FAIL() << "no " << key.toStdString() << " in the list of " << name;
 }
 
 }  // namespace marvello::testing

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QTest>
@@ -11,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "controls/AdvanceText.h"
 #include "controls/MessageBox.h"
 #include "controls/ResultsView.h"
 #include "data/Globals.h"
+#include "tests/support/Controls.h"
 #include "tests/support/SmallCatalogue.h"
 
 namespace marvello::testing {
@@ -38,18 +37,6 @@ class WorkspaceFixture : public ::testing::Test {
     QTemporaryDir settings_;
     MessageBox::Handler handlerBefore_;
 };
-
-/// The control of that name, wherever it stands in the window.
-template <class Control>
-Control* control(const QWidget& window, const char* name) {
-    auto* found = window.findChild<Control*>(QLatin1String(name));
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-}
-
-inline AdvanceText* field(const QWidget& window, const char* name) {
-    return control<AdvanceText>(window, name);
-}
 
 /// A form in a window of its own, with the mouse and the keys in it.
 template <class Form>
@@ -76,11 +63,5 @@ class FormFixture : public WorkspaceFixture {
 
     std::unique_ptr<Form> form;
 };
-
-/// Focuses a field and types over its text.
-void type(const QWidget& window, const char* name, const QString& text);
-
-/// Opens the list of a field and chooses a key with keys or clicks, as a user does.
-void choose(const QWidget& window, const char* name, const QString& key);
 
 }  // namespace marvello::testing

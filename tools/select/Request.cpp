@@ -174,9 +174,8 @@ void checkRequest(const Request& request) {
 void checkTemperatures(const Request& request, const SaturationRange& range) {
     const Conditions& c = request.conditions;
     const auto outside = [&](const char* name, double value) {
-        // Rounded to the inside, so that the ends that are named are allowed.
-        const Range shown{std::ceil(range.minimum * 10) / 10, std::floor(range.maximum * 10) / 10,
-                          "degrees Celsius"};
+        const auto [minimum, maximum] = inTenths(range);
+        const Range shown{minimum, maximum, "degrees Celsius"};
         return BadRequest(std::string(name) + ": " + request.refrigerant + " has no saturation state at \"" +
                           storedText(value) + "\"; it has some from " + rangeText(shown));
     };
