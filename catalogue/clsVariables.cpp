@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/Arithmetic.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {

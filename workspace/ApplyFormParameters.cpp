@@ -14,8 +14,8 @@
 #include <utility>
 
 #include "data/Globals.h"
+#include "data/Numbers.h"
 #include "data/ParameterSets.h"
-#include "data/Texts.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {

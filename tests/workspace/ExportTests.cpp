@@ -24,12 +24,12 @@
 #include "controls/ResultsView.h"
 #include "controls/ctlBtn.h"
 #include "data/Globals.h"
+#include "results/RowSet.h"
 #include "tests/support/Person.h"
-#include "tests/workspace/ReadExport.h"
+#include "tests/support/ReadExport.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/CopiedTable.h"
 #include "workspace/ExportFile.h"
-#include "workspace/RowSet.h"
 #include "workspace/frmSelection.h"
 
 using namespace marvello;

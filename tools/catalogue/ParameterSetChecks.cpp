@@ -7,6 +7,7 @@
 #include <set>
 
 #include "catalogue/clsInverter.h"
+#include "data/Numbers.h"
 #include "data/clsApplication.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Program.h"

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {

@@ -144,9 +144,9 @@ ResultsView* results(QWidget* page) {
                       {"COP", "COP()", ""},
                       {"CA", "Current(A)", ""}});
     view->addGroup("@R134A", "R134A");
-    view->addRow({"1", "", "TK-A-120", "ledgreen", "", {"68.1", "18.2", "3.74", "30.6"}});
-    view->addRow({"2", "", "TK-A-140", "ledorange", "", {"79.6", "21.1", "3.77", "35.4"}});
-    view->addRow({"3", "", "TK-A-410", "ledred", "", {"", "", "", ""}});
+    view->addRow({"1", "TK-A-120", "ledgreen", "", {"68.1", "18.2", "3.74", "30.6"}});
+    view->addRow({"2", "TK-A-140", "ledorange", "", {"79.6", "21.1", "3.77", "35.4"}});
+    view->addRow({"3", "TK-A-410", "ledred", "", {"", "", "", ""}});
     view->fitColumns();
     view->selectRow(2);
     view->setFixedHeight(150);

@@ -5,7 +5,7 @@
 #include <map>
 #include <utility>
 
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "tools/generate/NumberText.h"
 #include "tools/generate/PlanTable.h"
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdio>
 
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "tools/csv/Csv.h"
 
 namespace marvello::select {

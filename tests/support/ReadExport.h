@@ -13,7 +13,7 @@ namespace marvello::testing {
 inline QJsonObject readExport(const QString& path) {
     QProcess python;
     python.start(QStringLiteral("python3"),
-                 {QStringLiteral(MARVELLO_SOURCE_FOLDER "/tests/workspace/readExport.py"), path});
+                 {QStringLiteral(MARVELLO_SOURCE_FOLDER "/tests/support/readExport.py"), path});
     EXPECT_TRUE(python.waitForFinished()) << "python3 is missing";
     EXPECT_EQ(python.exitCode(), 0) << python.readAllStandardError().toStdString();
     return QJsonDocument::fromJson(python.readAllStandardOutput()).object();

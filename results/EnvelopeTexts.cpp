@@ -1,12 +1,12 @@
-#include "workspace/LimitTexts.h"
+#include "results/EnvelopeTexts.h"
 
-#include <QString>
 #include <algorithm>
 #include <array>
 #include <memory>
 #include <utility>
 
-#include "workspace/WindowTexts.h"
+#include "data/DictionaryTexts.h"
+#include "thermo/UnitSystem.h"
 
 namespace marvello {
 
@@ -34,8 +34,22 @@ clsLimits namedLimits(const clsLimits& limits) {
         auto copy = std::make_shared<clsLimit>(*limit);
         const auto* const name = std::ranges::find(limitNames, copy->LimitType, &LimitName::type);
         if (name != limitNames.end() && !copy->Description.empty())
-            if (const QString text = dictionaryTextIfAny(QLatin1String(name->key)); !text.isEmpty())
-                copy->Description = toCore(text);
+            if (std::string text = dictionaryTextIfAny(name->key); !text.empty())
+                copy->Description = std::move(text);
+        result.add(std::move(copy));
+    }
+    return result;
+}
+
+clsLimits inFahrenheit(const clsLimits& limits) {
+    const auto converted = [](double value) {
+        return convertedTemperature(value, UnitSystem::metric, UnitSystem::imperial);
+    };
+    clsLimits result;
+    for (const auto& limit : limits) {
+        auto copy = std::make_shared<clsLimit>(*limit);
+        copy->Points = clsPoints();
+        for (const clsPoint& point : limit->Points) copy->Points.add(converted(point.x), converted(point.Y));
         result.add(std::move(copy));
     }
     return result;

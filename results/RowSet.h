@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QByteArray>
-#include <QLocale>
-#include <QString>
+#include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -13,20 +12,20 @@ namespace marvello {
 class RowSet {
   public:
     /// A value of a record: null, a text or a number.
-    using Value = std::variant<std::monostate, QString, double>;
+    using Value = std::variant<std::monostate, std::string, double>;
     enum class Type { text, number };
     struct Field {
-        QString name;
+        std::string name;
         Type type;
-        int size;  ///< most characters of a text; bytes of a number
+        int size;  ///< maximum length of a text in units of UTF-16; bytes of a number
     };
 
     /// A text field. A longer text that comes with a row widens it, so that nothing is cut.
-    void addText(const QString& name, int size);
+    void addText(const std::string& name, int size);
     /// A field of double precision.
-    void addNumber(const QString& name);
-    /// Values in the order of the fields. A number that is not finite is taken as null. Raises
-    /// std::invalid_argument when their count or types are not those of the fields.
+    void addNumber(const std::string& name);
+    /// Values in the order of the fields. A number that is not finite is taken as null. Throws
+    /// std::invalid_argument unless their count and types are those of the fields.
     void addRow(std::vector<Value> values);
 
     const std::vector<Field>& fields() const { return fields_; }
@@ -34,11 +33,10 @@ class RowSet {
 
     /// The persistence form of a rowset in XML ([MS-PRSTFR]): its schema, then an element for each record.
     /// Numbers have "." as decimal mark.
-    QByteArray toXml() const;
-    /// The names of the fields in a line, then a line for each record, separated by ";", in UTF-8. Texts
-    /// stand in quotes; numbers have the decimal mark of `locale`, or "." if that is no comma. Lines end with
-    /// LF.
-    QByteArray toCsv(const QLocale& locale = QLocale()) const;
+    std::string toXml() const;
+    /// The names of the fields in a line, then a line for each record, separated by ";", in UTF-8. Texts are
+    /// in quotes; numbers have the decimal mark `point` if that is a comma, otherwise ".". Lines end with LF.
+    std::string toCsv(std::string_view point = ".") const;
 
   private:
     std::vector<Field> fields_;

@@ -1,4 +1,4 @@
-#include "workspace/MeasureSystem.h"
+#include "thermo/UnitSystem.h"
 
 #include <cmath>
 
@@ -11,29 +11,28 @@ namespace {
 constexpr double fahrenheitInKelvin = 1.8;
 
 /// To a thousand millionth: the last bits of a conversion must not decide on which side of a limit a
-/// temperature stands, such as 2 degrees Celsius typed as 35.6 degrees Fahrenheit.
+/// temperature is, such as 2 degrees Celsius typed as 35.6 degrees Fahrenheit.
 double withoutNoise(double value) {
     constexpr double steps = 1e9;
-    constexpr double exact = 1e6;  // beyond it there are no bits to spare
+    constexpr double exact = 1e6;  // beyond it no bits are left
     return std::abs(value) > exact ? value : std::nearbyint(value * steps) / steps;
 }
 
 }  // namespace
 
-double convertedTemperature(double value, MeasureSystem from, MeasureSystem to) {
+double convertedTemperature(double value, UnitSystem from, UnitSystem to) {
     if (from == to) return value;
-    return withoutNoise(clsConvert().ConvertValue(value, to == MeasureSystem::imperial
+    return withoutNoise(clsConvert().ConvertValue(value, to == UnitSystem::imperial
                                                              ? conversion::celsiusToFahrenheit
                                                              : conversion::fahrenheitToCelsius));
 }
 
-double convertedDifference(double value, MeasureSystem from, MeasureSystem to) {
+double convertedDifference(double value, UnitSystem from, UnitSystem to) {
     if (from == to) return value;
-    return withoutNoise(to == MeasureSystem::imperial ? value * fahrenheitInKelvin
-                                                      : value / fahrenheitInKelvin);
+    return withoutNoise(to == UnitSystem::imperial ? value * fahrenheitInKelvin : value / fahrenheitInKelvin);
 }
 
-double convertedPressure(double value, MeasureSystem from, MeasureSystem to) {
+double convertedPressure(double value, UnitSystem from, UnitSystem to) {
     if (from == to) return value;
     // The numbers of the systems are those of the unit sets.
     clsConvert source;

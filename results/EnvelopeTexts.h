@@ -8,4 +8,7 @@ namespace marvello {
 /// does not name keep theirs.
 clsLimits namedLimits(const clsLimits& limits);
 
+/// Returns a copy of the limits with every point in degrees Fahrenheit.
+clsLimits inFahrenheit(const clsLimits& limits);
+
 }  // namespace marvello

@@ -1,4 +1,4 @@
-#include "engine/clsOutputs.h"
+#include "results/clsOutputs.h"
 
 #include <algorithm>
 #include <stdexcept>

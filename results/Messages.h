@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "catalogue/clsCompressor.h"
+
+namespace marvello {
+
+enum class Severity { error, attention, information };
+
+/// A message about a compressor as people read it.
+struct ShownMessage {
+    Severity severity = Severity::error;
+    std::string text;
+    std::string key;  ///< of the dictionary
+};
+
+/// Returns the errors of a compressor, or without errors its warnings and notes. Equal messages are one.
+std::vector<ShownMessage> messagesOf(const clsCompressor& compressor);
+
+}  // namespace marvello

@@ -1,0 +1,24 @@
+#include "results/Verdict.h"
+
+#include "catalogue/clsCompressor.h"
+
+namespace marvello {
+
+namespace {
+
+bool isStoppedByEconomizer(const clsCompressor& compressor) {
+    constexpr double noSolution = -1;
+    if (!compressor.Variables.Exist("EcoOK")) return false;
+    const clsVariable& variable = compressor.Variables.Item("EcoOK");
+    return variable.isNumber() && variable.number() == noSolution;
+}
+
+}  // namespace
+
+Verdict verdictOf(const clsCompressor& compressor) {
+    if (compressor.Messages.Error.Count() > 0 || isStoppedByEconomizer(compressor))
+        return Verdict::notPossible;
+    return compressor.Messages.Attention.Count() > 0 ? Verdict::possibleWithWarnings : Verdict::possible;
+}
+
+}  // namespace marvello
