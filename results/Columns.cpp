@@ -29,20 +29,20 @@ bool needsEconomizerPort(std::string_view key) {
 
 /// The power input per ton of refrigeration, which only the list knows.
 double powerPerTon(const clsVariables& variables) {
-    const double tons = clsConvert().ConvertValue(variables("q0"), conversion::kilowattsToTons);
+    const double tons = clsConvert().ConvertValue(variables[var::Q0], conversion::kilowattsToTons);
     if (tons == 0) throw VariableError("There is no capacity.");
-    return variables("Pta") / tons;
+    return variables[var::Pta] / tons;
 }
 
 /// Throws VariableError for a value that is not there.
 double metricValue(const clsCompressor& compressor, const std::string& key) {
     const clsVariables& variables = compressor.Variables;
-    if (key == "q0btu") return variables("q0");
-    if (key == "qeco" || key == "qecobtu") return variables("Q0") + variables("qeco");
+    if (key == "q0btu") return variables[var::Q0];
+    if (key == "qeco" || key == "qecobtu") return variables[var::Q0] + variables[var::Qeco];
     if (key == "ikw/ton") return powerPerTon(variables);
     if (key == "@fla") return compressor.Fla;
-    if (key == "@lra1") return variables("lra1");
-    if (key == "@lra2") return variables("lra2");
+    if (key == "@lra1") return variables[var::Lra1];
+    if (key == "@lra2") return variables[var::Lra2];
     return variables(key);
 }
 

@@ -106,18 +106,17 @@ std::vector<TechnicalEntry> technicalData(const clsCompressor& compressor, UnitS
 std::string MotorDescription(std::string text, const clsCompressor& compressor, const NumberMarks& marks) {
     const clsMotor& motor = compressor.Motor;
     // A calculation that stopped early has not all of them.
-    const auto variable = [&](const char* name, std::string_view pattern) {
+    const auto shown = [&](var variable, std::string_view pattern) {
         const clsVariables& variables = compressor.Variables;
-        if (!variables.Exist(name) || !variables.Item(name).isNumber()) return std::string();
-        return formatNumber(variables(name), pattern, marks);
+        return variables.isSet(variable) ? formatNumber(variables[variable], pattern, marks) : std::string();
     };
     replaceToken(text, "@cps.motorsize", motorSize(compressor));
     replaceToken(text, "@Motor.VoltageDescription", supply(motor));
     replaceToken(text, "@Motor.NominalPower", motor.NominalPower);
     replaceToken(text, "@cps.startmode", startMode(compressor.StartMode));
-    replaceToken(text, "@Motor.Lra1", variable("Lra1", "#0"));
-    replaceToken(text, "@Motor.Lra2", variable("Lra2", "#0"));
-    replaceToken(text, "@Cps.Fla", variable("Fla", "#"));
+    replaceToken(text, "@Motor.Lra1", shown(var::Lra1, "#0"));
+    replaceToken(text, "@Motor.Lra2", shown(var::Lra2, "#0"));
+    replaceToken(text, "@Cps.Fla", shown(var::Fla, "#"));
     if (compressor.hasInvert) replaceToken(text, "@cps.VI", compressor.VI);
     return text;
 }

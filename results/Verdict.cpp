@@ -8,9 +8,7 @@ namespace {
 
 bool isStoppedByEconomizer(const clsCompressor& compressor) {
     constexpr double noSolution = -1;
-    if (!compressor.Variables.Exist("EcoOK")) return false;
-    const clsVariable& variable = compressor.Variables.Item("EcoOK");
-    return variable.isNumber() && variable.number() == noSolution;
+    return compressor.Variables.isSet(var::EcoOK) && compressor.Variables[var::EcoOK] == noSolution;
 }
 
 }  // namespace

@@ -11,59 +11,22 @@
 #include <random>
 #include <vector>
 
+#include "tests/support/MetafileBytes.h"
+
 using marvello::Metafile;
 
 namespace {
 
-using Words = std::vector<std::uint16_t>;
+using File = marvello::testing::MetafileBytes;  // 200 x 100 units, 50.8 x 25.4 mm
+using Words = File::Words;
 
-constexpr std::uint16_t createPen = 0x02FA, createBrush = 0x02FC, createFont = 0x02FB, selectObject = 0x012D,
-                        deleteObject = 0x01F0, rectangle = 0x041B, polygon = 0x0324, polyPolygon = 0x0538,
+constexpr auto createPen = File::createPen, createBrush = File::createBrush, createFont = File::createFont,
+               selectObject = File::selectObject;
+constexpr std::uint16_t deleteObject = 0x01F0, rectangle = 0x041B, polygon = 0x0324, polyPolygon = 0x0538,
                         windowExtent = 0x020C, lineTo = 0x0213, moveTo = 0x0214, textOut = 0x0521,
                         extTextOut = 0x0A32, saveState = 0x001E, restoreState = 0x0127, arc = 0x0817;
 
 constexpr QRgb red = 0xFFFF0000, green = 0xFF00FF00, white = 0xFFFFFFFF;
-
-/// A metafile of 200 x 100 units, 50.8 x 25.4 mm, as its bytes stand in a file.
-class File {
-  public:
-    File() {
-        append({0xCDD7, 0x9AC6, 0, 0, 0, 200, 100, 100, 0, 0});
-        std::uint16_t sum = 0;
-        for (int i = 0; i < 10; ++i) sum = static_cast<std::uint16_t>(sum ^ wordAt(2 * i));
-        append({sum, 1, 9, 0x0300, 0, 0, 8, 0, 0, 0});
-        add(createPen, {5, 0, 0, 0, 0});  // object 0: no line
-        add(selectObject, {0});
-    }
-    File& add(std::uint16_t function, const Words& parameters) {
-        append({static_cast<std::uint16_t>(parameters.size() + 3), 0, function});
-        append(parameters);
-        return *this;
-    }
-    /// A brush of a colour, red lowest.
-    File& brush(std::uint16_t low, std::uint16_t object) {
-        return add(createBrush, {0, low, 0, 0}).add(selectObject, {object});
-    }
-    QByteArray bytes() const {
-        File ended = *this;
-        ended.add(0, {});
-        return ended.bytes_;
-    }
-    QByteArray unended() const { return bytes_; }
-
-  private:
-    std::uint16_t wordAt(int at) const {
-        return static_cast<std::uint16_t>(static_cast<unsigned char>(bytes_[at]) |
-                                          static_cast<unsigned char>(bytes_[at + 1]) << 8);
-    }
-    void append(const Words& words) {
-        for (const auto word : words) {
-            bytes_.append(static_cast<char>(word & 0xFF));
-            bytes_.append(static_cast<char>(word >> 8));
-        }
-    }
-    QByteArray bytes_;
-};
 
 QImage drawn(const QByteArray& bytes, QSize size = {200, 100}) {
     QImage image(size, QImage::Format_RGB32);

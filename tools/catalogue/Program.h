@@ -74,6 +74,9 @@ struct NeutralChoice {
 };
 std::span<const NeutralChoice> neutralChoices();
 
+/// Whether the results list makes the column itself, besides those that are variables of the calculation.
+bool isOwnColumn(std::string_view key);
+
 /// Whether the forms offer the capacity steps 75, 50 and 25 for the series.
 bool offersCapacitySteps(std::string_view series);
 

@@ -1,0 +1,305 @@
+// Every control in every state.
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QHoverEvent>
+#include <QLabel>
+#include <QPixmap>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include "controls/AdvanceText.h"
+#include "controls/ContainerOld.h"
+#include "controls/Icons.h"
+#include "controls/Link.h"
+#include "controls/Look.h"
+#include "controls/MessageBox.h"
+#include "controls/MessagesView.h"
+#include "controls/ProgressBar.h"
+#include "controls/ResultsView.h"
+#include "controls/Splitter.h"
+#include "controls/TabStrip.h"
+#include "controls/ctlBtn.h"
+#include "controls/ctlCombo.h"
+#include "controls/ctlRoundRectangle.h"
+#include "tests/pictures/scenes/Scenes.h"
+
+namespace marvello::scenes {
+
+namespace {
+
+AdvanceText* field(QWidget* parent, const QString& caption, const QString& text, const QString& unit) {
+    auto* result = new AdvanceText(parent);
+    result->setProperty("CaptionText", caption);
+    result->setProperty("CaptionWidth", 104);
+    if (unit.isNull()) {
+        result->SetTextText(text);
+    } else {
+        result->SetTextType(1);
+        result->SetTextFormat("#0.00");
+        result->SetTextText(text);
+        result->setProperty("UnitCaptionVisible", true);
+        result->SetUnitCaptiontext(unit);
+    }
+    result->setFixedWidth(280);
+    return result;
+}
+
+AdvanceText* list(QWidget* parent, const QString& caption, const QString& text) {
+    AdvanceText* result = field(parent, caption, text, {});
+    result->SetLocked(true);
+    result->setProperty("ButtonVisible", true);
+    return result;
+}
+
+void hover(QWidget* widget) {
+    const QPointF place(widget->width() - 40, 15);
+    QHoverEvent event(QEvent::HoverEnter, place, widget->mapToGlobal(place), QPointF());
+    QApplication::sendEvent(widget, &event);
+}
+
+QGridLayout* fields(QWidget* page) {
+    auto* grid = new QGridLayout;
+    grid->setSpacing(0);
+    grid->addWidget(field(page, "Normal", "2", QString::fromUtf8("°C")), 0, 0);
+    AdvanceText* hovered = field(page, "Hover", "2", QString::fromUtf8("°C"));
+    hovered->setObjectName("hovered");
+    grid->addWidget(hovered, 1, 0);
+    AdvanceText* focused = field(page, "Focus", "2", QString::fromUtf8("°C"));
+    focused->setObjectName("focused");
+    grid->addWidget(focused, 2, 0);
+    AdvanceText* derived = field(page, "Derived", "3.15", "bar abs");
+    derived->SetDerived(true);
+    grid->addWidget(derived, 3, 0);
+    AdvanceText* invalid = field(page, "Invalid", "1.5x", QString::fromUtf8("°C"));
+    invalid->setObjectName("invalid");
+    grid->addWidget(invalid, 4, 0);
+    AdvanceText* disabled = field(page, "Disabled", "10", "K");
+    disabled->setEnabled(false);
+    grid->addWidget(disabled, 5, 0);
+    grid->addWidget(list(page, "Locked list", "R134A"), 0, 1);
+    AdvanceText* hoveredList = list(page, "Hover", "R134A");
+    hoveredList->setObjectName("hoveredList");
+    grid->addWidget(hoveredList, 1, 1);
+    AdvanceText* open = list(page, "Open", "R134A");
+    open->setOpen(true);
+    grid->addWidget(open, 2, 1);
+    AdvanceText* fixed = list(page, "Neutral, fixed", "1450");
+    fixed->setEnabled(false);
+    grid->addWidget(fixed, 3, 1);
+    grid->addWidget(field(page, "Free text", "Project 7", {}), 4, 1);
+    return grid;
+}
+
+QHBoxLayout* buttons(QWidget* page) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(4);
+    for (const bool isMain : {true, false}) {
+        auto* rest = new ctlBtn(isMain ? "Calculate" : "Abort", isMain, page);
+        if (isMain) rest->setProperty("KeyHint", "F5");
+        row->addWidget(rest);
+        auto* down = new ctlBtn(isMain ? "Calculate" : "Abort", isMain, page);
+        down->setDown(true);
+        row->addWidget(down);
+        auto* off = new ctlBtn(isMain ? "Calculate" : "Abort", isMain, page);
+        off->setEnabled(false);
+        row->addWidget(off);
+    }
+    row->addStretch(1);
+    return row;
+}
+
+/// Icons, or marks, in a row.
+QHBoxLayout* pictures(QWidget* page, const QStringList& names, bool marks) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(14);
+    for (const QString& name : names) {
+        auto* label = new QLabel(page);
+        const int side = marks ? 18 : 20;
+        label->setPixmap(
+            (marks ? markIcon(name) : icon(name)).pixmap(QSize(side, side), page->devicePixelRatioF()));
+        row->addWidget(label);
+    }
+    row->addStretch(1);
+    return row;
+}
+
+ResultsView* results(QWidget* page) {
+    auto* view = new ResultsView(page);
+    view->setColumns({{"compressor", "Compressor", ""},
+                      {"Q0", "Capacity(kW)", "Cooling capacity"},
+                      {"Pta", "Power(kW)", ""},
+                      {"COP", "COP()", ""},
+                      {"CA", "Current(A)", ""}});
+    view->addGroup("@R134A", "R134A");
+    view->addRow({"1", "TK-A-120", "ledgreen", "", {"68.1", "18.2", "3.74", "30.6"}});
+    view->addRow({"2", "TK-A-140", "ledorange", "", {"79.6", "21.1", "3.77", "35.4"}});
+    view->addRow({"3", "TK-A-410", "ledred", "", {"", "", "", ""}});
+    view->fitColumns();
+    view->selectRow(2);
+    view->setFixedHeight(150);
+    return view;
+}
+
+ctlCombo* comboList(QWidget* page, bool checkBoxes) {
+    auto* combo = new ctlCombo(page);
+    combo->setWindowFlags(Qt::Widget);
+    combo->Populate(
+        checkBoxes ? "*|ALL;120|TK-A-120;140|TK-A-140;165|TK-A-165" : "NL-H|NL-H;TK-A|TK-A;MV-A|MV-A",
+        checkBoxes ? "140;165" : "TK-A", false, checkBoxes);
+    combo->setFixedSize(200, combo->preferredHeight());
+    return combo;
+}
+
+MessagesView* messages(QWidget* page) {
+    auto* view = new MessagesView(page);
+    view->addMessage("msgerror", "error", "The point lies outside of the application limits.", "");
+    view->addMessage(
+        "msgattention", "warning",
+        "Oil cooling is needed at these conditions; a text that is long enough wraps onto a second line "
+        "instead of being cut at the edge of the page.",
+        "");
+    view->addMessage("msginformation", "note", "Part load without economizer.", "");
+    view->setFixedHeight(136);
+    return view;
+}
+
+/// A hyperlink, the older panel, a rounded panel with a gradient, and a splitter between two panes.
+QHBoxLayout* panels(QWidget* page) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(16);
+    row->addWidget(new Link("www.kestrom.example", page));
+    auto* older = new ContainerOld(page);
+    older->SetCaptionText("Older panel");
+    older->setProperty("BorderVisible", true);
+    older->setProperty("BorderColor", Look::current().line);
+    older->setFixedSize(150, 84);
+    row->addWidget(older);
+    auto* rounded = new ctlRoundRectangle(page);
+    rounded->setProperty("Gradient", true);
+    rounded->setProperty("GradientColorStop", Look::current().accentTint);
+    rounded->setProperty("GradientSizeValue", 40);
+    rounded->setFixedSize(130, 84);
+    row->addWidget(rounded);
+    auto* splitter = new Splitter(page);
+    for (const char* name : {"left", "right"}) {
+        auto* pane = new QWidget(splitter);
+        pane->setObjectName(name);
+        pane->setAutoFillBackground(true);
+        QPalette ground = pane->palette();
+        ground.setColor(QPalette::Window, Look::current().surfaceAlt);
+        pane->setPalette(ground);
+    }
+    splitter->SetMinSize1(20);
+    splitter->SetMinSize2(20);
+    splitter->SetChild1("left");
+    splitter->SetChild2("right");
+    splitter->SetSplitterPos(70);
+    splitter->setFixedSize(180, 84);
+    row->addWidget(splitter);
+    row->addStretch(1);
+    return row;
+}
+
+std::unique_ptr<QWidget> controls() {
+    auto whole = std::make_unique<QWidget>();
+    QWidget* const page = whole.get();
+    page->setAutoFillBackground(true);
+    page->setFixedWidth(720);
+    QPalette palette = page->palette();
+    palette.setColor(QPalette::Window, Look::current().surface);
+    page->setPalette(palette);
+    auto* all = new QVBoxLayout(page);
+    all->setContentsMargins(24, 20, 24, 20);
+    all->setSpacing(14);
+    auto* container = new Container(page);
+    container->SetCaptionText(" Project Conditions");
+    container->setFixedHeight(Container::titleHeight);
+    all->addWidget(container);
+    all->addLayout(fields(page));
+    all->addLayout(buttons(page));
+    all->addLayout(pictures(page,
+                            {"newselection", "print", "preview", "copy", "panel", "export", "up", "down",
+                             "cascade", "tileh", "tilev", "form", "inverter", "chev"},
+                            false));
+    all->addLayout(pictures(
+        page, {"ledgreen", "ledorange", "ledred", "ledblue", "msgerror", "msgattention", "msginformation"},
+        true));
+    auto* lists = new QHBoxLayout;
+    lists->addWidget(comboList(page, false), 0, Qt::AlignTop);
+    lists->addWidget(comboList(page, true), 0, Qt::AlignTop);
+    lists->addStretch(1);
+    all->addLayout(lists);
+    all->addWidget(results(page));
+    auto* forms = new TabStrip(TabStrip::Kind::forms, page);
+    forms->addKeyed("1", "1 Selection", icon("form"));
+    forms->addKeyed("2", "2 inverter", icon("inverter"));
+    all->addWidget(forms);
+    auto* pages = new TabStrip(TabStrip::Kind::pages, page);
+    for (const char* text : {"Messages", "Technical data", "Limits"}) pages->addKeyed(text, text);
+    all->addWidget(pages);
+    all->addWidget(messages(page));
+    auto* progress = new ProgressBar(page);
+    progress->SetValue(62);
+    all->addWidget(progress);
+    all->addLayout(panels(page));
+    return whole;
+}
+
+/// Brings up the states that need an event.
+void showStates(QWidget& page) {
+    const auto boxes = MessageBox::setHandler([](MessageBox::Mark, const QString&) {});
+    page.findChild<AdvanceText*>("invalid")->validate();
+    MessageBox::setHandler(boxes);
+    page.findChild<AdvanceText*>("focused")->setFocus();
+    for (const char* name : {"hovered", "hoveredList"}) hover(page.findChild<AdvanceText*>(name));
+}
+
+/// Lists in the states that a form brings: values scrolled under the labels, a sorted column, a row chosen
+/// while the keys are elsewhere; a page without messages; a column without unit.
+std::unique_ptr<QWidget> lists() {
+    auto whole = std::make_unique<QWidget>();
+    QWidget* const page = whole.get();
+    page->setFixedWidth(420);
+    auto* all = new QVBoxLayout(page);
+    ResultsView* scrolled = results(page);
+    scrolled->setObjectName("scrolled");
+    scrolled->setSortable();
+    scrolled->addGroup("@R290", "R290");
+    scrolled->addRow(
+        {"4", "TK-A-90-with-a-long-name", "ledgreen", "", {"68.1", "1234567.8", "3.74", "30.6"}});
+    scrolled->fitColumns();
+    scrolled->setFixedHeight(210);
+    all->addWidget(scrolled);
+    auto* plain = new ResultsView(page);
+    plain->setColumns({{"name", "Name", ""}, {"value", "Value", ""}});
+    plain->addRow({"1", "Without a mark", "", "", {"1"}});
+    plain->selectRow(0);
+    plain->setFixedHeight(80);
+    all->addWidget(plain);
+    auto* empty = new MessagesView(page);
+    empty->setEmptyText("There is nothing to say about this compressor.");
+    empty->setFixedHeight(40);
+    all->addWidget(empty);
+    for (const int percent : {0, 100}) {
+        auto* progress = new ProgressBar(page);
+        progress->SetValue(percent);
+        all->addWidget(progress);
+    }
+    return whole;
+}
+
+void scroll(QWidget& page) {
+    auto* const view = page.findChild<ResultsView*>("scrolled");
+    view->markSorted("Pta", true);
+    view->horizontalScrollBar()->setValue(60);
+    view->setFocus();
+}
+
+}  // namespace
+
+Scene listScene() { return {"lists", lists, scroll}; }
+
+Scene controlScene() { return {"controls", controls, showStates}; }
+
+}  // namespace marvello::scenes

@@ -1,0 +1,239 @@
+#include "tests/pictures/scenes/WindowTour.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDate>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QLocale>
+#include <QMenu>
+#include <QTabBar>
+#include <QTimer>
+#include <cstdio>
+#include <utility>
+
+#include "controls/AdvanceText.h"
+#include "controls/MessageBox.h"
+#include "controls/ResultsView.h"
+#include "data/Texts.h"
+#include "workspace/Frmsplash.h"
+#include "workspace/MDIMain.h"
+#include "workspace/ReportPreview.h"
+#include "workspace/SelectionForm.h"
+#include "workspace/WindowTexts.h"
+#include "workspace/frmRefrigerant.h"
+
+namespace marvello::scenes {
+
+namespace {
+
+constexpr const char* inputs = "Frame1";
+constexpr const char* empty = "frame2";
+constexpr const char* list = "frame3";
+constexpr const char* pages = "Frame4";
+constexpr const char* results = "Splitter2";
+
+/// Types over the text of a field.
+void typeOver(const SelectionForm& form, const char* name, const QString& text) {
+    auto* edit = form.findChild<AdvanceText*>(QLatin1String(name))->findChild<QLineEdit*>();
+    edit->setFocus();
+    edit->selectAll();
+    for (const QChar sign : text) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, sign);
+        QApplication::sendEvent(edit, &press);
+    }
+}
+
+void choose(const SelectionForm& form, const char* name, const QString& key) {
+    auto* list = form.findChild<AdvanceText*>(QLatin1String(name));
+    if (list->Key() == key) return;
+    list->SetTextValue(key);
+    list->SetKey(key);
+}
+
+}  // namespace
+
+WindowTour::WindowTour(MDIMain& window, QString refrigerant, QString series, Picture picture, Report report)
+    : window_(window),
+      refrigerant_(std::move(refrigerant)),
+      series_(std::move(series)),
+      picture_(std::move(picture)),
+      report_(std::move(report)) {}
+
+void WindowTour::run() {
+    show("empty-frame");
+    showDialogs();
+    showInputs();
+    showPages();
+    showWarnings();
+    showOtherInputs();
+    showForms();
+}
+
+void WindowTour::show(const char* name) const { show(name, window_); }
+
+void WindowTour::show(const char* name, QWidget& window) const {
+    QApplication::processEvents();
+    picture_(QLatin1String(name), window, window);
+}
+
+void WindowTour::show(const char* name, const SelectionForm& form, const char* part) const {
+    QApplication::processEvents();
+    picture_(QLatin1String(name), window_, *form.findChild<QWidget*>(QLatin1String(part)));
+}
+
+/// Opens a dialog through its command.
+void WindowTour::showDialog(const char* command, const char* name, int tab) const {
+    constexpr int shown = 250;  // milliseconds; what fades in is there by then
+    QTimer::singleShot(shown, &window_, [this, name, tab] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog) return;
+        if (auto* tabs = dialog->findChild<QTabBar*>()) tabs->setCurrentIndex(tab);
+        show(name, *dialog);
+        dialog->close();
+    });
+    window_.findChild<QAction*>(QLatin1String(command))->trigger();
+}
+
+/// The report of the selected compressor, of a certain day, and its window.
+void WindowTour::showReport(SelectionForm& form, const char* name) const {
+    auto report = form.selectedReport();
+    if (!report) return;
+    report->date = userLocale().toString(QDate(2026, 5, 4), QLocale::LongFormat);
+    report_(QLatin1String(name), *report);
+    ReportPreview preview(*report, &window_);
+    preview.show();
+    show(qPrintable(QLatin1String(name) + QStringLiteral("-preview")), preview);
+}
+
+void WindowTour::showDialogs() const {
+    Frmsplash splash;
+    splash.show();
+    show("splash", splash);
+    splash.hide();
+    showDialog("mnu_file_new_selection", "start-menu");
+    showDialog("mnu_help_About", "about");
+    showDialog("mnu_help_About", "terms", 1);
+    showDialog("mnu_help_Builds", "builds");
+    frmRefrigerant refrigerants(&window_);
+    QTimer::singleShot(0, &refrigerants, [&] {
+        show("refrigerants", refrigerants);
+        refrigerants.reject();
+    });
+    clsParametersForm choice;
+    choice.Parameter = "R134A;R290";
+    refrigerants.OpenForm(choice);
+}
+
+void WindowTour::showInputs() {
+    form_ = window_.newSelection();
+    QApplication::processEvents();
+    choose(*form_, "lstRefrigerants", refrigerant_);
+    choose(*form_, "lstSeries", series_);
+    show("inputs-only");
+    emit form_->findChild<AdvanceText*>(QStringLiteral("lstModels"))->ButtonClick();
+    if (QWidget* popup = QApplication::activePopupWidget()) {
+        show("drop-list", *popup);
+        popup->hide();
+    }
+    auto* menu = window_.findChild<QMenu*>(QStringLiteral("mnu_file"));
+    menu->popup(window_.mapToGlobal(QPoint(0, 28)));
+    show("menu", *menu);
+    menu->hide();
+}
+
+/// Every page of the selected compressor, and the menu of its row.
+void WindowTour::showPages() const {
+    // The picture of the dialog is taken while the run waits for its first event.
+    QTimer::singleShot(0, &window_, [this] {
+        if (QWidget* dialog = QApplication::activeModalWidget()) show("progress", *dialog);
+    });
+    calculate(*form_);
+    show("results", *form_, results);
+    showReport(*form_, "report");
+    for (const char* page : {"tecnic", "polynomials", "dimension", "limits", "messages"}) {
+        form_->MnuPopUp(QLatin1String(page));
+        show(qPrintable(QStringLiteral("page-") + QLatin1String(page)), *form_, pages);
+    }
+    auto* menu = form_->findChild<QMenu*>(QStringLiteral("mnu_cpspopup"));
+    menu->popup(window_.mapToGlobal(QPoint(500, 300)));
+    show("page-menu", *menu);
+    menu->hide();
+}
+
+void WindowTour::showWarnings() const {
+    selectWarning();
+    show("warnings", *form_, pages);
+    showReport(*form_, "report-warnings");
+}
+
+void WindowTour::showOtherInputs() const {
+    // The report with warnings at another superheat has no envelope.
+    auto* const superheat = form_->findChild<AdvanceText*>(QStringLiteral("txtSH"));
+    superheat->SetTextValue(8.0);
+    calculate(*form_);
+    selectWarning();
+    showReport(*form_, "report-superheat");
+    superheat->SetTextValue(10.0);
+    auto* const economizer = form_->findChild<AdvanceText*>(QStringLiteral("cmbEco"));
+    if (economizer->isEnabled()) {
+        economizer->SetTextValue(fromCore(ListLookup("1", toCore(economizer->Tag1()))));
+        economizer->SetKey(QStringLiteral("1"));
+        calculate(*form_);
+        show("economizer", *form_, inputs);
+        showReport(*form_, "report-economizer");
+    }
+    typeOver(*form_, "txtSH", QStringLiteral("25"));
+    show("discarded", *form_, empty);
+    superheat->SetTextValue(10.0);
+    calculate(*form_);
+    form_->MeasureUnits(1, true);
+    show("imperial", *form_, list);
+    showReport(*form_, "report-imperial");
+    form_->MnuPopUp(QStringLiteral("limits"));
+    show("page-limits-imperial", *form_, pages);
+    const QSize size = window_.size();
+    window_.resize(720, 480);
+    show("narrow");
+    form_->CloseFrame(false);
+    show("narrow-open");
+    window_.resize(size);
+}
+
+void WindowTour::showForms() const {
+    window_.newSelection();
+    window_.findChild<QAction*>(QStringLiteral("mnu_Window_Cascade"))->trigger();
+    show("cascade");
+    SelectionForm* inverter = window_.newInverterSelection();
+    show("inverter-inputs", *inverter, inputs);
+    calculate(*inverter);
+    show("inverter", *inverter, list);
+    showReport(*inverter, "report-inverter");
+    window_.findChild<QAction*>(QStringLiteral("mnu_Window_TileVertical"))->trigger();
+    show("tiled");
+    QTimer::singleShot(0, &window_, [this] {
+        if (QWidget* box = QApplication::activeModalWidget()) {
+            show("box", *box);
+            box->close();
+        }
+    });
+    MessageBox::show(&window_, MessageBox::Mark::critical,
+                     QStringLiteral("SuperHeat value out of range. The default value has been set instead."));
+}
+
+/// Calculates; what the program has to say is printed, since no one is there to read a box.
+void WindowTour::calculate(SelectionForm& form) const {
+    const auto before = MessageBox::setHandler(
+        [](MessageBox::Mark, const QString& text) { std::fprintf(stderr, "%s\n", qPrintable(text)); });
+    form.lnkCalculate_Click();
+    MessageBox::setHandler(before);
+}
+
+/// Selects the last compressor with warnings.
+void WindowTour::selectWarning() const {
+    auto* view = form_->findChild<ResultsView*>(QStringLiteral("lvCps"));
+    for (int row = 0; row < view->rowCount(); ++row)
+        if (view->mark(row) == u"ledorange") view->selectRow(row);
+}
+
+}  // namespace marvello::scenes
