@@ -346,7 +346,7 @@ TEST_F(ExportTest, WhatIsNoRegularFileIsLeftAlone) {
 TEST_F(ExportTest, AFullDiskKeepsTheOldFileAndLeavesNoOther) {
     RowSet records;
     records.addText("Model", 10);
-    for (int i = 0; i < 5000; ++i) records.addRow({QString::number(i)});
+    for (int i = 0; i < 5000; ++i) records.addRow({std::to_string(i)});
     write(path("old.xml"), "old");
     // No file of this process may grow beyond a few blocks for a while, as on a full disk.
     rlimit before{};
