@@ -115,6 +115,12 @@ void WindowTour::showDialogs() const {
     showDialog("mnu_help_About", "about");
     showDialog("mnu_help_About", "terms", 1);
     showDialog("mnu_help_Builds", "builds");
+    window_.findChild<QAction*>(QStringLiteral("mnu_help_guide"))->trigger();
+    for (QWidget* guide : QApplication::topLevelWidgets())
+        if (guide->objectName() == u"formGuide") {
+            show("guide", *guide);
+            guide->close();
+        }
     frmRefrigerant refrigerants(&window_);
     QTimer::singleShot(0, &refrigerants, [&] {
         show("refrigerants", refrigerants);
