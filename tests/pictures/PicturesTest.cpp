@@ -111,7 +111,9 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(Variant{scenes::controlScene(), false, 1}, Variant{scenes::controlScene(), true, 1},
                       Variant{scenes::listScene(), false, 2}, Variant{scenes::graphScene(), true, 1},
                       Variant{scenes::envelopeScene(), false, 2}, Variant{scenes::metafileScene(), false, 2},
-                      Variant{scenes::richTextScene(), false, 1}, Variant{scenes::richTextScene(), true, 1}),
+                      Variant{scenes::pageScene(), false, 1}, Variant{scenes::reportScene(), false, 1},
+                      Variant{scenes::fieldScene(), false, 2}, Variant{scenes::richTextScene(), false, 1},
+                      Variant{scenes::richTextScene(), true, 1}),
     [](const auto& tested) { return nameOf(tested.param).remove(u'-').toStdString(); });
 
 // Windows and the report.
@@ -211,23 +213,29 @@ TEST_P(WindowPictures, AreThoseOfTheReferences) {
 
 // Steps that show the same parts as others, and large, are left out.
 bool isOwn(const QString& step) {
-    return !QStringList{"tiled", "report", "report-superheat", "report-economizer", "report-imperial"}
+    return !QStringList{"tiled",
+                        "report",
+                        "report-superheat",
+                        "report-inverter",
+                        "start-menu-inverter",
+                        "report-economizer",
+                        "report-imperial"}
                 .contains(step) &&
            (!step.endsWith(u"-preview") || step == u"report-warnings-preview");
 }
 
 INSTANTIATE_TEST_SUITE_P(
     All, WindowPictures,
-    ::testing::Values(
-        Tour{"window", Look::light, "en-EN", 1, isOwn},
-        Tour{"window-dark", Look::dark, "en-EN", 1,
-             [](const QString& step) {
-                 return QStringList{"start-menu", "about", "page-limits", "page-messages"}.contains(step);
-             }},
-        Tour{"window-200", Look::light, "de-DE", 2,
-             [](const QString& step) {
-                 return QStringList{"drop-list", "page-menu", "box", "progress"}.contains(step);
-             }}),
+    ::testing::Values(Tour{"window", Look::light, "en-EN", 1, isOwn},
+                      Tour{"window-dark", Look::dark, "en-EN", 1,
+                           [](const QString& step) {
+                               return QStringList{"start-menu-inverter", "about", "page-messages"}.contains(
+                                   step);
+                           }},
+                      Tour{"window-200", Look::light, "de-DE", 2,
+                           [](const QString& step) {
+                               return QStringList{"drop-list", "page-menu", "box", "progress"}.contains(step);
+                           }}),
     [](const auto& tour) { return QString(tour.param.name).remove(u'-').toStdString(); });
 
 }  // namespace
