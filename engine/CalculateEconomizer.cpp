@@ -4,14 +4,17 @@
 #include "data/Hooks.h"
 #include "engine/EconomizerCalculation.h"
 #include "engine/MotorCurrent.h"
-#include "engine/Statements.h"
 #include "engine/Units.h"
 
 namespace marvello {
 
 EconomizerCalculation::EconomizerCalculation(clsCompressor& compressor, clsRefprop& refprop,
-                                             formTimeout& timeout)
-    : compressor_(compressor), refprop_(refprop), timeout_(timeout), v_(compressor.Variables) {}
+                                             formTimeout& timeout, Statements& statements)
+    : compressor_(compressor),
+      refprop_(refprop),
+      timeout_(timeout),
+      statements_(statements),
+      v_(compressor.Variables) {}
 
 void EconomizerCalculation::trySet(var variable, const std::function<double()>& value) {
     Statements::attemptSilently([&] { set(variable, value()); });
@@ -23,7 +26,8 @@ void EconomizerCalculation::turn() {
 }
 
 void EconomizerCalculation::noSolution() {
-    compressor_.Messages.Error.add("messages.message26", "messages.message26");
+    compressor_.Messages.Error.add("messages.message26", "messages.message26", {},
+                                   statements_.undefinedStates());
 }
 
 void EconomizerCalculation::CalculateEconomizer() {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "catalogue/clsCompressor.h"
+#include "engine/Statements.h"
 #include "engine/StepControl.h"
 #include "engine/formTimeout.h"
 #include "thermo/clsRefprop.h"
@@ -16,7 +17,8 @@ namespace marvello {
 /// capacity in kW.
 class EconomizerCalculation {
   public:
-    EconomizerCalculation(clsCompressor& compressor, clsRefprop& refprop, formTimeout& timeout);
+    EconomizerCalculation(clsCompressor& compressor, clsRefprop& refprop, formTimeout& timeout,
+                          Statements& statements);
 
     /// The whole calculation: efficiencies, port state, search, power, current and oil load. What it has to
     /// say are error messages of the compressor. A step that fails leaves it by an exception, but for those
@@ -46,7 +48,7 @@ class EconomizerCalculation {
     void checkApproach();
     void noSolution();
 
-    void set(var variable, VariableValue value) { v_.set(variable, std::move(value)); }
+    void set(var variable, VariableValue value) { statements_.set(variable, std::move(value)); }
     /// The same, a failure passed over.
     void trySet(var variable, const std::function<double()>& value);
     void turn();
@@ -73,6 +75,7 @@ class EconomizerCalculation {
     clsCompressor& compressor_;
     clsRefprop& refprop_;
     formTimeout& timeout_;
+    Statements& statements_;
     clsVariables& v_;
 };
 

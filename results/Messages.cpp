@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <exception>
 
+#include "data/DictionaryTexts.h"
+
 namespace marvello {
 
 namespace {
 
 std::string textOf(const clsMessage& message) {
     try {
-        return message.Description();
+        const std::string text = message.Description();
+        return text.empty() ? dictionaryText("messages.failedstep") : text;
     } catch (const std::exception&) {
         return message.Name;  // the catalogue lacks the text; its key says more than none
     }
@@ -21,12 +24,13 @@ std::vector<ShownMessage> messagesOf(const clsCompressor& compressor) {
     std::vector<ShownMessage> shown;
     const auto add = [&shown](Severity severity, const clsMessages& messages) {
         for (const clsMessage& message : messages) {
-            ShownMessage entry{severity, textOf(message), message.Name};
-            const auto isSame = [&entry](const ShownMessage& other) {
-                return other.severity == entry.severity && other.text == entry.text;
-            };
+            const std::string text = textOf(message);
+            auto same = std::ranges::find_if(shown, [&](const ShownMessage& other) {
+                return other.severity == severity && other.text == text;
+            });
             // A search may end in the same message twice; to a person it is one.
-            if (std::ranges::none_of(shown, isSame)) shown.push_back(std::move(entry));
+            if (same == shown.end()) same = shown.insert(same, {severity, text, message.Name, {}});
+            if (!message.Cause.empty()) same->causes.push_back(message.Cause);
         }
     };
     add(Severity::error, compressor.Messages.Error);

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
 
+#include "data/Arithmetic.h"
 #include "data/Globals.h"
 #include "data/Hooks.h"
 #include "data/Texts.h"
@@ -101,7 +103,7 @@ bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string
 
 double clsRefprop::Pressure(double t, int kph) {
     ask({Function::satt, kph, Convert.ConvertUnitsRefprop(t, property::temperature), 0});
-    return Convert.ConvertUnitsApp(state_.p, property::pressure);
+    return answer({"Pressure", t, property::temperature}, state_.p, property::pressure);
 }
 
 bool clsRefprop::hasDewPressure(double kelvin) {
@@ -175,21 +177,21 @@ double clsRefprop::Temperature(double value1, int type1, int kph, double value2,
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = type2 == property::none ? 0 : Convert.ConvertUnitsRefprop(value2, type2);
     askBy(temperatureRoutes, {type1, type2}, {v1, v2}, kph);
-    return Convert.ConvertUnitsApp(state_.t, property::temperature);
+    return answer({"Temperature", value1, type1, value2, type2}, state_.t, property::temperature);
 }
 
 double clsRefprop::Enthalpy(double value1, int type1, double value2, int type2) {
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = Convert.ConvertUnitsRefprop(value2, type2);
     askBy(enthalpyRoutes, {type1, type2}, {v1, v2}, 0);
-    return Convert.ConvertUnitsApp(state_.h, property::enthalpy);
+    return answer({"Enthalpy", value1, type1, value2, type2}, state_.h, property::enthalpy);
 }
 
 double clsRefprop::Entropy(double value1, int type1, double value2, int type2) {
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = Convert.ConvertUnitsRefprop(value2, type2);
     askBy(entropyRoutes, {type1, type2}, {v1, v2}, 0);
-    return Convert.ConvertUnitsApp(state_.s, property::entropy);
+    return answer({"Entropy", value1, type1, value2, type2}, state_.s, property::entropy);
 }
 
 double clsRefprop::Density(double value1, int type1, int kph, std::optional<double> value2, int type2) {
@@ -205,7 +207,7 @@ double clsRefprop::Density(double value1, int type1, int kph, std::optional<doub
     const bool isAsked = askBy(densityRoutes, {type1, type2}, {v1, v2}, kph);
     if (isAsked && type2 == property::none)
         state_.d = state_.dv;  // kept: the vapour's density, whatever kph says
-    return Convert.ConvertUnitsApp(state_.d, property::density);
+    return answer({"Density", value1, type1, value2.value_or(0), type2}, state_.d, property::density);
 }
 
 bool clsRefprop::askBy(std::span<const Route> routes, std::pair<int, int> types,
@@ -240,6 +242,7 @@ void clsRefprop::ask(const Call& call, RefpropFunctions::Length errorLength) {
         return;
     }
     askLibrary(call, errorLength);
+    state_.sentence = state_.ierr > 0 ? textOf(herr_) : std::string();
     ++libraryCalls_;
     if (remembered_.size() >= rememberedStates) remembered_.clear();
     remembered_.emplace(call, state_);
@@ -277,6 +280,31 @@ void clsRefprop::askLibrary(const Call& call, RefpropFunctions::Length errorLeng
             library_->PSFLSHdll(&first, &second, z_.data(), &r.t, &r.d, &r.dl, &r.dv, x_.data(), y_.data(),
                                 &r.q, &r.e, &r.h, &r.cv, &r.cp, &r.w, &r.ierr, herr_.data(), errorLength);
             break;
+    }
+}
+
+std::string clsRefprop::describe(const Request& request) const {
+    const auto text = [this](double value, int type) {
+        const std::array<const std::string*, 5> units{&Convert.Tunits, &Convert.Punits, &Convert.Dunits,
+                                                      &Convert.Hunits, &Convert.Sunits};
+        std::array<char, 32> number{};
+        std::snprintf(number.data(), number.size(), "%.7g ", value);
+        const bool isKnown = type >= 0 && static_cast<std::size_t>(type) < units.size();
+        return number.data() + (isKnown ? *units[static_cast<std::size_t>(type)] : "");
+    };
+    std::string call = request.name + ("(" + text(request.value1, request.type1));
+    if (request.type2 != property::none) call += ", " + text(request.value2, request.type2);
+    return call + ")";
+}
+
+double clsRefprop::answer(const Request& request, double value, int type) {
+    try {
+        if (isUndefinedMarker(value))
+            lastUndefined_ =
+                describe(request) + ": " + (state_.sentence.empty() ? undefinedText : state_.sentence);
+        return Convert.ConvertUnitsApp(value, type);
+    } catch (const ArithmeticFault& fault) {
+        throw ArithmeticFault(describe(request) + ": " + fault.what());
     }
 }
 

@@ -63,6 +63,11 @@ class clsRefprop {
     double Density(double value1, int type1, int kph, std::optional<double> value2 = std::nullopt,
                    int type2 = property::none);
 
+    /// Returns the last state without a result: the call, and why in the library's own sentence. Empty if
+    /// each had one since clearLastUndefined().
+    const std::string& LastUndefined() const { return lastUndefined_; }
+    void clearLastUndefined() { lastUndefined_.clear(); }
+
     /// How often the library was asked for a state, for benchmarks and tests.
     long long libraryCalls() const { return libraryCalls_; }
 
@@ -80,6 +85,7 @@ class clsRefprop {
     struct State {
         double t = 0, p = 0, d = 0, dl = 0, dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
         std::int32_t ierr = 0;
+        std::string sentence{};  ///< What the library says of an error.
     };
 
     struct Call {
@@ -114,6 +120,18 @@ class clsRefprop {
 
     bool hasDewPressure(double kelvin);
 
+    /// A call as its caller wrote it.
+    struct Request {
+        const char* name;
+        double value1;
+        int type1;
+        double value2 = 0;
+        int type2 = property::none;
+    };
+    std::string describe(const Request& request) const;
+    /// Converts a result of the library. Throws ArithmeticFault that says which call it was.
+    double answer(const Request& request, double value, int type);
+
     const RefpropFunctions* library_;
 
     std::array<char, filesLength> hfiles_{};
@@ -129,6 +147,7 @@ class clsRefprop {
     std::unordered_map<Call, State, CallHash> remembered_;
     long long libraryCalls_ = 0;
     std::string setupFault_;
+    std::string lastUndefined_;
     std::optional<SaturationRange> dewRange_;
 };
 

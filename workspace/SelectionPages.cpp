@@ -66,8 +66,10 @@ void SelectionForm::populateMessages(const clsCompressor& compressor) {
     lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
     for (const ShownMessage& message : messagesOf(compressor)) {
         const QString mark = markOf(message.severity);
+        QStringList causes;
+        for (const std::string& cause : message.causes) causes += fromCore(cause);
         lvMessages_->addMessage(mark, dictionaryTextIfAny(QStringLiteral("general.") + mark),
-                                fromCore(message.text), fromCore(message.key));
+                                fromCore(message.text), fromCore(message.key), causes);
     }
 }
 
