@@ -40,19 +40,6 @@ namespace {
 const QString xmlFilter = "XML (*.xml)";
 const QString csvFilter = "CSV (*.csv)";
 
-/// Types a name into the file dialog and presses its button.
-auto saveAs(const QString& name, const QString& filter) {
-    return [=](QWidget& widget) {
-        auto* dialog = qobject_cast<QFileDialog*>(&widget);
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->windowTitle(), "Export to...");
-        EXPECT_EQ(dialog->nameFilters(), (QStringList{xmlFilter, csvFilter}));
-        dialog->selectNameFilter(filter);
-        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
-        press(widget, QDialogButtonBox::Save);
-    };
-}
-
 void cancel(QWidget& dialog) { press(dialog, QDialogButtonBox::Cancel); }
 
 /// Answers the question whether a file is to be replaced.

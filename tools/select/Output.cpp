@@ -1,9 +1,9 @@
 #include "tools/select/Output.h"
 
+#include <langinfo.h>
 #include <algorithm>
 #include <array>
 #include <clocale>
-#include <langinfo.h>
 
 #include "data/Numbers.h"
 #include "results/ExportRecords.h"
@@ -146,7 +146,8 @@ std::string asCsv(const std::vector<Run>& runs) {
         for (const auto& compressor : *run.selection) {
             out += csvField(compressor->Refrigerant) + ',' + csvField(compressor->Serie) + ',' +
                    csvField(compressor->Model) + ',' + storedText(run.request.conditions.TEvaporatingDew) +
-                   ',' + storedText(run.request.conditions.TCondensationDew) + ',' + wordOf(verdictOf(*compressor));
+                   ',' + storedText(run.request.conditions.TCondensationDew) + ',' +
+                   wordOf(verdictOf(*compressor));
             for (const Column& column : columns) {
                 out += ',';
                 if (isListed(*compressor, column)) out += storedText(compressor->Variables[column.variable]);

@@ -93,7 +93,8 @@ int select(const Arguments& arguments) {
     if (std::ranges::find(formats, arguments.format) == formats.end())
         throw BadRequest(notOneOf("format", arguments.format, formats));
     if (arguments.isBatch && (arguments.format == "xml" || arguments.format == "list-csv"))
-        throw BadRequest("format: " + arguments.format + " is the list of one selection; a batch has table, csv and json");
+        throw BadRequest("format: " + arguments.format +
+                         " is the list of one selection; a batch has table, csv and json");
     setApplicationFolder(arguments.folder);
     openCatalogue(arguments.language);
     const Choices choices = catalogueChoices();
@@ -129,7 +130,8 @@ int run(int argc, char** argv) {
     }
     app.add_flag("--inverter", arguments.inverter, "with --list: what runs on an inverter");
     app.add_option("--language", arguments.language, "language of the texts (en-EN)");
-    app.add_option("--format", arguments.format, "table, csv or json, or the list as the window exports it: xml or list-csv");
+    app.add_option("--format", arguments.format,
+                   "table, csv or json, or the list as the window exports it: xml or list-csv");
     auto* const batch =
         app.add_option("--batch", arguments.batchFile, "CSV file with one operating point a line");
     app.add_flag("--strict", arguments.isStrict, "with --batch: stops at the first bad line")->needs(batch);

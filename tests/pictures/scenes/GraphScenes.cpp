@@ -13,6 +13,7 @@
 #include "controls/GraphLegend.h"
 #include "controls/ctlGraph.h"
 #include "controls/ctlLimitsGraphic.h"
+#include "data/Numbers.h"
 #include "reports/ReportPage.h"
 #include "tests/pictures/scenes/Scenes.h"
 
@@ -186,9 +187,9 @@ ReportContent fullReport() {
     report.envelope = drawing(fixedSpeedEnvelope(), {2, 40}, QString::fromUtf8("°C"));
     report.hasWarnings = true;
     for (const char* heading : {"Project conditions", "Results", "Technical data"}) {
-        report.lines.push_back(ReportLine::heading(heading));
+        report.lines.push_back({heading, {}, true});
         for (int line = 1; line <= 18; ++line)
-            report.lines.push_back({QString("Line %1").arg(line), QString::number(line * 12.5)});
+            report.lines.push_back({"Line " + std::to_string(line), storedText(line * 12.5)});
         report.lines.push_back({"A name that is long enough to reach the value",
                                 "A value that is so long that both must be smaller"});
     }
