@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
 #include "data/Texts.h"
 #include "engine/AbortRequested.h"
@@ -105,8 +106,9 @@ void CompressorCalculation::saturationVariables() {
     let(var::Tcb, [&] { return states_.bubbleTemperature(v_[var::Pc]); });
     let(var::Tcm, [&] { return ((v_[var::Tcb] - v_[var::Sc]) + v_[var::Tcd]) / 2; });
 
-    if (uppered(trimmed(compressor_.Refrigerant)) != "R407C") return;
-    // With its glide the mean is that of the evaporator's inlet, after expansion, and its dew temperature.
+    if (!refrigerantTraits(trimmed(compressor_.Refrigerant)).hasMidTemperatures()) return;
+    // With its glide the mid temperature is that of the evaporator's inlet, after expansion, and its dew
+    // temperature.
     const double t = intermediate(var::Tem, [&] { return v_[var::Tcb] - v_[var::Sc]; });
     const double liquid = intermediate(var::Tem, [&] { return states_.enthalpy(t, v_[var::Pc]); });
     const double inlet =

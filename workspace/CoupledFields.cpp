@@ -1,5 +1,6 @@
 #include "workspace/CoupledFields.h"
 
+#include "catalogue/SeriesTraits.h"
 #include "data/Texts.h"
 #include "thermo/States.h"
 
@@ -10,7 +11,9 @@ namespace {
 class Coupling {
   public:
     Coupling(CoupledFields& fields, const std::string& refrigerant, clsRefprop& refprop)
-        : f_(fields), states_(refprop), hasGlide_(uppered(refrigerant) == "R407C") {}
+        : f_(fields),
+          states_(refprop),
+          hasMidTemperatures_(refrigerantTraits(refrigerant).hasMidTemperatures()) {}
 
     void fromEvaporatingDew() {
         f_.PE = states_.dewPressure(f_.TED);
@@ -46,7 +49,7 @@ class Coupling {
     }
 
     void evaporatingMid() {
-        if (hasGlide_) {
+        if (hasMidTemperatures_) {
             const double inlet = states_.temperatureAtEnthalpy(f_.PE, liquidEnthalpy(f_.PC));
             f_.TEM = (f_.TED + inlet) / 2;
         } else {
@@ -58,7 +61,7 @@ class Coupling {
 
     CoupledFields& f_;
     States states_;
-    bool hasGlide_;
+    bool hasMidTemperatures_;
 };
 
 }  // namespace

@@ -124,11 +124,3 @@ TEST_F(CatalogueControls, NoFieldOrCommandIsForgotten) {
     frmselectionInverter inverterForm;
     expectTold(inverterForm, "frmselectionInverter");
 }
-
-TEST_F(CatalogueControls, CapacityStepsAreOfferedForTheSameSeries) {
-    for (const char* series :
-         {"TK-A", "TK-A(P)", "TK-A(Q)", "TK-A(V)", "TK-B", "TK-C", "TK-D", "TK-E", "MV-A", "MV-A(V)",  "MV-E",
-          "MV-G", "MV-H",    "MV-J",    "GH",      "GH4",  "DZ1",  "DZ2",  "NL-H", "tk-a", "no series"})
-        EXPECT_EQ(offersCapacitySteps(series), allows(seriesMask(series, "R134A"), Selector::stepCapacity))
-            << series;
-}
