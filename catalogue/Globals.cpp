@@ -1,17 +1,19 @@
 #include "catalogue/Globals.h"
 
 #include <string>
+#include <string_view>
 
 #include "catalogue/Coefficients.h"
+#include "catalogue/SeriesTraits.h"
 #include "data/Globals.h"
 
 namespace marvello {
 
 namespace {
 
-void load(clsPolynomial& surface, const std::string& id, const std::string& name) {
-    const RecordSet row =
-        gDatabase().Execute("Select * from tPolynomials where fPolynomialID='" + id + "' and fType=4");
+void load(clsPolynomial& surface, std::string_view id, const std::string& name) {
+    const RecordSet row = gDatabase().Execute("Select * from tPolynomials where fPolynomialID='" +
+                                              std::string(id) + "' and fType=4");
     if (row.eof()) return;
     surface.Name = name;
     readCoefficients(row, surface.c);
@@ -30,8 +32,11 @@ clsPolynomial& gPolynomialTCM() {
 }
 
 void loadSharedPolynomials() {
-    load(gPolynomialTEM(), "R407CTEM", "Polynomial TEM");
-    load(gPolynomialTCM(), "R407CTCM", "Polynomial TCM");
+    for (const RefrigerantTraits& traits : allRefrigerantTraits()) {
+        if (!traits.hasMidTemperatures()) continue;
+        load(gPolynomialTEM(), traits.evaporatingMidSurface, "Polynomial TEM");
+        load(gPolynomialTCM(), traits.condensingMidSurface, "Polynomial TCM");
+    }
 }
 
 }  // namespace marvello

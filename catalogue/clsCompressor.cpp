@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "catalogue/Coefficients.h"
+#include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
 #include "data/Numbers.h"
 #include "data/Texts.h"
@@ -75,8 +76,9 @@ void clsCompressor::readRecord(const RecordSet& row) {
     polynomialPta.Name = row.text("fPolynomialPassID");
     PolynomialQ0.Name = row.text("fPolynomialQ0ID");
     hasInvert = row.boolean("fhasInverter");
-    isOpenDrive_ = lowered(Serie) == "nl-h";
-    hasVariableVi_ = hasInvert && lowered(Serie) == "tk-d";
+    const SeriesTraits& traits = seriesTraits(Serie);
+    isOpenDrive_ = traits.drive == Drive::open;
+    hasVariableVi_ = hasInvert && traits.rows == SurfaceRows::volumeRatio;
     InverterInfo.Q0C1 = row.number("fInverterQ0C1");
     InverterInfo.Q0C2 = row.number("fInverterQ0C2");
     InverterInfo.Q0C3 = row.number("fInverterQ0C3");

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
 #include "data/Texts.h"
 #include "engine/AbortRequested.h"
@@ -24,7 +25,7 @@ constexpr double inverterMargin = 1.15;
 CompressorCalculation::CompressorCalculation(clsCompressor& compressor, clsRefprop& refprop,
                                              const clsProjectConditions& conditions, formTimeout& timeout)
     : compressor_(compressor),
-      refprop_(refprop),
+      states_(refprop),
       conditions_(conditions),
       timeout_(timeout),
       v_(compressor.Variables),
@@ -97,22 +98,21 @@ void CompressorCalculation::inputVariables() {
 }
 
 void CompressorCalculation::saturationVariables() {
-    let(var::Pe, [&] { return refprop_.Pressure(v_[var::Ted], saturation::dew); });
+    let(var::Pe, [&] { return states_.dewPressure(v_[var::Ted]); });
     // Kept: the pressure goes in where a temperature belongs, so this is not the bubble temperature at Pe.
-    let(var::Teb, [&] { return refprop_.Pressure(v_[var::Pe], saturation::bubble); });
+    let(var::Teb, [&] { return states_.bubblePressure(v_[var::Pe]); });
     let(var::Tem, [&] { return ((v_[var::Teb] - v_[var::Sc]) + v_[var::Ted]) / 2; });
-    let(var::Pc, [&] { return refprop_.Pressure(v_[var::Tcd], saturation::dew); });
-    let(var::Tcb, [&] { return saturationTemperature(v_[var::Pc], saturation::bubble); });
+    let(var::Pc, [&] { return states_.dewPressure(v_[var::Tcd]); });
+    let(var::Tcb, [&] { return states_.bubbleTemperature(v_[var::Pc]); });
     let(var::Tcm, [&] { return ((v_[var::Tcb] - v_[var::Sc]) + v_[var::Tcd]) / 2; });
 
-    if (uppered(trimmed(refprop_.Refrigerant)) != "R407C") return;
-    // With its glide the mean is that of the evaporator's inlet, after expansion, and its dew temperature.
+    if (!refrigerantTraits(trimmed(compressor_.Refrigerant)).hasMidTemperatures()) return;
+    // With its glide the mid temperature is that of the evaporator's inlet, after expansion, and its dew
+    // temperature.
     const double t = intermediate(var::Tem, [&] { return v_[var::Tcb] - v_[var::Sc]; });
-    const double liquid = intermediate(var::Tem, [&] { return H(t, v_[var::Pc]); });
-    const double inlet = intermediate(var::Tem, [&] {
-        return refprop_.Temperature(liquid, property::enthalpy, saturation::dew, v_[var::Pe],
-                                    property::pressure);
-    });
+    const double liquid = intermediate(var::Tem, [&] { return states_.enthalpy(t, v_[var::Pc]); });
+    const double inlet =
+        intermediate(var::Tem, [&] { return states_.temperatureAtEnthalpy(v_[var::Pe], liquid); });
     let(var::Tem, [&] { return (v_[var::Ted] + inlet) / 2; });
 }
 
@@ -129,14 +129,14 @@ void CompressorCalculation::suctionState() {
         if (v_[var::ShType] != 0) statements_.set(var::Sh, v_[var::Sh] - v_[var::Ted]);
     });
     let(var::Tga, [&] { return v_[var::Ted] + v_[var::Sh]; });
-    let(var::Hga, [&] { return H(v_[var::Tga], v_[var::Pe]); });
-    let(var::Sga, [&] { return S(v_[var::Tga], v_[var::Pe]); });
-    let(var::Dga, [&] { return D(v_[var::Tga], v_[var::Pe]); });
+    let(var::Hga, [&] { return states_.enthalpy(v_[var::Tga], v_[var::Pe]); });
+    let(var::Sga, [&] { return states_.entropy(v_[var::Tga], v_[var::Pe]); });
+    let(var::Dga, [&] { return states_.density(v_[var::Tga], v_[var::Pe]); });
 
     let(var::Tga10, [&] { return v_[var::Ted] + referenceSuperheat; });
-    let(var::Hga10, [&] { return H(v_[var::Tga10], v_[var::Pe]); });
-    let(var::Sga10, [&] { return S(v_[var::Tga10], v_[var::Pe]); });
-    let(var::Dga10, [&] { return D(v_[var::Tga10], v_[var::Pe]); });
+    let(var::Hga10, [&] { return states_.enthalpy(v_[var::Tga10], v_[var::Pe]); });
+    let(var::Sga10, [&] { return states_.entropy(v_[var::Tga10], v_[var::Pe]); });
+    let(var::Dga10, [&] { return states_.density(v_[var::Tga10], v_[var::Pe]); });
 }
 
 void CompressorCalculation::liquidSide() {
@@ -146,12 +146,12 @@ void CompressorCalculation::liquidSide() {
     // vapour: `Hlb` and `Hcb` are vapour enthalpies then, and those of the liquid for a blend. In Q0 they
     // cancel out.
     let(var::Tl, [&] { return v_[var::Tlb] - v_[var::Sc]; });
-    let(var::Hl, [&] { return H(v_[var::Tl], v_[var::Pc]); });
-    let(var::Hlb, [&] { return H(v_[var::Tlb], v_[var::Plb]); });
+    let(var::Hl, [&] { return states_.enthalpy(v_[var::Tl], v_[var::Pc]); });
+    let(var::Hlb, [&] { return states_.enthalpy(v_[var::Tlb], v_[var::Plb]); });
     let(var::Tlba, [&] { return v_[var::Tcb] - referenceSubcooling; });
-    let(var::Hcb, [&] { return H(v_[var::Tcb], v_[var::Pc]); });
-    let(var::hlba, [&] { return H(v_[var::Tlba], v_[var::Pc]); });
-    let(var::HE, [&] { return H(v_[var::Ted], v_[var::Pe]); });
+    let(var::Hcb, [&] { return states_.enthalpy(v_[var::Tcb], v_[var::Pc]); });
+    let(var::hlba, [&] { return states_.enthalpy(v_[var::Tlba], v_[var::Pc]); });
+    let(var::HE, [&] { return states_.enthalpy(v_[var::Ted], v_[var::Pe]); });
 }
 
 void CompressorCalculation::referenceSurfaces() {
@@ -224,7 +224,7 @@ void CompressorCalculation::dischargeLimit() {
 }
 
 void CompressorCalculation::dischargeStateAndOilLoad() {
-    let(var::H21, [&] { return H(v_[var::T21], v_[var::Pc]); });
+    let(var::H21, [&] { return states_.enthalpy(v_[var::T21], v_[var::Pc]); });
     let(var::Pra, [] { return 0.0; });
     statements_.attempt("OC", [&] {
         if (v_[var::OCCalculateMode] == 1) v_.set(var::OC, compressor_.OilCoolingLimit);
@@ -238,12 +238,12 @@ void CompressorCalculation::dischargeStateAndOilLoad() {
 void CompressorCalculation::economizer() {
     let(var::PLiq, [&] { return compressor_.Economizer.KForo * v_[var::Pe]; });
     let(var::T3, [&] { return v_[var::Tcb] - v_[var::Sc]; });
-    let(var::H3, [&] { return H(v_[var::T3], v_[var::Pc]); });
+    let(var::H3, [&] { return states_.enthalpy(v_[var::T3], v_[var::Pc]); });
     statements_.attempt("economizer", [&] {
         if (!compressor_.Economizer.hasPort() || v_[var::EcoCalculateMode] == 0) return;
         const bool hasMargin = !compressor_.hasInvert || v_[var::CA] * inverterMargin < compressor_.Fla;
         if (hasMargin) {
-            EconomizerCalculation(compressor_, refprop_, timeout_, statements_).CalculateEconomizer();
+            EconomizerCalculation(compressor_, states_, timeout_, statements_).CalculateEconomizer();
         } else {
             compressor_.Messages.Error.add("messages.message37", "messages.message37");
         }

@@ -6,7 +6,7 @@
 #include "engine/SelectionRules.h"
 #include "engine/Statements.h"
 #include "engine/formTimeout.h"
-#include "thermo/clsRefprop.h"
+#include "thermo/States.h"
 
 namespace marvello {
 
@@ -61,19 +61,8 @@ class CompressorCalculation {
         return result;
     }
 
-    double saturationTemperature(double p, int side) {
-        return refprop_.Temperature(p, property::pressure, side, 0, property::none);
-    }
-    double H(double t, double p) {
-        return refprop_.Enthalpy(t, property::temperature, p, property::pressure);
-    }
-    double S(double t, double p) { return refprop_.Entropy(t, property::temperature, p, property::pressure); }
-    double D(double t, double p) {
-        return refprop_.Density(t, property::temperature, saturation::dew, p, property::pressure);
-    }
-
     clsCompressor& compressor_;
-    clsRefprop& refprop_;
+    States states_;
     const clsProjectConditions& conditions_;
     formTimeout& timeout_;
     clsVariables& v_;

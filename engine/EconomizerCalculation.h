@@ -7,7 +7,7 @@
 #include "engine/Statements.h"
 #include "engine/StepControl.h"
 #include "engine/formTimeout.h"
-#include "thermo/clsRefprop.h"
+#include "thermo/States.h"
 
 namespace marvello {
 
@@ -17,7 +17,7 @@ namespace marvello {
 /// capacity in kW.
 class EconomizerCalculation {
   public:
-    EconomizerCalculation(clsCompressor& compressor, clsRefprop& refprop, formTimeout& timeout,
+    EconomizerCalculation(clsCompressor& compressor, const States& states, formTimeout& timeout,
                           Statements& statements);
 
     /// The whole calculation: efficiencies, port state, search, power, current and oil load. What it has to
@@ -53,27 +53,8 @@ class EconomizerCalculation {
     void trySet(var variable, const std::function<double()>& value);
     void turn();
 
-    double saturationTemperature(double p, int side) {
-        return refprop_.Temperature(p, property::pressure, side, 0, property::none);
-    }
-    double temperatureOfEnthalpy(double p, double h) {
-        return refprop_.Temperature(p, property::pressure, saturation::dew, h, property::enthalpy);
-    }
-    double temperatureOfEntropy(double p, double s) {
-        return refprop_.Temperature(p, property::pressure, saturation::dew, s, property::entropy);
-    }
-    double H(double t, double p) {
-        return refprop_.Enthalpy(t, property::temperature, p, property::pressure);
-    }
-    double enthalpyOfEntropy(double p, double s) {
-        return refprop_.Enthalpy(p, property::pressure, s, property::entropy);
-    }
-    double D(double t, double p) {
-        return refprop_.Density(t, property::temperature, saturation::dew, p, property::pressure);
-    }
-
     clsCompressor& compressor_;
-    clsRefprop& refprop_;
+    States states_;
     formTimeout& timeout_;
     Statements& statements_;
     clsVariables& v_;

@@ -8,7 +8,7 @@ void CompressorCalculation::CalculateOilCooling() {
         statements_.set(var::Pra, 0.0);
         return;
     }
-    statements_.set(var::H2Rif, H(v_[var::OC], v_[var::Pc]));
+    statements_.set(var::H2Rif, states_.enthalpy(v_[var::OC], v_[var::Pc]));
     statements_.set(var::Pra, v_[var::Mbase] * (v_[var::H21] - v_[var::H2Rif]) / secondsPerHour);
     if (v_[var::T21] < v_[var::OC]) statements_.set(var::Pra, 0.0);
 }

@@ -1,6 +1,6 @@
 #include "engine/SelectionRules.h"
 
-#include <array>
+#include <algorithm>
 #include <string>
 
 #include "data/Arithmetic.h"
@@ -24,9 +24,8 @@ SelectionRules::SelectionRules(clsCompressor& compressor, const clsProjectCondit
       statements_(statements),
       messages_(compressor.Messages),
       v_(compressor.Variables),
-      serie_(lowered(compressor.Serie)),
-      model_(lowered(compressor.Model)),
-      refrigerant_(lowered(compressor.Refrigerant)) {}
+      series_(seriesTraits(compressor.Serie)),
+      refrigerant_(refrigerantTraits(compressor.Refrigerant)) {}
 
 void SelectionRules::envelopeRules(const clsLimits& around) {
     if (around.FindLimitType(limitType::forbidden)) {
@@ -58,7 +57,7 @@ void SelectionRules::closingRules() {
     lowTemperatureRefrigerant();
     variableSeries();
     statements_.attempt("power rule", [this] { powerOfModel(); });
-    bareModel();
+    modelOnRequest();
     flammableRefrigerant();
 }
 
@@ -72,8 +71,7 @@ void SelectionRules::forbiddenRegion() {
 void SelectionRules::capacityStep(const clsLimits& around) {
     const int step = conditions_.StepCapacity;
     if (step == 100) {
-        if (serie_ == "tk-a(p)" || serie_ == "tk-a(q)")
-            raiseWithZero(messages_.Information, "messages.message28");
+        if (series_.isOnRequest) raiseWithZero(messages_.Information, "messages.message28");
         return;
     }
     const bool allowed = (step == 75 && around.FindLimitType(limitType::step75)) ||
@@ -98,7 +96,7 @@ void SelectionRules::polynomials() {
 void SelectionRules::polynomialsAndMotor(const clsLimits& around) {
     if (!hasSoundPolynomials()) {
         raise(messages_.Error, "messages.message31");
-    } else if (!compressor_.hasInvert && serie_ != "nl-h" && !compressor_.Motor.isValid()) {
+    } else if (!compressor_.hasInvert && series_.drive != Drive::open && !compressor_.Motor.isValid()) {
         raise(messages_.Error, "messages.message33");
     } else {
         capacityStep(around);
@@ -128,8 +126,7 @@ void SelectionRules::smallMotor(const clsLimits& around) {
 
 void SelectionRules::injection(const clsLimits& around) {
     if (around.FindLimitType(limitType::oilCooling) || !around.FindLimitType(limitType::injection)) return;
-    const bool isGh = serie_ == "gh" || serie_ == "gh4";
-    raise(messages_.Attention, isGh ? "messages.message06" : "messages.message07");
+    raise(messages_.Attention, series_.isLiquidInjected ? "messages.message06" : "messages.message07");
 }
 
 void SelectionRules::suggestedVersion(const clsLimits& around) {
@@ -168,7 +165,7 @@ void SelectionRules::subcooling() {
 }
 
 void SelectionRules::superheat() {
-    const double highest = refrigerant_ == "r290" ? 40 : 20;
+    const double highest = refrigerant_.maxSuperheat;
     const double base = v_[var::ShType] == 0 ? 0 : v_[var::Ted];
     if (v_[var::Sh] < base || v_[var::Sh] > base + highest)
         raiseWithZero(messages_.Error, "messages.message13");
@@ -176,10 +173,10 @@ void SelectionRules::superheat() {
 
 void SelectionRules::oilCooling(const clsLimits& around) {
     if (!around.FindLimitType(limitType::oilCooling)) return;
-    if (serie_ != "gh") {
+    if (!series_.hasHVersions) {
         raise(messages_.Attention, "messages.message16");
     } else {
-        const bool isHigh = model_.find('h') != std::string::npos;
+        const bool isHigh = lowered(compressor_.Model).find('h') != std::string::npos;
         raiseWithZero(messages_.Attention, isHigh ? "messages.message14" : "messages.message15");
     }
 }
@@ -188,33 +185,26 @@ void SelectionRules::injectionForOil(const clsLimits& around) {
     if (!compressor_.limits.FindLimitType(limitType::injection) || around.FindLimitType(limitType::injection))
         return;
     if (v_[var::Pra] > 0)
-        raise(messages_.Attention, serie_ == "gh" ? "messages.message17" : "messages.message07");
+        raise(messages_.Attention, series_.hasHVersions ? "messages.message17" : "messages.message07");
 }
 
 void SelectionRules::lowTemperatureRefrigerant() {
-    if ((serie_ == "mv-a" || serie_ == "mv-e") && (refrigerant_ == "r404a" || refrigerant_ == "r507")) {
+    if (series_.needsConfirmation && refrigerant_.isForLowTemperature)
         raiseWithZero(messages_.Attention, "messages.message18");
-    }
 }
 
 void SelectionRules::variableSeries() {
-    if (serie_ != "mv-a(v)") return;
+    if (!series_.hasAdaptiveRatio) return;
     raiseWithZero(messages_.Information, "messages.message19");
     raiseWithZero(messages_.Attention, "messages.message20");
 }
 
 void SelectionRules::powerOfModel() {
-    if (serie_ != "mv-j") return;
     if (!raisedPowerLimit(var::Pta) && v_.isSet(var::PtaEco)) raisedPowerLimit(var::PtaEco);
 }
 
 bool SelectionRules::raisedPowerLimit(var variable) {
-    struct PowerLimit {
-        const char* model;
-        double kilowatts;
-    };
-    constexpr std::array limits = {PowerLimit{"Q40", 51}, PowerLimit{"Q50", 52.2}, PowerLimit{"Q60", 58.5}};
-    for (const PowerLimit& limit : limits) {
+    for (const PowerLimit& limit : series_.powerLimits) {
         if (compressor_.Model == limit.model && v_[variable] > limit.kilowatts) {
             raiseWithZero(messages_.Error, "messages.message32");
             return true;
@@ -223,16 +213,16 @@ bool SelectionRules::raisedPowerLimit(var variable) {
     return false;
 }
 
-void SelectionRules::bareModel() {
-    if (serie_ != "dz" || compressor_.Model.empty()) return;
-    const std::string bareModels = "|7K2100|7K2200|7K2300|7K2400|7K2500|";
-    const bool isBare = uppered(compressor_.Model).starts_with("7J") ||
-                        bareModels.find("|" + uppered(trimmed(compressor_.Model)) + "|") != std::string::npos;
-    if (isBare) raiseWithZero(messages_.Information, "messages.message34");
+void SelectionRules::modelOnRequest() {
+    const std::string model = uppered(compressor_.Model);
+    const bool isOnRequest =
+        (!series_.requestPrefix.empty() && model.starts_with(series_.requestPrefix)) ||
+        std::ranges::find(series_.requestModels, trimmed(model)) != series_.requestModels.end();
+    if (isOnRequest) raiseWithZero(messages_.Information, "messages.message34");
 }
 
 void SelectionRules::flammableRefrigerant() {
-    if (refrigerant_ != "r290") return;
+    if (!refrigerant_.isFlammable) return;
     raiseWithZero(messages_.Information, "messages.message28");
     raiseWithZero(messages_.Information, "messages.message35");
     raiseWithZero(messages_.Attention, "messages.message36");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/SeriesTraits.h"
 #include "catalogue/clsCompressor.h"
 #include "catalogue/clsProjectConditions.h"
 #include "engine/Statements.h"
@@ -41,7 +42,7 @@ class SelectionRules {
     void lowTemperatureRefrigerant();                   // 16
     void variableSeries();                              // 17
     void powerOfModel();                                // 18
-    void bareModel();                                   // 19
+    void modelOnRequest();                              // 19
     void flammableRefrigerant();                        // 20
 
     bool raisedPowerLimit(var variable);
@@ -51,9 +52,8 @@ class SelectionRules {
     Statements& statements_;
     ClsSelectionMessages& messages_;
     const clsVariables& v_;
-    std::string serie_;  ///< In lower case, as are the next two.
-    std::string model_;
-    std::string refrigerant_;
+    const SeriesTraits& series_;
+    const RefrigerantTraits& refrigerant_;
 };
 
 }  // namespace marvello

@@ -3,6 +3,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
 #include "data/Globals.h"
 #include "data/Hooks.h"
@@ -15,8 +16,10 @@ namespace marvello {
 
 namespace {
 
+/// Kept: letter by letter, so that a series written otherwise is asked for at mains frequency.
 bool isInverterSeries(const std::string& serie) {
-    return serie == "TK-D" || serie == "TK-B" || serie == "TK-C";
+    const SeriesTraits& traits = seriesTraits(serie);
+    return traits.drive == Drive::inverter && traits.name == serie;
 }
 
 /// The pieces of a list joined with ";", quoted and joined with ",".

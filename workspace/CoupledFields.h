@@ -20,7 +20,7 @@ struct CoupledFields {
 };
 
 /// Works the other values out from the one that led: "ted", "tcd", "pe", "pc", "tcm" or "tem", in any case.
-/// `midEvaporating` and `midCondensing` lead from a mid temperature of R407C back to the dew temperature.
+/// `midEvaporating` and `midCondensing` lead from a mid temperature back to the dew temperature.
 /// Raises what the property service raises.
 void SyncTemperatureFields(std::string_view leader, CoupledFields& fields, const std::string& refrigerant,
                            clsRefprop& refprop, const clsPolynomial& midEvaporating,

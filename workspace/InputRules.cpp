@@ -1,53 +1,40 @@
 #include "workspace/InputRules.h"
 
-#include <QStringList>
+#include "workspace/WindowTexts.h"
 
 namespace marvello {
 
-namespace {
-
-constexpr unsigned operator|(Selector a, Selector b) {
-    return static_cast<unsigned>(a) | static_cast<unsigned>(b);
-}
-constexpr unsigned operator|(unsigned mask, Selector selector) {
-    return mask | static_cast<unsigned>(selector);
-}
-
-constexpr unsigned usualMask = Selector::economizer | Selector::oilCooling | Selector::motorVoltage;
-
-}  // namespace
-
 unsigned seriesMask(const QString& serieKey, const QString& refrigerantKey) {
-    const QString serie = serieKey.trimmed().toUpper();
-    const auto isOneOf = [&serie](const QStringList& keys) { return keys.contains(serie); };
-    unsigned mask = 0;
-    if (isOneOf({"NL-H"}))
-        mask = mask | Selector::motorRpm;
-    else if (isOneOf({"TK-A", "TK-A(P)", "TK-A(Q)", "TK-A(V)"}))
-        mask = usualMask | Selector::stepCapacity;
-    else if (isOneOf({"TK-E", "MV-A", "MV-A(V)", "MV-E", "DZ1", "DZ2"}))
-        mask = usualMask;
-    else if (isOneOf({"MV-G", "GH", "MV-H"}))
-        mask = mask | Selector::motorVoltage;
-    if (refrigerantKey.toUpper() == u"R134A" && isOneOf({"MV-H", "TK-A", "MV-G", "MV-A"}))
-        mask = mask | Selector::motorSize;
-    return mask;
+    const SeriesTraits& series = seriesTraits(seriesOfMarket(serieKey.trimmed().toUpper()).serie);
+    const bool hasSmallMotor =
+        series.hasSmallMotor && refrigerantTraits(toCore(refrigerantKey)).hasSmallMotors;
+    return series.inputs | (hasSmallMotor ? static_cast<unsigned>(Selector::motorSize) : 0U);
 }
 
 SeriesOfMarket seriesOfMarket(const QString& serieKey) {
-    if (serieKey == u"DZ1") return {"DZ", 1};
-    if (serieKey == u"DZ2") return {"DZ", 2};
-    return {serieKey.toStdString(), 0};
+    const std::string key = toCore(serieKey);
+    for (const SeriesTraits& series : allSeriesTraits())
+        for (const MarketChoice& choice : series.markets)
+            if (choice.key == key)
+                return {std::string(series.name), static_cast<std::uint8_t>(choice.market)};
+    return {key, 0};
+}
+
+QString seriesChoices(const QString& serie) {
+    QStringList pairs;
+    const SeriesTraits& traits = seriesTraits(toCore(serie));
+    if (traits.name == toCore(serie))
+        for (const MarketChoice& choice : traits.markets)
+            pairs += fromCore(choice.key) + u'|' + fromCore(choice.caption);
+    return pairs.isEmpty() ? serie + u'|' + serie : pairs.join(u';');
 }
 
 SuperheatRange superheatRange(const QString& refrigerantKey, bool isImperial, bool isDifference,
                               double evaporatingDew) {
-    const bool isPropane = refrigerantKey.toLower() == u"r290";
-    if (isDifference)
-        return {0, isImperial ? (isPropane ? 72.0 : 36.0) : (isPropane ? 40.0 : 20.0),
-                isImperial ? 18.0 : 10.0};
+    const double most = refrigerantTraits(toCore(refrigerantKey)).maxSuperheat;
+    if (isDifference) return {0, isImperial ? most * 1.8 : most, isImperial ? 18.0 : 10.0};
     // Kept: the imperial bounds of a suction temperature are not the metric ones converted.
-    const double high = isImperial ? (isPropane ? 104.0 : 68.0) : (isPropane ? 40.0 : 20.0);
+    const double high = isImperial ? most * 1.8 + 32 : most;
     return {evaporatingDew, evaporatingDew + high, evaporatingDew + (isImperial ? 50.0 : 10.0)};
 }
 

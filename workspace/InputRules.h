@@ -5,30 +5,21 @@
 #include <cstdint>
 #include <string>
 
+#include "catalogue/SeriesTraits.h"
+
 namespace marvello {
 
-/// The selectors that a series may switch on, as bits of its mask.
-enum class Selector : unsigned {
-    economizer = 1,
-    stepCapacity = 2,
-    oilCooling = 4,
-    motorVoltage = 8,
-    motorSize = 16,
-    motorRpm = 32,
-};
-
-/// The mask of a series key, with the motor size added for the series of R134A that have two motors.
+/// The mask of a series key, with the motor size added where there are two motors.
 unsigned seriesMask(const QString& serieKey, const QString& refrigerantKey);
 
-inline bool allows(unsigned mask, Selector selector) { return (mask & static_cast<unsigned>(selector)) != 0; }
-
-/// The series of the catalogue behind a series key, and its market: "DZ1" and "DZ2" are the two markets of
-/// "DZ".
+/// The series of the catalogue behind a series key, and its market.
 struct SeriesOfMarket {
     std::string serie;
     std::uint8_t market = 0;
 };
 SeriesOfMarket seriesOfMarket(const QString& serieKey);
+/// The choices "key|caption;..." that the form offers for a series: itself, or its markets.
+QString seriesChoices(const QString& serie);
 
 /// The bounds of a superheat, which are permitted themselves, and what takes the place of a value beyond
 /// them.

@@ -185,7 +185,7 @@ void SelectionForm::keepEconomizerValue() {
 }
 
 bool SelectionForm::hasMidTemperatures() const {
-    return panel_->lstRefrigerants->Key().toUpper() == u"R407C";
+    return refrigerantTraits(toCore(panel_->lstRefrigerants->Key())).hasMidTemperatures();
 }
 
 void SelectionForm::showChoice(AdvanceText* field) {
@@ -217,9 +217,7 @@ void SelectionForm::populateSeries(const QString& value) {
                "fSerieID");
     QStringList pairs;
     for (const QString& serie : series)
-        pairs += kind_.hasMarkets && serie == u"DZ"
-                     ? QStringLiteral("DZ1|DZ European market;DZ2|DZ Far East market")
-                     : serie + u'|' + serie;
+        pairs += kind_.hasMarkets ? seriesChoices(serie) : serie + u'|' + serie;
     AdvanceText* field = panel_->lstSeries;
     field->SetTag1(pairs.join(u';'));
     if (descriptionOf(field->Key(), field->Tag1()).isEmpty()) {

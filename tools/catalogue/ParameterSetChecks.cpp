@@ -6,6 +6,7 @@
 #include <regex>
 #include <set>
 
+#include "catalogue/SeriesTraits.h"
 #include "catalogue/Variables.h"
 #include "catalogue/clsInverter.h"
 #include "data/Numbers.h"
@@ -288,7 +289,7 @@ class ParameterSetCheck {
     void checkTechnicalData(const Row& row, const std::string& value) {
         if (const std::string reason = faultOfFrequencies(value); !reason.empty())
             row.fault(std::string(column) + reason);
-        if (sets_[row.integer("fParametersRowsID")].series == "tk-d" &&
+        if (seriesTraits(sets_[row.integer("fParametersRowsID")].series).rows == SurfaceRows::volumeRatio &&
             lowered(value).find("@cps.vi") == std::string::npos)
             row.warn(std::string(column) + "the volume ratio chosen is not shown; write \"@cps.VI\" for it");
         if (const std::string token = unknownToken(value); !token.empty())

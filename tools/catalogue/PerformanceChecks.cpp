@@ -7,6 +7,7 @@
 #include <set>
 #include <tuple>
 
+#include "catalogue/SeriesTraits.h"
 #include "catalogue/clsInverter.h"
 #include "catalogue/clsPolynomialSh.h"
 #include "data/Numbers.h"
@@ -104,7 +105,8 @@ class PerformanceCheck {
 
     /// Those of the points at which the program lets the compressor run at a capacity step.
     Points pointsOfStep(const Row& row, const Points& points, double field) const {
-        if (field == 100 || !offersCapacitySteps(row.text("fSerieID"))) return points;
+        if (field == 100 || !allows(seriesTraits(row.text("fSerieID")).inputs, Selector::stepCapacity))
+            return points;
         const int type = field == 25   ? limitType::step25
                          : field == 50 ? limitType::step50
                                        : limitType::step75;
@@ -138,8 +140,9 @@ class PerformanceCheck {
     }
 
     void checkFigures(const Row& row) const {
+        const SeriesTraits& traits = seriesTraits(row.text("fSerieID"));
         const bool hasMotor = row.integer("fMotorFullID") > 0;
-        const bool isRatedElsewhere = row.key("fSerieID") == "nl-h" && !hasMotor;
+        const bool isRatedElsewhere = traits.drive == Drive::open && !hasMotor;
         if (row.real("fFla") <= 0 && !isRatedElsewhere)
             row.fault("fFla: the rated current is " + storedText(row.real("fFla")) +
                       " A; it must be positive");
@@ -154,10 +157,13 @@ class PerformanceCheck {
             row.warn("fStartMode: the program shows 1 star delta and 2 part winding, and nothing for " +
                      std::to_string(row.integer("fStartMode")));
         const int market = row.integer("fMarket");
-        const bool isOffered = market == 0 || (row.key("fSerieID") == "dz" && market <= 2);
+        const bool isOffered =
+            market == 0 || std::ranges::any_of(traits.markets, [market](const MarketChoice& choice) {
+                return static_cast<int>(choice.market) == market;
+            });
         if (!isOffered && row.integer("fhasInverter") == 0)
             row.warn("fMarket: no form offers a model of market " + std::to_string(market) +
-                     "; the series DZ alone has markets 1 and 2, others and both take 0");
+                     " in this series; enter one that the series has, or 0 for any");
         if (row.integer("fhasInverter") != 0) checkFrequencyLaws(row);
     }
 

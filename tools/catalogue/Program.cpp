@@ -23,11 +23,6 @@ bool isOwnColumn(std::string_view key) {
     return std::ranges::any_of(own, [key](auto each) { return equalIgnoringCase(each, key); });
 }
 
-bool offersCapacitySteps(std::string_view series) {
-    constexpr std::array<std::string_view, 4> stepped{"tk-a", "tk-a(p)", "tk-a(q)", "tk-a(v)"};
-    return std::ranges::find(stepped, lowered(series)) != stepped.end();
-}
-
 std::vector<std::string> CompletedKey::keys() const {
     std::vector<std::string> whole;
     for (const auto& ending : endings) {

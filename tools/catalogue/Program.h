@@ -28,9 +28,6 @@ inline constexpr std::string_view technicalDataKey = "eng";
 /// Whether the results list makes the column itself, besides those that are variables of the calculation.
 bool isOwnColumn(std::string_view key);
 
-/// Whether the forms offer the capacity steps 75, 50 and 25 for the series.
-bool offersCapacitySteps(std::string_view series);
-
 /// The dictionary keys that stand whole in the program's sources, and those that it completes: "general."
 /// with something behind it, "frmselection.help.%1.caption". Taken from the sources by the build.
 std::span<const std::string_view> keysInSources();

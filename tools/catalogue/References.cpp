@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "catalogue/SeriesTraits.h"
 #include "data/Numbers.h"
 #include "data/clsApplication.h"
 #include "tools/catalogue/Check.h"
@@ -56,12 +57,14 @@ class ReferenceCheck {
                     "tLimits");
             checkMotors(row);
         });
-        if (!refrigerants_.contains("r407c")) return;
-        for (const auto* conversion : {"R407CTEM", "R407CTCM"})
-            if (!polynomials_.contains({lowered(conversion), 4}))
-                faults_.add("tPolynomials",
-                            std::string("the polynomial ") + conversion +
-                                " of type 4 is missing, which the forms need for R407C; add its row");
+        for (const RefrigerantTraits& traits : allRefrigerantTraits()) {
+            if (!traits.hasMidTemperatures() || !refrigerants_.contains(lowered(traits.name))) continue;
+            for (const auto conversion : {traits.evaporatingMidSurface, traits.condensingMidSurface})
+                if (!polynomials_.contains({lowered(conversion), 4}))
+                    faults_.add("tPolynomials", "the polynomial " + std::string(conversion) +
+                                                    " of type 4 is missing, which the forms need for " +
+                                                    std::string(traits.name) + "; add its row");
+        }
     }
 
     void checkFluids(const std::optional<fs::path>& folder) {
@@ -124,7 +127,8 @@ class ReferenceCheck {
 
     void checkMotors(const Row& row) {
         // The current of these comes from elsewhere, so that they do without a motor; 0 or less says so.
-        const bool optional = row.integer("fhasInverter") != 0 || row.key("fSerieID") == "nl-h";
+        const bool optional =
+            row.integer("fhasInverter") != 0 || seriesTraits(row.text("fSerieID")).drive == Drive::open;
         const auto check = [&](const std::string& column) {
             const int id = row.integer(column);
             if (!motors_.contains(id) && !(optional && id <= 0))

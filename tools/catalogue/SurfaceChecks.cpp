@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "catalogue/SeriesTraits.h"
 #include "catalogue/clsProjectConditions.h"
 #include "data/Numbers.h"
 #include "tools/catalogue/Check.h"
@@ -62,8 +63,9 @@ class SurfaceCheck {
     }
 
     static std::string askedBy(const Row& row) {
-        if (row.key("fSerieID") == "nl-h") return "a speed on offer asks for";
-        if (row.integer("fhasInverter") != 0 && row.key("fSerieID") == "tk-d")
+        const SurfaceRows rows = seriesTraits(row.text("fSerieID")).rows;
+        if (rows == SurfaceRows::speed) return "a speed on offer asks for";
+        if (row.integer("fhasInverter") != 0 && rows == SurfaceRows::volumeRatio)
             return "has its other half: capacity and power need the same volume ratios";
         return "a capacity step on offer asks for";
     }
@@ -120,9 +122,9 @@ std::vector<double> speedsOnOffer(const Content& content) {
 }  // namespace
 
 std::vector<double> fieldsOf(const Content& content, const Index& index, const Row& compressor) {
-    const std::string series = compressor.key("fSerieID");
+    const SeriesTraits& series = seriesTraits(compressor.text("fSerieID"));
     if (compressor.integer("fhasInverter") != 0) {
-        if (series != "tk-d") return {100};
+        if (series.rows != SurfaceRows::volumeRatio) return {100};
         std::set<double> ratios;
         for (const auto& [column, type] :
              {std::pair{"fPolynomialQ0ID", capacityType}, {"fPolynomialPassID", powerType}})
@@ -130,8 +132,8 @@ std::vector<double> fieldsOf(const Content& content, const Index& index, const R
                 ratios.insert(field);
         return {ratios.begin(), ratios.end()};
     }
-    if (series == "nl-h") return speedsOnOffer(content);
-    if (offersCapacitySteps(series)) return {capacitySteps.begin(), capacitySteps.end()};
+    if (series.rows == SurfaceRows::speed) return speedsOnOffer(content);
+    if (allows(series.inputs, Selector::stepCapacity)) return {capacitySteps.begin(), capacitySteps.end()};
     return {100};
 }
 
