@@ -26,14 +26,47 @@ std::string clsVariable::text() const {
     return {};
 }
 
-std::size_t clsVariables::NameHash::operator()(std::string_view name) const {
-    std::size_t hash = 14695981039346656037ULL;  // FNV-1a
-    for (const char c : name) hash = (hash ^ static_cast<unsigned char>(lower(c))) * 1099511628211ULL;
-    return hash;
+clsVariable* clsVariables::find(var variable) const {
+    return known_.empty() ? nullptr : known_[static_cast<std::size_t>(variable)];
 }
 
-bool clsVariables::NameEqual::operator()(std::string_view a, std::string_view b) const {
-    return equalIgnoringCase(a, b);
+clsVariable* clsVariables::find(std::string_view name) const {
+    if (const auto variable = variableNamed(name)) return find(*variable);
+    const auto found = std::ranges::find_if(
+        entries_, [name](const auto& entry) { return equalIgnoringCase(entry->Name, name); });
+    return found == entries_.end() ? nullptr : found->get();
+}
+
+bool clsVariables::isSet(var variable) const {
+    const clsVariable* entry = find(variable);
+    return entry != nullptr && entry->isNumber();
+}
+
+double clsVariables::operator[](var variable) const {
+    if (const clsVariable* entry = find(variable)) return entry->number();
+    throw VariableError("There is no variable " + std::string(definitionOf(variable).name) + ".");
+}
+
+void clsVariables::set(var variable, VariableValue value) {
+    if (clsVariable* entry = find(variable)) {
+        entry->setValue(std::move(value));
+        return;
+    }
+    auto entry = std::make_unique<clsVariable>();
+    entry->setValue(std::move(value));
+    const VariableDefinition& definition = definitionOf(variable);
+    entry->Name = definition.name;
+    entry->Description = definition.description;
+    entry->UnitMeasuretext = definition.shownUnit;
+    append(std::move(entry), variable);
+}
+
+void clsVariables::append(std::unique_ptr<clsVariable> entry, std::optional<var> variable) {
+    if (variable) {
+        known_.resize(variableCount);
+        known_[static_cast<std::size_t>(*variable)] = entry.get();
+    }
+    entries_.push_back(std::move(entry));
 }
 
 void clsVariables::add(const std::string& Name, VariableValue value, const std::string& Description,
@@ -45,13 +78,8 @@ void clsVariables::add(const std::string& Name, VariableValue value, const std::
     variable->UnitMeasuretext = UnitMeasuretext;
     variable->Tag = Tag;
     Remove(variable->Name);  // `Name` may be that of the entry which goes
-    byName_.emplace(variable->Name, variable.get());
-    entries_.push_back(std::move(variable));
-}
-
-clsVariable* clsVariables::find(std::string_view name) const {
-    const auto found = byName_.find(name);
-    return found == byName_.end() ? nullptr : found->second;
+    const auto known = variableNamed(variable->Name);
+    append(std::move(variable), known);
 }
 
 clsVariable& clsVariables::Item(std::string_view name) {
@@ -74,15 +102,14 @@ const clsVariable& clsVariables::Item(int position) const {
 bool clsVariables::Exist(std::string_view name) const { return find(name) != nullptr; }
 
 void clsVariables::Remove(std::string_view name) {
-    const auto found = byName_.find(name);
-    if (found == byName_.end()) return;
-    const clsVariable* gone = found->second;
-    byName_.erase(found);
+    const clsVariable* gone = find(name);
+    if (gone == nullptr) return;
+    std::ranges::replace(known_, gone, nullptr);
     std::erase_if(entries_, [gone](const auto& entry) { return entry.get() == gone; });
 }
 
 void clsVariables::Clear() {
-    byName_.clear();
+    known_.clear();
     entries_.clear();
 }
 

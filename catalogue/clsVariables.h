@@ -4,9 +4,10 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <variant>
 #include <vector>
+
+#include "catalogue/Variables.h"
 
 namespace marvello {
 
@@ -42,52 +43,56 @@ class clsVariable {
     VariableValue value_;
 };
 
-/// The bag of named values that a calculation reads and writes, in the order of adding. Names are compared
-/// without regard to case: "Pe", "PE" and "pe" are one variable.
+/// The named values that a calculation reads and writes, in the order of adding. The calculation accesses
+/// them by the constants of `var`; windows, files and parameter sets by name, case ignored: "Pe", "PE" and
+/// "pe" are one variable.
+///
+/// A variable is set if it has a number: a stage that failed or did not run leaves its variables unset, and a
+/// text such as "-" is no number.
 class clsVariables {
   public:
     clsVariables() = default;
     clsVariables(clsVariables&&) noexcept = default;
     clsVariables& operator=(clsVariables&&) noexcept = default;
 
+    bool isSet(var variable) const;
+    /// Returns the number of a variable. Throws VariableError unless it is set.
+    double operator[](var variable) const;
+    /// Writes a value in its place, or adds it at the end with the unit and description of its definition.
+    /// Throws ArithmeticFault for an infinity or not-a-number, which changes nothing.
+    void set(var variable, VariableValue value);
+
     /// Adds at the end; an entry of the name is removed first.
     void add(const std::string& Name, VariableValue value, const std::string& Description = {},
              const std::string& UnitMeasuretext = {}, const std::string& Tag = {});
 
-    /// By name or by position from 1. Raises VariableError when there is none.
+    /// By name or by position from 1. Throws VariableError if there is none.
     clsVariable& Item(std::string_view name);
     const clsVariable& Item(std::string_view name) const;
     const clsVariable& Item(int position) const;
     bool Exist(std::string_view name) const;
     void Remove(std::string_view name);
-    /// By position from 1. Raises VariableError when there is none.
+    /// By position from 1. Throws VariableError if there is none.
     void Remove(int position) { Remove(Item(position).Name); }
     void Clear();
     int Count() const { return static_cast<int>(entries_.size()); }
 
-    /// The first variable with that tag, case ignored, or nothing.
+    /// The first variable with that tag, case ignored, or null.
     const clsVariable* getFromTag(std::string_view tag) const;
 
-    /// The number of a name; raises VariableError.
+    /// The number of a name; throws VariableError.
     double operator()(std::string_view name) const { return Item(name).number(); }
 
     auto begin() const { return entries_.begin(); }
     auto end() const { return entries_.end(); }
 
   private:
-    struct NameHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view name) const;
-    };
-    struct NameEqual {
-        using is_transparent = void;
-        bool operator()(std::string_view a, std::string_view b) const;
-    };
-
+    clsVariable* find(var variable) const;
     clsVariable* find(std::string_view name) const;
+    void append(std::unique_ptr<clsVariable> entry, std::optional<var> variable);
 
     std::vector<std::unique_ptr<clsVariable>> entries_;
-    std::unordered_map<std::string, clsVariable*, NameHash, NameEqual> byName_;
+    std::vector<clsVariable*> known_;  ///< Those of the calculation, by their index; empty if there are none.
 };
 
 }  // namespace marvello

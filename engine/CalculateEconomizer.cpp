@@ -13,16 +13,8 @@ EconomizerCalculation::EconomizerCalculation(clsCompressor& compressor, clsRefpr
                                              formTimeout& timeout)
     : compressor_(compressor), refprop_(refprop), timeout_(timeout), v_(compressor.Variables) {}
 
-void EconomizerCalculation::set(const std::string& name, VariableValue value, const std::string& unit) {
-    if (v_.Exist(name)) {
-        v_.Item(name).setValue(std::move(value));
-    } else {
-        v_.add(name, std::move(value), "", unit);
-    }
-}
-
-void EconomizerCalculation::trySet(const std::string& name, const std::function<double()>& value) {
-    Statements::attemptSilently([&] { set(name, value()); });
+void EconomizerCalculation::trySet(var variable, const std::function<double()>& value) {
+    Statements::attemptSilently([&] { set(variable, value()); });
 }
 
 void EconomizerCalculation::turn() {
@@ -35,14 +27,14 @@ void EconomizerCalculation::noSolution() {
 }
 
 void EconomizerCalculation::CalculateEconomizer() {
-    const double mode = v_("EcoCalculateMode");
+    const double mode = v_[var::EcoCalculateMode];
     if (mode == 2 && !isCapacityWithinReach()) return;
     efficiencies();
     portState();
 
-    set("meco", v_("Mev") * firstShare);
-    set("EcoOK", -1.0);
-    set("EcoModel", "Impossible");
+    set(var::meco, v_[var::Mev] * firstShare);
+    set(var::EcoOK, -1.0);
+    set(var::EcoModel, "Impossible");
     if (mode == 1) {
         Eco_Automatic();
     } else {
@@ -51,10 +43,10 @@ void EconomizerCalculation::CalculateEconomizer() {
 
     power();
     // By the motor's polynomial for inverter compressors too.
-    writeMotorCurrent(v_, compressor_.Motor, "PtaEco", "CAECO");
+    writeMotorCurrent(v_, compressor_.Motor, var::PtaEco, var::CAECO);
     oilLoad();
-    set("CopEco", (v_("Q0") + v_("Qeco")) / v_("PtaEco"));
-    set("TSat", saturationTemperature(v_("Peco"), saturation::dew));
+    set(var::CopEco, (v_[var::Q0] + v_[var::Qeco]) / v_[var::PtaEco]);
+    set(var::TSat, saturationTemperature(v_[var::Peco], saturation::dew));
     if (mode == 1) checkApproach();
 }
 
@@ -62,13 +54,13 @@ void EconomizerCalculation::CalculateEconomizer() {
 /// saturated vapour at the evaporating pressure (`HE`), which is nearly the capacity again. No economizer
 /// comes close to it: a search ends long before, with message26.
 bool EconomizerCalculation::isCapacityWithinReach() {
-    const double least = roundedToPlaces(v_("Q0"), 1);
-    const double most = checked(v_("Q0") + v_("Mbase") * (v_("HE") - v_("Hl")) / secondsPerHour);
-    if (v_("Eco") < least) {
+    const double least = roundedToPlaces(v_[var::Q0], 1);
+    const double most = checked(v_[var::Q0] + v_[var::Mbase] * (v_[var::HE] - v_[var::Hl]) / secondsPerHour);
+    if (v_[var::Eco] < least) {
         compressor_.Messages.Error.add("messages.message23", "messages.message23");
         return false;
     }
-    if (v_("Eco") >= most) {
+    if (v_[var::Eco] >= most) {
         compressor_.Messages.Error.add("messages.message24", "messages.message24");
         return false;
     }
@@ -76,44 +68,45 @@ bool EconomizerCalculation::isCapacityWithinReach() {
 }
 
 void EconomizerCalculation::efficiencies() {
-    set("Mev", v_("Q0") * secondsPerHour / (v_("Hga") - v_("H3")));
-    set("T2Iso", temperatureOfEntropy(v_("Pc"), v_("Sga")));
-    set("H2Iso", enthalpyOfEntropy(v_("Pc"), v_("Sga")));
-    set("EtaIso", v_("Mev") * (v_("H2Iso") - v_("Hga")) / (v_("Pta") * secondsPerHour));
+    set(var::Mev, v_[var::Q0] * secondsPerHour / (v_[var::Hga] - v_[var::H3]));
+    set(var::T2Iso, temperatureOfEntropy(v_[var::Pc], v_[var::Sga]));
+    set(var::H2Iso, enthalpyOfEntropy(v_[var::Pc], v_[var::Sga]));
+    set(var::EtaIso, v_[var::Mev] * (v_[var::H2Iso] - v_[var::Hga]) / (v_[var::Pta] * secondsPerHour));
     // The discharge without cooling again, this time without the correction of the catalogue.
     const clsPolynomialSh& surface = compressor_.PolynomialSh;
-    set("T21", surface.at(v_("Ted"), v_("Tcd")) + v_("Sh") - surface.Sh);
-    set("H21", H(v_("T21"), v_("Pc")));
-    set("EtaComp", v_("EtaIso") * (v_("H21") - v_("Hga")) / (v_("H2Iso") - v_("Hga")));
-    set("EtaComp1", v_("EtaComp") * 1.05);
+    set(var::T21, surface.at(v_[var::Ted], v_[var::Tcd]) + v_[var::Sh] - surface.Sh);
+    set(var::H21, H(v_[var::T21], v_[var::Pc]));
+    set(var::EtaComp, v_[var::EtaIso] * (v_[var::H21] - v_[var::Hga]) / (v_[var::H2Iso] - v_[var::Hga]));
+    set(var::EtaComp1, v_[var::EtaComp] * 1.05);
 }
 
 void EconomizerCalculation::portState() {
-    set("P9", v_("Pe") * compressor_.Economizer.KForo);
-    set("H9Iso", enthalpyOfEntropy(v_("P9"), v_("Sga")));
-    set("H9", v_("Hga") + (v_("H9Iso") - v_("Hga")) * v_("EtaComp") / v_("EtaIso"));
-    set("T9", temperatureOfEnthalpy(v_("P9"), v_("H9")));
-    set("T9D", saturationTemperature(v_("P9"), saturation::dew));
-    set("D9D", refprop_.Density(v_("P9"), property::pressure, saturation::dew));
+    set(var::P9, v_[var::Pe] * compressor_.Economizer.KForo);
+    set(var::H9Iso, enthalpyOfEntropy(v_[var::P9], v_[var::Sga]));
+    set(var::H9, v_[var::Hga] + (v_[var::H9Iso] - v_[var::Hga]) * v_[var::EtaComp] / v_[var::EtaIso]);
+    set(var::T9, temperatureOfEnthalpy(v_[var::P9], v_[var::H9]));
+    set(var::T9D, saturationTemperature(v_[var::P9], saturation::dew));
+    set(var::D9D, refprop_.Density(v_[var::P9], property::pressure, saturation::dew));
 }
 
 void EconomizerCalculation::power() {
-    set("PtaEco", v_("Pta") + v_("meco") * (v_("h2") - v_("H71")) / (secondsPerHour * v_("EtaComp1")));
-    if (compressor_.KValues.hasValue1()) set("PtaEco", v_("PtaEco") * compressor_.KValues.Value1);
+    set(var::PtaEco,
+        v_[var::Pta] + v_[var::meco] * (v_[var::h2] - v_[var::H71]) / (secondsPerHour * v_[var::EtaComp1]));
+    if (compressor_.KValues.hasValue1()) set(var::PtaEco, v_[var::PtaEco] * compressor_.KValues.Value1);
 }
 
 /// Only a discharge above the limit replaces the load of the standard cycle.
 void EconomizerCalculation::oilLoad() {
-    set("Pcool", 0.0, "Kw");
-    if (v_("T2") <= v_("OC")) return;
-    set("H2cool", H(v_("OC"), v_("Pc")));
-    set("Pcool", (v_("meco") + v_("Mev")) * (v_("h2") - v_("H2cool")) / secondsPerHour);
-    set("Pra", v_("Pcool"));
+    set(var::Pcool, 0.0);
+    if (v_[var::T2] <= v_[var::OC]) return;
+    set(var::H2cool, H(v_[var::OC], v_[var::Pc]));
+    set(var::Pcool, (v_[var::meco] + v_[var::Mev]) * (v_[var::h2] - v_[var::H2cool]) / secondsPerHour);
+    set(var::Pra, v_[var::Pcool]);
 }
 
 /// To within what is displayed: 0.24 counts as 0.2 and passes.
 void EconomizerCalculation::checkApproach() {
-    const double missed = roundedToPlaces((v_("T31") - v_("TSat")) - v_("Eco"), 1);
+    const double missed = roundedToPlaces((v_[var::T31] - v_[var::TSat]) - v_[var::Eco], 1);
     if (std::abs(missed) > 0.2) {
         compressor_.Messages.Error.add("messages.message25", "messages.message25");
     }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "catalogue/clsCompressor.h"
 #include "catalogue/clsProjectConditions.h"
 #include "data/Arithmetic.h"
@@ -48,17 +46,10 @@ class CompressorCalculation {
 
     bool failed() const { return compressor_.Messages.Error.Count() > 0; }
 
-    /// Adds a variable; a failing value is an error entry and leaves a former one as it was.
+    /// Writes a variable; a failing value is an error entry and leaves the variable as it was.
     template <class Value>
-    void let(const std::string& name, Value&& value, const std::string& unit = {},
-             const std::string& description = {}) {
-        statements_.attempt([&] { v_.add(name, value(), description, unit); });
-    }
-
-    /// Overwrites a variable in its place, with its unit and description; a failing value is an error entry.
-    template <class Value>
-    void set(const std::string& name, Value&& value) {
-        statements_.attempt([&] { v_.Item(name).setValue(value()); });
+    void let(var variable, Value&& value) {
+        statements_.attempt([&] { v_.set(variable, value()); });
     }
 
     /// A value on the way to a variable; a failing one is an error entry and counts as 0 from there on.
@@ -85,7 +76,6 @@ class CompressorCalculation {
     const clsProjectConditions& conditions_;
     formTimeout& timeout_;
     clsVariables& v_;
-    const clsConvert& units_;
     Statements statements_;
     SelectionRules rules_;
     clsLimits around_;  ///< The limits that hold the point.

@@ -13,23 +13,28 @@ void EconomizerCalculation::EcoCycle() {
     injectionPressure();
     if (AbortRequested()) return;
 
-    trySet("Peco", [&] { return v_("P7"); });
-    const auto mixed = [&](const char* injected, const char* compressed) {
-        return (v_(injected) * v_("meco") + v_(compressed) * v_("Mev")) / (v_("meco") + v_("Mev"));
+    trySet(var::Peco, [&] { return v_[var::P7]; });
+    const auto mixed = [&](var injected, var compressed) {
+        return (v_[injected] * v_[var::meco] + v_[compressed] * v_[var::Mev]) /
+               (v_[var::meco] + v_[var::Mev]);
     };
-    trySet("H71", [&] { return mixed("H7", "H9"); });
-    trySet("P71", [&] { return mixed("P7", "P9"); });
-    trySet("T71", [&] { return temperatureOfEnthalpy(v_("P71"), v_("H71")); });
-    trySet("S71",
-           [&] { return refprop_.Entropy(v_("P71"), property::pressure, v_("H71"), property::enthalpy); });
-    trySet("H7Iso", [&] { return enthalpyOfEntropy(v_("Pc"), v_("S71")); });
-    trySet("h2", [&] { return v_("H71") + (v_("H7Iso") - v_("H71")) * v_("EtaComp1") / v_("EtaIso"); });
-    trySet("T2", [&] { return temperatureOfEnthalpy(v_("Pc"), v_("h2")); });
-    trySet("T6", [&] { return saturationTemperature(v_("Peco"), saturation::bubble); });
-    trySet("Qeco", [&] { return v_("meco") * (v_("H7") - v_("H3")) / secondsPerHour; });
-    trySet("H31", [&] { return v_("H3") - v_("meco") * (v_("H7") - v_("H3")) / v_("Mev"); });
-    trySet("T31", [&] { return temperatureOfEnthalpy(v_("Pc"), v_("H31")); });
-    trySet("SCeco", [&] { return v_("T3") - v_("T31"); });
+    trySet(var::H71, [&] { return mixed(var::H7, var::H9); });
+    trySet(var::P71, [&] { return mixed(var::P7, var::P9); });
+    trySet(var::T71, [&] { return temperatureOfEnthalpy(v_[var::P71], v_[var::H71]); });
+    trySet(var::S71, [&] {
+        return refprop_.Entropy(v_[var::P71], property::pressure, v_[var::H71], property::enthalpy);
+    });
+    trySet(var::H7Iso, [&] { return enthalpyOfEntropy(v_[var::Pc], v_[var::S71]); });
+    trySet(var::h2, [&] {
+        return v_[var::H71] + (v_[var::H7Iso] - v_[var::H71]) * v_[var::EtaComp1] / v_[var::EtaIso];
+    });
+    trySet(var::T2, [&] { return temperatureOfEnthalpy(v_[var::Pc], v_[var::h2]); });
+    trySet(var::T6, [&] { return saturationTemperature(v_[var::Peco], saturation::bubble); });
+    trySet(var::Qeco, [&] { return v_[var::meco] * (v_[var::H7] - v_[var::H3]) / secondsPerHour; });
+    trySet(var::H31,
+           [&] { return v_[var::H3] - v_[var::meco] * (v_[var::H7] - v_[var::H3]) / v_[var::Mev]; });
+    trySet(var::T31, [&] { return temperatureOfEnthalpy(v_[var::Pc], v_[var::H31]); });
+    trySet(var::SCeco, [&] { return v_[var::T3] - v_[var::T31]; });
 }
 
 /// The pressure before the port: the port's own and the loss of the injected gas, whose density depends on
@@ -38,18 +43,18 @@ void EconomizerCalculation::injectionPressure() {
     constexpr double tolerance = 0.001;
     constexpr double perBar = 100;
     double loss = 0;
-    const auto gasAt = [&](const char* pressure) {
-        trySet("T7D", [&] { return saturationTemperature(v_(pressure), saturation::dew); });
-        trySet("T7", [&] { return v_("T7D") + v_("Sh"); });
-        trySet("D7", [&] { return D(v_("T7"), v_(pressure)); });
-        trySet("H7", [&] { return H(v_("T7"), v_(pressure)); });
+    const auto gasAt = [&](var pressure) {
+        trySet(var::T7D, [&] { return saturationTemperature(v_[pressure], saturation::dew); });
+        trySet(var::T7, [&] { return v_[var::T7D] + v_[var::Sh]; });
+        trySet(var::D7, [&] { return D(v_[var::T7], v_[pressure]); });
+        trySet(var::H7, [&] { return H(v_[var::T7], v_[pressure]); });
         Statements::attemptSilently([&] {
             const clsEconomizer& port = compressor_.Economizer;
-            loss = checked(checked(port.KPerdita / port.Sez) * (v_("D7") / v_("D9D")) * v_("meco"));
+            loss = checked(checked(port.KPerdita / port.Sez) * (v_[var::D7] / v_[var::D9D]) * v_[var::meco]);
         });
     };
-    gasAt("P9");
-    trySet("P7", [&] { return v_("P9") + loss; });
+    gasAt(var::P9);
+    trySet(var::P7, [&] { return v_[var::P9] + loss; });
 
     double error = 1;
     double old = 0;
@@ -59,10 +64,10 @@ void EconomizerCalculation::injectionPressure() {
     LostSearch passes(patience);
     while (std::abs(error) > tolerance && !AbortRequested()) {
         turn();
-        gasAt("P7");
-        Statements::attemptSilently([&] { old = v_("P7"); });
-        trySet("P7", [&] { return v_("P9") + loss; });
-        Statements::attemptSilently([&] { error = perBar * (v_("P7") - old); });
+        gasAt(var::P7);
+        Statements::attemptSilently([&] { old = v_[var::P7]; });
+        trySet(var::P7, [&] { return v_[var::P9] + loss; });
+        Statements::attemptSilently([&] { error = perBar * (v_[var::P7] - old); });
         if (passes.isLost(error, loss, error)) return;  // comes no nearer: the search judges what is there
     }
 }

@@ -23,67 +23,67 @@ constexpr int patience = 150;
 }  // namespace
 
 void EconomizerCalculation::Eco_Q0() {
-    const auto missing = [this] { return checked(v_("Eco") - (v_("Q0") + v_("Qeco"))); };
+    const auto missing = [this] { return checked(v_[var::Eco] - (v_[var::Q0] + v_[var::Qeco])); };
     StepControl step(0.25F);
-    set("meco", 1.0);
+    set(var::meco, 1.0);
     EcoCycle();
     if (AbortRequested()) return;
     if (missing() < 0) {
         noSolution();
         return;
     }
-    set("meco", v_("Mev") * firstShare);
+    set(var::meco, v_[var::Mev] * firstShare);
     EcoCycle();
     double error = missing();
     step.remember(error);
-    set("EcoOK", isFalse);
+    set(var::EcoOK, isFalse);
 
     LostSearch trials(patience);
     for (double distance = 20; distance > capacityTolerance; distance = std::abs(error)) {
-        set("meco", v_("meco") * (1 + step.size() * error / 10));
+        set(var::meco, v_[var::meco] * (1 + step.size() * error / 10));
         EcoCycle();
         if (AbortRequested()) break;
-        if (std::abs(v_("meco")) > 1.5 * std::abs(v_("Mev"))) {
+        if (std::abs(v_[var::meco]) > 1.5 * std::abs(v_[var::Mev])) {
             noSolution();
             return;
         }
         EcoCycle();  // kept: a second time at the same flow
         error = missing();
-        if (v_("meco") < 0) set("meco", 1.0);
+        if (v_[var::meco] < 0) set(var::meco, 1.0);
         step.apply(error);
-        if (std::abs(error) > capacityTolerance && trials.isLost(v_("meco"), step.size(), error)) {
+        if (std::abs(error) > capacityTolerance && trials.isLost(v_[var::meco], step.size(), error)) {
             noSolution();
             return;
         }
     }
 
     // Kept: the approach is compared with Eco, though that is a capacity here.
-    if (v_("T31") - v_("T7D") > v_("Eco")) {
-        set("EcoModel", "Piastra");
-    } else if (v_("T31") - v_("T6") > 0) {
-        set("EcoModel", "Tank");
+    if (v_[var::T31] - v_[var::T7D] > v_[var::Eco]) {
+        set(var::EcoModel, "Piastra");
+    } else if (v_[var::T31] - v_[var::T6] > 0) {
+        set(var::EcoModel, "Tank");
     } else {
-        set("EcoModel", "Impossible");
+        set(var::EcoModel, "Impossible");
         noSolution();
-        if (v_("EcoOK") == isTrue) noSolution();
+        if (v_[var::EcoOK] == isTrue) noSolution();
     }
 }
 
 void EconomizerCalculation::Eco_Automatic() {
     double distance = 0;
-    trySet("meco", [] { return 1.0; });
+    trySet(var::meco, [] { return 1.0; });
     EcoCycle();
     if (AbortRequested()) return;
-    Statements::attemptSilently([&] { distance = v_("T31") - v_("T6"); });
+    Statements::attemptSilently([&] { distance = v_[var::T31] - v_[var::T6]; });
     if (distance < 0) {
         noSolution();
-        set("EcoOK", isTrue);
+        set(var::EcoOK, isTrue);
         return;
     }
     double wanted = 0;
-    Statements::attemptSilently([&] { wanted = v_("Eco"); });
+    Statements::attemptSilently([&] { wanted = v_[var::Eco]; });
     if (distance < wanted) {
-        trySet("meco", [&] { return v_("Mev") * firstShare; });
+        trySet(var::meco, [&] { return v_[var::Mev] * firstShare; });
         tankStage(20, StepControl(automaticStep));
     } else {
         plateStage(wanted);
@@ -93,31 +93,31 @@ void EconomizerCalculation::Eco_Automatic() {
 /// Drives the approach of the subcooled liquid to the injected gas down to the wanted one.
 void EconomizerCalculation::plateStage(double wanted) {
     StepControl step(automaticStep);
-    set("EcoModel", "Piastra");
-    trySet("meco", [&] { return v_("Mev") * firstShare; });
+    set(var::EcoModel, "Piastra");
+    trySet(var::meco, [&] { return v_[var::Mev] * firstShare; });
     EcoCycle();
     double approach = 0;
-    Statements::attemptSilently([&] { approach = v_("T31") - v_("T7D"); });
+    Statements::attemptSilently([&] { approach = v_[var::T31] - v_[var::T7D]; });
     double error = approach - wanted;
     step.remember(error);
-    trySet("meco", [&] { return v_("meco") * (checked(approach / wanted) - 1); });
-    set("EcoOK", isFalse);
+    trySet(var::meco, [&] { return v_[var::meco] * (checked(approach / wanted) - 1); });
+    set(var::EcoOK, isFalse);
 
     LostSearch trials(patience);
     while (std::abs(error) > approachTolerance) {
-        trySet("meco", [&] { return v_("meco") * (1 + step.size() * error / 10); });
+        trySet(var::meco, [&] { return v_[var::meco] * (1 + step.size() * error / 10); });
         EcoCycle();
         if (AbortRequested()) return;
-        if (v_("meco") < 1) {
+        if (v_[var::meco] < 1) {
             tankStage(error, step);
             return;
         }
-        Statements::attemptSilently([&] { approach = v_("T31") - v_("T7D"); });
+        Statements::attemptSilently([&] { approach = v_[var::T31] - v_[var::T7D]; });
         error = std::abs(approach) - wanted;
         step.apply(approach - wanted);
         turn();
-        if (std::abs(error) > approachTolerance && trials.isLost(v_("meco"), step.size(), error)) {
-            set("EcoModel", "Impossible");
+        if (std::abs(error) > approachTolerance && trials.isLost(v_[var::meco], step.size(), error)) {
+            set(var::EcoModel, "Impossible");
             noSolution();
             return;
         }
@@ -127,23 +127,23 @@ void EconomizerCalculation::plateStage(double wanted) {
 /// Drives the liquid down to the bubble temperature at the injection pressure.
 void EconomizerCalculation::tankStage(double error, StepControl step) {
     step.restart();
-    set("EcoOK", isFalse);
-    set("EcoModel", "Tank");
-    trySet("meco", [&] { return v_("meco") * 5; });
+    set(var::EcoOK, isFalse);
+    set(var::EcoModel, "Tank");
+    trySet(var::meco, [&] { return v_[var::meco] * 5; });
     double distance = 0;
     LostSearch trials(patience);
     while (std::abs(error) > approachTolerance && !AbortRequested()) {
         EcoCycle();
-        Statements::attemptSilently([&] { distance = v_("T31") - v_("T6"); });
+        Statements::attemptSilently([&] { distance = v_[var::T31] - v_[var::T6]; });
         error = std::abs(distance);
-        trySet("meco", [&] { return v_("meco") * (1 + step.size() * distance); });
-        if (v_("meco") < 0) set("meco", 1.0);
+        trySet(var::meco, [&] { return v_[var::meco] * (1 + step.size() * distance); });
+        if (v_[var::meco] < 0) set(var::meco, 1.0);
         step.apply(distance);
-        const double flow = v_("meco");
-        if (std::abs(flow) > 2 * std::abs(v_("Mev")) || flow < 1 ||
+        const double flow = v_[var::meco];
+        if (std::abs(flow) > 2 * std::abs(v_[var::Mev]) || flow < 1 ||
             (std::abs(error) > approachTolerance && trials.isLost(flow, step.size(), error))) {
             noSolution();
-            set("EcoModel", "Impossible");
+            set(var::EcoModel, "Impossible");
             return;
         }
     }

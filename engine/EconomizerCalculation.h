@@ -1,7 +1,7 @@
 #pragma once
 
 #include <functional>
-#include <string>
+#include <utility>
 
 #include "catalogue/clsCompressor.h"
 #include "engine/StepControl.h"
@@ -46,10 +46,9 @@ class EconomizerCalculation {
     void checkApproach();
     void noSolution();
 
-    /// Writes a variable in its place, or adds it.
-    void set(const std::string& name, VariableValue value, const std::string& unit = {});
+    void set(var variable, VariableValue value) { v_.set(variable, std::move(value)); }
     /// The same, a failure passed over.
-    void trySet(const std::string& name, const std::function<double()>& value);
+    void trySet(var variable, const std::function<double()>& value);
     void turn();
 
     double saturationTemperature(double p, int side) {

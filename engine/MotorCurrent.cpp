@@ -7,16 +7,15 @@ namespace marvello {
 
 double referenceVoltage(double hertz) { return hertz == 50 ? 400 : 460; }
 
-void writeMotorCurrent(clsVariables& variables, const clsMotor& motor, const std::string& power,
-                       const std::string& name) {
+void writeMotorCurrent(clsVariables& variables, const clsMotor& motor, var power, var current) {
     double at50Hertz = 0;
     double atReferenceVoltage = 0;
     Statements::attemptSilently(
-        [&] { at50Hertz = checked(variables(power) * checked(50 / variables("Fm"))); });
+        [&] { at50Hertz = checked(variables[power] * checked(50 / variables[var::Fm])); });
     Statements::attemptSilently([&] { atReferenceVoltage = checked(motor.current(at50Hertz)); });
     Statements::attemptSilently([&] {
-        const double scale = checked(referenceVoltage(variables("Fm")) / variables("Vm"));
-        variables.add(name, atReferenceVoltage * scale, "", "A");
+        const double scale = checked(referenceVoltage(variables[var::Fm]) / variables[var::Vm]);
+        variables.set(current, atReferenceVoltage * scale);
     });
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "catalogue/clsMotor.h"
 #include "catalogue/clsVariables.h"
 
@@ -10,10 +8,9 @@ namespace marvello {
 /// The voltage in V that a motor's currents are stated at, for a supply frequency in Hz.
 double referenceVoltage(double hertz);
 
-/// Writes the variable `name` in A: the current of a motor that takes up the power of the variable `power` in
+/// Writes the variable `current` in A: that of a motor that takes up the power of the variable `power` in
 /// kW, at the supply of `Fm` and `Vm`. A step that fails is passed over and leaves its value 0; with `Vm` 0
 /// nothing is written.
-void writeMotorCurrent(clsVariables& variables, const clsMotor& motor, const std::string& power,
-                       const std::string& name);
+void writeMotorCurrent(clsVariables& variables, const clsMotor& motor, var power, var current);
 
 }  // namespace marvello

@@ -5,14 +5,14 @@ namespace marvello {
 
 void CalculateOilCooling(clsCompressor& compressor, clsRefprop& refprop) {
     clsVariables& v = compressor.Variables;
-    const auto writeLoad = [&v](double load) { v.Item("Pra").setValue(load); };
-    if (v("T21") <= 0) {
+    const auto writeLoad = [&v](double load) { v.set(var::Pra, load); };
+    if (v[var::T21] <= 0) {
         writeLoad(0);
         return;
     }
-    v.add("H2Rif", refprop.Enthalpy(v("OC"), property::temperature, v("Pc"), property::pressure));
-    writeLoad(v("MBase") * (v("H21") - v("H2Rif")) / secondsPerHour);
-    if (v("T21") < v("OC")) writeLoad(0);
+    v.set(var::H2Rif, refprop.Enthalpy(v[var::OC], property::temperature, v[var::Pc], property::pressure));
+    writeLoad(v[var::Mbase] * (v[var::H21] - v[var::H2Rif]) / secondsPerHour);
+    if (v[var::T21] < v[var::OC]) writeLoad(0);
 }
 
 }  // namespace marvello

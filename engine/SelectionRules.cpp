@@ -158,9 +158,9 @@ void SelectionRules::inverterFrequency(const clsLimits& around) {
 
 void SelectionRules::subcooling() {
     double highest = 0;
-    statements_.attempt([&] { highest = roundedToPlaces((v_("Tcb") - v_("Teb")) * 0.8, 2); });
+    statements_.attempt([&] { highest = roundedToPlaces((v_[var::Tcb] - v_[var::Teb]) * 0.8, 2); });
     statements_.attempt([&] {
-        if (v_("Sc") < 0 || v_("Sc") > highest) {
+        if (v_[var::Sc] < 0 || v_[var::Sc] > highest) {
             messages_.Error.add("messages.message12", "messages.message12 ({0})", {highest});
         }
     });
@@ -168,8 +168,9 @@ void SelectionRules::subcooling() {
 
 void SelectionRules::superheat() {
     const double highest = refrigerant_ == "r290" ? 40 : 20;
-    const double base = v_("ShType") == 0 ? 0 : v_("Ted");
-    if (v_("Sh") < base || v_("Sh") > base + highest) raiseWithZero(messages_.Error, "messages.message13");
+    const double base = v_[var::ShType] == 0 ? 0 : v_[var::Ted];
+    if (v_[var::Sh] < base || v_[var::Sh] > base + highest)
+        raiseWithZero(messages_.Error, "messages.message13");
 }
 
 void SelectionRules::oilCooling(const clsLimits& around) {
@@ -185,7 +186,7 @@ void SelectionRules::oilCooling(const clsLimits& around) {
 void SelectionRules::injectionForOil(const clsLimits& around) {
     if (!compressor_.limits.FindLimitType(limitType::injection) || around.FindLimitType(limitType::injection))
         return;
-    if (v_("Pra") > 0)
+    if (v_[var::Pra] > 0)
         raise(messages_.Attention, serie_ == "gh" ? "messages.message17" : "messages.message07");
 }
 
@@ -203,17 +204,17 @@ void SelectionRules::variableSeries() {
 
 void SelectionRules::powerOfModel() {
     if (serie_ != "mv-j") return;
-    if (!raisedPowerLimit("Pta") && v_.Exist("ptaEco")) raisedPowerLimit("ptaEco");
+    if (!raisedPowerLimit(var::Pta) && v_.isSet(var::PtaEco)) raisedPowerLimit(var::PtaEco);
 }
 
-bool SelectionRules::raisedPowerLimit(const char* variable) {
+bool SelectionRules::raisedPowerLimit(var variable) {
     struct PowerLimit {
         const char* model;
         double kilowatts;
     };
     constexpr std::array limits = {PowerLimit{"Q40", 51}, PowerLimit{"Q50", 52.2}, PowerLimit{"Q60", 58.5}};
     for (const PowerLimit& limit : limits) {
-        if (compressor_.Model == limit.model && v_(variable) > limit.kilowatts) {
+        if (compressor_.Model == limit.model && v_[variable] > limit.kilowatts) {
             raiseWithZero(messages_.Error, "messages.message32");
             return true;
         }

@@ -44,7 +44,7 @@ class SelectionRules {
     void bareModel();                                   // 19
     void flammableRefrigerant();                        // 20
 
-    bool raisedPowerLimit(const char* variable);
+    bool raisedPowerLimit(var variable);
 
     clsCompressor& compressor_;
     const clsProjectConditions& conditions_;

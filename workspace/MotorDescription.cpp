@@ -29,9 +29,9 @@ QString supply(const clsMotor& motor) {
 }
 
 /// A variable of the calculation, or nothing: a calculation that stopped early has none.
-QString variable(const clsVariables& variables, const char* name, QStringView pattern) {
-    if (!variables.Exist(name) || !variables.Item(name).isNumber()) return {};
-    return formatNumber(variables(name), pattern);
+QString shown(const clsVariables& variables, var variable, QStringView pattern) {
+    if (!variables.isSet(variable)) return {};
+    return formatNumber(variables[variable], pattern);
 }
 
 void replace(QString& text, const QString& token, const QString& value) {
@@ -54,9 +54,9 @@ QString MotorDescription(QString text, const clsCompressor& compressor, bool isI
     replace(text, QStringLiteral("@Motor.VoltageDescription"), supply(motor));
     replace(text, QStringLiteral("@Motor.NominalPower"), fromCore(motor.NominalPower));
     replace(text, QStringLiteral("@cps.startmode"), startMode(compressor.StartMode));
-    replace(text, QStringLiteral("@Motor.Lra1"), variable(variables, "Lra1", u"#0"));
-    replace(text, QStringLiteral("@Motor.Lra2"), variable(variables, "Lra2", u"#0"));
-    replace(text, QStringLiteral("@Cps.Fla"), variable(variables, "Fla", u"#"));
+    replace(text, QStringLiteral("@Motor.Lra1"), shown(variables, var::Lra1, u"#0"));
+    replace(text, QStringLiteral("@Motor.Lra2"), shown(variables, var::Lra2, u"#0"));
+    replace(text, QStringLiteral("@Cps.Fla"), shown(variables, var::Fla, u"#"));
     if (isInverter) replace(text, QStringLiteral("@cps.VI"), fromCore(compressor.VI));
     return text;
 }

@@ -16,9 +16,7 @@ namespace {
 
 /// True when the economized cycle found no solution for the compressor.
 bool isStoppedByEconomizer(const clsCompressor& compressor) {
-    if (!compressor.Variables.Exist("EcoOK")) return false;
-    const clsVariable& variable = compressor.Variables.Item("EcoOK");
-    return variable.isNumber() && variable.number() == -1;
+    return compressor.Variables.isSet(var::EcoOK) && compressor.Variables[var::EcoOK] == -1;
 }
 
 QString patternOf(const QString& key) {
@@ -36,11 +34,11 @@ bool needsEconomizerPort(const QString& key) {
 double valueOf(clsCompressor& compressor, const QString& key) {
     const clsVariables& variables = compressor.Variables;
     if (needsEconomizerPort(key) && !compressor.Economizer.hasPort()) return 0;
-    if (key == u"q0btu") return variables("q0");
-    if (key == u"qeco" || key == u"qecobtu") return variables("Q0") + variables("qeco");
+    if (key == u"q0btu") return variables[var::Q0];
+    if (key == u"qeco" || key == u"qecobtu") return variables[var::Q0] + variables[var::Qeco];
     if (key == u"@fla") return compressor.Fla;
-    if (key == u"@lra1") return variables("lra1");
-    if (key == u"@lra2") return variables("lra2");
+    if (key == u"@lra1") return variables[var::Lra1];
+    if (key == u"@lra2") return variables[var::Lra2];
     return variables(toCore(key));
 }
 
@@ -110,8 +108,8 @@ double imperialValue(double value, const clsOutput& output) {
 /// Adds the power per ton of refrigeration, which only this list knows.
 void addPowerPerTon(clsCompressor& compressor) {
     if (compressor.Variables.Exist("ikw/ton")) return;
-    const double tons = clsConvert().ConvertValue(compressor.Variables("q0"), conversion::kilowattsToTons);
-    if (tons != 0) compressor.Variables.add("ikw/ton", compressor.Variables("Pta") / tons);
+    const double tons = clsConvert().ConvertValue(compressor.Variables[var::Q0], conversion::kilowattsToTons);
+    if (tons != 0) compressor.Variables.add("ikw/ton", compressor.Variables[var::Pta] / tons);
 }
 
 }  // namespace

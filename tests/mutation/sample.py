@@ -183,7 +183,8 @@ def prepare(jobs, rooms, without):
     """The copy, built and found sound, and its test programs with the time that each takes."""
     refresh_copy()
     print("building the copy", flush=True)
-    for command in (["cmake", "-S", str(COPY), "-B", str(BUILD), "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release"],
+    for command in (["cmake", "-S", str(COPY), "-B", str(BUILD), "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",
+                     "-DMARVELLO_DEMO=ON"],
                     ["ninja", "-C", str(BUILD), "-j", str(jobs)]):
         status, output = run(command, None)
         if status != 0:

@@ -261,6 +261,7 @@ std::vector<Fault> faultsOfParameterSets() {
         {rows, "2,cmbEco", value, "Tag1=1|One;2|Two", "does not offer the key \"0\"", "tParametersRows.csv:"},
         {rows, "2,lvCps", value, "Tag=Q0|Capacity|kW|0", "the column \"Q0|Capacity|kW|0\" has 4 pieces"},
         {rows, "2,lvCps", value, "Tag=Q0|Capacity|kW|x|7", "the column \"Q0\" is shown when \"7\""},
+        {rows, "2,lvCps", value, "Tag=Q00|Capacity|kW|x|0", "the column \"Q00\" is no variable"},
         {rows, "2,lvCps", value, "Tag=Q0|Capacity|kW|x|0;q0|Again|kW|x|0", "the column \"q0\" stands twice"},
     };
 }

@@ -6,6 +6,7 @@
 #include <regex>
 #include <set>
 
+#include "catalogue/Variables.h"
 #include "catalogue/clsInverter.h"
 #include "data/clsApplication.h"
 #include "tools/catalogue/Check.h"
@@ -56,6 +57,9 @@ std::string faultOfColumns(const std::string& list) {
                    " pieces; write \"key|name|unit|description|when\"";
         if (trimmed(parts[0]).empty() || trimmed(parts[1]).empty())
             return "the column \"" + told + "\" lacks its key or its name";
+        if (!variableNamed(trimmed(parts[0])) && !isOwnColumn(trimmed(parts[0])))
+            return "the column \"" + trimmed(parts[0]) +
+                   "\" is no variable of the calculation; docs/variables.md lists them";
         const std::string when = trimmed(parts[4]);
         if (when.size() != 1 || when[0] < '0' || when[0] > '4')
             return "the column \"" + trimmed(parts[0]) + "\" is shown when \"" + when +

@@ -18,6 +18,11 @@ std::span<const AppliedSet> appliedSets() {
     return all;
 }
 
+bool isOwnColumn(std::string_view key) {
+    constexpr std::array<std::string_view, 6> own{"Q0Btu", "QecoBtu", "ikw/ton", "@Fla", "@Lra1", "@Lra2"};
+    return std::ranges::any_of(own, [key](auto each) { return equalIgnoringCase(each, key); });
+}
+
 bool offersCapacitySteps(std::string_view series) {
     constexpr std::array<std::string_view, 4> stepped{"tk-a", "tk-a(p)", "tk-a(q)", "tk-a(v)"};
     return std::ranges::find(stepped, lowered(series)) != stepped.end();

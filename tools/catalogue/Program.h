@@ -25,6 +25,9 @@ std::span<const AppliedSet> appliedSets();
 /// The fKey of the sets "catalog", one a series-model.
 inline constexpr std::string_view technicalDataKey = "eng";
 
+/// Whether the results list makes the column itself, besides those that are variables of the calculation.
+bool isOwnColumn(std::string_view key);
+
 /// Whether the forms offer the capacity steps 75, 50 and 25 for the series.
 bool offersCapacitySteps(std::string_view series);
 

@@ -8,7 +8,7 @@
 
 #include "reports/pdf/PdfNumber.h"
 #include "tests/reports/pdf/PdfFile.h"
-#include "tools/pdf/Showcase.h"
+#include "tests/reports/pdf/Showcase.h"
 
 namespace marvello::test {
 namespace {

@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "tests/reports/pdf/PdfFile.h"
+#include "tests/reports/pdf/Showcase.h"
 #include "tests/tools/CallProgram.h"
-#include "tools/pdf/Showcase.h"
 
 namespace marvello::test {
 namespace {

@@ -1,0 +1,155 @@
+// marvello-pictures: takes the photos and draws the dimension drawings of the compressors; see README.md.
+#include <CLI/CLI.hpp>
+#include <QDir>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <chrono>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "controls/Look.h"
+#include "controls/Metafile.h"
+#include "demo/pictures/Bodies.h"
+#include "demo/pictures/Design.h"
+#include "demo/pictures/DimensionDrawing.h"
+#include "demo/pictures/Machine.h"
+#include "demo/pictures/Photo.h"
+
+using namespace marvello::pictures;
+
+namespace {
+
+struct PhotoOptions {
+    std::string folder;
+    std::vector<std::string> series;
+    bool preview = false;
+};
+
+void savePhoto(const PhotoOptions& options, const std::string& name, const Scene& scene, const View& view) {
+    const auto begin = std::chrono::steady_clock::now();
+    const QSize size = options.preview ? QSize(435, 300) : QSize(870, 600);
+    const QImage image = photoOf(scene, view, size, options.preview ? 9 : 16);
+    const auto file = std::filesystem::path(options.folder) / (name + ".jpg");
+    if (!image.save(QString::fromStdString(file.string()), "jpg", 86))
+        throw std::runtime_error(file.string() + " cannot be written.");
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
+    std::cout << file.filename().string() << "  " << std::filesystem::file_size(file) / 1024 << " kB, "
+              << taken.count() << " s" << std::endl;
+}
+
+void takePhotos(const PhotoOptions& options, const std::string& plans) {
+    std::filesystem::create_directories(options.folder);
+    const auto wanted = [&](const std::string& name) {
+        return options.series.empty() ||
+               std::find(options.series.begin(), options.series.end(), name) != options.series.end();
+    };
+    const auto all = readBodies(plans);
+    for (const auto& series : all) {
+        if (!wanted(series.serie)) continue;
+        const Design design = designOf(series.serie, series.typical());
+        savePhoto(options, series.serie, machineOf(design), viewOf(design));
+    }
+    if (wanted("Kestrom")) {
+        const Design design = designOf("TK-A", all.front().typical());
+        savePhoto(options, "Kestrom", standInOf(design), viewOf(design));
+    }
+}
+
+void saveDrawings(const std::string& folder, const std::string& plans) {
+    std::filesystem::create_directories(folder);
+    for (const auto& series : readBodies(plans)) {
+        const auto file = std::filesystem::path(folder) / (series.serie + ".wmf");
+        const auto bytes = dimensionDrawing(series);
+        std::ofstream stream(file, std::ios::binary);
+        stream.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+        if (!stream.flush()) throw std::runtime_error(file.string() + " cannot be written.");
+    }
+}
+
+/// Plays a metafile on white into a picture.
+void showMetafile(const std::string& from, const std::string& to, int width) {
+    const auto metafile = marvello::Metafile::load(QString::fromStdString(from));
+    if (metafile.isNull()) throw std::runtime_error(from + " is no placeable metafile.");
+    QImage image(width, static_cast<int>(width * metafile.size().height() / metafile.size().width()),
+                 QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    metafile.draw(painter, image.rect());
+    painter.end();
+    if (!image.save(QString::fromStdString(to))) throw std::runtime_error(to + " cannot be written.");
+}
+
+/// Puts the photos of a folder side by side.
+void saveSheet(const std::string& folder, const std::string& file) {
+    const QStringList names =
+        QDir(QString::fromStdString(folder)).entryList({"*.jpg"}, QDir::Files, QDir::Name);
+    constexpr int columns = 4, width = 330, height = 228, gap = 6;
+    const int rows = (static_cast<int>(names.size()) + columns - 1) / columns;
+    QImage sheet(columns * (width + gap) - gap, rows * (height + 22 + gap) - gap, QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    painter.setFont(marvello::lookFont(14));
+    for (int i = 0; i < names.size(); ++i) {
+        const QPoint place(i % columns * (width + gap), i / columns * (height + 22 + gap));
+        const QImage photo(QString::fromStdString(folder) + '/' + names[i]);
+        if (photo.isNull()) throw std::runtime_error(names[i].toStdString() + " is no picture.");
+        painter.drawImage(place,
+                          photo.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        painter.drawText(QRect(place + QPoint(4, height), QSize(width, 22)), Qt::AlignVCenter,
+                         names[i].chopped(4));
+    }
+    painter.end();
+    if (!sheet.save(QString::fromStdString(file), nullptr, 72))
+        throw std::runtime_error(file + " cannot be written.");
+}
+
+int run(int argc, char** argv) {
+    CLI::App program("Takes the photos and draws the dimension drawings of the compressors.");
+    std::string plans = MARVELLO_PLANS;
+    program.add_option("--plans", plans, "folder with series.csv, bodies.csv and models.csv")
+        ->check(CLI::ExistingDirectory);
+    program.require_subcommand(1);
+    PhotoOptions photos;
+    CLI::App* take = program.add_subcommand("photos", "takes the photos");
+    take->add_option("folder", photos.folder)->required();
+    take->add_option("--series", photos.series, "only these");
+    take->add_flag("--preview", photos.preview, "small and grainy, for a quick look");
+    std::string folder, file;
+    CLI::App* sheet =
+        program.add_subcommand("sheet", "puts the photos of a folder side by side into a picture");
+    sheet->add_option("folder", folder)->required()->check(CLI::ExistingDirectory);
+    sheet->add_option("file", file)->required();
+    CLI::App* draw = program.add_subcommand("drawings", "draws the dimension drawings");
+    draw->add_option("folder", folder)->required();
+    CLI::App* show = program.add_subcommand("show", "shows a metafile as a picture");
+    int width = 1200;
+    show->add_option("metafile", folder)->required();
+    show->add_option("file", file)->required();
+    show->add_option("--width", width, "of the picture in pixels")->check(CLI::Range(100, 8000));
+    CLI11_PARSE(program, argc, argv);
+    if (take->parsed()) takePhotos(photos, plans);
+    if (sheet->parsed()) saveSheet(folder, file);
+    if (draw->parsed()) saveDrawings(folder, plans);
+    if (show->parsed()) showMetafile(folder, file, width);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    try {
+        return run(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+}
