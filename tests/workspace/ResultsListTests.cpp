@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "workspace/ListOrder.h"
 #include "workspace/UnitTexts.h"
 
 using namespace marvello;
@@ -150,4 +151,27 @@ TEST(UnitTexts, ConvertsTechnicalDataThatHaveAMetricUnit) {
     expect("100 / 75 / 50 / 25 %", "100 / 75 / 50 / 25 %");
     expect("DN 80", "DN 80");
     expect("970 – 3500 min⁻¹", "970 – 3500 min⁻¹");
+}
+
+TEST(ListOrderTest, SortsNamesByTheNumbersInThemAndNumbersAsNumbers) {
+    QLocale::setDefault(english);
+    const QStringList columns{"compressor", "Q0"};
+    const auto sorted = [&](const char* column, int clicks) {
+        std::vector<ResultsView::Row> rows{{"1", "", "TK-A-120", "", "", {"9.5"}},
+                                           {"2", "", "TK-A-90", "", "", {""}},
+                                           {"3", "", "TK-A-1000", "", "", {"81.0"}},
+                                           {"4", "", "TK-A-100", "", "", {"81.0"}}};
+        ListOrder order;
+        for (int click = 0; click < clicks; ++click) order.clicked(column);
+        order.sort(rows, columns);
+        QString keys;
+        for (const auto& row : rows) keys += row.key;
+        return keys;
+    };
+    EXPECT_EQ(sorted("compressor", 1), "2413");
+    EXPECT_EQ(sorted("compressor", 2), "3142");
+    EXPECT_EQ(sorted("compressor", 3), "1234");
+    EXPECT_EQ(sorted("Q0", 1), "1342");  // without a value last, equal ones in their order
+    EXPECT_EQ(sorted("Q0", 2), "3412");
+    QLocale::setDefault(QLocale::c());
 }
