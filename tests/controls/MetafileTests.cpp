@@ -28,6 +28,8 @@ constexpr std::uint16_t deleteObject = 0x01F0, rectangle = 0x041B, polygon = 0x0
 
 constexpr QRgb red = 0xFFFF0000, green = 0xFF00FF00, white = 0xFFFFFFFF;
 
+std::uint16_t minus(int value) { return static_cast<std::uint16_t>(-value); }
+
 QImage drawn(const QByteArray& bytes, QSize size = {200, 100}) {
     QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::white);
@@ -156,6 +158,26 @@ TEST(Metafile, IsDrawnInShortTimeWhateverItSays) {
     for (int i = 0; i < 100; ++i) file.add(polygon, zigzag).add(lineTo, {0x7FFF, 0x8000}).add(moveTo, {0, 0});
     for (int i = 0; i < 2000; ++i) file.add(textOut, {4, 'W' | 'W' << 8, 'W' | 'W' << 8, 0, 0});
     drawn(file.bytes());
+}
+
+TEST(Metafile, LeavesOutTheTextsThatTakeLongerThanADrawingMay) {
+    // Twenty times its height for each letter counts against 20,000 diagonals of 223.6: 4.472 million. A
+    // thousand letters of 100 take 2 million, so that the third text has no room.
+    File file;
+    file.add(createFont, {minus(100), 0, 0, 0, 400, 0, 0, 0, 0, 'A'}).add(selectObject, {1});
+    Words longest{1000};
+    longest.insert(longest.end(), 500, 'I' | 'I' << 8);
+    const auto text = [&](int count) {
+        File texts = file;
+        for (int i = 0; i < count; ++i) {
+            Words placed = longest;
+            placed.insert(placed.end(), {0, static_cast<std::uint16_t>(60 * i)});
+            texts.add(0x0209, {static_cast<std::uint16_t>(i == 2 ? 0xFF : 0), 0}).add(textOut, placed);
+        }
+        return drawn(texts.bytes());
+    };
+    EXPECT_NE(text(2), text(1));
+    EXPECT_EQ(text(3), text(2));
 }
 
 TEST(Metafile, SurvivesAnyChangedByte) {

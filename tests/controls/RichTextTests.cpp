@@ -44,6 +44,13 @@ TEST_F(RichTextTest, KeepsFormatsWithinTheirGroup) {
     EXPECT_EQ(formatOf("again").intProperty(QTextFormat::FontPixelSize), 16);
 }
 
+TEST_F(RichTextTest, OpensNoParagraphAfterTheLast) {
+    EXPECT_EQ(plain("{\\rtf1 one\\par}"), "one");
+    EXPECT_EQ(plain("{\\rtf1 one\\par x}"), "one\nx");
+    EXPECT_EQ(plain("{\\rtf1 one\\par\\par}"), "one\n");
+    EXPECT_EQ(plain("{\\rtf1 }"), "");
+}
+
 TEST_F(RichTextTest, KeepsColoursAndParagraphs) {
     EXPECT_EQ(plain("{\\rtf1{\\colortbl;\\red200\\green16\\blue0;}one\\par\\pard\\qc\\li300\\fi-150\\sa60 "
                     "{\\cf1 two}\\par\\pard three\\par}"),

@@ -98,6 +98,10 @@ void write(const QImage& image, const QString& file) {
     if (!writer.write(written)) ADD_FAILURE() << qPrintable(file + ": " + writer.errorString());
 }
 
+QString fileOf(const QString& beside, const char* kind) {
+    return QStringLiteral("%1.%2.png").arg(beside, QLatin1String(kind));
+}
+
 }  // namespace
 
 std::optional<Difference> difference(const QImage& painted, const QImage& reference) {
@@ -131,14 +135,16 @@ void expectPicture(const QString& name, const QImage& painted) {
     const QString file = references + u'/' + name + QStringLiteral(".png");
     const QImage picture = painted.convertToFormat(QImage::Format_RGB32);
     const QImage reference(file);
+    const QString beside = left + u'/' + name;
+    for (const char* kind : {"painted", "reference", "difference"})
+        QFile::remove(fileOf(beside, kind));  // of an earlier run
     const auto found = reference.isNull() ? Difference{0, {}, {}} : difference(picture, reference);
     if (!found) return;
     if (isRenewing) return write(rounded(picture), file);
     QDir().mkpath(left);
-    const QString beside = left + u'/' + name;
-    write(picture, beside + QStringLiteral(".painted.png"));
-    if (!reference.isNull()) write(reference, beside + QStringLiteral(".reference.png"));
-    if (!found->picture.isNull()) write(found->picture, beside + QStringLiteral(".difference.png"));
+    write(picture, fileOf(beside, "painted"));
+    if (!reference.isNull()) write(reference, fileOf(beside, "reference"));
+    if (!found->picture.isNull()) write(found->picture, fileOf(beside, "difference"));
     const QRect at = found->around;
     ADD_FAILURE() << qPrintable(
         name +
