@@ -17,7 +17,7 @@
 #include "fluids/FluidFile.h"
 #include "fluids/MixtureFile.h"
 #include "fluids/Phase.h"
-#include "fluids/Refprop.h"
+#include "fluids/RefpropSession.h"
 
 namespace {
 
@@ -25,19 +25,15 @@ std::atomic<std::size_t> allocations = 0;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+[[gnu::noinline]] void* operator new(std::size_t size) {
     ++allocations;
     if (void* memory = std::malloc(size)) return memory;
     throw std::bad_alloc();
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
-
-constexpr std::size_t mostComponents = 20;
-constexpr std::int32_t errorLength = 255;
-using Fractions = std::array<double, mostComponents>;
 
 struct Refrigerant {
     const char* name;
@@ -51,60 +47,26 @@ const std::array<Refrigerant, 3> refrigerants{{
     {"R407C", {"R32.FLD", "R125.FLD", "R134A.FLD"}, {0.23, 0.25, 0.52}},
 }};
 
-/// The library's buffers as a caller has them.
-struct Caller {
-    double t = 0, p = 0, D = 0, Dl = 0, Dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
-    Fractions z{}, x{}, y{};
-    std::int32_t ierr = 0;
-    std::array<char, errorLength> herr{};
+/// A session and its last state.
+struct Caller : marvello::RefpropState {
+    marvello::RefpropSession session{marvello::linkedRefprop()};
 
     void check() const {
-        if (ierr == 0) return;
-        std::cerr << std::string(herr.data(), herr.size()) << '\n';
+        if (answer.code == 0) return;
+        std::cerr << answer.sentence << '\n';
         std::exit(EXIT_FAILURE);
     }
     void setUp(const Refrigerant& refrigerant) {
-        std::string files;
-        for (const std::string& file : refrigerant.files)
-            files += (files.empty() ? "" : "|") + ("Fluids\\" + file);
-        files.resize(10000, ' ');
-        std::string mix = "Fluids\\hmx.bnc";
-        mix.resize(255, ' ');
-        const auto count = static_cast<std::int32_t>(refrigerant.files.size());
-        SETUPdll(&count, files.data(), mix.data(), "DEF", &ierr, herr.data(), 10000, 255, 3, errorLength);
-        check();
-        Fractions mass{};
-        std::copy(refrigerant.massFractions.begin(), refrigerant.massFractions.end(), mass.begin());
-        double molarMass = 0;
-        XMOLEdll(mass.data(), z.data(), &molarMass);
-        const std::int32_t flag = count == 1 ? 1 : 2;
-        const double zero = 0;
-        SETREFdll("DEF", &flag, z.data(), &zero, &zero, &zero, &zero, &ierr, herr.data(), 3, errorLength);
+        answer = session.setUp(refrigerant.files, refrigerant.massFractions);
         check();
     }
-    void saturationAtT(double at, std::int32_t side) {
-        SATTdll(&at, z.data(), &side, &p, &Dl, &Dv, x.data(), y.data(), &ierr, herr.data(), errorLength);
-    }
-    void saturationAtP(double at, std::int32_t side) {
-        SATPdll(&at, z.data(), &side, &t, &Dl, &Dv, x.data(), y.data(), &ierr, herr.data(), errorLength);
-    }
-    void atTP(double atT, double atP) {
-        TPFLSHdll(&atT, &atP, z.data(), &D, &Dl, &Dv, x.data(), y.data(), &q, &e, &h, &s, &cv, &cp, &w, &ierr,
-                  herr.data(), errorLength);
-    }
-    void atPH(double atP, double atH) {
-        PHFLSHdll(&atP, &atH, z.data(), &t, &D, &Dl, &Dv, x.data(), y.data(), &q, &e, &s, &cv, &cp, &w, &ierr,
-                  herr.data(), errorLength);
-    }
-    void atPS(double atP, double atS) {
-        PSFLSHdll(&atP, &atS, z.data(), &t, &D, &Dl, &Dv, x.data(), y.data(), &q, &e, &h, &cv, &cp, &w, &ierr,
-                  herr.data(), errorLength);
-    }
-    void atTS(double atT, double atS) {
-        const std::int32_t root = 0;
-        TSFLSHdll(&atT, &atS, z.data(), &root, &p, &D, &Dl, &Dv, x.data(), y.data(), &q, &e, &h, &cv, &cp, &w,
-                  &ierr, herr.data(), errorLength);
-    }
+    void take(const marvello::RefpropState& state) { RefpropState::operator=(state); }
+    void saturationAtT(double at, std::int32_t side) { take(session.saturationAtT(at, side, *this)); }
+    void saturationAtP(double at, std::int32_t side) { take(session.saturationAtP(at, side, *this)); }
+    void atTP(double atT, double atP) { take(session.atTP(atT, atP, *this)); }
+    void atPH(double atP, double atH) { take(session.atPH(atP, atH, *this)); }
+    void atPS(double atP, double atS) { take(session.atPS(atP, atS, *this)); }
+    void atTS(double atT, double atS) { take(session.atTS(atT, atS, *this)); }
 };
 
 /// Walks a value over a range, so that no answer can be remembered from the call before.

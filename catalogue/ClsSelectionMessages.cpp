@@ -23,7 +23,7 @@ std::string clsMessage::Description() const {
 }
 
 void clsMessages::add(const std::string& Name, const std::string& format,
-                      const std::vector<MessageArgument>& arguments) {
+                      const std::vector<MessageArgument>& arguments, std::string cause) {
     std::vector<std::string> texts;
     for (const MessageArgument& argument : arguments) {
         const auto* number = std::get_if<double>(&argument);
@@ -31,6 +31,7 @@ void clsMessages::add(const std::string& Name, const std::string& format,
     }
     clsMessage message;
     message.Name = Name;
+    message.Cause = std::move(cause);
     message.Format(format, std::move(texts));
     messages_.push_back(std::move(message));
 }

@@ -13,7 +13,8 @@ using MessageArgument = std::variant<std::string, double>;
 /// language.
 class clsMessage {
   public:
-    std::string Name;  ///< The dictionary key.
+    std::string Name;   ///< The dictionary key.
+    std::string Cause;  ///< What failed: variable, call and the library's own sentence; mostly empty.
 
     /// Stores a format and its arguments.
     void Format(std::string format, std::vector<std::string> arguments);
@@ -33,7 +34,7 @@ class clsMessage {
 class clsMessages {
   public:
     void add(const std::string& Name, const std::string& format,
-             const std::vector<MessageArgument>& arguments = {});
+             const std::vector<MessageArgument>& arguments = {}, std::string cause = {});
     /// By position from 1. Raises std::out_of_range.
     const clsMessage& Item(int index) const;
     int Count() const { return static_cast<int>(messages_.size()); }

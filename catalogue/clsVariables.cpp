@@ -1,6 +1,7 @@
 #include "catalogue/clsVariables.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "data/Arithmetic.h"
 #include "data/Texts.h"
@@ -48,6 +49,9 @@ double clsVariables::operator[](var variable) const {
 }
 
 void clsVariables::set(var variable, VariableValue value) {
+    if (const auto* number = std::get_if<double>(&value); number != nullptr && !std::isfinite(*number))
+        throw ArithmeticFault(std::string(definitionOf(variable).name) +
+                              " is no finite number: a division by zero or a result out of range.");
     if (clsVariable* entry = find(variable)) {
         entry->setValue(std::move(value));
         return;

@@ -17,7 +17,7 @@ constexpr int padding = 9;
 constexpr int side = 16;
 constexpr int gap = 10;
 
-enum Role { tagRole = Qt::UserRole, markRole };
+enum Role { tagRole = Qt::UserRole, markRole, causeRole };
 
 class MessageDelegate : public QStyledItemDelegate {
   public:
@@ -25,10 +25,8 @@ class MessageDelegate : public QStyledItemDelegate {
 
     QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
         const int width = list_->viewport()->width();
-        const QRect text = QFontMetrics(lookFont())
-                               .boundingRect(QRect(0, 0, textWidth(width), 10000), Qt::TextWordWrap,
-                                             index.data().toString());
-        return {width, std::max(markSize, text.height()) + 2 * padding};
+        const int lines = textHeight(index, Qt::DisplayRole, width) + textHeight(index, causeRole, width);
+        return {width, std::max(markSize, lines) + 2 * padding};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -40,14 +38,27 @@ class MessageDelegate : public QStyledItemDelegate {
         painter->fillRect(QRect(row.left(), row.bottom(), row.width(), 1), look.line);
         paintMark(*painter, QRect(row.left() + side, row.top() + padding, markSize, markSize),
                   index.data(markRole).toString());
+        QRect text(row.left() + side + markSize + gap, row.top() + padding, textWidth(row.width()),
+                   row.height() - 2 * padding);
+        text.setHeight(text.height() - textHeight(index, causeRole, row.width()));
         painter->setPen(look.text);
         painter->setFont(lookFont());
-        const QRect text(row.left() + side + markSize + gap, row.top() + padding, textWidth(row.width()),
-                         row.height() - 2 * padding);
         painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, index.data().toString());
+        painter->setPen(look.muted);
+        text.setRect(text.left(), text.bottom() + 1, text.width(), row.height());
+        painter->drawText(text, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
+                          index.data(causeRole).toString());
     }
 
   private:
+    /// 0 for a row without that text.
+    static int textHeight(const QModelIndex& index, int role, int width) {
+        const QString text = index.data(role).toString();
+        if (text.isEmpty()) return 0;
+        const QRect room(0, 0, textWidth(width), 10000);
+        return QFontMetrics(lookFont()).boundingRect(room, Qt::TextWordWrap, text).height();
+    }
+
     static int textWidth(int width) { return std::max(40, width - 2 * side - markSize - gap); }
 
     QListWidget* list_;
@@ -64,10 +75,15 @@ MessagesView::MessagesView(QWidget* parent) : QListWidget(parent) {
 }
 
 void MessagesView::addMessage(const QString& mark, const QString& markText, const QString& text,
-                              const QString& tag) {
+                              const QString& tag, const QStringList& causes) {
     auto* item = new QListWidgetItem(text, this);
     item->setData(tagRole, tag);
     item->setData(markRole, mark);
+    if (!causes.isEmpty()) {
+        item->setData(causeRole, causes.first());
+        item->setToolTip(causes.join(u'\n'));
+        item->setData(Qt::AccessibleDescriptionRole, item->toolTip());
+    }
     if (!markText.isEmpty())
         item->setData(Qt::AccessibleTextRole, QStringLiteral("%1: %2").arg(markText, text));
 }

@@ -12,8 +12,10 @@ class MessagesView : public QListWidget {
     explicit MessagesView(QWidget* parent = nullptr);
 
     /// `mark` is "msgerror", "msgattention" or "msginformation"; `tag` is kept with the row.
-    /// `markText` is what the mark says, for a screen reader.
-    void addMessage(const QString& mark, const QString& markText, const QString& text, const QString& tag);
+    /// `markText` is what the mark says, for a screen reader. `causes` are what failed: the first is a quiet
+    /// line below the text, all are its tool tip.
+    void addMessage(const QString& mark, const QString& markText, const QString& text, const QString& tag,
+                    const QStringList& causes = {});
     void setEmptyText(const QString& text);
     QString tag(int row) const;
     QString mark(int row) const;

@@ -4,14 +4,17 @@
 #include "data/Hooks.h"
 #include "engine/EconomizerCalculation.h"
 #include "engine/MotorCurrent.h"
-#include "engine/Statements.h"
 #include "engine/Units.h"
 
 namespace marvello {
 
-EconomizerCalculation::EconomizerCalculation(clsCompressor& compressor, clsRefprop& refprop,
-                                             formTimeout& timeout)
-    : compressor_(compressor), refprop_(refprop), timeout_(timeout), v_(compressor.Variables) {}
+EconomizerCalculation::EconomizerCalculation(clsCompressor& compressor, const States& states,
+                                             formTimeout& timeout, Statements& statements)
+    : compressor_(compressor),
+      states_(states),
+      timeout_(timeout),
+      statements_(statements),
+      v_(compressor.Variables) {}
 
 void EconomizerCalculation::trySet(var variable, const std::function<double()>& value) {
     Statements::attemptSilently([&] { set(variable, value()); });
@@ -23,7 +26,8 @@ void EconomizerCalculation::turn() {
 }
 
 void EconomizerCalculation::noSolution() {
-    compressor_.Messages.Error.add("messages.message26", "messages.message26");
+    compressor_.Messages.Error.add("messages.message26", "messages.message26", {},
+                                   statements_.undefinedStates());
 }
 
 void EconomizerCalculation::CalculateEconomizer() {
@@ -46,7 +50,7 @@ void EconomizerCalculation::CalculateEconomizer() {
     writeMotorCurrent(v_, compressor_.Motor, var::PtaEco, var::CAECO);
     oilLoad();
     set(var::CopEco, (v_[var::Q0] + v_[var::Qeco]) / v_[var::PtaEco]);
-    set(var::TSat, saturationTemperature(v_[var::Peco], saturation::dew));
+    set(var::TSat, states_.dewTemperature(v_[var::Peco]));
     if (mode == 1) checkApproach();
 }
 
@@ -69,24 +73,24 @@ bool EconomizerCalculation::isCapacityWithinReach() {
 
 void EconomizerCalculation::efficiencies() {
     set(var::Mev, v_[var::Q0] * secondsPerHour / (v_[var::Hga] - v_[var::H3]));
-    set(var::T2Iso, temperatureOfEntropy(v_[var::Pc], v_[var::Sga]));
-    set(var::H2Iso, enthalpyOfEntropy(v_[var::Pc], v_[var::Sga]));
+    set(var::T2Iso, states_.temperatureAtEntropy(v_[var::Pc], v_[var::Sga]));
+    set(var::H2Iso, states_.enthalpyAtEntropy(v_[var::Pc], v_[var::Sga]));
     set(var::EtaIso, v_[var::Mev] * (v_[var::H2Iso] - v_[var::Hga]) / (v_[var::Pta] * secondsPerHour));
     // The discharge without cooling again, this time without the correction of the catalogue.
     const clsPolynomialSh& surface = compressor_.PolynomialSh;
     set(var::T21, surface.at(v_[var::Ted], v_[var::Tcd]) + v_[var::Sh] - surface.Sh);
-    set(var::H21, H(v_[var::T21], v_[var::Pc]));
+    set(var::H21, states_.enthalpy(v_[var::T21], v_[var::Pc]));
     set(var::EtaComp, v_[var::EtaIso] * (v_[var::H21] - v_[var::Hga]) / (v_[var::H2Iso] - v_[var::Hga]));
     set(var::EtaComp1, v_[var::EtaComp] * 1.05);
 }
 
 void EconomizerCalculation::portState() {
     set(var::P9, v_[var::Pe] * compressor_.Economizer.KForo);
-    set(var::H9Iso, enthalpyOfEntropy(v_[var::P9], v_[var::Sga]));
+    set(var::H9Iso, states_.enthalpyAtEntropy(v_[var::P9], v_[var::Sga]));
     set(var::H9, v_[var::Hga] + (v_[var::H9Iso] - v_[var::Hga]) * v_[var::EtaComp] / v_[var::EtaIso]);
-    set(var::T9, temperatureOfEnthalpy(v_[var::P9], v_[var::H9]));
-    set(var::T9D, saturationTemperature(v_[var::P9], saturation::dew));
-    set(var::D9D, refprop_.Density(v_[var::P9], property::pressure, saturation::dew));
+    set(var::T9, states_.temperatureAtEnthalpy(v_[var::P9], v_[var::H9]));
+    set(var::T9D, states_.dewTemperature(v_[var::P9]));
+    set(var::D9D, states_.dewDensity(v_[var::P9]));
 }
 
 void EconomizerCalculation::power() {
@@ -99,7 +103,7 @@ void EconomizerCalculation::power() {
 void EconomizerCalculation::oilLoad() {
     set(var::Pcool, 0.0);
     if (v_[var::T2] <= v_[var::OC]) return;
-    set(var::H2cool, H(v_[var::OC], v_[var::Pc]));
+    set(var::H2cool, states_.enthalpy(v_[var::OC], v_[var::Pc]));
     set(var::Pcool, (v_[var::meco] + v_[var::Mev]) * (v_[var::h2] - v_[var::H2cool]) / secondsPerHour);
     set(var::Pra, v_[var::Pcool]);
 }

@@ -24,11 +24,11 @@ constexpr double inverterMargin = 1.15;
 CompressorCalculation::CompressorCalculation(clsCompressor& compressor, clsRefprop& refprop,
                                              const clsProjectConditions& conditions, formTimeout& timeout)
     : compressor_(compressor),
-      refprop_(refprop),
+      states_(refprop),
       conditions_(conditions),
       timeout_(timeout),
       v_(compressor.Variables),
-      statements_(compressor.Messages.Error),
+      statements_(compressor, refprop),
       rules_(compressor, conditions, statements_) {}
 
 void CompressorCalculation::run() {
@@ -39,8 +39,9 @@ void CompressorCalculation::run() {
 }
 
 void CompressorCalculation::calculateInEnvelope() {
-    statements_.attempt(
-        [this] { around_ = compressor_.limits.GetLimitsFromPoint(v_[var::Ted], v_[var::Tcd]); });
+    statements_.attempt("GetLimitsFromPoint", [this] {
+        around_ = compressor_.limits.GetLimitsFromPoint(v_[var::Ted], v_[var::Tcd]);
+    });
     if (around_.Count() == 0) {
         compressor_.Messages.Error.add("messages.message01", "messages.message01");
         return;
@@ -67,6 +68,7 @@ void CompressorCalculation::calculateInEnvelope() {
     economizer();
     condenser();
     rules_.closingRules();
+    statements_.warnOfUndefinedStates();
 }
 
 void CompressorCalculation::preparation() {
@@ -95,22 +97,20 @@ void CompressorCalculation::inputVariables() {
 }
 
 void CompressorCalculation::saturationVariables() {
-    let(var::Pe, [&] { return refprop_.Pressure(v_[var::Ted], saturation::dew); });
+    let(var::Pe, [&] { return states_.dewPressure(v_[var::Ted]); });
     // Kept: the pressure goes in where a temperature belongs, so this is not the bubble temperature at Pe.
-    let(var::Teb, [&] { return refprop_.Pressure(v_[var::Pe], saturation::bubble); });
+    let(var::Teb, [&] { return states_.bubblePressure(v_[var::Pe]); });
     let(var::Tem, [&] { return ((v_[var::Teb] - v_[var::Sc]) + v_[var::Ted]) / 2; });
-    let(var::Pc, [&] { return refprop_.Pressure(v_[var::Tcd], saturation::dew); });
-    let(var::Tcb, [&] { return saturationTemperature(v_[var::Pc], saturation::bubble); });
+    let(var::Pc, [&] { return states_.dewPressure(v_[var::Tcd]); });
+    let(var::Tcb, [&] { return states_.bubbleTemperature(v_[var::Pc]); });
     let(var::Tcm, [&] { return ((v_[var::Tcb] - v_[var::Sc]) + v_[var::Tcd]) / 2; });
 
-    if (uppered(trimmed(refprop_.Refrigerant)) != "R407C") return;
+    if (uppered(trimmed(compressor_.Refrigerant)) != "R407C") return;
     // With its glide the mean is that of the evaporator's inlet, after expansion, and its dew temperature.
-    const double t = intermediate([&] { return v_[var::Tcb] - v_[var::Sc]; });
-    const double liquid = intermediate([&] { return H(t, v_[var::Pc]); });
-    const double inlet = intermediate([&] {
-        return refprop_.Temperature(liquid, property::enthalpy, saturation::dew, v_[var::Pe],
-                                    property::pressure);
-    });
+    const double t = intermediate(var::Tem, [&] { return v_[var::Tcb] - v_[var::Sc]; });
+    const double liquid = intermediate(var::Tem, [&] { return states_.enthalpy(t, v_[var::Pc]); });
+    const double inlet =
+        intermediate(var::Tem, [&] { return states_.temperatureAtEnthalpy(v_[var::Pe], liquid); });
     let(var::Tem, [&] { return (v_[var::Ted] + inlet) / 2; });
 }
 
@@ -122,19 +122,19 @@ void CompressorCalculation::correctInputs() {
 }
 
 void CompressorCalculation::suctionState() {
-    statements_.attempt([&] {
+    statements_.attempt("Sh", [&] {
         // A suction temperature becomes a superheat, and stays one from here on.
-        if (v_[var::ShType] != 0) v_.set(var::Sh, v_[var::Sh] - v_[var::Ted]);
+        if (v_[var::ShType] != 0) statements_.set(var::Sh, v_[var::Sh] - v_[var::Ted]);
     });
     let(var::Tga, [&] { return v_[var::Ted] + v_[var::Sh]; });
-    let(var::Hga, [&] { return H(v_[var::Tga], v_[var::Pe]); });
-    let(var::Sga, [&] { return S(v_[var::Tga], v_[var::Pe]); });
-    let(var::Dga, [&] { return D(v_[var::Tga], v_[var::Pe]); });
+    let(var::Hga, [&] { return states_.enthalpy(v_[var::Tga], v_[var::Pe]); });
+    let(var::Sga, [&] { return states_.entropy(v_[var::Tga], v_[var::Pe]); });
+    let(var::Dga, [&] { return states_.density(v_[var::Tga], v_[var::Pe]); });
 
     let(var::Tga10, [&] { return v_[var::Ted] + referenceSuperheat; });
-    let(var::Hga10, [&] { return H(v_[var::Tga10], v_[var::Pe]); });
-    let(var::Sga10, [&] { return S(v_[var::Tga10], v_[var::Pe]); });
-    let(var::Dga10, [&] { return D(v_[var::Tga10], v_[var::Pe]); });
+    let(var::Hga10, [&] { return states_.enthalpy(v_[var::Tga10], v_[var::Pe]); });
+    let(var::Sga10, [&] { return states_.entropy(v_[var::Tga10], v_[var::Pe]); });
+    let(var::Dga10, [&] { return states_.density(v_[var::Tga10], v_[var::Pe]); });
 }
 
 void CompressorCalculation::liquidSide() {
@@ -144,12 +144,12 @@ void CompressorCalculation::liquidSide() {
     // vapour: `Hlb` and `Hcb` are vapour enthalpies then, and those of the liquid for a blend. In Q0 they
     // cancel out.
     let(var::Tl, [&] { return v_[var::Tlb] - v_[var::Sc]; });
-    let(var::Hl, [&] { return H(v_[var::Tl], v_[var::Pc]); });
-    let(var::Hlb, [&] { return H(v_[var::Tlb], v_[var::Plb]); });
+    let(var::Hl, [&] { return states_.enthalpy(v_[var::Tl], v_[var::Pc]); });
+    let(var::Hlb, [&] { return states_.enthalpy(v_[var::Tlb], v_[var::Plb]); });
     let(var::Tlba, [&] { return v_[var::Tcb] - referenceSubcooling; });
-    let(var::Hcb, [&] { return H(v_[var::Tcb], v_[var::Pc]); });
-    let(var::hlba, [&] { return H(v_[var::Tlba], v_[var::Pc]); });
-    let(var::HE, [&] { return H(v_[var::Ted], v_[var::Pe]); });
+    let(var::Hcb, [&] { return states_.enthalpy(v_[var::Tcb], v_[var::Pc]); });
+    let(var::hlba, [&] { return states_.enthalpy(v_[var::Tlba], v_[var::Pc]); });
+    let(var::HE, [&] { return states_.enthalpy(v_[var::Ted], v_[var::Pe]); });
 }
 
 void CompressorCalculation::referenceSurfaces() {
@@ -201,15 +201,15 @@ void CompressorCalculation::efficiency() {
 /// A compressor without a discharge surface has all its coefficients 0 and goes through here like any other.
 void CompressorCalculation::dischargeTemperature() {
     const clsPolynomialSh& surface = compressor_.PolynomialSh;
-    const double atReference = intermediate([&] { return surface.at(v_[var::Ted], v_[var::Tcd]); });
-    const double t = intermediate([&] { return atReference + v_[var::Sh] - surface.Sh; });
+    const double atReference = intermediate(var::T21, [&] { return surface.at(v_[var::Ted], v_[var::Tcd]); });
+    const double t = intermediate(var::T21, [&] { return atReference + v_[var::Sh] - surface.Sh; });
     const double corrected = t + static_cast<double>(compressor_.ctsca);
     let(var::T21, [&] { return corrected; });
     let(var::Tsca, [&] { return corrected; });
 }
 
 void CompressorCalculation::dischargeLimit() {
-    statements_.attempt([&] {
+    statements_.attempt("Tsca", [&] {
         const double mode = v_[var::OCCalculateMode];
         if (mode == 1 && v_[var::T21] > compressor_.OilCoolingLimit) {
             v_.set(var::Tsca, compressor_.OilCoolingLimit);
@@ -222,26 +222,26 @@ void CompressorCalculation::dischargeLimit() {
 }
 
 void CompressorCalculation::dischargeStateAndOilLoad() {
-    let(var::H21, [&] { return H(v_[var::T21], v_[var::Pc]); });
+    let(var::H21, [&] { return states_.enthalpy(v_[var::T21], v_[var::Pc]); });
     let(var::Pra, [] { return 0.0; });
-    statements_.attempt([&] {
+    statements_.attempt("OC", [&] {
         if (v_[var::OCCalculateMode] == 1) v_.set(var::OC, compressor_.OilCoolingLimit);
     });
-    statements_.attempt([&] {
+    statements_.attempt("oil cooling", [&] {
         const double mode = v_[var::OCCalculateMode];
-        if (mode == 1 || mode == 2) CalculateOilCooling(compressor_, refprop_);
+        if (mode == 1 || mode == 2) CalculateOilCooling();
     });
 }
 
 void CompressorCalculation::economizer() {
     let(var::PLiq, [&] { return compressor_.Economizer.KForo * v_[var::Pe]; });
     let(var::T3, [&] { return v_[var::Tcb] - v_[var::Sc]; });
-    let(var::H3, [&] { return H(v_[var::T3], v_[var::Pc]); });
-    statements_.attempt([&] {
+    let(var::H3, [&] { return states_.enthalpy(v_[var::T3], v_[var::Pc]); });
+    statements_.attempt("economizer", [&] {
         if (!compressor_.Economizer.hasPort() || v_[var::EcoCalculateMode] == 0) return;
         const bool hasMargin = !compressor_.hasInvert || v_[var::CA] * inverterMargin < compressor_.Fla;
         if (hasMargin) {
-            EconomizerCalculation(compressor_, refprop_, timeout_).CalculateEconomizer();
+            EconomizerCalculation(compressor_, states_, timeout_, statements_).CalculateEconomizer();
         } else {
             compressor_.Messages.Error.add("messages.message37", "messages.message37");
         }
@@ -250,7 +250,7 @@ void CompressorCalculation::economizer() {
 
 void CompressorCalculation::condenser() {
     double meco = 0;
-    statements_.attempt([&] {
+    statements_.attempt("meco", [&] {
         if (v_.isSet(var::meco)) meco = v_[var::meco];
     });
     let(var::Qc, [&] { return v_[var::Q0] + v_[var::Pta]; });

@@ -6,7 +6,7 @@
 #include "engine/SelectionRules.h"
 #include "engine/Statements.h"
 #include "engine/formTimeout.h"
-#include "thermo/clsRefprop.h"
+#include "thermo/States.h"
 
 namespace marvello {
 
@@ -41,38 +41,28 @@ class CompressorCalculation {
     void dischargeTemperature();
     void dischargeLimit();
     void dischargeStateAndOilLoad();
+    /// The heat that oil cooling carries off in the standard cycle. Throws what the reads throw.
+    void CalculateOilCooling();
     void economizer();
     void condenser();
 
     bool failed() const { return compressor_.Messages.Error.Count() > 0; }
 
-    /// Writes a variable; a failing value is an error entry and leaves the variable as it was.
     template <class Value>
     void let(var variable, Value&& value) {
-        statements_.attempt([&] { v_.set(variable, value()); });
+        statements_.let(variable, std::forward<Value>(value));
     }
 
     /// A value on the way to a variable; a failing one is an error entry and counts as 0 from there on.
     template <class Value>
-    double intermediate(Value&& value) {
+    double intermediate(var variable, Value&& value) {
         double result = 0;
-        statements_.attempt([&] { result = checked(value()); });
+        statements_.attempt(definitionOf(variable).name, [&] { result = checked(value()); });
         return result;
     }
 
-    double saturationTemperature(double p, int side) {
-        return refprop_.Temperature(p, property::pressure, side, 0, property::none);
-    }
-    double H(double t, double p) {
-        return refprop_.Enthalpy(t, property::temperature, p, property::pressure);
-    }
-    double S(double t, double p) { return refprop_.Entropy(t, property::temperature, p, property::pressure); }
-    double D(double t, double p) {
-        return refprop_.Density(t, property::temperature, saturation::dew, p, property::pressure);
-    }
-
     clsCompressor& compressor_;
-    clsRefprop& refprop_;
+    States states_;
     const clsProjectConditions& conditions_;
     formTimeout& timeout_;
     clsVariables& v_;
@@ -80,10 +70,5 @@ class CompressorCalculation {
     SelectionRules rules_;
     clsLimits around_;  ///< The limits that hold the point.
 };
-
-/// The heat that oil cooling carries off in the standard cycle: writes `Pra` in kW, and `H2Rif` where the
-/// discharge is above 0 degrees Celsius. Reads `OC`, `T21`, `H21`, `Pc` and `MBase`. Raises what the reads
-/// raise.
-void CalculateOilCooling(clsCompressor& compressor, clsRefprop& refprop);
 
 }  // namespace marvello

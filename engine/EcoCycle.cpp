@@ -3,7 +3,6 @@
 #include "data/Arithmetic.h"
 #include "engine/AbortRequested.h"
 #include "engine/EconomizerCalculation.h"
-#include "engine/Statements.h"
 #include "engine/StepControl.h"
 #include "engine/Units.h"
 
@@ -20,20 +19,18 @@ void EconomizerCalculation::EcoCycle() {
     };
     trySet(var::H71, [&] { return mixed(var::H7, var::H9); });
     trySet(var::P71, [&] { return mixed(var::P7, var::P9); });
-    trySet(var::T71, [&] { return temperatureOfEnthalpy(v_[var::P71], v_[var::H71]); });
-    trySet(var::S71, [&] {
-        return refprop_.Entropy(v_[var::P71], property::pressure, v_[var::H71], property::enthalpy);
-    });
-    trySet(var::H7Iso, [&] { return enthalpyOfEntropy(v_[var::Pc], v_[var::S71]); });
+    trySet(var::T71, [&] { return states_.temperatureAtEnthalpy(v_[var::P71], v_[var::H71]); });
+    trySet(var::S71, [&] { return states_.entropyAtEnthalpy(v_[var::P71], v_[var::H71]); });
+    trySet(var::H7Iso, [&] { return states_.enthalpyAtEntropy(v_[var::Pc], v_[var::S71]); });
     trySet(var::h2, [&] {
         return v_[var::H71] + (v_[var::H7Iso] - v_[var::H71]) * v_[var::EtaComp1] / v_[var::EtaIso];
     });
-    trySet(var::T2, [&] { return temperatureOfEnthalpy(v_[var::Pc], v_[var::h2]); });
-    trySet(var::T6, [&] { return saturationTemperature(v_[var::Peco], saturation::bubble); });
+    trySet(var::T2, [&] { return states_.temperatureAtEnthalpy(v_[var::Pc], v_[var::h2]); });
+    trySet(var::T6, [&] { return states_.bubbleTemperature(v_[var::Peco]); });
     trySet(var::Qeco, [&] { return v_[var::meco] * (v_[var::H7] - v_[var::H3]) / secondsPerHour; });
     trySet(var::H31,
            [&] { return v_[var::H3] - v_[var::meco] * (v_[var::H7] - v_[var::H3]) / v_[var::Mev]; });
-    trySet(var::T31, [&] { return temperatureOfEnthalpy(v_[var::Pc], v_[var::H31]); });
+    trySet(var::T31, [&] { return states_.temperatureAtEnthalpy(v_[var::Pc], v_[var::H31]); });
     trySet(var::SCeco, [&] { return v_[var::T3] - v_[var::T31]; });
 }
 
@@ -44,10 +41,10 @@ void EconomizerCalculation::injectionPressure() {
     constexpr double perBar = 100;
     double loss = 0;
     const auto gasAt = [&](var pressure) {
-        trySet(var::T7D, [&] { return saturationTemperature(v_[pressure], saturation::dew); });
+        trySet(var::T7D, [&] { return states_.dewTemperature(v_[pressure]); });
         trySet(var::T7, [&] { return v_[var::T7D] + v_[var::Sh]; });
-        trySet(var::D7, [&] { return D(v_[var::T7], v_[pressure]); });
-        trySet(var::H7, [&] { return H(v_[var::T7], v_[pressure]); });
+        trySet(var::D7, [&] { return states_.density(v_[var::T7], v_[pressure]); });
+        trySet(var::H7, [&] { return states_.enthalpy(v_[var::T7], v_[pressure]); });
         Statements::attemptSilently([&] {
             const clsEconomizer& port = compressor_.Economizer;
             loss = checked(checked(port.KPerdita / port.Sez) * (v_[var::D7] / v_[var::D9D]) * v_[var::meco]);

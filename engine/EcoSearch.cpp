@@ -3,7 +3,6 @@
 #include "data/Arithmetic.h"
 #include "engine/AbortRequested.h"
 #include "engine/EconomizerCalculation.h"
-#include "engine/Statements.h"
 #include "engine/StepControl.h"
 
 namespace marvello {

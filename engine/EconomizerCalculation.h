@@ -4,9 +4,10 @@
 #include <utility>
 
 #include "catalogue/clsCompressor.h"
+#include "engine/Statements.h"
 #include "engine/StepControl.h"
 #include "engine/formTimeout.h"
-#include "thermo/clsRefprop.h"
+#include "thermo/States.h"
 
 namespace marvello {
 
@@ -16,7 +17,8 @@ namespace marvello {
 /// capacity in kW.
 class EconomizerCalculation {
   public:
-    EconomizerCalculation(clsCompressor& compressor, clsRefprop& refprop, formTimeout& timeout);
+    EconomizerCalculation(clsCompressor& compressor, const States& states, formTimeout& timeout,
+                          Statements& statements);
 
     /// The whole calculation: efficiencies, port state, search, power, current and oil load. What it has to
     /// say are error messages of the compressor. A step that fails leaves it by an exception, but for those
@@ -46,33 +48,15 @@ class EconomizerCalculation {
     void checkApproach();
     void noSolution();
 
-    void set(var variable, VariableValue value) { v_.set(variable, std::move(value)); }
+    void set(var variable, VariableValue value) { statements_.set(variable, std::move(value)); }
     /// The same, a failure passed over.
     void trySet(var variable, const std::function<double()>& value);
     void turn();
 
-    double saturationTemperature(double p, int side) {
-        return refprop_.Temperature(p, property::pressure, side, 0, property::none);
-    }
-    double temperatureOfEnthalpy(double p, double h) {
-        return refprop_.Temperature(p, property::pressure, saturation::dew, h, property::enthalpy);
-    }
-    double temperatureOfEntropy(double p, double s) {
-        return refprop_.Temperature(p, property::pressure, saturation::dew, s, property::entropy);
-    }
-    double H(double t, double p) {
-        return refprop_.Enthalpy(t, property::temperature, p, property::pressure);
-    }
-    double enthalpyOfEntropy(double p, double s) {
-        return refprop_.Enthalpy(p, property::pressure, s, property::entropy);
-    }
-    double D(double t, double p) {
-        return refprop_.Density(t, property::temperature, saturation::dew, p, property::pressure);
-    }
-
     clsCompressor& compressor_;
-    clsRefprop& refprop_;
+    States states_;
     formTimeout& timeout_;
+    Statements& statements_;
     clsVariables& v_;
 };
 

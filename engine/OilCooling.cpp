@@ -3,16 +3,14 @@
 
 namespace marvello {
 
-void CalculateOilCooling(clsCompressor& compressor, clsRefprop& refprop) {
-    clsVariables& v = compressor.Variables;
-    const auto writeLoad = [&v](double load) { v.set(var::Pra, load); };
-    if (v[var::T21] <= 0) {
-        writeLoad(0);
+void CompressorCalculation::CalculateOilCooling() {
+    if (v_[var::T21] <= 0) {
+        statements_.set(var::Pra, 0.0);
         return;
     }
-    v.set(var::H2Rif, refprop.Enthalpy(v[var::OC], property::temperature, v[var::Pc], property::pressure));
-    writeLoad(v[var::Mbase] * (v[var::H21] - v[var::H2Rif]) / secondsPerHour);
-    if (v[var::T21] < v[var::OC]) writeLoad(0);
+    statements_.set(var::H2Rif, states_.enthalpy(v_[var::OC], v_[var::Pc]));
+    statements_.set(var::Pra, v_[var::Mbase] * (v_[var::H21] - v_[var::H2Rif]) / secondsPerHour);
+    if (v_[var::T21] < v_[var::OC]) statements_.set(var::Pra, 0.0);
 }
 
 }  // namespace marvello

@@ -46,18 +46,18 @@ void SelectionRules::envelopeRules(const clsLimits& around) {
 
 void SelectionRules::inputRangeRules() {
     subcooling();
-    statements_.attempt([this] { superheat(); });
+    statements_.attempt("superheat rule", [this] { superheat(); });
 }
 
 void SelectionRules::oilRules(const clsLimits& around) {
-    statements_.attempt([&] { oilCooling(around); });
-    statements_.attempt([&] { injectionForOil(around); });
+    statements_.attempt("oil cooling rule", [&] { oilCooling(around); });
+    statements_.attempt("injection rule", [&] { injectionForOil(around); });
 }
 
 void SelectionRules::closingRules() {
     lowTemperatureRefrigerant();
     variableSeries();
-    statements_.attempt([this] { powerOfModel(); });
+    statements_.attempt("power rule", [this] { powerOfModel(); });
     bareModel();
     flammableRefrigerant();
 }
@@ -158,8 +158,9 @@ void SelectionRules::inverterFrequency(const clsLimits& around) {
 
 void SelectionRules::subcooling() {
     double highest = 0;
-    statements_.attempt([&] { highest = roundedToPlaces((v_[var::Tcb] - v_[var::Teb]) * 0.8, 2); });
-    statements_.attempt([&] {
+    statements_.attempt("subcooling rule",
+                        [&] { highest = roundedToPlaces((v_[var::Tcb] - v_[var::Teb]) * 0.8, 2); });
+    statements_.attempt("subcooling rule", [&] {
         if (v_[var::Sc] < 0 || v_[var::Sc] > highest) {
             messages_.Error.add("messages.message12", "messages.message12 ({0})", {highest});
         }

@@ -1,24 +1,40 @@
 #pragma once
 
 #include <exception>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
 
-#include "catalogue/ClsSelectionMessages.h"
+#include "catalogue/clsCompressor.h"
+#include "thermo/clsRefprop.h"
 
 namespace marvello {
 
-/// How a calculation goes on after a failure: a statement that fails adds one entry to the errors, writes
-/// nothing and is followed by the next one. The entry has no text of its own; it marks the compressor as
-/// failed.
+/// How a calculation writes its variables, and goes on after a failure: a statement that fails adds one entry
+/// to the errors, writes nothing and is followed by the next one. The entry has no text of its own; its cause
+/// says what failed.
 class Statements {
   public:
-    explicit Statements(clsMessages& errors) : errors_(errors) {}
+    Statements(clsCompressor& compressor, const clsRefprop& refprop)
+        : v_(compressor.Variables), messages_(compressor.Messages), refprop_(refprop) {}
 
+    /// Writes a variable. Throws ArithmeticFault unless the value is finite.
+    void set(var variable, VariableValue value);
+
+    /// Writes what `value()` returns; a failure is an entry and leaves the variable as it was.
+    template <class Value>
+    void let(var variable, Value&& value) {
+        attempt(definitionOf(variable).name, [&] { set(variable, value()); });
+    }
+
+    /// Runs a statement under the name that its cause bears.
     template <class Statement>
-    void attempt(Statement&& statement) {
+    void attempt(std::string_view name, Statement&& statement) {
         try {
             statement();
-        } catch (const std::exception&) {
-            errors_.add("Error...", "", {0.0});
+        } catch (const std::exception& failure) {
+            noteFailure(name, failure.what());
         }
     }
 
@@ -32,8 +48,20 @@ class Statements {
         }
     }
 
+    /// Returns which variables are states that the property library does not define, and what it says of the
+    /// first; empty if there are none.
+    std::string undefinedStates() const;
+
+    /// Adds a warning if the compressor has figures that rest on such a state.
+    void warnOfUndefinedStates();
+
   private:
-    clsMessages& errors_;
+    void noteFailure(std::string_view name, std::string_view sentence);
+
+    clsVariables& v_;
+    ClsSelectionMessages& messages_;
+    const clsRefprop& refprop_;
+    std::map<var, std::string> undefined_;  ///< What the library says of each.
 };
 
 }  // namespace marvello

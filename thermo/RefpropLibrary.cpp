@@ -14,12 +14,12 @@ struct LoadedLibrary {
 };
 
 template <class Function>
-void bind(const LoadedLibrary& library, const char* name, Function*& function) {
+void bind(const LoadedLibrary& library, const char* name, Function& function) {
     void* address = library.code.function(name);
     if (address == nullptr) {
         throw FluidLibraryError("The fluid library " + library.file + " has no function " + name + ".");
     }
-    function = reinterpret_cast<Function*>(address);
+    function = reinterpret_cast<Function>(address);
 }
 
 LoadedLibrary load(const std::string& file) {

@@ -49,15 +49,14 @@ bool isValueType(int type) { return type >= 0 && type < static_cast<int>(valueTy
 
 const ValueType& valueType(int type) { return valueTypes[static_cast<std::size_t>(type)]; }
 
-/// The library writes a whole number of this range where it has no result.
-bool isUndefinedMarker(double value) {
-    return value >= -9999999 && value <= -9999900 && value == std::floor(value);
-}
-
 constexpr double kilowattsInTon = 3.517;
 constexpr double btuPerHourInTon = 12000;
 
 }  // namespace
+
+bool isUndefinedMarker(double value) {
+    return value >= -9999999 && value <= -9999900 && value == std::floor(value);
+}
 
 void clsConvert::Initialize(int unitsMeasure, std::optional<double> molarMass) {
     initialised_ = true;
@@ -80,7 +79,7 @@ void clsConvert::Initialize(int unitsMeasure, std::optional<double> molarMass) {
 double clsConvert::ConvertUnitsApp(double value, int type) {
     if (!initialised_) Initialize(0);
     if (isUndefinedMarker(value)) {
-        showBox(BoxKind::plain, "Undefined");
+        showBox(BoxKind::plain, undefinedText);
         return value;
     }
     if (!isValueType(type)) {

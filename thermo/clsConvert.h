@@ -16,6 +16,12 @@ inline constexpr int enthalpy = 3;
 inline constexpr int entropy = 4;
 }  // namespace property
 
+/// What the box says of a value without a result.
+inline constexpr const char* undefinedText = "Undefined";
+
+/// Whether the fluid library says by this number that it has no result: a whole one of a range.
+bool isUndefinedMarker(double value);
+
 /// Codes of the fixed conversions of the display.
 namespace conversion {
 inline constexpr int kilowattsToTons = 0;  ///< of refrigeration

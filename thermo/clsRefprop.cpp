@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
 
+#include "data/Arithmetic.h"
 #include "data/Globals.h"
 #include "data/Hooks.h"
 #include "data/Texts.h"
@@ -17,19 +19,6 @@
 namespace marvello {
 
 namespace {
-
-/// Fixed-length texts are filled with blanks, as the library expects them.
-template <std::size_t length>
-void fill(std::array<char, length>& field, std::string_view text) {
-    field.fill(' ');
-    std::copy_n(text.begin(), std::min(text.size(), length), field.begin());
-}
-
-template <std::size_t length>
-std::string textOf(const std::array<char, length>& field) {
-    const std::string_view all(field.data(), length);
-    return trimmed(all.substr(0, all.find('\0')));
-}
 
 std::string nativePath(std::string path) {
     if constexpr (std::filesystem::path::preferred_separator == '/')
@@ -47,13 +36,10 @@ std::shared_ptr<clsRefprop>& sharedService() {
 
 }  // namespace
 
-clsRefprop::clsRefprop() : library_(&refpropFunctions()) {}
+clsRefprop::clsRefprop() : session_(refpropFunctions()) {}
 
 bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string& refrigerant,
                             const std::string& fluidPath) {
-    nc_ = 0;
-    ixflag_ = 1;
-    std::string files;
     if (!trimmed(refrigerant).empty()) Refrigerant = trimmed(refrigerant);
     if (!trimmed(fluidPath).empty()) Fluidpath = trimmed(fluidPath);
 
@@ -62,52 +48,31 @@ bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string
         "JOIN tFluidi "
         "ON tRefrigeranti.fRefrigeranteId = tFluidi.fRefrigeranteId WHERE tFluidi.fRefrigeranteId='" +
         Refrigerant + "'");
+    std::vector<std::string> files;
+    std::vector<double> massFractions;
     for (; !rows.eof(); rows.moveNext()) {
-        ++nc_;
-        if (nc_ > 1) files += '|';
-        files += Fluidpath + trimmed(rows.text("fFluido"));
-        if (static_cast<std::size_t>(nc_) > maximumComponents) {
+        if (files.size() == RefpropSession::maximumComponents)
             throw std::out_of_range("The refrigerant " + Refrigerant + " has more than 20 components.");
-        }
-        xkg_[static_cast<std::size_t>(nc_) - 1] = rows.number("fPFluido");
+        files.push_back(nativePath(trimmed(rows.text("fFluido"))));
+        massFractions.push_back(rows.number("fPFluido"));
     }
-    if (nc_ > 1) {
-        files += '|';
-        ixflag_ = 2;  // the reference state of a blend applies to the mixture
-    }
-
-    fill(hfmix_, nativePath(Fluidpath + "hmx.bnc"));
-    fill(hrf_, "DEF");
-    fill(hfiles_, nativePath(files));
-    fill(herr_, "");
     remembered_.clear();
     dewRange_.reset();
-
-    std::int32_t ierr = 0;
-    library_->SETUPdll(&nc_, hfiles_.data(), hfmix_.data(), hrf_.data(), &ierr, herr_.data(), filesLength,
-                       mixLength, referenceLength, usualErrorLength);
-    setupFault_ = ierr > 0 ? textOf(herr_) : std::string();
-    double mixtureMass = 0;
-    library_->XMOLEdll(xkg_.data(), z_.data(), &mixtureMass);
-    library_->WMOLdll(z_.data(), &wm_);
-    double h0 = 0, s0 = 0, t0 = 0, p0 = 0;
-    library_->SETREFdll(hrf_.data(), &ixflag_, z_.data(), &h0, &s0, &t0, &p0, &ierr, herr_.data(),
-                        referenceLength, usualErrorLength);
-    if (setupFault_.empty() && ierr > 0) setupFault_ = textOf(herr_);
-
-    Convert.Initialize(unitsMeasure, wm_);
+    const RefpropAnswer answer = session_.setUp(files, massFractions, nativePath(Fluidpath));
+    setupFault_ = answer.code > 0 ? answer.sentence : std::string();
+    Convert.Initialize(unitsMeasure, session_.molarMass());
     return true;
 }
 
 double clsRefprop::Pressure(double t, int kph) {
     ask({Function::satt, kph, Convert.ConvertUnitsRefprop(t, property::temperature), 0});
-    return Convert.ConvertUnitsApp(state_.p, property::pressure);
+    return answer({"Pressure", t, property::temperature}, state_.p, property::pressure);
 }
 
 bool clsRefprop::hasDewPressure(double kelvin) {
-    const State before = state_;  // a look ahead must not change what a failing call leaves
+    const RefpropState before = state_;  // a look ahead must not change what a failing call leaves
     ask({Function::satt, saturation::dew, kelvin, 0});
-    const bool has = state_.ierr <= 0 && state_.p > 0;
+    const bool has = state_.answer.code <= 0 && state_.p > 0;
     state_ = before;
     return has;
 }
@@ -175,21 +140,21 @@ double clsRefprop::Temperature(double value1, int type1, int kph, double value2,
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = type2 == property::none ? 0 : Convert.ConvertUnitsRefprop(value2, type2);
     askBy(temperatureRoutes, {type1, type2}, {v1, v2}, kph);
-    return Convert.ConvertUnitsApp(state_.t, property::temperature);
+    return answer({"Temperature", value1, type1, value2, type2}, state_.t, property::temperature);
 }
 
 double clsRefprop::Enthalpy(double value1, int type1, double value2, int type2) {
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = Convert.ConvertUnitsRefprop(value2, type2);
     askBy(enthalpyRoutes, {type1, type2}, {v1, v2}, 0);
-    return Convert.ConvertUnitsApp(state_.h, property::enthalpy);
+    return answer({"Enthalpy", value1, type1, value2, type2}, state_.h, property::enthalpy);
 }
 
 double clsRefprop::Entropy(double value1, int type1, double value2, int type2) {
     const double v1 = Convert.ConvertUnitsRefprop(value1, type1);
     const double v2 = Convert.ConvertUnitsRefprop(value2, type2);
     askBy(entropyRoutes, {type1, type2}, {v1, v2}, 0);
-    return Convert.ConvertUnitsApp(state_.s, property::entropy);
+    return answer({"Entropy", value1, type1, value2, type2}, state_.s, property::entropy);
 }
 
 double clsRefprop::Density(double value1, int type1, int kph, std::optional<double> value2, int type2) {
@@ -204,8 +169,8 @@ double clsRefprop::Density(double value1, int type1, int kph, std::optional<doub
     }
     const bool isAsked = askBy(densityRoutes, {type1, type2}, {v1, v2}, kph);
     if (isAsked && type2 == property::none)
-        state_.d = state_.dv;  // kept: the vapour's density, whatever kph says
-    return Convert.ConvertUnitsApp(state_.d, property::density);
+        state_.D = state_.Dv;  // kept: the vapour's density, whatever kph says
+    return answer({"Density", value1, type1, value2.value_or(0), type2}, state_.D, property::density);
 }
 
 bool clsRefprop::askBy(std::span<const Route> routes, std::pair<int, int> types,
@@ -234,49 +199,57 @@ std::size_t clsRefprop::CallHash::operator()(const Call& call) const {
     return static_cast<std::size_t>(hash);
 }
 
-void clsRefprop::ask(const Call& call, RefpropFunctions::Length errorLength) {
+void clsRefprop::ask(const Call& call, std::int32_t errorLength) {
     if (const auto found = remembered_.find(call); found != remembered_.end()) {
         state_ = found->second;
         return;
     }
-    askLibrary(call, errorLength);
+    state_ = askLibrary(call, errorLength);
     ++libraryCalls_;
     if (remembered_.size() >= rememberedStates) remembered_.clear();
     remembered_.emplace(call, state_);
 }
 
-void clsRefprop::askLibrary(const Call& call, RefpropFunctions::Length errorLength) {
-    double first = call.first;
-    double second = call.second;
-    std::int32_t kph = call.kph;
-    std::int32_t root = 0;
-    State& r = state_;
+RefpropState clsRefprop::askLibrary(const Call& call, std::int32_t errorLength) {
     switch (call.function) {
         case Function::satt:
-            library_->SATTdll(&first, z_.data(), &kph, &r.p, &r.dl, &r.dv, x_.data(), y_.data(), &r.ierr,
-                              herr_.data(), errorLength);
-            break;
+            return session_.saturationAtT(call.first, call.kph, state_);
         case Function::satp:
-            library_->SATPdll(&first, z_.data(), &kph, &r.t, &r.dl, &r.dv, x_.data(), y_.data(), &r.ierr,
-                              herr_.data(), errorLength);
-            break;
+            return session_.saturationAtP(call.first, call.kph, state_);
         case Function::tpflsh:
-            library_->TPFLSHdll(&first, &second, z_.data(), &r.d, &r.dl, &r.dv, x_.data(), y_.data(), &r.q,
-                                &r.e, &r.h, &r.s, &r.cv, &r.cp, &r.w, &r.ierr, herr_.data(), errorLength);
-            break;
+            return session_.atTP(call.first, call.second, state_);
         case Function::tsflsh:
-            library_->TSFLSHdll(&first, &second, z_.data(), &root, &r.p, &r.d, &r.dl, &r.dv, x_.data(),
-                                y_.data(), &r.q, &r.e, &r.h, &r.cv, &r.cp, &r.w, &r.ierr, herr_.data(),
-                                errorLength);
-            break;
+            return session_.atTS(call.first, call.second, state_);
         case Function::phflsh:
-            library_->PHFLSHdll(&first, &second, z_.data(), &r.t, &r.d, &r.dl, &r.dv, x_.data(), y_.data(),
-                                &r.q, &r.e, &r.s, &r.cv, &r.cp, &r.w, &r.ierr, herr_.data(), errorLength);
-            break;
+            return session_.atPH(call.first, call.second, state_, errorLength);
         case Function::psflsh:
-            library_->PSFLSHdll(&first, &second, z_.data(), &r.t, &r.d, &r.dl, &r.dv, x_.data(), y_.data(),
-                                &r.q, &r.e, &r.h, &r.cv, &r.cp, &r.w, &r.ierr, herr_.data(), errorLength);
             break;
+    }
+    return session_.atPS(call.first, call.second, state_);
+}
+
+std::string clsRefprop::describe(const Request& request) const {
+    const auto text = [this](double value, int type) {
+        const std::array<const std::string*, 5> units{&Convert.Tunits, &Convert.Punits, &Convert.Dunits,
+                                                      &Convert.Hunits, &Convert.Sunits};
+        std::array<char, 32> number{};
+        std::snprintf(number.data(), number.size(), "%.7g ", value);
+        const bool isKnown = type >= 0 && static_cast<std::size_t>(type) < units.size();
+        return number.data() + (isKnown ? *units[static_cast<std::size_t>(type)] : "");
+    };
+    std::string call = request.name + ("(" + text(request.value1, request.type1));
+    if (request.type2 != property::none) call += ", " + text(request.value2, request.type2);
+    return call + ")";
+}
+
+double clsRefprop::answer(const Request& request, double value, int type) {
+    try {
+        if (isUndefinedMarker(value))
+            lastUndefined_ = describe(request) + ": " +
+                             (state_.answer.sentence.empty() ? undefinedText : state_.answer.sentence);
+        return Convert.ConvertUnitsApp(value, type);
+    } catch (const ArithmeticFault& fault) {
+        throw ArithmeticFault(describe(request) + ": " + fault.what());
     }
 }
 

@@ -24,12 +24,20 @@ inline constexpr int dew = 2;
 }  // namespace saturation
 
 /// The one gateway to thermodynamic properties, bound to one refrigerant. Inputs and results are in the units
-/// of `Convert`: for the set 0 degrees Celsius, bar absolute, kg/m^3, kJ/kg, kJ/kg-K. What a value is tells
-/// its code (`property`), which side of saturation is meant `kph` (`saturation`).
+/// of `Convert`: for the set 0 degrees Celsius, bar absolute, kg/m^3, kJ/kg, kJ/kg-K. `type`
+/// is the kind of a value (`property`), `kph` the side of saturation (`saturation`).
 ///
 /// The library's error channel is not acted on: a state outside its range gives what the library leaves, and
 /// its undefined marker shows the box of clsConvert. What protects the results are the envelope and the
 /// rules.
+///
+/// The pairs of property codes that are permitted, as (type1, type2):
+///   Temperature  (pressure, none), (pressure, enthalpy), (pressure, entropy)
+///   Enthalpy     (temperature, pressure), (pressure, entropy), (temperature, entropy)
+///   Entropy      (temperature, pressure), (pressure, enthalpy)
+///   Density      (temperature, pressure), (pressure, none), (temperature, none)
+/// Two values may come in either order. Any other pair shows the box "Aggiungere funzione" and returns what
+/// the call before left. `States` has these calls under the names of the trade.
 ///
 /// A state asked for before is not calculated again: results are remembered until the object is released.
 class clsRefprop {
@@ -63,24 +71,16 @@ class clsRefprop {
     double Density(double value1, int type1, int kph, std::optional<double> value2 = std::nullopt,
                    int type2 = property::none);
 
+    /// Returns the last state without a result: the call, and why in the library's own sentence. Empty if
+    /// each had one since clearLastUndefined().
+    const std::string& LastUndefined() const { return lastUndefined_; }
+    void clearLastUndefined() { lastUndefined_.clear(); }
+
     /// How often the library was asked for a state, for benchmarks and tests.
     long long libraryCalls() const { return libraryCalls_; }
 
   private:
-    static constexpr std::size_t maximumComponents = 20;
-    static constexpr RefpropFunctions::Length filesLength = 10000;
-    static constexpr RefpropFunctions::Length mixLength = 255;
-    static constexpr RefpropFunctions::Length referenceLength = 3;
-    static constexpr RefpropFunctions::Length usualErrorLength = 255;
-    using Composition = std::array<double, maximumComponents>;
-
     enum class Function : std::uint8_t { satt, satp, tpflsh, tsflsh, phflsh, psflsh };
-
-    /// The numbers that a call leaves, in the library's units.
-    struct State {
-        double t = 0, p = 0, d = 0, dl = 0, dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
-        std::int32_t ierr = 0;
-    };
 
     struct Call {
         Function function;
@@ -98,15 +98,15 @@ class clsRefprop {
         int type1, type2;
         Function function;
         Order order = asGiven;
-        RefpropFunctions::Length errorLength = usualErrorLength;
+        std::int32_t errorLength = RefpropSession::usualErrorLength;
     };
     static const Route temperatureRoutes[5];
     static const Route enthalpyRoutes[6];
     static const Route entropyRoutes[4];
     static const Route densityRoutes[4];
 
-    void ask(const Call& call, RefpropFunctions::Length errorLength = usualErrorLength);
-    void askLibrary(const Call& call, RefpropFunctions::Length errorLength);
+    void ask(const Call& call, std::int32_t errorLength = RefpropSession::usualErrorLength);
+    RefpropState askLibrary(const Call& call, std::int32_t errorLength);
     /// Asks by the route of a pair of property codes; false for a pair without one, which shows a
     /// box and changes nothing.
     bool askBy(std::span<const Route> routes, std::pair<int, int> types, std::pair<double, double> values,
@@ -114,21 +114,24 @@ class clsRefprop {
 
     bool hasDewPressure(double kelvin);
 
-    const RefpropFunctions* library_;
+    /// A call as its caller wrote it.
+    struct Request {
+        const char* name;
+        double value1;
+        int type1;
+        double value2 = 0;
+        int type2 = property::none;
+    };
+    std::string describe(const Request& request) const;
+    /// Converts a result of the library. Throws ArithmeticFault that says which call it was.
+    double answer(const Request& request, double value, int type);
 
-    std::array<char, filesLength> hfiles_{};
-    std::array<char, mixLength> hfmix_{};
-    std::array<char, referenceLength> hrf_{};
-    std::array<char, usualErrorLength> herr_{};
-    std::int32_t nc_ = 0;
-    std::int32_t ixflag_ = 1;
-    Composition xkg_{}, z_{}, x_{}, y_{};
-    double wm_ = 0;
-
-    State state_;
-    std::unordered_map<Call, State, CallHash> remembered_;
+    RefpropSession session_;
+    RefpropState state_;
+    std::unordered_map<Call, RefpropState, CallHash> remembered_;
     long long libraryCalls_ = 0;
     std::string setupFault_;
+    std::string lastUndefined_;
     std::optional<SaturationRange> dewRange_;
 };
 

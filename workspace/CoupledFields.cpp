@@ -1,6 +1,7 @@
 #include "workspace/CoupledFields.h"
 
 #include "data/Texts.h"
+#include "thermo/States.h"
 
 namespace marvello {
 
@@ -9,60 +10,54 @@ namespace {
 class Coupling {
   public:
     Coupling(CoupledFields& fields, const std::string& refrigerant, clsRefprop& refprop)
-        : f_(fields), refprop_(refprop), hasGlide_(uppered(refrigerant) == "R407C") {}
+        : f_(fields), states_(refprop), hasGlide_(uppered(refrigerant) == "R407C") {}
 
     void fromEvaporatingDew() {
-        f_.PE = refprop_.Pressure(f_.TED, saturation::dew);
+        f_.PE = states_.dewPressure(f_.TED);
         evaporatingMid();
     }
     void fromEvaporatingPressure() {
-        f_.TED = saturationTemperature(f_.PE, saturation::dew);
+        f_.TED = states_.dewTemperature(f_.PE);
         evaporatingMid();
     }
     void fromCondensingDew() {
-        f_.PC = refprop_.Pressure(f_.TCD, saturation::dew);
+        f_.PC = states_.dewPressure(f_.TCD);
         condensingMid();
     }
     void fromCondensingPressure() {
-        f_.TCD = saturationTemperature(f_.PC, saturation::dew);
+        f_.TCD = states_.dewTemperature(f_.PC);
         condensingMid();
     }
     void fromCondensingMid(const clsPolynomial& surface) {
         const auto& c = surface.c;
         const double m = f_.TCM;
         f_.TCD = c[0] + c[1] * m + c[3] * m * m + c[6] * m * m * m;
-        f_.PC = refprop_.Pressure(f_.TCD, saturation::dew);
+        f_.PC = states_.dewPressure(f_.TCD);
     }
     void fromEvaporatingMid(const clsPolynomial& surface) {
-        const double pressure = refprop_.Pressure(f_.TCD, saturation::dew);
+        const double pressure = states_.dewPressure(f_.TCD);
         f_.TED = surface.at(f_.TEM, liquidEnthalpy(pressure));
-        f_.PE = refprop_.Pressure(f_.TED, saturation::dew);
+        f_.PE = states_.dewPressure(f_.TED);
     }
 
   private:
-    double saturationTemperature(double pressure, int side) {
-        return refprop_.Temperature(pressure, property::pressure, side, 0, property::none);
-    }
-
     double liquidEnthalpy(double pressure) {
-        return refprop_.Enthalpy(saturationTemperature(pressure, saturation::bubble) - f_.SC,
-                                 property::temperature, pressure, property::pressure);
+        return states_.enthalpy(states_.bubbleTemperature(pressure) - f_.SC, pressure);
     }
 
     void evaporatingMid() {
         if (hasGlide_) {
-            const double inlet = refprop_.Temperature(liquidEnthalpy(f_.PC), property::enthalpy,
-                                                      saturation::dew, f_.PE, property::pressure);
+            const double inlet = states_.temperatureAtEnthalpy(f_.PE, liquidEnthalpy(f_.PC));
             f_.TEM = (f_.TED + inlet) / 2;
         } else {
             // The subcooling is taken off on purpose, for a fluid without glide too.
-            f_.TEM = (f_.TED + saturationTemperature(f_.PE, saturation::bubble) - f_.SC) / 2;
+            f_.TEM = (f_.TED + states_.bubbleTemperature(f_.PE) - f_.SC) / 2;
         }
     }
-    void condensingMid() { f_.TCM = (f_.TCD + saturationTemperature(f_.PC, saturation::bubble)) / 2; }
+    void condensingMid() { f_.TCM = (f_.TCD + states_.bubbleTemperature(f_.PC)) / 2; }
 
     CoupledFields& f_;
-    clsRefprop& refprop_;
+    States states_;
     bool hasGlide_;
 };
 

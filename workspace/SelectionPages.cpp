@@ -1,5 +1,6 @@
 // The pages of the selected compressor.
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -72,7 +73,11 @@ void SelectionForm::PopulateFrame4() {
 
 void SelectionForm::populateMessages(const clsCompressor& compressor) {
     const auto list = [this](const clsMessages& messages, const QString& mark) {
-        QStringList listed;
+        struct Row {
+            QString text, name;
+            QStringList causes;
+        };
+        QList<Row> rows;
         for (const clsMessage& message : messages) {
             QString text;
             try {
@@ -81,12 +86,14 @@ void SelectionForm::populateMessages(const clsCompressor& compressor) {
                 text =
                     fromCore(message.Name);  // The catalogue lacks the text; its key says more than nothing.
             }
+            if (text.isEmpty()) text = dictionaryText(QStringLiteral("messages.failedstep"));
             // A search may end in the same message twice; to a person it is one.
-            if (listed.contains(text)) continue;
-            listed += text;
-            lvMessages_->addMessage(mark, dictionaryTextIfAny(QStringLiteral("general.") + mark), text,
-                                    fromCore(message.Name));
+            auto row = std::ranges::find(rows, text, &Row::text);
+            if (row == rows.end()) row = rows.insert(row, {text, fromCore(message.Name), {}});
+            if (!message.Cause.empty()) row->causes += fromCore(message.Cause);
         }
+        const QString markText = dictionaryTextIfAny(QStringLiteral("general.") + mark);
+        for (const Row& row : rows) lvMessages_->addMessage(mark, markText, row.text, row.name, row.causes);
     };
     lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
     list(compressor.Messages.Error, QStringLiteral("msgerror"));

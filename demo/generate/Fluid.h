@@ -1,10 +1,11 @@
 #pragma once
 
-#include <array>
 #include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
+
+#include "fluids/RefpropSession.h"
 
 namespace marvello::generate {
 
@@ -45,8 +46,8 @@ class Fluid {
   private:
     double saturationTemperature(double pressure, int side) const;
 
-    std::array<double, 20> moles_{};
-    double molarMass_ = 0;  ///< g/mol
+    mutable RefpropSession session_;  ///< A call changes its buffers.
+    double molarMass_ = 0;            ///< g/mol
 };
 
 }  // namespace marvello::generate

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <string>
@@ -143,6 +144,25 @@ TEST_F(standardCycle, OilCoolingModes) {
     EXPECT_TRUE(cool.Exist("H2Rif"));
 }
 
+// At -120 degC and the condensing pressure there is no R134a as the equations know it: the triple point is at
+// -103.3 degC. The library answers with its marker, and a load of millions of kW follows.
+TEST_F(standardCycle, AnUndefinedStateIsNotedWithItsCause) {
+    conditions.OilCoolingCalculateMode = 2;
+    conditions.OilCooling = -120;
+    const clsCompressor& c = select();
+    EXPECT_GT(c.Variables("Pra"), 1e6);
+    EXPECT_EQ(names(c.Messages.Error), keys({}));
+    const auto warned = names(c.Messages.Attention);
+    ASSERT_EQ(std::ranges::count(warned, "messages.message38"), 1);
+    const std::string cause = c.Messages.Attention.Item(c.Messages.Attention.Count()).Cause;
+    EXPECT_TRUE(cause.starts_with("H2Rif: Enthalpy(-120 C, 11.59924 bar): ")) << cause;
+    EXPECT_NE(cause.find("R134"), std::string::npos) << cause;  // the library's own sentence
+    EXPECT_EQ(catalogue.boxes, std::vector<std::string>{"Undefined"});
+
+    conditions.OilCooling = 80;
+    for (const clsMessage& message : select().Messages.Attention) EXPECT_EQ(message.Cause, "");
+}
+
 TEST_F(standardCycle, WithoutADischargeSurfaceThereIsNoOilCooling) {
     catalogue.exec("update tCompressors set fPolynomialShID='-'");
     EXPECT_EQ(select().Variables("OCCalculateMode"), 0);
@@ -168,6 +188,8 @@ TEST_F(standardCycle, AFailingStatementIsAnEntryAndTheNextOneRuns) {
     // Pta shows as 0.0: COP divides by it, and EER reads a COP that is not there.
     EXPECT_EQ(names(c.Messages.Error), (std::vector<std::string>{"Error...", "Error..."}));
     EXPECT_EQ(c.Messages.Error.Item(1).Description(), "");
+    EXPECT_EQ(c.Messages.Error.Item(1).Cause, "COP is no finite number: a division by zero or a result out of range.");
+    EXPECT_EQ(c.Messages.Error.Item(2).Cause, "EER: There is no variable COP.");
     EXPECT_FALSE(c.Variables.Exist("COP"));
     EXPECT_TRUE(c.Variables.Exist("QcEco"));
 }

@@ -6,34 +6,20 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "fluids/Refprop.h"
 #include "tools/fluids/Composition.h"
 
 namespace marvello::test {
 namespace {
 
-constexpr Fractions pure{1.0};
-Fractions inUse = pure;
-
-/// An error buffer as a caller has it.
-struct Buffer {
-    static constexpr std::int32_t length = 255;
-    std::int32_t code = 12345;
-    std::string text = std::string(length, '#');
-
-    Answer answer() const { return {code, text.substr(0, text.find_last_not_of(' ') + 1)}; }
-};
-
-/// Calls one of the functions with these arguments, and keeps what it says of its success.
-template <class Function, class... Arguments>
-void ask(Properties& out, Function function, Arguments... arguments) {
-    Buffer error;
-    function(arguments..., &error.code, error.text.data(), Buffer::length);
-    out.error = error.answer();
+RefpropSession& session() {
+    static RefpropSession theSession(linkedRefprop());
+    return theSession;
 }
 
-std::string padded(const std::string& text, std::size_t length) {
-    return text + std::string(length - text.size(), ' ');
+Answer answerOf(const RefpropAnswer& answer) { return {answer.code, answer.sentence}; }
+
+Properties propertiesOf(const RefpropState& state) {
+    return {state, session().liquid(), session().vapour(), answerOf(state.answer)};
 }
 
 }  // namespace
@@ -79,74 +65,40 @@ Answer setUp(const Refrigerant& refrigerant, const std::string& reference) {
     return refrigerant.isBlend() ? setReference(reference, 2) : answer;
 }
 
-void useFractions(const Fractions& z) { inUse = z; }
+void useFractions(const Fractions& z) { session().useFractions(z); }
 
-const Fractions& fractionsInUse() { return inUse; }
+const Fractions& fractionsInUse() { return session().fractions(); }
 
 Moles molesOf(const std::vector<double>& massFractions) {
-    Fractions mass{};
-    std::copy(massFractions.begin(), massFractions.end(), mass.begin());
-    Moles moles;
-    XMOLEdll(mass.data(), moles.fractions.data(), &moles.molarMass);
-    return moles;
+    RefpropSession other(linkedRefprop());
+    const double molarMass = other.useMassFractions(massFractions);
+    return {other.fractions(), molarMass};
 }
 
 Answer setUp(const std::string& files, std::int32_t count, const std::string& reference) {
-    Buffer error;
-    inUse = pure;
-    SETUPdll(&count, padded(files, 10000).data(), padded("Fluids\\hmx.bnc", 255).data(),
-             padded(reference, 3).data(), &error.code, error.text.data(), 10000, 255, 3, Buffer::length);
-    return error.answer();
+    useFractions({1.0});
+    return answerOf(session().load(files, count, "Fluids\\hmx.bnc", reference));
 }
 
 Answer setReference(const std::string& reference, std::int32_t flag) {
-    Buffer error;
-    const double zero = 0;
-    SETREFdll(padded(reference, 3).data(), &flag, inUse.data(), &zero, &zero, &zero, &zero, &error.code,
-              error.text.data(), 3, Buffer::length);
-    return error.answer();
+    return answerOf(session().setReference(reference, flag));
 }
 
 Properties saturationAtT(double t, std::int32_t side) {
-    Properties out;
-    ask(out, SATTdll, &t, inUse.data(), &side, &out.p, &out.Dl, &out.Dv, out.x.data(), out.y.data());
-    return out;
+    return propertiesOf(session().saturationAtT(t, side));
 }
 
 Properties saturationAtP(double p, std::int32_t side) {
-    Properties out;
-    ask(out, SATPdll, &p, inUse.data(), &side, &out.t, &out.Dl, &out.Dv, out.x.data(), out.y.data());
-    return out;
+    return propertiesOf(session().saturationAtP(p, side));
 }
 
-Properties atTP(double t, double p) {
-    Properties out{.t = t, .p = p};
-    ask(out, TPFLSHdll, &t, &p, inUse.data(), &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(), &out.q,
-        &out.e, &out.h, &out.s, &out.cv, &out.cp, &out.w);
-    return out;
-}
+Properties atTP(double t, double p) { return propertiesOf(session().atTP(t, p, {.t = t, .p = p})); }
 
-Properties atTS(double t, double s) {
-    Properties out{.t = t, .s = s};
-    const std::int32_t root = 0;
-    ask(out, TSFLSHdll, &t, &s, inUse.data(), &root, &out.p, &out.D, &out.Dl, &out.Dv, out.x.data(),
-        out.y.data(), &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w);
-    return out;
-}
+Properties atTS(double t, double s) { return propertiesOf(session().atTS(t, s, {.t = t, .s = s})); }
 
-Properties atPH(double p, double h) {
-    Properties out{.p = p, .h = h};
-    ask(out, PHFLSHdll, &p, &h, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
-        &out.q, &out.e, &out.s, &out.cv, &out.cp, &out.w);
-    return out;
-}
+Properties atPH(double p, double h) { return propertiesOf(session().atPH(p, h, {.p = p, .h = h})); }
 
-Properties atPS(double p, double s) {
-    Properties out{.p = p, .s = s};
-    ask(out, PSFLSHdll, &p, &s, inUse.data(), &out.t, &out.D, &out.Dl, &out.Dv, out.x.data(), out.y.data(),
-        &out.q, &out.e, &out.h, &out.cv, &out.cp, &out.w);
-    return out;
-}
+Properties atPS(double p, double s) { return propertiesOf(session().atPS(p, s, {.p = p, .s = s})); }
 
 double distance(const Fractions& a, const Fractions& b) {
     double most = 0;

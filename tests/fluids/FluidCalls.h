@@ -2,17 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstdint>
 #include <iosfwd>
 #include <string>
 #include <vector>
 
+#include "fluids/RefpropSession.h"
+
 namespace marvello::test {
 
 constexpr double undefined = -9999990;
 
-using Fractions = std::array<double, 20>;
+using Fractions = RefpropSession::Fractions;
 
 /// Error code and sentence of a call, the sentence without the blanks behind it.
 struct Answer {
@@ -21,8 +22,7 @@ struct Answer {
 };
 
 /// What a flash or a saturation call gives, with the inputs of a flash repeated.
-struct Properties {
-    double t = 0, p = 0, D = 0, Dl = 0, Dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
+struct Properties : RefpropState {
     Fractions x{}, y{};
     Answer error{};
 };

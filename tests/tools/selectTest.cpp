@@ -148,6 +148,19 @@ TEST(marvelloSelect, ALoadOfTheOilCoolerIsWarnedOfForEveryModel) {
     }
 }
 
+// Trials of a capacity that no economizer adds subcool the liquid below any temperature.
+TEST(marvelloSelect, AStateWithoutAResultIsSaidWithItsCause) {
+    const Answer answer = call(
+        "--refrigerant R134A --series MV-A --ted 0.63 --tcd 39.93 --sh-type 1 --sh 20.6 --eco-mode 2 --eco "
+        "400 "
+        "--voltage 380 --hz 60",
+        Listen::errors);
+    EXPECT_NE(answer.out.find("a state of the refrigerant could not be calculated"), std::string::npos)
+        << answer.out;
+    EXPECT_NE(answer.out.find("Cause: Temperature("), std::string::npos) << answer.out;
+    EXPECT_NE(answer.out.find("outside the temperature range of R134a"), std::string::npos) << answer.out;
+}
+
 TEST(marvelloSelect, NamesAreFoundInAnyCaseOfLetters) {
     const auto csv = [](const char* arguments) {
         return call(std::string(arguments) + " --ted 2 --tcd 40 --format csv").out;

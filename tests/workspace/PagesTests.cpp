@@ -17,6 +17,7 @@
 #include "controls/ctlGraph.h"
 #include "data/ApplicationFolder.h"
 #include "tests/workspace/WorkspaceFixture.h"
+#include "workspace/WindowTexts.h"
 #include "workspace/frmSelection.h"
 
 using namespace marvello;
@@ -86,6 +87,24 @@ TEST_F(PagesTest, TheTabChoosesWhatIsShownOfTheSelectedRow) {
     EXPECT_EQ(tabs()->toolTip(), "");
     form->lnkCalculate_Click();
     EXPECT_EQ(tabs()->currentKey(), "messages");
+}
+
+// A power input of 0.04 kW shows as 0.0: COP divides by it, and EER has no COP.
+TEST_F(PagesTest, AFailedStepHasItsCauseBelowIt) {
+    catalogue.exec(
+        "update tPolynomials set fC1=0.04, fC2=0, fC3=0, fC4=0, fC5=0, fC6=0, fC7=0, fC8=0, fC9=0, "
+        "fC10=0 where fType=1");
+    const QString text = dictionaryText(QStringLiteral("messages.failedstep"));
+    messages()->addMessage("msgerror", "Error", text, "x");
+    const int plain = messages()->sizeHintForRow(0);
+    form->lnkCalculate_Click();
+    list()->selectRow(1);
+    ASSERT_EQ(messages()->count(), 1) << "both failures are one message";
+    EXPECT_EQ(messages()->item(0)->text(), text);
+    EXPECT_EQ(messages()->item(0)->toolTip(),
+              "COP is no finite number: a division by zero or a result out of range.\n"
+              "EER: There is no variable COP.");
+    EXPECT_GT(messages()->sizeHintForRow(0), plain) << "with room for the cause";
 }
 
 TEST_F(PagesTest, TechnicalDataFollowTheCatalogueAndTheMotor) {

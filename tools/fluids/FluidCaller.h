@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 
@@ -13,9 +12,8 @@ inline constexpr double zeroCelsius = 273.15;  ///< K
 
 /// A state as the property library gives it, in K, kPa, mol/dm^3, J/mol, J/(mol K), m/s. `Dl`, `Dv`, `x`, `y`
 /// and `q` are as in fluids/Refprop.h.
-struct State {
-    double t = 0, p = 0, D = 0, Dl = 0, Dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
-    std::array<double, 20> x{}, y{};
+struct State : RefpropState {
+    RefpropSession::Fractions x{}, y{};
 };
 
 /// The property library of the application folder, set up for one refrigerant. The zero of enthalpy and
@@ -44,16 +42,12 @@ class FluidCaller {
     double criticalTemperature(double known);
 
   private:
-    template <class Function, class... Arguments>
-    void ask(Function* function, Arguments... arguments);
-    void check() const;
+    /// The state with its compositions. Throws what the library says of a failure.
+    State checked(const RefpropState& state) const;
 
-    const RefpropFunctions* library_;
+    RefpropSession session_;
     std::string name_;
-    std::array<double, 20> z_{};
     double molarMass_ = 0;
-    std::int32_t error_ = 0;
-    std::array<char, 255> sentence_{};
 };
 
 }  // namespace marvello::properties

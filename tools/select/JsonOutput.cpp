@@ -72,6 +72,7 @@ Json ofMessages(const clsMessages& messages) {
     Json list = Json::array();
     for (const clsMessage& message : messages) {
         list.push_back({{"name", message.Name}, {"description", message.Description()}});
+        if (!message.Cause.empty()) list.back()["cause"] = message.Cause;
     }
     return list;
 }

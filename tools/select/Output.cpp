@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <set>
 
+#include "data/Globals.h"
 #include "data/Texts.h"
 #include "tools/csv/Csv.h"
 
@@ -37,11 +39,14 @@ bool isListed(const clsCompressor& compressor, const Column& column) {
 /// The texts of the errors, or without errors those of the warnings and notes.
 std::vector<std::string> texts(const clsCompressor& compressor) {
     std::vector<std::string> result;
-    const auto take = [&result](const clsMessages& messages) {
+    std::set<std::string> told;
+    const auto take = [&](const clsMessages& messages) {
         for (const clsMessage& message : messages) {
             std::string text = message.Description();
-            if (text.empty()) text = "A step of the calculation failed.";
-            if (std::ranges::find(result, text) == result.end()) result.push_back(std::move(text));
+            if (text.empty()) text = gApplication().DictionaryRead("messages.failedstep");
+            if (!told.insert(text).second) continue;
+            result.push_back(std::move(text));
+            if (!message.Cause.empty()) result.push_back("Cause: " + message.Cause);
         }
     };
     take(compressor.Messages.Error);

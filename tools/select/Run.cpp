@@ -62,6 +62,16 @@ void spellNames(Request& request) {
     request.models = models.empty() ? "*" : models;
 }
 
+/// What a box says; of a state without a result also which one, why and what to do.
+std::string remarkOf(const std::string& box, const std::string& undefinedState) {
+    if (box != undefinedText) return box;
+    return "a state of the refrigerant could not be calculated. A compressor whose figures rest on it has a "
+           "warning or an error; for it choose other temperatures, another limit of the discharge "
+           "temperature "
+           "or another economizer value. Cause: " +
+           undefinedState;
+}
+
 }  // namespace
 
 void openCatalogue(const std::string& language) {
@@ -81,10 +91,13 @@ Run carryOut(Request request) {
     checkTemperatures(request, saturationRange(request.refrigerant));
     Run run{request, std::make_unique<clsSelections>(), {}};
     AbortRequested() = false;
+    const auto refprop = SharedRefprop(request.refrigerant);
+    refprop->clearLastUndefined();
     const CollectedBoxes said;
     run.selection->Selection(std::make_shared<clsProjectConditions>(request.conditions), request.series,
                              request.models, request.refrigerant, static_cast<std::uint8_t>(request.market));
-    for (const CollectedBoxes::Box& box : said.boxes()) run.remarks.push_back(box.text);
+    for (const CollectedBoxes::Box& box : said.boxes())
+        run.remarks.push_back(remarkOf(box.text, refprop->LastUndefined()));
     return run;
 }
 

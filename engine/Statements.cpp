@@ -1,0 +1,36 @@
+#include "engine/Statements.h"
+
+namespace marvello {
+
+void Statements::set(var variable, VariableValue value) {
+    const auto* number = std::get_if<double>(&value);
+    const bool isUndefined = number != nullptr && isUndefinedMarker(*number);
+    v_.set(variable, std::move(value));
+    if (isUndefined)
+        undefined_[variable] = refprop_.LastUndefined();
+    else if (!undefined_.empty())
+        undefined_.erase(variable);
+}
+
+void Statements::noteFailure(std::string_view name, std::string_view sentence) {
+    std::string cause(name);
+    if (sentence.starts_with(cause + " "))
+        cause = sentence;
+    else
+        cause.append(": ").append(sentence);
+    messages_.Error.add("Error...", "", {0.0}, cause);
+}
+
+std::string Statements::undefinedStates() const {
+    std::string names;
+    for (const auto& [variable, unused] : undefined_)
+        names.append(names.empty() ? "" : ", ").append(definitionOf(variable).name);
+    return names.empty() ? names : names + ": " + undefined_.begin()->second;
+}
+
+void Statements::warnOfUndefinedStates() {
+    if (undefined_.empty() || messages_.Error.Count() > 0) return;  // an error leaves no figures
+    messages_.Attention.add("messages.message38", "messages.message38", {}, undefinedStates());
+}
+
+}  // namespace marvello
