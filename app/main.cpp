@@ -1,4 +1,4 @@
-#include "app/Main.h"
+#include "app/Start.h"
 
 #include "app/Application.h"
 #include "app/InstallHooks.h"

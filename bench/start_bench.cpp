@@ -17,7 +17,7 @@
 
 #include "app/Application.h"
 #include "app/InstallHooks.h"
-#include "app/Main.h"
+#include "app/Start.h"
 #include "bench/Floor.h"
 #include "data/ApplicationFolder.h"
 #include "data/Globals.h"

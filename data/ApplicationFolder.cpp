@@ -1,10 +1,6 @@
 #include "data/ApplicationFolder.h"
 
-#include <filesystem>
-
-#ifdef _WIN32
-#include <windows.h>
-#endif
+#include "platform/Places.h"
 
 namespace marvello {
 
@@ -13,17 +9,6 @@ namespace {
 std::string& chosenFolder() {
     static std::string folder;
     return folder;
-}
-
-std::filesystem::path programFile() {
-#ifdef _WIN32
-    wchar_t name[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(nullptr, name, MAX_PATH);
-    return std::filesystem::path(std::wstring(name, length));
-#else
-    std::error_code failure;
-    return std::filesystem::read_symlink("/proc/self/exe", failure);
-#endif
 }
 
 }  // namespace

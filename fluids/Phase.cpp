@@ -71,4 +71,17 @@ PhaseState Phase::state(double density) {
     return found;
 }
 
+double Phase::liquidDensity(double reducedPressure, double dense) const {
+    constexpr int steps = 100;
+    double density = dense;
+    for (int i = 0; i < steps; ++i) {
+        const ReducedPressure here = this->reducedPressure(density);
+        const double change =
+            here.byDensity > 0 ? (reducedPressure - here.value) / here.byDensity : 0.02 * density;
+        density = std::clamp(density + change, 0.9 * density, 1.1 * density);
+        if (std::abs(change) < 1e-9 * density) break;
+    }
+    return density;
+}
+
 }  // namespace marvello::fluids

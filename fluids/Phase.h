@@ -50,6 +50,9 @@ class Phase {
     ReducedPressure reducedPressure(double density) const;
     PhaseState state(double density);
 
+    /// The density of a cold liquid at a low p/(R T), approached from `dense`.
+    double liquidDensity(double reducedPressure, double dense) const;
+
   private:
     void setIdeal();
 

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string>
 
+#include "fluids/Nearest.h"
 #include "fluids/PropertyError.h"
 
 namespace marvello::fluids {
@@ -62,14 +63,8 @@ PhaseEnvelope::PhaseEnvelope(Phase& phase, Equilibrium& equilibrium, double temp
 TwoPhases PhaseEnvelope::firstBubblePoint(Phase& phase, const Mixture& mixture) const {
     const double temperature = std::max(0.62 * phase.reducing().temperature, 1.02 * temperatureMin_);
     phase.setTemperature(temperature);
-    // A liquid under hardly any pressure, approached from the dense side.
-    double density = 3.5 * phase.reducing().density;
-    for (int i = 0; i < 100; ++i) {
-        const ReducedPressure here = phase.reducedPressure(density);
-        const double change = here.byDensity > 0 ? -here.value / here.byDensity : 0.02 * density;
-        density = std::clamp(density + change, 0.9 * density, 1.1 * density);
-        if (std::abs(change) < 1e-9 * density) break;
-    }
+    const double density =
+        phase.liquidDensity(0, 3.5 * phase.reducing().density);  // under hardly any pressure
     TwoPhases point;
     point.temperature = temperature;
     point.firstDensity = density;
@@ -91,32 +86,16 @@ void PhaseEnvelope::Tracing::add(const std::optional<TwoPhases>& state) {
     known[std::log(state->secondDensity / state->firstDensity)] = *state;
 }
 
-/// What the known states say of another place: the polynomial through the four nearest.
+/// What the known states say of another place.
 TwoPhases PhaseEnvelope::Tracing::foretell(double u) const {
-    constexpr std::ptrdiff_t most = 4;
-    const auto used = std::min(most, static_cast<std::ptrdiff_t>(known.size()));
-    auto from = known.lower_bound(u);
-    for (std::ptrdiff_t i = 0; i < used / 2 && from != known.begin(); ++i) --from;
-    auto end = from;
-    for (std::ptrdiff_t i = 0; i < used; ++i) {
-        if (end == known.end()) {
-            --from;
-        } else {
-            ++end;
-        }
-    }
     TwoPhases guess;
     double logTemperature = 0;
     double logDensity = 0;
-    for (auto node = from; node != end; ++node) {
-        double weight = 1;
-        for (auto other = from; other != end; ++other) {
-            if (other != node) weight *= (u - other->first) / (node->first - other->first);
-        }
-        logTemperature += weight * std::log(node->second.temperature);
-        logDensity += weight * std::log(node->second.firstDensity);
-        for (std::size_t i = 0; i < mostComponents; ++i) guess.logK[i] += weight * node->second.logK[i];
-    }
+    overNearest(known, u, [&](const TwoPhases& state, double weight) {
+        logTemperature += weight * std::log(state.temperature);
+        logDensity += weight * std::log(state.firstDensity);
+        for (std::size_t i = 0; i < mostComponents; ++i) guess.logK[i] += weight * state.logK[i];
+    });
     guess.temperature = std::exp(logTemperature);
     guess.firstDensity = std::exp(logDensity);
     guess.secondDensity = guess.firstDensity * std::exp(u);

@@ -1,7 +1,5 @@
 #include "fluids/Refprop.h"
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -14,6 +12,7 @@
 
 #include "fluids/PropertyError.h"
 #include "fluids/PropertyLibrary.h"
+#include "platform/Places.h"
 
 namespace {
 
@@ -135,10 +134,8 @@ struct FlashOutputs {
 /// The current folder first, then the one that holds this library.
 std::vector<std::filesystem::path> fluidFolders() {
     std::vector<std::filesystem::path> folders{"."};
-    Dl_info info{};
-    if (dladdr(reinterpret_cast<const void*>(&SETUPdll), &info) != 0 && info.dli_fname != nullptr) {
-        folders.push_back(std::filesystem::absolute(info.dli_fname).parent_path());
-    }
+    const auto library = marvello::fileWith(reinterpret_cast<const void*>(&SETUPdll));
+    if (!library.empty()) folders.push_back(library.parent_path());
     return folders;
 }
 

@@ -6,6 +6,7 @@
 #include <map>
 #include <utility>
 
+#include "fluids/Nearest.h"
 #include "fluids/RootSearch.h"
 
 namespace marvello::fluids {
@@ -128,29 +129,13 @@ void SaturationLine::makeLine(Phase& phase, const PureFluid& fluid) {
         const Pair found = solveAt(place, guess);
         solved[place] = {found.liquid, found.vapour};
     };
-    // The polynomials of ln rho through the four nearest places solved.
     const auto guessAt = [&](double place) {
-        constexpr std::ptrdiff_t most = 4;
-        const auto used = std::min(most, static_cast<std::ptrdiff_t>(solved.size()));
-        auto from = solved.lower_bound(place);
-        for (std::ptrdiff_t i = 0; i < used / 2 && from != solved.begin(); ++i) --from;
-        auto end = from;
-        for (std::ptrdiff_t i = 0; i < used; ++i) {
-            if (end == solved.end())
-                --from;
-            else
-                ++end;
-        }
         double liquid = 0;
         double vapour = 0;
-        for (auto node = from; node != end; ++node) {
-            double weight = 1;
-            for (auto other = from; other != end; ++other) {
-                if (other != node) weight *= (place - other->first) / (node->first - other->first);
-            }
-            liquid += weight * std::log(node->second.liquid);
-            vapour += weight * std::log(node->second.vapour);
-        }
+        overNearest(solved, place, [&](const Densities& known, double weight) {
+            liquid += weight * std::log(known.liquid);
+            vapour += weight * std::log(known.vapour);
+        });
         return Densities{std::exp(liquid), std::exp(vapour)};
     };
     const auto meanAt = [&](double place, const Densities& guess) {
@@ -204,14 +189,7 @@ SaturationLine::Densities SaturationLine::firstGuess(Phase& phase, const PureFlu
                                                           (1 - critical_.temperature / temperature));
     const double wanted = pressure / (phase.gasConstant() * temperature);
     phase.setTemperature(temperature);
-    double density = 3.5 * critical_.density;
-    for (int i = 0; i < 50; ++i) {
-        const ReducedPressure here = phase.reducedPressure(density);
-        const double change = here.byDensity > 0 ? (wanted - here.value) / here.byDensity : 0.02 * density;
-        density = std::clamp(density + change, 0.9 * density, 1.1 * density);
-        if (std::abs(change) < 1e-9 * density) break;
-    }
-    return {density, wanted};
+    return {phase.liquidDensity(wanted, 3.5 * critical_.density), wanted};
 }
 
 double SaturationLine::theta(double temperature) const {

@@ -1,57 +1,21 @@
 #include "thermo/RefpropLibrary.h"
 
-#ifdef _WIN32
-#include <windows.h>
-#else
-#include <dlfcn.h>
-#endif
-
-#include <memory>
-
 #include "data/ApplicationFolder.h"
+#include "platform/SharedLibrary.h"
 
 namespace marvello {
 
 namespace {
 
-#ifdef _WIN32
-constexpr const char* libraryFile = "\\Refprop.dll";
-
-struct CloseLibrary {
-    void operator()(void* library) const { FreeLibrary(static_cast<HMODULE>(library)); }
-};
-void* openLibrary(const std::string& file) { return LoadLibraryA(file.c_str()); }
-void* symbol(void* library, const char* name) {
-    return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name));
-}
-std::string lastError() { return "error " + std::to_string(GetLastError()); }
-#else
-#ifdef __APPLE__
-constexpr const char* libraryFile = "/libRefprop.dylib";
-#else
-constexpr const char* libraryFile = "/libRefprop.so";
-#endif
-
-struct CloseLibrary {
-    void operator()(void* library) const { dlclose(library); }
-};
-void* openLibrary(const std::string& file) { return dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL); }
-void* symbol(void* library, const char* name) { return dlsym(library, name); }
-std::string lastError() {
-    const char* text = dlerror();
-    return text == nullptr ? "unknown reason" : text;
-}
-#endif
-
 struct LoadedLibrary {
     std::string file;
-    std::unique_ptr<void, CloseLibrary> handle;
+    SharedLibrary code;
     RefpropFunctions functions{};
 };
 
 template <class Function>
 void bind(const LoadedLibrary& library, const char* name, Function& function) {
-    void* address = symbol(library.handle.get(), name);
+    void* address = library.code.function(name);
     if (address == nullptr) {
         throw FluidLibraryError("The fluid library " + library.file + " has no function " + name + ".");
     }
@@ -61,9 +25,10 @@ void bind(const LoadedLibrary& library, const char* name, Function& function) {
 LoadedLibrary load(const std::string& file) {
     LoadedLibrary library;
     library.file = file;
-    library.handle.reset(openLibrary(file));
-    if (!library.handle) {
-        throw FluidLibraryError("The fluid library cannot be loaded: " + lastError() + ".");
+    try {
+        library.code = SharedLibrary(file);
+    } catch (const std::exception& failure) {
+        throw FluidLibraryError(std::string("The fluid library cannot be loaded: ") + failure.what() + ".");
     }
     RefpropFunctions& f = library.functions;
     bind(library, "SETUPdll", f.SETUPdll);
@@ -83,7 +48,7 @@ LoadedLibrary load(const std::string& file) {
 
 const RefpropFunctions& refpropFunctions() {
     static LoadedLibrary library;
-    const std::string file = applicationFolder() + libraryFile;
+    const std::string file = applicationFolder() + "/" + SharedLibrary::fileName("Refprop");
     if (library.file != file) {
         LoadedLibrary loaded = load(file);
         library = std::move(loaded);

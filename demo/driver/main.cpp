@@ -6,7 +6,7 @@
 
 #include "app/Application.h"
 #include "app/InstallHooks.h"
-#include "app/Main.h"
+#include "app/Start.h"
 #include "controls/MessageBox.h"
 #include "data/Globals.h"
 #include "demo/driver/Driver.h"

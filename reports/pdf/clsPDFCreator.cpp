@@ -9,6 +9,7 @@
 #include <random>
 #include <stdexcept>
 
+#include "platform/LocalTime.h"
 #include "reports/pdf/PdfNumber.h"
 
 namespace marvello {
@@ -76,12 +77,7 @@ std::string padded(std::int64_t number, std::size_t digits) {
 }  // namespace
 
 PdfSurroundings PdfSurroundings::system() {
-    return {[] {
-                const std::time_t now = std::time(nullptr);
-                std::tm local{};
-                localtime_r(&now, &local);
-                return local;
-            },
+    return {localTime,
             [] {
                 std::random_device seed;
                 std::minstd_rand random(seed());

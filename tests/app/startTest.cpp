@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "app/FirstInstance.h"
-#include "app/Main.h"
+#include "app/Start.h"
 #include "controls/MessageBox.h"
 #include "data/ApplicationFolder.h"
 #include "data/Globals.h"

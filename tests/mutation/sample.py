@@ -36,24 +36,13 @@ SITE = re.compile(
 NO_CODE = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|(?<!\w)\'(?:\\.|[^\'\\\n])+\'', re.DOTALL)
 # What a declaration starts from is nearly always written before it is read.
 PLACEHOLDER = re.compile(r"^\s*(?:double|float|int|long long|std::\w+) \w+ = 0(?:, \w+ = 0)*;", re.MULTILINE)
-OTHER_PLATFORM = re.compile(r"#\s*if(?:def\s+|\s+defined\(?)(?:_WIN32|__APPLE__)\b")
 
 
 def code_only(text):
-    """The text with all that is no code of this platform blanked out, each character in its place."""
+    """The text with all that is no code blanked out, each character in its place."""
     for no_site in (NO_CODE, PLACEHOLDER):
         text = no_site.sub(lambda found: re.sub(r"[^\n]", "~", found.group()), text)
-    lines, depth = text.split("\n"), 0
-    for i, line in enumerate(lines):
-        directive = line.lstrip().startswith("#")
-        if depth == 0 and OTHER_PLATFORM.match(line.lstrip()):
-            depth = 1
-        elif depth > 0 and re.match(r"\s*#\s*if", line):
-            depth += 1
-        elif depth == 1 and re.match(r"\s*#\s*(else|endif)", line) or re.match(r"\s*#\s*endif", line):
-            depth = max(depth - 1, 0)
-        if directive or depth > 0:
-            lines[i] = "~" * len(line)
+    lines = ["~" * len(line) if line.lstrip().startswith("#") else line for line in text.split("\n")]
     return "\n".join(lines)
 
 

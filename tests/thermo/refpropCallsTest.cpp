@@ -1,14 +1,13 @@
 // How the fluid library is called, seen by a library that notes it.
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <tuple>
 
 #include "data/ApplicationFolder.h"
 #include "data/Globals.h"
+#include "platform/SharedLibrary.h"
 #include "tests/support/SmallCatalogue.h"
 #include "thermo/clsRefprop.h"
 
@@ -26,15 +25,14 @@ class refpropCalls : public ::testing::Test {
 
     /// What the library noted since the last call.
     std::string noted() {
-        const auto read = reinterpret_cast<const char* (*)()>(dlsym(library.get(), "recordedCalls"));
+        const auto read = reinterpret_cast<const char* (*)()>(library.function("recordedCalls"));
         std::string notes = read();
-        reinterpret_cast<void (*)()>(dlsym(library.get(), "forgetCalls"))();
+        reinterpret_cast<void (*)()>(library.function("forgetCalls"))();
         return notes;
     }
 
     testing::SmallCatalogue catalogue;
-    std::unique_ptr<void, int (*)(void*)> library{
-        dlopen(MARVELLO_RECORDING_FOLDER "/libRefprop.so", RTLD_NOW), dlclose};
+    SharedLibrary library{MARVELLO_RECORDING_FOLDER "/libRefprop.so"};
 };
 
 TEST_F(refpropCalls, SetUpOfAPureFluidAndOfABlend) {

@@ -1,18 +1,13 @@
 #include "tools/catalogue/TableExchange.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <fstream>
 #include <set>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
 
-#include "tools/catalogue/FreshName.h"
+#include "platform/Files.h"
 #include "tools/catalogue/Schema.h"
 
 namespace marvello {
@@ -31,22 +26,6 @@ bool isTableName(const std::string& name) {
     const bool isKnown = std::ranges::find(schemaTables(), table, &Table::name) != schemaTables().end();
     return isKnown && (extension == ".csv" || extension == ".rtf") && name.find('/') == std::string::npos;
 }
-
-/// Keeps other exchanges of the folder waiting. A file system without locks goes without.
-class FolderLock {
-  public:
-    explicit FolderLock(const fs::path& folder)
-        : file_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        if (file_ < 0) throw fs::filesystem_error("cannot open", folder, {errno, std::generic_category()});
-        while (flock(file_, LOCK_EX) != 0 && errno == EINTR) continue;
-    }
-    ~FolderLock() { close(file_); }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-
-  private:
-    int file_;
-};
 
 [[noreturn]] void refuse(const fs::path& folder, const std::string& reason) {
     throw std::runtime_error("The tables cannot be written to " + folder.string() + ": " + reason + ".");

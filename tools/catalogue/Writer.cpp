@@ -3,9 +3,6 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -19,8 +16,8 @@
 
 #include "data/CatalogueDigest.h"
 #include "data/clsDatabase.h"
+#include "platform/Files.h"
 #include "tools/catalogue/Content.h"
-#include "tools/catalogue/FreshName.h"
 
 namespace marvello {
 
@@ -126,14 +123,6 @@ void checkHasNoJournal(const fs::path& file) {
         if (fs::exists(file.string() + ending))
             throw std::runtime_error("the journal " + file.filename().string() + ending +
                                      " is next to it; remove it first");
-}
-
-/// Owner and access rights of the file that is replaced. The owner can only be kept by an administrator.
-void takeRights(const fs::path& unfinished, const fs::path& file) {
-    struct stat old{};
-    if (stat(file.c_str(), &old) != 0) return;
-    [[maybe_unused]] const int ownerKept = chown(unfinished.c_str(), old.st_uid, old.st_gid);
-    fs::permissions(unfinished, fs::status(file).permissions());
 }
 
 }  // namespace

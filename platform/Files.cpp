@@ -1,6 +1,7 @@
-#include "tools/catalogue/FreshName.h"
+#include "platform/Files.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -44,6 +45,21 @@ fs::path makeFreshFile(const fs::path& beginning) {
 fs::path makeFreshFolder(const fs::path& beginning) {
     return makeFresh(beginning, [](const char* name) { return mkdir(name, 0777); });
 }
+
+void takeRights(const fs::path& file, const fs::path& from) {
+    struct stat old{};
+    if (stat(from.c_str(), &old) != 0) return;
+    [[maybe_unused]] const int ownerKept = chown(file.c_str(), old.st_uid, old.st_gid);
+    fs::permissions(file, fs::status(from).permissions());
+}
+
+FolderLock::FolderLock(const fs::path& folder)
+    : file_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    if (file_ < 0) throw fs::filesystem_error("cannot open", folder, {errno, std::generic_category()});
+    while (flock(file_, LOCK_EX) != 0 && errno == EINTR) continue;
+}
+
+FolderLock::~FolderLock() { close(file_); }
 
 void settle(const fs::path& path) {
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);

@@ -9,6 +9,22 @@ namespace marvello {
 std::filesystem::path makeFreshFile(const std::filesystem::path& beginning);
 std::filesystem::path makeFreshFolder(const std::filesystem::path& beginning);
 
+/// Gives a file the access rights of another one, and its owner where the user may do that.
+void takeRights(const std::filesystem::path& file, const std::filesystem::path& from);
+
+/// Keeps others that lock the folder waiting while it lives. A file system without locks goes without. Throws
+/// std::filesystem::filesystem_error if the folder cannot be opened.
+class FolderLock {
+  public:
+    explicit FolderLock(const std::filesystem::path& folder);
+    ~FolderLock();
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+  private:
+    int file_;
+};
+
 /// Waits until a file or the entries of a folder are on the disk. What cannot be waited for is left alone.
 void settle(const std::filesystem::path& path);
 

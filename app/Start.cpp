@@ -1,4 +1,4 @@
-#include "app/Main.h"
+#include "app/Start.h"
 
 #include <QApplication>
 #include <QEvent>
