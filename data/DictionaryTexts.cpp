@@ -20,4 +20,14 @@ std::string dictionaryTextIfAny(std::string_view key) {
     }
 }
 
+std::vector<Language> catalogueLanguages() {
+    std::vector<Language> languages;
+    for (RecordSet row = gDatabase().Execute("Select * from tLanguages order by fLanguage"); !row.eof();
+         row.moveNext()) {
+        const std::string key = row.text("fLanguage");
+        languages.push_back({key, row.NullToDefault("fDescription", key)});
+    }
+    return languages;
+}
+
 }  // namespace marvello

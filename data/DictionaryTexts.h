@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace marvello {
 
@@ -11,5 +12,13 @@ std::string dictionaryText(std::string_view key);
 
 /// As above, but "" for a key that the catalogue lacks.
 std::string dictionaryTextIfAny(std::string_view key);
+
+struct Language {
+    std::string key;   ///< such as "en-EN"
+    std::string name;  ///< in the language itself
+};
+
+/// Returns the languages of the catalogue. Throws DatabaseError.
+std::vector<Language> catalogueLanguages();
 
 }  // namespace marvello

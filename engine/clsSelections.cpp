@@ -1,8 +1,10 @@
 #include "engine/clsSelections.h"
 
 #include <limits>
+#include <optional>
 #include <stdexcept>
 
+#include "catalogue/CatalogueLists.h"
 #include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
 #include "data/Globals.h"
@@ -20,14 +22,6 @@ namespace {
 bool isInverterSeries(const std::string& serie) {
     const SeriesTraits& traits = seriesTraits(serie);
     return traits.drive == Drive::inverter && traits.name == serie;
-}
-
-/// The pieces of a list joined with ";", quoted and joined with ",".
-std::string quotedList(const std::string& models) {
-    std::string list;
-    for (const std::string& model : splitText(models, ';'))
-        list += (list.empty() ? "'" : ",'") + model + '\'';
-    return list;
 }
 
 std::uint8_t asByte(int value) {
@@ -67,14 +61,11 @@ void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> condit
 std::string clsSelections::BuildSelectionSql(const std::string& serie, const std::string& models,
                                              const std::string& refrigerant, bool inverter,
                                              std::uint8_t market) {
-    std::string filter = "fRefrigerantID='" + refrigerant +
-                         "' and fHasInverter=" + (inverter ? "True" : "False") + " and fSerieID=('" + serie +
-                         "')";
-    if (market != 0) filter += " and ((fMarket & " + std::to_string(market) + ")=fMarket)";
-    if (models != "*" && !models.empty()) filter += " and fModelID in(" + quotedList(models) + ")";
-    return "Select * from tCompressors Where " + filter +
-           " ORDER BY tCompressors.fRefrigerantID, tCompressors.fSerieID, tCompressors.fSequence, "
-           "tCompressors.fModelID";
+    return selectionSql({.onInverter = inverter,
+                         .refrigerant = refrigerant,
+                         .series = serie,
+                         .models = models,
+                         .market = market == 0 ? std::nullopt : std::optional<int>(market)});
 }
 
 void clsSelections::loadCompressors(const std::string& sql) {

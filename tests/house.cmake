@@ -63,7 +63,7 @@ foreach(room IN LISTS rooms ITEMS tools)
     file(GLOB_RECURSE files ${ROOT}/${room}/*.h ${ROOT}/${room}/*.cpp)
     foreach(file IN LISTS files)
         file(STRINGS ${file} lines REGEX
-             "^[ \t]*#[ \t]*(include[ \t]*<(unistd|dlfcn|fcntl|pwd|windows|sys/.*)\\.h>|if.*(_WIN32|__APPLE__|__linux__))")
+             "^[ \t]*#[ \t]*(include[ \t]*<(unistd|dlfcn|fcntl|pwd|langinfo|windows|sys/.*)\\.h>|if.*(_WIN32|__APPLE__|__linux__))")
         foreach(line IN LISTS lines)
             string(APPEND faults "${file}: ${line}\n")
         endforeach()

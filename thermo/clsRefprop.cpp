@@ -13,6 +13,7 @@
 #include "data/Arithmetic.h"
 #include "data/Globals.h"
 #include "data/Hooks.h"
+#include "data/RefrigerantFluids.h"
 #include "data/Texts.h"
 #include "thermo/UnitFamilies.h"
 
@@ -43,18 +44,13 @@ bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string
     if (!trimmed(refrigerant).empty()) Refrigerant = trimmed(refrigerant);
     if (!trimmed(fluidPath).empty()) Fluidpath = trimmed(fluidPath);
 
-    RecordSet rows = db.Execute(
-        "SELECT tRefrigeranti.fRefrigeranteId, tFluidi.fFluido, tFluidi.fPFluido FROM tRefrigeranti LEFT "
-        "JOIN tFluidi "
-        "ON tRefrigeranti.fRefrigeranteId = tFluidi.fRefrigeranteId WHERE tFluidi.fRefrigeranteId='" +
-        Refrigerant + "'");
     std::vector<std::string> files;
     std::vector<double> massFractions;
-    for (; !rows.eof(); rows.moveNext()) {
+    for (const auto& [file, massFraction] : fluidsOf(db, Refrigerant)) {
         if (files.size() == RefpropSession::maximumComponents)
             throw std::out_of_range("The refrigerant " + Refrigerant + " has more than 20 components.");
-        files.push_back(nativePath(trimmed(rows.text("fFluido"))));
-        massFractions.push_back(rows.number("fPFluido"));
+        files.push_back(nativePath(file));
+        massFractions.push_back(massFraction);
     }
     remembered_.clear();
     dewRange_.reset();

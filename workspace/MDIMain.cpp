@@ -21,6 +21,7 @@
 #include "controls/Icons.h"
 #include "controls/Look.h"
 #include "controls/TabStrip.h"
+#include "data/DictionaryTexts.h"
 #include "data/Globals.h"
 #include "data/Texts.h"
 #include "workspace/AlphaVersion.h"
@@ -157,11 +158,9 @@ void MDIMain::populateDictionary(const QString& language) {
 void MDIMain::populateLanguages() {
     languages_ = new QActionGroup(this);
     const QString current = fromCore(lowered(trimmed(gApplication().User().language)));
-    for (RecordSet row = gDatabase().Execute("Select * from tLanguages order by fLanguage"); !row.eof();
-         row.moveNext()) {
-        const QString language = fromCore(row.text("fLanguage"));
-        QAction* item = mnu_tools_language_->addAction(
-            fromCore(row.NullToDefault("fDescription", row.text("fLanguage"))));
+    for (const Language& each : catalogueLanguages()) {
+        const QString language = fromCore(each.key);
+        QAction* item = mnu_tools_language_->addAction(fromCore(each.name));
         item->setObjectName(QStringLiteral("mnu_tools_language_items"));
         item->setData(language);
         item->setCheckable(true);
@@ -302,25 +301,17 @@ void MDIMain::hideChildControls() {
 void MDIMain::OpenForms() {
     const bool any = TabStrip_->count() > 0;
     tabBand_->setVisible(any);
-    for (const char* name :
-         {"frameresize", "mnu_Window_Cascade", "mnu_Window_TileHorizontal", "mnu_Window_TileVertical",
-          "mnu_Window_ArrangeIcons", "mnu_file_close", "mnu_file_closeall"})
-        commands_[QLatin1String(name)]->setEnabled(any);
+    commands_.enable(Needs::form, any);
     refreshState();
 }
 
 void MDIMain::refreshState() {
     const SelectionForm* form = TabStrip_->count() > 0 ? ActiveForm() : nullptr;
     const bool hasResults = form && form->hasResults();
-    commands_[QStringLiteral("frecciaup")]->setEnabled(hasResults);
-    commands_[QStringLiteral("frecciadown")]->setEnabled(hasResults);
-    commands_[QStringLiteral("mnu_tools_copytoclipboard")]->setEnabled(form && form->canCopy());
-    for (const char* name : {"mnu_file_print", "mnu_file_printpreview"})
-        commands_[QLatin1String(name)]->setEnabled(form && form->canPrint());
-    commands_[QStringLiteral("export")]->setEnabled(hasResults);
-    commands_[QStringLiteral("mnu_tools_export_cps")]->setEnabled(hasResults);
-    commands_[QStringLiteral("mnu_tools_export_polynomials")]->setEnabled(hasResults);
-    commands_[QStringLiteral("frameresize")]->setChecked(form && form->isCollapsed());
+    commands_.enable(Needs::results, hasResults);
+    commands_.enable(Needs::copyableRow, form && form->canCopy());
+    commands_.enable(Needs::printableRow, form && form->canPrint());
+    commands_[Command::collapseInputs]->setChecked(form && form->isCollapsed());
     cmbGroupBy_->setEnabled(hasResults);
     cmbmeasureunits_->setEnabled(form != nullptr);
     // Each form keeps its own measure system.

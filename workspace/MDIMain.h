@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QHash>
 #include <QMainWindow>
 #include <QTranslator>
 #include <array>
 #include <memory>
 
-class QAction;
-class QKeyEvent;
+#include "workspace/Commands.h"
+
 class QActionGroup;
+class QKeyEvent;
 class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
@@ -75,7 +75,6 @@ class MDIMain : public QMainWindow {
     bool tookKey(const QWidget& focused, const QKeyEvent& key);
 
     // MainCommands.cpp
-    QAction* command(const char* name, const char* iconName, const QKeySequence& keys = {});
     void makeCommands();
     void makeMenus();
     void makeToolBar();
@@ -92,11 +91,10 @@ class MDIMain : public QMainWindow {
     void tileVertical();
     void arrangeIcons();
     void translatePlatformDialogs();
-    void translateCommand(const char* name, const char* key);
 
     const QString version_;
     QTranslator platformTexts_;
-    QHash<QString, QAction*> commands_;
+    Commands commands_{*this};
     QMenu* mnu_file_ = nullptr;
     QMenu* mnu_tools_ = nullptr;
     QMenu* mnu_tools_language_ = nullptr;

@@ -15,7 +15,9 @@
 #include <QStylePainter>
 #include <QToolBar>
 #include <QToolButton>
+#include <initializer_list>
 #include <memory>
+#include <vector>
 
 #include "controls/AdvanceText.h"
 #include "controls/Icons.h"
@@ -95,111 +97,63 @@ void MDIMain::showKey(AdvanceText* field, const QString& key) {
     field->SetTextValue(fromCore(ListLookup(toCore(key), toCore(field->Tag1()))));
 }
 
-QAction* MDIMain::command(const char* name, const char* iconName, const QKeySequence& keys) {
-    auto* action = new QAction(this);
-    action->setObjectName(QLatin1String(name));
-    if (iconName) action->setIcon(icon(QLatin1String(iconName)));
-    action->setIconVisibleInMenu(false);
-    action->setShortcut(keys);
-    commands_[QLatin1String(name)] = action;
-    return action;
-}
-
 void MDIMain::makeCommands() {
-    connect(command("mnu_file_new_selection", "newselection", QKeySequence::New), &QAction::triggered, this,
-            &MDIMain::newForm);
-    connect(command("mnu_file_close", nullptr, QKeySequence(Qt::CTRL | Qt::Key_F4)), &QAction::triggered,
-            this, [this] {
-                if (SelectionForm* form = ActiveForm()) form->Quit();
-            });
-    connect(command("mnu_file_closeall", nullptr), &QAction::triggered, this, &MDIMain::closeAll);
-    connect(command("mnu_file_exit", nullptr, QKeySequence::Quit), &QAction::triggered, this,
-            &QWidget::close);
-    QAction* copy = command("mnu_tools_copytoclipboard", "copy", QKeySequence::Copy);
+    const auto on = [this](Command command, auto act) {
+        connect(commands_[command], &QAction::triggered, this, act);
+    };
+    const auto onForm = [this, &on](Command command, auto act) {
+        on(command, [this, act] {
+            if (SelectionForm* form = ActiveForm()) act(*form);
+        });
+    };
+    on(Command::newSelection, [this] { newForm(); });
+    onForm(Command::closeForm, [](SelectionForm& form) { form.Quit(); });
+    on(Command::closeAll, [this] { closeAll(); });
+    on(Command::exit, [this] { close(); });
     // The key belongs to what has the focus: the list copies its rows, a field its text.
-    copy->setShortcutContext(Qt::WidgetShortcut);
-    connect(copy, &QAction::triggered, this, [this] {
-        if (SelectionForm* form = ActiveForm()) form->MnuPopUp(QStringLiteral("copytoclipboard"));
-    });
-    connect(command("mnu_file_print", "print", QKeySequence::Print), &QAction::triggered, this, [this] {
-        if (SelectionForm* form = ActiveForm()) form->MnuPopUp(QStringLiteral("print"));
-    });
-    connect(command("mnu_file_printpreview", "preview", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)),
-            &QAction::triggered, this, [this] {
-                if (SelectionForm* form = ActiveForm()) form->MnuPopUp(QStringLiteral("printpreview"));
-            });
-    connect(command("mnu_tools_export_cps", nullptr, QKeySequence::Save), &QAction::triggered, this, [this] {
-        if (SelectionForm* form = ActiveForm()) form->ExportCPS();
-    });
-    connect(command("mnu_tools_export_polynomials", nullptr, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)),
-            &QAction::triggered, this, [this] {
-                if (SelectionForm* form = ActiveForm()) form->ExportPolynomials();
-            });
-    QAction* panel = command("frameresize", "panel", QKeySequence(Qt::Key_F9));
-    panel->setCheckable(true);
-    connect(panel, &QAction::toggled, this, [this](bool collapse) {
+    commands_[Command::copy]->setShortcutContext(Qt::WidgetShortcut);
+    onForm(Command::copy, [](SelectionForm& form) { form.CopyToClipBoard(); });
+    onForm(Command::print, [](SelectionForm& form) { form.PrintReport(false); });
+    onForm(Command::printPreview, [](SelectionForm& form) { form.PrintReport(true); });
+    onForm(Command::exportList, [](SelectionForm& form) { form.ExportCPS(); });
+    onForm(Command::exportPolynomials, [](SelectionForm& form) { form.ExportPolynomials(); });
+    commands_[Command::collapseInputs]->setCheckable(true);
+    connect(commands_[Command::collapseInputs], &QAction::toggled, this, [this](bool collapse) {
         if (SelectionForm* form = ActiveForm()) form->CloseFrame(collapse);
     });
-    connect(command("frecciaup", "up", QKeySequence(Qt::CTRL | Qt::Key_Up)), &QAction::triggered, this,
-            [this] {
-                if (SelectionForm* form = ActiveForm()) form->moveSelection(-1);
-            });
-    connect(command("frecciadown", "down", QKeySequence(Qt::CTRL | Qt::Key_Down)), &QAction::triggered, this,
-            [this] {
-                if (SelectionForm* form = ActiveForm()) form->moveSelection(1);
-            });
-    QAction* builds = command("mnu_help_Builds", nullptr);
-    builds->setVisible(QFileInfo(buildsFile()).size() >= 1);
-    connect(builds, &QAction::triggered, this, &MDIMain::showBuilds);
-    connect(command("mnu_help_guide", nullptr), &QAction::triggered, this, &MDIMain::showGuide);
-    connect(command("mnu_help_About", nullptr), &QAction::triggered, this,
-            [this] { frmAbout(version_, this).exec(); });
-    connect(command("mnu_Window_Cascade", "cascade"), &QAction::triggered, this,
-            [this] { area_->cascadeSubWindows(); });
-    connect(command("mnu_Window_TileHorizontal", "tileh"), &QAction::triggered, this,
-            &MDIMain::tileHorizontal);
-    connect(command("mnu_Window_TileVertical", "tilev"), &QAction::triggered, this, &MDIMain::tileVertical);
-    connect(command("mnu_Window_ArrangeIcons", nullptr), &QAction::triggered, this, &MDIMain::arrangeIcons);
+    onForm(Command::previousRow, [](SelectionForm& form) { form.moveSelection(-1); });
+    onForm(Command::nextRow, [](SelectionForm& form) { form.moveSelection(1); });
+    on(Command::cascade, [this] { area_->cascadeSubWindows(); });
+    on(Command::tileHorizontal, [this] { tileHorizontal(); });
+    on(Command::tileVertical, [this] { tileVertical(); });
+    on(Command::arrangeIcons, [this] { arrangeIcons(); });
+    on(Command::guide, [this] { showGuide(); });
+    commands_[Command::builds]->setVisible(QFileInfo(buildsFile()).size() >= 1);
+    on(Command::builds, [this] { showBuilds(); });
+    on(Command::about, [this] { frmAbout(version_, this).exec(); });
 }
 
 void MDIMain::makeMenus() {
-    const auto menu = [this](const char* name) {
-        QMenu* result = menuBar()->addMenu(QString());
-        result->setObjectName(QLatin1String(name));
-        return result;
+    using Groups = std::initializer_list<std::initializer_list<Command>>;
+    using enum Command;
+    const auto fill = [this](QMenu* menu, const char* name, const Groups& groups) {
+        menu->setObjectName(QLatin1String(name));
+        for (const auto& group : groups) {
+            if (&group != groups.begin()) menu->addSeparator();
+            for (const Command command : group) menu->addAction(commands_[command]);
+        }
+        return menu;
     };
-    mnu_file_ = menu("mnu_file");
-    mnu_file_->addAction(commands_["mnu_file_new_selection"]);
-    mnu_file_->addSeparator();
-    mnu_file_->addAction(commands_["mnu_file_close"]);
-    mnu_file_->addAction(commands_["mnu_file_closeall"]);
-    mnu_file_->addSeparator();
-    mnu_file_->addAction(commands_["mnu_file_printpreview"]);
-    mnu_file_->addAction(commands_["mnu_file_print"]);
-    mnu_file_->addSeparator();
-    mnu_file_->addAction(commands_["mnu_file_exit"]);
-    mnu_tools_ = menu("mnu_tools");
+    const auto menu = [this] { return menuBar()->addMenu(QString()); };
+    mnu_file_ =
+        fill(menu(), "mnu_file", {{newSelection}, {closeForm, closeAll}, {printPreview, print}, {exit}});
     // One menu, below the menu bar and below the button of the tool bar.
-    QMenu* mnu_tools_export = mnu_tools_->addMenu(QString());
-    mnu_tools_export->setObjectName(QStringLiteral("mnu_tools_export"));
-    mnu_tools_export->addAction(commands_["mnu_tools_export_cps"]);
-    mnu_tools_export->addAction(commands_["mnu_tools_export_polynomials"]);
-    commands_["export"] = mnu_tools_export->menuAction();
-    commands_["export"]->setObjectName(QStringLiteral("export"));
-    commands_["export"]->setIcon(icon(QStringLiteral("export")));
-    commands_["export"]->setIconVisibleInMenu(false);
-    mnu_tools_->addAction(commands_["mnu_tools_copytoclipboard"]);
+    commands_[exports]->setMenu(fill(new QMenu(this), "mnu_tools_export", {{exportList, exportPolynomials}}));
+    mnu_tools_ = fill(menu(), "mnu_tools", {{exports, copy}});
     mnu_tools_->addSeparator();
-    mnu_tools_language_ = mnu_tools_->addMenu(QString());
-    mnu_tools_language_->setObjectName(QStringLiteral("mnu_tools_language"));
-    mnuWindow_ = menu("mnuWindow");
-    for (const char* name : {"mnu_Window_Cascade", "mnu_Window_TileHorizontal", "mnu_Window_TileVertical",
-                             "mnu_Window_ArrangeIcons"})
-        mnuWindow_->addAction(commands_[name]);
-    mnu_help_ = menu("mnu_help");
-    mnu_help_->addAction(commands_["mnu_help_guide"]);
-    mnu_help_->addAction(commands_["mnu_help_Builds"]);
-    mnu_help_->addAction(commands_["mnu_help_About"]);
+    mnu_tools_language_ = fill(mnu_tools_->addMenu(QString()), "mnu_tools_language", {});
+    mnuWindow_ = fill(menu(), "mnuWindow", {{cascade, tileHorizontal, tileVertical, arrangeIcons}});
+    mnu_help_ = fill(menu(), "mnu_help", {{guide, builds, about}});
 }
 
 void MDIMain::makeToolBar() {
@@ -208,7 +162,7 @@ void MDIMain::makeToolBar() {
     CoolBar1_->setMovable(false);
     CoolBar1_->setContextMenuPolicy(Qt::PreventContextMenu);
     setContextMenuPolicy(Qt::NoContextMenu);
-    const auto bar = [this](const char* name, const QList<QList<const char*>>& groups) {
+    const auto bar = [this](const char* name, const std::vector<std::vector<Command>>& groups) {
         auto* result = new QWidget(CoolBar1_);
         result->setObjectName(QLatin1String(name));
         auto* row = new QHBoxLayout(result);
@@ -216,19 +170,17 @@ void MDIMain::makeToolBar() {
         row->setSpacing(2);
         for (const auto& group : groups) {
             if (&group != &groups.front()) row->addWidget(separator(result));
-            for (const char* command : group) row->addWidget(toolButton(commands_[command], result));
+            for (const Command command : group) row->addWidget(toolButton(commands_[command], result));
         }
         return result;
     };
+    using enum Command;
     CoolBar1_->addWidget(
-        bar("ToolbarSelection", {{"mnu_file_new_selection"},
-                                 {"mnu_file_print", "mnu_file_printpreview", "mnu_tools_copytoclipboard"},
-                                 {"frameresize", "export"}}));
+        bar("ToolbarSelection", {{newSelection}, {print, printPreview, copy}, {collapseInputs, exports}}));
     CoolBar1_->addSeparator();
-    CoolBar1_->addWidget(bar("ToolbarSelection", {{"frecciaup", "frecciadown"}}));
+    CoolBar1_->addWidget(bar("ToolbarSelection", {{previousRow, nextRow}}));
     CoolBar1_->addSeparator();
-    CoolBar1_->addWidget(bar(
-        "ToolbarWindows", {{"mnu_Window_Cascade", "mnu_Window_TileHorizontal", "mnu_Window_TileVertical"}}));
+    CoolBar1_->addWidget(bar("ToolbarWindows", {{cascade, tileHorizontal, tileVertical}}));
     CoolBar1_->addWidget(makeSelectors());
 }
 
@@ -284,15 +236,6 @@ void MDIMain::showNewBuilds() {
     if (formBuilds::hasNews(buildsFile())) showBuilds();
 }
 
-void MDIMain::translateCommand(const char* name, const char* key) {
-    QAction* action = commands_[name];
-    const QString text = dictionaryText(QLatin1String(key));
-    const QString plain = withoutAccessKey(text);
-    action->setText(text);
-    const QString keys = action->shortcut().toString(QKeySequence::NativeText);
-    action->setToolTip(keys.isEmpty() ? plain : QStringLiteral("%1 (%2)").arg(plain, keys));
-}
-
 void MDIMain::Traduci() {
     translatePlatformDialogs();
     mnu_file_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.file")));
@@ -302,26 +245,7 @@ void MDIMain::Traduci() {
     mnu_help_->setTitle(dictionaryText(QStringLiteral("mdimain.menu.help")));
     TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("mdimain.forms")));
     area_->setAccessibleName(dictionaryText(QStringLiteral("mdimain.forms")));
-    translateCommand("mnu_help_guide", "mdimain.menu.help.guide");
-    translateCommand("mnu_help_Builds", "mdimain.menu.help.builds");
-    translateCommand("mnu_help_About", "mdimain.menu.help.about");
-    translateCommand("mnu_file_new_selection", "mdimain.menu.file.newselection");
-    translateCommand("mnu_file_close", "mdimain.menu.file.close");
-    translateCommand("mnu_file_closeall", "mdimain.menu.file.closeall");
-    translateCommand("mnu_file_print", "mdimain.menu.file.print");
-    translateCommand("mnu_file_printpreview", "mdimain.menu.file.printpreview");
-    translateCommand("mnu_file_exit", "mdimain.menu.file.exit");
-    translateCommand("export", "mdimain.menu.tools.export");
-    translateCommand("mnu_tools_export_cps", "mdimain.menu.tools.export.cps");
-    translateCommand("mnu_tools_export_polynomials", "mdimain.menu.tools.export.polynomials");
-    translateCommand("mnu_tools_copytoclipboard", "mdimain.menu.tools.copytoclipboard");
-    translateCommand("mnu_Window_Cascade", "mdimain.menu.window.cascade");
-    translateCommand("mnu_Window_TileHorizontal", "mdimain.menu.window.tileHorinzontal");
-    translateCommand("mnu_Window_TileVertical", "mdimain.menu.window.tilevertical");
-    translateCommand("mnu_Window_ArrangeIcons", "mdimain.menu.window.arrangeicons");
-    translateCommand("frameresize", "mdimain.toolbar.frameresize");
-    translateCommand("frecciaup", "mdimain.toolbar.frecciaup");
-    translateCommand("frecciadown", "mdimain.toolbar.frecciadown");
+    commands_.translate();
     offer(cmbmeasureunits_, measureBoxWidth,
           {"mdimain.cmbmeasureunits.captiontext", "mdimain.cmbmeasureunits.item00",
            "mdimain.cmbmeasureunits.item01"});

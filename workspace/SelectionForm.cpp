@@ -20,6 +20,7 @@
 #include "controls/ctlBtn.h"
 #include "data/Globals.h"
 #include "workspace/ApplyFormParameters.h"
+#include "workspace/Commands.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/DropList.h"
 #include "workspace/EmptyPage.h"
@@ -190,29 +191,26 @@ void SelectionForm::makePopUp() {
         connect(entry, &QAction::triggered, this, [this, key = page.key] { MnuPopUp(QLatin1String(key)); });
     }
     mnu_cpspopup_->addSeparator();
-    struct Command {
-        const char* key;
-        const char* command;
-        QKeySequence keys;  // told here only: the list and the main window listen to them
-    };
-    for (const auto& [key, command, keys] :
-         {Command{"copyclipboard", "copytoclipboard", QKeySequence::Copy},
-          Command{"printpreview", "printpreview", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)},
-          Command{"print", "print", QKeySequence::Print}}) {
+    const auto add = [this](Command command, auto act) {
+        const CommandDefinition& definition = definitionOf(command);
         QAction* entry = mnu_cpspopup_->addAction(QString());
-        entry->setObjectName(menuName(key));
+        entry->setObjectName(QLatin1String(definition.popUpName));
+        // Only shown here: the list and the main window listen to the keys.
         entry->setShortcutContext(Qt::WidgetShortcut);
-        entry->setShortcut(keys);
+        entry->setShortcut(definition.keys);
         entry->setShortcutVisibleInContextMenu(true);
-        connect(entry, &QAction::triggered, this, [this, command] { MnuPopUp(QLatin1String(command)); });
-    }
+        connect(entry, &QAction::triggered, this, act);
+    };
+    add(Command::copy, [this] { CopyToClipBoard(); });
+    add(Command::printPreview, [this] { PrintReport(true); });
+    add(Command::print, [this] { PrintReport(false); });
     lvCps_->setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
 void SelectionForm::openPopUp(const QPoint& place) {
     if (!resultOf(lvCps_->selectedRow())) return;
-    for (const char* key : {"printpreview", "print"})
-        findChild<QAction*>(menuName(key))->setEnabled(canPrint());
+    for (const Command command : {Command::printPreview, Command::print})
+        findChild<QAction*>(QLatin1String(definitionOf(command).popUpName))->setEnabled(canPrint());
     mnu_cpspopup_->popup(lvCps_->viewport()->mapToGlobal(place));
 }
 
@@ -273,11 +271,12 @@ void SelectionForm::translatePages() {
     technical_->setCaption(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.tecnic")));
     dimension_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.dimension")));
     TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.pages")));
-    const auto entry = [this](const char* key) { return findChild<QAction*>(menuName(key)); };
-    for (const Page& page : allPages) entry(page.key)->setText(dictionaryText(QLatin1String(page.menuText)));
-    entry("copyclipboard")->setText(dictionaryText(QStringLiteral("mdimain.menu.cpspopup.copytoclipboard")));
-    entry("printpreview")->setText(dictionaryText(QStringLiteral("mdimain.menu.cpspopup.printpreview")));
-    entry("print")->setText(dictionaryText(QStringLiteral("mdimain.menu.cpspopup.print")));
+    const auto translate = [this](const QString& entry, const char* key) {
+        findChild<QAction*>(entry)->setText(dictionaryText(QLatin1String(key)));
+    };
+    for (const Page& page : allPages) translate(menuName(page.key), page.menuText);
+    for (const CommandDefinition& command : allCommands())
+        if (command.popUpName) translate(QLatin1String(command.popUpName), command.popUpTextKey);
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
 }

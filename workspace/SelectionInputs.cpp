@@ -2,8 +2,12 @@
 
 #include <array>
 #include <cmath>
+#include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "catalogue/CatalogueLists.h"
 #include "catalogue/Globals.h"
 #include "catalogue/clsInverter.h"
 #include "controls/AdvanceText.h"
@@ -51,25 +55,16 @@ QString neutralKeyOf(const AdvanceText* field) {
     return {};
 }
 
-/// The texts of one column, as a list in which every text is its own description.
-QString pairsOf(const QStringList& keys) {
+/// Names as a list in which each is its own caption.
+QString pairsOf(const std::vector<std::string>& names) {
     QStringList pairs;
-    for (const QString& key : keys) pairs += key + u'|' + key;
+    for (const std::string& name : names) pairs += fromCore(name + '|' + name);
     return pairs.join(u';');
-}
-
-QStringList column(const std::string& sql, const std::string& name) {
-    QStringList texts;
-    for (RecordSet row = gDatabase().Execute(sql); !row.eof(); row.moveNext())
-        texts += fromCore(row.text(name));
-    return texts;
 }
 
 QString allModels() {
     return QStringLiteral("*|") + dictionaryText(QStringLiteral("frmselection.models.all"));
 }
-
-std::string flag(bool value) { return value ? "True" : "False"; }
 
 /// The key of a field's help, empty for a field that has none.
 QString helpKeyOf(const QString& name) {
@@ -202,22 +197,19 @@ void SelectionForm::PopulateInputObject(int level, const QString& value) {
 
 void SelectionForm::populateRefrigerants(const QString& value) {
     AdvanceText* field = panel_->lstRefrigerants;
-    field->SetTag1(pairsOf(column(
-        "Select distinct fRefrigerantID from tCompressors where fHasInverter=" + flag(kind_.hasInverter),
-        "fRefrigerantID")));
+    field->SetTag1(pairsOf(refrigerantsOf({.onInverter = kind_.hasInverter})));
     if (!value.isEmpty() && value != field->Key()) field->setkey(value);
     showChoice(field);
     PopulateInputObject(2);
 }
 
 void SelectionForm::populateSeries(const QString& value) {
-    const QStringList series =
-        column("Select distinct fSerieID from tCompressors where fHasInverter=" + flag(kind_.hasInverter) +
-                   " and fRefrigerantID=" + sqlText(toCore(panel_->lstRefrigerants->Key())),
-               "fSerieID");
     QStringList pairs;
-    for (const QString& serie : series)
-        pairs += kind_.hasMarkets ? seriesChoices(serie) : serie + u'|' + serie;
+    for (const std::string& serie :
+         seriesOf({.onInverter = kind_.hasInverter, .refrigerant = toCore(panel_->lstRefrigerants->Key())})) {
+        const QString name = fromCore(serie);
+        pairs += kind_.hasMarkets ? seriesChoices(name) : name + u'|' + name;
+    }
     AdvanceText* field = panel_->lstSeries;
     field->SetTag1(pairs.join(u';'));
     if (descriptionOf(field->Key(), field->Tag1()).isEmpty()) {
@@ -236,15 +228,15 @@ SeriesOfMarket SelectionForm::chosenSeries() const {
 
 void SelectionForm::populateModels() {
     const auto [serie, market] = chosenSeries();
-    std::string sql = "Select fModelID from tCompressors where fHasInverter=" + flag(kind_.hasInverter) +
-                      " and fRefrigerantID=" + sqlText(toCore(panel_->lstRefrigerants->Key())) +
-                      " and fSerieID=" + sqlText(serie);
-    if (kind_.hasMarkets) sql += " and ((fMarket & " + std::to_string(market) + ")=fMarket)";
-    const QStringList models = column(sql, "fModelID");
+    std::vector<std::string> models;
+    for (const ModelName& name :
+         modelsOf({.onInverter = kind_.hasInverter,
+                   .refrigerant = toCore(panel_->lstRefrigerants->Key()),
+                   .series = serie,
+                   .market = kind_.hasMarkets ? std::optional<int>(static_cast<int>(market)) : std::nullopt}))
+        models.push_back(name.model);
     AdvanceText* field = panel_->lstModels;
-    field->SetTag1(
-        (QStringList{allModels()} + (models.isEmpty() ? QStringList() : QStringList{pairsOf(models)}))
-            .join(u';'));
+    field->SetTag1(models.empty() ? allModels() : allModels() + u';' + pairsOf(models));
     field->setkey(QStringLiteral("*"));
     showChoice(field);
 }

@@ -4,8 +4,8 @@
 #include <QStringList>
 #include <QVBoxLayout>
 
+#include "catalogue/CatalogueLists.h"
 #include "controls/ctlBtn.h"
-#include "data/Globals.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -40,10 +40,8 @@ std::optional<clsParametersForm> frmRefrigerant::OpenForm(clsParametersForm choi
 void frmRefrigerant::fill(const QString& chosen) {
     const QStringList keys = chosen.split(u';', Qt::SkipEmptyParts);
     lv_->clear();
-    for (auto row =
-             gDatabase().Execute("Select Distinct fRefrigerantId from tCompressors order by  fRefrigerantId");
-         !row.eof(); row.moveNext()) {
-        const QString key = fromCore(row.text("fRefrigerantId"));
+    for (const std::string& name : refrigerantsOf()) {
+        const QString key = fromCore(name);
         auto* item = new QListWidgetItem(key, lv_);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         item->setCheckState(keys.contains(key, Qt::CaseInsensitive) ? Qt::Checked : Qt::Unchecked);

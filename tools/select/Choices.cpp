@@ -60,11 +60,4 @@ Choices catalogueChoices() {
     return choices;
 }
 
-std::vector<std::string> catalogueLanguages() {
-    std::vector<std::string> languages;
-    for (RecordSet row = gDatabase().Execute("Select fLanguage from tLanguages"); !row.eof(); row.moveNext())
-        languages.push_back(row.text("fLanguage"));
-    return languages;
-}
-
 }  // namespace marvello::select

@@ -15,7 +15,4 @@ struct Choices {
 /// is missing.
 Choices catalogueChoices();
 
-/// The keys of tLanguages.
-std::vector<std::string> catalogueLanguages();
-
 }  // namespace marvello::select

@@ -1,11 +1,10 @@
 #include "tools/select/Output.h"
 
-#include <langinfo.h>
 #include <algorithm>
 #include <array>
-#include <clocale>
 
 #include "data/Numbers.h"
+#include "platform/UserLocale.h"
 #include "results/ExportRecords.h"
 #include "results/Messages.h"
 #include "results/ResultTable.h"
@@ -106,15 +105,6 @@ std::string pointOf(const Request& request) {
 ResultTable listOf(const Run& run) {
     const bool hasEconomizer = run.request.conditions.EcoCalculateMode != 0;
     return listResults(*run.selection, catalogueColumns(), {.hasEconomizer = hasEconomizer});
-}
-
-/// The decimal mark of the user's locale; the process keeps that of C, in which all other forms are written.
-std::string userDecimalMark() {
-    const locale_t user = newlocale(LC_NUMERIC_MASK, "", nullptr);
-    if (user == nullptr) return ".";
-    const std::string mark = nl_langinfo_l(RADIXCHAR, user);
-    freelocale(user);
-    return mark;
 }
 
 }  // namespace

@@ -1,12 +1,13 @@
 #include "tools/select/Run.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
+#include "catalogue/CatalogueLists.h"
 #include "catalogue/Globals.h"
 #include "data/ApplicationFolder.h"
 #include "data/CollectedBoxes.h"
+#include "data/DictionaryTexts.h"
 #include "data/Globals.h"
 #include "data/Texts.h"
 #include "engine/AbortRequested.h"
@@ -16,48 +17,36 @@ namespace marvello::select {
 
 namespace {
 
-/// The name as the catalogue spells it, which the engine compares letter by letter; none if it is not there.
-std::optional<std::string> spelled(const std::string& column, const std::string& name,
-                                   const std::string& among) {
-    const RecordSet row = gDatabase().Execute("Select " + column + " from tCompressors where " + among +
-                                              column + "=" + sqlText(name) + " limit 1");
-    if (row.eof()) return std::nullopt;
-    return row.text(column);
-}
-
-/// What the catalogue has in a column, as the end of a sentence.
-std::string itHas(const std::string& column, const std::string& among) {
-    std::string names;
-    for (RecordSet row = gDatabase().Execute("Select distinct " + column + " from tCompressors where " +
-                                             among + "True order by " + column);
-         !row.eof(); row.moveNext())
-        names += (names.empty() ? "" : ", ") + row.text(column);
-    return "it has " + names + ".";
+/// Returns the name as the catalogue spells it, which the engine compares letter by letter. Throws
+/// NothingMatches with `problem` and what is there.
+std::string spelled(const std::string& name, const std::vector<std::string>& names,
+                    const std::string& problem) {
+    const auto found =
+        std::ranges::find_if(names, [&](const std::string& each) { return equalIgnoringCase(each, name); });
+    if (found != names.end()) return *found;
+    std::string all;
+    for (const std::string& each : names) all += (all.empty() ? "" : ", ") + each;
+    throw NothingMatches(problem + "; it has " + all + ".");
 }
 
 /// Each name is looked up before it reaches the engine, so that an answer says what is missing.
 void spellNames(Request& request) {
-    const auto refrigerant = spelled("fRefrigerantID", request.refrigerant, "");
-    if (!refrigerant)
-        throw NothingMatches("The catalogue has no refrigerant " + request.refrigerant + "; " +
-                             itHas("fRefrigerantID", ""));
-    request.refrigerant = *refrigerant;
-    const std::string ofRefrigerant = "fRefrigerantID=" + sqlText(*refrigerant) + " and ";
-    const auto series = spelled("fSerieID", request.series, ofRefrigerant);
-    if (!series)
-        throw NothingMatches("The catalogue has no series " + request.series + " for " + *refrigerant + "; " +
-                             itHas("fSerieID", ofRefrigerant));
-    request.series = *series;
+    std::string& refrigerant = request.refrigerant;
+    refrigerant = spelled(refrigerant, refrigerantsOf(), "The catalogue has no refrigerant " + refrigerant);
+    std::string& series = request.series;
+    series = spelled(series, seriesOf({.refrigerant = refrigerant}),
+                     "The catalogue has no series " + series + " for " + refrigerant);
     if (request.models == "*") return;
-    const std::string ofSeries = ofRefrigerant + "fSerieID=" + sqlText(*series) + " and ";
+    std::vector<std::string> ofSeries;
+    for (const ModelName& name : modelsOf({.refrigerant = refrigerant, .series = series}))
+        ofSeries.push_back(name.model);
     std::string models;
     for (const std::string& name : splitText(request.models, ';')) {
         if (trimmed(name).empty()) continue;
-        const auto model = spelled("fModelID", trimmed(name), ofSeries);
-        if (!model)
-            throw NothingMatches("The series " + *series + " has no model " + trimmed(name) + " for " +
-                                 *refrigerant + "; " + itHas("fModelID", ofSeries));
-        models += (models.empty() ? "" : ";") + *model;
+        const std::string model =
+            spelled(trimmed(name), ofSeries,
+                    "The series " + series + " has no model " + trimmed(name) + " for " + refrigerant);
+        models += (models.empty() ? "" : ";") + model;
     }
     request.models = models.empty() ? "*" : models;
 }
@@ -77,7 +66,8 @@ std::string remarkOf(const std::string& box, const std::string& undefinedState) 
 void openCatalogue(const std::string& language) {
     gDatabase().Connect("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + applicationFolder() +
                         "\\db.mdb;Persist Security Info=True");
-    const auto languages = catalogueLanguages();
+    std::vector<std::string> languages;
+    for (const Language& each : catalogueLanguages()) languages.push_back(each.key);
     const auto known = std::ranges::find_if(
         languages, [&](const std::string& each) { return equalIgnoringCase(each, trimmed(language)); });
     if (known == languages.end()) throw BadRequest(notOneOf("language", language, languages));
@@ -103,20 +93,12 @@ Run carryOut(Request request) {
 
 std::string catalogueListing(bool inverter) {
     std::string listing;
-    std::pair<std::string, std::string> current;
-    for (RecordSet row = gDatabase().Execute(
-             std::string("Select fRefrigerantID, fSerieID, fModelID from tCompressors where fHasInverter=") +
-             (inverter ? "True" : "False") + " order by fRefrigerantID, fSerieID, fSequence, fModelID");
-         !row.eof(); row.moveNext()) {
-        const std::pair series(row.text("fRefrigerantID"), row.text("fSerieID"));
-        if (series != current) {
-            if (!listing.empty()) listing += '\n';
-            listing += series.first + "  " + series.second + "  ";
-            current = series;
-        } else {
-            listing += ';';
-        }
-        listing += row.text("fModelID");
+    std::string current;
+    for (const ModelName& name : modelsOf({.onInverter = inverter})) {
+        const std::string series = name.refrigerant + "  " + name.series + "  ";
+        if (series != current) listing += (listing.empty() ? "" : "\n") + series;
+        listing += (series != current ? "" : ";") + name.model;
+        current = series;
     }
     return listing.empty() ? "" : listing + "\n";
 }
