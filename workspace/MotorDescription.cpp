@@ -10,7 +10,7 @@ namespace marvello {
 namespace {
 
 QString motorSize(const clsCompressor& compressor) {
-    const bool isSmall = compressor.Motor.MotorType == motorType::smallMotor;
+    const bool isSmall = compressor.Motor.MotorType == MotorChoice::small;
     const QString size = dictionaryText(isSmall ? QStringLiteral("frmselection.cmbmotorsize.item0")
                                                 : QStringLiteral("frmselection.cmbmotorsize.item1"));
     if (!compressor.Motor.isStandard) return size;

@@ -56,7 +56,7 @@ TEST_F(MotorTexts, TellTheSizeAndTheStartOfTheMotor) {
     for (const auto& [isStandard, hasBoth, type, expected] : sizes) {
         compressor.Motor.isStandard = isStandard;
         compressor.hasFullSmallMotor = hasBoth;
-        compressor.Motor.MotorType = type;
+        compressor.Motor.MotorType = static_cast<MotorChoice>(type);
         EXPECT_EQ(MotorDescription("@cps.motorsize", compressor, false).toStdString(), expected);
     }
     const char* starts[]{"-", "Star Delta (SD)", "Part Winding (PW)", "-"};
