@@ -5,6 +5,7 @@
 #include "catalogue/Coefficients.h"
 #include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {

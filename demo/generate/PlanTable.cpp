@@ -6,7 +6,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "tools/csv/Csv.h"
 #include "tools/csv/FileText.h"
 

@@ -5,7 +5,7 @@
 #include <map>
 #include <utility>
 
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "demo/generate/NumberText.h"
 #include "demo/generate/PlanTable.h"
 

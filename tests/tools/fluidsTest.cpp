@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/CallProgram.h"
 #include "tools/csv/Csv.h"

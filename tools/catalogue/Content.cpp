@@ -7,6 +7,7 @@
 #include <optional>
 #include <system_error>
 
+#include "data/Numbers.h"
 #include "data/Texts.h"
 #include "tools/catalogue/TableExchange.h"
 #include "tools/csv/Csv.h"

@@ -9,7 +9,7 @@
 #include <map>
 #include <stdexcept>
 
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "data/clsApplication.h"
 #include "data/clsDatabase.h"
 #include "tools/catalogue/TableExchange.h"

@@ -10,6 +10,7 @@
 #include "catalogue/SeriesTraits.h"
 #include "catalogue/clsInverter.h"
 #include "catalogue/clsPolynomialSh.h"
+#include "data/Numbers.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Index.h"
 #include "tools/catalogue/Program.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "data/Numbers.h"
 #include "data/Texts.h"
 #include "tools/csv/Csv.h"
 

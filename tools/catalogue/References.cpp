@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "catalogue/SeriesTraits.h"
+#include "data/Numbers.h"
 #include "data/clsApplication.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Rows.h"

@@ -4,6 +4,7 @@
 
 #include "catalogue/SeriesTraits.h"
 #include "catalogue/clsProjectConditions.h"
+#include "data/Numbers.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Index.h"
 #include "tools/catalogue/Program.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "tools/csv/Faults.h"
 #include "tools/csv/FileText.h"
 #include "tools/fluids/Refusal.h"

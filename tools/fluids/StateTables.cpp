@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "tools/fluids/FluidCaller.h"
 #include "tools/fluids/Refusal.h"
 

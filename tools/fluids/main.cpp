@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "data/ApplicationFolder.h"
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "tools/csv/FileText.h"
 #include "tools/fluids/Accuracy.h"
 #include "tools/fluids/Composition.h"
