@@ -46,7 +46,10 @@ std::vector<Model> modelsWithPort() {
     return models;
 }
 
-enum Mode { standard = 0, automatic = 1, capacity = 2 };
+using Mode = EconomizerMode;
+constexpr auto standard = Mode::none;
+constexpr auto automatic = Mode::approach;
+constexpr auto capacity = Mode::capacity;
 
 clsProjectConditions economizedAt(double ted, double tcd, Mode mode, double eco) {
     clsProjectConditions conditions = conditionsAt(ted, tcd);

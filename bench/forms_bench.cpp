@@ -103,7 +103,7 @@ void longestWaitForATurn(benchmark::State& state) {
     for ([[maybe_unused]] auto turn : state) {
         for (const bench::Series& series : bench::seriesOfCatalogue()) {
             auto conditions = std::make_shared<clsProjectConditions>(conditionsAt(-10, 45));
-            conditions->EcoCalculateMode = 1;
+            conditions->EcoCalculateMode = EconomizerMode::approach;
             clsSelections selection;
             auto last = Clock::now();
             selection.SelectionPercent = [&](int, int) {

@@ -4,6 +4,8 @@
 #include <span>
 #include <string_view>
 
+#include "catalogue/Modes.h"
+
 namespace marvello {
 
 /// What turns the compressors of a series.
@@ -31,9 +33,6 @@ enum class Selector : unsigned {
 };
 
 inline bool allows(unsigned mask, Selector selector) { return (mask & static_cast<unsigned>(selector)) != 0; }
-
-/// The markets of tCompressors, as bits; 0 is any.
-enum class Market : std::uint8_t { any = 0, european = 1, farEast = 2 };
 
 /// A market that the form offers in place of the series.
 struct MarketChoice {

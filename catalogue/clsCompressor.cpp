@@ -46,7 +46,7 @@ bool clsCompressor::GetCompressorFromDb(clsDatabase& db, const clsProjectConditi
     readRecord(row);
     polynomialPta.Load = stepCapacity;
     PolynomialQ0.Load = stepCapacity;
-    const int selectedMotor = chooseMotor(motorSize);
+    const MotorChoice selectedMotor = chooseMotor(static_cast<MotorChoice>(motorSize));
     OilCoolingLimit = row.number(economized ? "fOilCoolingLimitEco" : "fOilCoolingLimit");
 
     const float frequencyFactor = motorHz == 60 && !isOpenDrive_ ? 1.2F : 1.0F;
@@ -59,8 +59,8 @@ bool clsCompressor::GetCompressorFromDb(clsDatabase& db, const clsProjectConditi
         readSurfaces(db, motorRpm, frequencyFactor);
     }
     readDischargeSurface(db, row.text("fPolynomialShID"));
-    readMotor(db, row.integer(selectedMotor == motorType::fullMotor ? "fMotorFullID" : "fMotorSmallID"),
-              motorHz, selectedMotor);
+    readMotor(db, row.integer(selectedMotor == MotorChoice::full ? "fMotorFullID" : "fMotorSmallID"), motorHz,
+              selectedMotor);
     readEnvelope(db, row.text(economized ? "fLimitEconomizedID" : "fLimitID"));
     return true;
 }
@@ -98,11 +98,11 @@ void clsCompressor::readRecord(const RecordSet& row) {
     KValues.Value1 = row.number("fValue1");
 }
 
-int clsCompressor::chooseMotor(int motorSize) {
-    if (!hasFullSmallMotor) return motorType::fullMotor;
-    if (motorSize == motorType::standardFit)
-        motorSize = isMotorSmallDefault ? motorType::smallMotor : motorType::fullMotor;
-    if (motorSize == motorType::smallMotor) Fla = fla2_;
+MotorChoice clsCompressor::chooseMotor(MotorChoice motorSize) {
+    if (!hasFullSmallMotor) return MotorChoice::full;
+    if (motorSize == MotorChoice::standard)
+        motorSize = isMotorSmallDefault ? MotorChoice::small : MotorChoice::full;
+    if (motorSize == MotorChoice::small) Fla = fla2_;
     return motorSize;
 }
 
@@ -158,7 +158,7 @@ void clsCompressor::LoadInverterPolynomials(clsDatabase& db, float tEvaporating,
     }
 }
 
-void clsCompressor::readMotor(clsDatabase& db, int motorId, int motorHz, int selectedMotor) {
+void clsCompressor::readMotor(clsDatabase& db, int motorId, int motorHz, MotorChoice selectedMotor) {
     const RecordSet row =
         db.Execute("Select * from tMotors where fMotorID =" + std::to_string(motorId) + " and fhz=50");
     if (row.eof()) return;
@@ -168,9 +168,8 @@ void clsCompressor::readMotor(clsDatabase& db, int motorId, int motorHz, int sel
     Motor.Lra1 = row.number("fLra1");
     Motor.Lra2 = row.number("fLra2");
     Motor.MotorType = selectedMotor;
-    Motor.isStandard = !hasFullSmallMotor ||
-                       (selectedMotor == motorType::fullMotor && !isMotorSmallDefault) ||
-                       (selectedMotor == motorType::smallMotor && isMotorSmallDefault);
+    Motor.isStandard = !hasFullSmallMotor || (selectedMotor == MotorChoice::full && !isMotorSmallDefault) ||
+                       (selectedMotor == MotorChoice::small && isMotorSmallDefault);
     Motor.Phase = row.integer("fPhase");
     Motor.NominalPower = row.NullToDefault("FNominalPower", "");
 }

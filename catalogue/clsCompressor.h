@@ -70,9 +70,9 @@ class clsCompressor {
     clsCompressor Clone();
 
   private:
-    int chooseMotor(int motorSize);
+    MotorChoice chooseMotor(MotorChoice motorSize);
     void readRecord(const RecordSet& row);
-    void readMotor(clsDatabase& db, int motorId, int motorHz, int selectedMotor);
+    void readMotor(clsDatabase& db, int motorId, int motorHz, MotorChoice selectedMotor);
     void readEnvelope(clsDatabase& db, const std::string& limitId);
     void readSurfaces(clsDatabase& db, int motorRpm, float frequencyFactor);
     void readDischargeSurface(clsDatabase& db, const std::string& polynomialId);

@@ -3,14 +3,9 @@
 #include <array>
 #include <string>
 
-namespace marvello {
+#include "catalogue/Modes.h"
 
-/// Which motor of a compressor, where it may have two.
-namespace motorType {
-inline constexpr int standardFit = -1;  ///< only to ask for
-inline constexpr int smallMotor = 0;
-inline constexpr int fullMotor = 1;
-}  // namespace motorType
+namespace marvello {
 
 /// The motor chosen for a compressor. Currents are at the reference voltage: 400 V at 50 Hz, 460 V otherwise.
 class clsMotor {
@@ -22,7 +17,7 @@ class clsMotor {
     /// Current in A over the absorbed power t in kW at 50 Hz: c1 + c2 t + ... + c5 t^4.
     std::array<double, 5> c{};
     int Hz = 0;  ///< The supply's frequency; the row read is always the one of 50 Hz.
-    int MotorType = motorType::smallMotor;
+    MotorChoice MotorType = MotorChoice::small;
     double Lra1 = 0;          ///< Locked-rotor current, first value, A.
     double Lra2 = 0;          ///< Locked-rotor current, second value, A.
     bool isStandard = false;  ///< The motor is the standard fit.

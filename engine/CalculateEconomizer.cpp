@@ -31,15 +31,15 @@ void EconomizerCalculation::noSolution() {
 }
 
 void EconomizerCalculation::CalculateEconomizer() {
-    const double mode = v_[var::EcoCalculateMode];
-    if (mode == 2 && !isCapacityWithinReach()) return;
+    const auto mode = static_cast<EconomizerMode>(v_[var::EcoCalculateMode]);
+    if (mode == EconomizerMode::capacity && !isCapacityWithinReach()) return;
     efficiencies();
     portState();
 
     set(var::meco, v_[var::Mev] * firstShare);
     set(var::EcoOK, -1.0);
     set(var::EcoModel, "Impossible");
-    if (mode == 1) {
+    if (mode == EconomizerMode::approach) {
         Eco_Automatic();
     } else {
         Eco_Q0();
@@ -51,7 +51,7 @@ void EconomizerCalculation::CalculateEconomizer() {
     oilLoad();
     set(var::CopEco, (v_[var::Q0] + v_[var::Qeco]) / v_[var::PtaEco]);
     set(var::TSat, states_.dewTemperature(v_[var::Peco]));
-    if (mode == 1) checkApproach();
+    if (mode == EconomizerMode::approach) checkApproach();
 }
 
 /// Between the capacity without economizer and a bound that adds the heat from the subcooled liquid to

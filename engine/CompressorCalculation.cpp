@@ -81,20 +81,21 @@ void CompressorCalculation::inputVariables() {
     const auto input = [this](var variable, double value) { let(variable, [value] { return value; }); };
     input(var::Ted, conditions_.TEvaporatingDew);
     input(var::Tcd, conditions_.TCondensationDew);
-    input(var::ShType, conditions_.SuperHeatType);
+    input(var::ShType, codeOf(conditions_.SuperHeatType));
     input(var::Sh, conditions_.SuperHeat);
     input(var::Sc, conditions_.SubCooling);
     input(var::OC, conditions_.OilCooling);
-    input(var::OCCalculateMode, conditions_.OilCoolingCalculateMode);
-    input(var::EcoCalculateMode, conditions_.EcoCalculateMode);
+    input(var::OCCalculateMode, codeOf(conditions_.OilCoolingCalculateMode));
+    input(var::EcoCalculateMode, codeOf(conditions_.EcoCalculateMode));
     input(var::Eco, conditions_.Eco);
     input(var::Fm, conditions_.MotorHz);
-    input(var::MotorType, conditions_.MotorSize);
+    input(var::MotorType, codeOf(conditions_.MotorSize));
     input(var::Vm, conditions_.MotorVoltage);
     input(var::InverterFrequency, static_cast<double>(conditions_.InverterFrequency));
 
     const std::string surface = trimmed(compressor_.PolynomialSh.Name);
-    if (surface.empty() || surface == "-") let(var::OCCalculateMode, [] { return 0.0; });
+    if (surface.empty() || surface == "-")
+        let(var::OCCalculateMode, [] { return static_cast<double>(OilCoolingMode::none); });
 }
 
 void CompressorCalculation::saturationVariables() {
@@ -126,7 +127,7 @@ void CompressorCalculation::correctInputs() {
 void CompressorCalculation::suctionState() {
     statements_.attempt("Sh", [&] {
         // A suction temperature becomes a superheat, and stays one from here on.
-        if (v_[var::ShType] != 0) statements_.set(var::Sh, v_[var::Sh] - v_[var::Ted]);
+        if (!is(var::ShType, SuperheatKind::difference)) statements_.set(var::Sh, v_[var::Sh] - v_[var::Ted]);
     });
     let(var::Tga, [&] { return v_[var::Ted] + v_[var::Sh]; });
     let(var::Hga, [&] { return states_.enthalpy(v_[var::Tga], v_[var::Pe]); });
@@ -212,12 +213,12 @@ void CompressorCalculation::dischargeTemperature() {
 
 void CompressorCalculation::dischargeLimit() {
     statements_.attempt("Tsca", [&] {
-        const double mode = v_[var::OCCalculateMode];
-        if (mode == 1 && v_[var::T21] > compressor_.OilCoolingLimit) {
+        if (is(var::OCCalculateMode, OilCoolingMode::catalogueLimit) &&
+            v_[var::T21] > compressor_.OilCoolingLimit) {
             v_.set(var::Tsca, compressor_.OilCoolingLimit);
-        } else if (mode == 2 && v_[var::T21] > v_[var::OC]) {
+        } else if (is(var::OCCalculateMode, OilCoolingMode::givenLimit) && v_[var::T21] > v_[var::OC]) {
             v_.set(var::Tsca, v_[var::OC]);
-        } else if (mode == 0) {
+        } else if (is(var::OCCalculateMode, OilCoolingMode::none)) {
             v_.set(var::Tsca, "-");
         }
     });
@@ -227,11 +228,13 @@ void CompressorCalculation::dischargeStateAndOilLoad() {
     let(var::H21, [&] { return states_.enthalpy(v_[var::T21], v_[var::Pc]); });
     let(var::Pra, [] { return 0.0; });
     statements_.attempt("OC", [&] {
-        if (v_[var::OCCalculateMode] == 1) v_.set(var::OC, compressor_.OilCoolingLimit);
+        if (is(var::OCCalculateMode, OilCoolingMode::catalogueLimit))
+            v_.set(var::OC, compressor_.OilCoolingLimit);
     });
     statements_.attempt("oil cooling", [&] {
-        const double mode = v_[var::OCCalculateMode];
-        if (mode == 1 || mode == 2) CalculateOilCooling();
+        if (is(var::OCCalculateMode, OilCoolingMode::catalogueLimit) ||
+            is(var::OCCalculateMode, OilCoolingMode::givenLimit))
+            CalculateOilCooling();
     });
 }
 
@@ -240,7 +243,7 @@ void CompressorCalculation::economizer() {
     let(var::T3, [&] { return v_[var::Tcb] - v_[var::Sc]; });
     let(var::H3, [&] { return states_.enthalpy(v_[var::T3], v_[var::Pc]); });
     statements_.attempt("economizer", [&] {
-        if (!compressor_.Economizer.hasPort() || v_[var::EcoCalculateMode] == 0) return;
+        if (!compressor_.Economizer.hasPort() || is(var::EcoCalculateMode, EconomizerMode::none)) return;
         const bool hasMargin = !compressor_.hasInvert || v_[var::CA] * inverterMargin < compressor_.Fla;
         if (hasMargin) {
             EconomizerCalculation(compressor_, states_, timeout_, statements_).CalculateEconomizer();

@@ -46,6 +46,10 @@ class CompressorCalculation {
     void economizer();
     void condenser();
 
+    template <class Mode>
+    bool is(var variable, Mode mode) const {
+        return v_[variable] == static_cast<double>(mode);
+    }
     bool failed() const { return compressor_.Messages.Error.Count() > 0; }
 
     template <class Value>

@@ -116,10 +116,10 @@ void SelectionRules::oilFilter(const clsLimits& around) {
 void SelectionRules::smallMotor(const clsLimits& around) {
     if (!compressor_.hasFullSmallMotor) return;
     const bool inSmallMotorLimit = around.FindLimitType(limitType::smallMotor);
-    if (inSmallMotorLimit && compressor_.Motor.MotorType == motorType::fullMotor)
+    if (inSmallMotorLimit && compressor_.Motor.MotorType == MotorChoice::full)
         raise(messages_.Information, "messages.message04");
     if (compressor_.limits.FindLimitType(limitType::smallMotor) &&
-        compressor_.Motor.MotorType == motorType::smallMotor && !inSmallMotorLimit) {
+        compressor_.Motor.MotorType == MotorChoice::small && !inSmallMotorLimit) {
         raise(messages_.Error, "messages.message05");
     }
 }
@@ -166,7 +166,7 @@ void SelectionRules::subcooling() {
 
 void SelectionRules::superheat() {
     const double highest = refrigerant_.maxSuperheat;
-    const double base = v_[var::ShType] == 0 ? 0 : v_[var::Ted];
+    const double base = conditions_.SuperHeatType == SuperheatKind::difference ? 0 : v_[var::Ted];
     if (v_[var::Sh] < base || v_[var::Sh] > base + highest)
         raiseWithZero(messages_.Error, "messages.message13");
 }

@@ -71,7 +71,7 @@ std::string clsSelections::BuildSelectionSql(const std::string& serie, const std
 void clsSelections::loadCompressors(const std::string& sql) {
     const std::shared_ptr<const clsProjectConditions> held = ProjectConditions;  // across the turns below
     const clsProjectConditions& conditions = *held;
-    const bool economized = conditions.EcoCalculateMode != 0;
+    const bool economized = conditions.EcoCalculateMode != EconomizerMode::none;
     for (RecordSet row = gDatabase().Execute(sql); !row.eof(); row.moveNext()) {
         giveTurn();
         if (AbortRequested()) {
@@ -81,7 +81,7 @@ void clsSelections::loadCompressors(const std::string& sql) {
         auto compressor = std::make_shared<clsCompressor>();
         compressor->GetCompressorFromDb(gDatabase(), conditions, row.text("fRefrigerantID"),
                                         row.text("fSerieID"), row.text("fModelID"), conditions.MotorHz,
-                                        conditions.MotorRPM, conditions.MotorSize, economized,
+                                        conditions.MotorRPM, codeOf(conditions.MotorSize), economized,
                                         asByte(conditions.StepCapacity));
         compressor->Motor.Voltage = roundedToInteger(conditions.MotorVoltage);
         add(std::move(compressor));

@@ -18,7 +18,7 @@ namespace marvello {
 namespace {
 
 std::string motorSize(const clsCompressor& compressor) {
-    const bool isSmall = compressor.Motor.MotorType == motorType::smallMotor;
+    const bool isSmall = compressor.Motor.MotorType == MotorChoice::small;
     const std::string size =
         dictionaryText(isSmall ? "frmselection.cmbmotorsize.item0" : "frmselection.cmbmotorsize.item1");
     if (!compressor.Motor.isStandard) return size;

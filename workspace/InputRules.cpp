@@ -15,8 +15,7 @@ SeriesOfMarket seriesOfMarket(const QString& serieKey) {
     const std::string key = toCore(serieKey);
     for (const SeriesTraits& series : allSeriesTraits())
         for (const MarketChoice& choice : series.markets)
-            if (choice.key == key)
-                return {std::string(series.name), static_cast<std::uint8_t>(choice.market)};
+            if (choice.key == key) return {std::string(series.name), codeOf(choice.market)};
     return {key, 0};
 }
 

@@ -35,8 +35,8 @@ SuperheatRange superheatRange(const QString& refrigerantKey, bool isImperial, bo
 double permittedSuperheat(double value, const SuperheatRange& range);
 
 /// The economizer modes, by the keys of their selector.
-inline constexpr QStringView noEconomizer = u"0";
-inline constexpr QStringView approachMode = u"1";
-inline constexpr QStringView capacityMode = u"2";
+inline const QString noEconomizer = QString::number(codeOf(EconomizerMode::none));
+inline const QString approachMode = QString::number(codeOf(EconomizerMode::approach));
+inline const QString capacityMode = QString::number(codeOf(EconomizerMode::capacity));
 
 }  // namespace marvello

@@ -175,8 +175,8 @@ void SelectionForm::economizerModeChanged(const QString& before, const QString& 
 
 void SelectionForm::keepEconomizerValue() {
     const QString mode = panel_->cmbEco->Key();
-    economizerValues_.keep(toCore(mode == noEconomizer ? approachMode.toString() : mode),
-                           panel_->txtEco->number(), measureUnit_);
+    economizerValues_.keep(toCore(mode == noEconomizer ? approachMode : mode), panel_->txtEco->number(),
+                           measureUnit_);
 }
 
 bool SelectionForm::hasMidTemperatures() const {

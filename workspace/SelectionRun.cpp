@@ -118,16 +118,17 @@ std::shared_ptr<const clsProjectConditions> SelectionForm::conditions() const {
     };
     result->TEvaporatingDew = temperature(panel_->txtTED);
     result->TCondensationDew = temperature(panel_->txtTCD);
-    result->SuperHeatType = panel_->cmbSh->Key().toInt();
-    result->SuperHeat = panel_->cmbSh->Key() == u"0" ? difference(panel_->txtSH) : temperature(panel_->txtSH);
+    result->SuperHeatType = static_cast<SuperheatKind>(panel_->cmbSh->Key().toInt());
+    result->SuperHeat = result->SuperHeatType == SuperheatKind::difference ? difference(panel_->txtSH)
+                                                                           : temperature(panel_->txtSH);
     result->SubCooling = difference(panel_->txtSC);
-    result->MotorSize = panel_->cmbMotorSize->Key().toInt();
+    result->MotorSize = static_cast<MotorChoice>(panel_->cmbMotorSize->Key().toInt());
     result->MotorVoltage = voltage.left(3).toDouble();
     result->MotorHz = voltage.right(2).toInt();
     result->MotorRPM = panel_->cmbMotorRPM->Key().toInt();
-    result->EcoCalculateMode = panel_->cmbEco->Key().toInt();
+    result->EcoCalculateMode = static_cast<EconomizerMode>(panel_->cmbEco->Key().toInt());
     result->Eco = difference(panel_->txtEco);
-    result->OilCoolingCalculateMode = panel_->cmbOilCooling->Key().toInt();
+    result->OilCoolingCalculateMode = static_cast<OilCoolingMode>(panel_->cmbOilCooling->Key().toInt());
     result->OilCooling = temperature(panel_->txtOilCooling);
     if (panel_->txtFrequency) result->InverterFrequency = static_cast<float>(panel_->txtFrequency->number());
     result->StepCapacity = panel_->cmbStepCapacity->Key().toInt();

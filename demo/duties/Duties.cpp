@@ -38,33 +38,35 @@ const std::vector<Setting>& settings() {
         {"step 75",
          {message("error", "29"), message("information", "30"), message("error", "31")},
          [](C& c) { c.StepCapacity = 75; }},
-        {"small motor", {message("error", "05")}, [](C& c) { c.MotorSize = 0; }},
+        {"small motor", {message("error", "05")}, [](C& c) { c.MotorSize = MotorChoice::small; }},
         {"superheat 40 K", {message("error", "13")}, [](C& c) { c.SuperHeat = 40; }},
         {"superheat 20 K, oil cooling to 60 C",
          {message("attention", "07"), message("attention", "17")},
          [](C& c) {
              c.SuperHeat = 20;
-             c.OilCoolingCalculateMode = 2;
+             c.OilCoolingCalculateMode = OilCoolingMode::givenLimit;
              c.OilCooling = 60;
          }},
         {"subcooling 90 K", {message("error", "12")}, [](C& c) { c.SubCooling = 90; }},
-        {"economizer 10 K", {message("error", "25")}, [](C& c) { c.EcoCalculateMode = 1; }},
+        {"economizer 10 K",
+         {message("error", "25")},
+         [](C& c) { c.EcoCalculateMode = EconomizerMode::approach; }},
         {"economizer 60 K",
          {message("error", "25"), message("error", "26")},
          [](C& c) {
-             c.EcoCalculateMode = 1;
+             c.EcoCalculateMode = EconomizerMode::approach;
              c.Eco = 60;
          }},
         {"economizer 5 kW",
          {message("error", "23")},
          [](C& c) {
-             c.EcoCalculateMode = 2;
+             c.EcoCalculateMode = EconomizerMode::capacity;
              c.Eco = 5;
          }},
         {"economizer 5000 kW",
          {message("error", "24")},
          [](C& c) {
-             c.EcoCalculateMode = 2;
+             c.EcoCalculateMode = EconomizerMode::capacity;
              c.Eco = 5000;
          }},
         {"75 Hz", {message("error", "35")}, [](C& c) { c.InverterFrequency = 75; }},
@@ -72,7 +74,7 @@ const std::vector<Setting>& settings() {
          {message("error", "37")},
          [](C& c) {
              c.InverterFrequency = 70;
-             c.EcoCalculateMode = 1;
+             c.EcoCalculateMode = EconomizerMode::approach;
          }},
     };
     return all;
@@ -114,7 +116,7 @@ std::vector<UsualRun> usualRuns(const std::vector<SeriesPlan>& plans, bool econo
         if (economized && !plan.hasEconomizer()) continue;
         UsualRun one{plan.serie, plan.refrigerant, 0, 0, {}};
         clsProjectConditions conditions = conditionsAt(plan.range.typical.x, plan.range.typical.y);
-        conditions.EcoCalculateMode = economized ? 1 : 0;
+        conditions.EcoCalculateMode = economized ? EconomizerMode::approach : EconomizerMode::none;
         runSeries(plan, conditions, [&one](const clsCompressor& compressor) {
             ++one.compressors;
             if (compressor.Messages.Error.Count() == 0) ++one.withoutError;

@@ -120,7 +120,7 @@ TEST_F(clsCompressorTest, SmallAndFullMotor) {
         load(c, 50, expected.size);
         EXPECT_EQ(c.Fla, expected.fla) << expected.size;
         EXPECT_EQ(c.Motor.ID, expected.motor);
-        EXPECT_EQ(c.Motor.MotorType, expected.type);
+        EXPECT_EQ(codeOf(c.Motor.MotorType), expected.type);
         EXPECT_EQ(c.Motor.isStandard, expected.standard);
     }
 }

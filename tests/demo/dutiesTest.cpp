@@ -55,7 +55,7 @@ TEST_F(CatalogueDuties, MotorsCarryTheEconomizer) {
             clsProjectConditions conditions =
                 conditionsAt(range.evaporatingFrom + inside.x * (range.evaporatingTo - range.evaporatingFrom),
                              range.condensingFrom + inside.y * (range.condensingTo - range.condensingFrom));
-            conditions.EcoCalculateMode = 1;
+            conditions.EcoCalculateMode = EconomizerMode::approach;
             conditions.Eco = 5;
             runSeries(plan, conditions, [&](const clsCompressor& compressor) {
                 constexpr int application = 0;

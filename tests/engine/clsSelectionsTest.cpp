@@ -54,7 +54,7 @@ TEST_F(clsSelectionsTest, InverterSeriesAreThreeByName) {
 
 TEST_F(clsSelectionsTest, ConditionsReachTheLoader) {
     conditions.MotorVoltage = 380.5;
-    conditions.EcoCalculateMode = 2;
+    conditions.EcoCalculateMode = EconomizerMode::capacity;
     catalogue.exec("update tCompressors set fLimitEconomizedID='X'");
     catalogue.limit("X", 11, "-20,20;15,20;15,60;-20,60;-20,20");
     run("B");

@@ -32,11 +32,11 @@ class economizer : public testing::EngineFixture {
         conditions.SuperHeat = 10;
         conditions.SubCooling = 3;
         conditions.OilCooling = 110;
-        conditions.OilCoolingCalculateMode = 0;
+        conditions.OilCoolingCalculateMode = OilCoolingMode::none;
     }
 
     const clsVariables& run(double mode, double value) {
-        conditions.EcoCalculateMode = static_cast<int>(mode);
+        conditions.EcoCalculateMode = static_cast<EconomizerMode>(mode);
         conditions.Eco = value;
         return select().Variables;
     }
@@ -136,7 +136,7 @@ TEST_F(economizer, CapacitiesOutOfReach) {
 TEST_F(economizer, ABlendWithGlide) {
     catalogue.blendR407C();
     catalogue.exec("update tCompressors set fRefrigerantID='R407C'");
-    conditions.EcoCalculateMode = 1;
+    conditions.EcoCalculateMode = EconomizerMode::approach;
     clsRefprop& r = GetRefprop("R407C");
     const auto expectSaturation = [&r](const clsVariables& v) {
         EXPECT_NEAR(r.Pressure(v("T6"), 1), v("Peco"), 1e-6);
@@ -164,7 +164,7 @@ TEST_F(economizer, AbortTakesEffectWithinAPass) {
     hooks().giveTurn = [&turns] {
         if (++turns == 20) AbortRequested() = true;
     };
-    conditions.EcoCalculateMode = 1;
+    conditions.EcoCalculateMode = EconomizerMode::approach;
     conditions.Eco = 5;
     selections.Selection(std::make_shared<clsProjectConditions>(conditions), "TK-A", "*", "R134A", 0);
     EXPECT_TRUE(selections.isAborted());

@@ -11,9 +11,9 @@
 namespace marvello {
 namespace {
 
-constexpr int plain = 0;
-constexpr int automatic = 1;
-constexpr int capacity = 2;
+constexpr auto plain = EconomizerMode::none;
+constexpr auto automatic = EconomizerMode::approach;
+constexpr auto capacity = EconomizerMode::capacity;
 
 // What holds for every compressor at every operating point, whatever the figures.
 class randomSelections : public testing::EngineFixture {
@@ -44,7 +44,7 @@ class randomSelections : public testing::EngineFixture {
         conditions.TCondensationDew = std::max(conditions.TEvaporatingDew + 25, between(25, 60));
         conditions.SuperHeat = between(0, 18);
         conditions.SubCooling = between(0, 10);
-        conditions.OilCoolingCalculateMode = static_cast<int>(between(0, 2.99));
+        conditions.OilCoolingCalculateMode = static_cast<OilCoolingMode>(between(0, 2.99));
         conditions.OilCooling = between(60, 110);
         conditions.EcoCalculateMode = plain;
     }

@@ -97,9 +97,9 @@ TEST_F(selectionRules, OverLimitOilFilterAndSuggestions) {
 TEST_F(selectionRules, SmallAndFullMotor) {
     given({{"fhasFullSmallMotor", "1"}});
     catalogue.limit("E", 3, "-20,20;15,20;15,50;-20,50;-20,20");
-    conditions.MotorSize = 1;
+    conditions.MotorSize = MotorChoice::full;
     expectSaid(said(), {}, {}, {"04"});
-    conditions.MotorSize = 0;
+    conditions.MotorSize = MotorChoice::small;
     expectSaid(said(), {}, {}, {});
     conditions.TCondensationDew = 55;  // above the small motor's line
     expectSaid(said(), {"05"}, {}, {});
@@ -120,7 +120,7 @@ TEST_F(selectionRules, OilLoadBesideTheInjectionLine) {
     catalogue.limit("E", 1, "-20,55;15,55;15,60;-20,60;-20,55");
     expectSaid(said(), {}, {"07"}, {});
     expectSaid(saidAs("GH"), {}, {"17"}, {});
-    conditions.OilCoolingCalculateMode = 0;  // no load, nothing to say
+    conditions.OilCoolingCalculateMode = OilCoolingMode::none;  // no load, nothing to say
     expectSaid(said("R134A", "GH"), {}, {}, {});
 }
 
@@ -160,7 +160,7 @@ TEST_F(selectionRules, SubcoolingAndSuperheat) {
     conditions.SuperHeat = 1000;
     expectSaid(said(), {"12", "13"}, {}, {});
     conditions.SubCooling = 5;
-    conditions.SuperHeatType = 1;
+    conditions.SuperHeatType = SuperheatKind::temperature;
     conditions.SuperHeat = 15;
     expectSaid(said(), {}, {}, {});
     conditions.SuperHeat = 15.1;
@@ -207,7 +207,7 @@ TEST_F(selectionRules, PowerOfTheModelsOfMvJ) {
     EXPECT_EQ(saysAt("q40", 60), keys({}));
     // The economizer wants more power: one message for either of the two, and one for both.
     catalogue.exec("update tCompressors set fKForo=1.6, fSez=300");
-    conditions.EcoCalculateMode = 1;
+    conditions.EcoCalculateMode = EconomizerMode::approach;
     conditions.Eco = 10;
     EXPECT_EQ(saysAt("Q40", 50.9), keys({"32"}));
     EXPECT_EQ(saysAt("Q40", 51.1), keys({"32"}));

@@ -119,7 +119,7 @@ TEST_F(standardCycle, VariablesHaveTheirOrderUnitsAndDescriptions) {
 TEST_F(standardCycle, SuperheatAsATemperature) {
     conditions.SuperHeat = 12;
     for (const int type : {1, 2}) {
-        conditions.SuperHeatType = type;
+        conditions.SuperHeatType = static_cast<SuperheatKind>(type);
         const clsVariables& v = select().Variables;
         EXPECT_NEAR(v("Sh"), 17.0001, 1e-12);
         EXPECT_NEAR(v("Tga"), 12.0001, 1e-12);
@@ -127,12 +127,13 @@ TEST_F(standardCycle, SuperheatAsATemperature) {
 }
 
 TEST_F(standardCycle, OilCoolingModes) {
-    conditions.OilCoolingCalculateMode = 0;
+    conditions.OilCoolingCalculateMode = OilCoolingMode::none;
     EXPECT_EQ(select().Variables.Item("Tsca").text(), "-");
     EXPECT_EQ(selections.Item(1).Variables("Pra"), 0);
     EXPECT_FALSE(selections.Item(1).Variables.Exist("H2Rif"));
 
-    conditions.OilCoolingCalculateMode = 2;  // limit 80 degC; h(80 degC, pc) = 460.12124952 kJ/kg as above
+    conditions.OilCoolingCalculateMode =
+        OilCoolingMode::givenLimit;  // limit 80 degC; h(80 degC, pc) = 460.12124952 kJ/kg as above
     const clsVariables& v = select().Variables;
     EXPECT_EQ(v("Tsca"), 80);
     EXPECT_NEAR(v("Pra"), 921.2865476059969 * (489.55481090264317 - 460.1212495163743) / 3600, 1e-5);
@@ -147,7 +148,7 @@ TEST_F(standardCycle, OilCoolingModes) {
 // At -120 degC and the condensing pressure there is no R134a as the equations know it: the triple point is at
 // -103.3 degC. The library answers with its marker, and a load of millions of kW follows.
 TEST_F(standardCycle, AnUndefinedStateIsNotedWithItsCause) {
-    conditions.OilCoolingCalculateMode = 2;
+    conditions.OilCoolingCalculateMode = OilCoolingMode::givenLimit;
     conditions.OilCooling = -120;
     const clsCompressor& c = select();
     EXPECT_GT(c.Variables("Pra"), 1e6);
@@ -234,7 +235,7 @@ TEST_F(standardCycle, InverterCurrentAndItsMargin) {
     EXPECT_NEAR(select("R134A", "TK-D").Variables("CA"), current, 1e-9);
 
     // The economizer needs 15 % of margin to the rated current.
-    conditions.EcoCalculateMode = 1;
+    conditions.EcoCalculateMode = EconomizerMode::approach;
     const auto withRated = [&](double rated) {
         catalogue.exec("update tCompressors set fFla=" + std::to_string(rated));
         return names(select("R134A", "TK-D").Messages.Error);

@@ -59,7 +59,7 @@ class economizedCompressor : public wholeCompressors {
         conditions.TCondensationDew = 40;
         conditions.SuperHeat = 12;
         conditions.SubCooling = 4;
-        conditions.EcoCalculateMode = 1;
+        conditions.EcoCalculateMode = EconomizerMode::approach;
     }
 
     void expectCompressionAndPort() {
@@ -88,7 +88,7 @@ class economizedCompressor : public wholeCompressors {
 // Oil:     h(70, pc) = 451.74040960, Pcool = 939.52770214 * (h2 - 451.74040960) / 3600 = 2.8168068409 kW
 TEST_F(economizedCompressor, WithAPlate) {
     conditions.Eco = 8;
-    conditions.OilCoolingCalculateMode = 2;
+    conditions.OilCoolingCalculateMode = OilCoolingMode::givenLimit;
     conditions.OilCooling = 70;
     const clsCompressor& c = select();
     EXPECT_EQ(names(c.Messages.Error), keys({}));
@@ -117,7 +117,7 @@ TEST_F(economizedCompressor, WithAPlate) {
 // The states are those of 182.70240174; power, oil load and QcEco go by the flow as it was left.
 TEST_F(economizedCompressor, WithATank) {
     conditions.Eco = 60;
-    conditions.OilCoolingCalculateMode = 0;
+    conditions.OilCoolingCalculateMode = OilCoolingMode::none;
     conditions.OilCooling = 110;
     const clsCompressor& c = select();
     EXPECT_EQ(names(c.Messages.Error), keys({"25"}));  // of course not at 60 K
@@ -181,12 +181,12 @@ TEST_F(wholeCompressors, AnInverterWithAChoiceOfVolumeRatios) {
     conditions.MotorVoltage = 440;
     conditions.MotorHz = 60;
     conditions.InverterFrequency = 62.3F;
-    conditions.OilCoolingCalculateMode = 2;
+    conditions.OilCoolingCalculateMode = OilCoolingMode::givenLimit;
     conditions.OilCooling = 82.5;
     select("R134A", "TK-D");
     expectValues({{"Pra", 0.8373035678010724}, {"QcEco", 54.40418049753062 + 21.53518590036074}});
 
-    conditions.EcoCalculateMode = 2;
+    conditions.EcoCalculateMode = EconomizerMode::capacity;
     conditions.Eco = 62;
     const clsCompressor& c = select("R134A", "TK-D");
     EXPECT_EQ(names(c.Messages.Error), keys({}));

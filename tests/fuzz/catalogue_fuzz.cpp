@@ -48,7 +48,7 @@ void tryOut(Read read) {
 
 void select(const char* series, int economizer, float frequency) {
     clsProjectConditions conditions = conditionsAt(0, 45);
-    conditions.EcoCalculateMode = economizer;
+    conditions.EcoCalculateMode = static_cast<EconomizerMode>(economizer);
     conditions.InverterFrequency = frequency;
     clsSelections().Selection(std::make_shared<clsProjectConditions>(conditions), series, "*", "R134A", 0);
 }

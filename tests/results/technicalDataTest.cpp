@@ -63,7 +63,7 @@ TEST(MotorDescription, NamesTheSizeAndTheStartOfTheMotor) {
     for (const auto& [isStandard, hasBoth, type, expected] : sizes) {
         compressor.Motor.isStandard = isStandard;
         compressor.hasFullSmallMotor = hasBoth;
-        compressor.Motor.MotorType = type;
+        compressor.Motor.MotorType = static_cast<MotorChoice>(type);
         EXPECT_EQ(MotorDescription("@cps.motorsize", compressor), expected);
     }
     const char* starts[]{"-", "technicaldata.start.stardelta", "technicaldata.start.partwinding", "-"};

@@ -159,7 +159,7 @@ class PerformanceCheck {
         const int market = row.integer("fMarket");
         const bool isOffered =
             market == 0 || std::ranges::any_of(traits.markets, [market](const MarketChoice& choice) {
-                return static_cast<int>(choice.market) == market;
+                return codeOf(choice.market) == market;
             });
         if (!isOffered && row.integer("fhasInverter") == 0)
             row.warn("fMarket: no form offers a model of market " + std::to_string(market) +

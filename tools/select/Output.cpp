@@ -103,7 +103,7 @@ std::string pointOf(const Request& request) {
 
 /// The list as a form shows it that was calculated with the request.
 ResultTable listOf(const Run& run) {
-    const bool hasEconomizer = run.request.conditions.EcoCalculateMode != 0;
+    const bool hasEconomizer = run.request.conditions.EcoCalculateMode != EconomizerMode::none;
     return listResults(*run.selection, catalogueColumns(), {.hasEconomizer = hasEconomizer});
 }
 

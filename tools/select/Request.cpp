@@ -81,7 +81,8 @@ int oneOf(const std::string& text, const Allowed& allowed) {
 
 template <auto member, auto list>
 void readChoice(Request& request, const std::string& text, const Choices& choices) {
-    request.conditions.*member = oneOf(text, choices.*list);
+    auto& target = request.conditions.*member;
+    target = static_cast<std::remove_reference_t<decltype(target)>>(oneOf(text, choices.*list));
 }
 
 void readStep(Request& request, const std::string& text, const Choices&) {
@@ -89,7 +90,8 @@ void readStep(Request& request, const std::string& text, const Choices&) {
 }
 
 void readMarket(Request& request, const std::string& text, const Choices&) {
-    constexpr std::array markets{0, 1, 2};
+    constexpr std::array<int, 3> markets{codeOf(Market::any), codeOf(Market::european),
+                                         codeOf(Market::farEast)};
     request.market = oneOf(text, markets);
 }
 
@@ -168,8 +170,8 @@ void checkRequest(const Request& request) {
             throw BadRequest(std::string(name) + ": " + fault.what());
         }
     };
-    check("sh", c.SuperHeat, c.SuperHeatType == 0 ? superheat : suctionTemperature);
-    check("eco", c.Eco, c.EcoCalculateMode == 2 ? economizerPower : approach);
+    check("sh", c.SuperHeat, c.SuperHeatType == SuperheatKind::difference ? superheat : suctionTemperature);
+    check("eco", c.Eco, c.EcoCalculateMode == EconomizerMode::capacity ? economizerPower : approach);
 }
 
 void checkTemperatures(const Request& request, const SaturationRange& range) {
