@@ -4,11 +4,11 @@
 
 #include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
+#include "data/Constants.h"
 #include "data/Texts.h"
 #include "engine/AbortRequested.h"
 #include "engine/EconomizerCalculation.h"
 #include "engine/MotorCurrent.h"
-#include "engine/Units.h"
 
 namespace marvello {
 

@@ -8,7 +8,7 @@ packages=(
     libgtest-dev libgmock-dev libbenchmark-dev
     python3
     xvfb xauth openbox fonts-roboto-unhinted fonts-noto-cjk locales
-    libfreetype-dev fonts-liberation qpdf poppler-utils mupdf-tools
+    povray libfreetype-dev fonts-liberation qpdf poppler-utils mupdf-tools
 )
 
 say() { printf '%s\n' "== $*"; }

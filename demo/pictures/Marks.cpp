@@ -1,8 +1,6 @@
 #include "demo/pictures/Marks.h"
 
 #include <QPainter>
-#include <algorithm>
-#include <cstddef>
 #include <utility>
 
 #include "controls/Look.h"
@@ -10,12 +8,6 @@
 namespace marvello::pictures {
 
 namespace {
-
-QImage cleared(int width, int height) {
-    QImage image(width, height, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    return image;
-}
 
 void drawEmblem(QPainter& painter, QRectF square, QColor colour) {
     painter.save();
@@ -48,32 +40,10 @@ QPainterPath emblem() {
     return QTransform::fromScale(1 / 16.0, 1 / 16.0).map(path);
 }
 
-std::shared_ptr<const Decal> decalOf(const QImage& image, const Frame& frame, double width, double reach) {
-    auto decal = std::make_shared<Decal>();
-    decal->frame = frame;
-    decal->columns = image.width();
-    decal->rows = image.height();
-    decal->width = width;
-    decal->height = width * image.height() / image.width();
-    decal->reach = reach;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgb pixel = image.pixel(x, y);
-            decal->colours.push_back(screenColour(pixel & 0xFFFFFF));
-            decal->covers.push_back(qAlpha(pixel) / 255.0);
-        }
-    // Clear texels take the mark's colour, so that its edge has no seam.
-    const auto opaque =
-        std::find_if(decal->covers.begin(), decal->covers.end(), [](double c) { return c >= 1; });
-    if (opaque == decal->covers.end()) return decal;
-    const Vec3 colour = decal->colours[static_cast<std::size_t>(opaque - decal->covers.begin())];
-    for (std::size_t i = 0; i < decal->covers.size(); ++i)
-        if (decal->covers[i] <= 0) decal->colours[i] = colour;
-    return decal;
-}
-
-QImage wordMark(QColor colour) {
-    QImage image = cleared(560, 96);
+QImage wordMark() {
+    const QColor colour(0xF2F5F6);
+    QImage image(560, 96, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
     QPainter painter(&image);
     prepare(painter, colour);
     drawEmblem(painter, {4, 8, 80, 80}, colour);

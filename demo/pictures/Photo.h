@@ -1,20 +1,22 @@
 #pragma once
 
-#include <QImage>
+#include <QSize>
+#include <filesystem>
+#include <string>
 
-#include "demo/pictures/Scene.h"
+#include "demo/pictures/Design.h"
 
 namespace marvello::pictures {
 
-/// Where a photo is taken from: degrees from straight ahead towards the discharge end, and above the floor.
-struct View {
-    double around = 33;
-    double above = 17;
-    double fill = 0.86;  ///< share of the picture that the machine takes, in the direction that is tighter
+/// What a photo is taken of.
+struct Motif {
+    std::string name;
+    Design design;
+    bool isStandIn = false;  ///< a plain model behind the maker's emblem, for a series without a picture
 };
 
-/// Takes a photo of a scene in a studio on all cores; the same each time. `samples` rays look through each
-/// pixel.
-QImage photoOf(const Scene& scene, const View& view, QSize size, int samples);
+/// Takes the photo of a machine with the ray tracer povray and saves it in `file`, the same each time. A
+/// draft has rough edges. Throws std::runtime_error with what povray said.
+void takePhoto(const Motif& motif, const std::filesystem::path& file, QSize size, bool isDraft);
 
 }  // namespace marvello::pictures

@@ -5,13 +5,17 @@
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
+#include <atomic>
 #include <chrono>
+#include <cmath>
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <future>
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "controls/Look.h"
@@ -19,7 +23,6 @@
 #include "demo/pictures/Bodies.h"
 #include "demo/pictures/Design.h"
 #include "demo/pictures/DimensionDrawing.h"
-#include "demo/pictures/Machine.h"
 #include "demo/pictures/Photo.h"
 
 using namespace marvello::pictures;
@@ -29,37 +32,41 @@ namespace {
 struct PhotoOptions {
     std::string folder;
     std::vector<std::string> series;
-    bool preview = false;
+    bool isDraft = false;
 };
 
-void savePhoto(const PhotoOptions& options, const std::string& name, const Scene& scene, const View& view) {
-    const auto begin = std::chrono::steady_clock::now();
-    const QSize size = options.preview ? QSize(435, 300) : QSize(870, 600);
-    const QImage image = photoOf(scene, view, size, options.preview ? 9 : 16);
-    const auto file = std::filesystem::path(options.folder) / (name + ".jpg");
-    if (!image.save(QString::fromStdString(file.string()), "jpg", 86))
-        throw std::runtime_error(file.string() + " cannot be written.");
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
-    std::cout << file.filename().string() << "  " << std::filesystem::file_size(file) / 1024 << " kB, "
-              << taken.count() << " s" << std::endl;
+std::vector<Motif> motifsOf(const std::string& plans, const std::vector<std::string>& wanted) {
+    const auto all = readBodies(plans);
+    std::vector<Motif> motifs;
+    for (const auto& series : all) motifs.push_back({series.serie, designOf(series.serie, series.typical())});
+    motifs.push_back({"Kestrom", designOf("TK-A", all.front().typical()), true});
+    if (!wanted.empty())
+        std::erase_if(motifs, [&](const Motif& motif) {
+            return std::ranges::find(wanted, motif.name) == wanted.end();
+        });
+    return motifs;
 }
 
+/// Takes as many photos at once as there are cores.
 void takePhotos(const PhotoOptions& options, const std::string& plans) {
     std::filesystem::create_directories(options.folder);
-    const auto wanted = [&](const std::string& name) {
-        return options.series.empty() ||
-               std::find(options.series.begin(), options.series.end(), name) != options.series.end();
+    const std::vector<Motif> motifs = motifsOf(plans, options.series);
+    std::atomic<std::size_t> next{0};
+    const auto work = [&] {
+        for (std::size_t i = next++; i < motifs.size(); i = next++) {
+            const auto begin = std::chrono::steady_clock::now();
+            const auto file = std::filesystem::path(options.folder) / (motifs[i].name + ".jpg");
+            takePhoto(motifs[i], file, options.isDraft ? QSize(435, 300) : QSize(870, 600), options.isDraft);
+            const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
+            std::cout << file.filename().string() + "  " +
+                             std::to_string(std::filesystem::file_size(file) / 1024) + " kB, " +
+                             std::to_string(std::lround(taken.count())) + " s\n"
+                      << std::flush;
+        }
     };
-    const auto all = readBodies(plans);
-    for (const auto& series : all) {
-        if (!wanted(series.serie)) continue;
-        const Design design = designOf(series.serie, series.typical());
-        savePhoto(options, series.serie, machineOf(design), viewOf(design));
-    }
-    if (wanted("Kestrom")) {
-        const Design design = designOf("TK-A", all.front().typical());
-        savePhoto(options, "Kestrom", standInOf(design), viewOf(design));
-    }
+    std::vector<std::future<void>> works(std::max(std::thread::hardware_concurrency(), 1U));
+    for (auto& one : works) one = std::async(std::launch::async, work);
+    for (auto& one : works) one.get();
 }
 
 void saveDrawings(const std::string& folder, const std::string& plans) {
@@ -120,7 +127,7 @@ int run(int argc, char** argv) {
     CLI::App* take = program.add_subcommand("photos", "takes the photos");
     take->add_option("folder", photos.folder)->required();
     take->add_option("--series", photos.series, "only these");
-    take->add_flag("--preview", photos.preview, "small and grainy, for a quick look");
+    take->add_flag("--draft", photos.isDraft, "small and with rough edges, for a quick look");
     std::string folder, file;
     CLI::App* sheet =
         program.add_subcommand("sheet", "puts the photos of a folder side by side into a picture");

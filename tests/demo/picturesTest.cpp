@@ -1,24 +1,20 @@
 #include <gmock/gmock.h>
 
 #include <QImage>
+#include <QRect>
 #include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <optional>
-#include <random>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "controls/Metafile.h"
 #include "demo/pictures/Bodies.h"
-#include "demo/pictures/Denoise.h"
 #include "demo/pictures/Design.h"
 #include "demo/pictures/DimensionDrawing.h"
 #include "demo/pictures/Photo.h"
-#include "demo/pictures/Scene.h"
-#include "demo/pictures/Shapes.h"
 #include "demo/pictures/WmfWriter.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -27,131 +23,57 @@ namespace {
 
 using testing::ElementsAre;
 
-struct Ball {
-    Vec3 centre;
-    double radius;
-};
+/// The part of the picture with pixels that are darker than the floor: paint and rails.
+QRect darkPart(const QImage& photo) {
+    QRect part;
+    for (int y = 0; y < photo.height(); ++y)
+        for (int x = 0; x < photo.width(); ++x)
+            if (qGray(photo.pixel(x, y)) < 120) part |= QRect(x, y, 1, 1);
+    return part;
+}
 
-/// Where a ray first meets one of the balls, by the quadratic equation.
-std::optional<double> firstMeeting(const std::vector<Ball>& balls, const Ray& ray) {
-    std::optional<double> first;
-    for (const Ball& ball : balls) {
-        const Vec3 way = ray.origin - ball.centre;
-        const double b = dot(way, ray.direction), c = dot(way, way) - ball.radius * ball.radius;
-        if (b * b < c || -b - std::sqrt(b * b - c) < 0) continue;
-        const double t = -b - std::sqrt(b * b - c);
-        if (!first || t < *first) first = t;
+/// One of each way of building: feet and rails, ribs along and around, a lying and an upright separator, a
+/// motor, a converter and an open drive.
+TEST(PicturePhoto, ShowsTheMachineInTheMiddleOfALightFloor) {
+    const auto folder = test::newTemporaryFolder("marvello-photos");
+    const auto taken = [&](const Motif& motif) {
+        takePhoto(motif, folder / "photo.jpg", {87, 60}, true);
+        return QImage(QString::fromStdString((folder / "photo.jpg").string()));
+    };
+    for (const auto& series : readBodies(MARVELLO_SOURCE_FOLDER "/demo/generate/plans")) {
+        if (!std::set<std::string>{"TK-D", "MV-A", "GH", "DZ", "NL-H"}.contains(series.serie)) continue;
+        const Motif motif{series.serie, designOf(series.serie, series.typical())};
+        const QImage photo = taken(motif);
+        ASSERT_EQ(photo.size(), QSize(87, 60)) << motif.name;
+        const QRect machine = darkPart(photo);
+        EXPECT_NEAR(std::max(machine.width() / 87.0, machine.height() / 60.0), 0.84, 0.06) << motif.name;
+        EXPECT_NEAR(machine.center().x(), 43, 3) << motif.name;
+        EXPECT_NEAR(machine.center().y(), 30, 6) << motif.name;
+        // The floor is light all around, and in the shade below the machine still no hole.
+        for (const QPoint& corner : {QPoint(0, 0), QPoint(86, 0), QPoint(0, 59), QPoint(86, 59)})
+            EXPECT_GT(qGray(photo.pixel(corner)), 200) << motif.name;
+        int shade = 255;
+        for (int x = 30; x < 60; ++x) shade = std::min(shade, qGray(photo.pixel(x, machine.bottom() - 3)));
+        EXPECT_LT(shade, qGray(photo.pixel(0, 59)) - 15) << motif.name;
+        if (motif.name == "NL-H") {
+            EXPECT_EQ(photo, taken(motif));
+        }
     }
-    return first;
+    std::filesystem::remove_all(folder);
 }
 
-TEST(PictureScene, FindsTheSurfacesThatEquationsGive) {
-    const std::vector<Ball> balls{
-        {{0, 200, 0}, 150}, {{260, 120, 60}, 90}, {{-240, 420, -80}, 30}, {{700, 300, 0}, 6}};
-    Scene scene;
-    for (const Ball& ball : balls) {
-        const Vec3 r = Vec3{1, 1, 1} * ball.radius;
-        scene.add(paints::body, {ball.centre - r, ball.centre + r},
-                  [ball](Vec3 p) { return shapes::sphere(p - ball.centre, ball.radius); });
-    }
-    scene.finish();
-    std::minstd_rand random(5);
-    std::uniform_real_distribution<double> place(-300, 750), height(0, 500);
-    int met = 0;
-    for (int i = 0; i < 4000; ++i) {
-        const Vec3 from{place(random), height(random), 1500};
-        const Ray ray{from, normalized(Vec3{place(random), height(random), place(random) / 3} - from)};
-        const auto expected = firstMeeting(balls, ray);
-        const Scene::Hit hit = scene.trace(ray);
-        // Grazing rays may fall to either side.
-        auto wider = balls, narrower = balls;
-        for (auto& ball : wider) ball.radius += 0.1;
-        for (auto& ball : narrower) ball.radius -= 0.1;
-        if (firstMeeting(wider, ray).has_value() != firstMeeting(narrower, ray).has_value()) continue;
-        ASSERT_EQ(hit.found, expected.has_value()) << i;
-        ASSERT_EQ(scene.isBlocked(ray, 1e5), hit.found);
-        if (!hit.found) continue;
-        ++met;
-        if (std::abs(hit.distance - *expected) > 1) {  // passing one ball within 0.1 mm
-            EXPECT_NEAR(hit.distance, *firstMeeting(wider, ray), 1);
-            continue;
-        }
-        const bool onBall = std::any_of(balls.begin(), balls.end(), [&](const Ball& ball) {
-            const Vec3 out = (hit.place - ball.centre) * (1 / ball.radius);
-            return std::abs(length(out) - 1) < 0.02 && dot(out, hit.normal) > 0.99;
-        });
-        EXPECT_TRUE(onBall) << i;
-        EXPECT_FALSE(scene.isBlocked(ray, hit.distance - 1));
-    }
-    EXPECT_GT(met, 500);
-}
-
-/// A step by the distance, in any direction, must not end inside.
-TEST(PictureShapes, NeverTellTooGreatADistance) {
-    using namespace shapes;
-    const std::vector<Scene::Distance> all{
-        [](Vec3 p) { return box(p, {30, 20, 10}, 4); },
-        [](Vec3 p) { return cylinderX(p, -30, 50, 20, 3); },
-        [](Vec3 p) { return coneY(p, -20, 40, 30, 10, 2); },
-        [](Vec3 p) { return tankX(p, -60, 60, 30, 15); },
-        [](Vec3 p) { return tankX(p, -60, 60, 30, 45); },
-        [](Vec3 p) { return hexagonY(p, 0, 10, 12, 1); },
-        [](Vec3 p) { return blend(sphere(p, 20), box(p - Vec3{25, 0, 0}, {10, 10, 10}, 1), 12); },
-        [](Vec3 p) { return cut(sphere(p, 40), cylinderY(p, -50, 50, 15, 0), 3); },
-        [](Vec3 p) { return box(sectorX(p, 12, 0.2) - Vec3{0, 40, 0}, {10, 5, 3}, 1); }};
-    std::minstd_rand random(3);
-    std::uniform_real_distribution<double> place(-90, 90), way(-1, 1);
-    for (std::size_t i = 0; i < all.size(); ++i)
-        for (int k = 0; k < 20000; ++k) {
-            const Vec3 p{place(random), place(random), place(random)};
-            const Vec3 direction = normalized({way(random), way(random), way(random)});
-            const double d = all[i](p);
-            if (d <= 0) continue;
-            EXPECT_GT(all[i](p + direction * (0.999 * d)), -1e-6) << i;
-        }
-}
-
-TEST(PictureDenoise, SmoothsGrainAndKeepsEdges) {
-    constexpr int side = 32;
-    std::vector<PixelSum> pixels(side * side);
-    std::minstd_rand random(1);
-    std::normal_distribution<double> grain(0, 0.05);
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x) {
-            const bool right = x >= side / 2;
-            pixels[static_cast<std::size_t>(y * side + x)] = {
-                Vec3{1, 1, 1} * ((right ? 0.8 : 0.2) + grain(random)),
-                0.0025,
-                {0.5, 0.5, 0.5},
-                right ? Vec3{1, 0, 0} : Vec3{0, 0, 1}};
-        }
-    denoise(pixels, side, side);
-    double squares = 0, left = 0, right = 0;
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x) {
-            const double light = pixels[static_cast<std::size_t>(y * side + x)].light.x;
-            squares += std::pow(light - (x >= side / 2 ? 0.8 : 0.2), 2) / (side * side);
-            if (x == side / 2 - 1) left += light / side;
-            if (x == side / 2) right += light / side;
-        }
-    EXPECT_LT(std::sqrt(squares), 0.02);  // of 0.05 before
-    EXPECT_NEAR(left, 0.2, 0.02);
-    EXPECT_NEAR(right, 0.8, 0.02);
-}
-
-TEST(PicturePhoto, IsTheSameEachTimeAndShadesTheFloor) {
-    Scene scene;
-    scene.add(paints::body, {{-100, 0, -100}, {100, 200, 100}},
-              [](Vec3 p) { return shapes::box(p - Vec3{0, 100, 0}, {100, 100, 100}, 10); });
-    scene.finish();
-    const QImage photo = photoOf(scene, {33, 17, 0.4}, {87, 60}, 8);
-    EXPECT_EQ(photo, photoOf(scene, {33, 17, 0.4}, {87, 60}, 8));
-    EXPECT_LT(qGray(photo.pixel(43, 30)), 150);  // the box is darker than paper
-    EXPECT_GT(qGray(photo.pixel(1, 1)), 215);
-    // The shadow lies on the floor beside the box, away from the main light at the left.
-    int darkest = 255;
-    for (int x = 56; x < 80; ++x) darkest = std::min(darkest, qGray(photo.pixel(x, 40)));
-    EXPECT_LT(darkest, qGray(photo.pixel(4, 40)) - 20);
+TEST(PicturePhoto, OfAStandInHasNoColourButTheEmblem) {
+    const auto folder = test::newTemporaryFolder("marvello-photos");
+    const auto series = readBodies(MARVELLO_SOURCE_FOLDER "/demo/generate/plans").front();
+    takePhoto({"Kestrom", designOf("TK-A", series.typical()), true}, folder / "photo.jpg", {87, 60}, true);
+    const QImage photo(QString::fromStdString((folder / "photo.jpg").string()));
+    QRect coloured;
+    for (int y = 0; y < photo.height(); ++y)
+        for (int x = 0; x < photo.width(); ++x)
+            if (photo.pixelColor(x, y).hsvSaturation() > 120) coloured |= QRect(x, y, 1, 1);
+    EXPECT_TRUE(QRect(12, 28, 30, 28).contains(coloured)) << coloured.x() << ' ' << coloured.right();
+    EXPECT_GT(coloured.width(), 8);
+    std::filesystem::remove_all(folder);
 }
 
 TEST(PictureBodies, GoToTheModelsThatTheyAreLargeEnoughFor) {
