@@ -24,8 +24,8 @@ inline constexpr int dew = 2;
 }  // namespace saturation
 
 /// The one gateway to thermodynamic properties, bound to one refrigerant. Inputs and results are in the units
-/// of `Convert`: for the set 0 degrees Celsius, bar absolute, kg/m^3, kJ/kg, kJ/kg-K. `type`
-/// is the kind of a value (`property`), `kph` the side of saturation (`saturation`).
+/// of `Convert`: for the set 0 degrees Celsius, bar absolute, kg/m^3, kJ/kg, kJ/kg-K. `type` is the kind of a
+/// value (`property`), `kph` the side of saturation (`saturation`).
 ///
 /// The library's error channel is not acted on: a state outside its range gives what the library leaves, and
 /// its undefined marker shows the box of clsConvert. What protects the results are the envelope and the
