@@ -1,10 +1,10 @@
 #include <cmath>
 
 #include "data/Arithmetic.h"
+#include "data/Constants.h"
 #include "data/Hooks.h"
 #include "engine/EconomizerCalculation.h"
 #include "engine/MotorCurrent.h"
-#include "engine/Units.h"
 
 namespace marvello {
 

@@ -3,11 +3,11 @@
 #include <cmath>
 
 #include "data/Arithmetic.h"
+#include "data/Constants.h"
 #include "data/Texts.h"
 #include "engine/AbortRequested.h"
 #include "engine/EconomizerCalculation.h"
 #include "engine/MotorCurrent.h"
-#include "engine/Units.h"
 
 namespace marvello {
 

@@ -1,10 +1,10 @@
 #include <cmath>
 
 #include "data/Arithmetic.h"
+#include "data/Constants.h"
 #include "engine/AbortRequested.h"
 #include "engine/EconomizerCalculation.h"
 #include "engine/StepControl.h"
-#include "engine/Units.h"
 
 namespace marvello {
 

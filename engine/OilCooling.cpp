@@ -1,5 +1,5 @@
+#include "data/Constants.h"
 #include "engine/CompressorCalculation.h"
-#include "engine/Units.h"
 
 namespace marvello {
 

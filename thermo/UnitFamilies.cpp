@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "data/Arithmetic.h"
+#include "data/Constants.h"
 
 namespace marvello {
 
@@ -292,7 +293,7 @@ double applyRule(const Unit& unit, double value, double molarMass, UnitPass pass
         case Rule::squareRoot:
             return std::sqrt(value);
         case Rule::celsius:
-            return toBase ? value + 273.15 : value - 273.15;
+            return toBase ? value + zeroCelsius : value - zeroCelsius;
         case Rule::fahrenheit:
             return toBase ? (value + 459.67) * 5 / 9 : value / rankine - 459.67;
         case Rule::gaugePsi:

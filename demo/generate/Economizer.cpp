@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "data/Constants.h"
+
 namespace marvello::generate {
 
 double portPressureRatio(const CyclePoint& point, double portRatio) {

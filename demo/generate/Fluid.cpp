@@ -2,12 +2,12 @@
 
 #include <stdexcept>
 
-#include "demo/generate/PlanTable.h"
+#include "data/Constants.h"
+#include "data/TextTable.h"
 
 namespace marvello::generate {
 namespace {
 
-constexpr double kelvin = 273.15;
 constexpr int bubble = 1;
 constexpr int dew = 2;
 
@@ -24,8 +24,8 @@ const RefpropState& checked(const RefpropState& state) {
 
 std::map<std::string, std::vector<FluidPart>> readCompositions(const std::filesystem::path& contentFolder) {
     std::map<std::string, std::vector<FluidPart>> found;
-    const PlanTable table(contentFolder / "tFluidi.csv");
-    for (const PlanTable::Row& row : table.rows()) {
+    const TextTable table(contentFolder / "tFluidi.csv");
+    for (const TextTable::Row& row : table.rows()) {
         found[row.text("fRefrigeranteId")].push_back({row.text("fFluido"), row.number("fPFluido")});
     }
     return found;
@@ -45,26 +45,26 @@ Fluid::Fluid(const std::vector<FluidPart>& parts) : session_(linkedRefprop()) {
 }
 
 double Fluid::dewPressure(double temperature) const {
-    return checked(session_.saturationAtT(temperature + kelvin, dew)).p;
+    return checked(session_.saturationAtT(temperature + zeroCelsius, dew)).p;
 }
 
 double Fluid::saturationTemperature(double pressure, int side) const {
-    return checked(session_.saturationAtP(pressure, side)).t - kelvin;
+    return checked(session_.saturationAtP(pressure, side)).t - zeroCelsius;
 }
 
 double Fluid::dewTemperature(double pressure) const { return saturationTemperature(pressure, dew); }
 double Fluid::bubbleTemperature(double pressure) const { return saturationTemperature(pressure, bubble); }
 
 double Fluid::density(double temperature, double pressure) const {
-    return checked(session_.atTP(temperature + kelvin, pressure)).D * molarMass_;
+    return checked(session_.atTP(temperature + zeroCelsius, pressure)).D * molarMass_;
 }
 
 double Fluid::enthalpy(double temperature, double pressure) const {
-    return checked(session_.atTP(temperature + kelvin, pressure)).h / molarMass_;
+    return checked(session_.atTP(temperature + zeroCelsius, pressure)).h / molarMass_;
 }
 
 double Fluid::entropy(double temperature, double pressure) const {
-    return checked(session_.atTP(temperature + kelvin, pressure)).s / molarMass_;
+    return checked(session_.atTP(temperature + zeroCelsius, pressure)).s / molarMass_;
 }
 
 Fluid::Isentropic Fluid::atEntropy(double pressure, double entropy) const {
@@ -73,7 +73,7 @@ Fluid::Isentropic Fluid::atEntropy(double pressure, double entropy) const {
 }
 
 double Fluid::temperature(double pressure, double enthalpy) const {
-    return checked(session_.atPH(pressure, enthalpy * molarMass_)).t - kelvin;
+    return checked(session_.atPH(pressure, enthalpy * molarMass_)).t - zeroCelsius;
 }
 
 }  // namespace marvello::generate

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "data/Constants.h"
+
 namespace marvello::generate {
 namespace {
 

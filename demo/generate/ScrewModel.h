@@ -8,7 +8,6 @@ namespace marvello::generate {
 inline constexpr double referenceSuperheat = 10;
 inline constexpr double referenceSubcooling = 5;
 
-inline constexpr double secondsPerHour = 3600;
 inline constexpr double nominalSpeed = 2900;  ///< rpm, at which displacements are told
 
 /// A twin-screw compressor by the figures its losses are built from. With a suction-gas cooled motor the

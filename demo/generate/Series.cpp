@@ -5,18 +5,18 @@
 #include <map>
 #include <utility>
 
+#include "data/TextTable.h"
 #include "data/Texts.h"
 #include "demo/generate/NumberText.h"
-#include "demo/generate/PlanTable.h"
 
 namespace marvello::generate {
 namespace {
 
-using Row = PlanTable::Row;
+using Row = TextTable::Row;
 
 std::map<std::string, std::vector<ModelPlan>> readModels(const std::filesystem::path& file) {
     std::map<std::string, std::vector<ModelPlan>> models;
-    const PlanTable table(file);
+    const TextTable table(file);
     for (const Row& row : table.rows()) {
         ModelPlan model;
         model.code = row.text("model");
@@ -34,7 +34,7 @@ std::map<std::string, std::vector<ModelPlan>> readModels(const std::filesystem::
 
 std::map<std::pair<std::string, std::string>, RangePlan> readRanges(const std::filesystem::path& file) {
     std::map<std::pair<std::string, std::string>, RangePlan> ranges;
-    const PlanTable table(file);
+    const TextTable table(file);
     for (const Row& row : table.rows()) {
         ranges[{row.text("range"), row.text("refrigerant")}] = {
             .evaporatingFrom = row.number("evaporating_from"),
@@ -90,7 +90,7 @@ std::vector<SeriesPlan> allSeries(const std::filesystem::path& plans, const std:
     const auto ranges = readRanges(plans / "ranges.csv");
     const auto fluids = readCompositions(content);
     std::vector<SeriesPlan> all;
-    const PlanTable table(plans / "series.csv");
+    const TextTable table(plans / "series.csv");
     for (const Row& row : table.rows()) {
         SeriesPlan series = readSeries(row);
         const auto ofSeries = models.find(series.serie);

@@ -7,8 +7,8 @@
 #include <stdexcept>
 
 #include "catalogue/clsInverter.h"
+#include "data/TextTable.h"
 #include "demo/generate/NumberText.h"
-#include "demo/generate/PlanTable.h"
 
 namespace marvello::generate {
 namespace {
@@ -17,7 +17,7 @@ using BodiesOfSeries = std::map<std::string, std::vector<BodyPlan>>;
 
 BodiesOfSeries readBodies(const std::filesystem::path& file) {
     BodiesOfSeries bodies;
-    const PlanTable table(file);
+    const TextTable table(file);
     for (const auto& row : table.rows()) {
         std::vector<BodyPlan>& ofSeries = bodies[row.text("serie")];
         const BodyPlan body{.name = row.text("body"),

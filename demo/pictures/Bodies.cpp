@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "demo/generate/PlanTable.h"
+#include "data/TextTable.h"
 
 namespace marvello::pictures {
 
 namespace {
 
-using generate::PlanTable;
-
-Body bodyOf(const PlanTable::Row& row) {
+Body bodyOf(const TextTable::Row& row) {
     Body body{row.text("body"),
               row.number("displacement_to"),
               row.number("length"),
@@ -28,7 +26,7 @@ Body bodyOf(const PlanTable::Row& row) {
     return body;
 }
 
-SeriesBodies& seriesOf(std::vector<SeriesBodies>& all, const PlanTable::Row& row) {
+SeriesBodies& seriesOf(std::vector<SeriesBodies>& all, const TextTable::Row& row) {
     const auto found = std::find_if(all.begin(), all.end(), [&](const SeriesBodies& series) {
         return series.serie == row.text("serie");
     });
@@ -45,7 +43,7 @@ bool SeriesBodies::hasEconomizer() const {
 
 std::vector<SeriesBodies> readBodies(const std::filesystem::path& plans) {
     std::vector<SeriesBodies> all;
-    const PlanTable series(plans / "series.csv"), bodies(plans / "bodies.csv"), models(plans / "models.csv");
+    const TextTable series(plans / "series.csv"), bodies(plans / "bodies.csv"), models(plans / "models.csv");
     for (const auto& row : series.rows()) all.push_back({row.text("serie"), {}});
     for (const auto& row : bodies.rows()) seriesOf(all, row).bodies.push_back(bodyOf(row));
     for (auto& one : all) {

@@ -5,8 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <numbers>
 #include <string>
@@ -18,7 +16,6 @@
 #include "demo/generate/EnvelopeRows.h"
 #include "demo/generate/FrequencyLaw.h"
 #include "demo/generate/OperatingRange.h"
-#include "demo/generate/PlanTable.h"
 #include "demo/generate/Series.h"
 #include "tools/catalogue/Content.h"
 #include "tools/catalogue/Index.h"
@@ -460,28 +457,6 @@ TEST(ScrewModel, GapsLeakTheSameAtAnySpeed) {
     const double leak = 0.02 * (fast.pressureRatio - 1);
     EXPECT_NEAR(fast.capacity / slow.capacity, (1 - leak) / (0.5 * (1 - 2 * leak)), 1e-9);
     EXPECT_NEAR(fast.power / slow.power, (1 - leak / 2) / (0.5 * (1 - leak)), 1e-9);
-}
-
-TEST(PlanTable, NamesWhatDoesNotFit) {
-    const std::filesystem::path file = std::filesystem::temp_directory_path() / "marvello-plan.csv";
-    std::ofstream(file) << "serie,displacement,drive\nTK-A,12o,open\n";
-    const PlanTable table(file);
-    const PlanTable::Row& row = table.rows().front();
-    const auto reason = [](auto ask) -> std::string {
-        try {
-            ask();
-        } catch (const std::runtime_error& fault) {
-            return fault.what();
-        }
-        return "";
-    };
-    EXPECT_EQ(reason([&] { row.number("displacement"); }),
-              file.string() + ":2: displacement: \"12o\" is no number");
-    EXPECT_EQ(reason([&] { row.text("model"); }), file.string() + ":2: model: there is no such column");
-    EXPECT_EQ(reason([&] { row.choice("drive", {"motor", "inverter"}); }),
-              file.string() + ":2: drive: \"open\" is none of its words");
-    EXPECT_EQ(row.choice("drive", {"motor", "open"}), 1U);
-    std::filesystem::remove(file);
 }
 
 TEST(Surface, FitGivesBackASurfaceOfItsForm) {

@@ -11,7 +11,7 @@
 #include <string>
 
 #include "controls/Metafile.h"
-#include "demo/generate/PlanTable.h"
+#include "data/TextTable.h"
 #include "demo/pictures/Bodies.h"
 #include "demo/pictures/DimensionDrawing.h"
 
@@ -19,14 +19,13 @@ namespace marvello {
 namespace {
 
 namespace fs = std::filesystem;
-using generate::PlanTable;
 
 const fs::path source = MARVELLO_SOURCE_FOLDER;
 const fs::path application = MARVELLO_APP_FOLDER;
 
 std::set<std::string> catalogueSeries() {
     std::set<std::string> series;
-    const PlanTable compressors(source / "content/tCompressors.csv");
+    const TextTable compressors(source / "content/tCompressors.csv");
     for (const auto& row : compressors.rows()) series.insert(row.text("fSerieID"));
     return series;
 }
@@ -56,7 +55,7 @@ TEST(Pictures, HasADrawingOfEachSeriesWithTheLengthsOfItsBodies) {
     for (const auto& name : catalogueSeries()) {
         const QStringList texts = Metafile::load(drawingOf(name)).texts();
         ASSERT_TRUE(texts.contains(QString::fromStdString(name))) << name;
-        const PlanTable bodies(source / "demo/generate/plans/bodies.csv");
+        const TextTable bodies(source / "demo/generate/plans/bodies.csv");
         for (const auto& row : bodies.rows()) {
             if (row.text("serie") != name) continue;
             // The row of the table: five lengths one after the other, then height of the shaft and
@@ -76,7 +75,7 @@ TEST(Pictures, HasADrawingOfEachSeriesWithTheLengthsOfItsBodies) {
 }
 
 TEST(Pictures, NamesEachModelInTheDrawingOfItsSeries) {
-    const PlanTable models(source / "demo/generate/plans/models.csv");
+    const TextTable models(source / "demo/generate/plans/models.csv");
     for (const auto& row : models.rows()) {
         const QString all = "  " + Metafile::load(drawingOf(row.text("serie"))).texts().join("  ") + "  ";
         EXPECT_TRUE(all.contains("  " + QString::fromStdString(row.text("model")) + "  "))

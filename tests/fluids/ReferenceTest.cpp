@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "data/TextTable.h"
 #include "fluids/Phase.h"
 #include "fluids/Refprop.h"
 #include "tests/fluids/FluidCalls.h"
 #include "tests/fluids/Models.h"
-#include "tools/fluids/ReferenceTable.h"
 
 namespace marvello::test {
 namespace {
@@ -50,11 +50,11 @@ double molarMass(const Fractions& x) {
     return mass;
 }
 
-using Row = properties::ReferenceTable::Row;
+using Row = TextTable::Row;
 
 /// The rows of a table that have `value` in their first column.
 std::vector<Row> rowsOf(const std::string& file, const std::string& column, const std::string& value) {
-    static std::map<std::string, properties::ReferenceTable> tables;
+    static std::map<std::string, TextTable> tables;
     std::vector<Row> found;
     for (const Row& row : tables.try_emplace(file, dataFolder + file).first->second.rows()) {
         if (row.text(column) == value) found.push_back(row);
@@ -157,7 +157,7 @@ TEST_P(Reference, Flash) {
 INSTANTIATE_TEST_SUITE_P(Fluids, Reference, testing::ValuesIn(refrigerants()), testName);
 
 TEST(Published, CheckValues) {
-    const properties::ReferenceTable table(std::string(dataFolder) + "check_values.csv");
+    const TextTable table(std::string(dataFolder) + "check_values.csv");
     ASSERT_EQ(table.rows().size(), 27U);
     for (const Row& row : table.rows()) {
         const std::string& property = row.text("property");

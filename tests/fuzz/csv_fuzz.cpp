@@ -5,9 +5,9 @@
 #include <cstdlib>
 #include <string>
 
+#include "data/Csv.h"
 #include "tests/fuzz/Refusal.h"
 #include "tools/catalogue/Fit.h"
-#include "tools/csv/Csv.h"
 #include "tools/select/Batch.h"
 
 namespace {

@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
+#include "data/Csv.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/SmallContent.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Program.h"
-#include "tools/csv/Csv.h"
 
 using namespace marvello;
 using namespace marvello::test;

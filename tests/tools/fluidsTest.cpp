@@ -13,11 +13,11 @@
 #include <string>
 #include <vector>
 
+#include "data/Csv.h"
+#include "data/Faults.h"
 #include "data/Texts.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/CallProgram.h"
-#include "tools/csv/Csv.h"
-#include "tools/csv/Faults.h"
 
 namespace marvello::testing {
 namespace {

@@ -4,9 +4,9 @@
 #include <fstream>
 #include <sstream>
 
+#include "data/Csv.h"
+#include "data/Faults.h"
 #include "data/Globals.h"
-#include "tools/csv/Csv.h"
-#include "tools/csv/Faults.h"
 
 namespace marvello::testing {
 

@@ -7,10 +7,10 @@
 #include <optional>
 #include <system_error>
 
+#include "data/Csv.h"
+#include "data/FileText.h"
 #include "data/Texts.h"
 #include "tools/catalogue/TableExchange.h"
-#include "tools/csv/Csv.h"
-#include "tools/csv/FileText.h"
 
 namespace marvello {
 

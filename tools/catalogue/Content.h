@@ -6,8 +6,8 @@
 #include <variant>
 #include <vector>
 
+#include "data/Faults.h"
 #include "tools/catalogue/Schema.h"
-#include "tools/csv/Faults.h"
 
 namespace marvello {
 

@@ -9,11 +9,11 @@
 #include <map>
 #include <stdexcept>
 
+#include "data/Csv.h"
 #include "data/Texts.h"
 #include "data/clsApplication.h"
 #include "data/clsDatabase.h"
 #include "tools/catalogue/TableExchange.h"
-#include "tools/csv/Csv.h"
 
 namespace marvello {
 
@@ -68,15 +68,7 @@ std::string fieldText(const Value& value, ColumnKind kind) {
         return storedText(*real);
     }
     const auto* const text = std::get_if<std::string>(&value);
-    return text ? csvField(*text) : std::string();
-}
-
-/// A line of fields. A single empty field would be an empty line, which is no record.
-std::string line(const std::vector<std::string>& fields) {
-    if (fields.size() == 1 && fields.front().empty()) return "\"\"\n";
-    std::string joined;
-    for (const auto& field : fields) joined += (&field == &fields.front() ? "" : ",") + field;
-    return joined + "\n";
+    return text ? *text : std::string();
 }
 
 /// Whether a text can stand between the dots of a file's name.
@@ -104,7 +96,7 @@ std::map<std::string, std::string> filesOf(const TableContent& content) {
         std::vector<std::string> fields;
         for (std::size_t i = 0; i < table.columns.size(); ++i)
             if (table.columns[i].name != table.languageColumn) fields.push_back(fieldOf(i));
-        return line(fields);
+        return csvLine(fields);
     };
     const std::string head = fieldsOf([&](std::size_t i) { return std::string(table.columns[i].name); });
     const auto fileName = [&](const std::string& language) {

@@ -9,6 +9,8 @@
 
 #include "catalogue/clsInverter.h"
 #include "catalogue/clsPolynomialSh.h"
+#include "data/Constants.h"
+#include "thermo/RefpropLibrary.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Index.h"
 #include "tools/catalogue/Program.h"
@@ -20,9 +22,6 @@ namespace marvello {
 namespace {
 
 using Points = std::vector<clsPoint>;
-
-constexpr double zeroCelsius = 273.15;  // K
-constexpr double secondsPerHour = 3600;
 
 std::string rounded(double value) {
     const double scale = std::abs(value) < 10 ? 100 : 10;
@@ -51,14 +50,23 @@ Points samplesOf(const clsPoints& line) {
     return samples;
 }
 
-/// Heat of evaporation at 0 degrees Celsius, kJ/kg, by fluid file, as `marvello-fluids table` gives it.
-const std::map<std::string, double>& evaporationHeats() {
-    static const std::map<std::string, double> heats{
-        {"ammonia.fld", 1262}, {"co2.fld", 231},     {"isobutan.fld", 354}, {"propane.fld", 375},
-        {"propylen.fld", 378}, {"r1234yf.fld", 163}, {"r1234zee.fld", 184}, {"r125.fld", 133},
-        {"r134a.fld", 199},    {"r143a.fld", 188},   {"r152a.fld", 307},    {"r22.fld", 205},
-        {"r32.fld", 315}};
-    return heats;
+/// Heat of evaporation of a fluid at 0 degrees Celsius, kJ/kg. Of one that the property library does not
+/// have, and where the library itself is missing, a usual one.
+double evaporationHeat(const std::string& fluidFile) {
+    constexpr double usual = 180;
+    constexpr double hair = 1e-6;  // off the line, to either side of it
+    try {
+        RefpropSession library(refpropFunctions());
+        if (library.setUp({fluidFile}, {1}).code > 0) return usual;
+        const RefpropState line = library.saturationAtT(zeroCelsius, 2);
+        const RefpropState vapour = library.atTP(zeroCelsius, line.p * (1 - hair));
+        const RefpropState liquid = library.atTP(zeroCelsius, line.p * (1 + hair));
+        for (const RefpropState& state : {line, vapour, liquid})
+            if (state.answer.code > 0) return usual;
+        return (vapour.h - liquid.h) / library.molarMass();
+    } catch (const FluidLibraryError&) {
+        return usual;
+    }
 }
 
 class PerformanceCheck {
@@ -66,11 +74,11 @@ class PerformanceCheck {
     PerformanceCheck(const Content& content, Faults& faults)
         : content_(content), index_(content), faults_(faults) {
         // Of a blend the mean by mass, which serves an estimate.
-        constexpr double usualHeat = 180;
-        forEachRow(content, "tFluidi", faults, [this](const Row& row) {
-            const auto found = evaporationHeats().find(row.key("fFluido"));
-            heats_[row.key("fRefrigeranteId")] +=
-                row.real("fPFluido") * (found == evaporationHeats().end() ? usualHeat : found->second);
+        std::map<std::string, double> ofFluids;
+        forEachRow(content, "tFluidi", faults, [&](const Row& row) {
+            const std::string fluid = row.text("fFluido");
+            if (!ofFluids.contains(fluid)) ofFluids[fluid] = evaporationHeat(fluid);
+            heats_[row.key("fRefrigeranteId")] += row.real("fPFluido") * ofFluids[fluid];
         });
     }
 

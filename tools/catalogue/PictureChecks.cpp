@@ -2,9 +2,9 @@
 
 #include <set>
 
+#include "data/FileText.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Rows.h"
-#include "tools/csv/FileText.h"
 
 namespace marvello {
 

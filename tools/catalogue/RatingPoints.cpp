@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "data/Constants.h"
+#include "data/Csv.h"
 #include "data/Texts.h"
-#include "tools/csv/Csv.h"
 
 namespace marvello {
 
@@ -96,7 +97,7 @@ class PointReader {
     /// No refrigerant boils or condenses outside this range; what stands there belongs to another column or
     /// has lost its decimal mark.
     double temperature(const CsvRecord& record, std::size_t column) {
-        constexpr double least = -273.15;
+        constexpr double least = -zeroCelsius;
         constexpr double most = 500;
         const double value = number(record, column);
         if (value < least || value > most)

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/csv/Faults.h"
+#include "data/Faults.h"
 
 namespace marvello {
 

@@ -12,12 +12,12 @@
 #include <optional>
 #include <stdexcept>
 
+#include "data/FileText.h"
 #include "data/Texts.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Dump.h"
 #include "tools/catalogue/Fit.h"
 #include "tools/catalogue/Index.h"
-#include "tools/csv/FileText.h"
 
 namespace {
 

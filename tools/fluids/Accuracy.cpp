@@ -6,15 +6,16 @@
 #include <cstdio>
 #include <optional>
 
+#include "data/Constants.h"
+#include "data/TextTable.h"
 #include "data/Texts.h"
 #include "tools/fluids/FluidCaller.h"
-#include "tools/fluids/ReferenceTable.h"
 #include "tools/fluids/Refusal.h"
 
 namespace marvello::properties {
 namespace {
 
-using Row = ReferenceTable::Row;
+using Row = TextTable::Row;
 using Side = FluidCaller::Side;
 
 constexpr auto quantityCount = static_cast<std::size_t>(Quantity::count);
@@ -26,7 +27,7 @@ struct Tables {
         : saturation(folder / "saturation.csv"),
           singlePhase(folder / "single_phase.csv"),
           flash(folder / "flash.csv") {}
-    ReferenceTable saturation, singlePhase, flash;
+    TextTable saturation, singlePhase, flash;
 };
 
 /// The rows of one refrigerant beside the library set up for it.
@@ -49,7 +50,7 @@ class Comparer {
     }
 
   private:
-    std::vector<Row> own(const ReferenceTable& table) const {
+    std::vector<Row> own(const TextTable& table) const {
         std::vector<Row> found;
         for (const Row& row : table.rows())
             if (row.text("fluid") == composition_.name) found.push_back(row);

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <optional>
 
+#include "data/TextTable.h"
 #include "data/Texts.h"
-#include "tools/fluids/ReferenceTable.h"
 #include "tools/fluids/Refusal.h"
 
 namespace marvello::properties {
@@ -30,9 +30,9 @@ Composition::Part partOf(const std::string& argument, bool alone) {
 }  // namespace
 
 std::vector<Composition> readCompositions(const std::filesystem::path& folder) {
-    const ReferenceTable table(folder / "blends.csv");
+    const TextTable table(folder / "blends.csv");
     std::vector<Composition> found;
-    for (const ReferenceTable::Row& row : table.rows()) {
+    for (const TextTable::Row& row : table.rows()) {
         if (found.empty() || found.back().name != row.text("fluid")) found.push_back({row.text("fluid"), {}});
         found.back().parts.push_back({row.text("file"), row.number("mass_fraction")});
     }

@@ -8,8 +8,6 @@
 
 namespace marvello::properties {
 
-inline constexpr double zeroCelsius = 273.15;  ///< K
-
 /// A state as the property library gives it, in K, kPa, mol/dm^3, J/mol, J/(mol K), m/s. `Dl`, `Dv`, `x`, `y`
 /// and `q` are as in fluids/Refprop.h.
 struct State : RefpropState {

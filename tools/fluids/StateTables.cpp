@@ -4,8 +4,11 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <string>
 #include <vector>
 
+#include "data/Constants.h"
+#include "data/Csv.h"
 #include "data/Texts.h"
 #include "tools/fluids/FluidCaller.h"
 #include "tools/fluids/Refusal.h"
@@ -71,10 +74,10 @@ std::string heading(const Composition& composition, FluidCaller& caller, double 
     return text + line.data();
 }
 
-std::string csvLine(const auto& numbers) {
-    std::string text;
-    for (const double number : numbers) text += (text.empty() ? "" : ",") + storedText(number);
-    return text + "\n";
+std::string lineOf(const auto& numbers) {
+    std::vector<std::string> fields;
+    for (const double number : numbers) fields.push_back(storedText(number));
+    return csvLine(fields);
 }
 
 /// From the gas to the liquid: evenly by ln p in one phase, by p between dew and bubble point.
@@ -111,7 +114,7 @@ std::string saturationTable(const Composition& composition, const TemperatureRan
     for (const double celsius : steps) {
         const SaturationRow row(caller, celsius);
         if (csv) {
-            text += csvLine(row.numbers);
+            text += lineOf(row.numbers);
             continue;
         }
         const auto& n = row.numbers;
@@ -131,7 +134,7 @@ std::string isotherms(const Composition& composition, const TemperatureRange& ra
         const double t = celsius + zeroCelsius;
         for (const double p : pressuresAcross(caller, t, critical)) {
             const State state = caller.atTP(t, p);
-            text += csvLine(std::array{celsius, p / kPaPerBar, state.h / caller.molarMass(), state.q});
+            text += lineOf(std::array{celsius, p / kPaPerBar, state.h / caller.molarMass(), state.q});
         }
     }
     return text;

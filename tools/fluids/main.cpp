@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "data/ApplicationFolder.h"
+#include "data/FileText.h"
 #include "data/Texts.h"
-#include "tools/csv/FileText.h"
 #include "tools/fluids/Accuracy.h"
 #include "tools/fluids/Composition.h"
 #include "tools/fluids/Refusal.h"

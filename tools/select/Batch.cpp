@@ -6,8 +6,8 @@
 #include <string_view>
 #include <utility>
 
-#include "tools/csv/Csv.h"
-#include "tools/csv/Faults.h"
+#include "data/Csv.h"
+#include "data/Faults.h"
 
 namespace marvello::select {
 

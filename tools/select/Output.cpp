@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <set>
 
+#include "data/Csv.h"
 #include "data/Globals.h"
 #include "data/Texts.h"
-#include "tools/csv/Csv.h"
 
 namespace marvello::select {
 
@@ -134,21 +134,25 @@ std::string asTable(const std::vector<Run>& runs) {
 }
 
 std::string asCsv(const std::vector<Run>& runs) {
-    std::string out = "refrigerant,series,model,ted,tcd,mark";
-    for (const Column& column : columns) out += std::string(",") + column.variable;
-    out += ",messages\n";
+    std::vector<std::string> fields{"refrigerant", "series", "model", "ted", "tcd", "mark"};
+    for (const Column& column : columns) fields.emplace_back(column.variable);
+    fields.emplace_back("messages");
+    std::string out = csvLine(fields);
     for (const Run& run : runs) {
         for (const auto& compressor : *run.selection) {
-            out += csvField(compressor->Refrigerant) + ',' + csvField(compressor->Serie) + ',' +
-                   csvField(compressor->Model) + ',' + storedText(run.request.conditions.TEvaporatingDew) +
-                   ',' + storedText(run.request.conditions.TCondensationDew) + ',' + mark(*compressor);
-            for (const Column& column : columns) {
-                out += ',';
-                if (isListed(*compressor, column)) out += storedText(compressor->Variables(column.variable));
-            }
-            std::string all;
+            fields = {compressor->Refrigerant,
+                      compressor->Serie,
+                      compressor->Model,
+                      storedText(run.request.conditions.TEvaporatingDew),
+                      storedText(run.request.conditions.TCondensationDew),
+                      mark(*compressor)};
+            for (const Column& column : columns)
+                fields.push_back(isListed(*compressor, column)
+                                     ? storedText(compressor->Variables(column.variable))
+                                     : std::string());
+            std::string& all = fields.emplace_back();
             for (const std::string& text : texts(*compressor)) all += (all.empty() ? "" : " ") + text;
-            out += ',' + csvField(all) + '\n';
+            out += csvLine(fields);
         }
     }
     return out;

@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "data/ApplicationFolder.h"
+#include "data/FileText.h"
 #include "data/clsApplication.h"
 #include "data/clsDatabase.h"
 #include "thermo/RefpropLibrary.h"
-#include "tools/csv/FileText.h"
 #include "tools/select/Batch.h"
 #include "tools/select/Output.h"
 #include "tools/select/Request.h"

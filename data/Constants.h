@@ -2,6 +2,8 @@
 
 namespace marvello {
 
+inline constexpr double zeroCelsius = 273.15;  ///< K
+
 /// Flows are kept in kg/h, capacity and power in kW.
 inline constexpr double secondsPerHour = 3600;
 

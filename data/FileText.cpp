@@ -1,4 +1,4 @@
-#include "tools/csv/FileText.h"
+#include "data/FileText.h"
 
 #include <cstdio>
 #include <fstream>

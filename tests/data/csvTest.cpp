@@ -1,12 +1,14 @@
-#include "tools/csv/Csv.h"
+#include "data/Csv.h"
 
 #include <gmock/gmock.h>
 
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 
+#include "data/FileText.h"
+#include "data/TextTable.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tools/csv/FileText.h"
 
 using namespace marvello;
 using testing::ElementsAre;
@@ -74,6 +76,43 @@ TEST(FileText, GivesEveryByteAndNothingOfWhatIsNoFile) {
     EXPECT_EQ(fileText(folder / "missing"), std::nullopt);
     EXPECT_EQ(fileText(folder), std::nullopt);
     std::filesystem::remove_all(folder);
+}
+
+TEST(Csv, ALineReadsBackAsItsFields) {
+    for (const Fields& fields :
+         {Fields{"a", "b c", ""}, Fields{"1,5", "\"quoted\"", "two\nlines"}, Fields{""}}) {
+        Faults faults;
+        const auto records = readCsv(csvLine(fields), "f.csv", faults);
+        ASSERT_EQ(records.size(), 1U);
+        EXPECT_EQ(records[0].fields, fields);
+        EXPECT_TRUE(faults.empty());
+    }
+}
+
+TEST(TextTable, NamesWhatDoesNotFit) {
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "marvello-plan.csv";
+    std::ofstream(file)
+        << "# made for this test\nserie,displacement,drive,length\nTK-A,12o,open,\n# the end\n";
+    const TextTable table(file);
+    const TextTable::Row& row = table.rows().front();
+    const auto reason = [](auto ask) -> std::string {
+        try {
+            ask();
+        } catch (const std::runtime_error& fault) {
+            return fault.what();
+        }
+        return "";
+    };
+    EXPECT_EQ(reason([&] { row.number("displacement"); }),
+              file.string() + ":3: displacement: \"12o\" is no number");
+    EXPECT_EQ(reason([&] { row.text("model"); }), file.string() + ":3: model: there is no such column");
+    EXPECT_EQ(reason([&] { row.choice("drive", {"motor", "inverter"}); }),
+              file.string() + ":3: drive: \"open\" is none of its words");
+    EXPECT_EQ(row.choice("drive", {"motor", "open"}), 1U);
+    EXPECT_FALSE(row.numberIfAny("length"));
+    EXPECT_EQ(row.number("length", 7), 7);
+    EXPECT_EQ(table.rows().size(), 1U);
+    std::filesystem::remove(file);
 }
 
 }  // namespace

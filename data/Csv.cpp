@@ -1,4 +1,4 @@
-#include "tools/csv/Csv.h"
+#include "data/Csv.h"
 
 #include <algorithm>
 #include <utility>
@@ -127,6 +127,13 @@ std::string csvField(const std::string& text) {
         field += letter;
     }
     return field + '"';
+}
+
+std::string csvLine(const std::vector<std::string>& fields) {
+    if (fields.size() == 1 && fields.front().empty()) return "\"\"\n";
+    std::string line;
+    for (std::size_t i = 0; i < fields.size(); ++i) line += (i == 0 ? "" : ",") + csvField(fields[i]);
+    return line + '\n';
 }
 
 bool isUtf8(std::string_view bytes) { return wellFormedLength(bytes) == bytes.size(); }

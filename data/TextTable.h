@@ -1,18 +1,19 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace marvello::generate {
+namespace marvello {
 
-/// A text table with named columns, as the plans of the compressors stand in. A table that cannot be read, a
-/// column that is not there and a field that is not what is asked for throw std::runtime_error with file,
-/// line and column.
-class PlanTable {
+/// A CSV file with named columns. Lines that begin with "#" are remarks, the first other one names the
+/// columns. A file that cannot be read, a column that is not there and a field that is not what is asked for
+/// throw std::runtime_error with file, line and column.
+class TextTable {
   public:
-    explicit PlanTable(const std::filesystem::path& file);
+    explicit TextTable(const std::filesystem::path& file);
 
     class Row {
       public:
@@ -20,6 +21,8 @@ class PlanTable {
         double number(std::string_view column) const;
         /// What an empty field stands for.
         double number(std::string_view column, double otherwise) const;
+        /// None for an empty field.
+        std::optional<double> numberIfAny(std::string_view column) const;
         /// The words of a field, separated by blanks.
         std::vector<std::string> words(std::string_view column) const;
         /// The place of the field's text among `choices`.
@@ -27,16 +30,16 @@ class PlanTable {
         [[noreturn]] void fault(std::string_view column, const std::string& reason) const;
 
       private:
-        friend class PlanTable;
-        const PlanTable* table_ = nullptr;
+        friend class TextTable;
+        const TextTable* table_ = nullptr;
         int line_ = 0;
         std::vector<std::string> fields_;
     };
 
     const std::vector<Row>& rows() const { return rows_; }
 
-    PlanTable(const PlanTable&) = delete;  // the rows point to their table
-    PlanTable& operator=(const PlanTable&) = delete;
+    TextTable(const TextTable&) = delete;  // the rows point to their table
+    TextTable& operator=(const TextTable&) = delete;
 
   private:
     std::string file_;
@@ -44,4 +47,4 @@ class PlanTable {
     std::vector<Row> rows_;
 };
 
-}  // namespace marvello::generate
+}  // namespace marvello

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/csv/Faults.h"
+#include "data/Faults.h"
 
 namespace marvello {
 
@@ -22,6 +22,10 @@ std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, F
 
 /// A text as a field of RFC 4180: in double quotes where it holds a separator, a quote or a line end.
 std::string csvField(const std::string& text);
+
+/// A record of these fields, with its line end. A single empty field stands in quotes, since an empty line is
+/// no record.
+std::string csvLine(const std::vector<std::string>& fields);
 
 /// Whether the bytes are well-formed UTF-8: no overlong form, no surrogate, nothing above U+10FFFF.
 bool isUtf8(std::string_view bytes);
