@@ -8,14 +8,16 @@
 #include <QSaveFile>
 #include <QTemporaryDir>
 #include <cstring>
+#include <memory>
 #include <stdexcept>
+#include <string>
 
 #include "bench/Floor.h"
 #include "bench/Windows.h"
-#include "controls/ResultsView.h"
+#include "controls/CoreText.h"
 #include "reports/ReportOutput.h"
+#include "results/ExportRecords.h"
 #include "workspace/ExportFile.h"
-#include "workspace/ExportRecords.h"
 #include "workspace/MDIMain.h"
 #include "workspace/SelectionForm.h"
 
@@ -26,21 +28,25 @@ namespace {
 constexpr int rows = 1000;
 constexpr int columns = 20;
 
-void fill(ResultsView& list) {
-    std::vector<ResultsView::Column> heads{{"compressor", "Compressor", ""}};
+ResultTable longTable() {
+    ResultTable table;
     for (int column = 0; column < columns; ++column) {
-        const QString name = QStringLiteral("Q%1").arg(column);
-        heads.push_back({name, name, ""});
+        const std::string name = "Q" + std::to_string(column);
+        table.columns.push_back({name, name, {}, {}});
     }
-    list.setColumns(heads);
+    ResultGroup& group = table.groups.emplace_back(ResultGroup{"R134A", {}});
     for (int row = 0; row < rows; ++row) {
-        const QString model = QString::number(row);
-        QStringList values;
+        const auto compressor = std::make_shared<clsCompressor>();
+        compressor->Refrigerant = "R134A";
+        compressor->Serie = "TK-A";
+        compressor->Model = std::to_string(row);
+        ResultRow& result = group.rows.emplace_back(ResultRow{compressor, compressor->Model, {}, {}});
         // Every tenth value is missing.
         for (int column = 0; column < columns; ++column)
-            values += column % 10 == 9 ? QStringLiteral("-") : QString::number(row * 1.1 + column, 'f', 1);
-        list.addRow({model, "R134A;TK-A;" + model, model, "ledgreen", "", values});
+            result.values.push_back(column % 10 == 9 ? ShownValue{.text = "-"}
+                                                     : ShownValue{row * 1.1 + column, {}});
     }
+    return table;
 }
 
 void writePlainly(const QString& path, const QByteArray& bytes) {
@@ -52,15 +58,14 @@ void writePlainly(const QString& path, const QByteArray& bytes) {
 
 void exportList(benchmark::State& state, ExportFile::Form form) {
     const QTemporaryDir folder;
-    ResultsView list;
-    fill(list);
+    const ResultTable table = longTable();
     const ExportFile file{folder.filePath(QStringLiteral("list")), form};
-    if (!writeExport(resultsRecords(list), file).isEmpty()) throw std::runtime_error("The export failed.");
+    if (!writeExport(resultsRecords(table), file).isEmpty()) throw std::runtime_error("The export failed.");
     QFile written(file.path);
     if (!written.open(QIODevice::ReadOnly)) throw std::runtime_error("The export left no file.");
     const QByteArray bytes = written.readAll();
     bench::AgainstFloor(state, "writing the same bytes")
-        .run([&] { writeExport(resultsRecords(list), file); },
+        .run([&] { writeExport(resultsRecords(table), file); },
              [&] { writePlainly(folder.filePath(QStringLiteral("floor")), bytes); });
     state.counters["kB"] = static_cast<double>(bytes.size()) / 1000;
 }
@@ -69,19 +74,17 @@ BENCHMARK_CAPTURE(exportList, csv, ExportFile::Form::csv)->Unit(benchmark::kMill
 
 /// The text of a file alone, beside what the memory gives.
 void makeText(benchmark::State& state, bool isXml) {
-    ResultsView list;
-    fill(list);
-    const RowSet records = resultsRecords(list);
+    const RowSet records = resultsRecords(longTable());
     const auto make = [&] { return isXml ? records.toXml() : records.toCsv(); };
-    const QByteArray bytes = make();
+    const std::string bytes = make();
     constexpr int copies = 100;
-    QByteArray copy(bytes.size(), ' ');
+    std::string copy(bytes.size(), ' ');
     bench::AgainstFloor against(state, "copying the same bytes in memory");
     for ([[maybe_unused]] auto turn : state) {
         const double taken = bench::processorSecondsOf([&] { benchmark::DoNotOptimize(make()); });
         const double copied = bench::processorSecondsOf([&] {
             for (int i = 0; i < copies; ++i) {
-                std::memcpy(copy.data(), bytes.data(), static_cast<std::size_t>(bytes.size()));
+                std::memcpy(copy.data(), bytes.data(), bytes.size());
                 benchmark::ClobberMemory();
             }
         });
@@ -108,8 +111,8 @@ void saveOneReport(benchmark::State& state) {
                  QPainter painter(&writer);
                  painter.drawImage(QRect(0, 0, 4000, 3000), report.photo);
                  for (const ReportLine& line : report.lines) {
-                     painter.drawText(0, 4000, line.name);
-                     painter.drawText(4000, 4000, line.value);
+                     painter.drawText(0, 4000, fromCore(line.name));
+                     painter.drawText(4000, 4000, fromCore(line.value));
                  }
              });
 }

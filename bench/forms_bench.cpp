@@ -132,7 +132,6 @@ void fill(ResultsView& list) {
         QStringList values;
         for (int i = 1; i < 20; ++i) values += QString::number(row * 1.1 + i, 'f', 1);
         list.addRow({QString::number(row),
-                     QStringLiteral("R;S;M"),
                      QStringLiteral("TK-A-%1").arg(row),
                      QStringLiteral("ledgreen"),
                      {},

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "data/Globals.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {

@@ -4,6 +4,7 @@
 
 #include "catalogue/Coefficients.h"
 #include "data/Arithmetic.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {

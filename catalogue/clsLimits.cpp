@@ -5,6 +5,7 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {

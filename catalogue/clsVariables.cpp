@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "data/Arithmetic.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {

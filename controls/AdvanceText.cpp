@@ -211,7 +211,7 @@ void AdvanceText::checkRange() {
 
 QString AdvanceText::limitsText() const {
     return QStringLiteral("Value (Min= %1 Max= %2)")
-        .arg(formatNumber(textMin_, {}), formatNumber(textMax_, {}));
+        .arg(formatNumber(textMin_, QStringView()), formatNumber(textMax_, QStringView()));
 }
 
 QString AdvanceText::readingText() const {

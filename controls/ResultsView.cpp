@@ -28,7 +28,7 @@ constexpr int plainIndent = 12;
 constexpr int markGap = 8;
 constexpr int sidePadding = 10;
 
-enum Role { keyRole = Qt::UserRole, tagRole, markRole, groupRole };
+enum Role { keyRole = Qt::UserRole, markRole, groupRole };
 
 /// Paints the contents of a cell; the row paints what is behind it.
 class CellDelegate : public QStyledItemDelegate {
@@ -134,7 +134,7 @@ void ResultsView::markSorted(const QString& column, bool descending) {
 }
 
 void ResultsView::addGroup(const QString& key, const QString& text) {
-    addRow({key, {}, text, QStringLiteral("ledblue"), {}, {}});
+    addRow({key, text, QStringLiteral("ledblue"), {}, {}});
     const int row = model_.rowCount() - 1;
     const QString spoken = QString(spokenGroup_).replace(QStringLiteral("{0}"), text);
     for (int column = 0; column < model_.columnCount(); ++column) {
@@ -148,7 +148,6 @@ void ResultsView::addRow(const Row& row) {
     QList<QStandardItem*> items;  // the model takes ownership
     auto label = std::make_unique<QStandardItem>(row.label);
     label->setData(row.key, keyRole);
-    label->setData(row.tag, tagRole);
     label->setData(row.mark, markRole);
     label->setAccessibleText(row.markText.isEmpty() ? row.label
                                                     : row.label + QStringLiteral(", ") + row.markText);
@@ -199,7 +198,6 @@ void ResultsView::setWidth(int column, int width) {
 
 bool ResultsView::isGroup(int row) const { return model_.index(row, 0).data(groupRole).toBool(); }
 QString ResultsView::key(int row) const { return model_.index(row, 0).data(keyRole).toString(); }
-QString ResultsView::tag(int row) const { return model_.index(row, 0).data(tagRole).toString(); }
 QString ResultsView::mark(int row) const { return model_.index(row, 0).data(markRole).toString(); }
 QString ResultsView::text(int row, int column) const { return model_.index(row, column).data().toString(); }
 

@@ -15,7 +15,6 @@ class TwoLineHeader;
 /// leads.
 class ResultsView : public QTreeView {
     Q_OBJECT
-    Q_PROPERTY(QString Tag MEMBER tag_)
 
   public:
     struct Column {
@@ -25,7 +24,6 @@ class ResultsView : public QTreeView {
     };
     struct Row {
         QString key;
-        QString tag;
         QString label;
         QString mark;        ///< name of the mark, such as "ledgreen"; blank without one
         QString markText;    ///< what the mark says, for a screen reader
@@ -33,9 +31,6 @@ class ResultsView : public QTreeView {
     };
 
     explicit ResultsView(QWidget* parent = nullptr);
-
-    /// What the catalogue put there: the description of the columns.
-    QString Tag() const { return tag_; }
 
     /// Takes away all rows and columns.
     void clear();
@@ -59,7 +54,6 @@ class ResultsView : public QTreeView {
     int rowCount() const { return model_.rowCount(); }
     bool isGroup(int row) const;
     QString key(int row) const;
-    QString tag(int row) const;
     QString text(int row, int column) const;
     QString mark(int row) const;
     /// The label and the values of a row.
@@ -101,7 +95,6 @@ class ResultsView : public QTreeView {
 
     QStandardItemModel model_;
     TwoLineHeader* headings_;
-    QString tag_;
     QString spokenGroup_ = QStringLiteral("{0}");
     QHash<QString, int> chosenWidths_;
     bool isArranging_ = false;  // widths are set by the program

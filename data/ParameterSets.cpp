@@ -1,11 +1,15 @@
 #include "data/ParameterSets.h"
 
+#include <array>
+#include <charconv>
+#include <cmath>
 #include <exception>
-#include <optional>
+#include <limits>
 #include <string_view>
 
 #include "data/Globals.h"
 #include "data/Hooks.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {
@@ -42,6 +46,36 @@ void addAssignments(std::vector<ParameterAssignment>& assignments, const std::st
     }
 }
 
+std::optional<unsigned> colourNumber(std::string_view digits, int base) {
+    unsigned value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, base);
+    const bool isWhole = error == std::errc() && end == digits.data() + digits.size();
+    return isWhole && value <= 0xFFFFFF ? std::optional(value) : std::nullopt;
+}
+
+std::optional<AssignedColour> asColour(std::string_view text) {
+    const auto parts = [](unsigned value) {
+        return std::array{static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
+                          static_cast<int>(value >> 16)};
+    };
+    if (text.starts_with('#')) {
+        const auto value = text.size() == 7 ? colourNumber(text.substr(1), 16) : std::nullopt;
+        if (!value) return std::nullopt;
+        const auto [blue, green, red] = parts(*value);
+        return AssignedColour{red, green, blue};
+    }
+    std::string digits(text);
+    const bool isHexadecimal = lowered(text.substr(0, 2)) == "&h";
+    if (isHexadecimal) {
+        digits.erase(0, 2);
+        std::erase(digits, '&');
+    }
+    const auto value = colourNumber(digits, isHexadecimal ? 16 : 10);
+    if (!value) return std::nullopt;
+    const auto [red, green, blue] = parts(*value);  // the lowest byte is red
+    return AssignedColour{red, green, blue};
+}
+
 }  // namespace
 
 std::vector<ParameterAssignment> readParameterSet(const std::string& type, const std::string& typeKey,
@@ -63,6 +97,22 @@ std::vector<ParameterAssignment> readParameterSet(const std::string& type, const
         addAssignments(assignments, rows.NullToDefault("fObjectName", ""),
                        rows.NullToDefault("fobjectpropertyvalue", ""), dictionaryText);
     return assignments;
+}
+
+std::optional<AssignedValue> convertedValue(ValueKind kind, const std::string& value) {
+    if (kind == ValueKind::text) return value;
+    if (kind == ValueKind::colour) {
+        const auto colour = asColour(value);
+        return colour ? std::optional<AssignedValue>(*colour) : std::nullopt;
+    }
+    if (kind == ValueKind::boolean && equalIgnoringCase(value, "true")) return true;
+    if (kind == ValueKind::boolean && equalIgnoringCase(value, "false")) return false;
+    const auto number = storedNumber(value);
+    if (!number) return std::nullopt;
+    if (kind == ValueKind::boolean) return *number != 0;
+    if (kind == ValueKind::real) return *number;
+    if (std::abs(*number) > std::numeric_limits<int>::max()) return std::nullopt;
+    return static_cast<int>(std::nearbyint(*number));
 }
 
 }  // namespace marvello

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace marvello {
@@ -20,5 +22,18 @@ struct ParameterAssignment {
 std::vector<ParameterAssignment> readParameterSet(
     const std::string& type, const std::string& typeKey, const std::string& key,
     const std::function<std::string(const std::string&)>& dictionaryText);
+
+/// What the value of an assignment is converted to, by the type of the property.
+enum class ValueKind { boolean, whole, real, colour, text };
+
+struct AssignedColour {
+    int red, green, blue;
+};
+using AssignedValue = std::variant<bool, int, double, AssignedColour, std::string>;
+
+/// Converts a value by the rules of US English: a number, rounded half to even where a whole one is wanted;
+/// True, False or a number; a colour as "#RRGGBB", or as a number "&HBBGGRR&" or in decimals. Nothing when it
+/// does not fit.
+std::optional<AssignedValue> convertedValue(ValueKind kind, const std::string& value);
 
 }  // namespace marvello

@@ -9,7 +9,7 @@
 
 #include "data/Csv.h"
 #include "data/FileText.h"
-#include "data/Texts.h"
+#include "data/Numbers.h"
 
 namespace marvello {
 

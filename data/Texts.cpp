@@ -1,12 +1,6 @@
 #include "data/Texts.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <system_error>
-
-#include "data/clsSystem.h"
 
 namespace marvello {
 
@@ -14,21 +8,14 @@ namespace {
 
 constexpr char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
+}  // namespace
+
 std::string_view withoutBlanks(std::string_view text) {
     constexpr std::string_view blanks = " \t\r\n\f\v";
     const auto first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
-
-template <class... Format>
-std::string written(double value, Format... format) {
-    std::array<char, 64> buffer{};
-    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format...);
-    return {buffer.data(), end};
-}
-
-}  // namespace
 
 std::string trimmed(std::string_view text) { return std::string(withoutBlanks(text)); }
 
@@ -77,38 +64,6 @@ std::string ListLookup(std::string_view key, std::string_view list) {
         return bar == std::string_view::npos ? std::string() : std::string(entry.substr(bar + 1));
     }
     return {};
-}
-
-std::optional<double> storedNumber(std::string_view text) {
-    text = withoutBlanks(text);
-    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
-        return std::nullopt;
-    return value;
-}
-
-std::string storedText(double value) { return written(value); }
-
-std::string localText(double value) {
-    constexpr int significantDigits = 15;
-    const double shown = value == 0 ? 0 : value;  // never "-0"
-    return ToLocalDecimal(written(shown, std::chars_format::general, significantDigits));
-}
-
-std::string ToLocalDecimal(std::string_view text) {
-    std::string result(text);
-    replaceAll(result, ".", clsSystem().DecimalSeparator());
-    return result;
-}
-
-std::optional<double> localNumber(std::string_view text) {
-    std::string plain(text);
-    replaceAll(plain, clsSystem().DecimalSeparator(), ".");
-    replaceAll(plain, ",", ".");
-    replaceAll(plain, "\u2212", "-");
-    return storedNumber(plain);
 }
 
 }  // namespace marvello

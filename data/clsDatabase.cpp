@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "data/CatalogueDigest.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {

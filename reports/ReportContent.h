@@ -5,17 +5,9 @@
 #include <vector>
 
 #include "controls/EnvelopeDrawing.h"
+#include "results/ReportLines.h"
 
 namespace marvello {
-
-/// A line of the data table: a name at the left and a value at the right, or a heading.
-struct ReportLine {
-    QString name;
-    QString value;
-
-    static ReportLine heading(const QString& text) { return {text, QStringLiteral("@")}; }
-    bool isHeading() const { return value == u"@"; }
-};
 
 /// What the report says of one compressor, with all its texts in the language of the user.
 struct ReportContent {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/CoreText.h"
 #include "controls/GraphLegend.h"
 #include "controls/Icons.h"
 #include "controls/Look.h"
@@ -143,30 +144,30 @@ class Page {
     void paintData() {
         double steps = 0;
         for (const ReportLine& line : content_.lines)
-            steps += line.isHeading() && &line != &content_.lines.front() ? 2 : 1;
+            steps += line.isHeading && &line != &content_.lines.front() ? 2 : 1;
         if (steps == 0) return;
         const double step = std::min(lineStep, (dataBottom() - bodyTop) / steps);
         const double left = side + leftWidth + columnGap;
         double top = bodyTop;
         for (const ReportLine& line : content_.lines) {
-            if (line.isHeading() && &line != &content_.lines.front()) top += step;
+            if (line.isHeading && &line != &content_.lines.front()) top += step;
             paintLine(line, QRectF(left, top, right() - left, step), lineText * step / lineStep);
             top += step;
         }
     }
 
     void paintLine(const ReportLine& line, const QRectF& box, double size) {
-        if (line.isHeading()) {
-            text(box, Qt::AlignLeft | Qt::AlignVCenter, size, line.name, headingBlue, QFont::Bold);
+        if (line.isHeading) {
+            text(box, Qt::AlignLeft | Qt::AlignVCenter, size, fromCore(line.name), headingBlue, QFont::Bold);
             return;
         }
         const QRectF inner = box.adjusted(0, 0, -1 * mm, 0);
-        const double value = QFontMetricsF(letters(size)).horizontalAdvance(line.value);
+        const double value = QFontMetricsF(letters(size)).horizontalAdvance(fromCore(line.value));
         const double name = std::max(inner.width() * 0.35, inner.width() - value - 2 * mm);
         text({inner.left(), inner.top(), name, inner.height()}, Qt::AlignLeft | Qt::AlignVCenter, size,
-             line.name, ink);
+             fromCore(line.name), ink);
         text({inner.left() + name + 1 * mm, inner.top(), inner.width() - name - 1 * mm, inner.height()},
-             Qt::AlignRight | Qt::AlignVCenter, size, line.value, ink);
+             Qt::AlignRight | Qt::AlignVCenter, size, fromCore(line.value), ink);
         rule(box.bottom() - hairline, hairline, faint, box.left(), box.right());
     }
 

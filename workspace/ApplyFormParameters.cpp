@@ -11,11 +11,12 @@
 #include <cmath>
 #include <initializer_list>
 #include <optional>
+#include <type_traits>
 #include <utility>
+#include <variant>
 
 #include "data/Globals.h"
 #include "data/ParameterSets.h"
-#include "data/Texts.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -42,54 +43,40 @@ QMetaProperty propertyOf(const QObject& control, const QString& name) {
     return {};
 }
 
-std::optional<bool> asBoolean(const QString& text) {
-    if (text.compare(u"True", Qt::CaseInsensitive) == 0) return true;
-    if (text.compare(u"False", Qt::CaseInsensitive) == 0) return false;
-    const auto number = storedNumber(toCore(text));
-    return number ? std::optional(*number != 0) : std::nullopt;
-}
-
-/// "#RRGGBB", or a number whose lowest byte is red.
-std::optional<QColor> asColour(const QString& text) {
-    if (text.startsWith(u'#')) {
-        const QColor colour(text);
-        return colour.isValid() ? std::optional(colour) : std::nullopt;
-    }
-    bool isNumber = false;
-    const QString digits = text.startsWith(u"&H", Qt::CaseInsensitive) ? text.mid(2).remove(u'&') : text;
-    const uint value = digits.toUInt(&isNumber, digits.size() == text.size() ? 10 : 16);
-    if (!isNumber || value > 0xFFFFFF) return std::nullopt;
-    return QColor(static_cast<int>(value & 0xFF), static_cast<int>((value >> 8) & 0xFF),
-                  static_cast<int>((value >> 16) & 0xFF));
-}
-
-QVariant converted(const QMetaProperty& property, const QString& text) {
+/// Nothing for a property that takes no text, such as an icon.
+std::optional<ValueKind> kindOf(const QMetaProperty& property) {
     switch (property.metaType().id()) {
-        case QMetaType::Bool: {
-            const auto value = asBoolean(text);
-            return value ? QVariant(*value) : QVariant();
-        }
-        case QMetaType::Int: {
-            const auto value = storedNumber(toCore(text));
-            constexpr double most = 2147483647.0;
-            if (!value || std::abs(*value) > most) return {};
-            return static_cast<int>(std::nearbyint(*value));
-        }
+        case QMetaType::Bool:
+            return ValueKind::boolean;
+        case QMetaType::Int:
+            return ValueKind::whole;
         case QMetaType::Float:
-        case QMetaType::Double: {
-            const auto value = storedNumber(toCore(text));
-            return value ? QVariant(*value) : QVariant();
-        }
-        case QMetaType::QColor: {
-            const auto value = asColour(text);
-            return value ? QVariant(*value) : QVariant();
-        }
+        case QMetaType::Double:
+            return ValueKind::real;
+        case QMetaType::QColor:
+            return ValueKind::colour;
         case QMetaType::QString:
-            return text;
+        case QMetaType::QVariant:  // takes the text as it is
+            return ValueKind::text;
         default:
-            // A property of any type takes the text as it is.
-            return property.metaType().id() == QMetaType::QVariant ? QVariant(text) : QVariant();
+            return {};
     }
+}
+
+QColor toQt(const AssignedColour& colour) { return QColor(colour.red, colour.green, colour.blue); }
+
+QVariant toQt(const AssignedValue& value) {
+    return std::visit(
+        [](const auto& held) -> QVariant {
+            using Held = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<Held, AssignedColour>)
+                return toQt(held);
+            else if constexpr (std::is_same_v<Held, std::string>)
+                return fromCore(held);
+            else
+                return held;
+        },
+        value);
 }
 
 QObject* controlOf(QWidget& form, const QString& name) {
@@ -106,39 +93,34 @@ void paintWith(QWidget& control, std::initializer_list<QPalette::ColorRole> role
 }
 
 /// Properties that every control has, by the names that sets know. Lengths are twips, font sizes points.
-bool assignStandard(QWidget& control, const QString& name, const QString& text) {
-    const auto is = [&name](const char* known) {
-        return name.compare(QLatin1String(known), Qt::CaseInsensitive) == 0;
-    };
-    if (is("Tag")) return control.setProperty("Tag", text), true;
-    if (is("BackColor") || is("ForeColor")) {
-        const auto colour = asColour(text);
-        if (!colour) return false;
-        if (is("ForeColor")) {
-            paintWith(control, {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}, *colour);
-        } else {
-            paintWith(control, {QPalette::Window, QPalette::Base, QPalette::Button}, *colour);
-            control.setAutoFillBackground(true);
-        }
-        return true;
-    }
-    const auto number = storedNumber(toCore(text));
+constexpr std::array<std::pair<const char*, ValueKind>, 8> standardProperties{{
+    {"Tag", ValueKind::text},
+    {"BackColor", ValueKind::colour},
+    {"ForeColor", ValueKind::colour},
+    {"Left", ValueKind::real},
+    {"Top", ValueKind::real},
+    {"Width", ValueKind::real},
+    {"Height", ValueKind::real},
+    {"FontSize", ValueKind::real},
+}};
+
+bool assignLength(QWidget& control, const QString& name, double number) {
     constexpr double most = 1e6;
-    if (!number || std::abs(*number) > most) return false;
+    if (std::abs(number) > most) return false;
     constexpr double twips = 15;  // to a pixel
-    const auto length = static_cast<int>(std::nearbyint(*number / twips));
-    if (is("Left"))
+    const auto length = static_cast<int>(std::nearbyint(number / twips));
+    if (name == u"Left")
         control.move(length, control.y());
-    else if (is("Top"))
+    else if (name == u"Top")
         control.move(control.x(), length);
-    else if (is("Width") && length >= 0)
+    else if (name == u"Width" && length >= 0)
         control.setFixedWidth(length);
-    else if (is("Height") && length >= 0)
+    else if (name == u"Height" && length >= 0)
         control.setFixedHeight(length);
-    else if (is("FontSize") && *number > 0) {
+    else if (name == u"FontSize" && number > 0) {
         constexpr double pixelsPerPoint = 96.0 / 72.0;
         QFont font = control.font();
-        font.setPixelSize(std::max(1, static_cast<int>(std::nearbyint(*number * pixelsPerPoint))));
+        font.setPixelSize(std::max(1, static_cast<int>(std::nearbyint(number * pixelsPerPoint))));
         control.setFont(font);
     } else {
         return false;
@@ -146,16 +128,54 @@ bool assignStandard(QWidget& control, const QString& name, const QString& text) 
     return true;
 }
 
+bool assignStandard(QWidget& control, const QString& property, const QString& text) {
+    for (const auto& [known, kind] : standardProperties) {
+        const QLatin1String name(known);
+        if (property.compare(name, Qt::CaseInsensitive) != 0) continue;
+        const auto value = convertedValue(kind, toCore(text));
+        if (!value) return false;
+        if (kind == ValueKind::real) return assignLength(control, name, std::get<double>(*value));
+        if (kind == ValueKind::text) return control.setProperty(known, text), true;
+        const QColor colour = toQt(std::get<AssignedColour>(*value));
+        if (name == u"ForeColor") {
+            paintWith(control, {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}, colour);
+        } else {
+            paintWith(control, {QPalette::Window, QPalette::Base, QPalette::Button}, colour);
+            control.setAutoFillBackground(true);
+        }
+        return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 bool assignProperty(QObject& control, const QString& property, const QString& value) {
     const QMetaProperty found = propertyOf(control, property);
     if (found.isValid() && found.isWritable()) {
-        const QVariant fitting = converted(found, value);
-        return fitting.isValid() && found.write(&control, fitting);
+        const auto kind = kindOf(found);
+        const auto fitting = kind ? convertedValue(*kind, toCore(value)) : std::nullopt;
+        return fitting && found.write(&control, toQt(*fitting));
     }
     auto* const widget = qobject_cast<QWidget*>(&control);
     return widget && assignStandard(*widget, property, value);
+}
+
+std::map<QString, ValueKind> assignableProperties(const QObject& control) {
+    QStringList names;
+    const QMetaObject* meta = control.metaObject();
+    for (int index = meta->propertyCount() - 1; index >= 0; --index)
+        names += QLatin1String(meta->property(index).name());
+    for (const auto& [told, own] : otherNames) names += QLatin1String(told);
+    std::map<QString, ValueKind> found;
+    for (const QString& name : names)
+        if (const QMetaProperty property = propertyOf(control, name); property.isWritable())
+            if (const auto kind = kindOf(property)) found.emplace(name.toLower(), *kind);
+    if (!control.isWidgetType()) return found;
+    for (const auto& [name, kind] : standardProperties)
+        if (!propertyOf(control, QLatin1String(name)).isWritable())
+            found.emplace(QString::fromLatin1(name).toLower(), kind);
+    return found;
 }
 
 void ApplyFormParameters(const QString& type, const QString& typeKey, const QString& key, QWidget& form) {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <map>
+
+#include "data/ParameterSets.h"
 
 class QObject;
 class QWidget;
@@ -15,5 +18,7 @@ void ApplyFormParameters(const QString& type, const QString& typeKey, const QStr
 
 /// One assignment. False when the control has no such property or the text does not convert.
 bool assignProperty(QObject& control, const QString& property, const QString& value);
+/// The properties that a set may assign, by their names in lower case.
+std::map<QString, ValueKind> assignableProperties(const QObject& control);
 
 }  // namespace marvello

@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "workspace/MeasureSystem.h"
+#include "thermo/UnitSystem.h"
 
 namespace marvello {
 
@@ -11,14 +11,14 @@ namespace marvello {
 /// mode keeps its own. Modes go by the keys of their selector.
 class EconomizerValues {
   public:
-    void keep(const std::string& mode, double value, MeasureSystem system);
+    void keep(const std::string& mode, double value, UnitSystem system);
     /// Returns the value kept for a mode in a system of units, 0 for a mode without one.
-    double valueOf(const std::string& mode, MeasureSystem system) const;
+    double valueOf(const std::string& mode, UnitSystem system) const;
 
   private:
     struct Kept {
         double value = 0;
-        MeasureSystem system = MeasureSystem::metric;
+        UnitSystem system = UnitSystem::metric;
     };
     std::map<std::string, Kept> kept_;
 };

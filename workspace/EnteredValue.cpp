@@ -2,7 +2,7 @@
 
 namespace marvello {
 
-double EnteredValue::shownIn(MeasureSystem to, double shown, MeasureSystem from, UnitRule rule) {
+double EnteredValue::shownIn(UnitSystem to, double shown, UnitSystem from, UnitRule rule) {
     const bool isConversion = rule == rule_ && from == shownIn_ && shown == shown_;
     if (!isConversion) {
         rule_ = rule;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workspace/MeasureSystem.h"
+#include "thermo/UnitSystem.h"
 
 namespace marvello {
 
@@ -10,14 +10,14 @@ class EnteredValue {
   public:
     /// Returns what the field shows in `to`. `shown` is what it holds in `from`: the conversion made last, or
     /// a value entered since, which takes the place of the one before.
-    double shownIn(MeasureSystem to, double shown, MeasureSystem from, UnitRule rule);
+    double shownIn(UnitSystem to, double shown, UnitSystem from, UnitRule rule);
 
   private:
     UnitRule rule_ = nullptr;
     double entered_ = 0;
-    MeasureSystem enteredIn_ = MeasureSystem::metric;
+    UnitSystem enteredIn_ = UnitSystem::metric;
     double shown_ = 0;
-    MeasureSystem shownIn_ = MeasureSystem::metric;
+    UnitSystem shownIn_ = UnitSystem::metric;
 };
 
 }  // namespace marvello

@@ -3,10 +3,11 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLocale>
 
 #include "controls/MessageBox.h"
 #include "controls/WholeFile.h"
-#include "workspace/RowSet.h"
+#include "results/RowSet.h"
 #include "workspace/UserSettings.h"
 #include "workspace/WindowTexts.h"
 
@@ -50,7 +51,8 @@ std::optional<ExportFile> chooseExportFile(QWidget* parent) {
 
 QString writeExport(const RowSet& records, const ExportFile& file) {
     const bool isCsv = file.form == ExportFile::Form::csv;
-    const QByteArray bytes = isCsv ? records.toCsv() : records.toXml();
+    const std::string point = QLocale().decimalPoint().toStdString();
+    const QByteArray bytes = QByteArray::fromStdString(isCsv ? records.toCsv(point) : records.toXml());
     // Lines of CSV end as those of the platform's text files do; XML knows but one line end.
     const QIODevice::OpenMode mode = isCsv ? QIODevice::WriteOnly | QIODevice::Text : QIODevice::WriteOnly;
     if (const QString fault = writeWholeFile(file.path, bytes, mode); !fault.isEmpty())

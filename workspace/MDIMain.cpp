@@ -336,9 +336,9 @@ void MDIMain::refreshStatus(const SelectionForm* form) {
     } else if (!form->hasResults()) {
         counts_->setText(dictionaryText(QStringLiteral("mdimain.status.notcalculated")));
     } else {
-        const int good = form->countOf(QStringLiteral("ledgreen"));
-        const int warned = form->countOf(QStringLiteral("ledorange"));
-        const int stopped = form->countOf(QStringLiteral("ledred"));
+        const int good = form->countOf(Verdict::possible);
+        const int warned = form->countOf(Verdict::possibleWithWarnings);
+        const int stopped = form->countOf(Verdict::notPossible);
         counts_->setText(filled(dictionaryText(QStringLiteral("mdimain.status.counts")),
                                 {QString::number(good + warned + stopped), QString::number(good),
                                  QString::number(warned), QString::number(stopped)}));

@@ -57,7 +57,7 @@ void PolynomialsPage::addPolynomial(const QString& name, std::span<const double>
     }
     QStringList values;
     for (const double coefficient : coefficients) values += exponentText(coefficient);
-    lvPolynomials_->addRow({name, QString(), name, QString(), QString(), values});
+    lvPolynomials_->addRow({name, name, QString(), QString(), values});
     lvPolynomials_->fitColumns();
     ctlCopyPolynomials_->setEnabled(true);
 }

@@ -113,8 +113,8 @@ void ReportPreview::setUpPage() {
 QString ReportPreview::suggestedName() const {
     QString name = report_.model;
     for (const ReportLine& line : report_.lines)
-        if (!line.isHeading()) {  // the first is the refrigerant
-            name += u' ' + line.value;
+        if (!line.isHeading) {  // the first is the refrigerant
+            name += u' ' + fromCore(line.value);
             break;
         }
     static const QRegularExpression forbidden(QStringLiteral("[\\\\/:*?\"<>|]"));

@@ -2,13 +2,12 @@
 
 #include <QDir>
 #include <QStringList>
-#include <vector>
 
 #include "controls/MessageBox.h"
 #include "controls/ResultsView.h"
+#include "results/ExportRecords.h"
 #include "workspace/CopiedTable.h"
 #include "workspace/ExportFile.h"
-#include "workspace/ExportRecords.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 
@@ -17,21 +16,14 @@ namespace marvello {
 void SelectionForm::ExportCPS() {
     const auto file = chooseExportFile(this);
     if (!file) return;
-    const RowSet records = resultsRecords(*lvCps_);
+    const RowSet records = resultsRecords(table_);
     exportTo(*file, records, records.rowCount());
 }
 
 void SelectionForm::ExportPolynomials() {
     const auto file = chooseExportFile(this);
     if (!file) return;
-    std::vector<const clsCompressor*> compressors;
-    for (int row = 0; row < lvCps_->rowCount(); ++row) {
-        // Kept: no row bears this mark; models that are not possible are exported, as their surfaces are
-        // valid.
-        if (lvCps_->tag(row).isEmpty() || lvCps_->mark(row) == u"redled") continue;
-        if (const clsCompressor* compressor = compressorOf(row)) compressors.push_back(compressor);
-    }
-    exportTo(*file, polynomialsRecords(compressors), static_cast<int>(compressors.size()));
+    exportTo(*file, polynomialsRecords(table_), Selection_->Count());
 }
 
 void SelectionForm::exportTo(const ExportFile& file, const RowSet& records, int compressors) {
@@ -49,14 +41,20 @@ void SelectionForm::exportTo(const ExportFile& file, const RowSet& records, int 
 
 void SelectionForm::CopyToClipBoard() {
     const QString lineEnd = QStringLiteral("\r\n");
-    const QStringList name{QStringLiteral("Refrigerant"), QStringLiteral("Serie"), QStringLiteral("Model")};
-    CopiedTable table{name + lvCps_->columnTexts().mid(1), {}, static_cast<int>(name.size())};
+    CopiedTable table{
+        {QStringLiteral("Refrigerant"), QStringLiteral("Serie"), QStringLiteral("Model")}, {}, 3};
+    for (const ResultColumn& column : table_.columns) table.columns += fromCore(column.caption());
     QString text = table.columns.join(u'\t') + lineEnd;
     for (const int row : lvCps_->selectedRows()) {
-        // Kept: no row bears this mark, so models that are not possible are copied as well.
-        if (lvCps_->tag(row).isEmpty() || lvCps_->mark(row) == u"redled" || !compressorOf(row)) continue;
-        table.rows += lvCps_->tag(row).split(u';') + lvCps_->rowTexts(row).mid(1);
-        text += table.rows.back().join(u'\t') + lineEnd;
+        // Kept: models that are not possible are copied as well.
+        const ResultRow* const result = resultOf(row);
+        if (!result) continue;
+        const clsCompressor& compressor = *result->compressor;
+        QStringList cells{fromCore(compressor.Refrigerant), fromCore(compressor.Serie),
+                          fromCore(compressor.Model)};
+        for (const ShownValue& value : result->values) cells += fromCore(value.text);
+        text += cells.join(u'\t') + lineEnd;
+        table.rows += cells;
     }
     copyTable(text, table);
 }

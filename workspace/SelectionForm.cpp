@@ -28,6 +28,7 @@
 #include "workspace/InputsFold.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/PolynomialsPage.h"
+#include "workspace/TechnicalPage.h"
 #include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmpG.h"
@@ -209,7 +210,7 @@ void SelectionForm::makePopUp() {
 }
 
 void SelectionForm::openPopUp(const QPoint& place) {
-    if (!isCompressorRow(lvCps_->selectedRow())) return;
+    if (!resultOf(lvCps_->selectedRow())) return;
     for (const char* key : {"printpreview", "print"})
         findChild<QAction*>(menuName(key))->setEnabled(canPrint());
     mnu_cpspopup_->popup(lvCps_->viewport()->mapToGlobal(place));

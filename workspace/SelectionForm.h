@@ -5,18 +5,17 @@
 #include <optional>
 
 #include "catalogue/clsProjectConditions.h"
-#include "engine/clsOutputs.h"
 #include "engine/clsSelections.h"
 #include "reports/ReportContent.h"
+#include "results/ReportLines.h"
+#include "results/ResultTable.h"
+#include "thermo/UnitSystem.h"
 #include "workspace/CoupleLeaders.h"
 #include "workspace/EconomizerValues.h"
 #include "workspace/EnteredValue.h"
 #include "workspace/FormState.h"
 #include "workspace/InputRules.h"
-#include "workspace/ListOrder.h"
-#include "workspace/MeasureSystem.h"
 #include "workspace/SelectionKind.h"
-#include "workspace/TechnicalPage.h"
 
 class QMenu;
 class QStackedWidget;
@@ -38,6 +37,7 @@ class ResultsView;
 class RowSet;
 class Splitter;
 class TabStrip;
+class TechnicalPage;
 class frmpG;
 struct ExportFile;
 
@@ -61,7 +61,7 @@ class SelectionForm : public QWidget {
     void Traduci();
     void populateLVCPS(int groupBy);
     /// How the next list is grouped.
-    void setGroupBy(int groupBy) { groupBy_ = groupBy; }
+    void setGroupBy(int groupBy) { groupBy_ = static_cast<Grouping>(groupBy); }
     /// Lists the results anew, if there are any, with the same row selected.
     void relistResults();
     void PopulateFrame4();
@@ -79,7 +79,7 @@ class SelectionForm : public QWidget {
     void ExportCPS();
     void ExportPolynomials();
     /// The report of the selected compressor; nothing without one.
-    std::optional<ReportContent> selectedReport();
+    std::optional<ReportContent> selectedReport() const;
     /// Prints the report of the selected compressor, or shows it in its window.
     void PrintReport(bool preview);
     void Quit();
@@ -101,8 +101,8 @@ class SelectionForm : public QWidget {
     bool canCopy() const;
     /// True with a compressor without error as the selected row.
     bool canPrint() const;
-    /// How many compressors of the list carry a mark.
-    int countOf(const QString& mark) const;
+    /// How many compressors of the list have a verdict.
+    int countOf(Verdict verdict) const;
     /// The choice of the inputs, as "R134A · TK-A", with the frequency of an inverter behind it.
     QString subject() const;
     bool isCollapsed() const;
@@ -187,8 +187,8 @@ class SelectionForm : public QWidget {
     void sayAgain();
     /// Names the choice of all models in the user's language.
     void translateModels();
-    void ConvertInputs(MeasureSystem from, MeasureSystem to);
-    void convert(AdvanceText* field, MeasureSystem from, MeasureSystem to, UnitRule rule);
+    void ConvertInputs(UnitSystem from, UnitSystem to);
+    void convert(AdvanceText* field, UnitSystem from, UnitSystem to, UnitRule rule);
     void VisualizeHelp(const AdvanceText* field);
     /// Shows the whole help of the field in use in a box, also where the panel has no room for it; asks for
     /// the guide where there is none.
@@ -211,15 +211,14 @@ class SelectionForm : public QWidget {
     void invite(const QString& editedField = QString());
 
     // SelectionResults.cpp
-    ResultsView::Row rowOf(clsCompressor& compressor, const QString& label);
-    /// Sorts by a column as told by its heading.
+    void clearList();
+    /// Sorts by a column whose heading was clicked.
     void sortBy(const QString& column);
     /// Selects the compressor that was selected before, else the first that is possible.
     void selectCompressor();
-    QString unitOf(const clsOutput& output) const;
-    bool isCompressorRow(int row) const;
-    /// The compressor of a row; nothing for a group and for one that the last calculation does not hold.
-    clsCompressor* compressorOf(int row) const;
+    /// The result in a row of the list; none for a group.
+    const ResultRow* resultOf(int row) const;
+    const clsCompressor* compressorOf(int row) const;
 
     // SelectionExports.cpp
     void exportTo(const ExportFile& file, const RowSet& records, int compressors);
@@ -231,20 +230,19 @@ class SelectionForm : public QWidget {
     void populatePolynomials(const clsCompressor& compressor);
     void populateDimension(const clsCompressor& compressor);
     void populateLimits(const clsCompressor& compressor);
-    QList<TechnicalPage::Entry> technicalEntries(const clsCompressor& compressor);
+    std::vector<TechnicalEntry> technicalEntries(const clsCompressor& compressor) const;
     /// Limits and duty point in the units of the form.
     EnvelopeDrawing envelopeOf(const clsCompressor& compressor) const;
 
     // SelectionReport.cpp
-    std::vector<ReportLine> conditionLines(const clsCompressor& compressor) const;
-    std::vector<ReportLine> resultLines(int row);
-    ReportContent reportOf(const clsCompressor& compressor);
+    ReportConditions shownConditions(const clsCompressor& compressor) const;
+    ReportContent reportOf(const ResultRow& row) const;
 
     const SelectionKind& kind_;
     QString key_;
     QString description_;
-    MeasureSystem measureUnit_ = MeasureSystem::metric;
-    int groupBy_ = 0;
+    UnitSystem measureUnit_ = UnitSystem::metric;
+    Grouping groupBy_ = Grouping::byRefrigerant;
     CoupleLeaders leaders_;
     QHash<const AdvanceText*, EnteredValue> enteredValues_;
     EconomizerValues economizerValues_;
@@ -270,7 +268,8 @@ class SelectionForm : public QWidget {
     DropList* dropList_;
     std::unique_ptr<frmpG> progress_;
     std::unique_ptr<clsSelections> Selection_;
-    clsOutputs outputs_;
+    ResultTable table_;
+    std::vector<const ResultRow*> rows_;  ///< of the table in the rows of the list; null for a group
     FormState defaults_;
 };
 

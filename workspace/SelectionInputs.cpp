@@ -81,7 +81,7 @@ QString helpKeyOf(const QString& name) {
 }
 
 /// Empty for a field without help.
-QString helpOf(const AdvanceText* field, MeasureSystem system) {
+QString helpOf(const AdvanceText* field, UnitSystem system) {
     const QString key = helpKeyOf(field->objectName());
     return key.isEmpty() ? QString() : inUnits(dictionaryTextIfAny(key), system);
 }
@@ -293,7 +293,7 @@ void SelectionForm::SyncTemperatureFields(const QString& leader) {
                                         {panel_->txtSC, &CoupledFields::SC, convertedDifference}}};
     CoupledFields fields;
     for (const auto& [field, value, rule] : entries)
-        fields.*value = rule(field->number(), measureUnit_, MeasureSystem::metric);
+        fields.*value = rule(field->number(), measureUnit_, UnitSystem::metric);
     const CoupledFields before = fields;
     const std::string refrigerant = toCore(panel_->lstRefrigerants->Key());
     QString fault;
@@ -315,12 +315,12 @@ void SelectionForm::SyncTemperatureFields(const QString& leader) {
     if (!fault.isEmpty()) return;
     for (const auto& [field, value, rule] : entries)
         if (fields.*value != before.*value || field->isUnknown())
-            field->SetTextValue(rule(fields.*value, MeasureSystem::metric, measureUnit_));
+            field->SetTextValue(rule(fields.*value, UnitSystem::metric, measureUnit_));
 }
 
 QString SelectionForm::noSaturation(clsRefprop& refprop) const {
     const auto inUnit = [this](double t) {
-        return convertedTemperature(t, MeasureSystem::metric, measureUnit_);
+        return convertedTemperature(t, UnitSystem::metric, measureUnit_);
     };
     const SaturationRange& range = refprop.DewRange();
     const SaturationRange shown = inTenths({inUnit(range.minimum), inUnit(range.maximum)});
@@ -406,7 +406,9 @@ void SelectionForm::leadByDew() {
 
 void SelectionForm::sayRange(AdvanceText* field, double low, double high) {
     const auto value = typedNumber(field->TextText());
-    const auto shown = [](double bound) { return formatNumber(std::round(bound * 100) / 100, {}); };
+    const auto shown = [](double bound) {
+        return formatNumber(std::round(bound * 100) / 100, QStringView());
+    };
     const bool isBeyond = value && (*value < low || *value > high);
     field->SetRemark(isBeyond ? filled(dictionaryText(QStringLiteral("frmselection.range")),
                                        {shown(low), shown(high), field->UnitCaptiontext().trimmed()})
@@ -439,7 +441,7 @@ void SelectionForm::sayOrder() {
 }
 
 SuperheatRange SelectionForm::superheatRange() const {
-    return marvello::superheatRange(panel_->lstRefrigerants->Key(), measureUnit_ == MeasureSystem::imperial,
+    return marvello::superheatRange(panel_->lstRefrigerants->Key(), measureUnit_ == UnitSystem::imperial,
                                     panel_->cmbSh->Key() == u"0", panel_->txtTED->number());
 }
 
@@ -457,7 +459,7 @@ bool SelectionForm::gestioneSH(bool showMessage) {
 }
 
 void SelectionForm::showUnits() {
-    const bool isImperial = measureUnit_ == MeasureSystem::imperial;
+    const bool isImperial = measureUnit_ == UnitSystem::imperial;
     const QString temperature = dictionaryText(QStringLiteral("general.variable03")) +
                                 (isImperial ? QStringLiteral("F") : QStringLiteral("C"));
     const QString pressure = isImperial ? QStringLiteral("psia") : QStringLiteral("bar abs");
@@ -475,8 +477,8 @@ void SelectionForm::showUnits() {
 
 void SelectionForm::MeasureUnits(int unit, bool refresh) {
     panel_->commit();
-    const MeasureSystem before = measureUnit_;
-    measureUnit_ = unit == 1 ? MeasureSystem::imperial : MeasureSystem::metric;
+    const UnitSystem before = measureUnit_;
+    measureUnit_ = unit == 1 ? UnitSystem::imperial : UnitSystem::metric;
     if (measureUnit_ != before) ConvertInputs(before, measureUnit_);
     showUnits();
     sayRanges();
@@ -490,7 +492,7 @@ void SelectionForm::sayAgain() {
         if (!field->Refusal().isEmpty()) SyncTemperatureFields(nameInCouple(field));
 }
 
-void SelectionForm::ConvertInputs(MeasureSystem from, MeasureSystem to) {
+void SelectionForm::ConvertInputs(UnitSystem from, UnitSystem to) {
     for (AdvanceText* field :
          {panel_->txtTCD, panel_->txtTCM, panel_->txtTED, panel_->txtTEM, panel_->txtOilCooling})
         convert(field, from, to, convertedTemperature);
@@ -502,7 +504,7 @@ void SelectionForm::ConvertInputs(MeasureSystem from, MeasureSystem to) {
     for (AdvanceText* field : {panel_->txtPE, panel_->txtPC}) convert(field, from, to, convertedPressure);
 }
 
-void SelectionForm::convert(AdvanceText* field, MeasureSystem from, MeasureSystem to, UnitRule rule) {
+void SelectionForm::convert(AdvanceText* field, UnitSystem from, UnitSystem to, UnitRule rule) {
     // What is unknown or no number has nothing to convert.
     if (field->isUnknown() || !typedNumber(field->TextText())) return;
     field->SetTextValue(enteredValues_[field].shownIn(to, field->number(), from, rule));

@@ -1,46 +1,37 @@
 // The pages of the selected compressor.
 
-#include <algorithm>
-#include <memory>
-#include <utility>
-
 #include "controls/AdvanceText.h"
 #include "controls/MessagesView.h"
 #include "controls/Metafile.h"
+#include "controls/NumberText.h"
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
 #include "controls/TabStrip.h"
-#include "workspace/ApplyFormParameters.h"
+#include "results/EnvelopeTexts.h"
+#include "results/Messages.h"
 #include "workspace/CompressorFiles.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/InputPanel.h"
-#include "workspace/LimitTexts.h"
 #include "workspace/LimitsPage.h"
-#include "workspace/MotorDescription.h"
 #include "workspace/PolynomialsPage.h"
-#include "workspace/ResultsList.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/TechnicalPage.h"
-#include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
 
 namespace {
 
-/// The limits with every point in degrees Fahrenheit.
-clsLimits inFahrenheit(const clsLimits& limits) {
-    const auto converted = [](double value) {
-        return convertedTemperature(value, MeasureSystem::metric, MeasureSystem::imperial);
-    };
-    clsLimits result;
-    for (const auto& limit : limits) {
-        auto copy = std::make_shared<clsLimit>(*limit);
-        copy->Points = clsPoints();
-        for (const clsPoint& point : limit->Points) copy->Points.add(converted(point.x), converted(point.Y));
-        result.add(std::move(copy));
+QString markOf(Severity severity) {
+    switch (severity) {
+        case Severity::error:
+            return QStringLiteral("msgerror");
+        case Severity::attention:
+            return QStringLiteral("msgattention");
+        case Severity::information:
+            break;
     }
-    return result;
+    return QStringLiteral("msginformation");
 }
 
 }  // namespace
@@ -72,49 +63,22 @@ void SelectionForm::PopulateFrame4() {
 }
 
 void SelectionForm::populateMessages(const clsCompressor& compressor) {
-    const auto list = [this](const clsMessages& messages, const QString& mark) {
-        struct Row {
-            QString text, name;
-            QStringList causes;
-        };
-        QList<Row> rows;
-        for (const clsMessage& message : messages) {
-            QString text;
-            try {
-                text = fromCore(message.Description());
-            } catch (const std::exception&) {
-                text =
-                    fromCore(message.Name);  // The catalogue lacks the text; its key says more than nothing.
-            }
-            if (text.isEmpty()) text = dictionaryText(QStringLiteral("messages.failedstep"));
-            // A search may end in the same message twice; to a person it is one.
-            auto row = std::ranges::find(rows, text, &Row::text);
-            if (row == rows.end()) row = rows.insert(row, {text, fromCore(message.Name), {}});
-            if (!message.Cause.empty()) row->causes += fromCore(message.Cause);
-        }
-        const QString markText = dictionaryTextIfAny(QStringLiteral("general.") + mark);
-        for (const Row& row : rows) lvMessages_->addMessage(mark, markText, row.text, row.name, row.causes);
-    };
     lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
-    list(compressor.Messages.Error, QStringLiteral("msgerror"));
-    if (compressor.Messages.Error.Count() > 0) return;
-    list(compressor.Messages.Attention, QStringLiteral("msgattention"));
-    list(compressor.Messages.Information, QStringLiteral("msginformation"));
+    for (const ShownMessage& message : messagesOf(compressor)) {
+        const QString mark = markOf(message.severity);
+        QStringList causes;
+        for (const std::string& cause : message.causes) causes += fromCore(cause);
+        lvMessages_->addMessage(mark, dictionaryTextIfAny(QStringLiteral("general.") + mark),
+                                fromCore(message.text), fromCore(message.key), causes);
+    }
 }
 
-QList<TechnicalPage::Entry> SelectionForm::technicalEntries(const clsCompressor& compressor) {
-    ApplyFormParameters(QStringLiteral("catalog"), nameOf(compressor), QStringLiteral("eng"), *this);
-    QList<TechnicalPage::Entry> entries;
-    for (auto [caption, value] : technical_->catalogueEntries()) {
-        if (value.contains(u'@')) value = MotorDescription(value, compressor, kind_.hasInverter).trimmed();
-        if (measureUnit_ == MeasureSystem::imperial) value = technicalInImperial(value);
-        entries.append({caption, value});
-    }
-    return entries;
+std::vector<TechnicalEntry> SelectionForm::technicalEntries(const clsCompressor& compressor) const {
+    return technicalData(compressor, measureUnit_, marksOf(QLocale()));
 }
 
 void SelectionForm::populateTechnical(const clsCompressor& compressor) {
-    technical_->setEntries(nameOf(compressor), technicalEntries(compressor));
+    technical_->setEntries(fromCore(nameOf(compressor)), technicalEntries(compressor));
     technical_->setPhoto(readPhoto(fromCore(compressor.Serie), fromCore(compressor.Model)));
 }
 
@@ -133,7 +97,7 @@ EnvelopeDrawing SelectionForm::envelopeOf(const clsCompressor& compressor) const
     const auto title = [](const char* key, const AdvanceText* field) {
         return dictionaryText(QLatin1String(key)) + u' ' + field->UnitCaptiontext().trimmed();
     };
-    const bool isImperial = measureUnit_ == MeasureSystem::imperial;
+    const bool isImperial = measureUnit_ == UnitSystem::imperial;
     EnvelopeDrawing drawing;
     drawing.textX = title("frmselection.limitreport.xaxis.caption", panel_->txtTED);
     drawing.textY = title("frmselection.limitreport.yaxis.caption", panel_->txtTCD);

@@ -12,74 +12,42 @@
 #include "workspace/CompressorFiles.h"
 #include "workspace/InputPanel.h"
 #include "workspace/ReportPreview.h"
-#include "workspace/ResultsList.h"
 #include "workspace/SelectionForm.h"
-#include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
 
 namespace {
 
-const QString between = QStringLiteral(" / ");
-
-/// A dew temperature, with its mean beside it where that is shown.
-ReportLine temperatureLine(const QString& name, const AdvanceText* dew, const AdvanceText* mid) {
-    if (mid->isHidden()) return {name, withUnit(*dew)};
-    return {name + u' ' + dictionaryText(QStringLiteral("report.dew.caption")) + between +
-                dictionaryText(QStringLiteral("report.mid.caption")),
-            withUnit(dew->TextText() + between + mid->TextText(), dew->UnitCaptiontext())};
+ReportConditions::Quantity shown(const AdvanceText* field) {
+    if (!field || field->isHidden()) return {};
+    return {toCore(field->TextText()), toCore(field->UnitCaptiontext())};
 }
 
 }  // namespace
 
-std::vector<ReportLine> SelectionForm::conditionLines(const clsCompressor& compressor) const {
-    const auto text = [](const char* key) { return dictionaryText(QLatin1String(key)); };
-    std::vector<ReportLine> lines{ReportLine::heading(text("report.projectcondition.caption")),
-                                  {text("report.refrigerant.caption"), fromCore(compressor.Refrigerant)},
-                                  temperatureLine(text("report.ted.caption"), panel_->txtTED, panel_->txtTEM),
-                                  {text("report.pe.caption"), withUnit(*panel_->txtPE)},
-                                  temperatureLine(text("report.tcd.caption"), panel_->txtTCD, panel_->txtTCM),
-                                  {text("report.pc.caption"), withUnit(*panel_->txtPC)},
-                                  {panel_->cmbSh->TextText(), withUnit(*panel_->txtSH)},
-                                  {text("report.liquidsubcooling.caption"), withUnit(*panel_->txtSC)},
-                                  {text("report.motorsize.caption"), panel_->cmbMotorSize->TextText()},
-                                  {text("report.stepcapacity.caption"), panel_->cmbStepCapacity->TextText()}};
-    if (panel_->txtFrequency)
-        lines.push_back({text("frmselection.txtfrequency.captiontext"), withUnit(*panel_->txtFrequency)});
-    return lines;
+ReportConditions SelectionForm::shownConditions(const clsCompressor& compressor) const {
+    return {.refrigerant = compressor.Refrigerant,
+            .evaporatingDew = shown(panel_->txtTED),
+            .evaporatingMid = shown(panel_->txtTEM),
+            .evaporatingPressure = shown(panel_->txtPE),
+            .condensingDew = shown(panel_->txtTCD),
+            .condensingMid = shown(panel_->txtTCM),
+            .condensingPressure = shown(panel_->txtPC),
+            .superheatType = toCore(panel_->cmbSh->TextText()),
+            .superheat = shown(panel_->txtSH),
+            .subcooling = shown(panel_->txtSC),
+            .motorSize = toCore(panel_->cmbMotorSize->TextText()),
+            .capacityStep = toCore(panel_->cmbStepCapacity->TextText()),
+            .inverterFrequency = shown(panel_->txtFrequency)};
 }
 
-// One line for each column, but for those in Btu: they stand on the line of their tons.
-std::vector<ReportLine> SelectionForm::resultLines(int row) {
-    std::vector<ReportLine> lines{
-        ReportLine::heading(dictionaryText(QStringLiteral("report.outputdata.caption")))};
-    const QStringList keys = lvCps_->columnKeys();
-    const auto cell = [&](const QString& key, qsizetype column) {
-        const clsOutput& output = outputs_.Item(toCore(key));
-        return withUnit(lvCps_->text(row, static_cast<int>(column)).trimmed(), unitOf(output));
-    };
-    const auto columnOf = [&keys](const QString& key) {
-        for (qsizetype column = 1; column < keys.size(); ++column)
-            if (keys[column].compare(key, Qt::CaseInsensitive) == 0) return column;
-        return qsizetype{-1};
-    };
-    for (qsizetype column = 1; column < keys.size(); ++column) {
-        const QString key = keys[column].toLower();
-        if (key == u"q0btu" || key == u"qecobtu") continue;
-        ReportLine line{fromCore(outputs_.Item(toCore(key)).Description), cell(key, column)};
-        if (const qsizetype btu = columnOf(key + QStringLiteral("btu")); btu > 0)
-            line.value += between + cell(keys[btu], btu);
-        lines.push_back(line);
-    }
-    return lines;
-}
-
-ReportContent SelectionForm::reportOf(const clsCompressor& compressor) {
+ReportContent SelectionForm::reportOf(const ResultRow& row) const {
+    const clsCompressor& compressor = *row.compressor;
     const auto text = [](const char* key) { return dictionaryText(QLatin1String(key)); };
     ReportContent report;
     report.title = text("report.title.caption");
-    report.model = nameOf(compressor);
+    report.model = fromCore(nameOf(compressor));
     report.version = QStringLiteral("Marvello v. ") + QCoreApplication::applicationVersion();
     report.address = text("report.lbladdress.caption");
     report.warning = text("report.lblwarning.caption");
@@ -88,12 +56,9 @@ ReportContent SelectionForm::reportOf(const clsCompressor& compressor) {
     report.date = userLocale().toString(QDate::currentDate(), QLocale::LongFormat);
     report.photo = readPhoto(fromCore(compressor.Serie), fromCore(compressor.Model));
     report.envelope = envelopeOf(compressor);
-    report.lines = conditionLines(compressor);
-    const std::vector<ReportLine> results = resultLines(lvCps_->selectedRow());
-    report.lines.insert(report.lines.end(), results.begin(), results.end());
-    report.lines.push_back(ReportLine::heading(text("report.technicaldata.caption")));
-    for (const auto& [caption, value] : technicalEntries(compressor))
-        report.lines.push_back({caption, value});
+    for (const auto& lines : {conditionLines(shownConditions(compressor)), resultLines(table_, row),
+                              technicalLines(technicalEntries(compressor))})
+        report.lines.insert(report.lines.end(), lines.begin(), lines.end());
     report.hasWarnings = compressor.Messages.Attention.Count() > 0;
     // The limits hold for the superheat and subcooling that they were measured at; the numbers are those of
     // the fields, in the imperial system as well.
@@ -107,9 +72,9 @@ bool SelectionForm::canPrint() const {
     return compressor && compressor->Messages.Error.Count() == 0;
 }
 
-std::optional<ReportContent> SelectionForm::selectedReport() {
-    const clsCompressor* const compressor = compressorOf(lvCps_->selectedRow());
-    return compressor ? std::optional(reportOf(*compressor)) : std::nullopt;
+std::optional<ReportContent> SelectionForm::selectedReport() const {
+    const ResultRow* const row = resultOf(lvCps_->selectedRow());
+    return row ? std::optional(reportOf(*row)) : std::nullopt;
 }
 
 void SelectionForm::PrintReport(bool preview) {

@@ -3,14 +3,13 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 #include "controls/AdvanceText.h"
+#include "controls/NumberText.h"
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
 #include "workspace/InputPanel.h"
 #include "workspace/InputRules.h"
-#include "workspace/ResultsList.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 
@@ -18,95 +17,74 @@ namespace marvello {
 
 namespace {
 
-constexpr int byCompressor = 1;
-const QString blank = QStringLiteral("  ");
+/// The name of the mark of a verdict, which is that of its picture and its text too.
+QString markOf(Verdict verdict) {
+    switch (verdict) {
+        case Verdict::possible:
+            return QStringLiteral("ledgreen");
+        case Verdict::possibleWithWarnings:
+            return QStringLiteral("ledorange");
+        case Verdict::notPossible:
+            break;
+    }
+    return QStringLiteral("ledred");
+}
 
-QString markText(const QString& mark) { return dictionaryTextIfAny(QStringLiteral("general.") + mark); }
+ResultsView::Row viewRowOf(const ResultRow& row) {
+    QStringList values;
+    for (const ShownValue& value : row.values) values += fromCore(value.text);
+    const QString mark = markOf(row.verdict);
+    return {fromCore(row.compressor->Key()), fromCore(row.label), mark,
+            dictionaryTextIfAny(QStringLiteral("general.") + mark), values};
+}
 
 }  // namespace
 
 void SelectionForm::populateLVCPS(int groupBy) {
-    groupBy_ = groupBy;
+    groupBy_ = static_cast<Grouping>(groupBy);
     if (!Selection_ || Selection_->Count() == 0) return;
-    outputs_ = readOutputs(lvCps_->Tag());
-    lvCps_->clear();
-    const bool isImperial = measureUnit_ == MeasureSystem::imperial;
-    const bool hasEconomizer = panel_->cmbEco->Key() != noEconomizer;
-    std::vector<ResultsView::Column> columns{{QStringLiteral("compressor"),
-                                              dictionaryText(QStringLiteral("variables.compressor.name")),
-                                              QString()}};
-    for (const clsOutput& output : outputs_)
-        if (isShown(output.Visibility, isImperial, hasEconomizer))
-            columns.push_back({fromCore(output.Key), fromCore(output.Name) + u'(' + unitOf(output) + u')',
-                               fromCore(output.Description)});
+    clearList();
+    table_ = listResults(*Selection_, catalogueColumns(),
+                         {.units = measureUnit_,
+                          .hasEconomizer = panel_->cmbEco->Key() != noEconomizer,
+                          .grouping = groupBy_,
+                          .order = order_,
+                          .marks = marksOf(QLocale())});
+    std::vector<ResultsView::Column> columns{
+        {fromCore(nameColumn), dictionaryText(QStringLiteral("variables.compressor.name")), QString()}};
+    for (const ResultColumn& column : table_.columns)
+        columns.push_back({fromCore(column.key), fromCore(column.caption()), fromCore(column.description)});
     lvCps_->setColumns(columns);
-
-    // By the text of the grouping; the key sets those of one text in a fixed order.
-    std::vector<std::pair<QString, clsCompressor*>> sorted;
-    for (const auto& compressor : *Selection_) {
-        const QString key = fromCore(compressor->Key());
-        const QString text = groupBy == byCompressor ? nameWithRefrigerant(*compressor) + u'\n' + key : key;
-        sorted.emplace_back(text.toLower(), compressor.get());
+    for (const ResultGroup& group : table_.groups) {
+        const QString name = fromCore(group.name);
+        lvCps_->addGroup(u'@' + name, name);
+        rows_.push_back(nullptr);
+        for (const ResultRow& row : group.rows) {
+            lvCps_->addRow(viewRowOf(row));
+            rows_.push_back(&row);
+        }
     }
-    std::sort(sorted.begin(), sorted.end());
-    QString group;
-    std::vector<ResultsView::Row> rows;
-    const auto listGroup = [&] {
-        if (rows.empty()) return;
-        lvCps_->addGroup(u'@' + group, group);
-        order_.sort(rows, lvCps_->columnKeys());
-        for (const ResultsView::Row& row : rows) lvCps_->addRow(row);
-        rows.clear();
-    };
-    for (const auto& [text, compressor] : sorted) {
-        const QString refrigerant = fromCore(compressor->Refrigerant);
-        const QString name = nameOf(*compressor);
-        const QString value = groupBy == byCompressor ? name : refrigerant;
-        if (value != group) listGroup();
-        group = value;
-        rows.push_back(rowOf(*compressor, groupBy == byCompressor ? refrigerant : name));
-    }
-    listGroup();
-    lvCps_->markSorted(order_.column(), order_.isDescending());
+    lvCps_->markSorted(fromCore(order_.column()), order_.isDescending());
     lvCps_->fitColumns();
 }
 
-QString SelectionForm::unitOf(const clsOutput& output) const {
-    return unitText(output, measureUnit_ == MeasureSystem::imperial);
+void SelectionForm::clearList() {
+    lvCps_->clear();
+    rows_.clear();
+    table_ = {};
 }
 
 void SelectionForm::relistResults() {
     if (!hasResults()) return;
     const int row = lvCps_->selectedRow();
     const QString selected = row < 0 ? QString() : lvCps_->key(row);
-    populateLVCPS(groupBy_);
+    populateLVCPS(static_cast<int>(groupBy_));
     lvCps_->selectKey(selected);
     PopulateFrame4();
 }
 
-ResultsView::Row SelectionForm::rowOf(clsCompressor& compressor, const QString& label) {
-    const QString mark = markOf(compressor);
-    QStringList values;
-    for (const QString& key : lvCps_->columnKeys().mid(1)) {
-        QString text = blank;
-        if (!isBlank(compressor)) {
-            try {
-                text = resultText(compressor, outputs_.Item(toCore(key)),
-                                  measureUnit_ == MeasureSystem::imperial);
-            } catch (const std::exception&) {
-                text = blank;  // A column of the catalogue that this calculation has no value for.
-            }
-        }
-        values += text;
-    }
-    const QString tag =
-        QStringList{fromCore(compressor.Refrigerant), fromCore(compressor.Serie), fromCore(compressor.Model)}
-            .join(u';');
-    return {fromCore(compressor.Key()), tag, label, mark, markText(mark), values};
-}
-
 void SelectionForm::sortBy(const QString& column) {
-    order_.clicked(column);
+    order_.clicked(toCore(column));
     // The column stays where it was clicked.
     const int scrolled = lvCps_->horizontalScrollBar()->value();
     relistResults();
@@ -115,18 +93,19 @@ void SelectionForm::sortBy(const QString& column) {
 
 void SelectionForm::selectCompressor() {
     if (lvCps_->selectKey(keptSelection_)) return;
-    for (int row = 0; row < lvCps_->rowCount(); ++row)
-        if (isCompressorRow(row) && lvCps_->mark(row) != u"ledred") return lvCps_->selectRow(row);
-    // None is possible, and the messages of the first say why.
-    lvCps_->selectRow(1);
+    const auto isPossible = [](const ResultRow* row) { return row && row->verdict != Verdict::notPossible; };
+    const auto first = std::ranges::find_if(rows_, isPossible);
+    // Where none is possible, the messages of the first say why.
+    lvCps_->selectRow(first == rows_.end() ? 1 : static_cast<int>(first - rows_.begin()));
 }
 
-bool SelectionForm::isCompressorRow(int row) const { return row >= 0 && !lvCps_->isGroup(row); }
+const ResultRow* SelectionForm::resultOf(int row) const {
+    return row < 0 ? nullptr : rows_[static_cast<std::size_t>(row)];
+}
 
-clsCompressor* SelectionForm::compressorOf(int row) const {
-    if (!isCompressorRow(row)) return nullptr;
-    const std::string key = toCore(lvCps_->key(row));
-    return Selection_->Exist(key) ? &Selection_->Item(key) : nullptr;
+const clsCompressor* SelectionForm::compressorOf(int row) const {
+    const ResultRow* const result = resultOf(row);
+    return result ? result->compressor.get() : nullptr;
 }
 
 void SelectionForm::moveSelection(int rows) {
@@ -136,13 +115,11 @@ void SelectionForm::moveSelection(int rows) {
 
 bool SelectionForm::hasResults() const { return !Splitter2_->isHidden(); }
 
-bool SelectionForm::canCopy() const { return hasResults() && isCompressorRow(lvCps_->selectedRow()); }
+bool SelectionForm::canCopy() const { return hasResults() && resultOf(lvCps_->selectedRow()); }
 
-int SelectionForm::countOf(const QString& mark) const {
-    int count = 0;
-    for (int row = 0; row < lvCps_->rowCount(); ++row)
-        if (!lvCps_->isGroup(row) && lvCps_->mark(row) == mark) ++count;
-    return count;
+int SelectionForm::countOf(Verdict verdict) const {
+    return static_cast<int>(std::ranges::count_if(
+        rows_, [verdict](const ResultRow* row) { return row && row->verdict == verdict; }));
 }
 
 }  // namespace marvello

@@ -111,10 +111,10 @@ std::shared_ptr<const clsProjectConditions> SelectionForm::conditions() const {
     auto result = std::make_shared<clsProjectConditions>();
     const QString voltage = panel_->cmbMotorVoltage->Key();
     const auto temperature = [this](const AdvanceText* field) {
-        return convertedTemperature(field->number(), measureUnit_, MeasureSystem::metric);
+        return convertedTemperature(field->number(), measureUnit_, UnitSystem::metric);
     };
     const auto difference = [this](const AdvanceText* field) {
-        return convertedDifference(field->number(), measureUnit_, MeasureSystem::metric);
+        return convertedDifference(field->number(), measureUnit_, UnitSystem::metric);
     };
     result->TEvaporatingDew = temperature(panel_->txtTED);
     result->TCondensationDew = temperature(panel_->txtTCD);
@@ -135,7 +135,7 @@ std::shared_ptr<const clsProjectConditions> SelectionForm::conditions() const {
 }
 
 void SelectionForm::showResults() {
-    populateLVCPS(groupBy_);
+    populateLVCPS(static_cast<int>(groupBy_));
     Splitter1_->SetChild2(QStringLiteral("splitter2"));
     frame2_->hide();
     Splitter2_->show();
@@ -158,8 +158,8 @@ void SelectionForm::invite(const QString& editedField) {
 void SelectionForm::closesplitter34() {
     invite();
     if (const int row = lvCps_->selectedRow(); row >= 0)
-        keptSelection_ = isCompressorRow(row) ? lvCps_->key(row) : QString();
-    lvCps_->clear();
+        keptSelection_ = resultOf(row) ? lvCps_->key(row) : QString();
+    clearList();
     Splitter1_->SetChild2(QStringLiteral("Frame2"));
     frame2_->show();
     Splitter2_->hide();

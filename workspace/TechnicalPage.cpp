@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScrollArea>
 
+#include "controls/CoreText.h"
 #include "controls/Look.h"
 
 namespace marvello {
@@ -74,7 +75,6 @@ TechnicalPage::TechnicalPage(QWidget* parent) : QWidget(parent) {
 void TechnicalPage::setCaption(const QString& caption) { PicScroll_->setAccessibleName(caption); }
 
 void TechnicalPage::clear() {
-    picTecnic_->setProperty("Tag", QString());
     picTecnic_->clear();
     // An empty text is no stop of the tab key.
     picTecnic_->setTextInteractionFlags(Qt::NoTextInteraction);
@@ -82,14 +82,7 @@ void TechnicalPage::clear() {
     ImageCPS_->setAccessibleName(QString());
 }
 
-QList<TechnicalPage::Entry> TechnicalPage::catalogueEntries() const {
-    QList<Entry> entries;
-    for (const QString& piece : picTecnic_->property("Tag").toString().split(u';', Qt::SkipEmptyParts))
-        entries.append({piece.section(u'|', 0, 0).trimmed(), piece.section(u'|', 1).trimmed()});
-    return entries;
-}
-
-void TechnicalPage::setEntries(const QString& title, const QList<Entry>& entries) {
+void TechnicalPage::setEntries(const QString& title, const std::vector<TechnicalEntry>& entries) {
     // Two halves: the captions end, and the values begin, at one line down the middle under the title.
     QString text =
         QStringLiteral(
@@ -100,11 +93,12 @@ void TechnicalPage::setEntries(const QString& title, const QList<Entry>& entries
         "<tr><td width='50%' align='right' style='color: %1; padding: 2px 6px 2px 0'>%2</td>"
         "<td width='50%' style='font-weight: 500; padding: 2px 0 2px 6px'>%3</td></tr>");
     for (const auto& [caption, value] : entries)
-        text += row.arg(Look::current().muted.name(), caption.toHtmlEscaped(), value.toHtmlEscaped());
+        text += row.arg(Look::current().muted.name(), fromCore(caption).toHtmlEscaped(),
+                        fromCore(value).toHtmlEscaped());
     picTecnic_->setText(text + QStringLiteral("</table>"));
     picTecnic_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     QStringList plain{title};
-    for (const auto& [caption, value] : entries) plain += caption + u' ' + value;
+    for (const auto& [caption, value] : entries) plain += fromCore(caption) + u' ' + fromCore(value);
     picTecnic_->setAccessibleName(plain.join(QStringLiteral(", ")));
     ImageCPS_->setAccessibleName(title);
 }

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QList>
 #include <QWidget>
-#include <utility>
+#include <vector>
+
+#include "results/TechnicalData.h"
 
 class QLabel;
 class QScrollArea;
@@ -11,23 +12,18 @@ namespace marvello {
 
 class PhotoLabel;
 
-/// The technical data of a model beside its photo. The text can be selected and copied.
+/// The technical data of a model next to its photo. The text can be selected and copied.
 class TechnicalPage : public QWidget {
     Q_OBJECT
 
   public:
-    /// A caption and its value.
-    using Entry = std::pair<QString, QString>;
-
     explicit TechnicalPage(QWidget* parent = nullptr);
 
     /// Names the page for a screen reader.
     void setCaption(const QString& caption);
-    /// Empties text and photo, and forgets what the catalogue put there.
+    /// Empties text and photo.
     void clear();
-    /// What a parameter set of the catalogue put into the property `Tag`, "caption|value;...".
-    QList<Entry> catalogueEntries() const;
-    void setEntries(const QString& title, const QList<Entry>& entries);
+    void setEntries(const QString& title, const std::vector<TechnicalEntry>& entries);
     /// A null picture leaves the place empty.
     void setPhoto(const QImage& photo);
 

@@ -11,8 +11,8 @@ namespace marvello {
 
 namespace {
 
-std::string_view unitOf(Quantity quantity, MeasureSystem system) {
-    const bool isImperial = system == MeasureSystem::imperial;
+std::string_view unitOf(Quantity quantity, UnitSystem system) {
+    const bool isImperial = system == UnitSystem::imperial;
     switch (quantity) {
         case Quantity::temperature:
             return isImperial ? "F" : "C";
@@ -42,7 +42,7 @@ Quantity quantityOf(const InputPanel& panel, const AdvanceText* field) {
     return Quantity::temperature;
 }
 
-void takeOtherUnits(InputPanel& panel, const std::function<MeasureSystem()>& system) {
+void takeOtherUnits(InputPanel& panel, const std::function<UnitSystem()>& system) {
     for (AdvanceText* field : panel.fields()) {
         if (field->TextType() != 1) continue;
         field->SetReader([&panel, field, system](const QString& text) {

@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "thermo/EnteredQuantity.h"
-#include "workspace/MeasureSystem.h"
+#include "thermo/UnitSystem.h"
 
 namespace marvello {
 
@@ -16,6 +16,6 @@ Quantity quantityOf(const InputPanel& panel, const AdvanceText* field);
 
 /// Lets the numeric fields of `panel` take sums and values in other units of their quantity. `system` returns
 /// the units that the fields show.
-void takeOtherUnits(InputPanel& panel, const std::function<MeasureSystem()>& system);
+void takeOtherUnits(InputPanel& panel, const std::function<UnitSystem()>& system);
 
 }  // namespace marvello

@@ -3,7 +3,7 @@
 #include <QLocale>
 #include <QString>
 
-#include "workspace/MeasureSystem.h"
+#include "thermo/UnitSystem.h"
 
 namespace marvello {
 
@@ -16,11 +16,6 @@ QString withUnit(const AdvanceText& field);
 
 /// Fills the temperatures and temperature differences of a text in a system of units: "{T:-50}" is -50
 /// degrees Celsius and "{D:5}" a difference of 5 K. A sign that is written out stays: "{T:+15}".
-QString inUnits(const QString& text, MeasureSystem system, const QLocale& locale = QLocale());
-
-/// Returns a value of the technical data in imperial units: flows in m³/h, masses in kg and volumes in l are
-/// converted with three significant digits. All else stays: the rated power of a motor says both units
-/// itself.
-QString technicalInImperial(const QString& value, const QLocale& locale = QLocale());
+QString inUnits(const QString& text, UnitSystem system, const QLocale& locale = QLocale());
 
 }  // namespace marvello

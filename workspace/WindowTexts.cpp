@@ -2,24 +2,15 @@
 
 #include <QRegularExpression>
 
+#include "data/DictionaryTexts.h"
 #include "data/Globals.h"
 
 namespace marvello {
 
-QString dictionaryText(const QString& key) {
-    try {
-        return fromCore(gApplication().DictionaryRead(toCore(key)));
-    } catch (const UnknownTextKey&) {
-        return key;
-    }
-}
+QString dictionaryText(const QString& key) { return fromCore(dictionaryText(std::string_view(toCore(key)))); }
 
 QString dictionaryTextIfAny(const QString& key) {
-    try {
-        return fromCore(gApplication().DictionaryRead(toCore(key)));
-    } catch (const UnknownTextKey&) {
-        return {};
-    }
+    return fromCore(dictionaryTextIfAny(std::string_view(toCore(key))));
 }
 
 QString withoutAccessKey(QString text) {

@@ -3,21 +3,13 @@
 #include <QLocale>
 #include <QString>
 #include <QStringList>
-#include <string>
-#include <string_view>
+
+#include "controls/CoreText.h"
 
 namespace marvello {
 
-inline QString fromCore(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-inline std::string toCore(const QString& text) { return text.toStdString(); }
-
-/// The text of a dictionary key in the user's language. A key that the catalogue lacks stands for itself, so
-/// that the window still comes up and the gap can be seen.
+/// The functions of data/DictionaryTexts.h for windows.
 QString dictionaryText(const QString& key);
-
-/// As above; an empty text for a key that the catalogue lacks, for texts that a window can do without.
 QString dictionaryTextIfAny(const QString& key);
 
 /// The reason of a failure in the user's language: the text of a dictionary key; any other reason stays as it

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "data/CollectedBoxes.h"
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "engine/clsSelections.h"
 
 namespace marvello::duties {

@@ -5,8 +5,8 @@
 #include <map>
 #include <utility>
 
+#include "data/Numbers.h"
 #include "data/TextTable.h"
-#include "data/Texts.h"
 #include "demo/generate/NumberText.h"
 
 namespace marvello::generate {

@@ -1,3 +1,4 @@
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 #include <gtest/gtest.h>

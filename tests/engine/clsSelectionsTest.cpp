@@ -6,7 +6,6 @@
 
 #include "data/Arithmetic.h"
 #include "engine/AbortRequested.h"
-#include "engine/clsOutputs.h"
 #include "engine/formTimeout.h"
 #include "tests/engine/EngineFixture.h"
 #include "thermo/clsRefprop.h"
@@ -180,20 +179,6 @@ TEST(formTimeoutTest, TicksOnceAndGivesATurnBeforeAndAfter) {
     EXPECT_EQ(order, "turn tick turn ");
     EXPECT_TRUE(timeout.isStopped());
     hooks().giveTurn = nullptr;
-}
-
-TEST(clsOutputs, RemovesByNameAndAddsByKey) {
-    clsOutputs outputs;
-    outputs.add("Q0", "Q0", "capacity", "kW", {}, 0);
-    outputs.add("q0", "q0", "again", "kW", {}, 1);
-    ASSERT_EQ(outputs.Count(), 1);
-    EXPECT_EQ(outputs.Item("Q0").Description, "again");
-    EXPECT_THROW(outputs.add("Q0", "Power", "", "", {}, 0), std::invalid_argument);
-    EXPECT_THROW(outputs.Item("x"), std::out_of_range);
-    outputs.add("Pta", "Pta", "power", "kW", {}, 0);
-    outputs.Remove(1);
-    EXPECT_EQ(outputs.Item(1).Key, "Pta");
-    EXPECT_THROW(outputs.Remove(2), std::out_of_range);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "engine/AbortRequested.h"
 #include "engine/StepControl.h"
 #include "tests/engine/EngineFixture.h"

@@ -188,7 +188,8 @@ TEST_F(standardCycle, AFailingStatementIsAnEntryAndTheNextOneRuns) {
     // Pta shows as 0.0: COP divides by it, and EER reads a COP that is not there.
     EXPECT_EQ(names(c.Messages.Error), (std::vector<std::string>{"Error...", "Error..."}));
     EXPECT_EQ(c.Messages.Error.Item(1).Description(), "");
-    EXPECT_EQ(c.Messages.Error.Item(1).Cause, "COP is no finite number: a division by zero or a result out of range.");
+    EXPECT_EQ(c.Messages.Error.Item(1).Cause,
+              "COP is no finite number: a division by zero or a result out of range.");
     EXPECT_EQ(c.Messages.Error.Item(2).Cause, "EER: There is no variable COP.");
     EXPECT_FALSE(c.Variables.Exist("COP"));
     EXPECT_TRUE(c.Variables.Exist("QcEco"));

@@ -16,9 +16,9 @@
 #include "controls/ctlGraph.h"
 #include "data/Globals.h"
 #include "data/clsDatabase.h"
+#include "results/Columns.h"
 #include "tests/support/SmallCatalogue.h"
 #include "workspace/ApplyFormParameters.h"
-#include "workspace/ResultsList.h"
 #include "workspace/TechnicalPage.h"
 
 namespace {
@@ -48,7 +48,7 @@ void apply(const std::string& assignments) {
     ApplyFormParameters("frm", "frmTest", "populate", form);
     form.resize(300, 200);
     (void)form.grab();
-    (void)readOutputs(list->Tag());
+    (void)readOutputs(list->property("Tag").toString().toStdString());
     (void)page.catalogueEntries();
     ctlCombo combo;
     combo.Populate(QString::fromStdString(assignments), field->Tag1(), false, true);

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "catalogue/clsLimits.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 #include "tests/fuzz/Refusal.h"
 

@@ -2,20 +2,26 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QLocale>
+#include <QTemporaryDir>
 #include <cmath>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "controls/ResultsView.h"
 #include "tests/gui/RealWindow.h"
 #include "tests/support/Controls.h"
+#include "tests/support/Person.h"
 #include "tests/tools/CallProgram.h"
 #include "workspace/SelectionForm.h"
 
 using namespace marvello;
 using marvello::testing::field;
+using marvello::testing::Person;
+using marvello::testing::saveAs;
 using marvello::testing::type;
 using nlohmann::json;
 
@@ -147,16 +153,16 @@ class ListedValuesTest : public ::testing::TestWithParam<std::tuple<int, bool>>,
             type(form, input.field, isImperial ? input.imperial : input.metric);
     }
 
-    static json askWithoutWindow(const Duty& duty) {
-        std::string arguments = std::string("--format json --refrigerant ") + duty.refrigerant +
-                                " --series '" + duty.series + "'";
+    static std::string askWithoutWindow(const Duty& duty, const std::string& format) {
+        std::string arguments =
+            "--format " + format + " --refrigerant " + duty.refrigerant + " --series '" + duty.series + "'";
         if (duty.hasInverter) arguments += " --inverter";
         for (const Chosen& choice : duty.chosen) arguments += std::string(" ") + choice.arguments;
         for (const Typed& input : duty.typed)
             arguments += std::string(" ") + input.option + "=" + input.metric;
         const marvello::testing::Answer answer = marvello::testing::callProgram("marvello-select", arguments);
         EXPECT_EQ(answer.status, 0) << arguments;
-        return json::parse(answer.out)["compressors"];
+        return answer.out;
     }
 };
 
@@ -176,7 +182,7 @@ TEST_P(ListedValuesTest, AreThoseOfTheProgramWithoutWindow) {
     ASSERT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
 
     const auto* list = form->findChild<ResultsView*>(QStringLiteral("lvCps"));
-    const json expected = askWithoutWindow(duty);
+    const json expected = json::parse(askWithoutWindow(duty, "json"))["compressors"];
     ASSERT_EQ(list->rowCount(), static_cast<int>(expected.size()) + 1);
     const QStringList columns = list->columnKeys();
     int compared = 0;
@@ -196,4 +202,23 @@ TEST_P(ListedValuesTest, AreThoseOfTheProgramWithoutWindow) {
         }
     }
     EXPECT_GT(compared, 30) << "hardly a value was compared";
+}
+
+TEST_P(ListedValuesTest, AreExportedByteForByteLikeThoseOfTheProgramWithoutWindow) {
+    const auto [index, isImperial] = GetParam();
+    if (isImperial) return;  // the program without window writes metric units
+    const Duty& duty = duties[static_cast<std::size_t>(index)];
+    SCOPED_TRACE(duty.name);
+    SelectionForm* form = duty.hasInverter ? window->newInverterSelection() : window->newSelection();
+    fill(*form, duty, false);
+    form->lnkCalculate_Click();
+    const QTemporaryDir folder;
+    for (const auto& [extension, filter, format] :
+         {std::tuple{".xml", "XML (*.xml)", "xml"}, std::tuple{".csv", "CSV (*.csv)", "list-csv"}}) {
+        QFile file(folder.filePath(QStringLiteral("list") + QLatin1String(extension)));
+        const Person person({saveAs(file.fileName(), QLatin1String(filter))});
+        form->ExportCPS();
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << extension;
+        EXPECT_EQ(file.readAll().toStdString(), askWithoutWindow(duty, format)) << extension;
+    }
 }

@@ -77,7 +77,7 @@ class ReportTest : public ::testing::TestWithParam<const char*>, public marvello
 
 std::vector<QString> valuesOf(const ReportContent& report) {
     std::vector<QString> values;
-    for (const ReportLine& line : report.lines) values.push_back(line.value);
+    for (const ReportLine& line : report.lines) values.push_back(fromCore(line.value));
     return values;
 }
 
@@ -121,9 +121,9 @@ TEST_P(ReportTest, SaysWhatTheListShows) {
         }
         // Every value of the table is found in the file, and so is the model.
         for (const ReportLine& line : report.lines) {
-            if (line.isHeading()) continue;
-            EXPECT_TRUE(words.contains(plain(line.value))) << line.value.toStdString();
-            EXPECT_TRUE(words.contains(plain(line.name))) << line.name.toStdString();
+            if (line.isHeading) continue;
+            EXPECT_TRUE(words.contains(plain(fromCore(line.value)))) << line.value;
+            EXPECT_TRUE(words.contains(plain(fromCore(line.name)))) << line.name;
         }
         EXPECT_TRUE(words.contains(report.model));
         // Dew and mean of a blend with glide stand on one line.

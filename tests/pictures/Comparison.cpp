@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QImageWriter>
 #include <QSet>
 #include <algorithm>
@@ -18,6 +20,7 @@ constexpr double always = 3;            // of 255: what rounding does
 constexpr double ofTheContrast = 0.15;  // of the difference between the pixels around, besides
 
 bool isRenewing = false;
+QStringList asked;
 
 const QString references = QStringLiteral(MARVELLO_SOURCE_FOLDER "/tests/pictures/references");
 const QString left = QStringLiteral(MARVELLO_FAILED_PICTURES);
@@ -118,7 +121,13 @@ std::optional<Difference> difference(const QImage& painted, const QImage& refere
 
 void renewReferences() { isRenewing = true; }
 
+void removeUnpainted() {
+    for (const QFileInfo& file : QDir(references).entryInfoList({QStringLiteral("*.png")}))
+        if (!asked.contains(file.completeBaseName())) QFile::remove(file.filePath());
+}
+
 void expectPicture(const QString& name, const QImage& painted) {
+    asked += name;
     const QString file = references + u'/' + name + QStringLiteral(".png");
     const QImage picture = painted.convertToFormat(QImage::Format_RGB32);
     const QImage reference(file);

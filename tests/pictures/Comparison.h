@@ -25,5 +25,7 @@ void expectPicture(const QString& name, const QImage& painted);
 
 /// Renews the references instead of comparing with them.
 void renewReferences();
+/// Removes the references that no test has asked for; to be called when all have run.
+void removeUnpainted();
 
 }  // namespace marvello::testing

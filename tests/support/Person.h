@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -45,6 +47,19 @@ inline void press(QWidget& dialog, QDialogButtonBox::StandardButton which) {
     auto* button = dialog.findChild<QDialogButtonBox*>()->button(which);
     ASSERT_NE(button, nullptr);
     QTest::mouseClick(button, Qt::LeftButton);
+}
+
+/// Types a name into the dialog of an export, chooses a filter and presses its button.
+inline auto saveAs(const QString& name, const QString& filter) {
+    return [=](QWidget& widget) {
+        auto* dialog = qobject_cast<QFileDialog*>(&widget);
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->windowTitle(), "Export to...");
+        EXPECT_TRUE(dialog->nameFilters().contains(filter));
+        dialog->selectNameFilter(filter);
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
+        press(widget, QDialogButtonBox::Save);
+    };
 }
 
 }  // namespace marvello::testing

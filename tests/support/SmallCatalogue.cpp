@@ -6,6 +6,7 @@
 #include "data/ApplicationFolder.h"
 #include "data/Globals.h"
 #include "data/Hooks.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 #include "tests/support/TemporaryFolder.h"
 #include "thermo/clsRefprop.h"

@@ -15,7 +15,7 @@
 
 #include "data/Csv.h"
 #include "data/Faults.h"
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/CallProgram.h"
 

@@ -48,7 +48,7 @@ TEST_F(ApplyFormParametersTest, AssignsByNameWithoutRegardToCase) {
     EXPECT_EQ(label->text(), "Hello");
     EXPECT_EQ(label->toolTip(), "A tip");
     EXPECT_TRUE(label->isHidden());
-    EXPECT_EQ(list->Tag(), "Q0|Capacity|kW|d|0");
+    EXPECT_EQ(list->property("Tag"), "Q0|Capacity|kW|d|0");
 }
 
 TEST_F(ApplyFormParametersTest, SkipsWhatDoesNotFitAndGoesOn) {

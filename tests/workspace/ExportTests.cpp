@@ -24,12 +24,12 @@
 #include "controls/ResultsView.h"
 #include "controls/ctlBtn.h"
 #include "data/Globals.h"
+#include "results/RowSet.h"
 #include "tests/support/Person.h"
-#include "tests/workspace/ReadExport.h"
+#include "tests/support/ReadExport.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/CopiedTable.h"
 #include "workspace/ExportFile.h"
-#include "workspace/RowSet.h"
 #include "workspace/frmSelection.h"
 
 using namespace marvello;
@@ -39,19 +39,6 @@ namespace {
 
 const QString xmlFilter = "XML (*.xml)";
 const QString csvFilter = "CSV (*.csv)";
-
-/// Types a name into the file dialog and presses its button.
-auto saveAs(const QString& name, const QString& filter) {
-    return [=](QWidget& widget) {
-        auto* dialog = qobject_cast<QFileDialog*>(&widget);
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->windowTitle(), "Export to...");
-        EXPECT_EQ(dialog->nameFilters(), (QStringList{xmlFilter, csvFilter}));
-        dialog->selectNameFilter(filter);
-        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
-        press(widget, QDialogButtonBox::Save);
-    };
-}
 
 void cancel(QWidget& dialog) { press(dialog, QDialogButtonBox::Cancel); }
 
@@ -346,7 +333,7 @@ TEST_F(ExportTest, WhatIsNoRegularFileIsLeftAlone) {
 TEST_F(ExportTest, AFullDiskKeepsTheOldFileAndLeavesNoOther) {
     RowSet records;
     records.addText("Model", 10);
-    for (int i = 0; i < 5000; ++i) records.addRow({QString::number(i)});
+    for (int i = 0; i < 5000; ++i) records.addRow({std::to_string(i)});
     write(path("old.xml"), "old");
     // No file of this process may grow beyond a few blocks for a while, as on a full disk.
     rlimit before{};

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tools/catalogue/Program.h"
+
 using namespace marvello;
 
 TEST(SeriesMask, SwitchesTheSelectorsOfEachSeries) {
@@ -20,6 +22,14 @@ TEST(SeriesMask, AddsTheMotorSizeWithR134AOnly) {
     EXPECT_EQ(seriesMask("MV-G", "R134A"), 24U);
     EXPECT_EQ(seriesMask("MV-H", "R134A"), 24U);
     EXPECT_EQ(seriesMask("TK-E", "R134A"), 13U);
+}
+
+TEST(SeriesMask, OffersCapacityStepsToTheSeriesThatACatalogueMustHaveThemOf) {
+    for (const char* series :
+         {"TK-A", "TK-A(P)", "TK-A(Q)", "TK-A(V)", "TK-B", "TK-C", "TK-D", "TK-E", "MV-A", "MV-A(V)",  "MV-E",
+          "MV-G", "MV-H",    "MV-J",    "GH",      "GH4",  "DZ1",  "DZ2",  "NL-H", "tk-a", "no series"})
+        EXPECT_EQ(offersCapacitySteps(series), allows(seriesMask(series, "R134A"), Selector::stepCapacity))
+            << series;
 }
 
 TEST(SeriesOfMarket, ReducesTheTwoMarketsToOneSeries) {

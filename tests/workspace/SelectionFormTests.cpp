@@ -175,7 +175,6 @@ TEST_F(SelectionFormTest, F5ListsEveryModelWithItsMark) {
     EXPECT_TRUE(list()->isGroup(0));
     EXPECT_EQ(list()->text(0, 0), "R134A");
     EXPECT_EQ(list()->text(1, 0), "TK-A-100");
-    EXPECT_EQ(list()->tag(1), "R134A;TK-A;100");
     EXPECT_EQ(list()->mark(2), "ledred");
     EXPECT_EQ(list()->text(2, 1).trimmed(), "") << "a model in error has no values";
     // The reference surface gives 100 + 3*2 - 1.2*40 + 0.03*4 - 0.02*80 + 0.002*1600 + 0.0002*8 - 0.0001*160
@@ -184,7 +183,7 @@ TEST_F(SelectionFormTest, F5ListsEveryModelWithItsMark) {
     EXPECT_NEAR(list()->text(1, 1).toDouble(), 59.2, 0.051);
     EXPECT_NE(list()->text(3, 2), "-");
     EXPECT_EQ(list()->selectedRow(), 1);
-    EXPECT_EQ(form->countOf("ledred"), 1);
+    EXPECT_EQ(form->countOf(Verdict::notPossible), 1);
 
     // The messages follow the selected row.
     auto* messages = control<MessagesView>(*form, "lvMessages");

@@ -9,6 +9,7 @@
 
 #include "data/Csv.h"
 #include "data/FileText.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 #include "tools/catalogue/TableExchange.h"
 

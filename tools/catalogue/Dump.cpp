@@ -10,7 +10,7 @@
 #include <stdexcept>
 
 #include "data/Csv.h"
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "data/clsApplication.h"
 #include "data/clsDatabase.h"
 #include "tools/catalogue/TableExchange.h"

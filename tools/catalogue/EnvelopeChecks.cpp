@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 
+#include "data/Numbers.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Index.h"
 #include "tools/catalogue/Rows.h"

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <set>
 
+#include "data/Numbers.h"
 #include "data/Texts.h"
 #include "tools/catalogue/Rows.h"
 

@@ -8,30 +8,30 @@
 
 #include "catalogue/Variables.h"
 #include "catalogue/clsInverter.h"
+#include "data/Numbers.h"
 #include "data/clsApplication.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Program.h"
 #include "tools/catalogue/Rows.h"
+#include "tools/catalogue/Windows.h"
 
 namespace marvello {
 
 namespace {
 
 constexpr std::string_view column = "fObjectPropertyValue: ";
+constexpr std::string_view resultsList = "lvcps";        // its "Tag" lists the columns
+constexpr std::string_view technicalPage = "pictecnic";  // its "Tag" lists captions and values
 
 /// The windows of a set; one that nothing applies has none.
 using WindowNames = std::set<std::string>;
 
-std::vector<const Control*> controlsOf(const WindowNames& windows, const std::string& name) {
-    static const Control theWindow{"", ControlKind::window};
-    std::vector<const Control*> found;
-    for (const auto& window : programWindows()) {
-        if (!windows.contains(lowered(window.name))) continue;
-        if (equalIgnoringCase(window.name, name)) found.push_back(&theWindow);
-        for (const auto& control : window.controls)
-            if (equalIgnoringCase(control.name, name)) found.push_back(&control);
-    }
-    return found;
+/// The properties of the control of a name; nothing if none of the windows has it.
+const ProgramWindows::Properties* propertiesOf(const std::string& control, const WindowNames& windows) {
+    for (const auto& [window, controls] : programWindows().controls)
+        if (const auto found = controls.find(control); windows.contains(window) && found != controls.end())
+            return found->second;
+    return nullptr;
 }
 
 /// Why a list of choices "key|caption;..." is none; empty for a sound one.
@@ -203,12 +203,11 @@ class ParameterSetCheck {
                 faults_.add("tParametersHead.csv", "the set frm, " + std::string(applied.typeKey) + ", " +
                                                        std::string(applied.key) +
                                                        " is missing, which the program applies; add it");
-        for (const auto& choice : neutralChoices())
-            if (lists_.contains(lowered(choice.control)) &&
-                ListLookup(choice.key, lists_[lowered(choice.control)]).empty())
-                faults_.add("tParametersRows.csv",
-                            "Tag1 of " + std::string(choice.control) + " does not offer the key \"" +
-                                std::string(choice.key) + "\", to which the forms fall back; add the choice");
+        for (const auto& [control, key] : programWindows().neutralKeys)
+            if (const auto list = lists_.find(lowered(control));
+                list != lists_.end() && ListLookup(key, list->second).empty())
+                faults_.add("tParametersRows.csv", "Tag1 of " + control + " does not offer the key \"" + key +
+                                                       "\", to which the forms fall back; add the choice");
     }
 
     void checkModels() {
@@ -227,8 +226,8 @@ class ParameterSetCheck {
         if (set->second.isWithoutTexts && row.text("fObjectPropertyValue").find('{') != std::string::npos)
             row.fault(std::string(column) +
                       "the program applies this set before there are texts; write the text itself");
-        const auto controls = controlsOf(set->second.windows, row.text("fObjectName"));
-        if (set->second.isApplied && controls.empty()) {
+        const auto* properties = propertiesOf(row.key("fObjectName"), set->second.windows);
+        if (set->second.isApplied && !properties) {
             row.fault("fObjectName: the window has no control \"" + row.text("fObjectName") +
                       "\"; correct the name");
             return;
@@ -242,8 +241,7 @@ class ParameterSetCheck {
                     "within a value");
                 continue;
             }
-            if (!controls.empty())
-                checkAssignment(row, *controls.front(), trimmed(sides[0]), trimmed(sides[1]));
+            if (properties) checkAssignment(row, *properties, trimmed(sides[0]), trimmed(sides[1]));
         }
     }
 
@@ -265,11 +263,9 @@ class ParameterSetCheck {
         return sound;
     }
 
-    void checkAssignment(const Row& row, const Control& control, const std::string& property,
-                         const std::string& value) {
-        const auto properties = propertiesOf(control.kind);
-        const auto known = std::ranges::find_if(
-            properties, [&](const auto& each) { return equalIgnoringCase(each.name, property); });
+    void checkAssignment(const Row& row, const ProgramWindows::Properties& properties,
+                         const std::string& property, const std::string& value) {
+        const auto known = properties.find(lowered(property));
         if (known == properties.end()) {
             row.fault(std::string(column) + "the control has no property \"" + property +
                       "\" that a set may assign; correct the name");
@@ -278,7 +274,7 @@ class ParameterSetCheck {
         // Each language may break a list that is sound without texts.
         for (const auto& [language, unused] : texts_) {
             const std::string expanded = trimmed(expandedIn(language, value));
-            std::string reason = faultOfValue(control, *known, expanded);
+            std::string reason = faultOfValue(row.key("fObjectName"), *known, expanded);
             if (reason.empty()) continue;
             if (value.find('{') != std::string::npos) reason.append(" (in ").append(language).append(")");
             std::string told(column);
@@ -286,7 +282,7 @@ class ParameterSetCheck {
             return;
         }
         if (equalIgnoringCase(property, "tag1")) lists_[row.key("fObjectName")] = value;
-        if (control.kind == ControlKind::technical) checkTechnicalData(row, value);
+        if (row.key("fObjectName") == technicalPage) checkTechnicalData(row, value);
     }
 
     void checkTechnicalData(const Row& row, const std::string& value) {
@@ -299,18 +295,18 @@ class ParameterSetCheck {
             row.warn(std::string(column) + "the program puts nothing in for \"" + token + "\"");
     }
 
-    static std::string faultOfValue(const Control& control, const ControlProperty& property,
+    static std::string faultOfValue(const std::string& control,
+                                    const ProgramWindows::Properties::value_type& property,
                                     const std::string& value) {
-        if (!convertsTo(property.kind, value)) {
+        const auto& [name, kind] = property;
+        if (!convertedValue(kind, value)) {
             constexpr std::array<const char*, 5> wanted{"True or False", "a whole number", "a number",
                                                         "a colour, #RRGGBB", "a text"};
-            return "\"" + value + "\" is not " + wanted.at(static_cast<std::size_t>(property.kind));
+            return "\"" + value + "\" is not " + wanted.at(static_cast<std::size_t>(kind));
         }
-        if (equalIgnoringCase(property.name, "tag1")) return faultOfChoices(value);
-        if (control.kind == ControlKind::results && equalIgnoringCase(property.name, "tag"))
-            return faultOfColumns(value);
-        if (control.kind == ControlKind::technical && equalIgnoringCase(property.name, "tag"))
-            return faultOfPairs(value);
+        if (name == "tag1") return faultOfChoices(value);
+        if (name == "tag" && control == resultsList) return faultOfColumns(value);
+        if (name == "tag" && control == technicalPage) return faultOfPairs(value);
         return {};
     }
 

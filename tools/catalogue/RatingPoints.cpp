@@ -5,6 +5,7 @@
 
 #include "data/Constants.h"
 #include "data/Csv.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "data/Numbers.h"
 #include "data/clsApplication.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Rows.h"

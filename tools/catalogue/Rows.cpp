@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "data/Numbers.h"
+
 namespace marvello {
 
 namespace {

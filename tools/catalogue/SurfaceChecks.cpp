@@ -3,6 +3,7 @@
 #include <set>
 
 #include "catalogue/clsProjectConditions.h"
+#include "data/Numbers.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Index.h"
 #include "tools/catalogue/Program.h"

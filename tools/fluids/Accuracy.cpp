@@ -7,8 +7,8 @@
 #include <optional>
 
 #include "data/Constants.h"
+#include "data/Numbers.h"
 #include "data/TextTable.h"
-#include "data/Texts.h"
 #include "tools/fluids/FluidCaller.h"
 #include "tools/fluids/Refusal.h"
 

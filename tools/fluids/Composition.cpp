@@ -3,6 +3,7 @@
 #include <cmath>
 #include <optional>
 
+#include "data/Numbers.h"
 #include "data/TextTable.h"
 #include "data/Texts.h"
 #include "tools/fluids/Refusal.h"

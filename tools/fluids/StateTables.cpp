@@ -9,7 +9,7 @@
 
 #include "data/Constants.h"
 #include "data/Csv.h"
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "tools/fluids/FluidCaller.h"
 #include "tools/fluids/Refusal.h"
 

@@ -11,7 +11,7 @@
 
 #include "data/ApplicationFolder.h"
 #include "data/FileText.h"
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "tools/fluids/Accuracy.h"
 #include "tools/fluids/Composition.h"
 #include "tools/fluids/Refusal.h"

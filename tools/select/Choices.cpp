@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/Globals.h"
+#include "data/Numbers.h"
 #include "data/ParameterSets.h"
 #include "data/Texts.h"
 

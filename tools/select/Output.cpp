@@ -1,65 +1,56 @@
 #include "tools/select/Output.h"
 
+#include <langinfo.h>
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <set>
+#include <clocale>
 
 #include "data/Csv.h"
 #include "data/Globals.h"
-#include "data/Texts.h"
+#include "data/Numbers.h"
+#include "results/ExportRecords.h"
+#include "results/Messages.h"
+#include "results/ResultTable.h"
 
 namespace marvello::select {
 
 namespace {
 
 struct Column {
-    const char* heading;
-    const char* variable;
-    int decimals;
+    std::string_view heading;
+    var variable;
+    std::string_view pattern;
 };
 
 constexpr std::array columns = {
-    Column{"Q0 kW", "Q0", 1}, Column{"Pta kW", "Pta", 1}, Column{"CA A", "CA", 1},
-    Column{"COP", "COP", 2},  Column{"T21 C", "T21", 1},  Column{"Pra kW", "Pra", 1},
+    Column{"Q0 kW", var::Q0, "#0.0"}, Column{"Pta kW", var::Pta, "#0.0"}, Column{"CA A", var::CA, "#0.0"},
+    Column{"COP", var::COP, "#0.00"}, Column{"T21 C", var::T21, "#0.0"},  Column{"Pra kW", var::Pra, "#0.0"},
 };
 
-const char* mark(const clsCompressor& compressor) {
-    if (compressor.Messages.Error.Count() > 0) return "error";
-    return compressor.Messages.Attention.Count() > 0 ? "warning" : "ok";
+const char* wordOf(Verdict verdict) {
+    switch (verdict) {
+        case Verdict::possible:
+            return "ok";
+        case Verdict::possibleWithWarnings:
+            return "warning";
+        case Verdict::notPossible:
+            break;
+    }
+    return "error";
 }
-
-std::string label(const clsCompressor& compressor) { return compressor.Serie + "-" + compressor.Model; }
 
 bool isListed(const clsCompressor& compressor, const Column& column) {
-    return compressor.Messages.Error.Count() == 0 && compressor.Variables.Exist(column.variable) &&
-           compressor.Variables.Item(column.variable).isNumber();
+    return verdictOf(compressor) != Verdict::notPossible && compressor.Variables.isSet(column.variable);
 }
 
-/// The texts of the errors, or without errors those of the warnings and notes.
+/// The messages, each with the first of its causes.
 std::vector<std::string> texts(const clsCompressor& compressor) {
     std::vector<std::string> result;
-    std::set<std::string> told;
-    const auto take = [&](const clsMessages& messages) {
-        for (const clsMessage& message : messages) {
-            std::string text = message.Description();
-            if (text.empty()) text = gApplication().DictionaryRead("messages.failedstep");
-            if (!told.insert(text).second) continue;
-            result.push_back(std::move(text));
-            if (!message.Cause.empty()) result.push_back("Cause: " + message.Cause);
-        }
-    };
-    take(compressor.Messages.Error);
-    if (!result.empty()) return result;
-    take(compressor.Messages.Attention);
-    take(compressor.Messages.Information);
+    for (const ShownMessage& message : messagesOf(compressor)) {
+        result.push_back(message.text);
+        if (!message.causes.empty()) result.push_back("Cause: " + message.causes.front());
+    }
     return result;
-}
-
-std::string fixed(double value, int decimals) {
-    std::array<char, 400> buffer{};  // the largest double has 309 digits
-    std::snprintf(buffer.data(), buffer.size(), "%.*f", decimals, value);
-    return buffer.data();
 }
 
 /// Letters, not bytes.
@@ -83,10 +74,10 @@ Cells headings() {
 }
 
 Cells cellsOf(const clsCompressor& compressor) {
-    Cells cells{label(compressor), mark(compressor)};
+    Cells cells{nameOf(compressor), wordOf(verdictOf(compressor))};
     for (const Column& column : columns)
         cells.push_back(isListed(compressor, column)
-                            ? fixed(compressor.Variables(column.variable), column.decimals)
+                            ? formatNumber(compressor.Variables[column.variable], column.pattern)
                             : "");
     return cells;
 }
@@ -112,6 +103,21 @@ std::string pointOf(const Request& request) {
            storedText(c.TCondensationDew) + " C";
 }
 
+/// The list as a form shows it that was calculated with the request.
+ResultTable listOf(const Run& run) {
+    const bool hasEconomizer = run.request.conditions.EcoCalculateMode != 0;
+    return listResults(*run.selection, catalogueColumns(), {.hasEconomizer = hasEconomizer});
+}
+
+/// The decimal mark of the user's locale; the process keeps that of C, in which all other forms are written.
+std::string userDecimalMark() {
+    const locale_t user = newlocale(LC_NUMERIC_MASK, "", nullptr);
+    if (user == nullptr) return ".";
+    const std::string mark = nl_langinfo_l(RADIXCHAR, user);
+    freelocale(user);
+    return mark;
+}
+
 }  // namespace
 
 std::string asTable(const std::vector<Run>& runs) {
@@ -135,7 +141,7 @@ std::string asTable(const std::vector<Run>& runs) {
 
 std::string asCsv(const std::vector<Run>& runs) {
     std::vector<std::string> fields{"refrigerant", "series", "model", "ted", "tcd", "mark"};
-    for (const Column& column : columns) fields.emplace_back(column.variable);
+    for (const Column& column : columns) fields.emplace_back(definitionOf(column.variable).name);
     fields.emplace_back("messages");
     std::string out = csvLine(fields);
     for (const Run& run : runs) {
@@ -145,10 +151,10 @@ std::string asCsv(const std::vector<Run>& runs) {
                       compressor->Model,
                       storedText(run.request.conditions.TEvaporatingDew),
                       storedText(run.request.conditions.TCondensationDew),
-                      mark(*compressor)};
+                      std::string(wordOf(verdictOf(*compressor)))};
             for (const Column& column : columns)
                 fields.push_back(isListed(*compressor, column)
-                                     ? storedText(compressor->Variables(column.variable))
+                                     ? storedText(compressor->Variables[column.variable])
                                      : std::string());
             std::string& all = fields.emplace_back();
             for (const std::string& text : texts(*compressor)) all += (all.empty() ? "" : " ") + text;
@@ -157,5 +163,9 @@ std::string asCsv(const std::vector<Run>& runs) {
     }
     return out;
 }
+
+std::string asListXml(const Run& run) { return resultsRecords(listOf(run)).toXml(); }
+
+std::string asListCsv(const Run& run) { return resultsRecords(listOf(run)).toCsv(userDecimalMark()); }
 
 }  // namespace marvello::select

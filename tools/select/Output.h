@@ -14,4 +14,9 @@ std::string asCsv(const std::vector<Run>& runs);
 /// One object a run, an array of them for a batch; numbers read back exactly.
 std::string asJson(const std::vector<Run>& runs, bool batch);
 
+/// The list of a run in metric units, byte for byte as a form exports it. CSV has the decimal mark of the
+/// user's locale.
+std::string asListXml(const Run& run);
+std::string asListCsv(const Run& run);
+
 }  // namespace marvello::select

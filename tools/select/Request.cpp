@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "catalogue/clsInverter.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello::select {

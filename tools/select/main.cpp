@@ -80,10 +80,21 @@ bool runBatch(const Arguments& arguments, const Request& base, const Choices& ch
     return areGood;
 }
 
+std::string textOf(const std::vector<Run>& runs, const Arguments& arguments) {
+    if (arguments.format == "json") return asJson(runs, arguments.isBatch);
+    if (arguments.format == "csv") return asCsv(runs);
+    if (arguments.format == "xml") return asListXml(runs.front());
+    if (arguments.format == "list-csv") return asListCsv(runs.front());
+    return asTable(runs);
+}
+
 int select(const Arguments& arguments) {
-    const std::vector<std::string> formats{"table", "csv", "json"};
+    const std::vector<std::string> formats{"table", "csv", "json", "xml", "list-csv"};
     if (std::ranges::find(formats, arguments.format) == formats.end())
         throw BadRequest(notOneOf("format", arguments.format, formats));
+    if (arguments.isBatch && (arguments.format == "xml" || arguments.format == "list-csv"))
+        throw BadRequest("format: " + arguments.format +
+                         " is the list of one selection; a batch has table, csv and json");
     setApplicationFolder(arguments.folder);
     openCatalogue(arguments.language);
     const Choices choices = catalogueChoices();
@@ -102,10 +113,7 @@ int select(const Arguments& arguments) {
         runs.push_back(carryOut(base));
         for (const std::string& remark : runs.back().remarks) complain(remark, done);
     }
-    const std::string out = arguments.format == "json"  ? asJson(runs, arguments.isBatch)
-                            : arguments.format == "csv" ? asCsv(runs)
-                                                        : asTable(runs);
-    printText(out);
+    printText(textOf(runs, arguments));
     if (!areGood) return someLinesBad;
     const auto has = [](const Run& run) { return run.selection->Count() > 0; };
     if (std::ranges::any_of(runs, has)) return done;
@@ -122,7 +130,8 @@ int run(int argc, char** argv) {
     }
     app.add_flag("--inverter", arguments.inverter, "with --list: what runs on an inverter");
     app.add_option("--language", arguments.language, "language of the texts (en-EN)");
-    app.add_option("--format", arguments.format, "table, csv or json");
+    app.add_option("--format", arguments.format,
+                   "table, csv or json, or the list as the window exports it: xml or list-csv");
     auto* const batch =
         app.add_option("--batch", arguments.batchFile, "CSV file with one operating point a line");
     app.add_flag("--strict", arguments.isStrict, "with --batch: stops at the first bad line")->needs(batch);

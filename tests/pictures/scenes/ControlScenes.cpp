@@ -4,12 +4,14 @@
 #include <QGridLayout>
 #include <QHoverEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "controls/AdvanceText.h"
 #include "controls/ContainerOld.h"
+#include "controls/FieldNote.h"
 #include "controls/Icons.h"
 #include "controls/Link.h"
 #include "controls/Look.h"
@@ -132,9 +134,9 @@ ResultsView* results(QWidget* page) {
                       {"COP", "COP()", ""},
                       {"CA", "Current(A)", ""}});
     view->addGroup("@R134A", "R134A");
-    view->addRow({"1", "", "TK-A-120", "ledgreen", "", {"68.1", "18.2", "3.74", "30.6"}});
-    view->addRow({"2", "", "TK-A-140", "ledorange", "", {"79.6", "21.1", "3.77", "35.4"}});
-    view->addRow({"3", "", "TK-A-410", "ledred", "", {"", "", "", ""}});
+    view->addRow({"1", "TK-A-120", "ledgreen", "", {"68.1", "18.2", "3.74", "30.6"}});
+    view->addRow({"2", "TK-A-140", "ledorange", "", {"79.6", "21.1", "3.77", "35.4"}});
+    view->addRow({"3", "TK-A-410", "ledred", "", {"", "", "", ""}});
     view->fitColumns();
     view->selectRow(2);
     view->setFixedHeight(150);
@@ -267,13 +269,13 @@ std::unique_ptr<QWidget> lists() {
     scrolled->setSortable();
     scrolled->addGroup("@R290", "R290");
     scrolled->addRow(
-        {"4", "", "TK-A-90-with-a-long-name", "ledgreen", "", {"68.1", "1234567.8", "3.74", "30.6"}});
+        {"4", "TK-A-90-with-a-long-name", "ledgreen", "", {"68.1", "1234567.8", "3.74", "30.6"}});
     scrolled->fitColumns();
     scrolled->setFixedHeight(210);
     all->addWidget(scrolled);
     auto* plain = new ResultsView(page);
     plain->setColumns({{"name", "Name", ""}, {"value", "Value", ""}});
-    plain->addRow({"1", "", "Without a mark", "", "", {"1"}});
+    plain->addRow({"1", "Without a mark", "", "", {"1"}});
     plain->selectRow(0);
     plain->setFixedHeight(80);
     all->addWidget(plain);
@@ -281,6 +283,10 @@ std::unique_ptr<QWidget> lists() {
     empty->setEmptyText("There is nothing to say about this compressor.");
     empty->setFixedHeight(40);
     all->addWidget(empty);
+    auto* tabs = new TabStrip(TabStrip::Kind::forms, page);
+    tabs->setObjectName("hovered");
+    for (const char* text : {"One", "Two", "Three"}) tabs->addKeyed(text, text, icon("form"));
+    all->addWidget(tabs);
     for (const int percent : {0, 100}) {
         auto* progress = new ProgressBar(page);
         progress->SetValue(percent);
@@ -294,9 +300,53 @@ void scroll(QWidget& page) {
     view->markSorted("Pta", true);
     view->horizontalScrollBar()->setValue(60);
     view->setFocus();
+    auto* const tabs = page.findChild<TabStrip*>("hovered");
+    const QPointF at = tabs->tabRect(2).center();
+    QMouseEvent move(QEvent::MouseMove, at, tabs->mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
+    QApplication::sendEvent(tabs, &move);
+}
+
+/// Fields with parts left out, with more than fits, and with notes beside and below.
+std::unique_ptr<QWidget> moreFields() {
+    auto whole = std::make_unique<QWidget>();
+    QWidget* const page = whole.get();
+    page->setFixedSize(440, 350);
+    const auto place = [](AdvanceText* made, int x, int y, int width) {
+        made->setFixedWidth(width);
+        made->move(x, y);
+        return made;
+    };
+    AdvanceText* number = place(field(page, "Number", "12.5", "K"), 10, 10, 200);
+    number->setProperty("UnitCaptionVisible", false);
+    AdvanceText* bare = place(field(page, "", "7.25", "bar"), 220, 10, 100);
+    bare->setProperty("CaptionVisible", false);
+    place(field(page, "Cut", "A text that is much longer than its field", {}), 10, 50, 200);
+    place(list(page, "Cut", "A choice that is longer than its field"), 220, 50, 200);
+    place(field(page, "A caption that is too long", "1234567.891", "kg/h"), 10, 90, 200);
+    AdvanceText* coloured = place(field(page, "Colours", "1", "kW"), 220, 90, 200);
+    coloured->setProperty("TextForeColor", QColor("#C3271D"));
+    coloured->setProperty("TextBackColor", QColor("#FBEAE8"));
+    coloured->setProperty("CaptionForeColor", QColor("#2B62C4"));
+    coloured->setProperty("UnitCaptionForeColor", QColor("#1B7F45"));
+    coloured->setProperty("TextBordersColor", QColor("#C96A00"));
+    int y = 140;
+    for (const auto kind : {FieldNote::Kind::fault, FieldNote::Kind::reading})
+        for (const int width : {180, 420}) {
+            auto* holder = new QWidget(page);
+            holder->setGeometry(10, y, width, 30);
+            AdvanceText* said = place(field(holder, "Said", "1", "K"), 0, 0, width);
+            auto* note = new FieldNote(*said);
+            note->setObjectName("note");
+            note->say(width == 180 ? "A word beside the field." : "A word below.", *said,
+                      QRect(110, 1, width - 112, 28), kind);
+            y += width == 180 ? 36 : 66;
+        }
+    return whole;
 }
 
 }  // namespace
+
+Scene fieldScene() { return {"fields", moreFields}; }
 
 Scene listScene() { return {"lists", lists, scroll}; }
 

@@ -1,4 +1,4 @@
-// Envelopes: the controls that show them, and the drawing itself.
+// Envelopes: the controls that show them, the drawing itself, and the page of the report with it.
 
 #include <QApplication>
 #include <QGridLayout>
@@ -13,6 +13,8 @@
 #include "controls/GraphLegend.h"
 #include "controls/ctlGraph.h"
 #include "controls/ctlLimitsGraphic.h"
+#include "data/Numbers.h"
+#include "reports/ReportPage.h"
 #include "tests/pictures/scenes/Scenes.h"
 
 namespace marvello::scenes {
@@ -165,7 +167,46 @@ void paintEnvelopes(QPainter& painter, const QRectF&) {
     paintNumbers(painter, {505, 305, 300, 180}, fixedSpeed);
 }
 
+/// Texts that are wider than their room, and more lines than there is room for.
+ReportContent fullReport() {
+    ReportContent report;
+    report.title = "Compressor selection";
+    report.model = "TK-A-120 with a name that leaves no room for the wordmark beside it";
+    report.version = "Marvello v. 1.0.0";
+    report.address =
+        "Kestrom, a street of a town with a name that goes on for longer than the foot of the page is wide, "
+        "and another hundred letters of what else there is to say of where the makers of compressors live";
+    report.warning = "There are warnings on this compressor at this operating point.";
+    report.warning2 =
+        "Read the messages of the selection and observe them before ordering, all of them, even if they are "
+        "so many that the sentence that asks for it is wider than the page.";
+    report.page = "Page 1 of 1";
+    report.date = "Monday, 4 May 2026";
+    report.photo = QImage(90, 120, QImage::Format_RGB32);
+    report.photo.fill(QColor(0x7F, 0x9F, 0xAF));
+    report.envelope = drawing(fixedSpeedEnvelope(), {2, 40}, QString::fromUtf8("°C"));
+    report.hasWarnings = true;
+    for (const char* heading : {"Project conditions", "Results", "Technical data"}) {
+        report.lines.push_back({heading, {}, true});
+        for (int line = 1; line <= 18; ++line)
+            report.lines.push_back({"Line " + std::to_string(line), storedText(line * 12.5)});
+        report.lines.push_back({"A name that is long enough to reach the value",
+                                "A value that is so long that both must be smaller"});
+    }
+    return report;
+}
+
+std::unique_ptr<QWidget> reportPage() {
+    constexpr int width = 794, height = 1123;  // A4 at 96 dots per inch
+    return std::make_unique<Painted>(QSize(width, height),
+                                     [report = fullReport()](QPainter& painter, const QRectF&) {
+                                         paintReport(painter, {210, 297}, report);
+                                     });
+}
+
 }  // namespace
+
+Scene reportScene() { return {"report", reportPage}; }
 
 Scene graphScene() { return {"graphs", graphs, pointAt}; }
 

@@ -18,8 +18,11 @@ struct Scene {
 };
 
 Scene controlScene();
+Scene fieldScene();
 Scene listScene();
 Scene graphScene();
+Scene pageScene();
+Scene reportScene();
 /// Envelopes on paper, as the report has them, and what the mouse finds of them.
 Scene envelopeScene();
 /// Every record that a metafile is drawn from.

@@ -33,15 +33,17 @@ constexpr const char* list = "frame3";
 constexpr const char* pages = "Frame4";
 constexpr const char* results = "Splitter2";
 
+void press(QWidget& widget, int key, const QString& text = {}) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(&widget, &event);
+}
+
 /// Types over the text of a field.
 void typeOver(const SelectionForm& form, const char* name, const QString& text) {
     auto* edit = form.findChild<AdvanceText*>(QLatin1String(name))->findChild<QLineEdit*>();
     edit->setFocus();
     edit->selectAll();
-    for (const QChar sign : text) {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, sign);
-        QApplication::sendEvent(edit, &press);
-    }
+    for (const QChar sign : text) press(*edit, 0, sign);
 }
 
 void choose(const SelectionForm& form, const char* name, const QString& key) {
@@ -82,13 +84,16 @@ void WindowTour::show(const char* name, const SelectionForm& form, const char* p
     picture_(QLatin1String(name), window_, *form.findChild<QWidget*>(QLatin1String(part)));
 }
 
-/// Opens a dialog through its command.
+/// Opens a dialog through its command; `tab` is the page or the choice that it stands at.
 void WindowTour::showDialog(const char* command, const char* name, int tab) const {
     constexpr int shown = 250;  // milliseconds; what fades in is there by then
     QTimer::singleShot(shown, &window_, [this, name, tab] {
         QWidget* dialog = QApplication::activeModalWidget();
         if (!dialog) return;
-        if (auto* tabs = dialog->findChild<QTabBar*>()) tabs->setCurrentIndex(tab);
+        if (auto* tabs = dialog->findChild<QTabBar*>())
+            tabs->setCurrentIndex(tab);
+        else if (tab > 0)
+            press(*dialog, Qt::Key_Right);
         show(name, *dialog);
         dialog->close();
     });
@@ -112,9 +117,16 @@ void WindowTour::showDialogs() const {
     show("splash", splash);
     splash.hide();
     showDialog("mnu_file_new_selection", "start-menu");
+    showDialog("mnu_file_new_selection", "start-menu-inverter", 1);
     showDialog("mnu_help_About", "about");
     showDialog("mnu_help_About", "terms", 1);
     showDialog("mnu_help_Builds", "builds");
+    window_.findChild<QAction*>(QStringLiteral("mnu_help_guide"))->trigger();
+    for (QWidget* guide : QApplication::topLevelWidgets())
+        if (guide->objectName() == u"formGuide") {
+            show("guide", *guide);
+            guide->close();
+        }
     frmRefrigerant refrigerants(&window_);
     QTimer::singleShot(0, &refrigerants, [&] {
         show("refrigerants", refrigerants);
@@ -193,7 +205,7 @@ void WindowTour::showOtherInputs() const {
     form_->MnuPopUp(QStringLiteral("limits"));
     show("page-limits-imperial", *form_, pages);
     const QSize size = window_.size();
-    window_.resize(720, 480);
+    window_.resize(560, 640);
     show("narrow");
     form_->CloseFrame(false);
     show("narrow-open");

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "catalogue/clsCompressor.h"
+#include "data/Numbers.h"
+#include "results/clsOutputs.h"
+#include "thermo/UnitSystem.h"
+
+namespace marvello {
+
+/// What a column shows for a compressor.
+struct ShownValue {
+    std::optional<double> number{};  ///< as it is shown, rounded; none for "-", a text and a blank
+    std::string text;
+};
+
+/// Returns the columns of the results list as the catalogue has them, with their texts in the user's
+/// language. Throws DatabaseError.
+clsOutputs catalogueColumns();
+
+/// Reads columns from the text "key|name|unit|description|visibility;...". A piece that lacks its parts, or
+/// repeats a key, is left out.
+clsOutputs readOutputs(std::string_view text);
+
+/// Whether a column of that visibility is shown.
+bool isShown(int visibility, UnitSystem units, bool hasEconomizer);
+
+/// Returns the unit of a column. In the imperial system the columns that are named there have units of their
+/// own, and every other one follows its metric unit: temperatures, differences, heat flows and mass flows are
+/// converted.
+std::string unitText(const clsOutput& column, UnitSystem units);
+
+/// Returns what a column shows for a calculated compressor: two blanks for one that is not possible, and for
+/// a column that the calculation has no value for.
+ShownValue valueIn(const clsCompressor& compressor, const clsOutput& column, UnitSystem units,
+                   const NumberMarks& marks = {});
+
+}  // namespace marvello

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "catalogue/clsCompressor.h"
+
+namespace marvello {
+
+enum class Severity { error, attention, information };
+
+/// A message about a compressor as people read it.
+struct ShownMessage {
+    Severity severity = Severity::error;
+    std::string text;
+    std::string key;                  ///< of the dictionary
+    std::vector<std::string> causes;  ///< what failed: variable, call and the library's own sentence
+};
+
+/// Returns the errors of a compressor, or without errors its warnings and notes. Equal messages are one, with
+/// the causes of all.
+std::vector<ShownMessage> messagesOf(const clsCompressor& compressor);
+
+}  // namespace marvello

@@ -1,0 +1,45 @@
+#include "thermo/UnitSystem.h"
+
+#include <cmath>
+
+#include "thermo/clsConvert.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr double fahrenheitInKelvin = 1.8;
+
+/// To a thousand millionth: the last bits of a conversion must not decide on which side of a limit a
+/// temperature is, such as 2 degrees Celsius typed as 35.6 degrees Fahrenheit.
+double withoutNoise(double value) {
+    constexpr double steps = 1e9;
+    constexpr double exact = 1e6;  // beyond it no bits are left
+    return std::abs(value) > exact ? value : std::nearbyint(value * steps) / steps;
+}
+
+}  // namespace
+
+double convertedTemperature(double value, UnitSystem from, UnitSystem to) {
+    if (from == to) return value;
+    return withoutNoise(clsConvert().ConvertValue(value, to == UnitSystem::imperial
+                                                             ? conversion::celsiusToFahrenheit
+                                                             : conversion::fahrenheitToCelsius));
+}
+
+double convertedDifference(double value, UnitSystem from, UnitSystem to) {
+    if (from == to) return value;
+    return withoutNoise(to == UnitSystem::imperial ? value * fahrenheitInKelvin : value / fahrenheitInKelvin);
+}
+
+double convertedPressure(double value, UnitSystem from, UnitSystem to) {
+    if (from == to) return value;
+    // The numbers of the systems are those of the unit sets.
+    clsConvert source;
+    clsConvert target;
+    source.Initialize(static_cast<int>(from));
+    target.Initialize(static_cast<int>(to));
+    return target.ConvertUnitsApp(source.ConvertUnitsRefprop(value, property::pressure), property::pressure);
+}
+
+}  // namespace marvello

@@ -1,0 +1,18 @@
+#pragma once
+
+namespace marvello {
+
+/// The systems of units of a form, by the keys of their selector. The engine works in metric values alone.
+enum class UnitSystem { metric = 0, imperial = 1 };
+
+/// Converts a value of one quantity between two systems.
+using UnitRule = double (*)(double value, UnitSystem from, UnitSystem to);
+
+/// A temperature between degrees Celsius and Fahrenheit.
+double convertedTemperature(double value, UnitSystem from, UnitSystem to);
+/// A difference of temperatures between K and degrees Fahrenheit.
+double convertedDifference(double value, UnitSystem from, UnitSystem to);
+/// An absolute pressure between bar and psi.
+double convertedPressure(double value, UnitSystem from, UnitSystem to);
+
+}  // namespace marvello
