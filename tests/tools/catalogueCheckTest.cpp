@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "data/ApplicationFolder.h"
 #include "data/Csv.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/SmallContent.h"
@@ -33,6 +34,7 @@ struct Told {
 };
 
 Told toldOf(const fs::path& folder) {
+    setApplicationFolder(MARVELLO_APP_FOLDER);  // with the property library
     Faults faults;
     const Content content = readContent(folder, faults);
     if (faults.empty()) checkContent(content, std::nullopt, folder / "pictures", faults);

@@ -52,8 +52,8 @@ Points samplesOf(const clsPoints& line) {
     return samples;
 }
 
-/// Heat of evaporation of a fluid at 0 degrees Celsius, kJ/kg. Of one that the property library does not
-/// have, and where the library itself is missing, a usual one.
+/// Heat of evaporation of a fluid at 0 degrees Celsius, kJ/kg: a usual one where the property library does
+/// not have the fluid, 0 where there is no library.
 double evaporationHeat(const std::string& fluidFile) {
     constexpr double usual = 180;
     constexpr double hair = 1e-6;  // off the line, to either side of it
@@ -67,7 +67,7 @@ double evaporationHeat(const std::string& fluidFile) {
             if (state.answer.code > 0) return usual;
         return (vapour.h - liquid.h) / library.molarMass();
     } catch (const FluidLibraryError&) {
-        return usual;
+        return 0;
     }
 }
 
