@@ -5,7 +5,7 @@
 
 namespace marvello {
 
-/// The text behind a string of decimal digits, three digits a character code. Raises std::invalid_argument
+/// The text behind a string of decimal digits, three digits a character code. Throws std::invalid_argument
 /// when the digits are no whole groups of codes up to 255.
 std::string textOfDigits(std::string_view digits);
 

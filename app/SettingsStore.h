@@ -6,11 +6,11 @@
 namespace marvello {
 
 /// The per-user value "section/name" of a product of Kestrom, in the platform's own store; nothing when there
-/// is none. Raises std::runtime_error "number - reason" when the store cannot be read.
+/// is none. Throws std::runtime_error "number - reason" if the store cannot be read.
 std::optional<std::string> readSetting(const std::string& product, const std::string& section,
                                        const std::string& name);
 
-/// Stores a per-user value at once. Raises std::runtime_error "number - reason" when it cannot be stored.
+/// Stores a per-user value at once. Throws std::runtime_error "number - reason" if it cannot be stored.
 void writeSetting(const std::string& product, const std::string& section, const std::string& name,
                   const std::string& value);
 

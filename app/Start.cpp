@@ -47,7 +47,7 @@ class SplashEnd : public QObject {
     Frmsplash& splash_;
 };
 
-/// The property library looks for the fluid files in the current folder and then beside itself.
+/// The property library looks for the fluid files in the current folder and then next to itself.
 void checkFluidFiles() {
     std::error_code ignored;
     const std::filesystem::path folder = applicationFolder();

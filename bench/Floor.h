@@ -23,7 +23,7 @@ inline double median(std::vector<double> values) {
     return *middle;
 }
 
-/// What something costs beside its floor: the least that it could cost. "ratio" is the one over the other.
+/// What something costs next to its floor: the least that it could cost. "ratio" is the one over the other.
 /// `floorName` tells what the floor is; `each` is how many of the thing a turn does.
 class AgainstFloor {
   public:

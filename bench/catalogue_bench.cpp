@@ -1,4 +1,4 @@
-// What a run of a whole catalogue costs, beside what the database alone needs for it: the same statements,
+// What a run of a whole catalogue costs, next to what the database alone needs for it: the same statements,
 // run and read by SQLiteCpp without anything around it. Then a surface, and the making of a catalogue file.
 
 #include <SQLiteCpp/Database.h>
@@ -149,6 +149,7 @@ std::vector<DatabaseEvent> eventsOf(const std::vector<Series>& all, const std::s
     {
         Recorder recorder;
         gDatabase().Connect("Data Source=" + file);
+        gDatabase().checkUndamaged();
         recorder.forget();  // without those of the opening
         runAll(all);
         events = std::move(recorder.events);

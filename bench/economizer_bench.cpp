@@ -1,5 +1,6 @@
 // What an economized calculation costs: every compressor of the catalogue that has a port, over a grid of
-// duty points, each run from a start without any remembered state. With "--every=N" only each N-th of them.
+// operating points, each run from a start without any remembered state. With "--every=N" only each N-th of
+// them.
 
 #include <benchmark/benchmark.h>
 

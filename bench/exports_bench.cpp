@@ -72,7 +72,7 @@ void exportList(benchmark::State& state, ExportFile::Form form) {
 BENCHMARK_CAPTURE(exportList, xml, ExportFile::Form::xml)->Unit(benchmark::kMillisecond)->UseManualTime();
 BENCHMARK_CAPTURE(exportList, csv, ExportFile::Form::csv)->Unit(benchmark::kMillisecond)->UseManualTime();
 
-/// The text of a file alone, beside what the memory gives.
+/// The text of a file alone, next to what the memory gives.
 void makeText(benchmark::State& state, bool isXml) {
     const RowSet records = resultsRecords(longTable());
     const auto make = [&] { return isXml ? records.toXml() : records.toCsv(); };
@@ -94,7 +94,7 @@ void makeText(benchmark::State& state, bool isXml) {
 BENCHMARK_CAPTURE(makeText, xml, true)->Unit(benchmark::kMillisecond)->UseManualTime();
 BENCHMARK_CAPTURE(makeText, csv, false)->Unit(benchmark::kMillisecond)->UseManualTime();
 
-/// The report as a PDF file, beside a page of the platform with the same photo and texts, and nothing else.
+/// The report as a PDF file, next to a page of the platform with the same photo and texts, and nothing else.
 void saveOneReport(benchmark::State& state) {
     const QTemporaryDir folder;
     MDIMain window(QStringLiteral("1.0.0"));

@@ -1,5 +1,5 @@
 // Times each call of the property library for a pure fluid and two blends of three components, at states as a
-// selection asks for them, beside the equation of state by itself, and counts the allocations of a call.
+// selection asks for them, next to the equation of state by itself, and counts the allocations of a call.
 #include <benchmark/benchmark.h>
 
 #include <array>

@@ -65,7 +65,7 @@ double millisecondsSince(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
 }
 
-/// From F5 to the drawn list of a series of 60 models; the run of the engine by itself is counted beside it.
+/// From F5 to the drawn list of a series of 60 models; the run of the engine by itself is counted next to it.
 void keyToList(benchmark::State& state) {
     constexpr int copies = 10;  // every other one stands in the series of its original
     constexpr int shipped = 1136;
@@ -95,7 +95,7 @@ void keyToList(benchmark::State& state) {
 }
 BENCHMARK(keyToList)->Unit(benchmark::kMillisecond)->UseManualTime();
 
-/// Every series of the catalogue with an economiser: the longest time between two turns that a run gives to
+/// Every series of the catalogue with an economizer: the longest time between two turns that a run gives to
 /// the window, which is how long "Abort" may wait.
 void longestWaitForATurn(benchmark::State& state) {
     double longest = 0;

@@ -1,4 +1,4 @@
-// From the start of the process to the drawn main window, without the time that the splash is held, beside a
+// From the start of the process to the drawn main window, without the time that the splash is held, next to a
 // process that shows an empty window of the same kind. Each is this program, started again.
 
 #include <benchmark/benchmark.h>

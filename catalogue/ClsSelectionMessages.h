@@ -21,7 +21,7 @@ class clsMessage {
     void setDescription(std::string description) { description_ = std::move(description); }
 
     /// Without a format the stored description. Otherwise the format in lower case, the key in it replaced by
-    /// its dictionary text and each "{i}" by argument i. Raises UnknownTextKey.
+    /// its dictionary text and each "{i}" by argument i. Throws UnknownTextKey.
     std::string Description() const;
 
   private:
@@ -35,7 +35,7 @@ class clsMessages {
   public:
     void add(const std::string& Name, const std::string& format,
              const std::vector<MessageArgument>& arguments = {}, std::string cause = {});
-    /// By position from 1. Raises std::out_of_range.
+    /// By position from 1. Throws std::out_of_range.
     const clsMessage& Item(int index) const;
     int Count() const { return static_cast<int>(messages_.size()); }
     void Clear() { messages_.clear(); }

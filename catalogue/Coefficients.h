@@ -8,7 +8,7 @@
 
 namespace marvello {
 
-/// Reads the columns fC1, fC2, ... of the current row. Raises DatabaseError.
+/// Reads the columns fC1, fC2, ... of the current row. Throws DatabaseError.
 template <std::size_t count>
 void readCoefficients(const RecordSet& row, std::array<double, count>& c) {
     for (std::size_t i = 0; i < count; ++i) c[i] = row.number("fC" + std::to_string(i + 1));

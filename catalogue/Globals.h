@@ -4,13 +4,13 @@
 
 namespace marvello {
 
-/// The surfaces that turn a mean temperature of R407C into a dew temperature: evaporating side over the mean
+/// The surfaces that turn a mid temperature of R407C into a dew temperature: evaporating side over the mean
 /// temperature in degrees Celsius and the liquid's enthalpy in kJ/kg, condensing side over the mean
 /// temperature alone. All zero until they are loaded.
 clsPolynomial& gPolynomialTEM();
 clsPolynomial& gPolynomialTCM();
 
-/// Reads both from gDatabase(). A missing row leaves its surface zero. Raises DatabaseError.
+/// Reads both from gDatabase(). A missing row leaves its surface zero. Throws DatabaseError.
 void loadSharedPolynomials();
 
 }  // namespace marvello

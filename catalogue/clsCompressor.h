@@ -31,7 +31,7 @@ class clsCompressor {
     clsVariables Variables;
     clsEconomizer Economizer;
     clsPolynomial PolynomialQ0;   ///< Cooling capacity, kW.
-    clsPolynomial polynomialPta;  ///< Absorbed power, kW.
+    clsPolynomial polynomialPta;  ///< Power input, kW.
     clsInverter InverterInfo;
     clsMotor Motor;
     std::string Refrigerant;
@@ -58,7 +58,7 @@ class clsCompressor {
 
     /// Loads the model for the conditions; false when the catalogue has no such row. `economized` chooses the
     /// envelope and the oil-cooling limit with economizer. A missing polynomial, motor or envelope leaves its
-    /// part empty: the calculation reports it. Raises DatabaseError, std::invalid_argument for an envelope
+    /// part empty: the calculation reports it. Throws DatabaseError, std::invalid_argument for an envelope
     /// line that does not parse, and ArithmeticFault.
     bool GetCompressorFromDb(clsDatabase& db, const clsProjectConditions& project,
                              const std::string& refrigerant, const std::string& serie,

@@ -12,17 +12,17 @@ class clsInverter {
     static constexpr double maximumFrequency = 70;
 
     double Q0C1 = 0, Q0C2 = 0, Q0C3 = 0;     ///< Frequency law of the capacity.
-    double PtaC1 = 0, PtaC2 = 0, PtaC3 = 0;  ///< Frequency law of the absorbed power.
-    double CaC1 = 0, CaC2 = 0, CaC3 = 0;     ///< Power factor over the absorbed power in kW.
+    double PtaC1 = 0, PtaC2 = 0, PtaC3 = 0;  ///< Frequency law of the power input.
+    double CaC1 = 0, CaC2 = 0, CaC3 = 0;     ///< Power factor over the power input in kW.
     double InCurrent = 0;
     std::string ViSelected;  ///< fField of the polynomial row in use: ten times the volume ratio.
 
     /// Factor on the capacity at `frequency` in Hz: r (r^2 Q0C1 + r Q0C2 + Q0C3 + 1) with r = frequency / 50
     /// in single precision.
     double getKQ0(float frequency) const { return factor(frequency, Q0C1, Q0C2, Q0C3); }
-    /// The same law for the absorbed power.
+    /// The same law for the power input.
     double getKPta(float frequency) const { return factor(frequency, PtaC1, PtaC2, PtaC3); }
-    /// Power factor of the motor at an absorbed power in kW.
+    /// Power factor of the motor at a power input in kW.
     double powerFactor(double power) const { return CaC1 * power * power + CaC2 * power + CaC3; }
 
   private:

@@ -5,7 +5,7 @@ namespace marvello {
 /// Correction factors.
 class clsKValues {
   public:
-    double Value1 = 0;  ///< Factor on the absorbed power with economizer; 0 counts as absent.
+    double Value1 = 0;  ///< Factor on the power input with economizer; 0 counts as absent.
 
     bool hasValue1() const { return Value1 != 0; }
 };

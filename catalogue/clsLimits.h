@@ -19,7 +19,7 @@ class clsPoints {
   public:
     void add(double x, double y);
     int Count() const { return static_cast<int>(points_.size()); }
-    /// By position from 1. Raises std::out_of_range.
+    /// By position from 1. Throws std::out_of_range.
     const clsPoint& Item(int index) const;
     /// Leaves the corners as they are.
     void Remove(int index);
@@ -39,7 +39,7 @@ class clsPoints {
     std::optional<clsPoint> right_;
 };
 
-/// Reads "x,y;x,y;...", brackets ignored and "." the decimal mark. Raises std::invalid_argument that names
+/// Reads "x,y;x,y;...", brackets ignored and "." the decimal mark. Throws std::invalid_argument that names
 /// the piece which is not two numbers.
 clsPoints parsePoints(std::string_view text);
 
@@ -91,10 +91,10 @@ enum class PolygonState { undecided = 0, outside = 1, onVertex = 2, onEdge = 3, 
 /// The envelope of a compressor: its lines, and the corners of all of them.
 class clsLimits {
   public:
-    /// Appends. Raises std::invalid_argument for a limit without points.
+    /// Appends. Throws std::invalid_argument for a limit without points.
     void add(std::shared_ptr<clsLimit> limit);
     int Count() const { return static_cast<int>(limits_.size()); }
-    /// By position from 1. Raises std::out_of_range.
+    /// By position from 1. Throws std::out_of_range.
     const clsLimit& Item(int index) const;
     void Remove(int index);
 

@@ -14,7 +14,7 @@ class clsMotor {
     std::string NominalPower;  ///< As shown to the user.
     int Voltage = 0;           ///< Supply voltage, V.
     int Phase = 0;
-    /// Current in A over the absorbed power t in kW at 50 Hz: c1 + c2 t + ... + c5 t^4.
+    /// Current in A over the power input t in kW at 50 Hz: c1 + c2 t + ... + c5 t^4.
     std::array<double, 5> c{};
     int Hz = 0;  ///< The supply's frequency; the row read is always the one of 50 Hz.
     MotorChoice MotorType = MotorChoice::small;

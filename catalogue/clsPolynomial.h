@@ -6,7 +6,7 @@
 
 namespace marvello {
 
-/// A ten-coefficient surface in two temperatures: capacity or absorbed power in kW over the evaporating (x)
+/// A ten-coefficient surface in two temperatures: capacity or power input in kW over the evaporating (x)
 /// and condensing (y) dew temperature in degrees Celsius, in the order of coefficients of EN 12900.
 class clsPolynomial {
   public:

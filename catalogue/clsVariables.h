@@ -29,12 +29,12 @@ class clsVariable {
     std::string Tag;
 
     const VariableValue& value() const { return value_; }
-    /// A text that reads as a number is stored as one. Raises ArithmeticFault for an infinity or
+    /// A text that reads as a number is stored as one. Throws ArithmeticFault for an infinity or
     /// not-a-number.
     void setValue(VariableValue value);
 
     bool isNumber() const { return std::holds_alternative<double>(value_); }
-    /// Raises VariableError when the value is no number.
+    /// Throws VariableError if the value is no number.
     double number() const;
     /// The value as text, a number with the locale's decimal mark.
     std::string text() const;

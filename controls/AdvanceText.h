@@ -99,7 +99,7 @@ class AdvanceText : public QWidget {
 
     QString Key() const { return key_; }
     QString OldKey() const { return oldKey_; }
-    /// Sets the key and raises KeyChange.
+    /// Sets the key and emits KeyChange.
     void SetKey(const QString& key);
     /// Sets the key without raising KeyChange; OldKey keeps the one before.
     void setkey(const QString& key);
@@ -115,7 +115,7 @@ class AdvanceText : public QWidget {
     /// The value: for TextType 1 a double, 0 when the stored text is no number; otherwise what was stored.
     QVariant TextValue() const;
     /// Stores the value, as a double when TextType is 1 and it is numeric, and shows it through TextFormat.
-    /// Never raises TextChange.
+    /// Never emits TextChange.
     void SetTextValue(const QVariant& value);
     /// The value as a double, 0 when it is no number.
     double number() const;
@@ -150,7 +150,7 @@ class AdvanceText : public QWidget {
     using Reader = std::function<TypedReading(const QString& text)>;
     void SetReader(Reader reader) { reader_ = std::move(reader); }
     /// Puts the value in the place of a text that says it in other words, such as one with another unit, and
-    /// raises TextChange for it. Does nothing for a bare number and for a text that is no number.
+    /// emits TextChange for it. Does nothing for a bare number and for a text that is no number.
     void commit();
 
     /// Painted as invalid: no number, out of its range, or refused by the owner.
@@ -161,7 +161,7 @@ class AdvanceText : public QWidget {
     /// What the owner has to say against the value, which will be put right before it is used; blank takes it
     /// back.
     void SetRemark(const QString& text);
-    /// What is wrong with the value, as said beside the field while it is in use, and in its tool tip.
+    /// What is wrong with the value, as said next to the field while it is in use, and in its tool tip.
     QString complaint() const { return fault_.text(); }
     /// A derived value that cannot be had: shown as a dash, and no fault of the field.
     void SetUnknown();

@@ -187,7 +187,7 @@ void AdvanceText::paintButton(QPainter& painter) const {
     paintIcon(painter, place, QStringLiteral("chev"), down ? look.accent : orElse(buttonForeColor_, rest));
 }
 
-// Beside the field while it is in use; the red frame stays when it is left.
+// Next to the field while it is in use; the red frame stays when it is left.
 void AdvanceText::showNote() {
     update();
     const QString wrong = complaint();

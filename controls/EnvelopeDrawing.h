@@ -40,8 +40,8 @@ struct GraphScale {
     double bottom = 0;
 };
 
-/// Draws the envelope of a compressor: grid, axes, limits and the duty point. It knows no widget, so that
-/// screen, picture and paper show the same. Lengths are logical pixels: a painter for paper is scaled to
+/// Draws the envelope of a compressor: grid, axes, limits and the operating point. It knows no widget, so
+/// that screen, picture and paper show the same. Lengths are logical pixels: a painter for paper is scaled to
 /// them.
 class EnvelopeDrawing {
   public:
@@ -72,7 +72,7 @@ class EnvelopeDrawing {
     /// colour, somewhat wider than they look, for finding what lies under the mouse.
     void paintHits(QPainter& painter, const QRectF& place) const;
 
-    /// A caption beside the line of its limit.
+    /// A caption next to the line of its limit.
     struct Caption {
         const clsLimit* limit;
         QString text;
@@ -98,7 +98,7 @@ class EnvelopeDrawing {
     bool touchesOther(const QRectF& caption, const clsLimit& own, const QRectF& place) const;
     double labelBaseline(const QRectF& place) const;
     double labelWidth() const;
-    /// Where the labels of y end: left of the corners, but beside the title where the picture is narrow.
+    /// Where the labels of y end: left of the corners, but next to the title where the picture is narrow.
     double labelRight(const QRectF& place) const;
     double gapOfLabels(double pixelsPerUnit, double width) const;
 

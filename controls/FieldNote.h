@@ -4,8 +4,8 @@
 
 namespace marvello {
 
-/// What is wrong with the value of a field, or what the field makes of it, in a bubble beside the widget that
-/// holds the field, so that it hides no other input. Takes neither focus nor mouse.
+/// What is wrong with the value of a field, or what the field makes of it, in a bubble next to the widget
+/// that holds the field, so that it hides no other input. Takes neither focus nor mouse.
 class FieldNote : public QWidget {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ class FieldNote : public QWidget {
 
     QString text_;
     Kind kind_ = Kind::fault;
-    bool isBelow_ = false;  // no room beside: the bubble hangs under the box
+    bool isBelow_ = false;  // no room next to it: the bubble hangs under the box
 };
 
 }  // namespace marvello

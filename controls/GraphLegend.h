@@ -9,7 +9,7 @@ class QPainter;
 namespace marvello {
 
 /// The legend of an envelope: a line sample and the description of each visible limit, the application limit
-/// first, then the over limit, then by type, and the duty point.
+/// first, then the over limit, then by type, and the operating point.
 class GraphLegend : public QWidget {
     Q_OBJECT
 

@@ -19,7 +19,7 @@ MessageBox::Handler& handler() {
     return instance;
 }
 
-/// The mark at the left of a box, drawn at the screen's own resolution.
+/// The mark on the left of a box, drawn at the screen's own resolution.
 class MarkLabel : public QWidget {
   public:
     MarkLabel(QString name, QWidget* parent) : QWidget(parent), name_(std::move(name)) {

@@ -339,7 +339,7 @@ class RichTextReader {
             block_.setBottomMargin(pixels);
         else
             return false;
-        // The text of a list's line stands behind its sign, at the left margin.
+        // The text of a list's line stands behind its sign, on the left margin.
         if (block_.textIndent() < 0)
             block_.setTabPositions({QTextOption::Tab(block_.leftMargin(), QTextOption::LeftTab)});
         return true;

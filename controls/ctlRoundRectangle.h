@@ -20,7 +20,7 @@ class ctlRoundRectangle : public QWidget {
     Q_PROPERTY(int GradientSizeMode MEMBER gradientSizeMode_ NOTIFY appearanceChanged)
     Q_PROPERTY(int GradientSizeValue MEMBER gradientSizeValue_ NOTIFY appearanceChanged)
     Q_PROPERTY(QColor RectInteriorColor MEMBER rectInteriorColor_ NOTIFY appearanceChanged)
-    /// 0: at the top, 1: at the left.
+    /// 0: at the top, 1: on the left.
     Q_PROPERTY(int GradientPosition MEMBER gradientPosition_ NOTIFY appearanceChanged)
     Q_PROPERTY(QImage Image READ Image)
     Q_PROPERTY(WId hWnd READ winId)

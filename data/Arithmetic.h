@@ -17,7 +17,7 @@ inline double checked(double value) {
     return value;
 }
 
-/// Conversion to an integer, half to even. Raises ArithmeticFault outside the range of `int`.
+/// Conversion to an integer, half to even. Throws ArithmeticFault outside the range of `int`.
 inline int roundedToInteger(double value) {
     const double whole = std::nearbyint(value);
     if (!(whole >= -2147483648.0 && whole <= 2147483647.0)) throw ArithmeticFault("A number is too large.");

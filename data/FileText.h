@@ -9,7 +9,7 @@ namespace marvello {
 /// All bytes of a file. Nothing when it is missing, is a folder or fails while it is read.
 std::optional<std::string> fileText(const std::filesystem::path& file);
 
-/// Writes to standard output. Raises std::runtime_error when it cannot be written, as on a full disk.
+/// Writes to standard output. Throws std::runtime_error if it cannot be written, as on a full disk.
 void printText(const std::string& text);
 
 }  // namespace marvello

@@ -16,7 +16,7 @@ struct Hooks {
     std::function<void()> giveTurn;
     /// Shows one sentence to the user and waits until it is acknowledged.
     std::function<void(BoxKind, const std::string& text)> showBox;
-    /// The per-user value of product, section and name; nothing when there is none.
+    /// The per-user value of product, section and name; none if there is none.
     std::function<std::optional<std::string>(const std::string& product, const std::string& section,
                                              const std::string& name)>
         readSetting;

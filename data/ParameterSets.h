@@ -17,7 +17,7 @@ struct ParameterAssignment {
 
 /// The assignments of the set (type, typeKey, key), in order, with each "{key}" replaced through
 /// `dictionaryText`. A piece without "=" is left out, and so is a value that needs a text which
-/// `dictionaryText` raises for or whose placeholders never end. Raises DatabaseError when the statement
+/// `dictionaryText` throws for or whose placeholders never end. Throws DatabaseError if the statement
 /// fails.
 std::vector<ParameterAssignment> readParameterSet(
     const std::string& type, const std::string& typeKey, const std::string& key,

@@ -36,7 +36,7 @@ class clsApplication {
     /// that wins text by text. Also reads the help documents, under "help." + name + ".rtf".
     void populateDictionary(const std::string& defaultLanguage, const std::string& language);
 
-    /// The text of a key; "" for a blank key. Raises UnknownTextKey for a key that is not there.
+    /// The text of a key; "" for a blank key. Throws UnknownTextKey for a key that is not there.
     std::string DictionaryRead(std::string_view key);
     clsDictionaryEntry* DictionaryEntry(std::string_view key);
 

@@ -28,10 +28,10 @@ class RecordSet {
 
     /// True when there is no current row.
     bool eof() const;
-    /// Goes to the next row. Raises DatabaseError when the statement fails.
+    /// Goes to the next row. Throws DatabaseError if the statement fails.
     void moveNext();
 
-    /// The value of a column of the current row. Each raises DatabaseError for an unknown column, for NULL
+    /// The value of a column of the current row. Each throws DatabaseError for an unknown column, for NULL
     /// and for a value that is not of the kind asked for, as an infinite number.
     double number(std::string_view column) const;
     int integer(std::string_view column) const;
@@ -66,13 +66,13 @@ class clsDatabase {
     std::string ConnectionString;
 
     /// Opens the connection unless it is open already. An argument that is not blank replaces
-    /// ConnectionString first. True when the connection is open; raises DatabaseError when the file is
+    /// ConnectionString first. True when the connection is open; throws DatabaseError when the file is
     /// missing, is no catalogue, has another schema version, or is locked by another program for longer than
     /// a moment. The file is opened for reading alone, so that a catalogue in a read-only folder serves; its
     /// views and triggers are switched off.
     bool Connect(const std::string& connectionString);
 
-    /// Runs the text as it stands. Raises DatabaseError on a closed connection or a failing statement.
+    /// Runs the text as it stands. Throws DatabaseError on a closed connection or a failing statement.
     RecordSet Execute(const std::string& sql);
 
     bool isOpen() const { return connection_ != nullptr; }

@@ -24,7 +24,7 @@ class clsDictionaryEntry {
 /// The texts by dotted key, without regard to case, in the order of insertion.
 class clsDictionary {
   public:
-    /// Adds an entry. Raises std::invalid_argument when the key exists.
+    /// Adds an entry. Throws std::invalid_argument if the key exists.
     clsDictionaryEntry& add(const std::string& key);
     /// The entry of a key or a position from 1, or nothing.
     clsDictionaryEntry* Item(std::string_view key);

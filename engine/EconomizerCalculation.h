@@ -11,7 +11,7 @@
 
 namespace marvello {
 
-/// The economized cycle of one compressor: beside the evaporator's flow `Mev` it takes in the flow `meco`
+/// The economized cycle of one compressor: next to the evaporator's flow `Mev` it takes in the flow `meco`
 /// through a port at intermediate pressure. Works on the compressor's variables as the standard cycle left
 /// them; temperatures in degrees Celsius, pressures in bar, enthalpies in kJ/kg, flows in kg/h, power and
 /// capacity in kW.

@@ -29,15 +29,15 @@ class clsSelections {
 
     /// Runs a whole selection; the results replace those before. `Serie` is the catalogue's name, `Models` a
     /// list joined with ";" or "*" for all, `Market` 0 for no filter. Without `conditions` those of before
-    /// serve. Raises DatabaseError, FluidLibraryError, what the loader raises, and std::invalid_argument for
+    /// serve. Throws DatabaseError, FluidLibraryError, what the loader throws, and std::invalid_argument for
     /// a catalogue that holds an entry twice; the results stay as far as they were built.
     void Selection(std::shared_ptr<const clsProjectConditions> conditions, const std::string& Serie,
                    const std::string& Models, const std::string& Refrigerants, std::uint8_t Market);
 
-    /// Adds under the compressor's key. Raises std::invalid_argument for a key that is there.
+    /// Adds under the compressor's key. Throws std::invalid_argument for a key that is there.
     void add(std::shared_ptr<clsCompressor> compressor);
 
-    /// The compressor at the cursor, at a position from 1, or of a key. Raises std::out_of_range.
+    /// The compressor at the cursor, at a position from 1, or of a key. Throws std::out_of_range.
     clsCompressor& Item() const { return Item(cursor_); }
     clsCompressor& Item(int position) const;
     clsCompressor& Item(std::string_view key) const;
@@ -48,7 +48,7 @@ class clsSelections {
 
     void MoveFirst() { cursor_ = 1; }
     void MoveLast() { cursor_ = Count(); }
-    /// Without bounds. Raise ArithmeticFault on overflow.
+    /// Without bounds. Throw ArithmeticFault on overflow.
     void MoveNext();
     void MovePrevious();
     bool EOC() const { return Count() == 0 || cursor_ > Count(); }

@@ -316,7 +316,7 @@ FluidState Flash::atPressureHeat(double pressure, Heat heat, double wanted) {
     return betweenEnds(boundary_->cutAtPressure(pressure), heat, wanted);
 }
 
-/// On an isobar that meets both ends of the two-phase region, in it or beside it.
+/// On an isobar that meets both ends of the two-phase region, in it or next to it.
 FluidState Flash::betweenEnds(const PhaseBoundary::Cut& cut, Heat heat, double wanted) {
     const PhaseState vapour = stateAt(cut.vapour);
     const double ofVapour = heatOf(vapour, heat);

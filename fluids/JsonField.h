@@ -55,7 +55,7 @@ class JsonField {
 /// A JSON file of the library in memory: an object whose `format` tells what it is, of version 1.
 class JsonFile {
   public:
-    /// Throws PropertyError with the file, the line or the field, and the reason, when the file is missing,
+    /// Throws PropertyError with the file, the line or the field, and the reason, if the file is missing,
     /// is no JSON, or is of another format.
     JsonFile(const std::filesystem::path& path, const std::string& format);
     /// Of the text of a file, which complaints call `name`.

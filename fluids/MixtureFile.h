@@ -8,7 +8,7 @@
 
 namespace marvello::fluids {
 
-/// What a mixture needs beside its components.
+/// What a mixture needs next to its components.
 struct MixtureModel {
     double gasConstant = 0;              ///< J/(mol K)
     std::vector<PairInteraction> pairs;  ///< in the order (0,1), (0,2), ..., (1,2), ...

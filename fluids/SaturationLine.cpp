@@ -88,7 +88,7 @@ SaturationLine::CriticalStep SaturationLine::stepToCritical(Phase& phase, double
             (byTemperature * slope - cross * here) / determinant};
 }
 
-/// The published critical point is rounded, and the equation's own lies beside it.
+/// The published critical point is rounded, and the equation's own lies next to it.
 void SaturationLine::findCritical(Phase& phase, const FluidPoint& published, const std::string& name) {
     double temperature = published.temperature;
     double density = published.density;

@@ -52,7 +52,7 @@ struct CriticalDistance {
 };
 
 /// Written with x^(1/(2 beta) - 1) and x^(a - 1), in which nothing divides by delta - 1. `value` is kept from
-/// 0 by what it is one rounding of tau beside the critical point: a negative power is taken of it.
+/// 0 by what it is one rounding of tau off the critical point: a negative power is taken of it.
 CriticalDistance criticalDistance(const ResidualTerm& term, double tau, double offset) {
     constexpr double rounding = std::numeric_limits<double>::epsilon();
     const double x = offset * offset;

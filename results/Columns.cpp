@@ -27,23 +27,36 @@ bool needsEconomizerPort(std::string_view key) {
     return std::ranges::find(keys, key) != keys.end();
 }
 
-/// The power input per ton of refrigeration, which only the list knows.
-double powerPerTon(const clsVariables& variables) {
-    const double tons = clsConvert().ConvertValue(variables[var::Q0], conversion::kilowattsToTons);
-    if (tons == 0) throw VariableError("There is no capacity.");
-    return variables[var::Pta] / tons;
+double withEconomizer(const clsCompressor& compressor) {
+    return compressor.Variables[var::Q0] + compressor.Variables[var::Qeco];
 }
+
+/// The power input per ton of refrigeration, which only the list knows.
+double powerPerTon(const clsCompressor& compressor) {
+    const double tons = clsConvert().ConvertValue(compressor.Variables[var::Q0], conversion::kilowattsToTons);
+    if (tons == 0) throw VariableError("There is no capacity.");
+    return compressor.Variables[var::Pta] / tons;
+}
+
+/// The columns that are not a variable of the calculation as it is.
+struct OwnColumn {
+    std::string_view key;
+    double (*value)(const clsCompressor& compressor);
+};
+constexpr std::array<OwnColumn, 7> ownColumns{{
+    {"q0btu", [](const clsCompressor& c) { return c.Variables[var::Q0]; }},
+    {"qecobtu", withEconomizer},
+    {"qeco", withEconomizer},
+    {"ikw/ton", powerPerTon},
+    {"@fla", [](const clsCompressor& c) { return c.Fla; }},
+    {"@lra1", [](const clsCompressor& c) { return c.Variables[var::Lra1]; }},
+    {"@lra2", [](const clsCompressor& c) { return c.Variables[var::Lra2]; }},
+}};
 
 /// Throws VariableError for a value that is not there.
 double metricValue(const clsCompressor& compressor, const std::string& key) {
-    const clsVariables& variables = compressor.Variables;
-    if (key == "q0btu") return variables[var::Q0];
-    if (key == "qeco" || key == "qecobtu") return variables[var::Q0] + variables[var::Qeco];
-    if (key == "ikw/ton") return powerPerTon(variables);
-    if (key == "@fla") return compressor.Fla;
-    if (key == "@lra1") return variables[var::Lra1];
-    if (key == "@lra2") return variables[var::Lra2];
-    return variables(key);
+    const auto* const own = std::ranges::find(ownColumns, key, &OwnColumn::key);
+    return own == ownColumns.end() ? compressor.Variables(key) : own->value(compressor);
 }
 
 /// How a column goes to the imperial system.
@@ -145,6 +158,10 @@ clsOutputs readOutputs(std::string_view text) {
         outputs.add(key, trimmed(parts[1]), trimmed(parts[3]), trimmed(parts[2]), {}, visibility);
     }
     return outputs;
+}
+
+bool isOwnColumn(std::string_view key) {
+    return std::ranges::find(ownColumns, lowered(key), &OwnColumn::key) != ownColumns.end();
 }
 
 bool isShown(int visibility, UnitSystem units, bool hasEconomizer) {

@@ -25,6 +25,9 @@ clsOutputs catalogueColumns();
 /// repeats a key, is left out.
 clsOutputs readOutputs(std::string_view text);
 
+/// Whether the list makes the column of a key itself; the others are variables of the calculation.
+bool isOwnColumn(std::string_view key);
+
 /// Whether a column of that visibility is shown.
 bool isShown(int visibility, UnitSystem units, bool hasEconomizer);
 

@@ -21,17 +21,17 @@ struct clsOutput {
 /// The columns of a results list by key, case ignored, in order.
 class clsOutputs {
   public:
-    /// An entry under `Name` is removed first; then the new one is added under `Key`. Raises
+    /// An entry under `Name` is removed first; then the new one is added under `Key`. Throws
     /// std::invalid_argument when the key is still taken.
     void add(const std::string& Key, const std::string& Name, const std::string& Description,
              const std::string& UmDescription, VariableValue value, int Visibility);
 
-    /// By key or by position from 1. Raises std::out_of_range.
+    /// By key or by position from 1. Throws std::out_of_range.
     clsOutput& Item(std::string_view key);
     const clsOutput& Item(int position) const;
     bool Exist(std::string_view key) const;
     void Remove(std::string_view key);
-    /// By position from 1. Raises std::out_of_range.
+    /// By position from 1. Throws std::out_of_range.
     void Remove(int position);
     void Clear() { outputs_.clear(); }
     int Count() const { return static_cast<int>(outputs_.size()); }

@@ -52,7 +52,7 @@ class clsConvert {
     /// From the library's units to the application's. `type`: 0 temperature, 1 pressure, 2 density, 3
     /// enthalpy, 4 entropy, 5 speed of sound, 6 viscosity, 7 thermal conductivity, 8 specific volume, 9
     /// surface tension. An unknown type shows a box and gives 0. The library's undefined marker shows the box
-    /// "Undefined" and comes back unconverted. Raises ArithmeticFault.
+    /// "Undefined" and comes back unconverted. Throws ArithmeticFault.
     double ConvertUnitsApp(double value, int type);
     /// From the application's units to the library's; types and failures as above, without the marker test.
     double ConvertUnitsRefprop(double value, int type);

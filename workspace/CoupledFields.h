@@ -21,7 +21,7 @@ struct CoupledFields {
 
 /// Works the other values out from the one that led: "ted", "tcd", "pe", "pc", "tcm" or "tem", in any case.
 /// `midEvaporating` and `midCondensing` lead from a mid temperature back to the dew temperature.
-/// Raises what the property service raises.
+/// Throws what the property service throws.
 void SyncTemperatureFields(std::string_view leader, CoupledFields& fields, const std::string& refrigerant,
                            clsRefprop& refprop, const clsPolynomial& midEvaporating,
                            const clsPolynomial& midCondensing);

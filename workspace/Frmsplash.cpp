@@ -39,7 +39,7 @@ QLabel* label(QWidget* parent, const char* name, int pixelSize, const char* colo
     return made;
 }
 
-/// An operating envelope as the program draws it, with the duty point.
+/// An operating envelope as the program draws it, with the operating point.
 void paintDrawing(QPainter& painter) {
     constexpr int left = 280;
     constexpr int step = 60;

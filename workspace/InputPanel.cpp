@@ -214,7 +214,7 @@ void InputPanel::layOut() {
     const int ring = ctlBtn::ring;
     const int footer = buttonGap + buttonHeight;
     const int rowsShown = std::max(pitch, std::min(rowsHeight, InternalHeight() - footer - helpGap));
-    // A bar beside the fields takes nothing of their width: it stands in the margin.
+    // A bar next to the fields takes nothing of their width: it stands in the margin.
     PicInput_->resize(width, rowsHeight);
     scroll_->setGeometry(InternalLeft(), InternalTop(), width, rowsShown);
 

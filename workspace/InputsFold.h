@@ -28,13 +28,13 @@ class InputsFold : public QObject {
     void setHasResults(bool has);
 
     bool isNarrow() const { return isNarrow_; }
-    /// True while the inputs take no room of their own: collapsed at the left, or folded into their line.
+    /// True while the inputs take no room of their own: collapsed on the left, or folded into their line.
     bool isCollapsed() const { return isNarrow_ ? !isOpen_ : isCollapsed_; }
     void collapse(bool collapse);
     /// Makes sure that the inputs can be seen and get the focus.
     void show();
 
-    /// The width of the inputs where they are at the left.
+    /// The width of the inputs where they are on the left.
     int panelWidth() const;
     void setPanelWidth(int width);
 

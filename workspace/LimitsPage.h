@@ -9,7 +9,7 @@ namespace marvello {
 class GraphLegend;
 class ctlGraph;
 
-/// The envelope of a compressor with the duty point, and its legend.
+/// The envelope of a compressor with the operating point, and its legend.
 class LimitsPage : public QWidget {
     Q_OBJECT
 

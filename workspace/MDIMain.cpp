@@ -314,7 +314,7 @@ void MDIMain::refreshState() {
     commands_[Command::collapseInputs]->setChecked(form && form->isCollapsed());
     cmbGroupBy_->setEnabled(hasResults);
     cmbmeasureunits_->setEnabled(form != nullptr);
-    // Each form keeps its own measure system.
+    // Each form keeps its own system of units.
     if (form) showKey(cmbmeasureunits_, QString::number(form->MeasureUnit()));
     refreshStatus(form);
 }

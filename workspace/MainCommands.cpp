@@ -284,7 +284,7 @@ void MDIMain::tileHorizontal() {
     }
 }
 
-// Minimised forms stand side by side at the lower edge, in rows from the bottom.
+// Minimised forms stand next to each other at the lower edge, in rows from the bottom.
 void MDIMain::arrangeIcons() {
     QPoint next(0, area_->viewport()->height());
     for (QMdiSubWindow* window : area_->subWindowList()) {

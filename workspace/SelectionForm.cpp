@@ -20,7 +20,6 @@
 #include "controls/ctlBtn.h"
 #include "data/Globals.h"
 #include "workspace/ApplyFormParameters.h"
-#include "workspace/Commands.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/DropList.h"
 #include "workspace/EmptyPage.h"
@@ -189,6 +188,7 @@ void SelectionForm::makePopUp() {
         entry->setObjectName(menuName(page.key));
         entry->setCheckable(true);
         connect(entry, &QAction::triggered, this, [this, key = page.key] { MnuPopUp(QLatin1String(key)); });
+        popUpEntries_.push_back({entry, page.menuText, Needs::nothing});
     }
     mnu_cpspopup_->addSeparator();
     const auto add = [this](Command command, auto act) {
@@ -200,6 +200,7 @@ void SelectionForm::makePopUp() {
         entry->setShortcut(definition.keys);
         entry->setShortcutVisibleInContextMenu(true);
         connect(entry, &QAction::triggered, this, act);
+        popUpEntries_.push_back({entry, definition.popUpTextKey, definition.needs});
     };
     add(Command::copy, [this] { CopyToClipBoard(); });
     add(Command::printPreview, [this] { PrintReport(true); });
@@ -209,8 +210,8 @@ void SelectionForm::makePopUp() {
 
 void SelectionForm::openPopUp(const QPoint& place) {
     if (!resultOf(lvCps_->selectedRow())) return;
-    for (const Command command : {Command::printPreview, Command::print})
-        findChild<QAction*>(QLatin1String(definitionOf(command).popUpName))->setEnabled(canPrint());
+    for (const PopUpEntry& entry : popUpEntries_)
+        if (entry.needs == Needs::printableRow) entry.action->setEnabled(canPrint());
     mnu_cpspopup_->popup(lvCps_->viewport()->mapToGlobal(place));
 }
 
@@ -240,6 +241,7 @@ void SelectionForm::Traduci() {
     const bool isChinese = gApplication().User().language == "cn-CN";
     panel_->ResizeControls(isChinese ? wideCaptionWidth : InputPanel::usualCaptionWidth);
     applySet(QStringLiteral("populate"));
+    columns_ = catalogueColumns();
     panel_->lnkCalculate->setText(dictionaryText(QStringLiteral("frmselection.lnkcalculate.caption")));
     panel_->SetCaptionText(dictionaryText(QStringLiteral("frmselection.coolframe1.captiontext")));
     panel_->lnkDefaults->setText(dictionaryText(QStringLiteral("frmselection.lnkdefaults.caption")));
@@ -271,12 +273,8 @@ void SelectionForm::translatePages() {
     technical_->setCaption(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.tecnic")));
     dimension_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.dimension")));
     TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.pages")));
-    const auto translate = [this](const QString& entry, const char* key) {
-        findChild<QAction*>(entry)->setText(dictionaryText(QLatin1String(key)));
-    };
-    for (const Page& page : allPages) translate(menuName(page.key), page.menuText);
-    for (const CommandDefinition& command : allCommands())
-        if (command.popUpName) translate(QLatin1String(command.popUpName), command.popUpTextKey);
+    for (const PopUpEntry& entry : popUpEntries_)
+        entry.action->setText(dictionaryText(QLatin1String(entry.textKey)));
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
 }

@@ -10,6 +10,7 @@
 #include "results/ReportLines.h"
 #include "results/ResultTable.h"
 #include "thermo/UnitSystem.h"
+#include "workspace/Commands.h"
 #include "workspace/CoupleLeaders.h"
 #include "workspace/EconomizerValues.h"
 #include "workspace/EnteredValue.h"
@@ -41,7 +42,7 @@ class TechnicalPage;
 class frmpG;
 struct ExportFile;
 
-/// A selection form: the inputs at the left, and beside them what to do next or the results of the last
+/// A selection form: the inputs on the left, and next to them what to do next or the results of the last
 /// calculation. Its kind tells the fixed-speed form from that of inverter compressors.
 class SelectionForm : public QWidget {
     Q_OBJECT
@@ -65,8 +66,8 @@ class SelectionForm : public QWidget {
     /// Lists the results anew, if there are any, with the same row selected.
     void relistResults();
     void PopulateFrame4();
-    /// Shows the form in a measure system, 0 metric and 1 imperial: inputs are converted for display and keep
-    /// the value that was entered. With `refresh` the results are listed anew.
+    /// Shows the form in a system of units, 0 metric and 1 imperial: inputs are converted for display and
+    /// keep the value that was entered. With `refresh` the results are listed anew.
     void MeasureUnits(int unit, bool refresh);
     int MeasureUnit() const { return static_cast<int>(measureUnit_); }
     void CloseFrame(bool collapse);
@@ -93,7 +94,8 @@ class SelectionForm : public QWidget {
 
     /// What the next form of this kind starts with.
     FormState state() const;
-    /// Takes over the inputs of another form, in its own measure system, as far as the catalogue offers them.
+    /// Takes over the inputs of another form, in its own system of units, as far as the catalogue offers
+    /// them.
     void takeOver(const FormState& state);
 
     bool hasResults() const;
@@ -172,7 +174,7 @@ class SelectionForm : public QWidget {
     void followLeaders();
     /// Lets the dew temperatures lead, with all that follows from them.
     void leadByDew();
-    /// Says beside a field that its value is beyond its range, and what is permitted.
+    /// Says next to a field that its value is beyond its range, and what is permitted.
     void sayRanges();
     static void sayRange(AdvanceText* field, double low, double high);
     /// Says that the evaporating temperature is above the condensing one.
@@ -207,7 +209,7 @@ class SelectionForm : public QWidget {
     bool runSelection();
     void showResults();
     void closesplitter34();
-    /// What stands beside the inputs while there is no list: what to do, and why the list went.
+    /// What stands next to the inputs while there is no list: what to do, and why the list went.
     void invite(const QString& editedField = QString());
 
     // SelectionResults.cpp
@@ -231,7 +233,7 @@ class SelectionForm : public QWidget {
     void populateDimension(const clsCompressor& compressor);
     void populateLimits(const clsCompressor& compressor);
     std::vector<TechnicalEntry> technicalEntries(const clsCompressor& compressor) const;
-    /// Limits and duty point in the units of the form.
+    /// Limits and operating point in the units of the form.
     EnvelopeDrawing envelopeOf(const clsCompressor& compressor) const;
 
     // SelectionReport.cpp
@@ -265,9 +267,16 @@ class SelectionForm : public QWidget {
     DimensionPage* dimension_;
     LimitsPage* limits_;
     QMenu* mnu_cpspopup_;
+    struct PopUpEntry {
+        QAction* action;
+        const char* textKey;
+        Needs needs;
+    };
+    std::vector<PopUpEntry> popUpEntries_;
     DropList* dropList_;
     std::unique_ptr<frmpG> progress_;
     std::unique_ptr<clsSelections> Selection_;
+    clsOutputs columns_;  ///< of the list, in the user's language
     ResultTable table_;
     std::vector<const ResultRow*> rows_;  ///< of the table in the rows of the list; null for a group
     FormState defaults_;

@@ -423,7 +423,7 @@ void SelectionForm::sayOrder() {
             filled(dictionaryText(QStringLiteral("frmselection.evaporatingabove")),
                    {formatNumber(evaporating->number(), u"#0.0#"),
                     formatNumber(condensing->number(), u"#0.0#"), evaporating->UnitCaptiontext().trimmed()});
-    // Beside the fields that were typed in.
+    // Next to the fields that were typed in.
     for (const auto& [name, couple] :
          {std::pair{fromCore(leaders_.evaporatingField()), coupleOf(QStringLiteral("ted"))},
           {fromCore(leaders_.condensingField()), coupleOf(QStringLiteral("tcd"))}})
@@ -516,7 +516,7 @@ void SelectionForm::showHelp() {
     emit guideRequested();
 }
 
-// A field beside the selector of its mode has no caption of its own.
+// A field next to the selector of its mode has no caption of its own.
 QString SelectionForm::captionOf(const AdvanceText* field) const {
     const AdvanceText* named = field == panel_->txtSH           ? panel_->cmbSh
                                : field == panel_->txtEco        ? panel_->cmbEco

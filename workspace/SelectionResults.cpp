@@ -44,7 +44,7 @@ void SelectionForm::populateLVCPS(int groupBy) {
     groupBy_ = static_cast<Grouping>(groupBy);
     if (!Selection_ || Selection_->Count() == 0) return;
     clearList();
-    table_ = listResults(*Selection_, catalogueColumns(),
+    table_ = listResults(*Selection_, columns_,
                          {.units = measureUnit_,
                           .hasEconomizer = panel_->cmbEco->Key() != noEconomizer,
                           .grouping = groupBy_,

@@ -20,7 +20,7 @@ class frmMenu : public QDialog {
 
     explicit frmMenu(QWidget* frame);
 
-    /// Shows the menu and waits. Escape, or a click beside it, chooses nothing.
+    /// Shows the menu and waits. Escape, or a click next to it, chooses nothing.
     Choice choose();
 
     /// Where a choice is in the window.

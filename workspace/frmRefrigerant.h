@@ -17,7 +17,7 @@ class frmRefrigerant : public DialogFrame {
     explicit frmRefrigerant(QWidget* parent);
 
     /// Shows the dialog with the refrigerants of `choice.Parameter` ("R134A;R290") checked. Gives the record
-    /// with those that were checked in the end, or nothing when the user cancelled.
+    /// with those that were checked in the end, or none if the user cancelled.
     std::optional<clsParametersForm> OpenForm(clsParametersForm choice);
 
   private:

@@ -35,7 +35,7 @@ constexpr int fontFamilies = 4;
 constexpr int fontStyles = 4;
 
 /// The record of a family (1 Courier New, 2 Times New Roman, 3 Arial, 4 Symbol) and a style (1 regular, 2
-/// bold, 3 italic, 4 bold italic). Raises std::out_of_range for another index.
+/// bold, 3 italic, 4 bold italic). Throws std::out_of_range for another index.
 const FontMetrics& fontMetrics(int family, int style);
 
 }  // namespace marvello

@@ -5,7 +5,7 @@
 namespace marvello {
 
 /// Appends a number as PDF writes it: rounded to 3 decimals, half to even, without zeros at the end and
-/// without exponent, with "." whatever the locale. Raises std::domain_error for an infinity or not a number.
+/// without exponent, with "." whatever the locale. Throws std::domain_error for an infinity or not a number.
 void appendNumber(std::string& line, double value);
 
 /// The number alone.

@@ -18,11 +18,11 @@ class PdfFileError : public std::runtime_error {
 /// The file of a document: bytes go out through a buffer and are counted.
 class PdfStream {
   public:
-    /// Makes the file, or empties one that is there. Raises PdfFileError.
+    /// Makes the file, or empties one that is there. Throws PdfFileError.
     void open(const std::string& fileName);
-    /// Raises PdfFileError when the disk is full or the like, and when no file is open.
+    /// Throws PdfFileError if the disk is full or the like, and when no file is open.
     void write(std::string_view bytes);
-    /// Raises PdfFileError when what is left in the buffer cannot be written. The file is closed in any case.
+    /// Throws PdfFileError if what is left in the buffer cannot be written. The file is closed in any case.
     void close();
     /// Closes a file whose contents no longer matter; without effect when none is open.
     void abandon() { file_.reset(); }

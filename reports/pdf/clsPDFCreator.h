@@ -89,7 +89,7 @@ class clsPDFCreator {
     /// Returns the name of the file.
     std::string InitPDFFile(const std::string& fileName);
     void ClosePDFFile();
-    /// Returns the number of the page. Raises std::length_error beyond page 32767.
+    /// Returns the number of the page. Throws std::length_error beyond page 32767.
     std::int16_t StartPage();
     void EndPage() { endStream(); }
     /// The count of pages so far, equally the number of the current page.
@@ -141,7 +141,7 @@ class clsPDFCreator {
     void DrawCircle(double x, double y, double r, int options);
     /// Chords of an arc from the angle `start` in steps of `step` as far as `end`, in degrees. `ratio` is the
     /// height of an ellipse over its width, `rotation` turns the whole. A `pie` goes from the centre and
-    /// back. Raises std::invalid_argument for a step that leads nowhere.
+    /// back. Throws std::invalid_argument for a step that leads nowhere.
     void Arc(double x, double y, double r, double start, double end, double ratio, bool pie, double rotation,
              double step, int options);
 
@@ -153,11 +153,11 @@ class clsPDFCreator {
 
     // Images
 
-    /// Makes `name` the image of a bitmap file; false when there is no bitmap. Raises BitmapError (see
+    /// Makes `name` the image of a bitmap file; false when there is no bitmap. Throws BitmapError (see
     /// Bitmap.h).
     bool LoadImgFromBMPFile(const std::string& name, const std::string& path, bool gray);
     /// Makes `name` the image in a buffer such as Bitmap holds. Bits per pixel other than 1, 4, 8 and 24 do
-    /// nothing. Raises std::invalid_argument for a buffer that is shorter than its size tells.
+    /// nothing. Throws std::invalid_argument for a buffer that is shorter than its size tells.
     void LoadImgFromBuffer(const std::string& name, std::string_view buffer, std::string_view palette,
                            bool gray);
     /// y is the image's top edge.

@@ -49,7 +49,7 @@ TEST(polygonTest, ClosedAndOpenSquares) {
     EXPECT_EQ(polygonTest(parsePoints("0,0;10,0;0,10;0,0"), 2, 2), PolygonState::inside);
 }
 
-// The angles of the axes are told one by one: a point straight above, below and beside the corners of a
+// The angles of the axes are told one by one: a point straight above, below and next to the corners of a
 // diamond.
 TEST(polygonTest, CornersStraightAboveBelowAndBeside) {
     for (const char* diamond : {"5,0;10,5;5,10;0,5;5,0", "5,0;0,5;5,10;10,5;5,0"}) {

@@ -35,7 +35,7 @@ TEST(RoundRectangle, PaintsItsGradientWithinTheRoundedPanel) {
     panel.setProperty("GradientFillRect", 0);
     EXPECT_NEAR(at(25, 10).red(), 50, 5);
     EXPECT_NEAR(at(75, 20).red(), 150, 5);
-    // A length at the left.
+    // A length on the left.
     panel.setProperty("GradientSizeMode", 0);
     panel.setProperty("GradientSizeValue", 20);
     panel.setProperty("GradientPosition", 1);

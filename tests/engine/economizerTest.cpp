@@ -62,7 +62,7 @@ TEST_F(economizer, ACapacityBeyondATank) {
     EXPECT_EQ(v("EcoOK"), 0);
 }
 
-// The bubble point at the port beside the liquid at T3 = 45 - 3.0001 degC decides what is tried at all.
+// The bubble point at the port next to the liquid at T3 = 45 - 3.0001 degC decides what is tried at all.
 TEST_F(economizer, ALiquidThatThePortCannotCool) {
     // Above it there is nothing to be had: said, and what was set up before stays.
     portWithBubblePointAt(41.9999 + 0.5);

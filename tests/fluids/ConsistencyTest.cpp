@@ -22,7 +22,7 @@ class Consistency : public testing::TestWithParam<Refrigerant> {
     const Model& model = modelOf(GetParam());
 };
 
-/// Also beside the critical point, where random states are held to less.
+/// Also next to the critical point, where random states are held to less.
 TEST_P(Consistency, QualitiesFromEnthalpyAndEntropyAgree) {
     for (double t = model.lowest + 1e-9; t < model.critical().temperature - 0.01;
          t += 0.1 * (model.critical().temperature + 1 - t)) {
@@ -86,7 +86,7 @@ TEST_P(Consistency, AroundTheCriticalPoint) {
         const double loss = distance < 1e-4 ? 1e5 : 1;  // of rounding
         for (int k = 0; k < angles; ++k) {
             const double angle = 2 * std::numbers::pi * k / angles;
-            // Beside the saturation line p changes about seven times as fast as T.
+            // Next to the saturation line p changes about seven times as fast as T.
             const double t = model.critical().temperature * (1 + distance * std::cos(angle));
             const double p = model.critical().pressure * (1 + 5 * distance * std::sin(angle));
             SCOPED_TRACE(testing::Message() << t << " K " << p << " kPa");
@@ -139,7 +139,7 @@ TEST_P(Consistency, DerivativesAgreeWithDifferences) {
     }
 }
 
-/// Saturated vapour within 1e-9 of the dew pressure, and the true phase 0.0001 K beside it.
+/// Saturated vapour within 1e-9 of the dew pressure, and the true phase 0.0001 K next to it.
 TEST_P(Consistency, OnTheLineIsVapourAndBesideItIsNot) {
     for (const double t : {230.0, 273.15, 313.15, 338.0}) {
         if (t > model.critical().temperature - 0.5) continue;

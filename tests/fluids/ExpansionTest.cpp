@@ -73,7 +73,7 @@ TEST(Expansion, Inverse) {
     for (int k = 0; k < 3000; ++k) {
         const double x = anywhere(random);
         EXPECT_NEAR(expansion.inverse(0, rising(x), begin, end), x, 1e-11);
-        // On a branch that falls, and with the bracket's end beside the place looked for.
+        // On a branch that falls, and with the bracket's end next to the place looked for.
         if (x > 0.01) {
             EXPECT_NEAR(expansion.inverse(1, bell(x), 0, end), x, 1e-9);
             EXPECT_NEAR(expansion.inverse(1, bell(x), 0.999 * x, 1.0001 * x), x, 1e-9);

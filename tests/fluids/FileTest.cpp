@@ -81,7 +81,7 @@ TEST(ShippedFiles, DescribeTheirFluids) {
         // What a hot discharge reaches.
         EXPECT_GE(fluid.temperatureExtrapolated, 450);
         EXPECT_GE(fluid.temperatureExtrapolated, fluid.temperatureMax);
-        // The compressibility factor at the critical point of these families, and the reducing point beside
+        // The compressibility factor at the critical point of these families, and the reducing point next to
         // it.
         const double compressibility = fluid.critical.pressure / (fluid.critical.density * fluid.gasConstant *
                                                                   fluid.critical.temperature);

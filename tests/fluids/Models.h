@@ -13,7 +13,7 @@ namespace marvello::test {
 /// The fluids of these shipped files, such as R134A.FLD, with their pairs.
 fluids::Mixture mixtureOf(const std::vector<std::string>& files);
 
-/// A refrigerant as the inner classes of the library see it, beside the C functions.
+/// A refrigerant as the inner classes of the library see it, next to the C functions.
 struct Model {
     explicit Model(const Refrigerant& refrigerant);
 

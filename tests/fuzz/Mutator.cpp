@@ -34,7 +34,7 @@ std::vector<std::pair<std::size_t, std::size_t>> numbersIn(const std::string& te
     return found;
 }
 
-/// A little beside the number, far from it, or one of the limits.
+/// A little next to the number, far from it, or one of the limits.
 double another(double number, std::minstd_rand& random) {
     constexpr double limits[]{0, 1, -1, 0.02, 0.1, 0.5, 10, 20, 100, 200, 1e5, 1e9, -200, 1e-300, 1e300};
     std::uniform_real_distribution<double> wide(-2, 2);

@@ -21,7 +21,7 @@ void tryFile(std::string_view bytes) {
     try {
         const auto bitmap = readBitmap(bytes);
         if (!bitmap) return;
-        // What the reader lets in is never too short for the writer, which would raise std::invalid_argument.
+        // What the reader lets in is never too short for the writer, which would throw std::invalid_argument.
         for (const bool gray : {false, true})
             creator().LoadImgFromBuffer("I", bitmap->buffer, bitmap->palette, gray);
     } catch (const BitmapError&) {

@@ -1,4 +1,5 @@
-// Any text as rating points and as a batch of duty points: refused with file and line, or fitted and read.
+// Any text as rating points and as a batch of operating points: refused with file and line, or fitted and
+// read.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

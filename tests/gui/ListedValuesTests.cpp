@@ -1,4 +1,4 @@
-// What the list of a form shows, against what the program without a window says of the same duty point.
+// What the list of a form shows, against what the program without a window says of the same operating point.
 
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ using nlohmann::json;
 
 namespace {
 
-/// A number typed into a field, in both measure systems, and the option that says the same.
+/// A number typed into a field, in both systems of units, and the option that says the same.
 struct Typed {
     const char* field;
     const char* metric;

@@ -139,7 +139,7 @@ TEST_P(ReportTest, SaysWhatTheListShows) {
 }
 
 TEST_P(ReportTest, TheTableKeepsClearOfTheFoot) {
-    // The longest: economised, imperial, with warnings.
+    // The longest: economized, imperial, with warnings.
     form->MeasureUnits(1, true);
     field("lstSeries")->SetKey(QStringLiteral("TK-A"));
     field("cmbEco")->SetKey(QStringLiteral("1"));

@@ -228,7 +228,7 @@ class Soak {
         QTest::keyClick(rows, random(6) == 0 ? Qt::Key_Escape : Qt::Key_Return);
     }
 
-    // A list that is shown belongs to the inputs beside it: calculated once more, it is the same.
+    // A list that is shown belongs to the inputs next to it: calculated once more, it is the same.
     void calculate() {
         const bool wasShown = form()->hasResults();
         const QStringList before = compressorsOf(listOf(*form()));

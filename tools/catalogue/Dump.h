@@ -7,7 +7,7 @@
 
 namespace marvello {
 
-/// The content of a catalogue file, in the order in which the program meets it. Raises std::runtime_error for
+/// The content of a catalogue file, in the order in which the program meets it. Throws std::runtime_error for
 /// a file that is no catalogue, has an unknown schema version or holds what the tables cannot. A file that
 /// was changed since it was built is read all the same, as is one of schema version 1; `doubt` then says so.
 Content readCatalogue(const std::filesystem::path& file, std::string* doubt = nullptr);

@@ -11,6 +11,7 @@
 #include "catalogue/clsInverter.h"
 #include "data/Numbers.h"
 #include "data/clsApplication.h"
+#include "results/Columns.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Program.h"
 #include "tools/catalogue/Rows.h"

@@ -258,7 +258,7 @@ class PerformanceCheck {
         }
     }
 
-    /// The least and the greatest absorbed power over the envelope, kW at 50 Hz, at all that is on offer.
+    /// The least and the greatest power input over the envelope, kW at 50 Hz, at all that is on offer.
     std::optional<std::pair<double, double>> load(const Row& row, const Points& points) const {
         std::optional<std::pair<double, double>> range;
         const clsInverter laws = inverterOf(row);

@@ -1,4 +1,4 @@
-// The photos and dimension drawings beside the tables.
+// The photos and dimension drawings next to the tables.
 
 #include <set>
 

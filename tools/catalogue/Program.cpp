@@ -18,11 +18,6 @@ std::span<const AppliedSet> appliedSets() {
     return all;
 }
 
-bool isOwnColumn(std::string_view key) {
-    constexpr std::array<std::string_view, 6> own{"Q0Btu", "QecoBtu", "ikw/ton", "@Fla", "@Lra1", "@Lra2"};
-    return std::ranges::any_of(own, [key](auto each) { return equalIgnoringCase(each, key); });
-}
-
 std::vector<std::string> CompletedKey::keys() const {
     std::vector<std::string> whole;
     for (const auto& ending : endings) {

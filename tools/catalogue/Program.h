@@ -25,9 +25,6 @@ std::span<const AppliedSet> appliedSets();
 /// The fKey of the sets "catalog", one a series-model.
 inline constexpr std::string_view technicalDataKey = "eng";
 
-/// Whether the results list makes the column itself, besides those that are variables of the calculation.
-bool isOwnColumn(std::string_view key);
-
 /// The dictionary keys that stand whole in the program's sources, and those that it completes: "general."
 /// with something behind it, "frmselection.help.%1.caption". Taken from the sources by the build.
 std::span<const std::string_view> keysInSources();

@@ -53,7 +53,7 @@ void writeTable(SQLite::Database& database, const TableContent& content) {
 
 void writeAll(const Content& content, const fs::path& file) {
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    // No journal beside a file that is thrown away when anything fails; the header then says delete mode.
+    // No journal next to a file that is thrown away when anything fails; the header then says delete mode.
     database.exec(
         "PRAGMA journal_mode=OFF; PRAGMA application_id=" + std::to_string(clsDatabase::applicationId) +
         "; PRAGMA user_version=" + std::to_string(clsDatabase::schemaVersion));

@@ -30,7 +30,7 @@ struct Tables {
     TextTable saturation, singlePhase, flash;
 };
 
-/// The rows of one refrigerant beside the library set up for it.
+/// The rows of one refrigerant next to the library set up for it.
 class Comparer {
   public:
     Comparer(const Composition& composition, const Tables& tables, Comparison& to)

@@ -22,7 +22,7 @@ enum class Quantity {
     count
 };
 
-/// One number of a reference state beside that of the library.
+/// One number of a reference state next to that of the library.
 struct Deviation {
     std::string refrigerant;
     Quantity quantity{};

@@ -306,7 +306,7 @@ void scroll(QWidget& page) {
     QApplication::sendEvent(tabs, &move);
 }
 
-/// Fields with parts left out, with more than fits, and with notes beside and below.
+/// Fields with parts left out, with more than fits, and with notes next to and below.
 std::unique_ptr<QWidget> moreFields() {
     auto whole = std::make_unique<QWidget>();
     QWidget* const page = whole.get();

@@ -1,4 +1,4 @@
-// marvello-pdf-showcase FILE: writes the sample document. The bitmaps that it shows go beside it.
+// marvello-pdf-showcase FILE: writes the sample document. The bitmaps that it shows go next to it.
 #include <cstdio>
 #include <exception>
 #include <filesystem>
