@@ -1,15 +1,14 @@
 #include "platform/UserLocale.h"
 
-#include <langinfo.h>
 #include <clocale>
 
 namespace marvello {
 
 std::string userDecimalMark() {
-    const locale_t user = newlocale(LC_NUMERIC_MASK, "", nullptr);
-    if (user == nullptr) return ".";
-    const std::string mark = nl_langinfo_l(RADIXCHAR, user);
-    freelocale(user);
+    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+    if (std::setlocale(LC_NUMERIC, "") == nullptr) return ".";
+    std::string mark = std::localeconv()->decimal_point;
+    std::setlocale(LC_NUMERIC, before.c_str());
     return mark;
 }
 
