@@ -10,6 +10,7 @@
 #include "bench/GrownCatalogue.h"
 #include "bench/Windows.h"
 #include "controls/AdvanceText.h"
+#include "controls/Marks.h"
 #include "controls/ResultsView.h"
 #include "engine/clsSelections.h"
 #include "workspace/MDIMain.h"
@@ -131,11 +132,7 @@ void fill(ResultsView& list) {
         if (row % 100 == 0) list.addGroup(QStringLiteral("@%1").arg(row), QStringLiteral("R134A"));
         QStringList values;
         for (int i = 1; i < 20; ++i) values += QString::number(row * 1.1 + i, 'f', 1);
-        list.addRow({QString::number(row),
-                     QStringLiteral("TK-A-%1").arg(row),
-                     QStringLiteral("ledgreen"),
-                     {},
-                     values});
+        list.addRow({QString::number(row), QStringLiteral("TK-A-%1").arg(row), mark::possible, {}, values});
     }
     list.fitColumns();
 }

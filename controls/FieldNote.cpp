@@ -8,6 +8,7 @@
 
 #include "controls/Icons.h"
 #include "controls/Look.h"
+#include "controls/Marks.h"
 
 namespace marvello {
 
@@ -83,7 +84,7 @@ void FieldNote::paintEvent(QPaintEvent*) {
     painter.drawPath(shape.united(tip));
     const QRect inner = bubble().adjusted(padding, 0, -padding, 0);
     paintMark(painter, QRect(inner.left(), inner.center().y() - markSize / 2 + 1, markSize, markSize),
-              kind_ == Kind::fault ? QStringLiteral("ledred") : QStringLiteral("msginformation"));
+              kind_ == Kind::fault ? mark::notPossible : mark::information);
     painter.setPen(look.text);
     painter.setFont(noteFont());
     painter.drawText(inner.adjusted(markSize + markGap, 0, 1, 0),

@@ -13,7 +13,7 @@ namespace marvello {
 /// checked. Sharp at any size and device pixel ratio.
 QIcon icon(const QString& name);
 
-/// A mark ("ledgreen", "msgerror", ...) in the colours of the current look.
+/// A mark, by its name in Marks.h, in the colours of the current look.
 QIcon markIcon(const QString& name);
 
 /// Paints an icon in one colour.

@@ -8,6 +8,7 @@
 
 #include "controls/DialogFrame.h"
 #include "controls/Icons.h"
+#include "controls/Marks.h"
 #include "controls/ctlBtn.h"
 
 namespace marvello {
@@ -65,8 +66,7 @@ void MessageBox::show(QWidget* parent, Mark mark, const QString& text) {
     }
     DialogFrame box(QApplication::applicationDisplayName(), ownerOf(parent));
     QString markName;
-    if (mark != Mark::plain)
-        markName = mark == Mark::critical ? QStringLiteral("msgerror") : QStringLiteral("msginformation");
+    if (mark != Mark::plain) markName = mark == Mark::critical ? mark::error : mark::information;
     addText(box, markName, text);
     auto* ok = new ctlBtn(QStringLiteral("OK"), true, &box);
     QObject::connect(ok, &ctlBtn::clicked, &box, &QDialog::accept);
@@ -77,7 +77,7 @@ void MessageBox::show(QWidget* parent, Mark mark, const QString& text) {
 
 bool MessageBox::ask(QWidget* parent, const QString& question, const QString& yes, const QString& no) {
     DialogFrame box(QApplication::applicationDisplayName(), ownerOf(parent));
-    addText(box, QStringLiteral("msgattention"), question);
+    addText(box, mark::attention, question);
     auto* refuse = new ctlBtn(no, false, &box);
     auto* agree = new ctlBtn(yes, true, &box);
     QObject::connect(refuse, &ctlBtn::clicked, &box, &QDialog::reject);

@@ -11,7 +11,7 @@ class MessagesView : public QListWidget {
   public:
     explicit MessagesView(QWidget* parent = nullptr);
 
-    /// `mark` is "msgerror", "msgattention" or "msginformation"; `tag` is kept with the row.
+    /// `mark` is a name of Marks.h; `tag` is kept with the row.
     /// `markText` is what the mark says, for a screen reader. `causes` are what failed: the first is a quiet
     /// line below the text, all are its tool tip.
     void addMessage(const QString& mark, const QString& markText, const QString& text, const QString& tag,

@@ -12,6 +12,7 @@
 
 #include "controls/Icons.h"
 #include "controls/Look.h"
+#include "controls/Marks.h"
 #include "controls/TwoLineHeader.h"
 
 namespace marvello {
@@ -134,7 +135,7 @@ void ResultsView::markSorted(const QString& column, bool descending) {
 }
 
 void ResultsView::addGroup(const QString& key, const QString& text) {
-    addRow({key, text, QStringLiteral("ledblue"), {}, {}});
+    addRow({key, text, mark::group, {}, {}});
     const int row = model_.rowCount() - 1;
     const QString spoken = QString(spokenGroup_).replace(QStringLiteral("{0}"), text);
     for (int column = 0; column < model_.columnCount(); ++column) {

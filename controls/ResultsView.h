@@ -25,7 +25,7 @@ class ResultsView : public QTreeView {
     struct Row {
         QString key;
         QString label;
-        QString mark;        ///< name of the mark, such as "ledgreen"; blank without one
+        QString mark;        ///< its name in Marks.h; blank without one
         QString markText;    ///< what the mark says, for a screen reader
         QStringList values;  ///< one for each column after the first
     };

@@ -14,10 +14,10 @@ class Reader {
 
     std::vector<CsvRecord> read() {
         std::vector<CsvRecord> records;
-        while (at_ < text_.size()) {
+        while (!ended()) {
+            const bool isEmptyLine = atLineEnd();
             CsvRecord record = readRecord();
-            const bool emptyLine = record.fields.size() == 1 && record.fields.front().empty();
-            if (!emptyLine) records.push_back(std::move(record));
+            if (!isEmptyLine) records.push_back(std::move(record));
         }
         return records;
     }
@@ -51,7 +51,7 @@ class Reader {
         if (at('"')) return readQuotedField();
         const auto start = at_;
         while (!at(',') && !atLineEnd()) {
-            if (at('"')) addFault(line_, "a quote stands inside a field that does not begin with one");
+            if (at('"')) addFault(line_, "a quote is inside a field that does not begin with one");
             ++at_;
         }
         return std::string(text_.substr(start, at_ - start));
@@ -72,7 +72,7 @@ class Reader {
         }
         ++at_;
         if (at(',') || atLineEnd()) return field;
-        addFault(line_, "text stands behind the closing quote of a field");
+        addFault(line_, "text comes after the closing quote of a field");
         while (!at(',') && !atLineEnd()) ++at_;
         return field;
     }

@@ -23,7 +23,7 @@ std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, F
 /// A text as a field of RFC 4180: in double quotes where it holds a separator, a quote or a line end.
 std::string csvField(const std::string& text);
 
-/// A record of these fields, with its line end. A single empty field stands in quotes, since an empty line is
+/// A record of these fields, with its line end. A single empty field is in quotes, since an empty line is
 /// no record.
 std::string csvLine(const std::vector<std::string>& fields);
 

@@ -6,7 +6,7 @@
 
 namespace marvello {
 
-/// All bytes of a file. Nothing when it is missing, is a folder or fails while it is read.
+/// Returns all bytes of a file; none if it is missing, is a folder or fails while it is read.
 std::optional<std::string> fileText(const std::filesystem::path& file);
 
 /// Writes to standard output. Throws std::runtime_error if it cannot be written, as on a full disk.

@@ -99,6 +99,12 @@ std::vector<ParameterAssignment> readParameterSet(const std::string& type, const
     return assignments;
 }
 
+std::vector<ParameterAssignment> readParameterSet(const std::string& type, const std::string& typeKey,
+                                                  const std::string& key) {
+    return readParameterSet(type, typeKey, key,
+                            [](const std::string& text) { return gApplication().DictionaryRead(text); });
+}
+
 std::optional<AssignedValue> convertedValue(ValueKind kind, const std::string& value) {
     if (kind == ValueKind::text) return value;
     if (kind == ValueKind::colour) {

@@ -23,6 +23,10 @@ std::vector<ParameterAssignment> readParameterSet(
     const std::string& type, const std::string& typeKey, const std::string& key,
     const std::function<std::string(const std::string&)>& dictionaryText);
 
+/// The same with the texts of the user's language.
+std::vector<ParameterAssignment> readParameterSet(const std::string& type, const std::string& typeKey,
+                                                  const std::string& key);
+
 /// What the value of an assignment is converted to, by the type of the property.
 enum class ValueKind { boolean, whole, real, colour, text };
 

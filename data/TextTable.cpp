@@ -36,6 +36,7 @@ TextTable::TextTable(const std::filesystem::path& file) : file_(file.string()) {
         row.fields_ = std::move(record.fields);
     }
     if (columns_.empty()) throw std::runtime_error(file_ + " has no header line.");
+    if (rows_.empty()) throw std::runtime_error(file_ + " has no rows.");
 }
 
 void TextTable::Row::fault(std::string_view column, const std::string& reason) const {

@@ -9,8 +9,8 @@
 namespace marvello {
 
 /// A CSV file with named columns. Lines that begin with "#" are remarks, the first other one names the
-/// columns. A file that cannot be read, a column that is not there and a field that is not what is asked for
-/// throw std::runtime_error with file, line and column.
+/// columns. A file that cannot be read or has no rows, a column that is not there and a field that is not
+/// what is asked for throw std::runtime_error with file, line and column.
 class TextTable {
   public:
     explicit TextTable(const std::filesystem::path& file);

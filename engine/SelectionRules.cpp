@@ -92,7 +92,7 @@ void SelectionRules::polynomials() {
     if (!hasSoundPolynomials()) raise(messages_.Error, "messages.message31");
 }
 
-// Kept: the polynomials and the capacity step are tested twice, so that their messages stand twice.
+// Kept: the polynomials and the capacity step are tested twice, so their messages come twice.
 void SelectionRules::polynomialsAndMotor(const clsLimits& around) {
     if (!hasSoundPolynomials()) {
         raise(messages_.Error, "messages.message31");

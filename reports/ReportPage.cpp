@@ -9,6 +9,7 @@
 #include "controls/GraphLegend.h"
 #include "controls/Icons.h"
 #include "controls/Look.h"
+#include "controls/Marks.h"
 
 namespace marvello {
 
@@ -179,7 +180,7 @@ class Page {
         painter_.fillRect(QRectF(box.left(), box.top(), 2 * mm, box.height()), warningOrange);
         constexpr double mark = 9 * mm;
         paintMarkOnPaper(painter_, QRectF(box.left() + 7 * mm, box.center().y() - mark / 2, mark, mark),
-                         QStringLiteral("msgattention"));
+                         mark::attention);
         const double left = box.left() + 20 * mm;
         const QRectF words(left, box.top() + 2.5 * mm, box.right() - left - 3 * mm, 5 * mm);
         text(words, Qt::AlignLeft | Qt::AlignVCenter, 9 * point, content_.warning, ink, QFont::Medium);

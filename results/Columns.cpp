@@ -4,10 +4,8 @@
 #include <array>
 
 #include "data/DictionaryTexts.h"
-#include "data/Globals.h"
 #include "data/ParameterSets.h"
 #include "data/Texts.h"
-#include "results/Verdict.h"
 #include "thermo/clsConvert.h"
 
 namespace marvello {
@@ -139,9 +137,7 @@ ShownValue calculatedValue(const clsCompressor& compressor, const clsOutput& col
 
 clsOutputs catalogueColumns() {
     // Both forms have the columns of one.
-    for (const auto& [object, property, value] :
-         readParameterSet("frm", "frmselection", "populate",
-                          [](const std::string& key) { return gApplication().DictionaryRead(key); }))
+    for (const auto& [object, property, value] : readParameterSet("frm", "frmselection", "populate"))
         if (equalIgnoringCase(object, "lvCps") && equalIgnoringCase(property, "Tag"))
             return readOutputs(value);
     return {};
@@ -189,12 +185,10 @@ std::string unitText(const clsOutput& column, UnitSystem units) {
 
 ShownValue valueIn(const clsCompressor& compressor, const clsOutput& column, UnitSystem units,
                    const NumberMarks& marks) {
-    const ShownValue blank{.text = "  "};
-    if (verdictOf(compressor) == Verdict::notPossible) return blank;
     try {
         return calculatedValue(compressor, column, units, marks);
     } catch (const std::exception&) {
-        return blank;  // a column of the catalogue that this calculation has no value for
+        return blankValue;  // a column of the catalogue that this calculation has no value for
     }
 }
 

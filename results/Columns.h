@@ -36,8 +36,9 @@ bool isShown(int visibility, UnitSystem units, bool hasEconomizer);
 /// converted.
 std::string unitText(const clsOutput& column, UnitSystem units);
 
-/// Returns what a column shows for a calculated compressor: two blanks for one that is not possible, and for
-/// a column that the calculation has no value for.
+inline const ShownValue blankValue{.text = "  "};
+
+/// Returns what a column shows for a calculated compressor; blank if the calculation has no value for it.
 ShownValue valueIn(const clsCompressor& compressor, const clsOutput& column, UnitSystem units,
                    const NumberMarks& marks = {});
 

@@ -52,8 +52,10 @@ ResultTable listResults(const clsSelections& selection, const clsOutputs& column
         if (table.groups.empty() || table.groups.back().name != group)
             table.groups.push_back({std::move(group), {}});
         ResultRow row{compressor, std::move(label), verdictOf(*compressor), {}};
+        const bool isBlank = row.verdict == Verdict::notPossible;
         for (const clsOutput* column : shown)
-            row.values.push_back(valueIn(*compressor, *column, options.units, options.marks));
+            row.values.push_back(isBlank ? blankValue
+                                         : valueIn(*compressor, *column, options.units, options.marks));
         table.groups.back().rows.push_back(std::move(row));
     }
     options.order.sort(table);

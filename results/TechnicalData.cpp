@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "data/DictionaryTexts.h"
-#include "data/Globals.h"
 #include "data/ParameterSets.h"
 #include "data/Texts.h"
 #include "results/ResultTable.h"
@@ -77,9 +76,7 @@ std::string inThreeDigits(double value, const NumberMarks& marks) {
 /// The value in the parameter set of a model: "caption|value;caption|value".
 std::string catalogueText(const clsCompressor& compressor) {
     try {
-        for (const auto& [object, property, value] :
-             readParameterSet("catalog", nameOf(compressor), "eng",
-                              [](const std::string& key) { return gApplication().DictionaryRead(key); }))
+        for (const auto& [object, property, value] : readParameterSet("catalog", nameOf(compressor), "eng"))
             if (equalIgnoringCase(object, "picTecnic") && equalIgnoringCase(property, "Tag")) return value;
     } catch (const DatabaseError&) {
         return {};  // a set that cannot be read says no more than a missing one

@@ -46,7 +46,7 @@ std::span<const CommandDefinition> allCommands() {
 }
 
 const CommandDefinition& definitionOf(Command command) {
-    return allCommands()[static_cast<std::size_t>(command)];
+    return *std::ranges::find(allCommands(), command, &CommandDefinition::command);
 }
 
 Commands::Commands(QObject& owner) {

@@ -46,7 +46,7 @@ struct CommandDefinition {
     const char* popUpTextKey = nullptr;  ///< of the dictionary
 };
 
-/// All commands, in the order of `Command`.
+/// All commands.
 std::span<const CommandDefinition> allCommands();
 const CommandDefinition& definitionOf(Command command);
 

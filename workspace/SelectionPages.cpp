@@ -8,33 +8,17 @@
 #include "controls/Splitter.h"
 #include "controls/TabStrip.h"
 #include "results/EnvelopeTexts.h"
-#include "results/Messages.h"
 #include "workspace/CompressorFiles.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/InputPanel.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/PolynomialsPage.h"
+#include "workspace/ResultMarks.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
-
-namespace {
-
-QString markOf(Severity severity) {
-    switch (severity) {
-        case Severity::error:
-            return QStringLiteral("msgerror");
-        case Severity::attention:
-            return QStringLiteral("msgattention");
-        case Severity::information:
-            break;
-    }
-    return QStringLiteral("msginformation");
-}
-
-}  // namespace
 
 void SelectionForm::clearPages() {
     lvMessages_->clear();
@@ -68,8 +52,7 @@ void SelectionForm::populateMessages(const clsCompressor& compressor) {
         const QString mark = markOf(message.severity);
         QStringList causes;
         for (const std::string& cause : message.causes) causes += fromCore(cause);
-        lvMessages_->addMessage(mark, dictionaryTextIfAny(QStringLiteral("general.") + mark),
-                                fromCore(message.text), fromCore(message.key), causes);
+        lvMessages_->addMessage(mark, markText(mark), fromCore(message.text), fromCore(message.key), causes);
     }
 }
 

@@ -10,6 +10,7 @@
 #include "controls/Splitter.h"
 #include "workspace/InputPanel.h"
 #include "workspace/InputRules.h"
+#include "workspace/ResultMarks.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 
@@ -17,25 +18,11 @@ namespace marvello {
 
 namespace {
 
-/// The name of the mark of a verdict, which is that of its picture and its text too.
-QString markOf(Verdict verdict) {
-    switch (verdict) {
-        case Verdict::possible:
-            return QStringLiteral("ledgreen");
-        case Verdict::possibleWithWarnings:
-            return QStringLiteral("ledorange");
-        case Verdict::notPossible:
-            break;
-    }
-    return QStringLiteral("ledred");
-}
-
 ResultsView::Row viewRowOf(const ResultRow& row) {
     QStringList values;
     for (const ShownValue& value : row.values) values += fromCore(value.text);
     const QString mark = markOf(row.verdict);
-    return {fromCore(row.compressor->Key()), fromCore(row.label), mark,
-            dictionaryTextIfAny(QStringLiteral("general.") + mark), values};
+    return {fromCore(row.compressor->Key()), fromCore(row.label), mark, markText(mark), values};
 }
 
 }  // namespace

@@ -11,9 +11,11 @@
 #include <vector>
 
 #include "controls/AdvanceText.h"
+#include "controls/Marks.h"
 #include "controls/ResultsView.h"
 #include "reports/ReportOutput.h"
 #include "workspace/MDIMain.h"
+#include "workspace/ResultMarks.h"
 #include "workspace/SelectionForm.h"
 
 namespace marvello {
@@ -52,15 +54,18 @@ void print(const ResultsView& list) {
         for (int row = 0; row < list.rowCount(); ++row)
             widths.back() = std::max(widths.back(), signsIn(list.text(row, column).toStdString()));
     }
+    std::size_t markWidth = 0;
+    for (const QString& mark : mark::withText)
+        markWidth = std::max(markWidth, signsIn(markText(mark).toStdString()));
     const auto printLine = [&](const std::string& mark, const auto& textOf) {
-        std::cout << padded(mark, 10, false);
+        std::cout << padded(mark, markWidth, false);
         for (int column = 0; column < headers.size(); ++column)
             std::cout << "  " << padded(textOf(column), widths[static_cast<std::size_t>(column)], column > 0);
         std::cout << '\n';
     };
     printLine("", [&](int column) { return headers[column].toStdString(); });
     for (int row = 0; row < list.rowCount(); ++row)
-        printLine(list.isGroup(row) ? "" : list.mark(row).toStdString(),
+        printLine(list.isGroup(row) ? "" : markText(list.mark(row)).toStdString(),
                   [&](int column) { return list.text(row, column).toStdString(); });
 }
 

@@ -1,4 +1,4 @@
-// Shows every control in every state side by side, or saves the picture; with --metafile that drawing
+// Shows every control in each of its states on one page, or saves the picture; with --metafile that drawing
 // instead.
 //   marvello-gallery [--dark] [--graph] [--save FILE] [--metafile FILE]
 // QT_SCALE_FACTOR chooses the scaling.

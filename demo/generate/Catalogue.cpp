@@ -88,7 +88,7 @@ class SeriesBuilder {
     }
 
   private:
-    /// All that a row of tCompressors needs beside its plan.
+    /// All that a row of tCompressors needs next to its plan.
     struct Electrics {
         MotorRows::Entry full;
         MotorRows::Entry small;

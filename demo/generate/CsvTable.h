@@ -13,7 +13,7 @@ struct CsvTable {
     std::vector<std::vector<std::string>> rows;
 };
 
-/// Writes a table as NAME.csv (RFC 4180) into a folder. Throws std::runtime_error when the file cannot be
+/// Writes a table as NAME.csv (RFC 4180) into a folder. Throws std::runtime_error if the file cannot be
 /// written.
 void writeTable(const CsvTable& table, const std::filesystem::path& folder);
 

@@ -23,7 +23,7 @@ std::map<std::string, std::vector<FluidPart>> readCompositions(const std::filesy
 /// that answers. A call out of range throws std::runtime_error.
 class Fluid {
   public:
-    /// The fluid files are looked for in the folder Fluids, beside the library or below the current folder.
+    /// The fluid files are looked for in the folder Fluids, next to the library or below the current folder.
     explicit Fluid(const std::vector<FluidPart>& parts);
 
     double dewPressure(double temperature) const;

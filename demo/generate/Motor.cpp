@@ -24,7 +24,7 @@ double ratingOf(std::size_t size) {
     return horsepowers[size] * kilowattsAHorsepower / efficiency * suctionGasCooling;
 }
 
-/// Current drawn at an absorbed power. The reactive share is the magnetizing current and a leakage that grows
+/// Current drawn at a power input. The reactive share is the magnetizing current and a leakage that grows
 /// with the square of the load; at the rating the power factor is 0.88.
 double drawn(double power, double rating) {
     constexpr double magnetizing = 0.32;

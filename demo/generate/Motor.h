@@ -12,7 +12,7 @@ enum class Start { starDelta = 1, partWinding = 2 };
 /// A three-phase motor of the maker's row at 400 V, 50 Hz.
 struct Motor {
     double rating = 0;                ///< kW, the greatest power that it may absorb
-    std::array<double, 5> current{};  ///< A, polynomial of the absorbed power in kW
+    std::array<double, 5> current{};  ///< A, polynomial of the power input in kW
     double lockedRotorFirst = 0;      ///< A, in the first stage of the start
     double lockedRotorSecond = 0;     ///< A, direct on the line
     std::string nominalPower;
@@ -26,7 +26,7 @@ std::size_t motorSizeFor(double shaftPower);
 
 Motor motorOf(std::size_t size, Start start);
 
-/// Power factor of a motor at an absorbed power, as c1 P^2 + c2 P + c3.
+/// Power factor of a motor at a power input, as c1 P^2 + c2 P + c3.
 std::array<double, 3> powerFactorLaw(const Motor& motor);
 
 }  // namespace marvello::generate

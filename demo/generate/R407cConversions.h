@@ -8,7 +8,7 @@ namespace marvello::generate {
 /// A conversion of a mean into a dew temperature of R407C, as the selection forms evaluate it.
 struct Conversion {
     const char* name = "";        ///< row of tPolynomials
-    Coefficients coefficients{};  ///< of x the mean temperature in degC, y the liquid's enthalpy in kJ/kg
+    Coefficients coefficients{};  ///< of x the mid temperature in degC, y the liquid's enthalpy in kJ/kg
     std::size_t states = 0;
     FitError error;  ///< K
 };

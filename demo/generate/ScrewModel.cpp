@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kiloPascalsAMegaPascal = 1000;
 
-/// Share of the absorbed power that leaves through housing, oil separator and motor cap. Oil separators are
+/// Share of the power input that leaves through housing, oil separator and motor cap. Oil separators are
 /// not insulated and as hot as the discharge gas.
 constexpr double heatToSurroundings = 0.11;
 

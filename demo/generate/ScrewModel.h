@@ -54,7 +54,7 @@ struct Performance {
     double dischargeTemperature = 0;  ///< degC, likewise
     double massFlow = 0;              ///< kg/h
     double pressureRatio = 0;
-    double isentropicEfficiency = 0;  ///< ideal power of the flow delivered over the absorbed power
+    double isentropicEfficiency = 0;  ///< ideal power of the flow delivered over the power input
 };
 
 /// Work in kJ/kg of a machine without leakage and friction whose built-in volume ratio lies between two
@@ -75,7 +75,7 @@ Performance fullLoad(const ScrewMachine& machine, const CyclePoint& point, doubl
 Performance fullLoad(const ScrewMachine& machine, const Fluid& fluid, double evaporating, double condensing,
                      double speed = 1);
 
-/// Absorbed power in kW of a motor that drives a shaft: a share of its rating is lost always, another grows
+/// Power input in kW of a motor that drives a shaft: a share of its rating is lost always, another grows
 /// with the square of the load.
 double motorInput(double shaftPower, double rating);
 

@@ -53,7 +53,7 @@ bool printSummaries(const GeneratedCatalogue& catalogue) {
     return sound;
 }
 
-/// Prints how well R407C's mean temperatures are converted; false when one misses by 0.05 K or more.
+/// Prints how well R407C's mid temperatures are converted; false when one misses by 0.05 K or more.
 bool printConversions(const GeneratedCatalogue& catalogue) {
     constexpr double allowed = 0.05;
     bool sound = true;

@@ -52,7 +52,7 @@ struct Design {
 Design designOf(const std::string& serie, const Body& body);
 
 /// The outer diameter in mm of a connection such as 2 1/8" (a copper pipe) or DN 100; 0 for an empty text.
-/// Throws std::runtime_error when the text is neither.
+/// Throws std::runtime_error if the text is neither.
 double connectionDiameter(const std::string& text);
 
 }  // namespace marvello::pictures

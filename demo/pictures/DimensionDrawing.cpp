@@ -37,7 +37,7 @@ double rowHeight(const DimensionRow& row) {
     return lineHeight * static_cast<double>(linesOf(row.models).size()) + 1.4;
 }
 
-/// The middle of each column: models at the left, six lengths, connections.
+/// The middle of each column: models on the left, six lengths, connections.
 struct Columns {
     double models = margin + 1.5;
     double length = 70;   ///< of A

@@ -5,9 +5,9 @@
 
 namespace marvello::pictures {
 
-/// Draws the machine from the side, motor end (open drive: shaft end) at the left.
+/// Draws the machine from the side, motor end (open drive: shaft end) on the left.
 void drawSide(Sheet& sheet, const Placing& view, const Design& design);
-/// Draws it from the discharge end; x = 0 is the middle, the front lies at the left.
+/// Draws it from the discharge end; x = 0 is the middle, the front lies on the left.
 void drawEnd(Sheet& sheet, const Placing& view, const Design& design);
 
 }  // namespace marvello::pictures

@@ -93,7 +93,7 @@ void showMetafile(const std::string& from, const std::string& to, int width) {
     if (!image.save(QString::fromStdString(to))) throw std::runtime_error(to + " cannot be written.");
 }
 
-/// Puts the photos of a folder side by side.
+/// Puts the photos of a folder onto one sheet.
 void saveSheet(const std::string& folder, const std::string& file) {
     const QStringList names =
         QDir(QString::fromStdString(folder)).entryList({"*.jpg"}, QDir::Files, QDir::Name);
@@ -129,8 +129,7 @@ int run(int argc, char** argv) {
     take->add_option("--series", photos.series, "only these");
     take->add_flag("--draft", photos.isDraft, "small and with rough edges, for a quick look");
     std::string folder, file;
-    CLI::App* sheet =
-        program.add_subcommand("sheet", "puts the photos of a folder side by side into a picture");
+    CLI::App* sheet = program.add_subcommand("sheet", "puts the photos of a folder onto one sheet");
     sheet->add_option("folder", folder)->required()->check(CLI::ExistingDirectory);
     sheet->add_option("file", file)->required();
     CLI::App* draw = program.add_subcommand("drawings", "draws the dimension drawings");

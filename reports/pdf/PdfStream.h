@@ -20,7 +20,7 @@ class PdfStream {
   public:
     /// Makes the file, or empties one that is there. Throws PdfFileError.
     void open(const std::string& fileName);
-    /// Throws PdfFileError if the disk is full or the like, and when no file is open.
+    /// Throws PdfFileError if the disk is full or the like, and if no file is open.
     void write(std::string_view bytes);
     /// Throws PdfFileError if what is left in the buffer cannot be written. The file is closed in any case.
     void close();

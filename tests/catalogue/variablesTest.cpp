@@ -68,7 +68,7 @@ TEST(Variables, NamesAreDistinctAndFoundInAnyCase) {
     EXPECT_EQ(variableNamed("Q00"), std::nullopt);
 }
 
-// A formula speaks of variables of its own stage or of earlier ones, and of nothing that does not exist.
+// What looks like the name of a variable in a formula is one, in its spelling.
 TEST(Variables, FormulasUseKnownNames) {
     const std::set<std::string> others{"h",    "s",     "ρ",    "t",        "i",   "min",  "pdew",
                                        "pbub", "tdew",  "tbub", "dew",      "FLA", "LRA1", "LRA2",

@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "controls/Marks.h"
 #include "controls/ResultsView.h"
 #include "controls/TwoLineHeader.h"
 #include "controls/ctlBtn.h"
@@ -101,7 +102,7 @@ TEST(ResultsView, KeepsRowsByKeyAndMovesTheSelection) {
     ResultsView view;
     view.setColumns({{"compressor", "Compressor", ""}, {"Q0", "A rather long heading(kW)", ""}});
     view.addGroup("@R134A", "R134A");
-    view.addRow({"k1", "TK-A-120", "ledgreen", "no remarks", {"68.1"}});
+    view.addRow({"k1", "TK-A-120", mark::possible, "no remarks", {"68.1"}});
     view.fitColumns();
     view.show();
     EXPECT_TRUE(view.isGroup(0));
@@ -126,8 +127,8 @@ TEST(ResultsView, TheFirstColumnStaysInPlaceWhenTheOthersScroll) {
                      {"pta", "Power(kW)", {}},
                      {"ca", "Current(A)", {}}});
     view.addGroup("g", "R134A");
-    view.addRow({"1", "TK-A-120", "ledgreen", {}, {"69.9", "16.8", "31.0"}});
-    view.addRow({"2", "TK-A-140", "ledred", {}, {"81.8", "19.6", "37.0"}});
+    view.addRow({"1", "TK-A-120", mark::possible, {}, {"69.9", "16.8", "31.0"}});
+    view.addRow({"2", "TK-A-140", mark::notPossible, {}, {"81.8", "19.6", "37.0"}});
     view.addGroup("h", "R407C");
     view.resize(260, 200);
     view.show();

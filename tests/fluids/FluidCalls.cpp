@@ -16,11 +16,7 @@ RefpropSession& session() {
     return theSession;
 }
 
-Answer answerOf(const RefpropAnswer& answer) { return {answer.code, answer.sentence}; }
-
-Properties propertiesOf(const RefpropState& state) {
-    return {state, session().liquid(), session().vapour(), answerOf(state.answer)};
-}
+Properties propertiesOf(const RefpropState& state) { return {state, session().liquid(), session().vapour()}; }
 
 }  // namespace
 
@@ -77,11 +73,11 @@ Moles molesOf(const std::vector<double>& massFractions) {
 
 Answer setUp(const std::string& files, std::int32_t count, const std::string& reference) {
     useFractions({1.0});
-    return answerOf(session().load(files, count, "Fluids\\hmx.bnc", reference));
+    return session().load(files, count, "Fluids\\hmx.bnc", reference);
 }
 
 Answer setReference(const std::string& reference, std::int32_t flag) {
-    return answerOf(session().setReference(reference, flag));
+    return session().setReference(reference, flag);
 }
 
 Properties saturationAtT(double t, std::int32_t side) {

@@ -15,16 +15,11 @@ constexpr double undefined = -9999990;
 
 using Fractions = RefpropSession::Fractions;
 
-/// Error code and sentence of a call, the sentence without the blanks behind it.
-struct Answer {
-    std::int32_t code = 0;
-    std::string text;
-};
+using Answer = RefpropAnswer;
 
 /// What a flash or a saturation call gives, with the inputs of a flash repeated.
 struct Properties : RefpropState {
     Fractions x{}, y{};
-    Answer error{};
 };
 
 /// What a refrigerant consists of, in the order of the tables.

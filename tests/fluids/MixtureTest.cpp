@@ -194,8 +194,8 @@ void expectAlike(const std::vector<Properties>& one, const std::vector<Propertie
     ASSERT_EQ(one.size(), other.size());
     for (std::size_t k = 0; k < one.size(); ++k) {
         SCOPED_TRACE(k);
-        ASSERT_EQ(one[k].error.code, 0) << one[k].error.text;
-        ASSERT_EQ(other[k].error.code, 0) << other[k].error.text;
+        ASSERT_EQ(one[k].answer.code, 0) << one[k].answer.sentence;
+        ASSERT_EQ(other[k].answer.code, 0) << other[k].answer.sentence;
         for (double P::* const part : {&P::t, &P::p, &P::Dl, &P::Dv, &P::h, &P::s, &P::w})
             EXPECT_LT(deviation(other[k].*part, one[k].*part), tolerance);
         EXPECT_NEAR(other[k].q, one[k].q, tolerance);
@@ -231,7 +231,7 @@ TEST(Mixtures, OfOneComponentAreThePureFluid) {
         std::vector<double> mass(3, 0.0);
         mass[place] = 1;
         const Answer answer = setUpOf(files, mass);
-        ASSERT_EQ(answer.code, 0) << answer.text;
+        ASSERT_EQ(answer.code, 0) << answer.sentence;
         const std::vector<Properties> found = sampleStates();
         for (std::size_t k = 0; k < found.size(); ++k) EXPECT_EQ(found[k].x[place], 1);
         std::vector<std::size_t> places(3, 1);
@@ -257,7 +257,7 @@ TEST(Mixtures, TwentyComponentsWithRepeats) {
         files.push_back(allFiles[files.size() % allFiles.size()]);
         mass.push_back(0);
     }
-    ASSERT_EQ(setUpOf(files, mass).text, "");
+    ASSERT_EQ(setUpOf(files, mass).sentence, "");
     std::vector<Properties> found = sampleStates();
     for (Properties& state : found) {
         for (Fractions* fractions : {&state.x, &state.y}) {
@@ -272,7 +272,7 @@ TEST(Mixtures, TwentyComponentsWithRepeats) {
 TEST(Mixtures, OfAFluidWithItself) {
     ASSERT_EQ(setUp(refrigerant("R32")).code, 0);
     const std::vector<Properties> told = sampleStates();
-    ASSERT_EQ(setUpOf({"R32.FLD", "R32.FLD"}, {0.3, 0.7}).text, "");
+    ASSERT_EQ(setUpOf({"R32.FLD", "R32.FLD"}, {0.3, 0.7}).sentence, "");
     std::vector<Properties> found = sampleStates();
     for (Properties& state : found) {
         EXPECT_NEAR(state.x[0], 0.3, 1e-12);
@@ -291,16 +291,16 @@ TEST(Mixtures, OfAllFluids) {
             setUpOf(files, std::vector<double>(files.size(), 1.0 / static_cast<double>(files.size())));
         if (answer.code != 0) {
             EXPECT_EQ(answer.code, 102);
-            EXPECT_THAT(answer.text, HasSubstr("could not be followed"));
+            EXPECT_THAT(answer.sentence, HasSubstr("could not be followed"));
             EXPECT_EQ(atTP(300, 100).D, undefined);
             continue;
         }
         const Properties bubble = saturationAtT(280, 1);
         const Properties dew = saturationAtT(280, 2);
-        ASSERT_EQ(bubble.error.code + dew.error.code, 0);
+        ASSERT_EQ(bubble.answer.code + dew.answer.code, 0);
         EXPECT_GT(bubble.p, dew.p);
         const Properties wet = atTP(280, (bubble.p + dew.p) / 2);
-        ASSERT_EQ(wet.error.code, 0) << wet.error.text;
+        ASSERT_EQ(wet.answer.code, 0) << wet.answer.sentence;
         EXPECT_TRUE(wet.q > 0 && wet.q < 1);
         EXPECT_LT(deviation(atPH(wet.p, wet.h).t, 280), 1e-10);
         EXPECT_LT(deviation(atPS(wet.p, wet.s).t, 280), 1e-10);

@@ -11,6 +11,7 @@
 #include <tuple>
 #include <vector>
 
+#include "controls/Marks.h"
 #include "controls/ResultsView.h"
 #include "tests/gui/RealWindow.h"
 #include "tests/support/Controls.h"
@@ -139,10 +140,16 @@ std::string cellOf(const json& compressor, const QString& key, bool isImperial) 
     return key == u"Pra" && text == "-" ? "0" : text;
 }
 
-class ListedValuesTest : public ::testing::TestWithParam<std::tuple<int, bool>>,
-                         public marvello::testing::RealWindow {
+class ListedDuty : public ::testing::Test, public marvello::testing::RealWindow {
   protected:
-    ListedValuesTest() : RealWindow("en-EN") {}
+    ListedDuty() : RealWindow("en-EN") {}
+
+    SelectionForm* calculated(const Duty& duty, bool isImperial) {
+        SelectionForm* form = duty.hasInverter ? window->newInverterSelection() : window->newSelection();
+        fill(*form, duty, isImperial);
+        form->lnkCalculate_Click();
+        return form;
+    }
 
     void fill(SelectionForm& form, const Duty& duty, bool isImperial) {
         form.MeasureUnits(isImperial ? 1 : 0, true);
@@ -166,19 +173,21 @@ class ListedValuesTest : public ::testing::TestWithParam<std::tuple<int, bool>>,
     }
 };
 
+class ListedValuesTest : public ListedDuty, public ::testing::WithParamInterface<std::tuple<int, bool>> {};
+class ExportedListTest : public ListedDuty, public ::testing::WithParamInterface<int> {};
+
+constexpr auto everyDuty = [] { return ::testing::Range(0, static_cast<int>(duties.size())); };
+
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(Duties, ListedValuesTest,
-                         ::testing::Combine(::testing::Range(0, static_cast<int>(duties.size())),
-                                            ::testing::Bool()));
+INSTANTIATE_TEST_SUITE_P(Duties, ListedValuesTest, ::testing::Combine(everyDuty(), ::testing::Bool()));
+INSTANTIATE_TEST_SUITE_P(Duties, ExportedListTest, everyDuty());
 
 TEST_P(ListedValuesTest, AreThoseOfTheProgramWithoutWindow) {
     const auto [index, isImperial] = GetParam();
     const Duty& duty = duties[static_cast<std::size_t>(index)];
     SCOPED_TRACE(duty.name);
-    SelectionForm* form = duty.hasInverter ? window->newInverterSelection() : window->newSelection();
-    fill(*form, duty, isImperial);
-    form->lnkCalculate_Click();
+    const SelectionForm* form = calculated(duty, isImperial);
     ASSERT_TRUE(boxes.isEmpty()) << boxes.join("|").toStdString();
 
     const auto* list = form->findChild<ResultsView*>(QStringLiteral("lvCps"));
@@ -193,7 +202,7 @@ TEST_P(ListedValuesTest, AreThoseOfTheProgramWithoutWindow) {
         });
         ASSERT_NE(found, expected.end()) << key;
         const bool isStopped = !(*found)["messages"]["error"].empty();
-        EXPECT_EQ(isStopped, list->mark(row) == u"ledred") << key;
+        EXPECT_EQ(isStopped, list->mark(row) == mark::notPossible) << key;
         for (int column = 1; column < columns.size(); ++column) {
             const std::string shown = list->text(row, column).trimmed().remove(u',').toStdString();
             EXPECT_EQ(shown, isStopped ? "" : cellOf(*found, columns[column], isImperial))
@@ -204,14 +213,11 @@ TEST_P(ListedValuesTest, AreThoseOfTheProgramWithoutWindow) {
     EXPECT_GT(compared, 30) << "hardly a value was compared";
 }
 
-TEST_P(ListedValuesTest, AreExportedByteForByteLikeThoseOfTheProgramWithoutWindow) {
-    const auto [index, isImperial] = GetParam();
-    if (isImperial) return;  // the program without window writes metric units
-    const Duty& duty = duties[static_cast<std::size_t>(index)];
+// In metric units, which the program without window writes.
+TEST_P(ExportedListTest, IsByteForByteThatOfTheProgramWithoutWindow) {
+    const Duty& duty = duties[static_cast<std::size_t>(GetParam())];
     SCOPED_TRACE(duty.name);
-    SelectionForm* form = duty.hasInverter ? window->newInverterSelection() : window->newSelection();
-    fill(*form, duty, false);
-    form->lnkCalculate_Click();
+    SelectionForm* form = calculated(duty, false);
     const QTemporaryDir folder;
     for (const auto& [extension, filter, format] :
          {std::tuple{".xml", "XML (*.xml)", "xml"}, std::tuple{".csv", "CSV (*.csv)", "list-csv"}}) {

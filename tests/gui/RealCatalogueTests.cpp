@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "controls/Marks.h"
 #include "controls/MessagesView.h"
 #include "controls/TwoLineHeader.h"
 #include "controls/ctlBtn.h"
@@ -112,7 +113,7 @@ TEST_P(RealCatalogueTest, EverySeriesIsListedWithTheValuesOfTheEngine) {
             for (int row = 1; row < list()->rowCount(); ++row) {
                 const clsCompressor& compressor = expected.Item(list()->key(row).toStdString());
                 if (compressor.Messages.Error.Count() > 0) {
-                    EXPECT_EQ(list()->mark(row), "ledred");
+                    EXPECT_EQ(list()->mark(row), mark::notPossible);
                     EXPECT_TRUE(list()->text(row, column).trimmed().isEmpty());
                 } else {
                     char text[32];

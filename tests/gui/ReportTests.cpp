@@ -20,6 +20,7 @@
 #include <map>
 
 #include "controls/AdvanceText.h"
+#include "controls/Marks.h"
 #include "controls/ResultsView.h"
 #include "reports/ReportOutput.h"
 #include "reports/ReportPage.h"
@@ -158,10 +159,10 @@ TEST_P(ReportTest, TheTableKeepsClearOfTheFoot) {
 TEST_P(ReportTest, TheEnvelopeIsLeftOutWithWarningsAtAnotherSuperheat) {
     const QRectF envelope(20, 100, 74, 90);
     calculate("R134A", "TK-A");
-    select(QStringLiteral("ledgreen"));
+    select(mark::possible);
     field("txtSH")->SetTextValue(8.0);
     EXPECT_TRUE(form->selectedReport()->showsEnvelope) << "no warnings";
-    select(QStringLiteral("ledorange"));
+    select(mark::withWarnings);
     ReportContent report = *form->selectedReport();
     EXPECT_TRUE(report.hasWarnings);
     EXPECT_FALSE(report.showsEnvelope);
@@ -186,13 +187,13 @@ TEST_P(ReportTest, CanBePrintedForACompressorWithoutError) {
     list()->selectRow(0);  // a group
     EXPECT_FALSE(print->isEnabled());
     EXPECT_FALSE(preview->isEnabled());
-    select(QStringLiteral("ledgreen"));
+    select(mark::possible);
     EXPECT_TRUE(preview->isEnabled());
 }
 
 TEST_P(ReportTest, ThePreviewShowsThePageAndSavesIt) {
     calculate("R134A", "TK-A");
-    select(QStringLiteral("ledgreen"));
+    select(mark::possible);
     const Person person(
         {[](QWidget& preview) {
              QTest::qWait(50);
@@ -233,7 +234,7 @@ TEST_P(ReportTest, ThePreviewShowsThePageAndSavesIt) {
 TEST_P(ReportTest, PrintsOntoTheSamePaper) {
     if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "paper would come out of a printer";
     calculate("R134A", "TK-A");
-    select(QStringLiteral("ledgreen"));
+    select(mark::possible);
     const QString file = folder.filePath(QStringLiteral("printed.pdf"));
     const Person person({[&](QWidget& dialog) {
         auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));

@@ -52,17 +52,6 @@ struct Fault {
     const char* place = nullptr;  ///< ... or with this.
 };
 
-std::string joined(const std::vector<std::string>& fields) {
-    std::string line;
-    for (const auto& field : fields) {
-        std::string quoted = field;
-        for (auto at = quoted.find('"'); at != std::string::npos; at = quoted.find('"', at + 2))
-            quoted.insert(at, 1, '"');
-        line += (&field == &fields.front() ? "\"" : ",\"") + quoted + '"';
-    }
-    return line;
-}
-
 /// Applies the fault to a file's lines; the number of the line, or 0 when it cannot be applied.
 std::size_t apply(const Fault& fault, std::vector<std::string>& lines) {
     const std::string column = fault.column;
@@ -85,7 +74,8 @@ std::size_t apply(const Fault& fault, std::vector<std::string>& lines) {
         const auto found = std::ranges::find(names, column);
         if (found == names.end()) return 0;
         records.at(1).fields.at(static_cast<std::size_t>(found - names.begin())) = fault.value;
-        *line = joined(records[1].fields);
+        *line = csvLine(records[1].fields);
+        line->pop_back();  // without its end
     }
     return number;
 }
@@ -375,6 +365,18 @@ TEST(WholeContent, HasNoFault) {
                     ::testing::AnyOf(HasSubstr("nothing asks for the key"), HasSubstr("lacks technical data"),
                                      HasSubstr("no photo of the series"),
                                      HasSubstr("no dimension drawing of the series")));
+}
+
+TEST(Content, IsCheckedAsFarAsThePropertyLibraryIsThere) {
+    const fs::path empty = newTemporaryFolder("marvello-empty");
+    setApplicationFolder(empty.string());
+    Faults faults;
+    const fs::path folder = fs::path(MARVELLO_SOURCE_FOLDER) / "content";
+    checkContent(readContent(folder, faults), std::nullopt, folder / "pictures", faults);
+    EXPECT_THAT(faults.lines(), IsEmpty());
+    EXPECT_THAT(faults.warnings(), Contains(HasSubstr("the losses of the economizer ports are not checked")));
+    setApplicationFolder(MARVELLO_APP_FOLDER);
+    fs::remove_all(empty);
 }
 
 /// Each key that the program completes has to be known with what it is completed with.

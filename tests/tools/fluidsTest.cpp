@@ -200,6 +200,9 @@ TEST_F(marvelloFluids, BadInputGetsOneSentence) {
          }) {
         expectRefused("marvello-fluids", refusal);
     }
+    // Without rows there is nothing that could deviate.
+    std::ofstream(folder_ / "blends.csv") << "fluid,file,mass_fraction\n";
+    expectRefused("marvello-fluids", {"accuracy --data " + folder_.string(), "blends.csv has no rows"});
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include "controls/Marks.h"
 #include "controls/MessagesView.h"
 #include "controls/TabStrip.h"
 #include "controls/ctlBtn.h"
@@ -95,7 +96,7 @@ TEST_F(PagesTest, AFailedStepHasItsCauseBelowIt) {
         "update tPolynomials set fC1=0.04, fC2=0, fC3=0, fC4=0, fC5=0, fC6=0, fC7=0, fC8=0, fC9=0, "
         "fC10=0 where fType=1");
     const QString text = dictionaryText(QStringLiteral("messages.failedstep"));
-    messages()->addMessage("msgerror", "Error", text, "x");
+    messages()->addMessage(mark::error, "Error", text, "x");
     const int plain = messages()->sizeHintForRow(0);
     form->lnkCalculate_Click();
     list()->selectRow(1);

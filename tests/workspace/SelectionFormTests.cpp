@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "controls/FieldNote.h"
+#include "controls/Marks.h"
 #include "controls/MessagesView.h"
 #include "controls/ctlBtn.h"
 #include "data/ApplicationFolder.h"
@@ -175,7 +176,7 @@ TEST_F(SelectionFormTest, F5ListsEveryModelWithItsMark) {
     EXPECT_TRUE(list()->isGroup(0));
     EXPECT_EQ(list()->text(0, 0), "R134A");
     EXPECT_EQ(list()->text(1, 0), "TK-A-100");
-    EXPECT_EQ(list()->mark(2), "ledred");
+    EXPECT_EQ(list()->mark(2), mark::notPossible);
     EXPECT_EQ(list()->text(2, 1).trimmed(), "") << "a model in error has no values";
     // The reference surface gives 100 + 3*2 - 1.2*40 + 0.03*4 - 0.02*80 + 0.002*1600 + 0.0002*8 - 0.0001*160
     //   + 0.00005*3200 - 0.00001*64000 = 59.2 kW at 10 K superheat and 5 K subcooling, the point of the form.
@@ -191,7 +192,7 @@ TEST_F(SelectionFormTest, F5ListsEveryModelWithItsMark) {
     ASSERT_EQ(list()->selectedRow(), 2);
     ASSERT_GE(messages->count(), 1);
     EXPECT_EQ(messages->tag(0), "messages.message01");
-    EXPECT_EQ(messages->mark(0), "msgerror");
+    EXPECT_EQ(messages->mark(0), mark::error);
     list()->selectRow(0);
     EXPECT_EQ(messages->count(), 0);
 
@@ -310,8 +311,8 @@ TEST_F(SelectionFormTest, TheFirstPossibleCompressorIsSelected) {
     choose(*form, "lstSeries", "TK-A");
     field(*form, "lstModels")->SetKey("120;140");
     calculate();
-    ASSERT_EQ(list()->mark(1), "ledred");
-    ASSERT_NE(list()->mark(2), "ledred");
+    ASSERT_EQ(list()->mark(1), mark::notPossible);
+    ASSERT_NE(list()->mark(2), mark::notPossible);
     EXPECT_EQ(list()->selectedRow(), 2);
     field(*form, "lstModels")->SetKey("120");
     calculate();

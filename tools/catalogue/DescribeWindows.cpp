@@ -16,6 +16,7 @@
 
 #include "controls/AdvanceText.h"
 #include "controls/Look.h"
+#include "controls/Marks.h"
 #include "controls/MessageBox.h"
 #include "controls/TabStrip.h"
 #include "data/Globals.h"
@@ -58,6 +59,10 @@ class Description {
         for (int page = 0; page < pages.count(); ++page) all_["pages"] += toCore(pages.key(page));
     }
 
+    void addMarks(const QStringList& names) {
+        for (const QString& name : names) all_["marks"] += toCore(name);
+    }
+
     const Json& all() const { return all_; }
 
   private:
@@ -86,6 +91,7 @@ int describe(const char* file) {
     const frmSelection form;
     description.add(form);
     description.addPages(*form.findChild<TabStrip*>());
+    description.addMarks(mark::withText);
     description.add(frmselectionInverter());
     std::ofstream output(file);
     output << description.all().dump(1) << '\n';

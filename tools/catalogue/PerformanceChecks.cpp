@@ -52,36 +52,32 @@ Points samplesOf(const clsPoints& line) {
     return samples;
 }
 
-/// Heat of evaporation of a fluid at 0 degrees Celsius, kJ/kg: a usual one where the property library does
-/// not have the fluid, 0 where there is no library.
+/// Heat of evaporation of a fluid at 0 degrees Celsius, kJ/kg: a usual one if the property library does not
+/// have the fluid. Throws FluidLibraryError.
 double evaporationHeat(const std::string& fluidFile) {
     constexpr double usual = 180;
     constexpr double hair = 1e-6;  // off the line, to either side of it
-    try {
-        RefpropSession library(refpropFunctions());
-        if (library.setUp({fluidFile}, {1}).code > 0) return usual;
-        const RefpropState line = library.saturationAtT(zeroCelsius, 2);
-        const RefpropState vapour = library.atTP(zeroCelsius, line.p * (1 - hair));
-        const RefpropState liquid = library.atTP(zeroCelsius, line.p * (1 + hair));
-        for (const RefpropState& state : {line, vapour, liquid})
-            if (state.answer.code > 0) return usual;
-        return (vapour.h - liquid.h) / library.molarMass();
-    } catch (const FluidLibraryError&) {
-        return 0;
-    }
+    RefpropSession library(refpropFunctions());
+    if (library.setUp({fluidFile}, {1}).code > 0) return usual;
+    const RefpropState line = library.saturationAtT(zeroCelsius, 2);
+    const RefpropState vapour = library.atTP(zeroCelsius, line.p * (1 - hair));
+    const RefpropState liquid = library.atTP(zeroCelsius, line.p * (1 + hair));
+    for (const RefpropState& state : {line, vapour, liquid})
+        if (state.answer.code > 0) return usual;
+    return (vapour.h - liquid.h) / library.molarMass();
 }
 
 class PerformanceCheck {
   public:
     PerformanceCheck(const Content& content, Faults& faults)
         : content_(content), index_(content), faults_(faults) {
-        // Of a blend the mean by mass, which serves an estimate.
-        std::map<std::string, double> ofFluids;
-        forEachRow(content, "tFluidi", faults, [&](const Row& row) {
-            const std::string fluid = row.text("fFluido");
-            if (!ofFluids.contains(fluid)) ofFluids[fluid] = evaporationHeat(fluid);
-            heats_[row.key("fRefrigeranteId")] += row.real("fPFluido") * ofFluids[fluid];
-        });
+        try {
+            readHeats();
+        } catch (const FluidLibraryError& failure) {
+            heats_.clear();
+            faults.warn("tCompressors",
+                        std::string("the losses of the economizer ports are not checked: ") + failure.what());
+        }
     }
 
     void run() {
@@ -97,6 +93,16 @@ class PerformanceCheck {
     }
 
   private:
+    /// Of a blend the mean by mass, which serves an estimate.
+    void readHeats() {
+        std::map<std::string, double> ofFluids;
+        forEachRow(content_, "tFluidi", faults_, [&](const Row& row) {
+            const std::string fluid = row.text("fFluido");
+            if (!ofFluids.contains(fluid)) ofFluids[fluid] = evaporationHeat(fluid);
+            heats_[row.key("fRefrigeranteId")] += row.real("fPFluido") * ofFluids[fluid];
+        });
+    }
+
     const Points& applicationSamples(const std::string& limitId) {
         const auto [found, isNew] = samples_.try_emplace(limitId);
         if (!isNew) return found->second;

@@ -35,7 +35,7 @@ std::vector<std::string> CompletedKey::keys() const {
 std::span<const CompletedKey> completedKeys() {
     static const std::vector<CompletedKey> all{
         {"frmselection.tabstrip.tabs.", programWindows().pages},
-        {"general.", {"ledgreen", "ledorange", "ledred", "msgerror", "msgattention", "msginformation"}},
+        {"general.", programWindows().marks},
         {"frmselection.help.%1.caption", programWindows().fields, false},
         {"help.", {}, false},  // the documents of thelp, whose names are the catalogue's own
     };

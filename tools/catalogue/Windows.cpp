@@ -31,6 +31,7 @@ ProgramWindows read(const nlohmann::json& described) {
         }
     for (const auto& [field, key] : described.at("neutral").items()) all.neutralKeys.emplace(field, key);
     all.pages = described.at("pages").get<std::vector<std::string>>();
+    all.marks = described.at("marks").get<std::vector<std::string>>();
     return all;
 }
 

@@ -20,6 +20,7 @@ struct ProgramWindows {
     std::map<std::string, std::string> neutralKeys;
     std::vector<std::string> fields;  ///< of the forms
     std::vector<std::string> pages;   ///< below the list of a form
+    std::vector<std::string> marks;   ///< that have a text
 };
 
 const ProgramWindows& programWindows();

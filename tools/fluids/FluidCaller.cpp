@@ -24,7 +24,6 @@ FluidCaller::FluidCaller(const Composition& composition)
         massFractions.push_back(part.massFraction);
     }
     check(name_, session_.setUp(files, massFractions, "Fluids/", "IIR"));
-    molarMass_ = session_.molarMass();
 }
 
 State FluidCaller::checked(const RefpropState& state) const {

@@ -25,7 +25,7 @@ class FluidCaller {
 
     explicit FluidCaller(const Composition& composition);
 
-    double molarMass() const { return molarMass_; }  ///< g/mol
+    double molarMass() const { return session_.molarMass(); }  ///< g/mol
 
     State saturationAtT(double t, Side side);
     State atTP(double t, double p);
@@ -45,7 +45,6 @@ class FluidCaller {
 
     RefpropSession session_;
     std::string name_;
-    double molarMass_ = 0;
 };
 
 }  // namespace marvello::properties

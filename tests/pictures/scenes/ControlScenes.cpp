@@ -15,6 +15,7 @@
 #include "controls/Icons.h"
 #include "controls/Link.h"
 #include "controls/Look.h"
+#include "controls/Marks.h"
 #include "controls/MessageBox.h"
 #include "controls/MessagesView.h"
 #include "controls/ProgressBar.h"
@@ -134,9 +135,9 @@ ResultsView* results(QWidget* page) {
                       {"COP", "COP()", ""},
                       {"CA", "Current(A)", ""}});
     view->addGroup("@R134A", "R134A");
-    view->addRow({"1", "TK-A-120", "ledgreen", "", {"68.1", "18.2", "3.74", "30.6"}});
-    view->addRow({"2", "TK-A-140", "ledorange", "", {"79.6", "21.1", "3.77", "35.4"}});
-    view->addRow({"3", "TK-A-410", "ledred", "", {"", "", "", ""}});
+    view->addRow({"1", "TK-A-120", mark::possible, "", {"68.1", "18.2", "3.74", "30.6"}});
+    view->addRow({"2", "TK-A-140", mark::withWarnings, "", {"79.6", "21.1", "3.77", "35.4"}});
+    view->addRow({"3", "TK-A-410", mark::notPossible, "", {"", "", "", ""}});
     view->fitColumns();
     view->selectRow(2);
     view->setFixedHeight(150);
@@ -155,13 +156,13 @@ ctlCombo* comboList(QWidget* page, bool checkBoxes) {
 
 MessagesView* messages(QWidget* page) {
     auto* view = new MessagesView(page);
-    view->addMessage("msgerror", "error", "The point lies outside of the application limits.", "");
+    view->addMessage(mark::error, "error", "The point lies outside of the application limits.", "");
     view->addMessage(
-        "msgattention", "warning",
+        mark::attention, "warning",
         "Oil cooling is needed at these conditions; a text that is long enough wraps onto a second line "
         "instead of being cut at the edge of the page.",
         "");
-    view->addMessage("msginformation", "note", "Part load without economizer.", "");
+    view->addMessage(mark::information, "note", "Part load without economizer.", "");
     view->setFixedHeight(136);
     return view;
 }
@@ -224,9 +225,10 @@ std::unique_ptr<QWidget> controls() {
                             {"newselection", "print", "preview", "copy", "panel", "export", "up", "down",
                              "cascade", "tileh", "tilev", "form", "inverter", "chev"},
                             false));
-    all->addLayout(pictures(
-        page, {"ledgreen", "ledorange", "ledred", "ledblue", "msgerror", "msgattention", "msginformation"},
-        true));
+    all->addLayout(pictures(page,
+                            {mark::possible, mark::withWarnings, mark::notPossible, mark::group, mark::error,
+                             mark::attention, mark::information},
+                            true));
     auto* lists = new QHBoxLayout;
     lists->addWidget(comboList(page, false), 0, Qt::AlignTop);
     lists->addWidget(comboList(page, true), 0, Qt::AlignTop);
@@ -269,7 +271,7 @@ std::unique_ptr<QWidget> lists() {
     scrolled->setSortable();
     scrolled->addGroup("@R290", "R290");
     scrolled->addRow(
-        {"4", "TK-A-90-with-a-long-name", "ledgreen", "", {"68.1", "1234567.8", "3.74", "30.6"}});
+        {"4", "TK-A-90-with-a-long-name", mark::possible, "", {"68.1", "1234567.8", "3.74", "30.6"}});
     scrolled->fitColumns();
     scrolled->setFixedHeight(210);
     all->addWidget(scrolled);

@@ -15,6 +15,7 @@
 #include "controls/ctlLimitsGraphic.h"
 #include "data/Numbers.h"
 #include "reports/ReportPage.h"
+#include "results/EnvelopeTexts.h"
 #include "tests/pictures/scenes/Scenes.h"
 
 namespace marvello::scenes {
@@ -64,17 +65,6 @@ clsLimits lowTemperatureEnvelope() {
          {2, "-38,23.1;-35,26.6;-30,32.1;-25,37.3;-20.2,41.8;-32,38;-38,28;-38,23.1"},
          {7, "-38,14;-7,14;-6.999999,14;-6.999999,18;-7,18;-38,18;-38,14"},
          {11, "-9.5,10;-7,10;-4,13;-4.8,13;-8,10.9;-9.5,10"}});
-}
-
-clsLimits inFahrenheit(const clsLimits& limits) {
-    clsLimits converted;
-    for (const auto& limit : limits) {
-        auto copy = std::make_shared<clsLimit>(*limit);
-        copy->Points.ClearAll();
-        for (const clsPoint& at : limit->Points) copy->Points.add(at.x * 1.8 + 32, at.Y * 1.8 + 32);
-        converted.add(copy);
-    }
-    return converted;
 }
 
 ctlGraph* graph(QWidget* page, const clsLimits& limits, const clsPoint& point, const QString& unit) {

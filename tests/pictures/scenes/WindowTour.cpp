@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "controls/AdvanceText.h"
+#include "controls/Marks.h"
 #include "controls/MessageBox.h"
 #include "controls/ResultsView.h"
 #include "data/Texts.h"
@@ -245,7 +246,7 @@ void WindowTour::calculate(SelectionForm& form) const {
 void WindowTour::selectWarning() const {
     auto* view = form_->findChild<ResultsView*>(QStringLiteral("lvCps"));
     for (int row = 0; row < view->rowCount(); ++row)
-        if (view->mark(row) == u"ledorange") view->selectRow(row);
+        if (view->mark(row) == mark::withWarnings) view->selectRow(row);
 }
 
 }  // namespace marvello::scenes
