@@ -8,14 +8,12 @@
 #include "controls/MessageBox.h"
 #include "controls/WholeFile.h"
 #include "results/RowSet.h"
-#include "workspace/UserSettings.h"
+#include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
 
 namespace {
-
-const QString folderKey = QStringLiteral("Export/Folder");
 
 bool mayReplace(QWidget* parent, const QString& path) {
     if (!QFileInfo(path).isFile()) return true;
@@ -35,7 +33,7 @@ QString withExtension(const QString& name, ExportFile::Form form) {
 
 std::optional<ExportFile> chooseExportFile(QWidget* parent) {
     const QString csv = QStringLiteral("CSV (*.csv)");
-    QFileDialog dialog(parent, QStringLiteral("Export to..."), keptFolder(folderKey));
+    QFileDialog dialog(parent, QStringLiteral("Export to..."), keptFolder(settings::exportFolder));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters({QStringLiteral("XML (*.xml)"), csv});
@@ -57,7 +55,7 @@ QString writeExport(const RowSet& records, const ExportFile& file) {
     const QIODevice::OpenMode mode = isCsv ? QIODevice::WriteOnly | QIODevice::Text : QIODevice::WriteOnly;
     if (const QString fault = writeWholeFile(file.path, bytes, mode); !fault.isEmpty())
         return reasonText(fault);
-    userSettings().setValue(folderKey, QFileInfo(file.path).absolutePath());
+    settings::exportFolder.keep(QFileInfo(file.path).absolutePath());
     return {};
 }
 

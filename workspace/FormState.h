@@ -19,9 +19,4 @@ struct FormState {
     bool isEmpty() const { return keys.isEmpty(); }
 };
 
-/// Keeps a state in the user's settings, under the name of a form.
-void keepFormState(const QString& form, const FormState& state);
-/// Empty when none was kept; what is no number is left out.
-FormState keptFormState(const QString& form);
-
 }  // namespace marvello

@@ -9,13 +9,6 @@
 
 namespace marvello {
 
-namespace {
-
-constexpr int minWidth = 400;
-constexpr int maxWidth = 520;
-
-}  // namespace
-
 InputsFold::InputsFold(QWidget& form, Splitter& splitter, QWidget& inputs, InputSummary& summary)
     : QObject(&form),
       form_(form),

@@ -18,6 +18,9 @@ class InputsFold : public QObject {
   public:
     /// Below this width of the form, in logical pixels, the inputs fold.
     static constexpr int narrowBelow = 880;
+    /// The narrowest and the widest inputs at the left of a form; they begin narrow.
+    static constexpr int minWidth = 400;
+    static constexpr int maxWidth = 520;
 
     /// All three are children of `form`; `inputs` is the first half of the splitter.
     InputsFold(QWidget& form, Splitter& splitter, QWidget& inputs, InputSummary& summary);

@@ -29,7 +29,7 @@
 #include "workspace/DropList.h"
 #include "workspace/FormFocus.h"
 #include "workspace/FramePlace.h"
-#include "workspace/UserSettings.h"
+#include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmSelection.h"
@@ -233,9 +233,8 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made) {
     describe(*form);
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->setWindowIcon(picture);
-    const QSettings settings = userSettings();
-    form->setPanelWidth(settings.value(QStringLiteral("Windows/PanelWidth"), form->panelWidth()).toInt());
-    form->setListHeight(settings.value(QStringLiteral("Windows/ListHeight"), form->listHeight()).toInt());
+    form->setPanelWidth(settings::panelWidth.value());
+    form->setListHeight(settings::listHeight.value());
 
     const QString key = form->Key();
     connect(form, &SelectionForm::stateChanged, this, &MDIMain::refreshState);
@@ -343,25 +342,23 @@ void MDIMain::closeAll() {
 }
 
 void MDIMain::restoreSizes() {
-    const QSettings settings = userSettings();
-    placeFrame(*this, settings.value(QStringLiteral("Windows/Frame")).toByteArray());
-    for (AdvanceText* selector : {cmbmeasureunits_, cmbGroupBy_}) {
-        const QString key = settings.value(QStringLiteral("Windows/") + selector->objectName()).toString();
-        if (key == u"0" || key == u"1") showKey(selector, key);
-    }
+    migrateSettings();
+    placeFrame(*this, settings::frame.value());
+    showKey(cmbmeasureunits_, QString::number(settings::measureUnit.value()));
+    showKey(cmbGroupBy_, QString::number(settings::groupBy.value()));
 }
 
 void MDIMain::keepSizes(const SelectionForm& form) {
-    QSettings settings = userSettings();
-    settings.setValue(QStringLiteral("Windows/PanelWidth"), form.panelWidth());
-    settings.setValue(QStringLiteral("Windows/ListHeight"), form.listHeight());
+    QSettings store = userSettings();
+    settings::panelWidth.keep(form.panelWidth(), store);
+    settings::listHeight.keep(form.listHeight(), store);
 }
 
 void MDIMain::closeEvent(QCloseEvent* event) {
-    QSettings settings = userSettings();
-    settings.setValue(QStringLiteral("Windows/Frame"), saveGeometry());
-    for (const AdvanceText* selector : {cmbmeasureunits_, cmbGroupBy_})
-        settings.setValue(QStringLiteral("Windows/") + selector->objectName(), selector->Key());
+    QSettings store = userSettings();
+    settings::frame.keep(saveGeometry(), store);
+    settings::measureUnit.keep(cmbmeasureunits_->Key().toInt(), store);
+    settings::groupBy.keep(cmbGroupBy_->Key().toInt(), store);
     if (const SelectionForm* form = ActiveForm()) keepFormState(form->objectName(), form->state());
     QMainWindow::closeEvent(event);
 }

@@ -18,16 +18,10 @@
 #include "controls/Look.h"
 #include "controls/MessageBox.h"
 #include "reports/ReportOutput.h"
-#include "workspace/UserSettings.h"
+#include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
-
-namespace {
-
-const QString folderKey = QStringLiteral("Reports/Folder");
-
-}  // namespace
 
 void printOrSay(QPrinter& printer, const ReportContent& report, QWidget* parent) {
     if (!printReport(printer, report))
@@ -124,13 +118,13 @@ QString ReportPreview::suggestedName() const {
 void ReportPreview::save() {
     const QString ending = QStringLiteral(".pdf");
     QFileDialog dialog(this, withoutAccessKey(dictionaryText(QStringLiteral("report.savepdf.caption"))),
-                       keptFolder(folderKey), QStringLiteral("PDF (*.pdf)"));
+                       keptFolder(settings::reportFolder), QStringLiteral("PDF (*.pdf)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(ending.mid(1));
     dialog.selectFile(suggestedName());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
     const QString file = dialog.selectedFiles().front();
-    userSettings().setValue(folderKey, QFileInfo(file).absolutePath());
+    settings::reportFolder.keep(QFileInfo(file).absolutePath());
     if (const QString fault = saveReport(file, printer_.pageLayout(), report_); !fault.isEmpty())
         MessageBox::show(this, MessageBox::Mark::critical,
                          filled(dictionaryText(QStringLiteral("report.notsaved")),

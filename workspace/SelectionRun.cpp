@@ -20,6 +20,7 @@
 #include "workspace/InputRules.h"
 #include "workspace/InputsFold.h"
 #include "workspace/SelectionForm.h"
+#include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmpG.h"
 

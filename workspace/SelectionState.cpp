@@ -9,6 +9,7 @@
 #include "workspace/InputPanel.h"
 #include "workspace/InputRules.h"
 #include "workspace/SelectionForm.h"
+#include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {

@@ -1,8 +1,6 @@
 #include "workspace/UserSettings.h"
 
-#include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "controls/WholeFile.h"
@@ -28,13 +26,6 @@ QSettings userSettings(const QString& product) {
     if (filesAreRegular(product)) return QSettings(maker, product);
     static const QTemporaryDir untilTheEnd;
     return QSettings(untilTheEnd.filePath(product), QSettings::IniFormat);
-}
-
-QString keptFolder(const QString& key) {
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    for (const QString& folder : {userSettings().value(key).toString(), documents})
-        if (!folder.isEmpty() && QDir(folder).exists()) return folder;
-    return QDir::homePath();
 }
 
 }  // namespace marvello

@@ -10,8 +10,4 @@ namespace marvello {
 /// ends.
 QSettings userSettings(const QString& product = QStringLiteral("Marvello"));
 
-/// Where a dialog for files begins: the folder that is kept under a key, else that of the user's documents,
-/// else the user's own; the first of them that is there.
-QString keptFolder(const QString& key);
-
 }  // namespace marvello

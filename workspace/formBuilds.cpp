@@ -6,16 +6,10 @@
 #include <QVBoxLayout>
 
 #include "controls/RichText.h"
-#include "workspace/UserSettings.h"
+#include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
-
-namespace {
-
-const QString seenKey = QStringLiteral("Windows/BuildsLength");
-
-}  // namespace
 
 formBuilds::formBuilds(const QString& file, QWidget* parent)
     : DialogFrame(withoutAccessKey(dictionaryText(QStringLiteral("mdimain.menu.help.builds"))), parent) {
@@ -32,14 +26,15 @@ formBuilds::formBuilds(const QString& file, QWidget* parent)
 
 bool formBuilds::hasNews(const QString& file) {
     const qint64 length = QFileInfo(file).size();
-    const QSettings settings = userSettings();
-    if (settings.contains(seenKey)) return length > settings.value(seenKey).toLongLong();
+    if (const auto seen = settings::buildsLength.stored()) return length > *seen;
     // Who has used the program before it kept this has not seen the list either.
-    const bool isFirstStart = !settings.contains(QStringLiteral("Windows/Frame"));
+    const bool isFirstStart = !settings::frame.stored();
     if (isFirstStart) markSeen(file);
     return !isFirstStart && length > 0;
 }
 
-void formBuilds::markSeen(const QString& file) { userSettings().setValue(seenKey, QFileInfo(file).size()); }
+void formBuilds::markSeen(const QString& file) {
+    settings::buildsLength.keep(static_cast<int>(QFileInfo(file).size()));
+}
 
 }  // namespace marvello

@@ -12,7 +12,7 @@
 #include "data/Globals.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/MDIMain.h"
-#include "workspace/UserSettings.h"
+#include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/formBuilds.h"
 #include "workspace/formHide.h"
@@ -96,8 +96,8 @@ TEST_F(DialogTest, AListOfBuildsThatGrewIsNews) {
     EXPECT_FALSE(formBuilds::hasNews(file));
     write(120);
     EXPECT_FALSE(formBuilds::hasNews(file));
-    userSettings().remove("Windows/BuildsLength");
-    userSettings().setValue("Windows/Frame", QByteArray("kept by an earlier version"));
+    userSettings().remove(settings::buildsLength.key);
+    settings::frame.keep("kept by an earlier version");
     EXPECT_TRUE(formBuilds::hasNews(file));
 }
 

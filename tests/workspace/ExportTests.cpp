@@ -10,7 +10,6 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTextDocument>
@@ -31,6 +30,7 @@
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/CopiedTable.h"
 #include "workspace/ExportFile.h"
+#include "workspace/Settings.h"
 #include "workspace/frmSelection.h"
 
 using namespace marvello;
@@ -297,7 +297,6 @@ TEST_F(ExportTest, AFileThatIsThereIsReplacedOnlyWhenTheUserAgrees) {
 }
 
 TEST_F(ExportTest, AFailureIsOneSentenceAndKeepsNothing) {
-    QSettings settings("Kestrom", "Marvello");
     write(path("file"), "no folder");
     ASSERT_TRUE(QDir(folder.path()).mkdir("folder.csv"));
     for (const char* name : {"no folder/list.csv", "file/list.csv", "folder.csv/../folder"}) {
@@ -309,7 +308,7 @@ TEST_F(ExportTest, AFailureIsOneSentenceAndKeepsNothing) {
         EXPECT_TRUE(boxes[0].endsWith('.') && !boxes[0].endsWith(".."));
     }
     EXPECT_TRUE(notes.isEmpty());
-    EXPECT_FALSE(settings.contains("Export/Folder"));
+    EXPECT_FALSE(settings::exportFolder.stored());
     EXPECT_EQ(files(), QStringList("file"));
 }
 

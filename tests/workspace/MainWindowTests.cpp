@@ -1,4 +1,5 @@
 #include "workspace/MDIMain.h"
+#include "workspace/Settings.h"
 
 #include <QAction>
 #include <QApplication>

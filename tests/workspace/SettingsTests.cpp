@@ -1,0 +1,53 @@
+// What the windows start from whatever the store of the settings holds.
+#include "workspace/Settings.h"
+
+#include "tests/workspace/WorkspaceFixture.h"
+
+using namespace marvello;
+
+using SettingsTest = marvello::testing::WorkspaceFixture;
+
+TEST_F(SettingsTest, WhatIsDamagedOrOutOfRangeIsTheDefault) {
+    for (const QVariant& stored : {QVariant("wide"), QVariant(""), QVariant(QStringList{"400", "410"}),
+                                   QVariant("-5"), QVariant("1e9"), QVariant("nan"), QVariant("521")}) {
+        userSettings().setValue(settings::panelWidth.key, stored);
+        userSettings().setValue(settings::listHeight.key, stored);
+        EXPECT_EQ(settings::panelWidth.value(), 400) << stored.toString().toStdString();
+        EXPECT_EQ(settings::listHeight.value(), stored == "521" ? 521 : 338);
+    }
+    userSettings().setValue(settings::panelWidth.key, "520");
+    EXPECT_EQ(settings::panelWidth.value(), 520);
+}
+
+TEST_F(SettingsTest, AFormGoesOnWithoutItsDamagedEntries) {
+    const settings::OfForm form("frmSelection");
+    userSettings().setValue(form.values.key,
+                            QStringList{"txtTED=-12.5", "txtTCD=1e7", "txtSH=warm", "=3", "txtSC"});
+    userSettings().setValue(form.columnWidths.key, QStringList{"q0=60", "cop=0", "model=1000000"});
+    userSettings().setValue(form.keys.key, QStringList{"lstModels=a=b;c"});
+    const FormState state = keptFormState("frmSelection");
+    EXPECT_EQ(state.values, (QHash<QString, double>{{"txtTED", -12.5}}));
+    EXPECT_EQ(state.columnWidths, (QHash<QString, int>{{"q0", 60}}));
+    EXPECT_EQ(state.keys, (QHash<QString, QString>{{"lstModels", "a=b;c"}}));
+}
+
+// What 1.0.0 of the first day stored: flags in place of the names of the leaders.
+TEST_F(SettingsTest, FlagsOfMidTemperaturesBecomeLeaders) {
+    const settings::OfForm form("frmSelection");
+    const QString flag = form.group + "MidLeadsCondensation";
+    userSettings().setValue(flag, true);
+    userSettings().setValue(form.group + "MidLeadsEvaporation", false);
+    migrateSettings();
+    EXPECT_EQ(keptFormState("frmSelection").leaders.condensing(), "tcm");
+    EXPECT_EQ(keptFormState("frmSelection").leaders.evaporating(), "ted");
+    EXPECT_FALSE(userSettings().contains(flag));
+    // Once, and never over what a later version stored.
+    userSettings().setValue(flag, true);
+    form.leaders.keep({"ted", "tcd"});
+    for (const int version : {0, 1, 2}) {
+        settings::version.keep(version);
+        migrateSettings();
+        EXPECT_EQ(form.leaders.value(), QStringList({"ted", "tcd"}));
+        EXPECT_EQ(settings::version.value(), version == 2 ? 2 : 1);
+    }
+}

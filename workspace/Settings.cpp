@@ -1,0 +1,152 @@
+#include "workspace/Settings.h"
+
+#include <QDir>
+#include <QStandardPaths>
+#include <QVariant>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+namespace marvello {
+
+namespace {
+
+template <class Value>
+struct EntryOf : std::false_type {};
+template <class Value>
+struct EntryOf<QHash<QString, Value>> : std::true_type {
+    using Type = Value;
+};
+
+template <class Value>
+std::optional<Value> soundValue(const QVariant& stored, double minimum, double maximum) {
+    if constexpr (EntryOf<Value>::value) {
+        // Entries "name=value": names may hold signs that a settings store keeps for itself.
+        Value values;
+        for (const QString& entry : stored.toStringList())
+            if (const qsizetype sign = entry.indexOf(u'='); sign > 0)
+                if (const auto value =
+                        soundValue<typename EntryOf<Value>::Type>(entry.mid(sign + 1), minimum, maximum))
+                    values[entry.left(sign)] = *value;
+        return values;
+    } else if constexpr (std::is_arithmetic_v<Value>) {
+        bool isNumber = false;
+        const double number = stored.toDouble(&isNumber);
+        // Also false for what is not a number.
+        if (!isNumber || !(number >= minimum && number <= maximum)) return std::nullopt;
+        return static_cast<Value>(number);
+    } else {
+        return stored.value<Value>();
+    }
+}
+
+template <class Value>
+QVariant storable(const Value& value) {
+    if constexpr (EntryOf<Value>::value) {
+        QStringList entries;
+        for (auto entry = value.begin(); entry != value.end(); ++entry)
+            entries += entry.key() + u'=' + QVariant(entry.value()).toString();
+        entries.sort();
+        return entries;
+    } else {
+        return value;
+    }
+}
+
+/// The names by which the leaders come to be the same again: a condensing pressure after the temperature that
+/// leads under it.
+QStringList leadersOf(const CoupleLeaders& leaders) {
+    QStringList names;
+    for (const std::string& name :
+         {leaders.evaporatingField(), leaders.condensing(), leaders.condensingField()})
+        names += QString::fromStdString(name);
+    return names;
+}
+
+/// The first versions stored two flags for the temperatures that lead, and nothing of pressures.
+void nameLeaders(QSettings& store) {
+    constexpr std::pair<const char*, const char*> flags[] = {{"MidLeadsEvaporation", "tem"},
+                                                             {"MidLeadsCondensation", "tcm"}};
+    store.beginGroup(QStringLiteral("Forms"));
+    for (const QString& form : store.childGroups()) {
+        QStringList leaders;
+        for (const auto& [flag, leader] : flags) {
+            const QString key = form + u'/' + QLatin1String(flag);
+            if (store.value(key).toBool()) leaders += QLatin1String(leader);
+            store.remove(key);
+        }
+        const QString key = form + QStringLiteral("/Leaders");
+        if (!leaders.isEmpty() && !store.contains(key)) store.setValue(key, leaders);
+    }
+    store.endGroup();
+}
+
+}  // namespace
+
+template <class Value>
+std::optional<Value> Setting<Value>::stored(const QSettings& store) const {
+    const QVariant found = store.value(key);
+    return found.isValid() ? soundValue<Value>(found, minimum, maximum) : std::nullopt;
+}
+
+template <class Value>
+void Setting<Value>::keep(const Value& value) const {
+    QSettings store = userSettings();
+    keep(value, store);
+}
+
+template <class Value>
+void Setting<Value>::keep(const Value& value, QSettings& store) const {
+    store.setValue(key, storable(value));
+}
+
+template struct Setting<int>;
+template struct Setting<QString>;
+template struct Setting<QByteArray>;
+template struct Setting<QStringList>;
+template struct Setting<QHash<QString, QString>>;
+template struct Setting<QHash<QString, int>>;
+template struct Setting<QHash<QString, double>>;
+
+void migrateSettings() {
+    // A step for each version, in order; the last one is the version of the table.
+    constexpr void (*steps[])(QSettings&) = {nameLeaders};
+    constexpr int current = std::size(steps);
+    QSettings store = userSettings();
+    const int version = settings::version.value(store);
+    // A damaged file stays for the message that says so.
+    if (store.status() != QSettings::NoError || version >= current) return;
+    for (int step = version; step < current; ++step) steps[step](store);
+    settings::version.keep(current, store);
+}
+
+QString keptFolder(const Setting<QString>& folder) {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    for (const QString& candidate : {folder.value(), documents})
+        if (!candidate.isEmpty() && QDir(candidate).exists()) return candidate;
+    return QDir::homePath();
+}
+
+void keepFormState(const QString& form, const FormState& state) {
+    const settings::OfForm of(form);
+    QSettings store = userSettings();
+    of.measureUnit.keep(state.measureUnit, store);
+    of.leaders.keep(leadersOf(state.leaders), store);
+    of.keys.keep(state.keys, store);
+    of.values.keep(state.values, store);
+    of.columnWidths.keep(state.columnWidths, store);
+}
+
+FormState keptFormState(const QString& form) {
+    const settings::OfForm of(form);
+    const QSettings store = userSettings();
+    FormState state;
+    state.measureUnit = of.measureUnit.value(store);
+    for (const QString& name : of.leaders.value(store)) state.leaders.typed(name.toStdString());
+    state.keys = of.keys.value(store);
+    state.values = of.values.value(store);
+    state.columnWidths = of.columnWidths.value(store);
+    return state;
+}
+
+}  // namespace marvello
