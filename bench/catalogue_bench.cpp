@@ -15,8 +15,8 @@
 #include <string>
 #include <vector>
 
+#include "bench/Catalogue.h"
 #include "bench/Floor.h"
-#include "bench/GrownCatalogue.h"
 #include "catalogue/clsPolynomial.h"
 #include "data/Globals.h"
 #include "engine/clsSelections.h"
@@ -88,11 +88,9 @@ void replay(const SQLite::Database& database, const std::vector<std::string>& st
     }
 }
 
-constexpr int leastCompressors = 800;
-
 /// Engine and database alone by turns, so that both see the same machine.
 void wholeCatalogue(benchmark::State& state) {
-    const bench::GrownCatalogue catalogue(leastCompressors);
+    bench::openShippedCatalogue();
     const std::vector<Series> all = bench::seriesOfCatalogue();
     const std::vector<std::string> statements = statementsOf([&] {
         gDatabase().CloseConnection();
@@ -101,7 +99,7 @@ void wholeCatalogue(benchmark::State& state) {
         gDatabase().CloseConnection();
     });
     gDatabase().Connect("");
-    const SQLite::Database alone(catalogue.file(), SQLite::OPEN_READONLY);
+    const SQLite::Database alone(MARVELLO_APP_FOLDER "/db.mdb", SQLite::OPEN_READONLY);
 
     Outcome outcome;
     bench::AgainstFloor(state, "the same statements and rows, SQLite alone")
