@@ -16,6 +16,7 @@
 #include "demo/generate/EnvelopeRows.h"
 #include "demo/generate/OperatingRange.h"
 #include "demo/generate/Series.h"
+#include "demo/generate/TechnicalData.h"
 #include "tools/catalogue/Content.h"
 #include "tools/catalogue/Index.h"
 #include "tools/surface/Surface.h"
@@ -63,8 +64,9 @@ bool isSame(const std::string& one, const std::string& other) {
 
 TEST(StoredCatalogue, IsWhatThePlansGive) {
     const GeneratedCatalogue made = generateCatalogue(plans(), readCompositions(contentFolder).at("R407C"));
-    for (const CsvTable* table :
-         {&made.compressors, &made.polynomials, &made.conversions, &made.motors, &made.limits}) {
+    const TechnicalData technical = technicalData(plans(), plansFolder);
+    for (const CsvTable* table : {&technical.heads, &technical.rows, &made.compressors, &made.polynomials,
+                                  &made.conversions, &made.motors, &made.limits}) {
         Faults faults;
         const auto kept = readCsv(*fileText(contentFolder + "/" + table->name + ".csv"), table->name, faults);
         ASSERT_EQ(kept.size(), table->rows.size() + 1) << table->name;

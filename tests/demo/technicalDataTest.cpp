@@ -12,7 +12,6 @@ namespace {
 
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 SeriesPlan tkA() {
     SeriesPlan series;
@@ -69,30 +68,6 @@ TEST_F(TechnicalDataTest, GivesEachModelItsBodyAndWeightOnce) {
                       HasSubstr("}|2 1/8\";"), HasSubstr("}|11 l;"), HasSubstr("}|301 kg")));
     EXPECT_THAT(made.rows.rows[2][3], HasSubstr("}|340 kg"));
     EXPECT_THAT(made.rows.rows[3][3], AllOf(HasSubstr("}|15 l;"), HasSubstr("}|412 kg")));
-}
-
-TEST_F(TechnicalDataTest, LeavesOutWhatADriveDoesNotHave) {
-    const auto sheetOf = [&](SeriesPlan::Drive drive) {
-        SeriesPlan series = tkA();
-        series.drive = drive;
-        series.portRatio = drive == SeriesPlan::Drive::open ? 0 : 1.5;
-        series.rows = {970, 3500};
-        return technicalData({series}, folder_).rows.rows[0][3];
-    };
-    EXPECT_THAT(sheetOf(SeriesPlan::Drive::open),
-                AllOf(HasSubstr("970 – 3500 min⁻¹"), Not(HasSubstr("@Motor")), Not(HasSubstr("@Cps")),
-                      Not(HasSubstr("economizer"))));
-    EXPECT_THAT(sheetOf(SeriesPlan::Drive::inverter),
-                AllOf(HasSubstr("20 – 70 Hz"), HasSubstr("@Cps.Fla A"), Not(HasSubstr("@Motor.Lra")),
-                      HasSubstr("economizer"), Not(HasSubstr("%"))));
-}
-
-TEST_F(TechnicalDataTest, ShowsTheRatioInUseWhereTheBestOneIsChosen) {
-    SeriesPlan series = tkA();
-    series.drive = SeriesPlan::Drive::inverter;
-    series.rowsBy = SeriesPlan::RowsBy::ratio;
-    series.rows = {2.2, 2.6, 3.5};
-    EXPECT_THAT(technicalData({series}, folder_).rows.rows[0][3], HasSubstr("volumeratio.caption}|@cps.VI;"));
 }
 
 TEST_F(TechnicalDataTest, NamesWhatDoesNotFit) {
