@@ -226,25 +226,27 @@ TEST_F(Failures, FieldsThatMakeNoSense) {
 
 /// Whatever stands in a file, a set-up ends, and what it accepts answers with numbers or an error.
 TEST_F(Failures, ChangedBytesNeverBreakTheLibrary) {
-    const std::string whole = shipped();
     std::mt19937 random(42);
     const std::string letters = "0123456789.-eE,:{}[]\"nldt \n\xff";
-    int accepted = 0;
-    for (int i = 0; i < 1500; ++i) {
-        std::string text = whole;
-        for (int change = 0; change <= i % 3; ++change)
-            text[random() % text.size()] = letters[random() % letters.size()];
-        write("changed.fld", text);
-        const Answer answer = setUp("changed.fld");
-        ASSERT_TRUE(answer.code == 0 || answer.code == 101) << answer.code << ' ' << answer.sentence;
-        if (answer.code != 0) continue;
-        ++accepted;
-        for (const Properties& found :
-             {saturationAtT(280), atTP(320, 500), atPH(800, 4e4), atPS(300, 150), atTS(350, 170)}) {
-            ASSERT_TRUE(std::isfinite(found.D) && std::isfinite(found.Dl) && std::isfinite(found.h));
+    for (const auto& [file, count] : {std::pair{"R134A.FLD", 1500}, {"CO2.FLD", 300}, {"hmx.bnc", 300}}) {
+        const std::string whole = shipped(file);
+        int accepted = 0;
+        for (int i = 0; i < count; ++i) {
+            std::string text = whole;
+            for (int change = 0; change <= i % 3; ++change)
+                text[random() % text.size()] = letters[random() % letters.size()];
+            const Answer answer = setUpWith(file, text);
+            ASSERT_TRUE(answer.code == 0 || answer.code == 101 || answer.code == 102)
+                << answer.code << ' ' << answer.sentence;
+            if (answer.code != 0) continue;
+            ++accepted;
+            for (const Properties& found :
+                 {saturationAtT(280), atTP(320, 500), atPH(800, 4e4), atPS(300, 150), atTS(350, 170)}) {
+                ASSERT_TRUE(std::isfinite(found.D) && std::isfinite(found.Dl) && std::isfinite(found.h));
+            }
         }
+        EXPECT_GT(accepted, 10) << file;
     }
-    EXPECT_GT(accepted, 10);
 }
 
 TEST_F(Failures, StatesOutOfRange) {
