@@ -36,7 +36,6 @@ class TechnicalDataTest : public testing::Test {
             "TK-A,TK1,190,\"2 1/8\"\"\",\"1 3/8\"\"\",\"7/8\"\"\",11,286,340\n"
             "TK-A,TK2,300,\"2 5/8\"\"\",\"1 5/8\"\"\",,15,412,470\n");
     }
-    ~TechnicalDataTest() override { std::filesystem::remove_all(folder_); }
 
     void writeBodies(const std::string& rows) {
         std::ofstream(folder_ / "bodies.csv")
@@ -52,7 +51,7 @@ class TechnicalDataTest : public testing::Test {
         return "nothing";
     }
 
-    const std::filesystem::path folder_ = test::newTemporaryFolder("marvello-bodies");
+    const test::TemporaryFolder folder_{"marvello-bodies"};
 };
 
 TEST_F(TechnicalDataTest, GivesEachModelItsBodyAndWeightOnce) {

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <limits>
 #include <map>
 #include <random>
@@ -13,8 +12,10 @@
 #include <utility>
 #include <vector>
 
+#include "data/FileText.h"
 #include "fluids/Refprop.h"
 #include "tests/fluids/FluidCalls.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace marvello::test {
 namespace {
@@ -26,21 +27,13 @@ using testing::HasSubstr;
 /// Each test runs in an empty folder of its own.
 class Failures : public testing::Test {
   protected:
-    Failures() : before_(fs::current_path()) {
-        std::string name = (fs::temp_directory_path() / "marvello-fluids-XXXXXX").string();
-        folder_ = mkdtemp(name.data());
-        fs::current_path(folder_);
-    }
-    ~Failures() override {
-        fs::current_path(before_);
-        fs::remove_all(folder_);
-    }
+    Failures() : before_(fs::current_path()) { fs::current_path(folder_); }
+    ~Failures() override { fs::current_path(before_); }
     Failures(const Failures&) = delete;
     Failures& operator=(const Failures&) = delete;
 
     static std::string shipped(const std::string& file = "R134A.FLD") {
-        std::ifstream stream(std::string(MARVELLO_SOURCE_FOLDER) + "/fluids/files/" + file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+        return *fileText(std::string(MARVELLO_SOURCE_FOLDER) + "/fluids/files/" + file);
     }
     static void write(const fs::path& path, const std::string& text) {
         if (path.has_parent_path()) fs::create_directories(path.parent_path());
@@ -69,7 +62,7 @@ class Failures : public testing::Test {
 
   private:
     fs::path before_;
-    fs::path folder_;
+    const TemporaryFolder folder_{"marvello-fluids"};
 };
 
 TEST_F(Failures, NothingAnswersBeforeASetUp) {
