@@ -8,9 +8,9 @@
 #include <cstdio>
 #include <exception>
 
+#include "bench/Catalogue.h"
 #include "catalogue/Globals.h"
 #include "controls/Look.h"
-#include "data/ApplicationFolder.h"
 #include "data/Globals.h"
 
 namespace marvello::bench {
@@ -27,11 +27,6 @@ Windows::Windows(int& argumentCount, char** arguments) {
 }
 
 Windows::~Windows() = default;
-
-void openShippedCatalogue() {
-    setApplicationFolder(MARVELLO_APP_FOLDER);
-    gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
-}
 
 int runInWindows(int argumentCount, char** arguments) try {
     const Windows windows(argumentCount, arguments);

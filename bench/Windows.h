@@ -21,9 +21,6 @@ class Windows {
     std::unique_ptr<QTemporaryDir> settings_;
 };
 
-/// The catalogue of the built application folder becomes gDatabase().
-void openShippedCatalogue();
-
 /// Runs the benchmarks of a program in such a surrounding; the status to leave it with.
 int runInWindows(int argumentCount, char** arguments);
 

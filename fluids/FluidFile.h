@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
 
 #include "fluids/PureFluid.h"
 
@@ -13,9 +12,6 @@ class JsonField;
 /// the field, and the reason, when the file is missing, is no fluid file, or holds a value that makes no
 /// sense.
 PureFluid readFluidFile(const std::filesystem::path& path);
-
-/// The same of the text of a fluid file, which complaints call `name`.
-PureFluid readFluidText(const std::string& text, const std::string& name);
 
 /// Reads one term of a residual part or of a departure function; throws as readFluidFile() does.
 ResidualTerm readResidualTerm(const JsonField& field);

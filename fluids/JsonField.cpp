@@ -109,10 +109,7 @@ JsonField JsonField::entry(std::size_t index) const {
 }
 
 JsonFile::JsonFile(const std::filesystem::path& path, const std::string& format)
-    : JsonFile(readWhole(path), path.string(), format) {}
-
-JsonFile::JsonFile(const std::string& text, std::string name, const std::string& format)
-    : name_(std::move(name)), content_(std::make_unique<const json>(parse(text, name_))) {
+    : name_(path.string()), content_(std::make_unique<const json>(parse(readWhole(path), name_))) {
     const JsonField kind = root().at("format");
     if (kind.text() != format) kind.refuse("is not \"" + format + "\"");
     const JsonField version = root().at("version");

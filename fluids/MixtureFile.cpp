@@ -113,9 +113,4 @@ MixtureModel readMixtureFile(const std::filesystem::path& path, const std::vecto
     return readModel(JsonFile(path, mixtureFormat).root(), fluids);
 }
 
-MixtureModel readMixtureText(const std::string& text, const std::string& name,
-                             const std::vector<std::string>& fluids) {
-    return readModel(JsonFile(text, name, mixtureFormat).root(), fluids);
-}
-
 }  // namespace marvello::fluids

@@ -21,8 +21,4 @@ struct MixtureModel {
 /// sense, has a pair twice, or lacks one of those asked for.
 MixtureModel readMixtureFile(const std::filesystem::path& path, const std::vector<std::string>& fluids);
 
-/// The same of the text of a mixture file, which complaints call `name`.
-MixtureModel readMixtureText(const std::string& text, const std::string& name,
-                             const std::vector<std::string>& fluids);
-
 }  // namespace marvello::fluids

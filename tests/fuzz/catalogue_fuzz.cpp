@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 
 #include "catalogue/Globals.h"
 #include "data/ApplicationFolder.h"
+#include "data/FileText.h"
 #include "data/Globals.h"
 #include "data/Hooks.h"
 #include "data/ParameterSets.h"
@@ -31,8 +31,7 @@ const std::filesystem::path& file() {
 const std::string& soundFile() {
     static const std::string bytes = [] {
         writeCatalogue(fuzz::cutContent(), file());
-        std::ifstream stream(file(), std::ios::binary);
-        return std::string{std::istreambuf_iterator<char>(stream), {}};
+        return *fileText(file());
     }();
     return bytes;
 }

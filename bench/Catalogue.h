@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace marvello::bench {
+
+/// A series of a refrigerant.
+struct Series {
+    std::string refrigerant;
+    std::string name;
+};
+
+/// The catalogue of the built application folder becomes gDatabase(), with its property library.
+void openShippedCatalogue();
+
+/// The series of the open catalogue, those of a refrigerant in a row.
+std::vector<Series> seriesOfCatalogue();
+
+}  // namespace marvello::bench
