@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "data/Numbers.h"
 #include "thermo/UnitFamilies.h"
 #include "thermo/clsConvert.h"
 
@@ -209,13 +209,8 @@ class SumReader {
             if (power < rest_.size() && (rest_[power] == '+' || rest_[power] == '-')) ++power;
             if (const std::size_t after = digitsFrom(power); after > power) end = after;
         }
-        std::string digits(rest_.substr(0, end));
-        std::replace(digits.begin(), digits.end(), ',', '.');
-        double value = 0;
-        const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-        if (error != std::errc() || stop != digits.data() + digits.size() || !std::isfinite(value))
-            return std::nullopt;
-        rest_.remove_prefix(end);
+        const auto value = localNumber(rest_.substr(0, end));
+        if (value) rest_.remove_prefix(end);
         return value;
     }
 
