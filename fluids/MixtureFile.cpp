@@ -81,10 +81,10 @@ PairInteraction interactionOf(const std::string& first, const std::string& secon
     for (const NamedPair& pair : pairs) {
         if (pair.is(first, second)) return pair.interaction;
         if (pair.is(second, first)) {
-            PairInteraction turned = pair.interaction;
-            turned.betaT = 1 / turned.betaT;
-            turned.betaV = 1 / turned.betaV;
-            return turned;
+            PairInteraction reversed = pair.interaction;
+            reversed.betaT = 1 / reversed.betaT;
+            reversed.betaV = 1 / reversed.betaV;
+            return reversed;
         }
     }
     root.refuse("there is no pair of " + first + " and " + second);

@@ -32,7 +32,7 @@ class SaturationLine final : public PhaseBoundary {
     End vapourEndAtPressure(double pressure) override;
     double liquidDensityFloor(double temperature) override;
 
-    /// The greatest error of the polynomials seen when they were tried out, relative.
+    /// The largest error of the polynomials seen when they were tried out, relative.
     double error() const { return line_.error(); }
     std::size_t cellCount() const { return line_.cellCount(); }
 
