@@ -57,7 +57,8 @@ class clsSelections {
 
     /// True after a run that was stopped through AbortRequested.
     bool isAborted() const { return isAborted_; }
-    /// Kept: sets a flag that nothing reads, and gives the user interface a turn.
+    /// Gives the user interface a turn. Kept: the flag that it sets is read by nothing, since
+    /// AbortRequested() stops a run.
     void stopselection();
 
     auto begin() const { return compressors_.begin(); }

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "data/Constants.h"
 #include "data/Numbers.h"
 #include "thermo/UnitFamilies.h"
 #include "thermo/clsConvert.h"
@@ -15,8 +16,6 @@
 namespace marvello {
 
 namespace {
-
-constexpr double atmosphereInMpa = 0.101325;  // where gauge pressures begin
 
 struct Unit {
     Quantity quantity;
@@ -252,7 +251,7 @@ EnteredQuantity readQuantity(std::string_view text, Quantity quantity, std::stri
     if (found->unit == own->unit && !found->isGauge) return {.value = withoutNoise(sum.total)};
     if (quantity == Quantity::temperature && found->unit->code == "K" && sum.terms > 1) return {};
     const double base =
-        pass(sum.total, *found->unit, UnitPass::toBase) + (found->isGauge ? atmosphereInMpa : 0);
+        pass(sum.total, *found->unit, UnitPass::toBase) + (found->isGauge ? standardAtmosphere : 0);
     return {.value = withoutNoise(pass(base, *own->unit, UnitPass::fromBase))};
 }
 

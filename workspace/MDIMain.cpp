@@ -336,7 +336,7 @@ void MDIMain::refreshStatus(const SelectionForm* form) {
 }
 
 void MDIMain::closeAll() {
-    // Kept: forms of inverter compressors stay open.
+    // Kept: forms of inverter compressors stay open: the command closes the others alone.
     for (SelectionForm* form : forms())
         if (qobject_cast<frmSelection*>(form)) form->Quit();
 }
@@ -388,7 +388,7 @@ bool MDIMain::tookKey(const QWidget& focused, const QKeyEvent& key) {
 // used.
 bool MDIMain::turnedWheel(int delta) {
     constexpr int turn = 120;
-    // Kept: the wheel does not reach a form of inverter compressors.
+    // Kept: the wheel does not reach a form of inverter compressors, where scrolling changes no value.
     auto* form = qobject_cast<frmSelection*>(ActiveForm());
     if (!form) return false;
     wheel_ += delta;
