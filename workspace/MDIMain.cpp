@@ -6,11 +6,9 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPainter>
 #include <QRandomGenerator>
 #include <QStatusBar>
 #include <QTimer>
@@ -31,6 +29,7 @@
 #include "workspace/FramePlace.h"
 #include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
+#include "workspace/WorkArea.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmSelection.h"
 #include "workspace/frmselectionInverter.h"
@@ -38,22 +37,6 @@
 namespace marvello {
 
 namespace {
-
-/// The area of the forms; while there is none it shows the emblem.
-class WorkArea : public QMdiArea {
-  public:
-    explicit WorkArea(QWidget* parent) : QMdiArea(parent) { setBackground(Look::current().window); }
-
-  protected:
-    void paintEvent(QPaintEvent* event) override {
-        QMdiArea::paintEvent(event);
-        if (!subWindowList().isEmpty()) return;
-        constexpr double side = 120;
-        QPainter painter(viewport());
-        const QRectF place((viewport()->width() - side) / 2, (viewport()->height() - side) / 2, side, side);
-        paintIcon(painter, place, QStringLiteral("emblem"), Look::current().hover);
-    }
-};
 
 /// The pointer waits as long as this lives.
 struct WaitCursor {
