@@ -24,7 +24,7 @@ class clsSelections {
     int UnitMeasure = 0;       ///< Stored only.
     std::shared_ptr<const clsProjectConditions> ProjectConditions;
 
-    /// Raised after each compressor: percent done, and its position in the results.
+    /// Called after each compressor: percent done, and its position in the results.
     std::function<void(int Percent, int Index)> SelectionPercent;
 
     /// Runs a whole selection; the results replace those before. `Serie` is the catalogue's name, `Models` a

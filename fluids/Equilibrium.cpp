@@ -7,7 +7,7 @@
 namespace marvello::fluids {
 namespace {
 
-// The unknowns stand as ln K_0 ... ln K_(n-1), ln rho_1, ln rho_2, ln T, share.
+// The order of the unknowns: ln K_0 ... ln K_(n-1), ln rho_1, ln rho_2, ln T, share.
 struct Places {
     explicit Places(std::size_t count)
         : firstDensity(count),
@@ -223,7 +223,7 @@ std::optional<TwoPhases> Equilibrium::solve(const TwoPhases& guess, const Condit
         setEquations(state, conditions);
         if (!eliminate()) return std::nullopt;
         const auto step = [&](std::size_t place) { return rows_[place][at.end]; };
-        // The share tells as much as the phases differ; next to the critical point it is all rounding.
+        // The share counts as much as the phases differ; next to the critical point it is all rounding.
         const double gap = std::min(1.0, std::abs(std::log(state.secondDensity / state.firstDensity)));
         double size = gap * std::abs(step(at.share));
         for (std::size_t k = 0; k < at.share; ++k) size = std::max(size, std::abs(step(k)));

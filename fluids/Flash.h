@@ -11,7 +11,7 @@
 
 namespace marvello::fluids {
 
-/// What stands for a number that is not defined, such as a heat capacity in the two-phase region.
+/// The marker of a number that is not defined, such as a heat capacity in the two-phase region.
 inline constexpr double undefined = -9999990;
 
 /// Quality of a single phase, where none is defined.

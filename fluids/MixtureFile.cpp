@@ -17,7 +17,7 @@ constexpr const char* mixtureFormat = "marvello-mixture";
 
 using Departures = std::map<std::string, std::vector<ResidualTerm>, std::less<>>;
 
-/// A pair as it stands in the file, in the order of its parameters.
+/// A pair of the file, in the order of its parameters.
 struct NamedPair {
     std::string first;
     std::string second;

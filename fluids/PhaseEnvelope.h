@@ -15,8 +15,9 @@ namespace marvello::fluids {
 /// the critical point to the coldest dew point.
 ///
 /// Set-up traces it once and lays polynomials through ln T, ln p, ln rho and all ln K, which answer from then
-/// on. They stand over u = ln(density of the incipient phase / density of the phase of overall composition),
-/// which rises all along: negative at bubble points, 0 at the critical point, positive at dew points.
+/// on. They are functions of u = ln(density of the incipient phase / density of the phase of overall
+/// composition), which rises all along: negative at bubble points, 0 at the critical point, positive at dew
+/// points.
 class PhaseEnvelope final : public PhaseBoundary {
   public:
     /// `phase` is the blend at its overall composition and `equilibrium` that of the same; both are used

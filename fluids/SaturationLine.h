@@ -14,8 +14,8 @@ namespace marvello::fluids {
 /// equation.
 ///
 /// Set-up solves the equation (equal pressure and Gibbs energy of both phases) and lays polynomials through
-/// ln p and ln rho, which answer from then on. They stand over theta = sqrt(1 - T/Tc), counted negative for
-/// the vapour: ln rho is one smooth function of it through the critical point, and ln p an even one.
+/// ln p and ln rho, which answer from then on. They are functions of theta = sqrt(1 - T/Tc), counted negative
+/// for the vapour: ln rho is one smooth function of it through the critical point, and ln p an even one.
 class SaturationLine final : public PhaseBoundary {
   public:
     /// `phase` holds the pure fluid and is used during the construction only. Throws when the equation has no

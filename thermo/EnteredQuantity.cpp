@@ -84,7 +84,7 @@ std::vector<Spelling> spellingsOf(Quantity quantity) {
     return result;
 }
 
-/// `text` in lower case without blanks, brackets and signs of degree; "2" for the raised one, "g" for the
+/// `text` in lower case without blanks, brackets and signs of degree; "2" for the superscript, "g" for the
 /// letter that marks a gauge pressure in German.
 std::string normalised(std::string_view text) {
     constexpr std::array<std::pair<std::string_view, std::string_view>, 5> replaced{
