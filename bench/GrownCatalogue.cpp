@@ -4,8 +4,7 @@
 
 #include <stdexcept>
 
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "catalogue/Globals.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Content.h"
 
@@ -75,16 +74,14 @@ Content grownContent(int least) {
 }  // namespace
 
 GrownCatalogue::GrownCatalogue(int least)
-    : folder_(std::filesystem::temp_directory_path() / ("marvello-grown-" + std::to_string(getpid()))) {
+    : session_(MARVELLO_APP_FOLDER),
+      folder_(std::filesystem::temp_directory_path() / ("marvello-grown-" + std::to_string(getpid()))) {
     std::filesystem::create_directories(folder_);
     writeCatalogue(grownContent(least), file());
-    setApplicationFolder(MARVELLO_APP_FOLDER);
-    gDatabase().CloseConnection();
-    gDatabase().Connect("Data Source=" + file());
+    openCatalogue("Data Source=" + file());
 }
 
 GrownCatalogue::~GrownCatalogue() {
-    gDatabase().CloseConnection();
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
 }

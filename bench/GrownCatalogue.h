@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "data/Session.h"
+
 namespace marvello::bench {
 
 /// A series of a refrigerant.
@@ -12,9 +14,10 @@ struct Series {
     std::string name;
 };
 
-/// A catalogue file of a size that a shipped one may reach, opened as gDatabase(): the compressors of the
-/// text tables repeated under further models and series, with surfaces of their own, until there are `least`
-/// of them. The property library is that of the built application folder. Nothing is left of it afterwards.
+/// A catalogue file of a size that a shipped one may reach, opened in a session of its own: the compressors
+/// of the text tables repeated under further models and series, with surfaces of their own, until there are
+/// `least` of them. The property library is that of the built application folder. Nothing is left of it
+/// afterwards.
 class GrownCatalogue {
   public:
     explicit GrownCatalogue(int least);
@@ -25,6 +28,7 @@ class GrownCatalogue {
     std::string file() const { return (folder_ / "db.mdb").string(); }
 
   private:
+    Session session_;
     std::filesystem::path folder_;
 };
 

@@ -10,28 +10,21 @@
 
 #include "catalogue/Globals.h"
 #include "controls/Look.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 
 namespace marvello::bench {
 
-Windows::Windows(int& argumentCount, char** arguments) {
+Windows::Windows(int& argumentCount, char** arguments) : session_(MARVELLO_APP_FOLDER) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QApplication>(argumentCount, arguments);
     settings_ = std::make_unique<QTemporaryDir>();
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_->path());
-    openShippedCatalogue();
-    loadSharedPolynomials();
+    openCatalogue();
     gApplication().User().language = "en-EN";
     Look::install(*application_, Look::light());
 }
 
 Windows::~Windows() = default;
-
-void openShippedCatalogue() {
-    setApplicationFolder(MARVELLO_APP_FOLDER);
-    gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
-}
 
 int runInWindows(int argumentCount, char** arguments) try {
     const Windows windows(argumentCount, arguments);

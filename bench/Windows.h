@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "data/Session.h"
+
 class QApplication;
 class QTemporaryDir;
 
@@ -17,12 +19,10 @@ class Windows {
     Windows& operator=(const Windows&) = delete;
 
   private:
+    Session session_;
     std::unique_ptr<QApplication> application_;
     std::unique_ptr<QTemporaryDir> settings_;
 };
-
-/// The catalogue of the built application folder becomes gDatabase().
-void openShippedCatalogue();
 
 /// Runs the benchmarks of a program in such a surrounding; the status to leave it with.
 int runInWindows(int argumentCount, char** arguments);

@@ -22,7 +22,7 @@
 #include "bench/Floor.h"
 #include "bench/GrownCatalogue.h"
 #include "catalogue/clsPolynomial.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "engine/clsSelections.h"
 #include "thermo/clsRefprop.h"
 #include "tools/catalogue/Check.h"
@@ -49,7 +49,7 @@ int failedOf(const clsSelections& selections) {
 /// Every row of the catalogue, refrigerant by refrigerant, from a start without any state.
 Outcome runAll(const std::vector<Series>& all) {
     Outcome outcome;
-    releaseRefprop();
+    InitRefprop(all.front().refrigerant);
     const auto conditions = std::make_shared<const clsProjectConditions>(conditionsAt(2, 40));
     for (const Series& series : all) {
         clsSelections selections;
@@ -64,7 +64,7 @@ Outcome runAll(const std::vector<Series>& all) {
 /// second run asks for nothing shows that the first one forgot nothing, and so asked for nothing twice.
 Outcome countAll(const std::vector<Series>& all) {
     Outcome outcome;
-    releaseRefprop();
+    InitRefprop(all.front().refrigerant);
     const auto conditions = std::make_shared<const clsProjectConditions>(conditionsAt(2, 40));
     for (auto first = all.begin(); first != all.end();) {
         const auto last = std::find_if(
@@ -144,19 +144,13 @@ class Recorder {
 };
 
 std::vector<DatabaseEvent> eventsOf(const std::vector<Series>& all, const std::string& file) {
-    gDatabase().CloseConnection();
-    std::vector<DatabaseEvent> events;
-    {
-        Recorder recorder;
-        gDatabase().Connect("Data Source=" + file);
-        gDatabase().checkUndamaged();
-        recorder.forget();  // without those of the opening
-        runAll(all);
-        events = std::move(recorder.events);
-        gDatabase().CloseConnection();
-    }
-    gDatabase().Connect("");
-    return events;
+    Recorder recorder;
+    const Session session(MARVELLO_APP_FOLDER);
+    gDatabase().Connect("Data Source=" + file);
+    gDatabase().checkUndamaged();
+    recorder.forget();  // without those of the opening
+    runAll(all);
+    return std::move(recorder.events);
 }
 
 void readColumns(const SQLite::Statement& statement) {
@@ -210,7 +204,6 @@ void wholeCatalogue(benchmark::State& state) {
     state.counters["setUps"] = starts("tFluidi");
     state.counters["states"] = static_cast<double>(counted.states);
     state.counters["repeatedStates"] = static_cast<double>(counted.repeated);
-    releaseRefprop();
 }
 BENCHMARK(wholeCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(3);
 

@@ -16,10 +16,9 @@
 #include <vector>
 
 #include "bench/Floor.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "catalogue/Globals.h"
 #include "data/Hooks.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "engine/clsSelections.h"
 #include "thermo/clsRefprop.h"
 
@@ -160,9 +159,10 @@ void aborted(benchmark::State& state, const std::string& what) {
     int turns = 0;
     int abortAt = 0;
     Clock::time_point click;
-    hooks().giveTurn = [&] {
+    Session& session = Session::current();
+    session.hooks.giveTurn = [&] {
         if (++turns != abortAt) return;
-        AbortRequested() = true;
+        session.abortRequested = true;
         click = Clock::now();
     };
     for (auto _ : state) {
@@ -175,8 +175,8 @@ void aborted(benchmark::State& state, const std::string& what) {
             turnsAfter.push_back(turns - abortAt);
         });
     }
-    hooks().giveTurn = nullptr;
-    AbortRequested() = false;
+    session.hooks.giveTurn = nullptr;
+    session.abortRequested = false;
     state.counters["runs"] = static_cast<double>(delays.size());
     report(state, "delay_ms", delays);
     state.counters["turnsAfter_worst"] = quantile(turnsAfter, 1);
@@ -188,14 +188,13 @@ BENCHMARK_CAPTURE(aborted, capacity, std::string("capacity"))->Unit(benchmark::k
 
 int main(int argc, char** argv) {
     try {
-        setApplicationFolder(MARVELLO_APP_FOLDER);
-        gDatabase().Connect(std::string("Data Source=") + MARVELLO_APP_FOLDER + "/db.mdb");
+        const Session session(MARVELLO_APP_FOLDER);
+        openCatalogue();
         benchmark::Initialize(&argc, argv);
         constexpr std::string_view option = "--every=";
         if (argc > 1 && std::string_view(argv[1]).starts_with(option))
             every = std::max(1, std::atoi(argv[1] + option.size()));
         benchmark::RunSpecifiedBenchmarks();
-        releaseRefprop();
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "%s\n", fault.what());
         return 2;

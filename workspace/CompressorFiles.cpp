@@ -3,7 +3,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 
-#include "data/ApplicationFolder.h"
+#include "data/Session.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -12,7 +12,7 @@ namespace {
 
 /// The file of the model or of its series in a folder of the application folder; empty without either.
 QString fileOf(const QString& folder, const QString& serie, const QString& model, const QString& extension) {
-    const QString path = fromCore(applicationFolder()) + folder;
+    const QString path = fromCore(Session::current().applicationFolder) + folder;
     for (const QString& name : {serie + u'-' + model, serie})
         if (const QString file = path + name + extension; QFileInfo(file).isFile()) return file;
     return {};
@@ -23,7 +23,9 @@ QString fileOf(const QString& folder, const QString& serie, const QString& model
 QString photoFile(const QString& serie, const QString& model) {
     const QString folder = QStringLiteral("/images/photos/");
     const QString file = fileOf(folder, serie, model, QStringLiteral(".jpg"));
-    return file.isEmpty() ? fromCore(applicationFolder()) + folder + QStringLiteral("Kestrom.jpg") : file;
+    return file.isEmpty()
+               ? fromCore(Session::current().applicationFolder) + folder + QStringLiteral("Kestrom.jpg")
+               : file;
 }
 
 QImage readPhoto(const QString& serie, const QString& model) {

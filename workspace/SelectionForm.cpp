@@ -18,7 +18,7 @@
 #include "controls/Splitter.h"
 #include "controls/TabStrip.h"
 #include "controls/ctlBtn.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/DropList.h"

@@ -15,7 +15,7 @@
 #include "controls/NumberText.h"
 #include "controls/Splitter.h"
 #include "data/CollectedBoxes.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "data/Texts.h"
 #include "thermo/clsRefprop.h"
 #include "workspace/CoupledFields.h"

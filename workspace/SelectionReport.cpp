@@ -7,7 +7,7 @@
 
 #include "controls/AdvanceText.h"
 #include "controls/ResultsView.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "reports/ReportOutput.h"
 #include "workspace/CompressorFiles.h"
 #include "workspace/InputPanel.h"

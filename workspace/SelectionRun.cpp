@@ -13,7 +13,7 @@
 #include "controls/TabStrip.h"
 #include "controls/ctlBtn.h"
 #include "data/CollectedBoxes.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "thermo/clsRefprop.h"
 #include "workspace/EmptyPage.h"
 #include "workspace/InputPanel.h"

@@ -24,8 +24,8 @@
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
 #include "controls/TabStrip.h"
-#include "data/Globals.h"
 #include "data/Hooks.h"
+#include "data/Session.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/frmMenu.h"
@@ -38,9 +38,11 @@ namespace {
 class MainWindowTest : public WorkspaceFixture {
   protected:
     MainWindowTest() {
-        hooks().writeSetting = [this](const std::string&, const std::string&, const std::string&,
-                                      const std::string& value) { storedLanguage = value; };
-        hooks().readSetting = [this](const std::string&, const std::string&, const std::string&) {
+        catalogue.session.hooks.writeSetting = [this](const std::string&, const std::string&,
+                                                      const std::string&,
+                                                      const std::string& value) { storedLanguage = value; };
+        catalogue.session.hooks.readSetting = [this](const std::string&, const std::string&,
+                                                     const std::string&) {
             return storedLanguage.empty() ? std::nullopt : std::optional(storedLanguage);
         };
         window = std::make_unique<MDIMain>("1.0.0");
