@@ -19,6 +19,7 @@
 #include "results/ExportRecords.h"
 #include "workspace/ExportFile.h"
 #include "workspace/MDIMain.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
 
 using namespace marvello;
@@ -101,8 +102,8 @@ void saveOneReport(benchmark::State& state) {
     window.show();
     SelectionForm* form = window.newSelection();
     form->lnkCalculate_Click();
-    while (!form->canPrint()) form->moveSelection(1);
-    const ReportContent report = *form->selectedReport();
+    while (!form->results().canPrint()) form->results().moveSelection(1);
+    const ReportContent report = *form->results().report();
     const QString file = folder.filePath(QStringLiteral("report.pdf"));
     bench::AgainstFloor(state, "a page with its photo and texts")
         .run([&] { saveReport(file, reportLayout(), report); },

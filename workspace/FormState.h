@@ -3,20 +3,17 @@
 #include <QHash>
 #include <QString>
 
-#include "workspace/CoupleLeaders.h"
+#include "inputs/SelectionInputs.h"
 
 namespace marvello {
 
-/// What a selection form leaves to the next one: its inputs by the names of their fields, and how
-/// wide the user made the columns of its list, by their keys. Values are in the units of the form.
+/// What a selection form leaves to the next one: its inputs, and how wide the user made the columns of its
+/// list, by their keys.
 struct FormState {
-    int measureUnit = 0;  ///< 0 metric, 1 imperial
-    QHash<QString, QString> keys;
-    QHash<QString, double> values;
+    InputState inputs;
     QHash<QString, int> columnWidths;
-    CoupleLeaders leaders;
 
-    bool isEmpty() const { return keys.isEmpty(); }
+    bool isEmpty() const { return inputs.isEmpty(); }
 };
 
 }  // namespace marvello

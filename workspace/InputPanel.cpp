@@ -5,11 +5,14 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 #include "controls/AdvanceText.h"
+#include "controls/CoreText.h"
 #include "controls/Link.h"
 #include "controls/Look.h"
 #include "controls/ctlBtn.h"
+#include "inputs/InputTexts.h"
 
 namespace marvello {
 
@@ -29,6 +32,11 @@ constexpr int wideUnit = 48;
 constexpr int buttonGap = 14;
 constexpr int buttonHeight = 32;
 constexpr int helpGap = 16;
+
+/// The numbers that stand next to the selector of how they are meant, and have no caption of their own.
+constexpr std::array besideSelectors{std::pair{Input::superheat, Input::superheatKind},
+                                     std::pair{Input::economizer, Input::economizerMode},
+                                     std::pair{Input::oilCooling, Input::oilCoolingMode}};
 
 /// Empty where there is but one sentence.
 QString withoutLastSentence(const QString& text) {
@@ -54,34 +62,14 @@ InputPanel::InputPanel(bool hasFrequency, QWidget* parent)
     scroll_->setFocusPolicy(Qt::NoFocus);
     scroll_->setWidget(PicInput_);
 
-    lstRefrigerants = list("lstRefrigerants");
-    lstSeries = list("lstSeries");
-    lstModels = list("lstModels");
-    txtTED = number("txtTED");
-    txtTEM = number("txtTEM");
-    txtPE = number("txtPE");
-    txtTCD = number("txtTCD");
-    txtTCM = number("txtTCM");
-    txtPC = number("txtPC");
-    cmbSh = list("cmbSh");
-    txtSH = number("txtSH", false);
-    txtSC = number("txtSC");
-    cmbEco = list("cmbEco");
-    txtEco = number("txtEco", false);
-    cmbOilCooling = list("cmbOilCooling");
-    txtOilCooling = number("txtOilCooling", false);
-    if (hasFrequency) {
-        txtFrequency = number("txtFrequency");
-        txtFrequency->SetUnitCaptiontext(QStringLiteral(" Hz"));
+    for (const InputDefinition& definition : allInputs())
+        if (hasFrequency || definition.input != Input::frequency)
+            fields_[static_cast<std::size_t>(definition.input)] = newField(definition);
+    if (hasFrequency) (*this)[Input::frequency]->SetUnitCaptiontext(QStringLiteral(" Hz"));
+    for (const auto& [value, selector] : besideSelectors) {
+        (*this)[value]->SetNamedBy((*this)[selector]);
+        (*this)[value]->setProperty("CaptionVisible", false);
     }
-    cmbMotorVoltage = list("cmbMotorVoltage");
-    cmbMotorSize = list("cmbMotorSize");
-    cmbMotorRPM = list("cmbMotorRPM");
-    cmbStepCapacity = list("cmbStepCapacity");
-    txtSH->SetNamedBy(cmbSh);
-    txtEco->SetNamedBy(cmbEco);
-    txtOilCooling->SetNamedBy(cmbOilCooling);
-    for (AdvanceText* hidden : {txtTEM, txtTCM, txtEco, txtOilCooling}) hidden->hide();
 
     lnkCalculate = new ctlBtn(this);
     lnkCalculate->setObjectName(QStringLiteral("lnkCalculate"));
@@ -103,34 +91,35 @@ InputPanel::InputPanel(bool hasFrequency, QWidget* parent)
     connect(this, &Container::resized, this, &InputPanel::layOut);
 }
 
-AdvanceText* InputPanel::list(const char* name) {
+AdvanceText* InputPanel::newField(const InputDefinition& definition) {
     auto* field = new AdvanceText(PicInput_);
-    field->setObjectName(QLatin1String(name));
-    field->SetLocked(true);
-    field->setProperty("ButtonVisible", true);
-    fields_ += field;
+    field->setObjectName(fromCore(definition.name));
+    if (definition.isChoice) {
+        field->SetLocked(true);
+        field->setProperty("ButtonVisible", true);
+    } else {
+        field->SetTextType(1);
+        field->SetTextFormat(fromCore(inputPattern));
+        field->setProperty("UnitCaptionVisible", true);
+    }
     return field;
 }
 
-AdvanceText* InputPanel::number(const char* name, bool captioned) {
-    auto* field = new AdvanceText(PicInput_);
-    field->setObjectName(QLatin1String(name));
-    field->SetTextType(1);
-    field->SetTextFormat(QStringLiteral("#0.00"));
-    field->setProperty("UnitCaptionVisible", true);
-    field->setProperty("CaptionVisible", captioned);
-    fields_ += field;
-    return field;
+QString InputPanel::captionOf(Input input) const {
+    for (const auto& [value, selector] : besideSelectors)
+        if (value == input) return captionOf(selector);
+    return (*this)[input]->CaptionText();
 }
 
 void InputPanel::makeTabOrder() {
-    for (qsizetype i = 1; i < fields_.size(); ++i) QWidget::setTabOrder(fields_[i - 1], fields_[i]);
-    QWidget::setTabOrder(fields_.back(), lnkCalculate);
+    QWidget* previous = nullptr;
+    for (QWidget* next : fields_) {
+        if (!next) continue;
+        if (previous) QWidget::setTabOrder(previous, next);
+        previous = next;
+    }
+    QWidget::setTabOrder(previous, lnkCalculate);
     QWidget::setTabOrder(lnkCalculate, lnkDefaults);
-}
-
-void InputPanel::commit() {
-    for (AdvanceText* field : fields_) field->commit();
 }
 
 void InputPanel::ResizeControls(int captionWidth) {
@@ -145,14 +134,17 @@ void InputPanel::place(AdvanceText* field, int left, int right, int captionWidth
                        AdvanceText::boxHeight + 2 * halo);
 }
 
-void InputPanel::single(AdvanceText* field) {
-    if (field->isHidden()) return;
+void InputPanel::single(Input input) {
+    AdvanceText* const field = (*this)[input];
+    if (!field || field->isHidden()) return;
     field->setProperty("UnitCaptionWidth", wideUnit);
     place(field, side, rowWidth_ - side, captionWidth_);
     rowTop_ += pitch;
 }
 
-void InputPanel::pair(AdvanceText* left, AdvanceText* right) {
+void InputPanel::pair(Input first, Input second) {
+    AdvanceText* const left = (*this)[first];
+    AdvanceText* const right = (*this)[second];
     const int edge = side + captionWidth_ + temperatureBox;
     left->setProperty("UnitCaptionWidth", narrowUnit);
     place(left, side, edge, captionWidth_);
@@ -164,7 +156,9 @@ void InputPanel::pair(AdvanceText* left, AdvanceText* right) {
     rowTop_ += pitch;
 }
 
-void InputPanel::mode(AdvanceText* selector, AdvanceText* value) {
+void InputPanel::mode(Input kind, Input number) {
+    AdvanceText* const selector = (*this)[kind];
+    AdvanceText* const value = (*this)[number];
     const int right = rowWidth_ - side;
     if (value->isHidden()) {
         place(selector, side, right, captionWidth_);
@@ -176,8 +170,8 @@ void InputPanel::mode(AdvanceText* selector, AdvanceText* value) {
     rowTop_ += pitch;
 }
 
-void InputPanel::coupled(AdvanceText* dew, AdvanceText* mid, AdvanceText* pressure) {
-    if (mid->isHidden()) {
+void InputPanel::coupled(Input dew, Input mid, Input pressure) {
+    if ((*this)[mid]->isHidden()) {
         pair(dew, pressure);
         return;
     }
@@ -188,23 +182,23 @@ void InputPanel::coupled(AdvanceText* dew, AdvanceText* mid, AdvanceText* pressu
 void InputPanel::layOutRows(int width) {
     rowWidth_ = width;
     rowTop_ = firstRow;
-    single(lstRefrigerants);
-    single(lstSeries);
-    single(lstModels);
+    single(Input::refrigerant);
+    single(Input::series);
+    single(Input::models);
     rowTop_ += groupGap;
-    coupled(txtTED, txtTEM, txtPE);
-    coupled(txtTCD, txtTCM, txtPC);
+    coupled(Input::evaporatingDew, Input::evaporatingMid, Input::evaporatingPressure);
+    coupled(Input::condensingDew, Input::condensingMid, Input::condensingPressure);
     rowTop_ += groupGap;
-    mode(cmbSh, txtSH);
-    single(txtSC);
-    mode(cmbEco, txtEco);
-    mode(cmbOilCooling, txtOilCooling);
+    mode(Input::superheatKind, Input::superheat);
+    single(Input::subcooling);
+    mode(Input::economizerMode, Input::economizer);
+    mode(Input::oilCoolingMode, Input::oilCooling);
     rowTop_ += groupGap;
-    if (txtFrequency) single(txtFrequency);
-    single(cmbMotorVoltage);
-    single(cmbMotorSize);
-    single(cmbMotorRPM);
-    single(cmbStepCapacity);
+    single(Input::frequency);
+    single(Input::motorVoltage);
+    single(Input::motorSize);
+    single(Input::motorSpeed);
+    single(Input::capacityStep);
 }
 
 void InputPanel::layOut() {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+
 #include "controls/Container.h"
+#include "inputs/Input.h"
 
 class QLabel;
 class QScrollArea;
@@ -22,35 +25,13 @@ class InputPanel : public Container {
     /// `hasFrequency` adds the frequency of an inverter.
     InputPanel(bool hasFrequency, QWidget* parent);
 
-    AdvanceText* lstRefrigerants;
-    AdvanceText* lstSeries;
-    AdvanceText* lstModels;
-    AdvanceText* txtTED;
-    AdvanceText* txtTEM;
-    AdvanceText* txtPE;
-    AdvanceText* txtTCD;
-    AdvanceText* txtTCM;
-    AdvanceText* txtPC;
-    AdvanceText* cmbSh;
-    AdvanceText* txtSH;
-    AdvanceText* txtSC;
-    AdvanceText* cmbEco;
-    AdvanceText* txtEco;
-    AdvanceText* cmbOilCooling;
-    AdvanceText* txtOilCooling;
-    AdvanceText* txtFrequency = nullptr;  ///< only of inverters
-    AdvanceText* cmbMotorVoltage;
-    AdvanceText* cmbMotorSize;
-    AdvanceText* cmbMotorRPM;
-    AdvanceText* cmbStepCapacity;
     ctlBtn* lnkCalculate;
     Link* lnkDefaults;  ///< gives all inputs their first values again
 
-    /// All inputs, in the order of the panel.
-    const QList<AdvanceText*>& fields() const { return fields_; }
-
-    /// Puts values in the place of texts that say them in other words; see AdvanceText::commit.
-    void commit();
+    /// The field of an input; null for the frequency of an inverter where there is none.
+    AdvanceText* operator[](Input input) const { return fields_[static_cast<std::size_t>(input)]; }
+    /// What a field is called; the name of its selector for one that has no caption of its own.
+    QString captionOf(Input input) const;
 
     /// Sets the width of the captions and lays out.
     void ResizeControls(int captionWidth);
@@ -61,12 +42,11 @@ class InputPanel : public Container {
     void VisualizzaHelp(const QString& title, const QString& text);
 
   private:
-    AdvanceText* list(const char* name);
-    AdvanceText* number(const char* name, bool captioned = true);
-    void single(AdvanceText* field);
-    void pair(AdvanceText* left, AdvanceText* right);
-    void mode(AdvanceText* selector, AdvanceText* value);
-    void coupled(AdvanceText* dew, AdvanceText* mid, AdvanceText* pressure);
+    AdvanceText* newField(const InputDefinition& definition);
+    void single(Input input);
+    void pair(Input first, Input second);
+    void mode(Input kind, Input number);
+    void coupled(Input dew, Input mid, Input pressure);
     void place(AdvanceText* field, int left, int right, int captionWidth);
     void layOutRows(int width);
     void layOutHelp(const QRect& room);
@@ -77,7 +57,7 @@ class InputPanel : public Container {
     QLabel* rtfHelp_;
     QString helpTitle_;
     QString helpText_;
-    QList<AdvanceText*> fields_;
+    std::array<AdvanceText*, inputCount> fields_{};
     int captionWidth_;
     int rowTop_ = 0;
     int rowWidth_ = 0;

@@ -6,10 +6,11 @@
 #include <QToolTip>
 #include <algorithm>
 
-#include "controls/AdvanceText.h"
 #include "controls/Icons.h"
 #include "controls/Look.h"
+#include "controls/NumberText.h"
 #include "controls/ctlBtn.h"
+#include "inputs/InputTexts.h"
 #include "workspace/InputPanel.h"
 #include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
@@ -24,30 +25,37 @@ constexpr int around = 10;  // at each side of a separator
 constexpr int leastWidthWithWords = 560;
 constexpr int iconButtonWidth = 40;
 
-QStringList summaryOf(const InputPanel& panel) {
-    QStringList inputs{panel.lstRefrigerants->TextText(), panel.lstSeries->TextText()};
-    inputs += panel.txtTED->TextText() + QStringLiteral(" / ") + withUnit(*panel.txtTCD);
-    const bool isDifference = panel.cmbSh->Key() == u"0";
-    const auto entry = [](const char* key, const QString& value) {
-        return filled(dictionaryText(QLatin1String(key)), {value});
+QStringList summaryOf(const SelectionInputs& inputs, const InputPanel& panel) {
+    const NumberMarks marks = marksOf(QLocale());
+    const auto text = [&](Input input) { return fromCore(inputText(inputs, input, marks)); };
+    const auto entry = [&](const char* key, Input input) {
+        return filled(dictionaryText(QLatin1String(key)), {withUnit(inputs, input)});
     };
-    inputs += entry(isDifference ? "frmselection.summary.superheat" : "frmselection.summary.suction",
-                    withUnit(*panel.txtSH));
-    inputs += entry("frmselection.summary.subcooling", withUnit(*panel.txtSC));
-    if (panel.txtFrequency) inputs += withUnit(*panel.txtFrequency);
-    inputs += panel.cmbMotorVoltage->TextText();
-    if (panel.lstModels->Key() != u"*") inputs += panel.lstModels->TextText();
+    const bool isDifference = inputs.quantity(Input::superheat) == Quantity::temperatureDifference;
+    QStringList summary{
+        text(Input::refrigerant), text(Input::series),
+        text(Input::evaporatingDew) + QStringLiteral(" / ") + withUnit(inputs, Input::condensingDew),
+        entry(isDifference ? "frmselection.summary.superheat" : "frmselection.summary.suction",
+              Input::superheat),
+        entry("frmselection.summary.subcooling", Input::subcooling)};
+    if (inputs.isShown(Input::frequency)) summary += withUnit(inputs, Input::frequency);
+    summary += text(Input::motorVoltage);
+    if (!inputs.isNeutral(Input::models)) summary += text(Input::models);
     for (const auto& [mode, value] :
-         {std::pair{panel.cmbEco, panel.txtEco}, {panel.cmbOilCooling, panel.txtOilCooling}})
-        if (!value->isHidden()) inputs += mode->CaptionText() + u' ' + withUnit(*value);
-    if (panel.cmbStepCapacity->Key() != u"100") inputs += panel.cmbStepCapacity->TextText();
-    return inputs;
+         {std::pair{Input::economizerMode, Input::economizer}, {Input::oilCoolingMode, Input::oilCooling}})
+        if (inputs.isShown(value)) summary += panel.captionOf(mode) + u' ' + withUnit(inputs, value);
+    if (!inputs.isNeutral(Input::capacityStep)) summary += text(Input::capacityStep);
+    return summary;
 }
 
 }  // namespace
 
-InputSummary::InputSummary(const InputPanel& panel, QWidget* parent)
-    : QWidget(parent), panel_(panel), edit_(new ctlBtn(this)), calculate_(new ctlBtn(QString(), true, this)) {
+InputSummary::InputSummary(const SelectionInputs& inputs, const InputPanel& panel, QWidget* parent)
+    : QWidget(parent),
+      inputs_(inputs),
+      panel_(panel),
+      edit_(new ctlBtn(this)),
+      calculate_(new ctlBtn(QString(), true, this)) {
     setObjectName(QStringLiteral("inputSummary"));
     edit_->setObjectName(QStringLiteral("btnEditInputs"));
     edit_->setCheckable(true);
@@ -69,8 +77,8 @@ void InputSummary::setTexts(const QString& title, const QString& edit, const QSt
 }
 
 void InputSummary::refresh() {
-    inputs_ = summaryOf(panel_);
-    setAccessibleDescription(inputs_.join(QStringLiteral(", ")));
+    texts_ = summaryOf(inputs_, panel_);
+    setAccessibleDescription(texts_.join(QStringLiteral(", ")));
     update();
 }
 
@@ -94,8 +102,7 @@ void InputSummary::resizeEvent(QResizeEvent*) { layOut(); }
 
 bool InputSummary::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), inputs_.join(QStringLiteral("\n")),
-                       this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), texts_.join(QStringLiteral("\n")), this);
     return true;
 }
 
@@ -108,8 +115,8 @@ void InputSummary::paintEvent(QPaintEvent*) {
     const QFontMetrics metrics(painter.font());
     const int end = edit_->x() - gap;
     int left = side;
-    for (const QString& input : inputs_) {
-        const bool isFirst = &input == &inputs_.front();
+    for (const QString& input : texts_) {
+        const bool isFirst = &input == &texts_.front();
         const int start = isFirst ? left : left + 2 * around + 1;
         const int width = metrics.horizontalAdvance(input);
         // Only the first one is cut where even that is too long.

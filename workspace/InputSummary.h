@@ -6,6 +6,7 @@
 namespace marvello {
 
 class InputPanel;
+class SelectionInputs;
 class ctlBtn;
 
 /// The inputs of a form in one line, with the button that opens them and the button that calculates. Names
@@ -17,7 +18,7 @@ class InputSummary : public QWidget {
   public:
     static constexpr int barHeight = 52;
 
-    InputSummary(const InputPanel& panel, QWidget* parent);
+    InputSummary(const SelectionInputs& inputs, const InputPanel& panel, QWidget* parent);
 
     void setTexts(const QString& title, const QString& edit, const QString& calculate);
     void setOpen(bool open);
@@ -36,8 +37,9 @@ class InputSummary : public QWidget {
   private:
     void layOut();
 
+    const SelectionInputs& inputs_;
     const InputPanel& panel_;
-    QStringList inputs_;
+    QStringList texts_;
     QString editText_;
     ctlBtn* edit_;
     ctlBtn* calculate_;

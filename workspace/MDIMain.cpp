@@ -29,6 +29,7 @@
 #include "workspace/DropList.h"
 #include "workspace/FormFocus.h"
 #include "workspace/FramePlace.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmMenu.h"
@@ -308,8 +309,8 @@ void MDIMain::refreshState() {
     const SelectionForm* form = TabStrip_->count() > 0 ? ActiveForm() : nullptr;
     const bool hasResults = form && form->hasResults();
     commands_.enable(Needs::results, hasResults);
-    commands_.enable(Needs::copyableRow, form && form->canCopy());
-    commands_.enable(Needs::printableRow, form && form->canPrint());
+    commands_.enable(Needs::copyableRow, form && form->results().canCopy());
+    commands_.enable(Needs::printableRow, form && form->results().canPrint());
     commands_[Command::collapseInputs]->setChecked(form && form->isCollapsed());
     cmbGroupBy_->setEnabled(hasResults);
     cmbmeasureunits_->setEnabled(form != nullptr);

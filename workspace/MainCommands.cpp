@@ -27,6 +27,7 @@
 #include "data/Texts.h"
 #include "workspace/DropList.h"
 #include "workspace/MDIMain.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/formBuilds.h"
@@ -125,8 +126,8 @@ void MDIMain::makeCommands() {
     connect(commands_[Command::collapseInputs], &QAction::toggled, this, [this](bool collapse) {
         if (SelectionForm* form = ActiveForm()) form->CloseFrame(collapse);
     });
-    onForm(Command::previousRow, [](SelectionForm& form) { form.moveSelection(-1); });
-    onForm(Command::nextRow, [](SelectionForm& form) { form.moveSelection(1); });
+    onForm(Command::previousRow, [](SelectionForm& form) { form.results().moveSelection(-1); });
+    onForm(Command::nextRow, [](SelectionForm& form) { form.results().moveSelection(1); });
     on(Command::cascade, [this] { area_->cascadeSubWindows(); });
     on(Command::tileHorizontal, [this] { tileHorizontal(); });
     on(Command::tileVertical, [this] { tileVertical(); });
@@ -215,7 +216,7 @@ QWidget* MDIMain::makeSelectors() {
     connect(cmbGroupBy_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
         // The other forms take it with their next list.
         for (SelectionForm* form : forms()) form->setGroupBy(key.toInt());
-        if (SelectionForm* form = ActiveForm()) form->relistResults();
+        if (SelectionForm* form = ActiveForm()) form->results().relist();
     });
     row->addWidget(cmbmeasureunits_);
     row->addWidget(cmbGroupBy_);

@@ -1,62 +1,41 @@
-// What leaves the form for other programs.
+#include "workspace/SelectionExports.h"
 
 #include <QDir>
-#include <QStringList>
 
 #include "controls/MessageBox.h"
-#include "controls/ResultsView.h"
 #include "results/ExportRecords.h"
-#include "workspace/CopiedTable.h"
 #include "workspace/ExportFile.h"
-#include "workspace/SelectionForm.h"
+#include "workspace/SelectionRun.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
 
-void SelectionForm::ExportCPS() {
-    const auto file = chooseExportFile(this);
-    if (!file) return;
-    const RowSet records = resultsRecords(table_);
-    exportTo(*file, records, records.rowCount());
-}
+namespace {
 
-void SelectionForm::ExportPolynomials() {
-    const auto file = chooseExportFile(this);
-    if (!file) return;
-    exportTo(*file, polynomialsRecords(table_), Selection_->Count());
-}
-
-void SelectionForm::exportTo(const ExportFile& file, const RowSet& records, int compressors) {
+QString exportTo(const ExportFile& file, const RowSet& records, int compressors, QWidget* parent) {
     const QString path = QDir::toNativeSeparators(file.path);
     QString failure = writeExport(records, file);
-    if (failure.isEmpty()) {
-        emit exported(filled(dictionaryText(QStringLiteral("frmselection.export.done")),
-                             {QString::number(compressors), path}));
-        return;
-    }
+    if (failure.isEmpty())
+        return filled(dictionaryText(QStringLiteral("frmselection.export.done")),
+                      {QString::number(compressors), path});
     if (failure.endsWith(u'.')) failure.chop(1);  // The sentence has its own.
-    MessageBox::show(this, MessageBox::Mark::critical,
+    MessageBox::show(parent, MessageBox::Mark::critical,
                      filled(dictionaryText(QStringLiteral("frmselection.export.failed")), {path, failure}));
+    return {};
 }
 
-void SelectionForm::CopyToClipBoard() {
-    const QString lineEnd = QStringLiteral("\r\n");
-    CopiedTable table{
-        {QStringLiteral("Refrigerant"), QStringLiteral("Serie"), QStringLiteral("Model")}, {}, 3};
-    for (const ResultColumn& column : table_.columns) table.columns += fromCore(column.caption());
-    QString text = table.columns.join(u'\t') + lineEnd;
-    for (const int row : lvCps_->selectedRows()) {
-        // Kept: models that are not possible are copied as well.
-        const ResultRow* const result = resultOf(row);
-        if (!result) continue;
-        const clsCompressor& compressor = *result->compressor;
-        QStringList cells{fromCore(compressor.Refrigerant), fromCore(compressor.Serie),
-                          fromCore(compressor.Model)};
-        for (const ShownValue& value : result->values) cells += fromCore(value.text);
-        text += cells.join(u'\t') + lineEnd;
-        table.rows += cells;
-    }
-    copyTable(text, table);
+}  // namespace
+
+QString exportResults(const SelectionRun& run, QWidget* parent) {
+    const auto file = chooseExportFile(parent);
+    if (!file) return {};
+    const RowSet records = resultsRecords(run.table());
+    return exportTo(*file, records, records.rowCount(), parent);
+}
+
+QString exportPolynomials(const SelectionRun& run, QWidget* parent) {
+    const auto file = chooseExportFile(parent);
+    return file ? exportTo(*file, polynomialsRecords(run.table()), run.count(), parent) : QString();
 }
 
 }  // namespace marvello

@@ -1,34 +1,27 @@
 #include "workspace/SelectionForm.h"
 
-#include <QAction>
-#include <QActionGroup>
-#include <QHeaderView>
+#include <QApplication>
+#include <QCloseEvent>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QShortcut>
-#include <QStackedWidget>
 #include <QVBoxLayout>
-#include <array>
 
 #include "controls/AdvanceText.h"
 #include "controls/Link.h"
-#include "controls/Look.h"
-#include "controls/MessagesView.h"
-#include "controls/ResultsView.h"
+#include "controls/MessageBox.h"
 #include "controls/Splitter.h"
-#include "controls/TabStrip.h"
 #include "controls/ctlBtn.h"
 #include "data/Session.h"
 #include "workspace/ApplyFormParameters.h"
-#include "workspace/DimensionPage.h"
-#include "workspace/DropList.h"
 #include "workspace/EmptyPage.h"
+#include "workspace/InputFields.h"
 #include "workspace/InputPanel.h"
 #include "workspace/InputSummary.h"
 #include "workspace/InputsFold.h"
-#include "workspace/LimitsPage.h"
-#include "workspace/PolynomialsPage.h"
-#include "workspace/TechnicalPage.h"
+#include "workspace/Pane.h"
+#include "workspace/ResultsPane.h"
+#include "workspace/SelectionExports.h"
+#include "workspace/Settings.h"
 #include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmpG.h"
@@ -37,67 +30,32 @@ namespace marvello {
 
 namespace {
 
-constexpr int leastListHeight = 92;  // headings and two rows
-constexpr int leastPageHeight = 64;
-constexpr int listHeightAtStart = 338;
 constexpr int wideCaptionWidth = 116;
-
-/// The pages in the order of their tabs: the key of the tab, and the text of its entry in the pop-up menu.
-struct Page {
-    const char* key;
-    const char* menuText;
-};
-constexpr std::array<Page, 5> allPages{{
-    {"messages", "mdimain.menu.cpspopup.messages"},
-    {"tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
-    {"polynomials", "mdimain.menu.cpspopup.polynomials"},
-    {"dimension", "mdimain.menu.cpspopup.dimesion"},
-    {"limits", "mdimain.menu.cpspopup.limits"},
-}};
-
-QString menuName(const char* key) { return QStringLiteral("mnu_cpspopup_") + QLatin1String(key); }
-
-/// A plain widget that paints its ground.
-QWidget* pane(const char* name, QWidget* parent) {
-    auto* result = new QWidget(parent);
-    result->setObjectName(QLatin1String(name));
-    result->setAutoFillBackground(true);
-    QPalette palette = result->palette();
-    palette.setColor(QPalette::Window, Look::current().surface);
-    result->setPalette(palette);
-    return result;
-}
 
 }  // namespace
 
 SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
-    : QWidget(parent),
-      kind_(kind),
-      dropList_(new DropList(this)),
-      Selection_(std::make_unique<clsSelections>()) {
+    : QWidget(parent), kind_(kind), inputs_(kind) {
     setObjectName(QLatin1String(kind.name));
     setMinimumSize(360, 180);
     makePanes();
-    connectInputs();
-    auto* calculate = new QShortcut(QKeySequence(Qt::Key_F5), this);
-    calculate->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(calculate, &QShortcut::activated, this, &SelectionForm::lnkCalculate_Click);
-    auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
-    help->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(help, &QShortcut::activated, this, &SelectionForm::showHelp);
-    connect(panel_->lnkCalculate, &ctlBtn::clicked, this, &SelectionForm::lnkCalculate_Click);
-    connect(panel_->lnkDefaults, &Link::clicked, this, &SelectionForm::resetInputs);
-
-    writeDefaults();
+    connectPanes();
+    const auto onKey = [this](Qt::Key key, auto act) {
+        auto* shortcut = new QShortcut(QKeySequence(key), this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    onKey(Qt::Key_F5, [this] { lnkCalculate_Click(); });
+    onKey(Qt::Key_F1, [this] {
+        if (!fields_->showHelp()) emit guideRequested();
+    });
     Traduci();
-    if (kind_.hasInverter) applySet(QStringLiteral("Init"));
-    keepEconomizerValue();
-    PopulateInputObject(1, QStringLiteral("R134A"));
-    SyncTemperatureFields(QStringLiteral("tcd"));
-    SyncTemperatureFields(QStringLiteral("ted"));
-    panel_->layOut();
-    panel_->txtTED->setFocus();
+    if (kind_.hasInverter) {
+        applySet(QStringLiteral("Init"));
+        fields_->read();
+    }
     defaults_ = state();
+    (*panel_)[Input::evaporatingDew]->setFocus();
 }
 
 SelectionForm::~SelectionForm() = default;
@@ -105,121 +63,39 @@ SelectionForm::~SelectionForm() = default;
 void SelectionForm::makePanes() {
     Splitter1_ = new Splitter(this);
     Splitter1_->setObjectName(QStringLiteral("Splitter1"));
-    QWidget* Frame1 = pane("Frame1", Splitter1_);
+    auto* Frame1 = new QWidget(Splitter1_);
+    setUpPane(*Frame1, "Frame1");
     panel_ = new InputPanel(kind_.hasInverter, Frame1);
     auto* inside = new QVBoxLayout(Frame1);
     inside->setContentsMargins(0, 0, 0, 0);
     inside->addWidget(panel_);
     frame2_ = new EmptyPage(Splitter1_);
     frame2_->setObjectName(QStringLiteral("frame2"));
-
-    Splitter2_ = new Splitter(Splitter1_);
-    Splitter2_->setObjectName(QStringLiteral("Splitter2"));
-    QWidget* frame3 = pane("frame3", Splitter2_);
-    lvCps_ = new ResultsView(frame3);
-    lvCps_->setObjectName(QStringLiteral("lvCps"));
-    auto* list = new QVBoxLayout(frame3);
-    list->setContentsMargins(0, 0, 0, 0);
-    list->addWidget(lvCps_);
-
-    QWidget* Frame4 = pane("Frame4", Splitter2_);
-    auto* band = new TabBand(TabStrip::Kind::pages, Frame4);
-    TabStrip_ = band->strip();
-    TabStrip_->setObjectName(QStringLiteral("TabStrip"));
-    for (const Page& page : allPages) TabStrip_->addKeyed(QLatin1String(page.key), QString());
-    makePages(Frame4);
-    makePopUp();
-    auto* below = new QVBoxLayout(Frame4);
-    below->setContentsMargins(0, 0, 0, 0);
-    below->setSpacing(0);
-    below->addWidget(band);
-    below->addWidget(pages_, 1);
-
-    Splitter2_->SetOrientation(1);
-    Splitter2_->SetMinSize1(leastListHeight);
-    Splitter2_->SetMinSize2(leastPageHeight);
-    Splitter2_->SetChild1(QStringLiteral("Frame3"));
-    Splitter2_->SetChild2(QStringLiteral("Frame4"));
-    Splitter2_->SetSplitterPos(listHeightAtStart);
-    Splitter2_->hide();
-
+    results_ = new ResultsPane(run_, inputs_, Splitter1_);
+    results_->hide();
     Splitter1_->SetChild2(QStringLiteral("frame2"));
-    summary_ = new InputSummary(*panel_, this);
+
+    fields_ = new InputFields(inputs_, *panel_, *this, kind_.hasFieldHelp);
+    summary_ = new InputSummary(inputs_, *panel_, this);
     fold_ = new InputsFold(*this, *Splitter1_, *Frame1, *summary_);
+}
+
+void SelectionForm::connectPanes() {
+    connect(panel_->lnkCalculate, &ctlBtn::clicked, this, &SelectionForm::lnkCalculate_Click);
+    connect(panel_->lnkDefaults, &Link::clicked, this, [this] { takeOver(defaults_); });
+    connect(fields_, &InputFields::edited, this, [this](const QString& caption) {
+        if (!hasResults()) return;
+        closesplitter34();
+        invite(caption);
+    });
+    connect(fields_, &InputFields::subjectChanged, this, &SelectionForm::stateChanged);
+    connect(fields_, &InputFields::wantsRoom, fold_, &InputsFold::show);
     connect(fold_, &InputsFold::changed, this, &SelectionForm::stateChanged);
     connect(this, &SelectionForm::stateChanged, summary_, &InputSummary::refresh);
     connect(summary_, &InputSummary::calculateClicked, this, &SelectionForm::lnkCalculate_Click);
-
-    connect(lvCps_, &ResultsView::rowSelected, this, [this] {
-        PopulateFrame4();
-        emit stateChanged();
-    });
-    connect(lvCps_, &QWidget::customContextMenuRequested, this, &SelectionForm::openPopUp);
-    lvCps_->setSortable();
-    connect(lvCps_, &ResultsView::headingClicked, this, &SelectionForm::sortBy);
-    connect(lvCps_, &ResultsView::copyRequested, this, &SelectionForm::CopyToClipBoard);
-    connect(TabStrip_, &QTabBar::currentChanged, this, &SelectionForm::tabChanged);
-    tabChanged();
+    connect(results_, &ResultsPane::selectionChanged, this, &SelectionForm::stateChanged);
     connect(Splitter1_, &Splitter::moved, this, &SelectionForm::sizesChanged);
-    connect(Splitter2_, &Splitter::moved, this, &SelectionForm::sizesChanged);
-}
-
-// In the order of the tabs.
-void SelectionForm::makePages(QWidget* Frame4) {
-    pages_ = new QStackedWidget(Frame4);
-    lvMessages_ = new MessagesView(pages_);
-    lvMessages_->setObjectName(QStringLiteral("lvMessages"));
-    technical_ = new TechnicalPage(pages_);
-    polynomials_ = new PolynomialsPage(pages_);
-    dimension_ = new DimensionPage(pages_);
-    dimension_->setObjectName(QStringLiteral("picDimension"));
-    limits_ = new LimitsPage(pages_);
-    for (QWidget* page :
-         std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_})
-        pages_->addWidget(page);
-}
-
-void SelectionForm::makePopUp() {
-    mnu_cpspopup_ = new QMenu(this);
-    mnu_cpspopup_->setObjectName(QStringLiteral("mnu_cpspopup"));
-    auto* shown = new QActionGroup(mnu_cpspopup_);
-    for (const Page& page : allPages) {
-        QAction* entry = shown->addAction(mnu_cpspopup_->addAction(QString()));
-        entry->setObjectName(menuName(page.key));
-        entry->setCheckable(true);
-        connect(entry, &QAction::triggered, this, [this, key = page.key] { MnuPopUp(QLatin1String(key)); });
-        popUpEntries_.push_back({entry, page.menuText, Needs::nothing});
-    }
-    mnu_cpspopup_->addSeparator();
-    const auto add = [this](Command command, auto act) {
-        const CommandDefinition& definition = definitionOf(command);
-        QAction* entry = mnu_cpspopup_->addAction(QString());
-        entry->setObjectName(QLatin1String(definition.popUpName));
-        // Only shown here: the list and the main window listen to the keys.
-        entry->setShortcutContext(Qt::WidgetShortcut);
-        entry->setShortcut(definition.keys);
-        entry->setShortcutVisibleInContextMenu(true);
-        connect(entry, &QAction::triggered, this, act);
-        popUpEntries_.push_back({entry, definition.popUpTextKey, definition.needs});
-    };
-    add(Command::copy, [this] { CopyToClipBoard(); });
-    add(Command::printPreview, [this] { PrintReport(true); });
-    add(Command::print, [this] { PrintReport(false); });
-    lvCps_->setContextMenuPolicy(Qt::CustomContextMenu);
-}
-
-void SelectionForm::openPopUp(const QPoint& place) {
-    if (!resultOf(lvCps_->selectedRow())) return;
-    for (const PopUpEntry& entry : popUpEntries_)
-        if (entry.needs == Needs::printableRow) entry.action->setEnabled(canPrint());
-    mnu_cpspopup_->popup(lvCps_->viewport()->mapToGlobal(place));
-}
-
-void SelectionForm::tabChanged() {
-    const int tab = TabStrip_->currentIndex();
-    pages_->setCurrentIndex(tab);
-    mnu_cpspopup_->actions().at(tab)->setChecked(true);
-    PopulateFrame4();
+    connect(results_, &Splitter::moved, this, &SelectionForm::sizesChanged);
 }
 
 void SelectionForm::setKey(const QString& key) {
@@ -241,52 +117,52 @@ void SelectionForm::Traduci() {
     const bool isChinese = gApplication().User().language == "cn-CN";
     panel_->ResizeControls(isChinese ? wideCaptionWidth : InputPanel::usualCaptionWidth);
     applySet(QStringLiteral("populate"));
-    columns_ = catalogueColumns();
     panel_->lnkCalculate->setText(dictionaryText(QStringLiteral("frmselection.lnkcalculate.caption")));
     panel_->SetCaptionText(dictionaryText(QStringLiteral("frmselection.coolframe1.captiontext")));
     panel_->lnkDefaults->setText(dictionaryText(QStringLiteral("frmselection.lnkdefaults.caption")));
     summary_->setTexts(panel_->property("CaptionText").toString().trimmed(),
                        dictionaryText(QStringLiteral("frmselection.summary.edit")),
                        panel_->lnkCalculate->text());
-    lvCps_->header()->setAccessibleName(dictionaryText(QStringLiteral("frmselection.headings")));
     invite();
-    translatePages();
-    translateModels();
-    // The descriptions of the chosen keys, in the new language.
-    for (AdvanceText* field : panel_->fields())
-        if (field->Locked()) showChoice(field);
-    showUnits();
-    sayRanges();
-    markLeaders();
-    sayAgain();
+    fields_->translate();
+    summary_->refresh();
     panel_->layOut();
-    relistResults();
+    results_->translate();
 }
 
-void SelectionForm::translatePages() {
-    for (int tab = 0; tab < TabStrip_->count(); ++tab)
-        TabStrip_->setTabText(
-            tab, dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.") + TabStrip_->key(tab)));
-    lvCps_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.list")));
-    lvCps_->setSpokenGroup(dictionaryText(QStringLiteral("frmselection.list.group")));
-    lvMessages_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.messages")));
-    technical_->setCaption(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.tecnic")));
-    dimension_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.dimension")));
-    TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.pages")));
-    for (const PopUpEntry& entry : popUpEntries_)
-        entry.action->setText(dictionaryText(QLatin1String(entry.textKey)));
-    polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
-                           dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
+void SelectionForm::populateLVCPS(int groupBy) {
+    setGroupBy(groupBy);
+    results_->relist();
+}
+
+void SelectionForm::PopulateFrame4() { results_->fillPage(); }
+
+void SelectionForm::MeasureUnits(int unit, bool refresh) {
+    const UnitSystem before = inputs_.units();
+    fields_->setUnits(unit == 1 ? UnitSystem::imperial : UnitSystem::metric);
+    if (inputs_.units() != before && refresh) results_->relist();
 }
 
 void SelectionForm::CloseFrame(bool collapse) { fold_->collapse(collapse); }
 bool SelectionForm::isCollapsed() const { return fold_->isCollapsed(); }
 
 void SelectionForm::MnuPopUp(const QString& name) {
-    if (const int tab = TabStrip_->indexOf(name); tab >= 0) TabStrip_->setCurrentIndex(tab);
+    results_->selectPage(name);
     if (name == u"copytoclipboard") CopyToClipBoard();
     if (name == u"print" || name == u"printpreview") PrintReport(name == u"printpreview");
 }
+
+void SelectionForm::CopyToClipBoard() { results_->copy(); }
+
+void SelectionForm::ExportCPS() {
+    if (const QString note = exportResults(run_, this); !note.isEmpty()) emit exported(note);
+}
+
+void SelectionForm::ExportPolynomials() {
+    if (const QString note = exportPolynomials(run_, this); !note.isEmpty()) emit exported(note);
+}
+
+void SelectionForm::PrintReport(bool preview) { results_->print(preview); }
 
 void SelectionForm::Quit() {
     if (QWidget* window = parentWidget())
@@ -295,17 +171,87 @@ void SelectionForm::Quit() {
         close();
 }
 
-int SelectionForm::panelWidth() const { return fold_->panelWidth(); }
-void SelectionForm::setPanelWidth(int width) { fold_->setPanelWidth(width); }
-int SelectionForm::listHeight() const { return Splitter2_->SplitterPos(); }
-void SelectionForm::setListHeight(int height) { Splitter2_->SetSplitterPos(height); }
+void SelectionForm::lnkCalculate_Click() {
+    if (progress_) return;
+    if (fields_->check()) Calculate();
+}
+
+void SelectionForm::Calculate() {
+    closesplitter34();
+    fields_->prepareRun();
+    progress_ = std::make_unique<frmpG>(window());
+    progress_->show();
+    QApplication::processEvents();
+    const SelectionRun::Outcome outcome = run_.calculate(inputs_, [this](int percent) {
+        if (progress_) progress_->setPercent(percent);
+        QApplication::processEvents();
+    });
+    if (!outcome.fault.empty() || !outcome.said.empty()) progress_->hide();
+    for (const std::string& text : outcome.said)
+        MessageBox::show(this, MessageBox::Mark::plain, fromCore(text));
+    if (!outcome.fault.empty()) MessageBox::show(this, MessageBox::Mark::critical, fromCore(outcome.fault));
+    progress_.reset();
+    window()->activateWindow();
+
+    keepFormState(objectName(), state());
+    if (run_.hasResults()) {
+        Splitter1_->SetChild2(QStringLiteral("splitter2"));
+        frame2_->hide();
+        fold_->setHasResults(true);
+        results_->open();
+    } else if (outcome.fault.empty() && !outcome.isAborted) {
+        MessageBox::show(this, MessageBox::Mark::information,
+                         dictionaryText(QStringLiteral("messages.message22")));
+    }
+    emit stateChanged();
+}
+
+void SelectionForm::invite(const QString& editedField) {
+    const bool isFirst = editedField.isEmpty();
+    const QString title = isFirst ? dictionaryText(QStringLiteral("frmselection.empty.title"))
+                                  : dictionaryText(QStringLiteral("frmselection.discarded.title"));
+    const QString sentence = isFirst ? dictionaryText(QStringLiteral("frmselection.empty.text"))
+                                     : dictionaryText(QStringLiteral("frmselection.discarded.text"));
+    frame2_->setTexts(title, sentence, panel_->lnkCalculate->text(), QStringLiteral("F5"), editedField);
+}
+
+void SelectionForm::closesplitter34() {
+    invite();
+    Splitter1_->SetChild2(QStringLiteral("Frame2"));
+    frame2_->show();
+    results_->clear();
+    fold_->setHasResults(false);
+    emit stateChanged();
+}
+
+bool SelectionForm::WheelMoved(int step) { return fields_->turnWheel(step); }
+
+bool SelectionForm::hasResults() const { return !results_->isHidden(); }
+
+FormState SelectionForm::state() const { return {inputs_.state(), results_->chosenWidths()}; }
+
+void SelectionForm::takeOver(const FormState& state) {
+    if (state.isEmpty()) return;
+    if (hasResults()) closesplitter34();
+    fields_->commit();
+    inputs_.takeOver(state.inputs);
+    fields_->show();
+    results_->setChosenWidths(state.columnWidths);
+    emit stateChanged();
+}
 
 QString SelectionForm::subject() const {
     const QString between = QStringLiteral(" \u00B7 ");
-    const QString subject = panel_->lstRefrigerants->TextText() + between + panel_->lstSeries->TextText();
-    if (!panel_->txtFrequency) return subject;
-    return subject + between + withUnit(*panel_->txtFrequency);
+    QStringList parts{fromCore(inputs_.caption(Input::refrigerant)),
+                      fromCore(inputs_.caption(Input::series))};
+    if (kind_.hasInverter) parts += withUnit(inputs_, Input::frequency);
+    return parts.join(between);
 }
+
+int SelectionForm::panelWidth() const { return fold_->panelWidth(); }
+void SelectionForm::setPanelWidth(int width) { fold_->setPanelWidth(width); }
+int SelectionForm::listHeight() const { return results_->SplitterPos(); }
+void SelectionForm::setListHeight(int height) { results_->SetSplitterPos(height); }
 
 void SelectionForm::resizeEvent(QResizeEvent*) { fold_->layOut(); }
 
@@ -317,6 +263,11 @@ void SelectionForm::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QWidget::keyPressEvent(event);
+}
+
+void SelectionForm::closeEvent(QCloseEvent* event) {
+    keepFormState(objectName(), state());
+    QWidget::closeEvent(event);
 }
 
 }  // namespace marvello

@@ -1,48 +1,60 @@
-// The printed report of the selected compressor.
+#include "workspace/SelectionReport.h"
 
 #include <QCoreApplication>
 #include <QDate>
 #include <QPrintDialog>
 #include <QPrinter>
 
-#include "controls/AdvanceText.h"
-#include "controls/ResultsView.h"
-#include "data/Session.h"
+#include "controls/NumberText.h"
+#include "inputs/InputTexts.h"
 #include "reports/ReportOutput.h"
+#include "results/EnvelopeTexts.h"
 #include "workspace/CompressorFiles.h"
-#include "workspace/InputPanel.h"
 #include "workspace/ReportPreview.h"
-#include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
 
 namespace {
 
-ReportConditions::Quantity shown(const AdvanceText* field) {
-    if (!field || field->isHidden()) return {};
-    return {toCore(field->TextText()), toCore(field->UnitCaptiontext())};
+ReportConditions conditionsOf(const SelectionInputs& inputs, const clsCompressor& compressor) {
+    const NumberMarks marks = marksOf(QLocale());
+    const auto shown = [&](Input input) {
+        if (!inputs.isShown(input)) return ReportConditions::Quantity{};
+        return ReportConditions::Quantity{inputText(inputs, input, marks), unitText(inputs, input)};
+    };
+    return {.refrigerant = compressor.Refrigerant,
+            .evaporatingDew = shown(Input::evaporatingDew),
+            .evaporatingMid = shown(Input::evaporatingMid),
+            .evaporatingPressure = shown(Input::evaporatingPressure),
+            .condensingDew = shown(Input::condensingDew),
+            .condensingMid = shown(Input::condensingMid),
+            .condensingPressure = shown(Input::condensingPressure),
+            .superheatType = inputs.caption(Input::superheatKind),
+            .superheat = shown(Input::superheat),
+            .subcooling = shown(Input::subcooling),
+            .motorSize = inputs.caption(Input::motorSize),
+            .capacityStep = inputs.caption(Input::capacityStep),
+            .inverterFrequency = shown(Input::frequency)};
 }
 
 }  // namespace
 
-ReportConditions SelectionForm::shownConditions(const clsCompressor& compressor) const {
-    return {.refrigerant = compressor.Refrigerant,
-            .evaporatingDew = shown(panel_->txtTED),
-            .evaporatingMid = shown(panel_->txtTEM),
-            .evaporatingPressure = shown(panel_->txtPE),
-            .condensingDew = shown(panel_->txtTCD),
-            .condensingMid = shown(panel_->txtTCM),
-            .condensingPressure = shown(panel_->txtPC),
-            .superheatType = toCore(panel_->cmbSh->TextText()),
-            .superheat = shown(panel_->txtSH),
-            .subcooling = shown(panel_->txtSC),
-            .motorSize = toCore(panel_->cmbMotorSize->TextText()),
-            .capacityStep = toCore(panel_->cmbStepCapacity->TextText()),
-            .inverterFrequency = shown(panel_->txtFrequency)};
+EnvelopeDrawing envelopeOf(const clsCompressor& compressor, const SelectionInputs& inputs) {
+    const auto title = [&inputs](const char* key, Input input) {
+        return dictionaryText(QLatin1String(key)) + u' ' + fromCore(unitText(inputs, input));
+    };
+    EnvelopeDrawing drawing;
+    drawing.textX = title("frmselection.limitreport.xaxis.caption", Input::evaporatingDew);
+    drawing.textY = title("frmselection.limitreport.yaxis.caption", Input::condensingDew);
+    drawing.limits = namedLimits(inputs.units() == UnitSystem::imperial ? inFahrenheit(compressor.limits)
+                                                                        : compressor.limits);
+    drawing.point = clsPoint{inputs.number(Input::evaporatingDew), inputs.number(Input::condensingDew)};
+    drawing.fitScale();
+    return drawing;
 }
 
-ReportContent SelectionForm::reportOf(const ResultRow& row) const {
+ReportContent reportOf(const ResultTable& table, const ResultRow& row, const SelectionInputs& inputs) {
     const clsCompressor& compressor = *row.compressor;
     const auto text = [](const char* key) { return dictionaryText(QLatin1String(key)); };
     ReportContent report;
@@ -55,40 +67,26 @@ ReportContent SelectionForm::reportOf(const ResultRow& row) const {
     report.page = filled(text("report.page.caption"), {QStringLiteral("1"), QStringLiteral("1")});
     report.date = userLocale().toString(QDate::currentDate(), QLocale::LongFormat);
     report.photo = readPhoto(fromCore(compressor.Serie), fromCore(compressor.Model));
-    report.envelope = envelopeOf(compressor);
-    for (const auto& lines : {conditionLines(shownConditions(compressor)), resultLines(table_, row),
-                              technicalLines(technicalEntries(compressor))})
+    report.envelope = envelopeOf(compressor, inputs);
+    for (const auto& lines : {conditionLines(conditionsOf(inputs, compressor)), resultLines(table, row),
+                              technicalLines(technicalData(compressor, inputs.units(), marksOf(QLocale())))})
         report.lines.insert(report.lines.end(), lines.begin(), lines.end());
     report.hasWarnings = compressor.Messages.Attention.Count() > 0;
     // The limits hold for the superheat and subcooling that they were measured at; the numbers are those of
     // the fields, in the imperial system as well.
-    const bool isUsual = panel_->txtSC->number() == 5 && panel_->txtSH->number() == 10;
+    const bool isUsual = inputs.number(Input::subcooling) == 5 && inputs.number(Input::superheat) == 10;
     report.showsEnvelope = !report.hasWarnings || isUsual;
     return report;
 }
 
-bool SelectionForm::canPrint() const {
-    const clsCompressor* const compressor = hasResults() ? compressorOf(lvCps_->selectedRow()) : nullptr;
-    return compressor && compressor->Messages.Error.Count() == 0;
-}
+void previewReport(const ReportContent& report, QWidget* window) { ReportPreview(report, window).exec(); }
 
-std::optional<ReportContent> SelectionForm::selectedReport() const {
-    const ResultRow* const row = resultOf(lvCps_->selectedRow());
-    return row ? std::optional(reportOf(*row)) : std::nullopt;
-}
-
-void SelectionForm::PrintReport(bool preview) {
-    const std::optional<ReportContent> report = selectedReport();
-    if (!report) return;
-    if (preview) {
-        ReportPreview(*report, window()).exec();
-        return;
-    }
+void printReport(const ReportContent& report, QWidget* window) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageLayout(reportLayout());
-    printer.setDocName(report->model);
-    QPrintDialog dialog(&printer, window());
-    if (dialog.exec() == QDialog::Accepted) printOrSay(printer, *report, window());
+    printer.setDocName(report.model);
+    QPrintDialog dialog(&printer, window);
+    if (dialog.exec() == QDialog::Accepted) printOrSay(printer, report, window);
 }
 
 }  // namespace marvello

@@ -7,6 +7,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "controls/CoreText.h"
+
 namespace marvello {
 
 namespace {
@@ -59,7 +61,7 @@ QStringList leadersOf(const CoupleLeaders& leaders) {
     QStringList names;
     for (const std::string& name :
          {leaders.evaporatingField(), leaders.condensing(), leaders.condensingField()})
-        names += QString::fromStdString(name);
+        names += fromCore(name);
     return names;
 }
 
@@ -129,11 +131,15 @@ QString keptFolder(const Setting<QString>& folder) {
 
 void keepFormState(const QString& form, const FormState& state) {
     const settings::OfForm of(form);
+    QHash<QString, QString> keys;
+    for (const auto& [name, key] : state.inputs.keys) keys[fromCore(name)] = fromCore(key);
+    QHash<QString, double> values;
+    for (const auto& [name, value] : state.inputs.values) values[fromCore(name)] = value;
     QSettings store = userSettings();
-    of.measureUnit.keep(state.measureUnit, store);
-    of.leaders.keep(leadersOf(state.leaders), store);
-    of.keys.keep(state.keys, store);
-    of.values.keep(state.values, store);
+    of.measureUnit.keep(static_cast<int>(state.inputs.units), store);
+    of.leaders.keep(leadersOf(state.inputs.leaders), store);
+    of.keys.keep(keys, store);
+    of.values.keep(values, store);
     of.columnWidths.keep(state.columnWidths, store);
 }
 
@@ -141,10 +147,14 @@ FormState keptFormState(const QString& form) {
     const settings::OfForm of(form);
     const QSettings store = userSettings();
     FormState state;
-    state.measureUnit = of.measureUnit.value(store);
-    for (const QString& name : of.leaders.value(store)) state.leaders.typed(name.toStdString());
-    state.keys = of.keys.value(store);
-    state.values = of.values.value(store);
+    state.inputs.units = static_cast<UnitSystem>(of.measureUnit.value(store));
+    for (const QString& name : of.leaders.value(store)) state.inputs.leaders.typed(toCore(name));
+    const auto keys = of.keys.value(store);
+    for (auto key = keys.begin(); key != keys.end(); ++key)
+        state.inputs.keys[toCore(key.key())] = toCore(*key);
+    const auto values = of.values.value(store);
+    for (auto value = values.begin(); value != values.end(); ++value)
+        state.inputs.values[toCore(value.key())] = *value;
     state.columnWidths = of.columnWidths.value(store);
     return state;
 }

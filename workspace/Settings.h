@@ -9,6 +9,7 @@
 
 #include "workspace/FormState.h"
 #include "workspace/InputsFold.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/UserSettings.h"
 
 namespace marvello {
@@ -43,7 +44,8 @@ inline const Setting<int> version{QStringLiteral("Settings/Version"), 0, 0, 1000
 inline const Setting<QByteArray> frame{QStringLiteral("Windows/Frame")};  ///< placeFrame() checks it
 inline const Setting<int> panelWidth{QStringLiteral("Windows/PanelWidth"), InputsFold::minWidth,
                                      InputsFold::minWidth, InputsFold::maxWidth};
-inline const Setting<int> listHeight{QStringLiteral("Windows/ListHeight"), 338, 92, 10'000};
+inline const Setting<int> listHeight{QStringLiteral("Windows/ListHeight"), ResultsPane::listHeightAtStart,
+                                     ResultsPane::leastListHeight, 10'000};
 /// Of the next form: 0 metric, 1 imperial.
 inline const Setting<int> measureUnit{QStringLiteral("Windows/cmbmeasureunits"), 0, 0, 1};
 inline const Setting<int> groupBy{QStringLiteral("Windows/cmbGroupBy"), 0, 0, 1};

@@ -2,8 +2,9 @@
 
 #include <QRegularExpression>
 
-#include "controls/AdvanceText.h"
 #include "controls/NumberText.h"
+#include "inputs/InputTexts.h"
+#include "results/ReportLines.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -27,11 +28,9 @@ QString replaced(const QString& text, const QRegularExpression& expression, Make
 
 }  // namespace
 
-QString withUnit(const QString& value, const QString& unit) {
-    return unit.trimmed().isEmpty() ? value : value + u' ' + unit.trimmed();
+QString withUnit(const SelectionInputs& inputs, Input input) {
+    return fromCore(withUnit(inputText(inputs, input, marksOf(QLocale())), unitText(inputs, input)));
 }
-
-QString withUnit(const AdvanceText& field) { return withUnit(field.TextText(), field.UnitCaptiontext()); }
 
 QString inUnits(const QString& text, UnitSystem system, const QLocale& locale) {
     static const QRegularExpression place(QStringLiteral("\\{([TD]):(\\+?)(-?[0-9.]+)\\}"));

@@ -16,6 +16,7 @@
 #include "reports/ReportOutput.h"
 #include "workspace/MDIMain.h"
 #include "workspace/ResultMarks.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
 
 namespace marvello {
@@ -128,7 +129,8 @@ void Driver::finish() {
         fail(QStringLiteral("The results list is empty."));
         return;
     }
-    for (int row = 0; row < list->rowCount() && !form_->canPrint(); ++row) form_->moveSelection(1);
+    for (int row = 0; row < list->rowCount() && !form_->results().canPrint(); ++row)
+        form_->results().moveSelection(1);
     QApplication::processEvents();
     print(*list);
     if (!window_->grab().save(pictureFile_)) {
@@ -136,7 +138,7 @@ void Driver::finish() {
         return;
     }
     std::cout << "Picture of the window: " << pictureFile_.toStdString() << '\n';
-    const std::optional<ReportContent> report = form_->selectedReport();
+    const std::optional<ReportContent> report = form_->results().report();
     if (!report) {
         fail(QStringLiteral("There is no report to print."));
         return;

@@ -20,6 +20,7 @@
 #include "controls/MessagesView.h"
 #include "controls/TabStrip.h"
 #include "tests/gui/RealForm.h"
+#include "workspace/ResultsPane.h"
 
 using namespace marvello;
 
@@ -406,7 +407,7 @@ TEST_F(FormTest, AChangeOfLanguageReachesAllThatIsShown) {
     EXPECT_TRUE(graph->accessibleDescription().contains("Einsatzgrenze"))
         << graph->accessibleDescription().toStdString();
     EXPECT_FALSE(graph->accessibleDescription().contains("limit"));
-    const auto report = form->selectedReport();
+    const auto report = form->results().report();
     ASSERT_TRUE(report);
     for (const auto& limit : report->envelope.limits)
         EXPECT_EQ(limit->Description.find("limit"), std::string::npos);

@@ -42,6 +42,7 @@
 #include "data/Session.h"
 #include "reports/ReportOutput.h"
 #include "tests/gui/RealWindow.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 
@@ -153,7 +154,8 @@ class Soak {
                    "An empty list is shown, or one is kept where none is shown.");
             demand(isShown != each->findChild<QWidget*>("frame2")->isVisibleTo(each),
                    "List and invitation do not take turns.");
-            demand(each->canCopy() || !each->canPrint(), "What can be printed cannot be copied.");
+            demand(each->results().canCopy() || !each->results().canPrint(),
+                   "What can be printed cannot be copied.");
         }
         if (!form() || !form()->hasResults()) return;
         const auto rows = QString::number(compressorsOf(listOf(*form())).size());
@@ -265,7 +267,7 @@ class Soak {
 
     void copy() {
         QApplication::clipboard()->setText("before");
-        bool can = form()->canCopy();
+        bool can = form()->results().canCopy();
         auto* const polynomials = form()->findChild<ctlBtn*>("ctlCopyPolynomials");
         if (random(2) == 0) {
             trigger("mnu_tools_copytoclipboard");
@@ -289,9 +291,9 @@ class Soak {
     }
 
     void saveReportFile() {
-        if (!form()->canPrint()) return;
+        if (!form()->results().canPrint()) return;
         const QString file = folder_.filePath("report.pdf");
-        demand(saveReport(file, reportLayout(), *form()->selectedReport()).isEmpty(),
+        demand(saveReport(file, reportLayout(), *form()->results().report()).isEmpty(),
                "The report cannot be saved.");
         demandWhole(file);
     }

@@ -1,4 +1,5 @@
 #include "workspace/MDIMain.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/Settings.h"
 
 #include <QAction>
@@ -115,7 +116,7 @@ TEST_F(MainWindowTest, TheNextFormStartsWithTheInputsOfTheLast) {
     EXPECT_TRUE(field(*next, "txtEco")->isVisible());
     next->lnkCalculate_Click();
     EXPECT_EQ(header(next)->sectionSize(1), 200);
-    next->relistResults();
+    next->results().relist();
     EXPECT_EQ(header(next)->sectionSize(1), 200) << "a list made anew keeps the widths";
 
     // Back to the first values, in the units of the form.
@@ -129,10 +130,10 @@ TEST_F(MainWindowTest, TheNextFormStartsWithTheInputsOfTheLast) {
 
     // What the catalogue does not offer, and what is no number, is left as it is.
     FormState foreign = next->state();
-    foreign.keys["lstRefrigerants"] = "R999";
-    foreign.keys["lstSeries"] = "XX";
-    foreign.keys["lstModels"] = "100;no such model";
-    foreign.values.remove("txtTCD");
+    foreign.inputs.keys["lstRefrigerants"] = "R999";
+    foreign.inputs.keys["lstSeries"] = "XX";
+    foreign.inputs.keys["lstModels"] = "100;no such model";
+    foreign.inputs.values.erase("txtTCD");
     keepFormState(next->objectName(), foreign);
     const SelectionForm* third = window->newSelection();
     EXPECT_EQ(field(*third, "lstRefrigerants")->Key(), "R134A");

@@ -18,6 +18,7 @@
 #include "controls/ctlGraph.h"
 #include "data/Session.h"
 #include "tests/workspace/WorkspaceFixture.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmSelection.h"
 
@@ -78,11 +79,11 @@ TEST_F(PagesTest, TheTabChoosesWhatIsShownOfTheSelectedRow) {
     list()->selectRow(3);
     EXPECT_EQ(tabs()->currentKey(), "polynomials");
     EXPECT_EQ(polynomials()->rowCount(), 2);
-    EXPECT_TRUE(form->canCopy());
+    EXPECT_TRUE(form->results().canCopy());
     list()->selectRow(0);
     EXPECT_EQ(polynomials()->rowCount(), 0);
     EXPECT_EQ(tabs()->toolTip(), "R134A");
-    EXPECT_FALSE(form->canCopy());
+    EXPECT_FALSE(form->results().canCopy());
     list()->selectRow(1);
     EXPECT_EQ(tabs()->toolTip(), "");
     form->lnkCalculate_Click();

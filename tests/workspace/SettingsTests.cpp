@@ -26,9 +26,9 @@ TEST_F(SettingsTest, AFormGoesOnWithoutItsDamagedEntries) {
     userSettings().setValue(form.columnWidths.key, QStringList{"q0=60", "cop=0", "model=1000000"});
     userSettings().setValue(form.keys.key, QStringList{"lstModels=a=b;c"});
     const FormState state = keptFormState("frmSelection");
-    EXPECT_EQ(state.values, (QHash<QString, double>{{"txtTED", -12.5}}));
+    EXPECT_EQ(state.inputs.values, (std::map<std::string, double>{{"txtTED", -12.5}}));
     EXPECT_EQ(state.columnWidths, (QHash<QString, int>{{"q0", 60}}));
-    EXPECT_EQ(state.keys, (QHash<QString, QString>{{"lstModels", "a=b;c"}}));
+    EXPECT_EQ(state.inputs.keys, (std::map<std::string, std::string>{{"lstModels", "a=b;c"}}));
 }
 
 // What 1.0.0 of the first day stored: flags in place of the names of the leaders.
@@ -38,8 +38,8 @@ TEST_F(SettingsTest, FlagsOfMidTemperaturesBecomeLeaders) {
     userSettings().setValue(flag, true);
     userSettings().setValue(form.group + "MidLeadsEvaporation", false);
     migrateSettings();
-    EXPECT_EQ(keptFormState("frmSelection").leaders.condensing(), "tcm");
-    EXPECT_EQ(keptFormState("frmSelection").leaders.evaporating(), "ted");
+    EXPECT_EQ(keptFormState("frmSelection").inputs.leaders.condensing(), "tcm");
+    EXPECT_EQ(keptFormState("frmSelection").inputs.leaders.evaporating(), "ted");
     EXPECT_FALSE(userSettings().contains(flag));
     // Once, and never over what a later version stored.
     userSettings().setValue(flag, true);

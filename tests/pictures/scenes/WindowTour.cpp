@@ -20,6 +20,7 @@
 #include "workspace/Frmsplash.h"
 #include "workspace/MDIMain.h"
 #include "workspace/ReportPreview.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmRefrigerant.h"
@@ -103,7 +104,7 @@ void WindowTour::showDialog(const char* command, const char* name, int tab) cons
 
 /// The report of the selected compressor, of a certain day, and its window.
 void WindowTour::showReport(SelectionForm& form, const char* name) const {
-    auto report = form.selectedReport();
+    auto report = form.results().report();
     if (!report) return;
     report->date = userLocale().toString(QDate(2026, 5, 4), QLocale::LongFormat);
     report_(QLatin1String(name), *report);

@@ -1,4 +1,4 @@
-#include "workspace/EconomizerValues.h"
+#include "inputs/EconomizerValues.h"
 
 namespace marvello {
 

@@ -1,4 +1,4 @@
-#include "workspace/InputRules.h"
+#include "inputs/InputRules.h"
 
 #include <gtest/gtest.h>
 
@@ -33,28 +33,29 @@ TEST(SeriesOfMarket, ReducesTheTwoMarketsToOneSeries) {
 TEST(PermittedSuperheat, ReplacesWhatIsOutsideOfTheBounds) {
     struct Case {
         const char* refrigerant;
-        bool isImperial;
+        UnitSystem units;
         bool isDifference;
         double asked;
         double permitted;
     };
+    using enum UnitSystem;
     // At an evaporating temperature of 5; the bounds themselves are permitted.
-    for (const Case& c : {Case{"R134A", false, true, 25, 10},
-                          {"R134A", false, true, 20, 20},
-                          {"R134A", false, true, 0, 0},
-                          {"R134A", false, true, -0.1, 10},
-                          {"R290", false, true, 25, 25},
-                          {"r290", false, true, 40.1, 10},
-                          {"R134A", false, false, 4.9, 15},
-                          {"R134A", false, false, 25, 25},
-                          {"R134A", false, false, 25.1, 15},
-                          {"R290", false, false, 45, 45},
-                          {"R134A", true, true, 36.5, 18},
-                          {"R290", true, true, 72, 72},
-                          {"R134A", true, false, 73.1, 55},
-                          {"R290", true, false, 109, 109},
-                          {"R290", true, false, 4, 55}})
-        EXPECT_EQ(permittedSuperheat(c.asked, superheatRange(c.refrigerant, c.isImperial, c.isDifference, 5)),
+    for (const Case& c : {Case{"R134A", metric, true, 25, 10},
+                          {"R134A", metric, true, 20, 20},
+                          {"R134A", metric, true, 0, 0},
+                          {"R134A", metric, true, -0.1, 10},
+                          {"R290", metric, true, 25, 25},
+                          {"r290", metric, true, 40.1, 10},
+                          {"R134A", metric, false, 4.9, 15},
+                          {"R134A", metric, false, 25, 25},
+                          {"R134A", metric, false, 25.1, 15},
+                          {"R290", metric, false, 45, 45},
+                          {"R134A", imperial, true, 36.5, 18},
+                          {"R290", imperial, true, 72, 72},
+                          {"R134A", imperial, false, 73.1, 55},
+                          {"R290", imperial, false, 109, 109},
+                          {"R290", imperial, false, 4, 55}})
+        EXPECT_EQ(permittedSuperheat(c.asked, superheatRange(c.refrigerant, c.units, c.isDifference, 5)),
                   c.permitted)
-            << c.refrigerant << " " << c.asked << (c.isImperial ? " imperial" : "");
+            << c.refrigerant << " " << c.asked << (c.units == imperial ? " imperial" : "");
 }

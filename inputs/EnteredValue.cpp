@@ -1,4 +1,4 @@
-#include "workspace/EnteredValue.h"
+#include "inputs/EnteredValue.h"
 
 namespace marvello {
 

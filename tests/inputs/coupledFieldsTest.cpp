@@ -1,4 +1,4 @@
-#include "workspace/CoupledFields.h"
+#include "inputs/CoupledFields.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "workspace/CoupleLeaders.h"
+#include "inputs/CoupleLeaders.h"
 
 namespace marvello {
 

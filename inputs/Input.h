@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "catalogue/SeriesTraits.h"
+
+namespace marvello {
+
+/// The inputs of a selection form.
+enum class Input : std::uint8_t {
+    refrigerant,
+    series,
+    models,
+    evaporatingDew,
+    evaporatingMid,
+    evaporatingPressure,
+    condensingDew,
+    condensingMid,
+    condensingPressure,
+    superheatKind,
+    superheat,
+    subcooling,
+    economizerMode,
+    economizer,
+    oilCoolingMode,
+    oilCooling,
+    frequency,
+    motorVoltage,
+    motorSize,
+    motorSpeed,
+    capacityStep,
+};
+inline constexpr std::size_t inputCount = static_cast<std::size_t>(Input::capacityStep) + 1;
+
+struct InputDefinition {
+    Input input;
+    std::string_view name;               ///< of its field; parameter sets, help texts and kept forms know it
+    bool isChoice = false;               ///< a key of a list, otherwise a number
+    std::optional<Selector> selector{};  ///< what a series has to allow for it
+};
+
+/// All inputs, in the order of the panel.
+std::span<const InputDefinition> allInputs();
+const InputDefinition& definitionOf(Input input);
+
+/// The name of an input among the temperatures and pressures that hang together: "ted" of "txtTED".
+std::string nameInCouple(Input input);
+
+}  // namespace marvello

@@ -1,0 +1,46 @@
+#include "inputs/InputRules.h"
+
+#include "data/Texts.h"
+
+namespace marvello {
+
+unsigned seriesMask(const std::string& serieKey, const std::string& refrigerantKey) {
+    const SeriesTraits& series = seriesTraits(seriesOfMarket(uppered(trimmed(serieKey))).serie);
+    const bool hasSmallMotor = series.hasSmallMotor && refrigerantTraits(refrigerantKey).hasSmallMotors;
+    return series.inputs | (hasSmallMotor ? static_cast<unsigned>(Selector::motorSize) : 0U);
+}
+
+SeriesOfMarket seriesOfMarket(const std::string& serieKey) {
+    for (const SeriesTraits& series : allSeriesTraits())
+        for (const MarketChoice& choice : series.markets)
+            if (choice.key == serieKey) return {std::string(series.name), codeOf(choice.market)};
+    return {serieKey, 0};
+}
+
+std::vector<Choice> seriesChoices(const std::string& serie) {
+    std::vector<Choice> choices;
+    if (const SeriesTraits& traits = seriesTraits(serie); traits.name == serie)
+        for (const MarketChoice& choice : traits.markets)
+            choices.push_back({std::string(choice.key), std::string(choice.caption)});
+    if (choices.empty()) choices.push_back({serie, serie});
+    return choices;
+}
+
+SuperheatRange superheatRange(const std::string& refrigerantKey, UnitSystem units, bool isDifference,
+                              double evaporatingDew) {
+    const bool isImperial = units == UnitSystem::imperial;
+    const double most = refrigerantTraits(refrigerantKey).maxSuperheat;
+    if (isDifference) return {0, isImperial ? most * 1.8 : most, isImperial ? 18.0 : 10.0};
+    // Kept: the imperial bounds of a suction temperature are not the metric ones converted.
+    const double high = isImperial ? most * 1.8 + 32 : most;
+    return {evaporatingDew, evaporatingDew + high, evaporatingDew + (isImperial ? 50.0 : 10.0)};
+}
+
+double permittedSuperheat(double value, const SuperheatRange& range) {
+    double result = value;
+    if (result < range.low) result = range.fallback;
+    if (result > range.high) result = range.fallback;
+    return result;
+}
+
+}  // namespace marvello

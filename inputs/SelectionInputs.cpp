@@ -1,0 +1,509 @@
+#include "inputs/SelectionInputs.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "catalogue/CatalogueLists.h"
+#include "catalogue/Globals.h"
+#include "catalogue/clsInverter.h"
+#include "data/CollectedBoxes.h"
+#include "data/DictionaryTexts.h"
+#include "data/Numbers.h"
+#include "data/Texts.h"
+#include "inputs/CoupledFields.h"
+#include "thermo/clsRefprop.h"
+
+namespace marvello {
+
+namespace {
+
+/// The operating point and the options of a new form.
+constexpr clsProjectConditions atFirst = conditionsAt(2, 40);
+
+int wholeNumber(std::string_view text) {
+    int number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+template <class Mode>
+std::string keyOf(Mode mode) {
+    return std::to_string(codeOf(mode));
+}
+template <class Mode>
+Mode modeOf(const std::string& key) {
+    return static_cast<Mode>(wholeNumber(key));
+}
+
+const std::string noEconomizer = keyOf(EconomizerMode::none);
+const std::string approachMode = keyOf(EconomizerMode::approach);
+const std::string capacityMode = keyOf(EconomizerMode::capacity);
+
+/// What a choice stands at in a new form, and where a series does not offer it.
+std::string neutralKey(Input input) {
+    switch (input) {
+        case Input::refrigerant:
+            return "R134A";
+        case Input::models:
+            return "*";  // all
+        case Input::superheatKind:
+            return keyOf(atFirst.SuperHeatType);
+        case Input::economizerMode:
+            return noEconomizer;
+        case Input::oilCoolingMode:
+            return keyOf(atFirst.OilCoolingCalculateMode);
+        case Input::motorVoltage:
+            return storedText(atFirst.MotorVoltage) + '_' + std::to_string(atFirst.MotorHz);
+        case Input::motorSize:
+            return keyOf(atFirst.MotorSize);
+        case Input::motorSpeed:
+            return std::to_string(atFirst.MotorRPM);
+        case Input::capacityStep:
+            return std::to_string(atFirst.StepCapacity);
+        default:
+            return {};
+    }
+}
+
+std::vector<Choice> namesAsChoices(const std::vector<std::string>& names) {
+    std::vector<Choice> choices;
+    for (const std::string& name : names) choices.push_back({name, name});
+    return choices;
+}
+
+bool offers(const InputValue& value, const std::string& key) {
+    return std::ranges::find(value.choices, key, &Choice::key) != value.choices.end();
+}
+
+bool offersAll(const InputValue& value, const std::string& keys) {
+    return std::ranges::all_of(splitText(keys, ';'),
+                               [&](const std::string& key) { return offers(value, key); });
+}
+
+UnitRule conversionOf(Quantity quantity) {
+    switch (quantity) {
+        case Quantity::temperature:
+            return convertedTemperature;
+        case Quantity::temperatureDifference:
+        case Quantity::power:  // Kept: the economizer's capacity is converted as a difference, there and
+                               // back.
+            return convertedDifference;
+        case Quantity::pressure:
+            return convertedPressure;
+        case Quantity::number:
+        case Quantity::frequency:
+            break;
+    }
+    return nullptr;
+}
+
+constexpr std::array evaporatingCouple{Input::evaporatingDew, Input::evaporatingMid,
+                                       Input::evaporatingPressure};
+constexpr std::array condensingCouple{Input::condensingDew, Input::condensingMid, Input::condensingPressure};
+
+/// The inputs that hang together with one of them; none outside a couple.
+std::span<const Input> coupleOf(Input input) {
+    for (const std::span<const Input> couple : {std::span(evaporatingCouple), std::span(condensingCouple)})
+        if (std::ranges::find(couple, input) != couple.end()) return couple;
+    return {};
+}
+
+std::span<const Input> coupleOf(std::string_view name) {
+    for (const Input input : evaporatingCouple)
+        if (nameInCouple(input) == name) return evaporatingCouple;
+    return condensingCouple;
+}
+
+/// The name of a mode's own value among the values of a state.
+std::string economizerEntry(const std::string& mode) { return "cmbEco_K" + mode; }
+
+}  // namespace
+
+SelectionInputs::SelectionInputs(const SelectionKind& kind) : kind_(kind) {
+    for (const InputDefinition& definition : allInputs())
+        if (definition.isChoice) at(definition.input).key = neutralKey(definition.input);
+    for (const int step : capacitySteps) {
+        const std::string key = std::to_string(step);
+        at(Input::capacityStep).choices.push_back({key, step == 25 ? "Start/Stop(25%)" : key + '%'});
+    }
+    set(Input::evaporatingDew, atFirst.TEvaporatingDew);
+    set(Input::condensingDew, atFirst.TCondensationDew);
+    set(Input::superheat, atFirst.SuperHeat);
+    set(Input::subcooling, atFirst.SubCooling);
+    set(Input::economizer, atFirst.Eco);
+    set(Input::oilCooling, atFirst.OilCooling);
+    if (kind.hasInverter) set(Input::frequency, static_cast<double>(atFirst.InverterFrequency));
+    keepEconomizerValue(approachMode);
+    offerRefrigerants();
+    synchronize("tcd");
+    synchronize("ted");
+}
+
+void SelectionInputs::set(Input input, double value) {
+    at(input).number = value;
+    at(input).isUnknown = false;
+}
+
+std::string SelectionInputs::caption(Input input) const {
+    const InputValue& value = (*this)[input];
+    for (const Choice& choice : value.choices)
+        if (equalIgnoringCase(choice.key, value.key) && !choice.caption.empty()) return choice.caption;
+    return value.key;
+}
+
+Quantity SelectionInputs::quantity(Input input) const {
+    switch (input) {
+        case Input::evaporatingPressure:
+        case Input::condensingPressure:
+            return Quantity::pressure;
+        case Input::subcooling:
+            return Quantity::temperatureDifference;
+        case Input::superheat:
+            return key(Input::superheatKind) == keyOf(SuperheatKind::difference)
+                       ? Quantity::temperatureDifference
+                       : Quantity::temperature;
+        case Input::economizer:
+            return key(Input::economizerMode) == capacityMode ? Quantity::power
+                                                              : Quantity::temperatureDifference;
+        case Input::frequency:
+            return Quantity::frequency;
+        default:
+            return Quantity::temperature;
+    }
+}
+
+bool SelectionInputs::isNeutral(Input input) const { return key(input) == neutralKey(input); }
+
+bool SelectionInputs::isShown(Input input) const {
+    switch (input) {
+        case Input::evaporatingMid:
+        case Input::condensingMid:
+            return hasMidTemperatures();
+        case Input::economizer:
+            return key(Input::economizerMode) != noEconomizer;
+        case Input::oilCooling:
+            return wholeNumber(key(Input::oilCoolingMode)) >= codeOf(OilCoolingMode::givenLimit);
+        case Input::frequency:
+            return kind_.hasInverter;
+        default:
+            return true;
+    }
+}
+
+bool SelectionInputs::hasMidTemperatures() const {
+    return refrigerantTraits(key(Input::refrigerant)).hasMidTemperatures();
+}
+
+std::optional<Input> SelectionInputs::leaderOf(Input input) const {
+    for (const Input member : coupleOf(input))
+        if (const std::string name = nameInCouple(member);
+            name == leaders_.evaporatingField() || name == leaders_.condensingField())
+            return member;
+    return std::nullopt;
+}
+
+SeriesOfMarket SelectionInputs::series() const {
+    const std::string& chosen = key(Input::series);
+    return kind_.hasMarkets ? seriesOfMarket(chosen) : SeriesOfMarket{chosen};
+}
+
+void SelectionInputs::offer(Input input, std::vector<Choice> choices) {
+    at(input).choices = std::move(choices);
+}
+
+void SelectionInputs::translate() {
+    at(Input::models).choices.front().caption = dictionaryText("frmselection.models.all");
+}
+
+void SelectionInputs::offerRefrigerants() {
+    offer(Input::refrigerant, namesAsChoices(refrigerantsOf({.onInverter = kind_.hasInverter})));
+    offerSeries();
+}
+
+void SelectionInputs::offerSeries() {
+    InputValue& series = at(Input::series);
+    series.choices.clear();
+    for (const std::string& name :
+         seriesOf({.onInverter = kind_.hasInverter, .refrigerant = key(Input::refrigerant)})) {
+        const std::vector<Choice> offered =
+            kind_.hasMarkets ? seriesChoices(name) : std::vector<Choice>{{name, name}};
+        series.choices.insert(series.choices.end(), offered.begin(), offered.end());
+    }
+    if (!offers(series, series.key)) {
+        series.key = series.choices.empty() ? std::string() : series.choices.front().key;
+        offerModels();
+    }
+    applySeriesRules();
+}
+
+void SelectionInputs::offerModels() {
+    const auto [serie, market] = series();
+    std::vector<std::string> names;
+    for (const ModelName& name :
+         modelsOf({.onInverter = kind_.hasInverter,
+                   .refrigerant = key(Input::refrigerant),
+                   .series = serie,
+                   .market = kind_.hasMarkets ? std::optional<int>(market) : std::nullopt}))
+        names.push_back(name.model);
+    InputValue& models = at(Input::models);
+    models.choices = namesAsChoices(names);
+    models.key = neutralKey(Input::models);
+    models.choices.insert(models.choices.begin(), {models.key, {}});
+    translate();
+}
+
+void SelectionInputs::applySeriesRules() {
+    if (!kind_.hasSeriesRules) return;
+    const unsigned mask = seriesMask(key(Input::series), key(Input::refrigerant));
+    for (const InputDefinition& definition : allInputs()) {
+        if (!definition.selector) continue;
+        at(definition.input).isEnabled = allows(mask, *definition.selector);
+        const std::string neutral = neutralKey(definition.input);
+        if (!at(definition.input).isEnabled && key(definition.input) != neutral)
+            choose(definition.input, neutral);
+    }
+}
+
+void SelectionInputs::choose(Input input, const std::string& newKey) {
+    if (input == Input::economizerMode && key(input) != noEconomizer) keepEconomizerValue(key(input));
+    at(input).key = newKey;
+    switch (input) {
+        case Input::refrigerant:
+            offerSeries();
+            leaders_.reset();
+            followLeaders();
+            break;
+        case Input::series:
+            offerModels();
+            applySeriesRules();
+            break;
+        case Input::economizerMode:
+            if (newKey != noEconomizer) set(Input::economizer, economizerValues_.valueOf(newKey, units_));
+            break;
+        case Input::superheatKind:
+            limitSuperheat();
+            break;
+        default:
+            break;
+    }
+}
+
+void SelectionInputs::type(Input input, std::optional<double> value) {
+    at(input).number = value;
+    at(input).isUnknown = false;
+    at(input).refusal.reset();
+    if (!value) return;
+    // A parameter set writes it before there is a mode; it is an approach then.
+    if (input == Input::economizer)
+        keepEconomizerValue(isShown(input) ? key(Input::economizerMode) : approachMode);
+    const bool leadsMid = hasMidTemperatures();
+    if (input == Input::subcooling && leadsMid) synchronize(leaders_.evaporating());
+    if (coupleOf(input).empty()) return;
+    const std::string name = nameInCouple(input);
+    leaders_.typed(name);
+    synchronize(name);
+    if (std::ranges::find(condensingCouple, input) != condensingCouple.end() && leadsMid)
+        synchronize(leaders_.evaporating());
+}
+
+void SelectionInputs::settle(Input input, double value) {
+    const std::string& mode = key(Input::economizerMode);
+    const bool hasNoSign = input == Input::subcooling ||
+                           (input == Input::economizer && (mode == approachMode || mode == capacityMode));
+    set(input, hasNoSign ? std::abs(value) : value);
+    if (input == Input::economizer && isShown(input)) keepEconomizerValue(mode);
+}
+
+void SelectionInputs::follow(Input input) {
+    synchronize(input == Input::subcooling ? "ted" : nameInCouple(input));
+}
+
+void SelectionInputs::synchronize(std::string_view leader) {
+    struct Entry {
+        Input input;
+        double CoupledFields::* value;
+    };
+    constexpr std::array entries{Entry{Input::evaporatingDew, &CoupledFields::TED},
+                                 Entry{Input::evaporatingMid, &CoupledFields::TEM},
+                                 Entry{Input::evaporatingPressure, &CoupledFields::PE},
+                                 Entry{Input::condensingDew, &CoupledFields::TCD},
+                                 Entry{Input::condensingMid, &CoupledFields::TCM},
+                                 Entry{Input::condensingPressure, &CoupledFields::PC},
+                                 Entry{Input::subcooling, &CoupledFields::SC}};
+    CoupledFields fields;
+    for (const auto& [input, value] : entries)
+        fields.*value = conversionOf(quantity(input))(number(input), units_, UnitSystem::metric);
+    const CoupledFields before = fields;
+    const std::string& refrigerant = key(Input::refrigerant);
+    std::optional<Refusal> refusal;
+    {
+        const CollectedBoxes said;  // a key stroke opens no box; the field says it
+        try {
+            clsRefprop& refprop = GetRefprop(refrigerant);
+            if (!refprop.SetupFault().empty()) {
+                refusal = Refusal{.sentence = refprop.SetupFault()};
+            } else {
+                SyncTemperatureFields(leader, fields, refrigerant, refprop, gPolynomialTEM(),
+                                      gPolynomialTCM());
+                if (!said.boxes().empty()) refusal = Refusal{.saturation = refprop.DewRange()};
+            }
+        } catch (const std::exception& error) {
+            refusal = Refusal{.sentence = error.what()};
+        }
+    }
+    refuse(leader, refusal);
+    if (refusal) return;
+    for (const auto& [input, value] : entries)
+        if (fields.*value != before.*value || at(input).isUnknown)
+            set(input, conversionOf(quantity(input))(fields.*value, UnitSystem::metric, units_));
+}
+
+void SelectionInputs::refuse(std::string_view leader, std::optional<Refusal> refusal) {
+    for (const Input member : coupleOf(leader)) {
+        InputValue& value = at(member);
+        value.refusal.reset();
+        if (!refusal) continue;
+        if (nameInCouple(member) == leader) {
+            value.refusal = refusal;
+        } else {
+            value.number.reset();
+            value.isUnknown = true;
+        }
+    }
+}
+
+void SelectionInputs::followLeaders() {
+    synchronize(leaders_.condensingField());
+    synchronize(leaders_.evaporatingField());
+}
+
+SuperheatRange SelectionInputs::superheatRange() const {
+    return marvello::superheatRange(key(Input::refrigerant), units_,
+                                    quantity(Input::superheat) == Quantity::temperatureDifference,
+                                    number(Input::evaporatingDew));
+}
+
+bool SelectionInputs::limitSuperheat() {
+    const double asked = number(Input::superheat);
+    const double permitted = permittedSuperheat(asked, superheatRange());
+    if (permitted == asked) return false;
+    set(Input::superheat, permitted);
+    return true;
+}
+
+bool SelectionInputs::prepareRun() {
+    if (kind_.hasInverter)
+        set(Input::frequency, std::clamp(number(Input::frequency), clsInverter::minimumFrequency,
+                                         clsInverter::maximumFrequency));
+    set(Input::subcooling, std::abs(number(Input::subcooling)));
+    return limitSuperheat();
+}
+
+std::optional<SelectionInputs::Bounds> SelectionInputs::exceededBounds(Input input) const {
+    Bounds bounds{};
+    if (input == Input::superheat) {
+        const SuperheatRange range = superheatRange();
+        bounds = {range.low, range.high};
+    } else if (input == Input::frequency) {
+        bounds = {clsInverter::minimumFrequency, clsInverter::maximumFrequency};
+    } else {
+        return std::nullopt;
+    }
+    const std::optional<double>& value = (*this)[input].number;
+    return value && (*value < bounds.low || *value > bounds.high) ? std::optional(bounds) : std::nullopt;
+}
+
+bool SelectionInputs::temperaturesCross() const {
+    const std::optional<double>& evaporating = (*this)[Input::evaporatingDew].number;
+    const std::optional<double>& condensing = (*this)[Input::condensingDew].number;
+    return evaporating && condensing && *evaporating > *condensing;
+}
+
+void SelectionInputs::setUnits(UnitSystem units) {
+    if (units == units_) return;
+    for (const InputDefinition& definition : allInputs()) {
+        InputValue& value = at(definition.input);
+        const UnitRule rule = conversionOf(quantity(definition.input));
+        if (rule && value.number)
+            value.number = entered_[static_cast<std::size_t>(definition.input)].shownIn(units, *value.number,
+                                                                                        units_, rule);
+    }
+    units_ = units;
+}
+
+std::shared_ptr<const clsProjectConditions> SelectionInputs::conditions() const {
+    const auto metric = [this](Input input) {
+        return conversionOf(quantity(input))(number(input), units_, UnitSystem::metric);
+    };
+    const std::string& supply = key(Input::motorVoltage);  // such as 400_50
+    auto result = std::make_shared<clsProjectConditions>();
+    result->TEvaporatingDew = metric(Input::evaporatingDew);
+    result->TCondensationDew = metric(Input::condensingDew);
+    result->SuperHeatType = modeOf<SuperheatKind>(key(Input::superheatKind));
+    result->SuperHeat = metric(Input::superheat);
+    result->SubCooling = metric(Input::subcooling);
+    result->MotorSize = modeOf<MotorChoice>(key(Input::motorSize));
+    result->MotorVoltage = storedNumber(supply.substr(0, 3)).value_or(0);
+    result->MotorHz = wholeNumber(supply.substr(supply.size() - std::min<std::size_t>(2, supply.size())));
+    result->MotorRPM = wholeNumber(key(Input::motorSpeed));
+    result->EcoCalculateMode = modeOf<EconomizerMode>(key(Input::economizerMode));
+    result->Eco = metric(Input::economizer);
+    result->OilCoolingCalculateMode = modeOf<OilCoolingMode>(key(Input::oilCoolingMode));
+    result->OilCooling = metric(Input::oilCooling);
+    if (kind_.hasInverter) result->InverterFrequency = static_cast<float>(number(Input::frequency));
+    result->StepCapacity = wholeNumber(key(Input::capacityStep));
+    return result;
+}
+
+InputState SelectionInputs::state() const {
+    InputState state{.units = units_, .keys = {}, .values = {}, .leaders = leaders_};
+    for (const InputDefinition& definition : allInputs()) {
+        const InputValue& value = (*this)[definition.input];
+        if (definition.isChoice)
+            state.keys[std::string(definition.name)] = value.key;
+        else if (value.number)
+            state.values[std::string(definition.name)] = *value.number;
+    }
+    for (const std::string& mode : {approachMode, capacityMode})
+        state.values[economizerEntry(mode)] = economizerValues_.valueOf(mode, units_);
+    return state;
+}
+
+void SelectionInputs::takeOver(const InputState& state) {
+    if (state.isEmpty()) return;
+    const UnitSystem shown = units_;
+    setUnits(state.units);
+    // In their order: a refrigerant offers its series, a series its models and its selectors. What the
+    // catalogue does not offer any more is left as it is.
+    for (const InputDefinition& definition : allInputs()) {
+        const auto kept = state.keys.find(std::string(definition.name));
+        const InputValue& value = (*this)[definition.input];
+        if (!definition.isChoice || !value.isEnabled || kept == state.keys.end()) continue;
+        if (kept->second != value.key && offersAll(value, kept->second))
+            choose(definition.input, kept->second);
+    }
+    for (const InputDefinition& definition : allInputs())
+        if (const auto kept = state.values.find(std::string(definition.name));
+            kept != state.values.end() && (definition.input != Input::frequency || kind_.hasInverter))
+            set(definition.input, kept->second);
+    if (isShown(Input::economizer)) keepEconomizerValue(key(Input::economizerMode));
+    for (const std::string& mode : {approachMode, capacityMode})
+        if (const auto kept = state.values.find(economizerEntry(mode)); kept != state.values.end()) {
+            economizerValues_.keep(mode, kept->second, units_);
+            if (mode == key(Input::economizerMode)) set(Input::economizer, kept->second);
+        }
+    // What another refrigerant has at the same pressure is another operating point.
+    const auto fluid = state.keys.find(std::string(definitionOf(Input::refrigerant).name));
+    const bool isSameFluid = fluid != state.keys.end() && fluid->second == key(Input::refrigerant);
+    leaders_ = isSameFluid ? state.leaders : CoupleLeaders();
+    followLeaders();
+    setUnits(shown);
+    limitSuperheat();
+}
+
+void SelectionInputs::keepEconomizerValue(const std::string& mode) {
+    economizerValues_.keep(mode, number(Input::economizer), units_);
+}
+
+}  // namespace marvello

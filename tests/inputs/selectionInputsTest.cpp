@@ -1,0 +1,142 @@
+#include "inputs/SelectionInputs.h"
+
+#include <gtest/gtest.h>
+
+#include "data/clsDatabase.h"
+#include "inputs/InputTexts.h"
+#include "tests/support/SmallCatalogue.h"
+
+using namespace marvello;
+
+namespace {
+
+/// R134A with the series DZ, of two markets, TK-A and MV-H; R290 with TK-A and NL-H.
+class SelectionInputsTest : public ::testing::Test {
+  protected:
+    SelectionInputsTest() {
+        for (const char* serie : {"DZ", "TK-A", "MV-H"}) catalogue.compressor({{"fSerieID", sqlText(serie)}});
+        for (const char* serie : {"TK-A", "NL-H"})
+            catalogue.compressor({{"fRefrigerantID", "'R290'"}, {"fSerieID", sqlText(serie)}});
+    }
+    static std::vector<std::string> keysOf(const SelectionInputs& inputs, Input input) {
+        std::vector<std::string> keys;
+        for (const Choice& choice : inputs[input].choices) keys.push_back(choice.key);
+        return keys;
+    }
+
+    marvello::testing::SmallCatalogue catalogue;
+};
+
+}  // namespace
+
+TEST_F(SelectionInputsTest, ASeriesSwitchesInputsOffAtTheirNeutralKeys) {
+    SelectionInputs inputs(fixedSpeed);
+    EXPECT_EQ(keysOf(inputs, Input::series), (std::vector<std::string>{"DZ1", "DZ2", "MV-H", "TK-A"}));
+    inputs.choose(Input::series, "TK-A");
+    inputs.choose(Input::capacityStep, "75");
+    inputs.choose(Input::economizerMode, "2");
+    EXPECT_TRUE(inputs.isShown(Input::economizer));
+    inputs.choose(Input::series, "MV-H");
+    EXPECT_EQ(inputs.key(Input::capacityStep), "100");
+    EXPECT_FALSE(inputs[Input::capacityStep].isEnabled);
+    EXPECT_FALSE(inputs.isShown(Input::economizer));
+    EXPECT_TRUE(inputs[Input::motorSize].isEnabled);
+    inputs.choose(Input::refrigerant, "R290");
+    EXPECT_EQ(inputs.key(Input::series), "NL-H") << "the first, since there is no MV-H";
+    EXPECT_TRUE(inputs[Input::motorSpeed].isEnabled);
+    EXPECT_FALSE(inputs[Input::motorVoltage].isEnabled);
+}
+
+TEST_F(SelectionInputsTest, ConditionsAreMetricInBothSystems) {
+    SelectionInputs inputs(fixedSpeed);
+    inputs.choose(Input::series, "TK-A");
+    inputs.choose(Input::motorVoltage, "460_60");
+    inputs.choose(Input::economizerMode, "1");
+    inputs.setUnits(UnitSystem::imperial);
+    inputs.type(Input::evaporatingDew, 14);  // -10 degrees Celsius
+    inputs.type(Input::superheat, 9);        // 5 K
+    inputs.type(Input::economizer, 13.5);    // 7.5 K
+    const auto conditions = inputs.conditions();
+    EXPECT_NEAR(conditions->TEvaporatingDew, -10, 1e-9);
+    EXPECT_NEAR(conditions->TCondensationDew, 40, 1e-9);
+    EXPECT_NEAR(conditions->SuperHeat, 5, 1e-9);
+    EXPECT_NEAR(conditions->SubCooling, 5, 1e-9);
+    EXPECT_NEAR(conditions->Eco, 7.5, 1e-9);
+    EXPECT_NEAR(conditions->OilCooling, 110, 1e-9);
+    EXPECT_EQ(conditions->MotorVoltage, 460);
+    EXPECT_EQ(conditions->MotorHz, 60);
+    EXPECT_EQ(conditions->MotorRPM, 1450);
+    EXPECT_EQ(conditions->StepCapacity, 100);
+    inputs.choose(Input::superheatKind, "1");
+    inputs.type(Input::superheat, 50);  // 10 degrees Celsius at the suction
+    EXPECT_NEAR(inputs.conditions()->SuperHeat, 10, 1e-9);
+}
+
+TEST_F(SelectionInputsTest, WhatWasEnteredInASystemIsTheSameAgain) {
+    SelectionInputs inputs(fixedSpeed);
+    inputs.type(Input::evaporatingDew, 1.1);
+    for (const UnitSystem units : {UnitSystem::imperial, UnitSystem::metric}) inputs.setUnits(units);
+    EXPECT_EQ(inputs.number(Input::evaporatingDew), 1.1);
+}
+
+TEST_F(SelectionInputsTest, ALeaderBeyondTheFluidIsRefusedUntilItIsMended) {
+    SelectionInputs inputs(fixedSpeed);
+    EXPECT_EQ(inputs.leaderOf(Input::condensingPressure), Input::condensingDew);
+    inputs.type(Input::condensingPressure, 60);  // above the critical pressure of R134a, 40.6 bar
+    EXPECT_EQ(inputs.leaderOf(Input::condensingDew), Input::condensingPressure);
+    ASSERT_TRUE(inputs[Input::condensingPressure].refusal);
+    EXPECT_NEAR(inputs[Input::condensingPressure].refusal->saturation->maximum, 101.1, 0.1);
+    EXPECT_TRUE(inputs[Input::condensingDew].isUnknown);
+    inputs.type(Input::condensingPressure, std::nullopt);  // half a number
+    EXPECT_FALSE(inputs[Input::condensingPressure].refusal);
+    EXPECT_TRUE(inputs[Input::condensingDew].isUnknown);
+    inputs.type(Input::condensingPressure, 10.166);
+    EXPECT_NEAR(inputs.number(Input::condensingDew), 40, 0.02);
+    EXPECT_TRUE(catalogue.boxes.empty()) << "typing opens no box";
+}
+
+TEST_F(SelectionInputsTest, EachModeOfTheEconomizerKeepsItsValueForTheNextForm) {
+    SelectionInputs inputs(fixedSpeed);
+    inputs.choose(Input::series, "TK-A");
+    inputs.choose(Input::economizerMode, "2");
+    inputs.type(Input::economizer, 120);
+    inputs.choose(Input::economizerMode, "1");
+    EXPECT_EQ(inputs.number(Input::economizer), 10);
+    inputs.type(Input::economizer, -6);
+    inputs.settle(Input::economizer, -6);
+    EXPECT_EQ(inputs.number(Input::economizer), 6) << "an approach has no sign";
+    inputs.choose(Input::economizerMode, "0");
+
+    SelectionInputs next(fixedSpeed);
+    next.takeOver(inputs.state());
+    EXPECT_EQ(next.key(Input::series), "TK-A");
+    next.choose(Input::economizerMode, "2");
+    EXPECT_EQ(next.number(Input::economizer), 120);
+    next.choose(Input::economizerMode, "1");
+    EXPECT_EQ(next.number(Input::economizer), 6);
+}
+
+TEST_F(SelectionInputsTest, WhatIsBeyondItsRangeIsSaidAndPutRightForARun) {
+    SelectionInputs inputs(fixedSpeed);
+    inputs.type(Input::superheat, 25);
+    ASSERT_TRUE(inputs.exceededBounds(Input::superheat));
+    EXPECT_EQ(inputs.exceededBounds(Input::superheat)->high, 20);
+    inputs.type(Input::subcooling, -4);
+    EXPECT_TRUE(inputs.prepareRun());
+    EXPECT_EQ(inputs.number(Input::superheat), 10);
+    EXPECT_EQ(inputs.number(Input::subcooling), 4);
+    EXPECT_FALSE(inputs.exceededBounds(Input::superheat));
+    inputs.type(Input::evaporatingDew, 41);
+    EXPECT_TRUE(inputs.temperaturesCross());
+}
+
+TEST_F(SelectionInputsTest, TextsAreThoseOfTheUserAndTypedUnitsAreRead) {
+    SelectionInputs inputs(fixedSpeed);
+    inputs.setUnits(UnitSystem::imperial);
+    const NumberMarks german{.minus = "-", .point = ",", .group = "."};
+    EXPECT_EQ(inputText(inputs, Input::evaporatingDew, german), "35,60");
+    EXPECT_EQ(unitText(inputs, Input::condensingPressure), "psia");
+    EXPECT_EQ(inputText(inputs, Input::capacityStep, german), "100%");
+    EXPECT_NEAR(*readInput(inputs, Input::evaporatingDew, "-10 C").value, 14, 1e-9);
+    EXPECT_FALSE(readInput(inputs, Input::economizer, "5 K").value) << "a plain number";
+}

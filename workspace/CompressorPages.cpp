@@ -1,0 +1,144 @@
+#include "workspace/CompressorPages.h"
+
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <array>
+
+#include "controls/MessagesView.h"
+#include "controls/Metafile.h"
+#include "controls/NumberText.h"
+#include "controls/TabStrip.h"
+#include "results/Messages.h"
+#include "results/TechnicalData.h"
+#include "workspace/CompressorFiles.h"
+#include "workspace/DimensionPage.h"
+#include "workspace/LimitsPage.h"
+#include "workspace/PolynomialsPage.h"
+#include "workspace/ResultMarks.h"
+#include "workspace/SelectionReport.h"
+#include "workspace/TechnicalPage.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr std::array<CompressorPages::Page, 5> allPages{{
+    {"messages", "mdimain.menu.cpspopup.messages"},
+    {"tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
+    {"polynomials", "mdimain.menu.cpspopup.polynomials"},
+    {"dimension", "mdimain.menu.cpspopup.dimesion"},
+    {"limits", "mdimain.menu.cpspopup.limits"},
+}};
+
+QString tabText(const QString& key) {
+    return dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.") + key);
+}
+
+}  // namespace
+
+std::span<const CompressorPages::Page> CompressorPages::all() { return allPages; }
+
+CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
+    : QWidget(parent), inputs_(inputs) {
+    auto* band = new TabBand(TabStrip::Kind::pages, this);
+    TabStrip_ = band->strip();
+    TabStrip_->setObjectName(QStringLiteral("TabStrip"));
+    for (const Page& page : allPages) TabStrip_->addKeyed(QLatin1String(page.key), QString());
+
+    pages_ = new QStackedWidget(this);
+    lvMessages_ = new MessagesView(pages_);
+    lvMessages_->setObjectName(QStringLiteral("lvMessages"));
+    technical_ = new TechnicalPage(pages_);
+    polynomials_ = new PolynomialsPage(pages_);
+    dimension_ = new DimensionPage(pages_);
+    dimension_->setObjectName(QStringLiteral("picDimension"));
+    limits_ = new LimitsPage(pages_);
+    for (QWidget* page :
+         std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_})
+        pages_->addWidget(page);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(band);
+    column->addWidget(pages_, 1);
+    connect(TabStrip_, &QTabBar::currentChanged, this, [this](int tab) {
+        pages_->setCurrentIndex(tab);
+        emit pageChanged();
+    });
+}
+
+void CompressorPages::translate() {
+    for (int tab = 0; tab < TabStrip_->count(); ++tab)
+        TabStrip_->setTabText(tab, tabText(TabStrip_->key(tab)));
+    TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.pages")));
+    lvMessages_->setAccessibleName(tabText(QStringLiteral("messages")));
+    technical_->setCaption(tabText(QStringLiteral("tecnic")));
+    dimension_->setAccessibleName(tabText(QStringLiteral("dimension")));
+    polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
+                           dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
+}
+
+bool CompressorPages::select(const QString& key) {
+    const int tab = TabStrip_->indexOf(key);
+    if (tab >= 0) TabStrip_->setCurrentIndex(tab);
+    return tab >= 0;
+}
+
+int CompressorPages::current() const { return TabStrip_->currentIndex(); }
+
+void CompressorPages::clear() {
+    lvMessages_->clear();
+    lvMessages_->setEmptyText(QString());
+    technical_->clear();
+    polynomials_->clear();
+    dimension_->clear();
+    limits_->clear();
+}
+
+void CompressorPages::showCompressor(const clsCompressor* compressor, const QString& group) {
+    clear();
+    TabStrip_->setToolTip(group);
+    if (!compressor) return;
+    const QString page = TabStrip_->currentKey();
+    if (page == u"messages") fillMessages(*compressor);
+    if (page == u"tecnic") fillTechnical(*compressor);
+    if (page == u"polynomials") {
+        polynomials_->addPolynomial(QStringLiteral("Pta"), compressor->polynomialPta.c);
+        polynomials_->addPolynomial(QStringLiteral("Q0"), compressor->PolynomialQ0.c);
+    }
+    if (page == u"dimension") fillDimension(*compressor);
+    if (page == u"limits") fillLimits(*compressor);
+}
+
+void CompressorPages::fillMessages(const clsCompressor& compressor) {
+    lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
+    for (const ShownMessage& message : messagesOf(compressor)) {
+        const QString mark = markOf(message.severity);
+        QStringList causes;
+        for (const std::string& cause : message.causes) causes += fromCore(cause);
+        lvMessages_->addMessage(mark, markText(mark), fromCore(message.text), fromCore(message.key), causes);
+    }
+}
+
+void CompressorPages::fillTechnical(const clsCompressor& compressor) {
+    technical_->setEntries(fromCore(nameOf(compressor)),
+                           technicalData(compressor, inputs_.units(), marksOf(QLocale())));
+    technical_->setPhoto(readPhoto(fromCore(compressor.Serie), fromCore(compressor.Model)));
+}
+
+void CompressorPages::fillDimension(const clsCompressor& compressor) {
+    const QString file = drawingFile(fromCore(compressor.Serie), fromCore(compressor.Model));
+    dimension_->setDrawing(file.isEmpty() ? Metafile() : Metafile::load(file),
+                           dictionaryText(QStringLiteral("frmselection.dimension.empty")));
+}
+
+void CompressorPages::fillLimits(const clsCompressor& compressor) {
+    const EnvelopeDrawing drawing = envelopeOf(compressor, inputs_);
+    limits_->setTexts(drawing.textX, drawing.textY, tabText(QStringLiteral("limits")),
+                      dictionaryText(QStringLiteral("frmselection.limitreport.point")));
+    limits_->setLimits(drawing.limits, *drawing.point);
+}
+
+}  // namespace marvello

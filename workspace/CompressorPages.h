@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QWidget>
+
+#include "inputs/SelectionInputs.h"
+
+class QStackedWidget;
+
+namespace marvello {
+
+class DimensionPage;
+class LimitsPage;
+class MessagesView;
+class PolynomialsPage;
+class TabStrip;
+class TechnicalPage;
+class clsCompressor;
+
+/// The pages of a compressor below the list of results, with their tabs. Fills the one that is shown.
+class CompressorPages : public QWidget {
+    Q_OBJECT
+
+  public:
+    CompressorPages(const SelectionInputs& inputs, QWidget* parent);
+
+    struct Page {
+        const char* key;          ///< of the tab
+        const char* menuTextKey;  ///< of the entry in the pop-up menu
+    };
+    /// All pages, in the order of their tabs.
+    static std::span<const Page> all();
+
+    /// Says all texts in the user's language.
+    void translate();
+    /// Empties all pages, and shows those of a compressor, null for none. `group` is the tool tip of the
+    /// tabs.
+    void showCompressor(const clsCompressor* compressor, const QString& group = QString());
+    /// Selects a page by its key. False for a key that no page has.
+    bool select(const QString& key);
+    int current() const;
+
+  signals:
+    void pageChanged();
+
+  private:
+    void clear();
+    void fillMessages(const clsCompressor& compressor);
+    void fillTechnical(const clsCompressor& compressor);
+    void fillDimension(const clsCompressor& compressor);
+    void fillLimits(const clsCompressor& compressor);
+
+    const SelectionInputs& inputs_;
+    TabStrip* TabStrip_;
+    QStackedWidget* pages_;
+    MessagesView* lvMessages_;
+    TechnicalPage* technical_;
+    PolynomialsPage* polynomials_;
+    DimensionPage* dimension_;
+    LimitsPage* limits_;
+};
+
+}  // namespace marvello

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace marvello {
+
+class SelectionRun;
+
+/// Ask for a file and write the compressors of the list with their values, or their performance polynomials.
+/// Return a note that says what the file holds and where it is; empty if none was written, which a box has
+/// said unless the user gave up.
+QString exportResults(const SelectionRun& run, QWidget* parent);
+QString exportPolynomials(const SelectionRun& run, QWidget* parent);
+
+}  // namespace marvello
