@@ -24,16 +24,12 @@ namespace marvello {
 namespace {
 
 constexpr std::array<CompressorPages::Page, 5> allPages{{
-    {"messages", "mdimain.menu.cpspopup.messages"},
-    {"tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
-    {"polynomials", "mdimain.menu.cpspopup.polynomials"},
-    {"dimension", "mdimain.menu.cpspopup.dimesion"},
-    {"limits", "mdimain.menu.cpspopup.limits"},
+    {"messages", "frmselection.tabstrip.tabs.messages", "mdimain.menu.cpspopup.messages"},
+    {"tecnic", "frmselection.tabstrip.tabs.tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
+    {"polynomials", "frmselection.tabstrip.tabs.polynomials", "mdimain.menu.cpspopup.polynomials"},
+    {"dimension", "frmselection.tabstrip.tabs.dimension", "mdimain.menu.cpspopup.dimesion"},
+    {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits"},
 }};
-
-QString tabText(const QString& key) {
-    return dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.") + key);
-}
 
 }  // namespace
 
@@ -71,14 +67,17 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
 
 void CompressorPages::translate() {
     for (int tab = 0; tab < TabStrip_->count(); ++tab)
-        TabStrip_->setTabText(tab, tabText(TabStrip_->key(tab)));
+        TabStrip_->setTabText(
+            tab, dictionaryText(QLatin1String(allPages.at(static_cast<std::size_t>(tab)).textKey)));
     TabStrip_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.pages")));
-    lvMessages_->setAccessibleName(tabText(QStringLiteral("messages")));
-    technical_->setCaption(tabText(QStringLiteral("tecnic")));
-    dimension_->setAccessibleName(tabText(QStringLiteral("dimension")));
+    lvMessages_->setAccessibleName(tabText(lvMessages_));
+    technical_->setCaption(tabText(technical_));
+    dimension_->setAccessibleName(tabText(dimension_));
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
 }
+
+QString CompressorPages::tabText(QWidget* page) const { return TabStrip_->tabText(pages_->indexOf(page)); }
 
 bool CompressorPages::select(const QString& key) {
     const int tab = TabStrip_->indexOf(key);
@@ -136,7 +135,7 @@ void CompressorPages::fillDimension(const clsCompressor& compressor) {
 
 void CompressorPages::fillLimits(const clsCompressor& compressor) {
     const EnvelopeDrawing drawing = envelopeOf(compressor, inputs_);
-    limits_->setTexts(drawing.textX, drawing.textY, tabText(QStringLiteral("limits")),
+    limits_->setTexts(drawing.textX, drawing.textY, tabText(limits_),
                       dictionaryText(QStringLiteral("frmselection.limitreport.point")));
     limits_->setLimits(drawing.limits, *drawing.point);
 }

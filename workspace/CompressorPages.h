@@ -25,6 +25,7 @@ class CompressorPages : public QWidget {
 
     struct Page {
         const char* key;          ///< of the tab
+        const char* textKey;      ///< of the tab's text
         const char* menuTextKey;  ///< of the entry in the pop-up menu
     };
     /// All pages, in the order of their tabs.
@@ -43,6 +44,7 @@ class CompressorPages : public QWidget {
     void pageChanged();
 
   private:
+    QString tabText(QWidget* page) const;
     void clear();
     void fillMessages(const clsCompressor& compressor);
     void fillTechnical(const clsCompressor& compressor);

@@ -234,8 +234,7 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made) {
     describe(*form);
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->setWindowIcon(picture);
-    form->setPanelWidth(settings::panelWidth.value());
-    form->setListHeight(settings::listHeight.value());
+    form->setSizes({settings::panelWidth.value(), settings::listHeight.value()});
 
     const QString key = form->Key();
     connect(form, &SelectionForm::stateChanged, this, &MDIMain::refreshState);
@@ -327,9 +326,9 @@ void MDIMain::refreshStatus(const SelectionForm* form) {
     } else if (!form->hasResults()) {
         counts_->setText(dictionaryText(QStringLiteral("mdimain.status.notcalculated")));
     } else {
-        const int good = form->countOf(Verdict::possible);
-        const int warned = form->countOf(Verdict::possibleWithWarnings);
-        const int stopped = form->countOf(Verdict::notPossible);
+        const int good = form->results().countOf(Verdict::possible);
+        const int warned = form->results().countOf(Verdict::possibleWithWarnings);
+        const int stopped = form->results().countOf(Verdict::notPossible);
         counts_->setText(filled(dictionaryText(QStringLiteral("mdimain.status.counts")),
                                 {QString::number(good + warned + stopped), QString::number(good),
                                  QString::number(warned), QString::number(stopped)}));
@@ -351,8 +350,8 @@ void MDIMain::restoreSizes() {
 
 void MDIMain::keepSizes(const SelectionForm& form) {
     QSettings store = userSettings();
-    settings::panelWidth.keep(form.panelWidth(), store);
-    settings::listHeight.keep(form.listHeight(), store);
+    settings::panelWidth.keep(form.sizes().panelWidth, store);
+    settings::listHeight.keep(form.sizes().listHeight, store);
 }
 
 void MDIMain::closeEvent(QCloseEvent* event) {

@@ -215,7 +215,7 @@ QWidget* MDIMain::makeSelectors() {
     });
     connect(cmbGroupBy_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
         // The other forms take it with their next list.
-        for (SelectionForm* form : forms()) form->setGroupBy(key.toInt());
+        for (SelectionForm* form : forms()) form->results().setGrouping(static_cast<Grouping>(key.toInt()));
         if (SelectionForm* form = ActiveForm()) form->results().relist();
     });
     row->addWidget(cmbmeasureunits_);

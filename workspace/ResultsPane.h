@@ -43,6 +43,10 @@ class ResultsPane : public Splitter {
     void fillPage();
     bool selectPage(const QString& key);
 
+    /// How the next list is grouped.
+    void setGrouping(Grouping grouping) { run_.grouping = grouping; }
+    /// How many compressors of the list have a verdict.
+    int countOf(Verdict verdict) const { return run_.countOf(verdict); }
     /// The selected result; null for a group and without any.
     const ResultRow* selected() const;
     bool canCopy() const { return selected() != nullptr; }

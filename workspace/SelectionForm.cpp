@@ -32,6 +32,21 @@ namespace {
 
 constexpr int wideCaptionWidth = 116;
 
+// Both forms have the sets, and the texts, of one.
+void applySet(const char* key, QWidget& form) {
+    ApplyFormParameters(QStringLiteral("frm"), QStringLiteral("frmselection"), QLatin1String(key), form);
+}
+
+/// Says what to do while there is no list, and why the list went: the field that was edited.
+void invite(EmptyPage& page, const QString& button, const QString& edited = QString()) {
+    const bool isFirst = edited.isEmpty();
+    const QString title = isFirst ? dictionaryText(QStringLiteral("frmselection.empty.title"))
+                                  : dictionaryText(QStringLiteral("frmselection.discarded.title"));
+    const QString sentence = isFirst ? dictionaryText(QStringLiteral("frmselection.empty.text"))
+                                     : dictionaryText(QStringLiteral("frmselection.discarded.text"));
+    page.setTexts(title, sentence, button, QStringLiteral("F5"), edited);
+}
+
 }  // namespace
 
 SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
@@ -51,7 +66,7 @@ SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
     });
     Traduci();
     if (kind_.hasInverter) {
-        applySet(QStringLiteral("Init"));
+        applySet("Init", *this);
         fields_->read();
     }
     defaults_ = state();
@@ -84,9 +99,7 @@ void SelectionForm::connectPanes() {
     connect(panel_->lnkCalculate, &ctlBtn::clicked, this, &SelectionForm::lnkCalculate_Click);
     connect(panel_->lnkDefaults, &Link::clicked, this, [this] { takeOver(defaults_); });
     connect(fields_, &InputFields::edited, this, [this](const QString& caption) {
-        if (!hasResults()) return;
-        closesplitter34();
-        invite(caption);
+        if (hasResults()) closesplitter34(caption);
     });
     connect(fields_, &InputFields::subjectChanged, this, &SelectionForm::stateChanged);
     connect(fields_, &InputFields::wantsRoom, fold_, &InputsFold::show);
@@ -108,22 +121,17 @@ void SelectionForm::setDescription(const QString& description) {
     setWindowTitle(description);
 }
 
-// Both forms have the sets, and the texts, of one.
-void SelectionForm::applySet(const QString& key) {
-    ApplyFormParameters(QStringLiteral("frm"), QStringLiteral("frmselection"), key, *this);
-}
-
 void SelectionForm::Traduci() {
     const bool isChinese = gApplication().User().language == "cn-CN";
     panel_->ResizeControls(isChinese ? wideCaptionWidth : InputPanel::usualCaptionWidth);
-    applySet(QStringLiteral("populate"));
+    applySet("populate", *this);
     panel_->lnkCalculate->setText(dictionaryText(QStringLiteral("frmselection.lnkcalculate.caption")));
     panel_->SetCaptionText(dictionaryText(QStringLiteral("frmselection.coolframe1.captiontext")));
     panel_->lnkDefaults->setText(dictionaryText(QStringLiteral("frmselection.lnkdefaults.caption")));
     summary_->setTexts(panel_->property("CaptionText").toString().trimmed(),
                        dictionaryText(QStringLiteral("frmselection.summary.edit")),
                        panel_->lnkCalculate->text());
-    invite();
+    invite(*frame2_, panel_->lnkCalculate->text());
     fields_->translate();
     summary_->refresh();
     panel_->layOut();
@@ -131,7 +139,7 @@ void SelectionForm::Traduci() {
 }
 
 void SelectionForm::populateLVCPS(int groupBy) {
-    setGroupBy(groupBy);
+    results_->setGrouping(static_cast<Grouping>(groupBy));
     results_->relist();
 }
 
@@ -206,17 +214,8 @@ void SelectionForm::Calculate() {
     emit stateChanged();
 }
 
-void SelectionForm::invite(const QString& editedField) {
-    const bool isFirst = editedField.isEmpty();
-    const QString title = isFirst ? dictionaryText(QStringLiteral("frmselection.empty.title"))
-                                  : dictionaryText(QStringLiteral("frmselection.discarded.title"));
-    const QString sentence = isFirst ? dictionaryText(QStringLiteral("frmselection.empty.text"))
-                                     : dictionaryText(QStringLiteral("frmselection.discarded.text"));
-    frame2_->setTexts(title, sentence, panel_->lnkCalculate->text(), QStringLiteral("F5"), editedField);
-}
-
-void SelectionForm::closesplitter34() {
-    invite();
+void SelectionForm::closesplitter34(const QString& editedField) {
+    invite(*frame2_, panel_->lnkCalculate->text(), editedField);
     Splitter1_->SetChild2(QStringLiteral("Frame2"));
     frame2_->show();
     results_->clear();
@@ -248,10 +247,12 @@ QString SelectionForm::subject() const {
     return parts.join(between);
 }
 
-int SelectionForm::panelWidth() const { return fold_->panelWidth(); }
-void SelectionForm::setPanelWidth(int width) { fold_->setPanelWidth(width); }
-int SelectionForm::listHeight() const { return results_->SplitterPos(); }
-void SelectionForm::setListHeight(int height) { results_->SetSplitterPos(height); }
+SelectionForm::Sizes SelectionForm::sizes() const { return {fold_->panelWidth(), results_->SplitterPos()}; }
+
+void SelectionForm::setSizes(const Sizes& sizes) {
+    fold_->setPanelWidth(sizes.panelWidth);
+    results_->SetSplitterPos(sizes.listHeight);
+}
 
 void SelectionForm::resizeEvent(QResizeEvent*) { fold_->layOut(); }
 

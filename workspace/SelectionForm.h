@@ -39,8 +39,6 @@ class SelectionForm : public QWidget {
     // What the main window asks of a form, by these names.
     void Traduci();
     void populateLVCPS(int groupBy);
-    /// How the next list is grouped.
-    void setGroupBy(int groupBy) { run_.grouping = static_cast<Grouping>(groupBy); }
     void PopulateFrame4();
     /// Shows the form in a system of units, 0 metric and 1 imperial: inputs are converted for display and
     /// keep the value that was entered. With `refresh` the results are listed anew.
@@ -71,18 +69,17 @@ class SelectionForm : public QWidget {
     void takeOver(const FormState& state);
 
     bool hasResults() const;
-    ResultsPane& results() { return *results_; }
-    const ResultsPane& results() const { return *results_; }
-    /// How many compressors of the list have a verdict.
-    int countOf(Verdict verdict) const { return run_.countOf(verdict); }
+    ResultsPane& results() const { return *results_; }
     /// The choice of the inputs, as "R134A · TK-A", with the frequency of an inverter behind it.
     QString subject() const;
     bool isCollapsed() const;
-    /// How wide the inputs stand; to be kept between starts.
-    int panelWidth() const;
-    void setPanelWidth(int width);
-    int listHeight() const;
-    void setListHeight(int height);
+    /// To be kept between starts.
+    struct Sizes {
+        int panelWidth;  ///< of the inputs
+        int listHeight;
+    };
+    Sizes sizes() const;
+    void setSizes(const Sizes& sizes);
 
   signals:
     /// What the main window shows of the form has changed.
@@ -104,11 +101,8 @@ class SelectionForm : public QWidget {
   private:
     void makePanes();
     void connectPanes();
-    void applySet(const QString& key);
     void Calculate();
-    void closesplitter34();
-    /// What stands next to the inputs while there is no list: what to do, and why the list went.
-    void invite(const QString& editedField = QString());
+    void closesplitter34(const QString& editedField = QString());
 
     const SelectionKind& kind_;
     QString key_;

@@ -319,9 +319,9 @@ TEST_F(MainWindowTest, EachFormKeepsItsMeasureSystem) {
 
 TEST_F(MainWindowTest, SplittersStandWhereTheyWereLeft) {
     SelectionForm* form = window->newSelection();
-    form->setPanelWidth(450);
+    form->setSizes({450, form->sizes().listHeight});
     emit form->sizesChanged();
-    EXPECT_EQ(window->newSelection()->panelWidth(), 450);
+    EXPECT_EQ(window->newSelection()->sizes().panelWidth, 450);
 }
 
 TEST_F(MainWindowTest, OnlyAnotherControlOfTheFormEndsTheUseOfAField) {

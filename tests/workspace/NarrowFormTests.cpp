@@ -67,7 +67,7 @@ TEST_F(NarrowFormTest, TheInputsFoldBelowTheListAndOpenOverIt) {
 }
 
 TEST_F(NarrowFormTest, InputsAndTheirFocusComeBackWithTheRoom) {
-    form->setPanelWidth(450);
+    form->setSizes({450, form->sizes().listHeight});
     field(*form, "txtTCD")->setFocus();
     for (const int width : {1200, 500, 879, 880}) {
         resize(width, 700);
@@ -75,7 +75,7 @@ TEST_F(NarrowFormTest, InputsAndTheirFocusComeBackWithTheRoom) {
         EXPECT_TRUE(isInSight(*field(*form, "txtTCD"))) << width;
         EXPECT_TRUE(form->focusWidget() && field(*form, "txtTCD")->isAncestorOf(form->focusWidget()))
             << width;
-        EXPECT_EQ(form->panelWidth(), 450) << width;
+        EXPECT_EQ(form->sizes().panelWidth, 450) << width;
     }
     EXPECT_EQ(inputs()->width(), 450);
     form->CloseFrame(true);

@@ -11,6 +11,7 @@
 #include "data/Session.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "thermo/clsRefprop.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/frmSelection.h"
 
 using namespace marvello;
@@ -183,7 +184,7 @@ TEST_F(SelectionFormTest, F5ListsEveryModelWithItsMark) {
     EXPECT_NEAR(list()->text(1, 1).toDouble(), 59.2, 0.051);
     EXPECT_NE(list()->text(3, 2), "-");
     EXPECT_EQ(list()->selectedRow(), 1);
-    EXPECT_EQ(form->countOf(Verdict::notPossible), 1);
+    EXPECT_EQ(form->results().countOf(Verdict::notPossible), 1);
 
     // The messages follow the selected row.
     auto* messages = control<MessagesView>(*form, "lvMessages");
