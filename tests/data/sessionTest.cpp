@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 #include <thread>
 
 #include "tests/data/TestCatalogue.h"
@@ -11,77 +10,56 @@ using namespace marvello;
 
 namespace {
 
-/// A catalogue with one text, which is its name.
-class Named : public TestCatalogue {
-  public:
-    explicit Named(const std::string& name)
-        : TestCatalogue(
-              "CREATE TABLE tDictionary (fLanguageID TEXT, fVariableName TEXT, fText TEXT);"
-              "CREATE TABLE thelp (flanguage TEXT, ffield TEXT, fhelp TEXT);"
-              "INSERT INTO tDictionary VALUES ('en-EN', 'a.name', '" +
-              name + "')") {}
+TestCatalogue catalogueOf(const std::string& name) {
+    return TestCatalogue(
+        "CREATE TABLE thelp (flanguage TEXT, ffield TEXT, fhelp TEXT);"
+        "CREATE TABLE tDictionary (fLanguageID TEXT, fVariableName TEXT, fText TEXT);"
+        "INSERT INTO tDictionary VALUES ('en-EN', 'name', '" +
+        name + "')");
+}
 
-    void open() const {
-        gDatabase().Connect(connectionString());
+class Sessions : public testing::Test {
+  protected:
+    /// Opens a catalogue unless one is open, and returns its name.
+    static std::string nameOf(const TestCatalogue& catalogue) {
+        gDatabase().Connect(catalogue.connectionString());
         gApplication().populateDictionary("en-EN", "");
+        return gApplication().DictionaryRead("name");
     }
+
+    const TestCatalogue first = catalogueOf("first");
+    const TestCatalogue second = catalogueOf("second");
 };
 
-std::string name() { return gApplication().DictionaryRead("a.name"); }
-
-TEST(Session, LeavesNothingToTheNext) {
-    const Named first("first");
-    const Named second("second");
+TEST_F(Sessions, LeaveNothingToTheNext) {
     {
         Session session("/somewhere");
         session.hooks.giveTurn = [] { ADD_FAILURE(); };
         AbortRequested() = true;
-        first.open();
-        EXPECT_EQ(name(), "first");
+        EXPECT_EQ(nameOf(first), "first");
     }
     EXPECT_THROW(gDatabase(), std::logic_error);
     const Session session;
+    giveTurn();
     EXPECT_NE(session.applicationFolder, "/somewhere");
     EXPECT_FALSE(AbortRequested());
-    EXPECT_FALSE(gDatabase().isOpen());
-    EXPECT_THROW(name(), UnknownTextKey);
-    giveTurn();
-    second.open();
-    EXPECT_EQ(name(), "second");
+    EXPECT_EQ(nameOf(second), "second");
 }
 
-TEST(Session, GivesTheOneBeforeBack) {
-    const Named first("first");
-    const Named second("second");
-    const Session outer("/outer");
-    first.open();
-    {
-        const Session inner("/inner");
-        second.open();
-        EXPECT_EQ(name(), "second");
-        EXPECT_EQ(&Session::current(), &inner);
-    }
-    EXPECT_EQ(&Session::current(), &outer);
-    EXPECT_EQ(name(), "first");
+TEST_F(Sessions, GiveTheOneBeforeBack) {
+    const Session outer;
+    EXPECT_EQ(nameOf(first), "first");
+    EXPECT_EQ((Session(), nameOf(second)), "second");
+    EXPECT_EQ(gApplication().DictionaryRead("name"), "first");
 }
 
-TEST(Session, ThreadsWorkOnCataloguesOfTheirOwn) {
-    const Named first("first");
-    const Named second("second");
-    const Session session;
-    first.open();
-    std::thread other([&second] {
+TEST_F(Sessions, BelongToTheirThread) {
+    const auto work = [](const TestCatalogue& catalogue, const std::string& name) {
         EXPECT_THROW(gDatabase(), std::logic_error);
-        for (int i = 0; i < 50; ++i) {
-            const Session own;
-            second.open();
-            EXPECT_EQ(name(), "second");
-        }
-    });
-    for (int i = 0; i < 50; ++i) {
-        first.open();
-        EXPECT_EQ(name(), "first");
-    }
+        for (int i = 0; i < 50; ++i) EXPECT_EQ((Session(), nameOf(catalogue)), name);
+    };
+    std::thread other(work, std::cref(second), "second");
+    work(first, "first");
     other.join();
 }
 

@@ -39,11 +39,10 @@ namespace {
 class MainWindowTest : public WorkspaceFixture {
   protected:
     MainWindowTest() {
-        catalogue.session.hooks.writeSetting = [this](const std::string&, const std::string&,
-                                                      const std::string&,
-                                                      const std::string& value) { storedLanguage = value; };
-        catalogue.session.hooks.readSetting = [this](const std::string&, const std::string&,
-                                                     const std::string&) {
+        Hooks& hooks = catalogue.session.hooks;
+        hooks.writeSetting = [this](const std::string&, const std::string&, const std::string&,
+                                    const std::string& value) { storedLanguage = value; };
+        hooks.readSetting = [this](const std::string&, const std::string&, const std::string&) {
             return storedLanguage.empty() ? std::nullopt : std::optional(storedLanguage);
         };
         window = std::make_unique<MDIMain>("1.0.0");
