@@ -24,13 +24,13 @@ MessageBox::Mark markOf(BoxKind kind) {
 
 }  // namespace
 
-void installHooks() {
-    hooks().giveTurn = [] { QCoreApplication::processEvents(); };
-    hooks().showBox = [](BoxKind kind, const std::string& text) {
+void installHooks(Hooks& hooks) {
+    hooks.giveTurn = [] { QCoreApplication::processEvents(); };
+    hooks.showBox = [](BoxKind kind, const std::string& text) {
         MessageBox::show(nullptr, markOf(kind), QString::fromStdString(text));
     };
-    hooks().readSetting = readSetting;
-    hooks().writeSetting = writeSetting;
+    hooks.readSetting = readSetting;
+    hooks.writeSetting = writeSetting;
 }
 
 }  // namespace marvello

@@ -2,7 +2,10 @@
 
 namespace marvello {
 
-/// Gives the rooms below what they need from the window library: turns, message boxes and the settings store.
-void installHooks();
+struct Hooks;
+
+/// Gives the modules below what they need from the window library: turns, message boxes and the settings
+/// store.
+void installHooks(Hooks& hooks);
 
 }  // namespace marvello

@@ -12,10 +12,8 @@
 #include "app/ConnectionString.h"
 #include "app/FirstInstance.h"
 #include "catalogue/Globals.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
 #include "data/Hooks.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "workspace/Frmsplash.h"
 #include "workspace/MDIMain.h"
 
@@ -50,17 +48,11 @@ class SplashEnd : public QObject {
 /// The property library looks for the fluid files in the current folder and then next to itself.
 void checkFluidFiles() {
     std::error_code ignored;
-    const std::filesystem::path folder = applicationFolder();
+    const std::filesystem::path folder = Session::current().applicationFolder;
     if (!std::filesystem::is_directory("Fluids", ignored) &&
         !std::filesystem::is_directory(folder / "Fluids", ignored))
         throw std::runtime_error("The folder " + (folder / "Fluids").string() +
                                  " with the fluid files is missing.");
-}
-
-void openCatalogue() {
-    gDatabase().ConnectionString = catalogueConnectionString(applicationFolder());
-    if (!gDatabase().Connect("")) throw std::runtime_error("The catalogue cannot be opened.");
-    loadSharedPolynomials();
 }
 
 /// Brings a window to the front, or the dialog that it waits for.
@@ -97,7 +89,7 @@ int Main() try {
     AbortRequested() = false;
 
     checkFluidFiles();
-    openCatalogue();
+    openCatalogue(catalogueConnectionString(Session::current().applicationFolder));
 
     SplashEnd splashEnd(splash);
     MDIMain mainWindow(QCoreApplication::applicationVersion());

@@ -2,12 +2,11 @@
 
 #include "app/Application.h"
 #include "app/InstallHooks.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 
 int main(int argc, char** argv) {
+    marvello::Session session;
     marvello::Application application(argc, argv);
-    marvello::installHooks();
-    const int status = marvello::Main();
-    marvello::releaseGlobals();
-    return status;
+    marvello::installHooks(session.hooks);
+    return marvello::Main();
 }

@@ -1,15 +1,8 @@
 #include "bench/Catalogue.h"
 
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 
 namespace marvello::bench {
-
-void openShippedCatalogue() {
-    setApplicationFolder(MARVELLO_APP_FOLDER);
-    gDatabase().CloseConnection();
-    gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
-}
 
 std::vector<Series> seriesOfCatalogue() {
     std::vector<Series> series;

@@ -11,9 +11,6 @@ struct Series {
     std::string name;
 };
 
-/// The catalogue of the built application folder becomes gDatabase(), with its property library.
-void openShippedCatalogue();
-
 /// The series of the open catalogue, those of a refrigerant in a row.
 std::vector<Series> seriesOfCatalogue();
 

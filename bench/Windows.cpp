@@ -8,20 +8,18 @@
 #include <cstdio>
 #include <exception>
 
-#include "bench/Catalogue.h"
 #include "catalogue/Globals.h"
 #include "controls/Look.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 
 namespace marvello::bench {
 
-Windows::Windows(int& argumentCount, char** arguments) {
+Windows::Windows(int& argumentCount, char** arguments) : session_(MARVELLO_APP_FOLDER) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QApplication>(argumentCount, arguments);
     settings_ = std::make_unique<QTemporaryDir>();
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_->path());
-    openShippedCatalogue();
-    loadSharedPolynomials();
+    openCatalogue();
     gApplication().User().language = "en-EN";
     Look::install(*application_, Look::light());
 }

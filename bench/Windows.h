@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "data/Session.h"
+
 class QApplication;
 class QTemporaryDir;
 
@@ -17,6 +19,7 @@ class Windows {
     Windows& operator=(const Windows&) = delete;
 
   private:
+    Session session_;
     std::unique_ptr<QApplication> application_;
     std::unique_ptr<QTemporaryDir> settings_;
 };

@@ -17,8 +17,9 @@
 
 #include "bench/Catalogue.h"
 #include "bench/Floor.h"
+#include "catalogue/Globals.h"
 #include "catalogue/clsPolynomial.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "engine/clsSelections.h"
 #include "thermo/clsRefprop.h"
 #include "tools/catalogue/Check.h"
@@ -32,7 +33,8 @@ using bench::Series;
 /// What a run left.
 struct Outcome {
     int compressors = 0;
-    int failed = 0;  ///< Of these, with errors.
+    int failed = 0;        ///< Of these, with errors.
+    long long states = 0;  ///< That the property library was asked for.
 };
 
 int failedOf(const clsSelections& selections) {
@@ -43,11 +45,13 @@ int failedOf(const clsSelections& selections) {
 /// Every row of the catalogue, refrigerant by refrigerant, from a start without any state.
 Outcome runAll(const std::vector<Series>& all) {
     Outcome outcome;
-    releaseRefprop();
+    InitRefprop(all.front().refrigerant);
     const auto conditions = std::make_shared<const clsProjectConditions>(conditionsAt(2, 40));
     for (const Series& series : all) {
         clsSelections selections;
+        const long long before = GetRefprop(series.refrigerant).libraryCalls();
         selections.Selection(conditions, series.name, "*", series.refrigerant, 0);
+        outcome.states += GetRefprop(series.refrigerant).libraryCalls() - before;
         outcome.compressors += selections.Count();
         outcome.failed += failedOf(selections);
     }
@@ -90,15 +94,12 @@ void replay(const SQLite::Database& database, const std::vector<std::string>& st
 
 /// Engine and database alone by turns, so that both see the same machine.
 void wholeCatalogue(benchmark::State& state) {
-    bench::openShippedCatalogue();
     const std::vector<Series> all = bench::seriesOfCatalogue();
     const std::vector<std::string> statements = statementsOf([&] {
-        gDatabase().CloseConnection();
-        gDatabase().Connect("");
+        const Session session(MARVELLO_APP_FOLDER);
+        openCatalogue();
         runAll(all);
-        gDatabase().CloseConnection();
     });
-    gDatabase().Connect("");
     const SQLite::Database alone(MARVELLO_APP_FOLDER "/db.mdb", SQLite::OPEN_READONLY);
 
     Outcome outcome;
@@ -106,8 +107,8 @@ void wholeCatalogue(benchmark::State& state) {
         .run([&] { outcome = runAll(all); }, [&] { replay(alone, statements); });
     state.counters["compressors"] = outcome.compressors;
     state.counters["failed"] = outcome.failed;
+    state.counters["states"] = static_cast<double>(outcome.states);
     state.counters["statements"] = static_cast<double>(statements.size());
-    releaseRefprop();
 }
 BENCHMARK(wholeCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(3);
 
@@ -163,6 +164,8 @@ BENCHMARK(buildCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 int main(int argc, char** argv) {
     try {
+        const Session session(MARVELLO_APP_FOLDER);
+        openCatalogue();
         benchmark::Initialize(&argc, argv);
         benchmark::RunSpecifiedBenchmarks();
     } catch (const std::exception& fault) {

@@ -15,8 +15,8 @@
 #include <vector>
 
 #include "bench/Floor.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "catalogue/Globals.h"
+#include "data/Session.h"
 #include "engine/clsSelections.h"
 #include "thermo/clsRefprop.h"
 
@@ -151,14 +151,13 @@ BENCHMARK_CAPTURE(economized, capacity, std::string("capacity"))->Unit(benchmark
 
 int main(int argc, char** argv) {
     try {
-        setApplicationFolder(MARVELLO_APP_FOLDER);
-        gDatabase().Connect(std::string("Data Source=") + MARVELLO_APP_FOLDER + "/db.mdb");
+        const Session session(MARVELLO_APP_FOLDER);
+        openCatalogue();
         benchmark::Initialize(&argc, argv);
         constexpr std::string_view option = "--every=";
         if (argc > 1 && std::string_view(argv[1]).starts_with(option))
             every = std::max(1, std::atoi(argv[1] + option.size()));
         benchmark::RunSpecifiedBenchmarks();
-        releaseRefprop();
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "%s\n", fault.what());
         return 2;

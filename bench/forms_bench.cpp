@@ -13,10 +13,11 @@
 #include "bench/Catalogue.h"
 #include "bench/Floor.h"
 #include "bench/Windows.h"
+#include "catalogue/Globals.h"
 #include "controls/AdvanceText.h"
 #include "controls/Marks.h"
 #include "controls/ResultsView.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "engine/clsSelections.h"
 #include "tools/catalogue/Content.h"
 #include "workspace/MDIMain.h"
@@ -87,30 +88,27 @@ void keyToList(benchmark::State& state) {
             grown.exec("UPDATE more SET fModelID=fModelID||'/'; INSERT INTO tCompressors SELECT * FROM more");
     }
     sealCatalogue(file);
-    gDatabase().CloseConnection();
-    gDatabase().Connect("Data Source=" + file);
-    {
-        MDIMain window(QStringLiteral("1.0.0"));
-        window.show();
-        SelectionForm* form = window.newSelection();
-        form->findChild<AdvanceText*>(QStringLiteral("lstSeries"))->SetKey(QStringLiteral("TK-A"));
-        settle();
-        int models = 0;
-        bench::AgainstFloor(state, "the run of the engine")
-            .run(
-                [&] {
-                    form->lnkCalculate_Click();
-                    QApplication::processEvents();
-                },
-                [&] {
-                    clsSelections selection;
-                    selection.Selection(std::make_shared<clsProjectConditions>(conditionsAt(2, 40)), "TK-A",
-                                        "*", "R134A", 0);
-                    models = selection.Count();
-                });
-        state.counters["models"] = models;
-    }
-    bench::openShippedCatalogue();
+    const Session session(MARVELLO_APP_FOLDER);
+    openCatalogue("Data Source=" + file);
+    MDIMain window(QStringLiteral("1.0.0"));
+    window.show();
+    SelectionForm* form = window.newSelection();
+    form->findChild<AdvanceText*>(QStringLiteral("lstSeries"))->SetKey(QStringLiteral("TK-A"));
+    settle();
+    int models = 0;
+    bench::AgainstFloor(state, "the run of the engine")
+        .run(
+            [&] {
+                form->lnkCalculate_Click();
+                QApplication::processEvents();
+            },
+            [&] {
+                clsSelections selection;
+                selection.Selection(std::make_shared<clsProjectConditions>(conditionsAt(2, 40)), "TK-A", "*",
+                                    "R134A", 0);
+                models = selection.Count();
+            });
+    state.counters["models"] = models;
 }
 BENCHMARK(keyToList)->Unit(benchmark::kMillisecond)->UseManualTime();
 

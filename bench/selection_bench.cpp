@@ -8,8 +8,7 @@
 #include <string>
 
 #include "bench/Floor.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "engine/clsSelections.h"
 #include "thermo/clsRefprop.h"
 #include "tools/select/Run.h"
@@ -42,7 +41,7 @@ void selectionOfTwoSeries(benchmark::State& state) {
     int compressors = 0;
     const long long statements = gDatabase().executedStatements();
     for (auto _ : state) {
-        releaseRefprop();
+        InitRefprop("R134A");
         compressors = runBoth();
     }
     state.counters["compressors"] = compressors;
@@ -82,7 +81,7 @@ BENCHMARK(selectionAtARememberedCondition)->Unit(benchmark::kMillisecond)->UseMa
 
 int main(int argc, char** argv) {
     try {
-        setApplicationFolder(MARVELLO_APP_FOLDER);
+        const Session session(MARVELLO_APP_FOLDER);
         select::openCatalogue("en-EN");
         benchmark::Initialize(&argc, argv);
         benchmark::RunSpecifiedBenchmarks();

@@ -19,8 +19,7 @@
 #include "app/InstallHooks.h"
 #include "app/Start.h"
 #include "bench/Floor.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "workspace/MDIMain.h"
 
 using namespace marvello;
@@ -28,9 +27,9 @@ using namespace marvello;
 namespace {
 
 int program(int argumentCount, char** arguments) {
+    Session session(MARVELLO_APP_FOLDER);
     Application application(argumentCount, arguments);
-    installHooks();
-    setApplicationFolder(MARVELLO_APP_FOLDER);
+    installHooks(session.hooks);
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, [] {
         for (QWidget* window : QApplication::topLevelWidgets())

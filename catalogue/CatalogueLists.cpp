@@ -1,6 +1,6 @@
 #include "catalogue/CatalogueLists.h"
 
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "data/Texts.h"
 
 namespace marvello {

@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "data/Globals.h"
 #include "data/Numbers.h"
+#include "data/Session.h"
 #include "data/Texts.h"
 
 namespace marvello {

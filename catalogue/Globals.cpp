@@ -1,15 +1,18 @@
 #include "catalogue/Globals.h"
 
-#include <string>
 #include <string_view>
 
 #include "catalogue/Coefficients.h"
 #include "catalogue/SeriesTraits.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 
 namespace marvello {
 
 namespace {
+
+struct SharedSurfaces {
+    clsPolynomial evaporating, condensing;
+};
 
 void load(clsPolynomial& surface, std::string_view id, const std::string& name) {
     const RecordSet row = gDatabase().Execute("Select * from tPolynomials where fPolynomialID='" +
@@ -21,14 +24,15 @@ void load(clsPolynomial& surface, std::string_view id, const std::string& name) 
 
 }  // namespace
 
-clsPolynomial& gPolynomialTEM() {
-    static clsPolynomial surface;
-    return surface;
-}
+clsPolynomial& gPolynomialTEM() { return Session::current().part<SharedSurfaces>().evaporating; }
 
-clsPolynomial& gPolynomialTCM() {
-    static clsPolynomial surface;
-    return surface;
+clsPolynomial& gPolynomialTCM() { return Session::current().part<SharedSurfaces>().condensing; }
+
+void openCatalogue(const std::string& connectionString) {
+    gDatabase().Connect(connectionString.empty()
+                            ? "Data Source=" + Session::current().applicationFolder + "/db.mdb"
+                            : connectionString);
+    loadSharedPolynomials();
 }
 
 void loadSharedPolynomials() {

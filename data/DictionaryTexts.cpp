@@ -1,6 +1,6 @@
 #include "data/DictionaryTexts.h"
 
-#include "data/Globals.h"
+#include "data/Session.h"
 
 namespace marvello {
 

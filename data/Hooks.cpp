@@ -2,20 +2,17 @@
 
 #include <iostream>
 
+#include "data/Session.h"
+
 namespace marvello {
 
-Hooks& hooks() {
-    static Hooks ofTheProcess;
-    return ofTheProcess;
-}
-
 void giveTurn() {
-    if (hooks().giveTurn) hooks().giveTurn();
+    if (const auto& turn = Session::current().hooks.giveTurn) turn();
 }
 
 void showBox(BoxKind kind, const std::string& text) {
-    if (hooks().showBox)
-        hooks().showBox(kind, text);
+    if (const auto& show = Session::current().hooks.showBox)
+        show(kind, text);
     else
         std::cerr << text << '\n';
 }

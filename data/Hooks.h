@@ -9,8 +9,8 @@ namespace marvello {
 /// How a message box is meant; the user interface chooses the mark.
 enum class BoxKind { plain, information, critical };
 
-/// What the rooms without windows need from above. `app/` installs these at start; a command-line program or
-/// a test may leave them empty.
+/// What the modules without windows need from above. `app/` fills those of its session at start; a
+/// command-line program or a test may leave them empty.
 struct Hooks {
     /// Lets pending window events be handled, for instance a click on an abort button.
     std::function<void()> giveTurn;
@@ -26,10 +26,7 @@ struct Hooks {
         writeSetting;
 };
 
-/// The hooks of the process.
-Hooks& hooks();
-
-/// Gives the user interface a turn; does nothing without one.
+/// Gives the user interface of the current session a turn; does nothing without one.
 void giveTurn();
 
 /// Shows a box; without a user interface the text goes to standard error.

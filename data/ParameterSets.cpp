@@ -7,9 +7,9 @@
 #include <limits>
 #include <string_view>
 
-#include "data/Globals.h"
 #include "data/Hooks.h"
 #include "data/Numbers.h"
+#include "data/Session.h"
 #include "data/Texts.h"
 
 namespace marvello {

@@ -1,7 +1,7 @@
 #include "data/clsApplication.h"
 
-#include "data/Globals.h"
 #include "data/Hooks.h"
+#include "data/Session.h"
 #include "data/Texts.h"
 
 namespace marvello {
@@ -44,9 +44,10 @@ void clsApplication::SaveUserInformation(const clsUser& user) {
 
 void clsApplication::WriteRegistryValue(const std::string& ofProduct, const std::string& ofSection,
                                         const std::string& name, const std::string& value) {
-    if (!hooks().writeSetting) return;
+    const auto& write = Session::current().hooks.writeSetting;
+    if (!write) return;
     try {
-        hooks().writeSetting(ofProduct, ofSection, name, value);
+        write(ofProduct, ofSection, name, value);
     } catch (const std::exception& failure) {
         showBox(BoxKind::plain, failure.what());
     }
@@ -54,9 +55,10 @@ void clsApplication::WriteRegistryValue(const std::string& ofProduct, const std:
 
 std::string clsApplication::ReadRegistryValue(const std::string& ofProduct, const std::string& ofSection,
                                               const std::string& name, const std::string& defaultText) {
-    if (!hooks().readSetting) return defaultText;
+    const auto& read = Session::current().hooks.readSetting;
+    if (!read) return defaultText;
     try {
-        return hooks().readSetting(ofProduct, ofSection, name).value_or(defaultText);
+        return read(ofProduct, ofSection, name).value_or(defaultText);
     } catch (const std::exception& failure) {
         showBox(BoxKind::plain, failure.what());
         return {};

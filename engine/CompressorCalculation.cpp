@@ -5,8 +5,8 @@
 #include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
 #include "data/Constants.h"
+#include "data/Session.h"
 #include "data/Texts.h"
-#include "engine/AbortRequested.h"
 #include "engine/EconomizerCalculation.h"
 #include "engine/MotorCurrent.h"
 

@@ -2,7 +2,7 @@
 
 #include "data/Arithmetic.h"
 #include "data/Constants.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "engine/EconomizerCalculation.h"
 #include "engine/StepControl.h"
 

@@ -1,7 +1,7 @@
 #include <cmath>
 
 #include "data/Arithmetic.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "engine/EconomizerCalculation.h"
 #include "engine/StepControl.h"
 

@@ -7,10 +7,9 @@
 #include "catalogue/CatalogueLists.h"
 #include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
-#include "data/Globals.h"
 #include "data/Hooks.h"
+#include "data/Session.h"
 #include "data/Texts.h"
-#include "engine/AbortRequested.h"
 #include "engine/CompressorCalculation.h"
 #include "thermo/clsRefprop.h"
 

@@ -1,6 +1,6 @@
 #include "thermo/RefpropLibrary.h"
 
-#include "data/ApplicationFolder.h"
+#include "data/Session.h"
 #include "platform/SharedLibrary.h"
 
 namespace marvello {
@@ -39,8 +39,9 @@ LoadedLibrary load(const std::string& file) {
 }  // namespace
 
 const RefpropFunctions& refpropFunctions() {
-    static LoadedLibrary library;
-    const std::string file = applicationFolder() + "/" + SharedLibrary::fileName("Refprop");
+    Session& session = Session::current();
+    auto& library = session.part<LoadedLibrary>();
+    const std::string file = session.applicationFolder + "/" + SharedLibrary::fileName("Refprop");
     if (library.file != file) {
         LoadedLibrary loaded = load(file);
         library = std::move(loaded);

@@ -12,8 +12,11 @@ class FluidLibraryError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// The functions of the library file `Refprop` in the application folder, loaded at the first call and again
-/// after the application folder was changed. Throws FluidLibraryError.
+/// The functions of the library file `Refprop` in the session's application folder, loaded at the first call
+/// and again after the folder was changed; they go with the session. Throws FluidLibraryError.
+///
+/// The library keeps its fluid in global state: sessions of one process may use the same file by turns, and
+/// not at the same time in two threads.
 const RefpropFunctions& refpropFunctions();
 
 }  // namespace marvello

@@ -1,6 +1,7 @@
 #include "thermo/clsRefprop.h"
 
 #include <algorithm>
+#include <atomic>
 #include <bit>
 #include <cmath>
 #include <cstdio>
@@ -11,9 +12,9 @@
 #include <utility>
 
 #include "data/Arithmetic.h"
-#include "data/Globals.h"
 #include "data/Hooks.h"
 #include "data/RefrigerantFluids.h"
+#include "data/Session.h"
 #include "data/Texts.h"
 #include "thermo/UnitFamilies.h"
 
@@ -30,10 +31,14 @@ std::string nativePath(std::string path) {
 /// More states than a run of the whole catalogue at one condition asks for.
 constexpr std::size_t rememberedStates = 8192;
 
-std::shared_ptr<clsRefprop>& sharedService() {
-    static std::shared_ptr<clsRefprop> service;
-    return service;
-}
+/// What a session shares.
+struct SharedService {
+    std::shared_ptr<clsRefprop> service;
+    std::string folder;  ///< Of the library.
+};
+
+/// Whose fluid the library holds. One for the process, as the library's state is.
+std::atomic<const clsRefprop*> lastSetUp = nullptr;
 
 }  // namespace
 
@@ -54,6 +59,7 @@ bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string
     }
     remembered_.clear();
     dewRange_.reset();
+    lastSetUp = this;
     const RefpropAnswer answer = session_.setUp(files, massFractions, nativePath(Fluidpath));
     setupFault_ = answer.code > 0 ? answer.sentence : std::string();
     Convert.Initialize(unitsMeasure, session_.molarMass());
@@ -256,18 +262,19 @@ double clsRefprop::answer(const Request& request, double value, int type) {
 void InitRefprop(const std::string& refrigerant) {
     auto service = std::make_shared<clsRefprop>();
     service->Initialize(gDatabase(), 0, refrigerant, "Fluids\\");
-    sharedService() = std::move(service);
+    Session& session = Session::current();
+    session.part<SharedService>() = {std::move(service), session.applicationFolder};
 }
 
 std::shared_ptr<clsRefprop> SharedRefprop(const std::string& refrigerant) {
-    const auto& service = sharedService();
-    const bool isBound = service && equalIgnoringCase(service->Refrigerant, trimmed(refrigerant));
+    Session& session = Session::current();
+    const auto& [service, folder] = session.part<SharedService>();
+    const bool isBound = service && lastSetUp == service.get() && folder == session.applicationFolder &&
+                         equalIgnoringCase(service->Refrigerant, trimmed(refrigerant));
     if (!isBound || !service->SetupFault().empty()) InitRefprop(refrigerant);
-    return sharedService();
+    return service;
 }
 
 clsRefprop& GetRefprop(const std::string& refrigerant) { return *SharedRefprop(refrigerant); }
-
-void releaseRefprop() { sharedService().reset(); }
 
 }  // namespace marvello

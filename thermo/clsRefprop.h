@@ -135,18 +135,16 @@ class clsRefprop {
     std::optional<SaturationRange> dewRange_;
 };
 
-/// Replaces the shared service by one for `refrigerant`, on gDatabase(), with the units set 0.
+/// Replaces the service that the current session shares by one for `refrigerant`, on gDatabase(), with the
+/// units set 0.
 void InitRefprop(const std::string& refrigerant);
 
-/// The shared service bound to `refrigerant`; set up anew only when the refrigerant differs, case ignored, or
-/// when the set-up failed. The library keeps its fluid in global state, so there is one service, and a change
-/// of refrigerant costs a set-up.
+/// The session's service bound to `refrigerant`; set up anew only when the refrigerant, case ignored, or the
+/// application folder differs, the set-up failed, or another session set the library up since. The library
+/// keeps its fluid in global state, so there is one service, and a change of refrigerant costs a set-up.
 clsRefprop& GetRefprop(const std::string& refrigerant);
 
 /// The same, for who holds it across window events, in which the service may be replaced.
 std::shared_ptr<clsRefprop> SharedRefprop(const std::string& refrigerant);
-
-/// Releases the shared service, for a change of catalogue or folder.
-void releaseRefprop();
 
 }  // namespace marvello

@@ -15,8 +15,8 @@
 #include <utility>
 #include <variant>
 
-#include "data/Globals.h"
 #include "data/ParameterSets.h"
+#include "data/Session.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {

@@ -5,11 +5,8 @@
 
 namespace marvello {
 
-/// The photo of a model in the application folder: its own, else that of its series, else the maker's. The
-/// file of the last need not be there.
-QString photoFile(const QString& serie, const QString& model);
-
-/// What is in it, whatever kind of picture its name says; null without a picture.
+/// The photo of a model in the application folder: its own, else that of its series, else the maker's. Null
+/// where the file holds no picture of its kind, whatever its name tells.
 QImage readPhoto(const QString& serie, const QString& model);
 
 /// The dimension drawing of a model in the application folder: its own, else that of its series. Empty

@@ -20,7 +20,7 @@
 #include "controls/Look.h"
 #include "controls/TabStrip.h"
 #include "data/DictionaryTexts.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "data/Texts.h"
 #include "workspace/AlphaVersion.h"
 #include "workspace/ApplyFormParameters.h"

@@ -21,7 +21,7 @@
 #include "controls/Icons.h"
 #include "controls/Look.h"
 #include "controls/TabStrip.h"
-#include "data/ApplicationFolder.h"
+#include "data/Session.h"
 #include "data/Texts.h"
 #include "workspace/DropList.h"
 #include "workspace/MDIMain.h"
@@ -87,8 +87,12 @@ QWidget* separator(QWidget* bar) {
     return line;
 }
 
-QString guideFile() { return fromCore(applicationFolder()) + QStringLiteral("/guide/guide.md"); }
-QString buildsFile() { return fromCore(applicationFolder()) + QStringLiteral("/builds.rtf"); }
+QString guideFile() {
+    return fromCore(Session::current().applicationFolder) + QStringLiteral("/guide/guide.md");
+}
+QString buildsFile() {
+    return fromCore(Session::current().applicationFolder) + QStringLiteral("/builds.rtf");
+}
 
 }  // namespace
 

@@ -11,7 +11,7 @@
 #include "controls/MessageBox.h"
 #include "controls/Splitter.h"
 #include "controls/ctlBtn.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/EmptyPage.h"
 #include "workspace/InputFields.h"

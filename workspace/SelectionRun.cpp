@@ -4,7 +4,7 @@
 #include <exception>
 
 #include "data/CollectedBoxes.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "thermo/clsRefprop.h"
 
 namespace marvello {

@@ -3,7 +3,7 @@
 #include <QRegularExpression>
 
 #include "data/DictionaryTexts.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 
 namespace marvello {
 

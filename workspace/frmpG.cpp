@@ -8,7 +8,7 @@
 #include "controls/Look.h"
 #include "controls/ProgressBar.h"
 #include "controls/ctlBtn.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {

@@ -8,33 +8,28 @@
 #include "app/InstallHooks.h"
 #include "app/Start.h"
 #include "controls/MessageBox.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "demo/driver/Driver.h"
 
 int main(int argc, char** argv) {
     // The start of the program does not wait for anyone here.
     if (!qEnvironmentVariableIsSet("MARVELLO_SPLASH_MS")) qputenv("MARVELLO_SPLASH_MS", "300");
+    marvello::Session session;
     marvello::Application application(argc, argv);
     if (QCoreApplication::arguments().size() != 3) {
         std::cerr << "Usage: marvello-demo PICTURE.png REPORT.pdf\n";
         return marvello::failedStart;
     }
-    marvello::installHooks();
+    marvello::installHooks(session.hooks);
     // A box would wait for someone: it ends the demonstration.
     marvello::MessageBox::setHandler([](marvello::MessageBox::Mark, const QString& text) {
         std::cerr << text.toStdString() << '\n';
         QCoreApplication::exit(1);
     });
 
-    int status = marvello::ended;
-    bool done = false;
-    {
-        const QStringList files = QCoreApplication::arguments();
-        const marvello::Driver driver(files.at(1), files.at(2));
-        status = marvello::Main();
-        done = driver.isDone();
-    }
-    marvello::releaseGlobals();
+    const QStringList files = QCoreApplication::arguments();
+    const marvello::Driver driver(files.at(1), files.at(2));
+    const int status = marvello::Main();
     if (status != marvello::ended) return status;
-    return done ? 0 : 1;
+    return driver.isDone() ? 0 : 1;
 }

@@ -6,8 +6,8 @@
 #include <iostream>
 #include <string>
 
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "catalogue/Globals.h"
+#include "data/Session.h"
 #include "demo/duties/Duties.h"
 
 namespace {
@@ -56,8 +56,8 @@ int run(int argc, char** argv) {
     options.add_option("--app-folder", folder, "folder with db.mdb, the fluid library and Fluids");
     options.add_flag("--messages", messages, "lists where each message of the rules comes");
     CLI11_PARSE(options, argc, argv);
-    marvello::setApplicationFolder(folder);
-    marvello::gDatabase().Connect("Data Source=" + folder + "/db.mdb");
+    const marvello::Session session(folder);
+    marvello::openCatalogue();
     const std::string tree = MARVELLO_SOURCE_FOLDER;
     const auto plans = marvello::generate::allSeries(tree + "/demo/generate/plans", tree + "/content");
     if (messages) {

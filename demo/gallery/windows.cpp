@@ -11,8 +11,7 @@
 
 #include "catalogue/Globals.h"
 #include "controls/Look.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "reports/ReportOutput.h"
 #include "tests/pictures/scenes/WindowTour.h"
 #include "workspace/MDIMain.h"
@@ -38,9 +37,8 @@ int main(int argc, char** argv) {
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     try {
-        setApplicationFolder(parser.value(folder).toStdString());
-        gDatabase().Connect("Data Source=" + applicationFolder() + "/db.mdb");
-        loadSharedPolynomials();
+        const Session session(parser.value(folder).toStdString());
+        openCatalogue();
         gApplication().User().language = parser.value(language).toStdString();
         Look::install(application, parser.isSet(dark) ? Look::dark() : Look::light());
         MDIMain window(QStringLiteral("1.0.0"));

@@ -7,8 +7,6 @@
 #include <memory>
 
 #include "app/Application.h"
-#include "app/InstallHooks.h"
-#include "data/Hooks.h"
 
 namespace {
 
@@ -20,12 +18,8 @@ class ApplicationEnvironment : public testing::Environment {
         qputenv("XDG_RUNTIME_DIR", home_.path().toUtf8());
         qputenv("MARVELLO_SPLASH_MS", "10");
         application_ = std::make_unique<marvello::Application>(argumentCount_, arguments_);
-        marvello::installHooks();
     }
-    void TearDown() override {
-        marvello::hooks() = {};
-        application_.reset();
-    }
+    void TearDown() override { application_.reset(); }
 
   private:
     QTemporaryDir home_;

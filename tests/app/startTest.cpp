@@ -10,11 +10,10 @@
 #include <vector>
 
 #include "app/FirstInstance.h"
+#include "app/InstallHooks.h"
 #include "app/Start.h"
 #include "controls/MessageBox.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "workspace/Frmsplash.h"
 #include "workspace/MDIMain.h"
 
@@ -46,18 +45,17 @@ class Start : public testing::Test {
             sawSplash_ = sawSplash_ || shown<Frmsplash>() != nullptr;
         });
         fs::current_path(folder());  // away from the Fluids folder of the built program
-        setApplicationFolder(folder());
+        installHooks(session_.hooks);
     }
     void TearDown() override {
         MessageBox::setHandler({});
-        setApplicationFolder("");
-        releaseGlobals();
         fs::current_path(fs::temp_directory_path());
     }
 
     std::string folder() const { return folder_.path().toStdString(); }
 
     QTemporaryDir folder_;
+    Session session_{folder()};
     std::vector<std::string> boxes_;
     bool sawMainWindow_ = false;
     bool sawSplash_ = false;
@@ -126,7 +124,7 @@ TEST_F(Start, PassesOverALockThatNoProcessHolds) {
 }
 
 TEST_F(Start, ShowsTheMainWindowAndUnloadsTheSplash) {
-    setApplicationFolder(MARVELLO_APP_FOLDER);
+    session_.applicationFolder = MARVELLO_APP_FOLDER;
     AbortRequested() = true;
     bool splashGone = false;
     QTimer closing;

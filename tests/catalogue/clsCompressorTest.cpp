@@ -8,7 +8,7 @@
 
 #include "catalogue/Globals.h"
 #include "data/Arithmetic.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "tests/support/SmallCatalogue.h"
 
 namespace marvello {
@@ -255,7 +255,6 @@ TEST_F(clsCompressorTest, TheSharedSurfacesOfMeanTemperatures) {
     EXPECT_EQ(gPolynomialTEM().c[1], 2);
     EXPECT_EQ(gPolynomialTCM().c[1], 4);
     EXPECT_EQ(gPolynomialTEM().Name + ", " + gPolynomialTCM().Name, "Polynomial TEM, Polynomial TCM");
-    gPolynomialTEM() = gPolynomialTCM() = clsPolynomial();
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include "catalogue/clsPolynomialSh.h"
 #include "catalogue/clsVariables.h"
 #include "data/Arithmetic.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "tests/support/SmallCatalogue.h"
 
 namespace marvello {

@@ -6,12 +6,10 @@
 #include <filesystem>
 #include <string>
 
-#include "data/Globals.h"
 #include "data/clsDatabase.h"
 #include "tests/support/TemporaryFolder.h"
 
-/// A catalogue file of its own for one test, made by `sql`, and nothing left of it or of the globals
-/// afterwards.
+/// A catalogue file of its own for one test, made by `sql`, and nothing left of it afterwards.
 class TestCatalogue {
   public:
     explicit TestCatalogue(const std::string& sql, int schemaVersion = marvello::clsDatabase::schemaVersion) {
@@ -19,10 +17,7 @@ class TestCatalogue {
         exec("PRAGMA application_id=" + std::to_string(marvello::clsDatabase::applicationId) +
              "; PRAGMA user_version=" + std::to_string(schemaVersion) + ";" + sql);
     }
-    ~TestCatalogue() {
-        marvello::releaseGlobals();
-        std::filesystem::remove_all(folder());
-    }
+    ~TestCatalogue() { std::filesystem::remove_all(folder()); }
     TestCatalogue(const TestCatalogue&) = delete;
     TestCatalogue& operator=(const TestCatalogue&) = delete;
 

@@ -5,7 +5,7 @@
 #include <map>
 #include <vector>
 
-#include "data/Hooks.h"
+#include "data/Session.h"
 #include "tests/data/TestCatalogue.h"
 
 using namespace marvello;
@@ -25,9 +25,9 @@ constexpr auto texts =
 class Application : public testing::Test {
   protected:
     void SetUp() override { gDatabase().ConnectionString = catalogue_.connectionString(); }
-    void TearDown() override { hooks() = {}; }
 
     TestCatalogue catalogue_{texts};
+    Session session_;
     clsApplication application_;
 };
 
@@ -63,12 +63,14 @@ TEST_F(Application, RaisesForAnUnknownKeyButNotForABlankOne) {
 TEST_F(Application, KeepsTheLanguageInTheSettingsStore) {
     EXPECT_EQ(application_.User().language, "en-EN");  // no store at all
     std::map<std::string, std::string> store;
-    hooks().readSetting = [&](const auto& product, const auto& section, const auto& name) {
+    session_.hooks.readSetting = [&](const auto& product, const auto& section, const auto& name) {
         const auto found = store.find(product + "/" + section + "/" + name);
         return found == store.end() ? std::nullopt : std::optional(found->second);
     };
-    hooks().writeSetting = [&](const auto& product, const auto& section, const auto& name,
-                               const auto& value) { store[product + "/" + section + "/" + name] = value; };
+    session_.hooks.writeSetting = [&](const auto& product, const auto& section, const auto& name,
+                                      const auto& value) {
+        store[product + "/" + section + "/" + name] = value;
+    };
     clsApplication fresh;
     EXPECT_EQ(fresh.User().language, "en-EN");
     EXPECT_TRUE(store.empty());
@@ -80,8 +82,8 @@ TEST_F(Application, KeepsTheLanguageInTheSettingsStore) {
 
 TEST_F(Application, ShowsAFailingSettingsStore) {
     std::vector<std::string> boxes;
-    hooks().showBox = [&](BoxKind, const std::string& text) { boxes.push_back(text); };
-    hooks().readSetting = [](const auto&, const auto&, const auto&) -> std::optional<std::string> {
+    session_.hooks.showBox = [&](BoxKind, const std::string& text) { boxes.push_back(text); };
+    session_.hooks.readSetting = [](const auto&, const auto&, const auto&) -> std::optional<std::string> {
         throw std::runtime_error("5 - access denied");
     };
     EXPECT_EQ(clsApplication().User().language, "");
@@ -106,13 +108,6 @@ TEST(Dictionary, KeepsOrderAndFindsByKeyOrPosition) {
     EXPECT_EQ(dictionary.Count(), 1);
     dictionary.Clear();
     EXPECT_FALSE(dictionary.Exist("a.key"));
-}
-
-TEST(Globals, AreMadeAnewAfterARelease) {
-    gDatabase().ConnectionString = "Data Source=x";
-    releaseGlobals();
-    EXPECT_EQ(gDatabase().ConnectionString, "");
-    releaseGlobals();
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "data/Session.h"
 #include "tests/data/TestCatalogue.h"
 
 using namespace marvello;
@@ -36,6 +37,7 @@ class ParameterSets : public testing::Test {
         return texts.at(key);
     }
 
+    Session session_;
     TestCatalogue catalogue_{
         "CREATE TABLE tParametersHead (fType TEXT COLLATE NOCASE, fTypeKey TEXT COLLATE NOCASE,"
         " fKey TEXT COLLATE NOCASE, fParametersRowsID INTEGER);"

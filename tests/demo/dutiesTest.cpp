@@ -6,10 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "catalogue/Globals.h"
+#include "data/Session.h"
 #include "demo/duties/Duties.h"
-#include "thermo/clsRefprop.h"
 
 namespace marvello::duties {
 namespace {
@@ -17,17 +16,12 @@ namespace {
 class CatalogueDuties : public testing::Test {
   protected:
     CatalogueDuties() {
-        setApplicationFolder(MARVELLO_APP_FOLDER);
-        gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
+        openCatalogue();
         const std::string tree = MARVELLO_SOURCE_FOLDER;
         plans = generate::allSeries(tree + "/demo/generate/plans", tree + "/content");
     }
-    ~CatalogueDuties() override {
-        releaseRefprop();
-        releaseGlobals();
-        setApplicationFolder("");
-    }
 
+    Session session{MARVELLO_APP_FOLDER};
     std::vector<generate::SeriesPlan> plans;
 };
 

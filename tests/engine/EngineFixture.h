@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "data/Globals.h"
-#include "data/Hooks.h"
+#include "data/Session.h"
 #include "engine/clsSelections.h"
 #include "tests/support/SmallCatalogue.h"
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "data/Arithmetic.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "engine/formTimeout.h"
 #include "tests/engine/EngineFixture.h"
 #include "thermo/clsRefprop.h"
@@ -130,11 +130,10 @@ TEST_F(clsSelectionsTest, ProgressAndAbort) {
     // A click while the rows are loaded.
     selections.SelectionPercent = nullptr;
     int turns = 0;
-    hooks().giveTurn = [&turns] { AbortRequested() = ++turns == 2; };
+    catalogue.session.hooks.giveTurn = [&turns] { AbortRequested() = ++turns == 2; };
     EXPECT_EQ(run("*"), "");
     EXPECT_TRUE(selections.isAborted());
     EXPECT_EQ(turns, 2);
-    hooks().giveTurn = nullptr;
     EXPECT_EQ(run("*"), "BACD");
     EXPECT_FALSE(selections.isAborted());
 }
@@ -142,7 +141,7 @@ TEST_F(clsSelectionsTest, ProgressAndAbort) {
 TEST_F(clsSelectionsTest, StatesOfARunAreAskedOnce) {
     run("B");
     const long long one = GetRefprop("R134A").libraryCalls();
-    releaseRefprop();
+    InitRefprop("R134A");
     run("*");
     // The four models share suction, liquid and discharge states, so they ask no more than one does.
     EXPECT_EQ(GetRefprop("R134A").libraryCalls(), one);
@@ -169,7 +168,8 @@ TEST(formTimeoutTest, StartsAndStops) {
 
 TEST(formTimeoutTest, TicksOnceAndGivesATurnBeforeAndAfter) {
     std::string order;
-    hooks().giveTurn = [&order] { order += "turn "; };
+    Session session;
+    session.hooks.giveTurn = [&order] { order += "turn "; };
     formTimeout timeout{std::chrono::milliseconds(0)};
     timeout.Timeout = [&order] { order += "tick "; };
     timeout.poll();  // not started
@@ -178,7 +178,6 @@ TEST(formTimeoutTest, TicksOnceAndGivesATurnBeforeAndAfter) {
     timeout.poll();
     EXPECT_EQ(order, "turn tick turn ");
     EXPECT_TRUE(timeout.isStopped());
-    hooks().giveTurn = nullptr;
 }
 
 }  // namespace

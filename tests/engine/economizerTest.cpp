@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "data/Numbers.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "engine/StepControl.h"
 #include "tests/engine/EngineFixture.h"
 #include "thermo/clsRefprop.h"
@@ -161,7 +161,7 @@ TEST_F(economizer, ABlendWithGlide) {
 TEST_F(economizer, AbortTakesEffectWithinAPass) {
     catalogue.compressor({{"fModelID", "'200'"}, {"fKForo", "1.6"}, {"fSez", "300"}});
     int turns = 0;
-    hooks().giveTurn = [&turns] {
+    catalogue.session.hooks.giveTurn = [&turns] {
         if (++turns == 20) AbortRequested() = true;
     };
     conditions.EcoCalculateMode = EconomizerMode::approach;
@@ -169,7 +169,6 @@ TEST_F(economizer, AbortTakesEffectWithinAPass) {
     selections.Selection(std::make_shared<clsProjectConditions>(conditions), "TK-A", "*", "R134A", 0);
     EXPECT_TRUE(selections.isAborted());
     EXPECT_LE(turns, 21);
-    hooks().giveTurn = nullptr;
 }
 
 TEST_F(economizer, AFailingStepLeavesItWithOneEntry) {

@@ -7,11 +7,10 @@
 #include <memory>
 
 #include "catalogue/Globals.h"
-#include "data/ApplicationFolder.h"
 #include "data/FileText.h"
-#include "data/Globals.h"
 #include "data/Hooks.h"
 #include "data/ParameterSets.h"
+#include "data/Session.h"
 #include "engine/clsSelections.h"
 #include "tests/fuzz/Edits.h"
 #include "tests/fuzz/Refusal.h"
@@ -55,8 +54,6 @@ void select(const char* series, int economizer, float frequency) {
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    setApplicationFolder(MARVELLO_APP_FOLDER);
-    hooks().showBox = [](BoxKind, const std::string&) {};
     (void)soundFile();
     return 0;
 }
@@ -64,6 +61,8 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzedDataProvider changes(data, size);
     std::ofstream(file(), std::ios::binary) << fuzz::withChangedBytes(soundFile(), changes);
+    Session session(MARVELLO_APP_FOLDER);
+    session.hooks.showBox = [](BoxKind, const std::string&) {};
     tryOut([] { gDatabase().Connect("Data Source=" + file().string()); });
     tryOut([] { gApplication().populateDictionary("en-EN", "de-DE"); });
     tryOut([] { loadSharedPolynomials(); });
@@ -75,8 +74,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     tryOut([] { select("TK-A", 1, 0); });
     tryOut([] { select("TK-D", 0, 60); });
     tryOut([] { select("NL-H", 0, 0); });
-    gDatabase().CloseConnection();
-    releaseRefprop();
     tryOut([] { readCatalogue(file()); });
     return 0;
 }

@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "data/FileText.h"
+#include "data/Session.h"
 #include "tests/fuzz/Edits.h"
 #include "tests/fuzz/Refusal.h"
 #include "tests/support/TemporaryFolder.h"
@@ -36,6 +37,7 @@ void write(const fs::path& file, const std::string& text) { std::ofstream(file, 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const Session session;
     static const Tables tables;
     FuzzedDataProvider changes(data, size);
     const auto& [file, text] =

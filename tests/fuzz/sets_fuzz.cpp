@@ -14,7 +14,7 @@
 #include "controls/ctlBtn.h"
 #include "controls/ctlCombo.h"
 #include "controls/ctlGraph.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "data/clsDatabase.h"
 #include "results/Columns.h"
 #include "tests/support/SmallCatalogue.h"

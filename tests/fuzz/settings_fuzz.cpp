@@ -9,8 +9,7 @@
 #include "catalogue/Globals.h"
 #include "controls/Look.h"
 #include "controls/MessageBox.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "tests/fuzz/Edits.h"
 #include "tests/support/TemporaryFolder.h"
 #include "workspace/MDIMain.h"
@@ -57,9 +56,8 @@ extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) {
     static QApplication& application = *new QApplication(*count, *arguments);
     Look::install(application, Look::light());
     MessageBox::setHandler([](MessageBox::Mark, const QString&) {});
-    setApplicationFolder(MARVELLO_APP_FOLDER);
-    gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
-    loadSharedPolynomials();
+    static const Session session(MARVELLO_APP_FOLDER);
+    openCatalogue();
     return 0;
 }
 

@@ -3,18 +3,13 @@
 #include <QSettings>
 
 #include "catalogue/Globals.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
-#include "thermo/clsRefprop.h"
 
 namespace marvello::testing {
 
-RealWindow::RealWindow(const char* language) {
+RealWindow::RealWindow(const char* language) : session(MARVELLO_APP_FOLDER) {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
     handlerBefore_ = MessageBox::setHandler([this](MessageBox::Mark, const QString& text) { boxes += text; });
-    setApplicationFolder(MARVELLO_APP_FOLDER);
-    gDatabase().Connect("Data Source=" MARVELLO_APP_FOLDER "/db.mdb");
-    loadSharedPolynomials();
+    openCatalogue();
     gApplication().User().language = language;
     window = std::make_unique<MDIMain>("1.0.0");
     // The screen of the tests is small, and a first start fits it.
@@ -25,9 +20,6 @@ RealWindow::RealWindow(const char* language) {
 RealWindow::~RealWindow() {
     window.reset();
     MessageBox::setHandler(handlerBefore_);
-    releaseRefprop();
-    releaseGlobals();
-    setApplicationFolder("");
 }
 
 }  // namespace marvello::testing

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "controls/MessageBox.h"
+#include "data/Session.h"
 #include "workspace/MDIMain.h"
 
 namespace marvello::testing {
@@ -17,6 +18,7 @@ class RealWindow {
     RealWindow(const RealWindow&) = delete;
     RealWindow& operator=(const RealWindow&) = delete;
 
+    Session session;
     QStringList boxes;
     std::unique_ptr<MDIMain> window;
 

@@ -17,8 +17,7 @@
 
 #include "catalogue/Globals.h"
 #include "controls/Look.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "reports/ReportPage.h"
 #include "tests/pictures/Comparison.h"
 #include "tests/pictures/scenes/Scenes.h"
@@ -136,11 +135,9 @@ class Folder {
               "| Key | What it does |\n|---|---|\n| F5 | calculates |\n");
         write(folder.filePath("builds.rtf"),
               "{\\rtf1{\\fonttbl{\\f0 Roboto;}}\\b Build 1\\b0\\par\\li360 First.\\par}");
-        setApplicationFolder(folder_.path().toStdString());
     }
-    ~Folder() { setApplicationFolder(""); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
+
+    std::string path() const { return folder_.path().toStdString(); }
 
   private:
     static void write(const QString& name, const char* text) {
@@ -178,19 +175,15 @@ class WindowPictures : public ::testing::TestWithParam<Tour> {
   protected:
     WindowPictures() {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
-        static const Folder folder;  // one: the property library stays with the fluids that it found first
-        gDatabase().Connect("Data Source=" + applicationFolder() + "/db.mdb");
-        loadSharedPolynomials();
+        openCatalogue();
         gApplication().User().language = GetParam().language;
         install(GetParam().look());
-    }
-    ~WindowPictures() override {
-        releaseRefprop();
-        releaseGlobals();
     }
 
   private:
     QTemporaryDir settings_;
+    Folder folder_;
+    Session session_{folder_.path()};
 };
 
 TEST_P(WindowPictures, AreThoseOfTheReferences) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/Session.h"
 #include "results/Verdict.h"
 
 using namespace marvello;
@@ -95,6 +96,7 @@ TEST(ValueIn, ConvertsForTheImperialSystem) {
 }
 
 TEST(ValueIn, ConvertsAColumnOfAnyNameByItsUnit) {
+    const Session session;
     clsCompressor c = compressor();
     c.Variables.add("Pta", 18.2);
     const auto expect = [&c](const char* key, const char* unit, double value, const char* text) {

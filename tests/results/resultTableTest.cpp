@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/Session.h"
 #include "data/Texts.h"
 #include "results/ExportRecords.h"
 #include "results/Messages.h"
@@ -80,6 +81,7 @@ TEST(ResultTable, SortsByAColumnAndByTheNumbersInNames) {
 }
 
 TEST(ResultTable, FilesHoldTheNumbersThatTheListShows) {
+    const Session session;
     const clsSelections selection =
         selectionOf({{"R134A", "90", 68.149}, {"R134A", "100", -1}, {"R134A", "140", 0}});
     const ResultTable table = listResults(selection, columns, {.units = UnitSystem::imperial});

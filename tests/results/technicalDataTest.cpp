@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "data/Session.h"
+
 using namespace marvello;
 
 namespace {
+
+const Session session;
 
 clsCompressor calculated() {
     clsCompressor compressor;

@@ -36,7 +36,7 @@
 #include "controls/ctlBtn.h"
 #include "controls/ctlCombo.h"
 #include "controls/ctlGraph.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "reports/ReportOutput.h"
 #include "tests/gui/RealWindow.h"
 #include "workspace/ResultsPane.h"
@@ -63,7 +63,7 @@ QStringList compressorsOf(const ResultsView& list) {
 class Soak {
   public:
     explicit Soak(unsigned seed) : real_("en-EN"), random_(seed) {
-        installHooks();
+        installHooks(real_.session.hooks);
         QObject::connect(&person_, &QTimer::timeout, [this] { answerDialogs(); });
         person_.start(0);
         openForm();
@@ -442,7 +442,5 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     marvello::Application application(argc, argv);
     std::signal(SIGALRM, marvello::tooLong);
-    const int status = marvello::soak(seed, actions);
-    marvello::releaseGlobals();
-    return status;
+    return marvello::soak(seed, actions);
 }

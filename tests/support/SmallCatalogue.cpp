@@ -3,19 +3,16 @@
 #include <SQLiteCpp/Database.h>
 #include <unistd.h>
 
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
-#include "data/Hooks.h"
 #include "data/Numbers.h"
 #include "data/Texts.h"
 #include "tests/support/TemporaryFolder.h"
-#include "thermo/clsRefprop.h"
 #include "tools/catalogue/Content.h"
 #include "tools/catalogue/Schema.h"
 
 namespace marvello::testing {
 
-SmallCatalogue::SmallCatalogue() : folder_(test::newTemporaryFolder("marvello-small")) {
+SmallCatalogue::SmallCatalogue()
+    : session(MARVELLO_APP_FOLDER), folder_(test::newTemporaryFolder("marvello-small")) {
     std::string schema = "PRAGMA application_id=" + std::to_string(clsDatabase::applicationId) +
                          ";PRAGMA user_version=" + std::to_string(clsDatabase::schemaVersion) + ";";
     for (const Table& table : schemaTables()) schema += createStatements(table);
@@ -23,18 +20,11 @@ SmallCatalogue::SmallCatalogue() : folder_(test::newTemporaryFolder("marvello-sm
     exec(
         "insert into tRefrigeranti values('R134A'),('R290');"
         "insert into tFluidi values('R134A','R134A.FLD',1),('R290','PROPANE.FLD',1);");
-    hooks().showBox = [this](BoxKind, const std::string& text) { boxes.push_back(text); };
-    setApplicationFolder(MARVELLO_APP_FOLDER);
+    session.hooks.showBox = [this](BoxKind, const std::string& text) { boxes.push_back(text); };
     gDatabase().Connect("Data Source=" + folder_.string() + "/db.mdb");
 }
 
-SmallCatalogue::~SmallCatalogue() {
-    releaseRefprop();
-    releaseGlobals();
-    hooks() = Hooks();
-    setApplicationFolder("");
-    std::filesystem::remove_all(folder_);
-}
+SmallCatalogue::~SmallCatalogue() { std::filesystem::remove_all(folder_); }
 
 void SmallCatalogue::exec(const std::string& sql) {
     // The file lives for a test: nothing waits for the disk.

@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "data/Session.h"
+
 namespace marvello::testing {
 
-/// A catalogue file of the test's own, with the schema of the real one, opened as gDatabase(); the property
+/// A catalogue file of the test's own, with the schema of the real one, open in a session; the property
 /// library is that of the built application folder. Nothing is left of it afterwards.
 class SmallCatalogue {
   public:
@@ -33,6 +35,8 @@ class SmallCatalogue {
     void completeDefault();
 
     void exec(const std::string& sql);
+
+    Session session;
     /// What the recorded message boxes said.
     std::vector<std::string> boxes;
 

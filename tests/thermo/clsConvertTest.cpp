@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "data/Arithmetic.h"
-#include "data/Hooks.h"
+#include "data/Session.h"
 #include "thermo/UnitFamilies.h"
 
 namespace marvello {
@@ -176,7 +176,8 @@ TEST(clsConvert, UnitSetsAndTheirEdges) {
 
 TEST(clsConvert, BoxesAndFaults) {
     std::vector<std::string> boxes;
-    hooks().showBox = [&boxes](BoxKind, const std::string& text) { boxes.push_back(text); };
+    Session session;
+    session.hooks.showBox = [&boxes](BoxKind, const std::string& text) { boxes.push_back(text); };
     clsConvert convert;
     EXPECT_EQ(convert.ConvertUnitsApp(-9999990, 0), -9999990);
     EXPECT_EQ(convert.ConvertUnitsApp(-9999900, 0), -9999900);
@@ -188,7 +189,6 @@ TEST(clsConvert, BoxesAndFaults) {
     EXPECT_EQ(convert.ConvertUnitsRefprop(1, -1), 0);
     EXPECT_EQ(boxes, (std::vector<std::string>{"Undefined", "Undefined", "Undefined", "Set type Unit Value",
                                                "Set Unit type"}));
-    hooks() = Hooks();
     // Without a molar mass a mass unit would divide by zero.
     EXPECT_THROW(convert.ConvertUnitsRefprop(10, 2), ArithmeticFault);
     EXPECT_THROW(convert.ConvertUnitsApp(10, 2), ArithmeticFault);

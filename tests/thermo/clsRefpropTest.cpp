@@ -5,8 +5,7 @@
 #include <cmath>
 #include <string>
 
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "tests/support/SmallCatalogue.h"
 
 namespace marvello {
@@ -118,6 +117,15 @@ TEST_F(clsRefpropTest, OneSharedServiceBoundToARefrigerant) {
     EXPECT_EQ(GetRefprop("R134A").Pressure(2, 2), r134a);
 }
 
+TEST_F(clsRefpropTest, AnotherSessionHasTheLibraryForItsTime) {
+    GetRefprop("R134A");
+    {
+        const testing::SmallCatalogue other;
+        EXPECT_NEAR(GetRefprop("R290").Pressure(0, 2), 4.744, 0.002);
+    }
+    EXPECT_NEAR(GetRefprop("R134A").Pressure(2, 2), pressureAt2, 1e-7);
+}
+
 // R407C with 23, 25 and 52 % of the mass: bubble and dew states at 30 degC and a two-phase state, from an
 // evaluation of the mixture model of Lemmon and Jacobsen (2004) by another program.
 TEST_F(clsRefpropTest, ABlendIsTheMixtureOfItsComponents) {
@@ -165,9 +173,9 @@ TEST_F(clsRefpropTest, TooManyComponentsAndAMissingLibrary) {
         catalogue.exec("insert into tFluidi values('RZ','F" + std::to_string(i) + ".FLD',0.04)");
     }
     EXPECT_THROW(GetRefprop("RZ"), std::out_of_range);
-    setApplicationFolder("/nowhere");
+    catalogue.session.applicationFolder = "/nowhere";
     EXPECT_THROW(GetRefprop("R134A"), FluidLibraryError);
-    setApplicationFolder(MARVELLO_APP_FOLDER);
+    catalogue.session.applicationFolder = MARVELLO_APP_FOLDER;
     EXPECT_NEAR(GetRefprop("R134A").Pressure(2, 2), pressureAt2, 1e-7);
 }
 

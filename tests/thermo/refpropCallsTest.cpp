@@ -5,8 +5,7 @@
 #include <string>
 #include <tuple>
 
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "platform/SharedLibrary.h"
 #include "tests/support/SmallCatalogue.h"
 #include "thermo/clsRefprop.h"
@@ -17,7 +16,7 @@ namespace {
 class refpropCalls : public ::testing::Test {
   protected:
     refpropCalls() {
-        setApplicationFolder(MARVELLO_RECORDING_FOLDER);
+        catalogue.session.applicationFolder = MARVELLO_RECORDING_FOLDER;
         catalogue.exec(
             "insert into tRefrigeranti values('RM');"
             "insert into tFluidi values('RM','A.FLD',0.6),('RM',' B.FLD ',0.4)");

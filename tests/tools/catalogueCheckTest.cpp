@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "data/ApplicationFolder.h"
 #include "data/Csv.h"
+#include "data/Session.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/SmallContent.h"
 #include "tools/catalogue/Check.h"
@@ -34,7 +34,7 @@ struct Told {
 };
 
 Told toldOf(const fs::path& folder) {
-    setApplicationFolder(MARVELLO_APP_FOLDER);  // with the property library
+    const Session session(MARVELLO_APP_FOLDER);  // with the property library
     Faults faults;
     const Content content = readContent(folder, faults);
     if (faults.empty()) checkContent(content, std::nullopt, folder / "pictures", faults);
@@ -368,13 +368,12 @@ TEST(WholeContent, HasNoFault) {
 
 TEST(Content, IsCheckedAsFarAsThePropertyLibraryIsThere) {
     const TemporaryFolder empty("marvello-empty");
-    setApplicationFolder(empty.string());
+    const Session session(empty.string());
     Faults faults;
     const fs::path folder = fs::path(MARVELLO_SOURCE_FOLDER) / "content";
     checkContent(readContent(folder, faults), std::nullopt, folder / "pictures", faults);
     EXPECT_THAT(faults.lines(), IsEmpty());
     EXPECT_THAT(faults.warnings(), Contains(HasSubstr("the losses of the economizer ports are not checked")));
-    setApplicationFolder(MARVELLO_APP_FOLDER);
 }
 
 /// Each key that the program completes has to be known with what it is completed with.

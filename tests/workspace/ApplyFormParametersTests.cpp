@@ -4,7 +4,7 @@
 #include <QLocale>
 
 #include "controls/ResultsView.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "tests/workspace/WorkspaceFixture.h"
 
 using namespace marvello;

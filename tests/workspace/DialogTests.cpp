@@ -8,8 +8,7 @@
 
 #include "controls/Link.h"
 #include "controls/TabStrip.h"
-#include "data/ApplicationFolder.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/MDIMain.h"
 #include "workspace/Settings.h"
@@ -58,8 +57,7 @@ TEST_F(DialogTest, AboutTellsVersionAddressAndTerms) {
 
 TEST_F(DialogTest, BuildsAreOfferedWhenThereIsAList) {
     const QTemporaryDir folder;
-    const std::string before = applicationFolder();
-    setApplicationFolder(folder.path().toStdString());
+    catalogue.session.applicationFolder = folder.path().toStdString();
     const auto isOffered = [] {
         const MDIMain window("1.0.0");
         return control<QAction>(window, "mnu_help_Builds")->isVisible();
@@ -77,7 +75,6 @@ TEST_F(DialogTest, BuildsAreOfferedWhenThereIsAList) {
     // The text fills what the frame leaves at any size.
     builds.resize(900, 700);
     EXPECT_EQ(text->width(), 898);
-    setApplicationFolder(before);
 }
 
 TEST_F(DialogTest, AListOfBuildsThatGrewIsNews) {

@@ -23,7 +23,7 @@
 #include "controls/Marks.h"
 #include "controls/ResultsView.h"
 #include "controls/ctlBtn.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "results/RowSet.h"
 #include "tests/support/Person.h"
 #include "tests/support/ReadExport.h"

@@ -25,8 +25,8 @@
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
 #include "controls/TabStrip.h"
-#include "data/Globals.h"
 #include "data/Hooks.h"
+#include "data/Session.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/frmMenu.h"
@@ -39,9 +39,10 @@ namespace {
 class MainWindowTest : public WorkspaceFixture {
   protected:
     MainWindowTest() {
-        hooks().writeSetting = [this](const std::string&, const std::string&, const std::string&,
-                                      const std::string& value) { storedLanguage = value; };
-        hooks().readSetting = [this](const std::string&, const std::string&, const std::string&) {
+        Hooks& hooks = catalogue.session.hooks;
+        hooks.writeSetting = [this](const std::string&, const std::string&, const std::string&,
+                                    const std::string& value) { storedLanguage = value; };
+        hooks.readSetting = [this](const std::string&, const std::string&, const std::string&) {
             return storedLanguage.empty() ? std::nullopt : std::optional(storedLanguage);
         };
         window = std::make_unique<MDIMain>("1.0.0");

@@ -16,7 +16,7 @@
 #include "controls/TabStrip.h"
 #include "controls/ctlBtn.h"
 #include "controls/ctlGraph.h"
-#include "data/ApplicationFolder.h"
+#include "data/Session.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/ResultsPane.h"
 #include "workspace/WindowTexts.h"
@@ -38,7 +38,6 @@ class PagesTest : public FormFixture<frmSelection> {
         EXPECT_TRUE(form->hasResults());
         EXPECT_EQ(list()->rowCount(), 4);
     }
-    ~PagesTest() override { setApplicationFolder(MARVELLO_APP_FOLDER); }
 
     ResultsView* polynomials() { return control<ResultsView>(*form, "lvPolynomials"); }
     MessagesView* messages() { return control<MessagesView>(*form, "lvMessages"); }
@@ -50,7 +49,7 @@ class PagesTest : public FormFixture<frmSelection> {
     QDir ownFolder() {
         const QDir dir(folder.path());
         EXPECT_TRUE(dir.mkpath("images/photos") && dir.mkpath("Images/Dimensions"));
-        setApplicationFolder(folder.path().toStdString());
+        catalogue.session.applicationFolder = folder.path().toStdString();
         return dir;
     }
     static QString clipboard() { return QApplication::clipboard()->text(); }

@@ -8,8 +8,7 @@
 #include "controls/Marks.h"
 #include "controls/MessagesView.h"
 #include "controls/ctlBtn.h"
-#include "data/ApplicationFolder.h"
-#include "engine/AbortRequested.h"
+#include "data/Session.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "thermo/clsRefprop.h"
 #include "workspace/ResultsPane.h"
@@ -330,8 +329,7 @@ TEST_F(SelectionFormTest, SaysWhenNothingMatches) {
 
 TEST_F(SelectionFormTest, AMissingFluidFolderIsOneSentenceAndNoCrash) {
     QTemporaryDir empty;
-    releaseRefprop();
-    setApplicationFolder(empty.path().toStdString());
+    catalogue.session.applicationFolder = empty.path().toStdString();
     calculate();
     ASSERT_EQ(boxes.size(), 1);
     EXPECT_FALSE(boxes[0].isEmpty());
@@ -339,7 +337,7 @@ TEST_F(SelectionFormTest, AMissingFluidFolderIsOneSentenceAndNoCrash) {
     type(*form, "txtTED", "3");
     EXPECT_EQ(boxes.size(), 1) << "typing reports nothing";
     EXPECT_TRUE(field(*form, "txtPE")->isUnknown()) << "no pressure of another fluid stays";
-    setApplicationFolder(MARVELLO_APP_FOLDER);
+    catalogue.session.applicationFolder = MARVELLO_APP_FOLDER;
     calculate();
     EXPECT_EQ(boxes.size(), 1) << "the mended folder is seen without typing again";
     EXPECT_TRUE(form->hasResults());

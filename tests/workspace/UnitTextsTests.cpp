@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "data/Session.h"
+
 using namespace marvello;
 
 TEST(UnitTexts, FillsTemperaturesAndDifferencesInBothSystems) {
+    const Session session;
     const QString space(QChar(0xA0));
     const auto filled = [&](const char* text, UnitSystem system) {
         return inUnits(text, system, QLocale(QLocale::English))

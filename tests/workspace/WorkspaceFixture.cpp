@@ -6,7 +6,7 @@
 
 #include "data/Csv.h"
 #include "data/Faults.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 
 namespace marvello::testing {
 

@@ -12,7 +12,7 @@
 
 #include "controls/MessageBox.h"
 #include "controls/ResultsView.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "tests/support/Controls.h"
 #include "tests/support/SmallCatalogue.h"
 

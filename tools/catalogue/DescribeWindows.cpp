@@ -19,7 +19,7 @@
 #include "controls/Marks.h"
 #include "controls/MessageBox.h"
 #include "controls/TabStrip.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "tools/catalogue/Schema.h"
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/MDIMain.h"
@@ -80,6 +80,7 @@ class Description {
 };
 
 int describe(const char* file) {
+    const Session session;
     const QTemporaryDir folder;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     const std::string catalogue = toCore(folder.filePath(QStringLiteral("db.mdb")));

@@ -13,6 +13,7 @@
 #include <stdexcept>
 
 #include "data/FileText.h"
+#include "data/Session.h"
 #include "data/Texts.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Dump.h"
@@ -149,6 +150,7 @@ void describeFit(CLI::App& command, FitArguments& arguments, CLI::Option*& field
 }  // namespace
 
 int main(int argc, char** argv) try {
+    const Session session;
     CLI::App program(
         "Maintains the catalogue of Marvello: builds it from text tables, checks them, and more.",
         "marvello-catalogue");

@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "data/ApplicationFolder.h"
 #include "data/FileText.h"
 #include "data/Numbers.h"
+#include "data/Session.h"
 #include "tools/fluids/Accuracy.h"
 #include "tools/fluids/Composition.h"
 #include "tools/fluids/Refusal.h"
@@ -111,7 +111,7 @@ int run(int argc, char** argv) {
         return complain(fault.what(), refused);
     }
 
-    setApplicationFolder(arguments.folder);
+    const Session session(arguments.folder);
     if (compared->parsed()) return accuracy(arguments);
     const Composition composition = compositionOf(arguments.refrigerant, arguments.data);
     deliver(arguments, table->parsed()

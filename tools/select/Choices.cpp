@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "data/Globals.h"
 #include "data/Numbers.h"
 #include "data/ParameterSets.h"
+#include "data/Session.h"
 #include "data/Texts.h"
 
 namespace marvello::select {

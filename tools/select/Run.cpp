@@ -5,12 +5,10 @@
 
 #include "catalogue/CatalogueLists.h"
 #include "catalogue/Globals.h"
-#include "data/ApplicationFolder.h"
 #include "data/CollectedBoxes.h"
 #include "data/DictionaryTexts.h"
-#include "data/Globals.h"
+#include "data/Session.h"
 #include "data/Texts.h"
-#include "engine/AbortRequested.h"
 #include "thermo/clsRefprop.h"
 
 namespace marvello::select {
@@ -64,15 +62,13 @@ std::string remarkOf(const std::string& box, const std::string& undefinedState) 
 }  // namespace
 
 void openCatalogue(const std::string& language) {
-    gDatabase().Connect("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + applicationFolder() +
-                        "\\db.mdb;Persist Security Info=True");
+    marvello::openCatalogue();
     std::vector<std::string> languages;
     for (const Language& each : catalogueLanguages()) languages.push_back(each.key);
     const auto known = std::ranges::find_if(
         languages, [&](const std::string& each) { return equalIgnoringCase(each, trimmed(language)); });
     if (known == languages.end()) throw BadRequest(notOneOf("language", language, languages));
     gApplication().populateDictionary(defaultLanguage, *known);
-    loadSharedPolynomials();
 }
 
 Run carryOut(Request request) {

@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "data/ApplicationFolder.h"
 #include "data/FileText.h"
+#include "data/Session.h"
 #include "data/clsApplication.h"
 #include "data/clsDatabase.h"
 #include "thermo/RefpropLibrary.h"
@@ -95,7 +95,7 @@ int select(const Arguments& arguments) {
     if (arguments.isBatch && (arguments.format == "xml" || arguments.format == "list-csv"))
         throw BadRequest("format: " + arguments.format +
                          " is the list of one selection; a batch has table, csv and json");
-    setApplicationFolder(arguments.folder);
+    const Session session(arguments.folder);
     openCatalogue(arguments.language);
     const Choices choices = catalogueChoices();
     Request base;
