@@ -8,7 +8,7 @@ namespace marvello {
 /// end: the folder of the running program unless another was set.
 std::string applicationFolder();
 
-/// Takes another folder, for tools and tests that stand elsewhere. Blank goes back to the program's own.
+/// Takes another folder, for tools and tests that are elsewhere. Blank goes back to the program's own.
 void setApplicationFolder(const std::string& folder);
 
 }  // namespace marvello

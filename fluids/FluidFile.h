@@ -8,7 +8,7 @@ namespace marvello::fluids {
 
 class JsonField;
 
-/// Reads a fluid file (its layout is told in docs/fluids.md). Throws PropertyError with the file, the line or
+/// Reads a fluid file (docs/fluids.md describes its layout). Throws PropertyError with the file, the line or
 /// the field, and the reason, when the file is missing, is no fluid file, or holds a value that makes no
 /// sense.
 PureFluid readFluidFile(const std::filesystem::path& path);

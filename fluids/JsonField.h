@@ -52,7 +52,7 @@ class JsonField {
     std::string name_;
 };
 
-/// A JSON file of the library in memory: an object whose `format` tells what it is, of version 1.
+/// A JSON file of the library in memory: an object whose `format` says what it is, of version 1.
 class JsonFile {
   public:
     /// Throws PropertyError with the file, the line or the field, and the reason, if the file is missing,

@@ -9,7 +9,7 @@ namespace marvello {
 /// file of the last need not be there.
 QString photoFile(const QString& serie, const QString& model);
 
-/// What is in it, whatever kind of picture its name tells; null without a picture.
+/// What is in it, whatever kind of picture its name says; null without a picture.
 QImage readPhoto(const QString& serie, const QString& model);
 
 /// The dimension drawing of a model in the application folder: its own, else that of its series. Empty
