@@ -14,20 +14,15 @@
 
 namespace marvello::bench {
 
-Windows::Windows(int& argumentCount, char** arguments) : session_(MARVELLO_APP_FOLDER) {
+int runInWindows(int argumentCount, char** arguments) try {
+    const Session session(MARVELLO_APP_FOLDER);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    application_ = std::make_unique<QApplication>(argumentCount, arguments);
-    settings_ = std::make_unique<QTemporaryDir>();
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_->path());
+    QApplication application(argumentCount, arguments);
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     openCatalogue();
     gApplication().User().language = "en-EN";
-    Look::install(*application_, Look::light());
-}
-
-Windows::~Windows() = default;
-
-int runInWindows(int argumentCount, char** arguments) try {
-    const Windows windows(argumentCount, arguments);
+    Look::install(application, Look::light());
     benchmark::Initialize(&argumentCount, arguments);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
