@@ -7,6 +7,7 @@
 
 #include "reports/pdf/Bitmap.h"
 #include "reports/pdf/clsPDFCreator.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -42,7 +43,8 @@ void tryBuffer(std::string_view bytes) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    creator().InitPDFFile("/dev/null");
+    static const test::TemporaryFolder folder("marvello-fuzz");
+    creator().InitPDFFile(folder / "bitmaps.pdf");
     tryFile(bytes);
     tryBuffer(bytes);
     return 0;

@@ -1,8 +1,6 @@
 // The printed report of compressors of the shipped catalogue.
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -16,7 +14,6 @@
 #include <QRegularExpression>
 #include <QToolButton>
 #include <algorithm>
-#include <csignal>
 #include <map>
 
 #include "controls/AdvanceText.h"
@@ -25,6 +22,7 @@
 #include "reports/ReportOutput.h"
 #include "reports/ReportPage.h"
 #include "tests/gui/RealForm.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/Person.h"
 #include "workspace/ReportPreview.h"
 #include "workspace/ResultsPane.h"
@@ -261,16 +259,11 @@ TEST_P(ReportTest, AFileThatCannotBeWrittenIsSaidAndLosesNothing) {
     printer.setOutputFileName(folder.filePath(QStringLiteral("missing/printed.pdf")));
     printOrSay(printer, report, nullptr);
     EXPECT_EQ(boxes.size(), 1);
-    // No file may grow beyond a few blocks for a while, as on a full disk.
     const qint64 size = QFileInfo(odd).size();
-    rlimit before{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto handlerBefore = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{20000, before.rlim_max};
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    EXPECT_NE(saveReport(odd, reportLayout(), report), QString());
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handlerBefore);
+    {
+        const test::FileSizeLimit full(20000);
+        EXPECT_NE(saveReport(odd, reportLayout(), report), QString());
+    }
     EXPECT_EQ(QFileInfo(odd).size(), size) << "the old file stays";
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "no half file is left";
 }

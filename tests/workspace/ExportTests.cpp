@@ -1,6 +1,5 @@
 // Exports and copies of a form, with the dialogs answered as a person would.
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <QApplication>
 #include <QClipboard>
@@ -15,7 +14,6 @@
 #include <QTextDocument>
 #include <QTextTable>
 #include <cerrno>
-#include <csignal>
 #include <cstring>
 #include <functional>
 
@@ -25,6 +23,7 @@
 #include "controls/ctlBtn.h"
 #include "data/Session.h"
 #include "results/RowSet.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/Person.h"
 #include "tests/support/ReadExport.h"
 #include "tests/workspace/WorkspaceFixture.h"
@@ -335,19 +334,12 @@ TEST_F(ExportTest, AFullDiskKeepsTheOldFileAndLeavesNoOther) {
     records.addText("Model", 10);
     for (int i = 0; i < 5000; ++i) records.addRow({std::to_string(i)});
     write(path("old.xml"), "old");
-    // No file of this process may grow beyond a few blocks for a while, as on a full disk.
-    rlimit before{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto handlerBefore = std::signal(SIGXFSZ, SIG_IGN);
     QStringList failures;
-    for (const rlim_t size : {rlim_t(0), rlim_t(100), rlim_t(20000), rlim_t(30000)}) {
-        const rlimit small{size, before.rlim_max};
-        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    for (const rlim_t size : {0, 100, 20000, 30000}) {
+        const test::FileSizeLimit full(size);
         failures += {writeExport(records, {path("old.xml"), ExportFile::Form::xml}),
                      writeExport(records, {path("new.csv"), ExportFile::Form::csv})};
-        setrlimit(RLIMIT_FSIZE, &before);
     }
-    std::signal(SIGXFSZ, handlerBefore);
     for (const QString& failure : failures) EXPECT_EQ(failure, QString::fromLocal8Bit(std::strerror(EFBIG)));
     EXPECT_EQ(contentOf(path("old.xml")), "old");
     EXPECT_EQ(files(), QStringList("old.xml"));

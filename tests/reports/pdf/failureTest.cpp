@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "tests/reports/pdf/PdfFile.h"
+#include "tests/support/FileSizeLimit.h"
 
 namespace marvello::test {
 namespace {
@@ -20,12 +21,15 @@ TEST(PdfFailures, AFileThatCannotBeWrittenIsNamed) {
                     AllOf(HasSubstr("none/test.pdf\" cannot be opened"), HasSubstr("No such file"))));
     EXPECT_THROW(pdf.InitPDFFile(folder.path()), PdfFileError);
 
-    const auto noSpace = ThrowsMessage<PdfFileError>(HasSubstr("\"/dev/full\" cannot be written"));
-    pdf.InitPDFFile("/dev/full");
-    EXPECT_THAT([&] { pdf.ClosePDFFile(); }, noSpace);  // all of it is in the buffer until then
-    pdf.InitPDFFile("/dev/full");
-    pdf.StartPage();
-    EXPECT_THAT([&] { pdf.DrawText(0, 0, std::string(1 << 20, 'x'), "F", 10); }, noSpace);
+    const auto noSpace = ThrowsMessage<PdfFileError>(HasSubstr("full.pdf\" cannot be written"));
+    {
+        const FileSizeLimit full(0);
+        pdf.InitPDFFile(folder / "full.pdf");
+        EXPECT_THAT([&] { pdf.ClosePDFFile(); }, noSpace);  // all of it is in the buffer until then
+        pdf.InitPDFFile(folder / "full.pdf");
+        pdf.StartPage();
+        EXPECT_THAT([&] { pdf.DrawText(0, 0, std::string(1 << 20, 'x'), "F", 10); }, noSpace);
+    }
     // The creator goes on with another file.
     pdf.InitPDFFile(folder / "test.pdf");
     pdf.ClosePDFFile();
@@ -95,8 +99,9 @@ TEST(PdfFailures, ImageBuffersThatAreTooShort) {
 }
 
 TEST(PdfFailures, PagesAreCountedIn16Bits) {
+    const Folder folder;
     clsPDFCreator pdf;
-    pdf.InitPDFFile("/dev/null");
+    pdf.InitPDFFile(folder / "test.pdf");
     for (int page = 1; page <= 32767; ++page) {
         pdf.StartPage();
         pdf.EndPage();
