@@ -90,6 +90,9 @@ struct RefrigerantTraits {
 /// Returns the traits of a refrigerant, case ignored.
 const RefrigerantTraits& refrigerantTraits(std::string_view refrigerant);
 
+/// The one that a new form begins with.
+inline constexpr std::string_view firstRefrigerant = "R134A";
+
 /// All refrigerants that have traits of their own.
 std::span<const RefrigerantTraits> allRefrigerantTraits();
 

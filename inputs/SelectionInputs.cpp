@@ -44,7 +44,7 @@ const std::string capacityMode = keyOf(EconomizerMode::capacity);
 std::string neutralKey(Input input) {
     switch (input) {
         case Input::refrigerant:
-            return "R134A";
+            return std::string(firstRefrigerant);
         case Input::models:
             return "*";  // all
         case Input::superheatKind:
