@@ -5,7 +5,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -17,7 +16,6 @@
 
 #include "bench/Floor.h"
 #include "catalogue/Globals.h"
-#include "data/Hooks.h"
 #include "data/Session.h"
 #include "engine/clsSelections.h"
 #include "thermo/clsRefprop.h"
@@ -25,7 +23,6 @@
 namespace {
 
 using namespace marvello;
-using Clock = std::chrono::steady_clock;
 
 struct Model {
     std::string refrigerant, serie, name;
@@ -70,7 +67,6 @@ Cost runOf(clsSelections& selections, const Model& model, const clsProjectCondit
     refprop.Initialize(gDatabase(), 0, model.refrigerant, "");
     const long long calls = refprop.libraryCalls();
     const auto given = std::make_shared<const clsProjectConditions>(conditions);
-    AbortRequested() = false;
     const std::clock_t start = std::clock();
     selections.Selection(given, model.serie, model.name, model.refrigerant, 0);
     const double taken = 1e3 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
@@ -150,39 +146,6 @@ void economized(benchmark::State& state, const std::string& what) {
 BENCHMARK_CAPTURE(economized, plate, std::string("plate"))->Unit(benchmark::kSecond)->Iterations(1);
 BENCHMARK_CAPTURE(economized, tank, std::string("tank"))->Unit(benchmark::kSecond)->Iterations(1);
 BENCHMARK_CAPTURE(economized, capacity, std::string("capacity"))->Unit(benchmark::kSecond)->Iterations(1);
-
-/// From the click on abort, at the given turn of the user interface, to the end of the run.
-void aborted(benchmark::State& state, const std::string& what) {
-    std::vector<double> delays;
-    std::vector<double> turnsAfter;
-    clsSelections selections;
-    int turns = 0;
-    int abortAt = 0;
-    Clock::time_point click;
-    Session& session = Session::current();
-    session.hooks.giveTurn = [&] {
-        if (++turns != abortAt) return;
-        session.abortRequested = true;
-        click = Clock::now();
-    };
-    for (auto _ : state) {
-        overGrid(what, [&](const Model& model, const clsProjectConditions& conditions) {
-            turns = 0;
-            abortAt = 3 + static_cast<int>(delays.size()) % 60;
-            runOf(selections, model, conditions);
-            if (turns < abortAt) return;  // the run was over before
-            delays.push_back(std::chrono::duration<double, std::milli>(Clock::now() - click).count());
-            turnsAfter.push_back(turns - abortAt);
-        });
-    }
-    session.hooks.giveTurn = nullptr;
-    session.abortRequested = false;
-    state.counters["runs"] = static_cast<double>(delays.size());
-    report(state, "delay_ms", delays);
-    state.counters["turnsAfter_worst"] = quantile(turnsAfter, 1);
-}
-BENCHMARK_CAPTURE(aborted, plate, std::string("plate"))->Unit(benchmark::kSecond)->Iterations(1);
-BENCHMARK_CAPTURE(aborted, capacity, std::string("capacity"))->Unit(benchmark::kSecond)->Iterations(1);
 
 }  // namespace
 

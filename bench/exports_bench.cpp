@@ -7,7 +7,6 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 #include <QTemporaryDir>
-#include <cstring>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -72,28 +71,6 @@ void exportList(benchmark::State& state, ExportFile::Form form) {
 }
 BENCHMARK_CAPTURE(exportList, xml, ExportFile::Form::xml)->Unit(benchmark::kMillisecond)->UseManualTime();
 BENCHMARK_CAPTURE(exportList, csv, ExportFile::Form::csv)->Unit(benchmark::kMillisecond)->UseManualTime();
-
-/// The text of a file alone, next to what the memory gives.
-void makeText(benchmark::State& state, bool isXml) {
-    const RowSet records = resultsRecords(longTable());
-    const auto make = [&] { return isXml ? records.toXml() : records.toCsv(); };
-    const std::string bytes = make();
-    constexpr int copies = 100;
-    std::string copy(bytes.size(), ' ');
-    bench::AgainstFloor against(state, "copying the same bytes in memory");
-    for ([[maybe_unused]] auto turn : state) {
-        const double taken = bench::processorSecondsOf([&] { benchmark::DoNotOptimize(make()); });
-        const double copied = bench::processorSecondsOf([&] {
-            for (int i = 0; i < copies; ++i) {
-                std::memcpy(copy.data(), bytes.data(), bytes.size());
-                benchmark::ClobberMemory();
-            }
-        });
-        against.add(taken, copied / copies);
-    }
-}
-BENCHMARK_CAPTURE(makeText, xml, true)->Unit(benchmark::kMillisecond)->UseManualTime();
-BENCHMARK_CAPTURE(makeText, csv, false)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 /// The report as a PDF file, next to a page of the platform with the same photo and texts, and nothing else.
 void saveOneReport(benchmark::State& state) {

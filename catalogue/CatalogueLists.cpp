@@ -14,7 +14,8 @@ std::string conditionOf(const ModelFilter& filter) {
     if (filter.refrigerant) condition += " and fRefrigerantID=" + sqlText(*filter.refrigerant);
     if (filter.series) condition += " and fSerieID=" + sqlText(*filter.series);
     if (!filter.models.empty() && filter.models != "*") {
-        // Kept: pasted as they are, so a quote in a model is a failed statement; the catalogue has none.
+        // Kept: as they are, and a quote in one makes the statement fail: the lists that hand models over
+        // have none.
         std::string models;
         for (const std::string& model : splitText(filter.models, ';'))
             models += (models.empty() ? "'" : ",'") + model + '\'';

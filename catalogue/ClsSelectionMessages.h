@@ -30,7 +30,7 @@ class clsMessage {
     std::vector<std::string> arguments_;
 };
 
-/// Messages in the order of adding; a key may stand twice.
+/// Messages in the order of adding; a key may come twice.
 class clsMessages {
   public:
     void add(const std::string& Name, const std::string& format,

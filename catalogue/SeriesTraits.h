@@ -15,7 +15,7 @@ enum class Drive : std::uint8_t {
     open       ///< a motor outside, chosen by its speed; no mains frequency scales the surfaces
 };
 
-/// By what `fField` tells the surfaces of a model apart.
+/// What `fField` distinguishes the surfaces of a model by.
 enum class SurfaceRows : std::uint8_t {
     capacityStep,
     speed,       ///< of the shaft, 1/min

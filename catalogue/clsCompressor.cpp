@@ -49,7 +49,10 @@ bool clsCompressor::GetCompressorFromDb(clsDatabase& db, const clsProjectConditi
     const MotorChoice selectedMotor = chooseMotor(static_cast<MotorChoice>(motorSize));
     OilCoolingLimit = row.number(economized ? "fOilCoolingLimitEco" : "fOilCoolingLimit");
 
-    const float frequencyFactor = motorHz == 60 && !isOpenDrive_ ? 1.2F : 1.0F;
+    // The surfaces are for 50 Hz. At 60 Hz a motor turns 1.2 times as fast; an open compressor has its own
+    // drive.
+    constexpr float at60Hertz = 1.2F;
+    const float frequencyFactor = motorHz == 60 && !isOpenDrive_ ? at60Hertz : 1.0F;
     if (hasInvert) {
         LoadInverterPolynomials(db, static_cast<float>(project.TEvaporatingDew),
                                 static_cast<float>(project.TCondensationDew), project.InverterFrequency,

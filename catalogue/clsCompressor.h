@@ -49,11 +49,11 @@ class clsCompressor {
     /// Refrigerant-Serie-Sequence-Model: the identity of the entry in a set of results.
     std::string Key() const;
 
-    /// Kept: hands the stored rated current of the small motor to Fla and returns 0.
+    /// Puts the rated current of the small motor into Fla. Kept: returns 0; callers read Fla.
     double Fla2();
     void setFla2(double value) { fla2_ = value; }
 
-    /// Kept: false in every case.
+    /// Kept: false in every case; the errors of a compressor are among its messages.
     bool isInError() const { return false; }
 
     /// Loads the model for the conditions; false when the catalogue has no such row. `economized` chooses the

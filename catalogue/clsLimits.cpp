@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
 #include <stdexcept>
 
 #include "data/Numbers.h"
@@ -40,7 +41,7 @@ constexpr std::array limitLooks = {
     LimitLook{limitType::hertz70, 0, 1234, 2, "70Hz", "70Hz", true},
 };
 
-const double pi = 4 * std::atan(1.0);
+constexpr double pi = std::numbers::pi;
 
 /// A two-argument arc tangent with a single-precision result.
 float vectorAngle(double y, double x) {
@@ -183,8 +184,9 @@ PolygonState polygonTest(const clsPoints& line, double x, double y) {
         if (static_cast<double>(phi) == pi) return PolygonState::onEdge;  // kept: a single never equals it
         sum += static_cast<double>(phi);
     }
+    constexpr double noTurn = 0.0001;  // radians
     const double turn = std::abs(sum);
-    if (turn < 0.0001) return PolygonState::outside;
+    if (turn < noTurn) return PolygonState::outside;
     return turn > pi ? PolygonState::inside : PolygonState::undecided;
 }
 

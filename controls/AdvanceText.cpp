@@ -276,12 +276,12 @@ void AdvanceText::selectText() {
 }
 
 void AdvanceText::gotFocus(Qt::FocusReason reason) {
-    const bool wasLent = isInUse_ && (reason == Qt::ActiveWindowFocusReason ||
-                                      reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason);
+    const bool wasBorrowed = isInUse_ && (reason == Qt::ActiveWindowFocusReason ||
+                                          reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason);
     isInUse_ = true;
     if (locked_)
         edit_->deselect();  // the line edit selects on a tab, also what cannot be typed over
-    else if (!wasLent)
+    else if (!wasBorrowed)
         selectText();
     apply(FieldState::Event::focusGained);
     showNote();

@@ -78,7 +78,7 @@ class AdvanceText : public QWidget {
   public:
     static constexpr int halo = 3;
     static constexpr int boxHeight = 28;
-    /// What KeyPress tells of both Enter keys: the carriage return.
+    /// What KeyPress reports for both Enter keys: the carriage return.
     static constexpr int enterCode = 13;
 
     explicit AdvanceText(QWidget* parent = nullptr);
@@ -187,9 +187,9 @@ class AdvanceText : public QWidget {
     /// The focus went to another control of the same form, and the check of the value let it go. A menu,
     /// another window or program and the closing of the form only borrow the focus.
     void TextLostFocus();
-    /// Raised at the end of a check; the owner sets `cancel` to refuse the value.
+    /// Emitted at the end of a check; the owner sets `cancel` to refuse the value.
     void TextValidate(bool& cancel);
-    /// Raised by the user's typing only, never by a write of the program.
+    /// Emitted for the user's typing only, never by a write of the program.
     void TextChange();
     void KeyChange(const QString& oldKey, const QString& newKey);
     void KeyPress(int keyAscii);

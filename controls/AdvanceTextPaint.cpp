@@ -210,14 +210,14 @@ void AdvanceText::resizeEvent(QResizeEvent*) {
 
 void AdvanceText::hideEvent(QHideEvent* event) {
     if (note_) note_->hide();
-    apply(FieldState::Event::putAway);
+    apply(FieldState::Event::hiddenOrDisabled);
     if (!event->spontaneous()) isInUse_ = false;
     QWidget::hideEvent(event);
 }
 
 void AdvanceText::changeEvent(QEvent* event) {
     if (event->type() == QEvent::EnabledChange) {
-        if (!isEnabled()) apply(FieldState::Event::putAway);
+        if (!isEnabled()) apply(FieldState::Event::hiddenOrDisabled);
         Refresh();
     }
     QWidget::changeEvent(event);

@@ -6,8 +6,8 @@
 
 namespace marvello {
 
-/// A panel with a title line. Its children stand in the rectangle that InternalLeft, InternalTop,
-/// InternalWidth and InternalHeight report; the owner lays them out when `resized` is raised. Colours that
+/// A panel with a title line. Its children are in the rectangle that InternalLeft, InternalTop,
+/// InternalWidth and InternalHeight report; the owner lays them out when `resized` is emitted. Colours that
 /// are not set follow the look. A blank in front of the caption is kept and not drawn.
 class Container : public QWidget {
     Q_OBJECT

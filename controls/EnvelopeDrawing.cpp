@@ -17,7 +17,7 @@ constexpr int labelSize = 11;
 constexpr int titleSize = 12;
 constexpr double haloWidth = 4;
 constexpr double titleMargin = 3;
-constexpr double mostLines = 500;  // a grid finer than this is none
+constexpr double maxGridLines = 500;  // a grid finer than this is none
 
 QColor fromCatalogue(int bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
 
@@ -51,16 +51,16 @@ QString labelOf(double value) {
     return text.replace(u'-', QChar(0x2212));
 }
 
-/// The longest nearly level segment of the upper side, from left to right; the caption of a line stands
+/// The longest nearly level segment of the upper side, from left to right; the caption of a line goes
 /// there.
 std::optional<QLineF> captionSegment(const QPolygonF& line) {
-    constexpr double steepest = 0.4;
+    constexpr double maxSlope = 0.4;
     const double middle = line.boundingRect().center().y();
     std::optional<QLineF> best;
     for (qsizetype i = 1; i < line.size(); ++i) {
         QLineF segment(line[i - 1], line[i]);
         if (segment.dx() < 0) segment.setPoints(segment.p2(), segment.p1());
-        if (std::abs(segment.dy()) > steepest * segment.dx() || segment.center().y() > middle) continue;
+        if (std::abs(segment.dy()) > maxSlope * segment.dx() || segment.center().y() > middle) continue;
         if (!best || segment.dx() > best->dx()) best = segment;
     }
     return best;
@@ -221,7 +221,7 @@ void EnvelopeDrawing::paintGrid(QPainter& painter, const QRectF& place, const Gr
         painter.drawLine(QPointF(place.left(), at), QPointF(place.right(), at));
     };
     const double across = std::max(scale_.right - scale_.left, scale_.top - scale_.bottom);
-    if (gridVisible && gridGap > across / mostLines) {
+    if (gridVisible && gridGap > across / maxGridLines) {
         painter.setPen(QPen(colours.grid, 0));
         for (double x = firstStep(scale_.left, gridGap); x <= scale_.right; x += gridGap) vertical(x);
         for (double y = firstStep(scale_.bottom, gridGap); y <= scale_.top; y += gridGap) horizontal(y);
@@ -256,7 +256,7 @@ double EnvelopeDrawing::labelRight(const QRectF& place) const {
 }
 
 void EnvelopeDrawing::paintLabels(QPainter& painter, const QRectF& place, const GraphColours& colours) const {
-    if (gridGap <= (scale_.right - scale_.left) / mostLines) return;
+    if (gridGap <= (scale_.right - scale_.left) / maxGridLines) return;
     painter.setRenderHint(QPainter::Antialiasing);
     const QFont font = lookFont(labelSize);
     const QFontMetricsF metrics(font);
@@ -298,8 +298,8 @@ bool EnvelopeDrawing::touchesOther(const QRectF& caption, const clsLimit& own, c
 }
 
 std::vector<EnvelopeDrawing::Caption> EnvelopeDrawing::captions(const QRectF& place) const {
-    constexpr double offLine = 6;
-    constexpr double inFromCorner = 8;
+    constexpr double lineDistance = 6;
+    constexpr double cornerDistance = 8;
     constexpr double apart = 4;
     const QFontMetricsF metrics(captionFont());
     std::vector<Caption> result;
@@ -316,9 +316,9 @@ std::vector<EnvelopeDrawing::Caption> EnvelopeDrawing::captions(const QRectF& pl
         };
         const auto placed = [&](double right) {
             const auto [high, low] = std::minmax({lineAt(right), lineAt(right - size.width())});
-            const QRectF above({right - size.width(), high - offLine - size.height()}, size);
+            const QRectF above({right - size.width(), high - lineDistance - size.height()}, size);
             if (!touchesOther(above.adjusted(-2, -2, 2, 2), *limit, place)) return above;
-            const QRectF below({right - size.width(), low + offLine}, size);
+            const QRectF below({right - size.width(), low + lineDistance}, size);
             return touchesOther(below.adjusted(-2, -2, 2, 2), *limit, place) ? above : below;
         };
         const auto isTaken = [&](const QRectF& room) {
@@ -326,10 +326,10 @@ std::vector<EnvelopeDrawing::Caption> EnvelopeDrawing::captions(const QRectF& pl
                 return other.room.adjusted(-apart, -apart, apart, apart).intersects(room);
             });
         };
-        const QRectF first = placed(segment->p2().x() - inFromCorner);
+        const QRectF first = placed(segment->p2().x() - cornerDistance);
         QRectF room = first;
         while (isTaken(room) && room.left() > segment->x1() + size.width())
-            room = placed(room.right() - size.width() - inFromCorner);
+            room = placed(room.right() - size.width() - cornerDistance);
         // No room along the line: the nearest one over or under the caption that is in the way.
         const double step = size.height() + apart + 1;
         for (int rows = 1; isTaken(room) && rows * step < place.height(); ++rows)

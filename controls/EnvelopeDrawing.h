@@ -55,7 +55,7 @@ class EnvelopeDrawing {
     double gridGap = 5;
 
     /// Takes corners and scale from the over limit, without one from the application limit, rounded to tens,
-    /// with ten degrees around. Without either a default stands.
+    /// with ten degrees around. Without either there is a default.
     void fitScale();
     void setScale(const GraphScale& scale) { scale_ = scale; }
     const GraphScale& scale() const { return scale_; }
@@ -81,7 +81,7 @@ class EnvelopeDrawing {
     /// Returns where the captions are in `place`. None is on top of another one.
     std::vector<Caption> captions(const QRectF& place) const;
 
-    /// Where a point of the plane stands in `place`, and back.
+    /// The place of a point of the plane in `place`, and back.
     QPointF toPlace(const clsPoint& of, const QRectF& place) const;
     clsPoint fromPlace(const QPointF& of, const QRectF& place) const;
 

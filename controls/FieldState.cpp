@@ -34,7 +34,7 @@ bool FieldState::take(Event event) {
         case Event::focusLost:
             hasFocus_ = false;
             break;
-        case Event::putAway:
+        case Event::hiddenOrDisabled:
             isHovered_ = isPressed_ = isOpen_ = false;
             break;
     }

@@ -18,7 +18,7 @@ class FieldState {
         listClosed,
         focusGained,
         focusLost,
-        putAway,  ///< hidden or disabled
+        hiddenOrDisabled,
     };
 
     /// Returns true if the event changes how the field looks.

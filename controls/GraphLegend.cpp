@@ -16,7 +16,7 @@ constexpr int rowHeight = 24;
 constexpr int titleHeight = 36;
 constexpr int sampleWidth = 28;
 
-/// The application limit stands before the over limit, which has the smallest number.
+/// The application limit comes before the over limit, which has the smallest number.
 int rankOf(const clsLimit& limit) {
     return limit.LimitType == limitType::application ? limitType::over - 1 : limit.LimitType;
 }

@@ -13,7 +13,7 @@ constexpr int side = 14;
 
 }  // namespace
 
-Grip::Grip(const QSize& least, QWidget* window) : QWidget(window), least_(least) {
+Grip::Grip(const QSize& minSize, QWidget* window) : QWidget(window), minSize_(minSize) {
     setObjectName(QStringLiteral("picresize"));
     setCursor(Qt::SizeFDiagCursor);
     resize(side, side);
@@ -40,7 +40,7 @@ void Grip::mousePressEvent(QMouseEvent* event) {
 void Grip::mouseMoveEvent(QMouseEvent* event) {
     if (!(event->buttons() & Qt::LeftButton)) return;
     const QPoint moved = event->globalPosition().toPoint() - start_;
-    parentWidget()->resize((size_ + QSize(moved.x(), moved.y())).expandedTo(least_));
+    parentWidget()->resize((size_ + QSize(moved.x(), moved.y())).expandedTo(minSize_));
 }
 
 }  // namespace marvello

@@ -9,8 +9,8 @@ class Grip : public QWidget {
     Q_OBJECT
 
   public:
-    /// `least` is the smallest size that the window may get.
-    Grip(const QSize& least, QWidget* window);
+    /// `minSize` is the smallest size that the window may get.
+    Grip(const QSize& minSize, QWidget* window);
 
     void moveToCorner();
 
@@ -20,7 +20,7 @@ class Grip : public QWidget {
     void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
-    QSize least_;
+    QSize minSize_;
     QPoint start_;
     QSize size_;
 };

@@ -12,7 +12,7 @@
 #include "controls/Accessibility.h"
 #include "controls/LookStyle.h"
 
-// The resources stand in a static library: nothing links them unless they are asked for.
+// The resources are in a static library: nothing links them unless they are asked for.
 static void initialiseResources() { Q_INIT_RESOURCE(controls); }
 
 namespace marvello {
@@ -51,7 +51,7 @@ QString styleSheetOf(const Look& look) {
     QFile file(QStringLiteral(":/controls/look.qss"));
     if (!file.open(QIODevice::ReadOnly)) return {};
     QString sheet = QString::fromUtf8(file.readAll());
-    // A name that begins with another one stands before it.
+    // A name that begins with another one comes before it.
     const std::array<std::pair<const char*, QColor>, 13> names{{{"@surface-alt", look.surfaceAlt},
                                                                 {"@surface", look.surface},
                                                                 {"@window", look.window},

@@ -34,7 +34,7 @@ struct Look {
     QColor onMark;
     bool isDark;
 
-    /// A colour of the catalogue as this look shows it: unchanged in light; in dark its lightness is raised
+    /// A colour of the catalogue as this look shows it: unchanged in light; in dark it becomes lighter
     /// until it stands out 5:1 from the surface.
     QColor adapted(const QColor& colour) const;
 

@@ -79,11 +79,11 @@ bool MessageBox::ask(QWidget* parent, const QString& question, const QString& ye
     DialogFrame box(QApplication::applicationDisplayName(), ownerOf(parent));
     addText(box, mark::attention, question);
     auto* refuse = new ctlBtn(no, false, &box);
-    auto* agree = new ctlBtn(yes, true, &box);
+    auto* yesButton = new ctlBtn(yes, true, &box);
     QObject::connect(refuse, &ctlBtn::clicked, &box, &QDialog::reject);
-    QObject::connect(agree, &ctlBtn::clicked, &box, &QDialog::accept);
+    QObject::connect(yesButton, &ctlBtn::clicked, &box, &QDialog::accept);
     box.addButton(refuse);
-    box.addButton(agree);
+    box.addButton(yesButton);
     refuse->setFocus();
     return box.exec() == QDialog::Accepted;
 }

@@ -15,7 +15,7 @@ constexpr std::uint32_t placeableKey = 0x9AC6CDD7;
 constexpr std::size_t placeableSize = 22;
 constexpr std::size_t headerSize = 18;
 /// Drawings of machines are some ten to hundred kB.
-constexpr qint64 greatestFile = 4 << 20;
+constexpr qint64 maxFileSize = 4 << 20;
 
 std::uint16_t wordAt(const char* data) { return qFromLittleEndian<std::uint16_t>(data); }
 
@@ -46,7 +46,7 @@ std::vector<Metafile::Record> recordsOf(const QByteArray& bytes) {
 
 Metafile Metafile::fromBytes(QByteArray bytes) {
     Metafile file;
-    if (bytes.size() < static_cast<qsizetype>(placeableSize + headerSize) || bytes.size() > greatestFile)
+    if (bytes.size() < static_cast<qsizetype>(placeableSize + headerSize) || bytes.size() > maxFileSize)
         return file;
     const char* data = bytes.constData();
     const char* header = data + placeableSize;
@@ -65,7 +65,7 @@ Metafile Metafile::fromBytes(QByteArray bytes) {
 
 Metafile Metafile::load(const QString& name) {
     QFile file(name);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > greatestFile) return {};
+    if (!file.open(QIODevice::ReadOnly) || file.size() > maxFileSize) return {};
     return fromBytes(file.readAll());
 }
 

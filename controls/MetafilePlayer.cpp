@@ -12,9 +12,9 @@ namespace marvello {
 namespace {
 
 /// No drawing has lines longer than so many diagonals of it in all; their dashes count more.
-constexpr double greatestLength = 20000;
-constexpr std::size_t deepestState = 256;
-constexpr std::size_t mostObjects = 65536;
+constexpr double maxLength = 20000;
+constexpr std::size_t maxStates = 256;
+constexpr std::size_t maxObjects = 65536;
 
 QColor colourOf(const MetafileParameters& record, std::size_t index) { return QColor(record.colour(index)); }
 
@@ -47,7 +47,7 @@ MetafilePlayer::MetafilePlayer(QPainter& painter, const QRectF& target, const QR
     : painter_(painter),
       target_(target),
       reach_(std::hypot(target.width(), target.height())),
-      budget_(greatestLength * reach_) {
+      budget_(maxLength * reach_) {
     state_.origin = window.topLeft();
     state_.extent = window.size();
 }
@@ -62,7 +62,7 @@ void MetafilePlayer::play(const MetafileParameters& record) {
 bool MetafilePlayer::playState(const MetafileParameters& record) {
     switch (record.function()) {
         case MetafileFunction::saveState:
-            if (saved_.size() < deepestState) saved_.push_back(state_);
+            if (saved_.size() < maxStates) saved_.push_back(state_);
             return true;
         case MetafileFunction::restoreState:
             restore(record.word(0));
@@ -246,7 +246,7 @@ void MetafilePlayer::create(Object object) {
     if (!free_.empty()) {
         objects_[static_cast<std::size_t>(free_.top())] = object;
         free_.pop();
-    } else if (objects_.size() < mostObjects) {
+    } else if (objects_.size() < maxObjects) {
         objects_.push_back(object);
     }
 }

@@ -45,7 +45,7 @@ enum class MetafileFunction : std::uint16_t {
     extTextOut = 0x0A32,
 };
 
-/// Reads the parameters of a record. What stands past its end is 0: who reads asks `has` first.
+/// Reads the parameters of a record. A parameter beyond its end is 0: a reader asks `has` first.
 class MetafileParameters {
   public:
     MetafileParameters(const Metafile& file, const Metafile::Record& record);
@@ -55,7 +55,7 @@ class MetafileParameters {
     int word(std::size_t index) const;              ///< with sign
     int number(std::size_t index) const;            ///< without
     std::uint32_t colour(std::size_t index) const;  ///< 0xRRGGBB of two words
-    /// A point whose y stands first, as in most records.
+    /// A point whose y comes first, as in most records.
     QPoint pointYx(std::size_t index) const { return {word(index + 1), word(index)}; }
     QPoint pointXy(std::size_t index) const { return {word(index), word(index + 1)}; }
     /// Windows-1252, to the end of the record at most.

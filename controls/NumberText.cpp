@@ -4,12 +4,6 @@
 
 namespace marvello {
 
-namespace {
-
-bool isDigit(QChar sign) { return sign >= u'0' && sign <= u'9'; }
-
-}  // namespace
-
 QString plainNumberText(QStringView text) {
     QString plain;
     for (const char32_t sign : text.toUcs4()) {
@@ -27,11 +21,7 @@ QString plainNumberText(QStringView text) {
 }
 
 std::optional<double> typedNumber(QStringView text) {
-    QString plain = plainNumberText(text);
-    plain.replace(u',', u'.');
-    for (const QChar sign : plain)
-        if (!isDigit(sign) && !QStringView(u".-+eE").contains(sign)) return std::nullopt;
-    return storedNumber(plain.toStdString());
+    return localNumber(plainNumberText(text).toStdString());
 }
 
 NumberMarks marksOf(const QLocale& locale) {

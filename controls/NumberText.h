@@ -13,10 +13,8 @@ namespace marvello {
 /// without the invisible marks that say in which direction a text is read.
 QString plainNumberText(QStringView text);
 
-/// Reads a number that a person typed. "." and "," are both decimal marks whatever the locale, as is the
-/// Arabic one, so there is no grouping and two marks are no number; the minus sign may be U+2212, and digits
-/// may be those of any script. Reads all that formatNumber writes in any locale without grouping. Returns no
-/// value for anything else and for what is not finite.
+/// Reads with localNumber what a person typed in the digits and signs of any script, such as all that
+/// formatNumber writes in any locale without grouping.
 std::optional<double> typedNumber(QStringView text);
 
 /// Returns the marks that a locale writes in a number.

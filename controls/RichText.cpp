@@ -26,7 +26,7 @@ namespace marvello {
 
 namespace {
 
-constexpr std::size_t deepest = 256;  // groups in groups; what lies deeper is skipped
+constexpr std::size_t maxDepth = 256;  // groups in groups; what lies deeper is skipped
 constexpr double pixelsPerTwip = 1 / 15.0;
 
 /// One piece of a rich text.
@@ -109,7 +109,7 @@ struct Group {
     int halfPoints = 24;
     int colour = 0;
     int font = 0;
-    int fallbackLetters = 1;  ///< how many letters stand behind "\u" for readers without Unicode
+    int fallbackLetters = 1;  ///< how many letters follow "\u" for readers without Unicode
 };
 
 /// Reads a whole text into a document.
@@ -157,7 +157,7 @@ class RichTextReader {
 
     void open() {
         pendingFallback_ = 0;
-        if (groups_.size() >= deepest)
+        if (groups_.size() >= maxDepth)
             ++tooDeep_;
         else
             groups_.push_back(group());
@@ -339,7 +339,7 @@ class RichTextReader {
             block_.setBottomMargin(pixels);
         else
             return false;
-        // The text of a list's line stands behind its sign, on the left margin.
+        // The text of a list's line follows its sign, on the left margin.
         if (block_.textIndent() < 0)
             block_.setTabPositions({QTextOption::Tab(block_.leftMargin(), QTextOption::LeftTab)});
         return true;

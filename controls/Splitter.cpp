@@ -13,6 +13,17 @@
 
 namespace marvello {
 
+namespace {
+
+/// Puts a half in its place. A list overlaps the bar and the edges by its border, so that no seam is seen.
+void putInPlace(QWidget& child, const QRect& half) {
+    constexpr int border = 1;
+    const bool isList = qobject_cast<QAbstractItemView*>(&child) != nullptr;
+    child.setGeometry(isList ? half.adjusted(-border, -border, border, border) : half);
+}
+
+}  // namespace
+
 Splitter::Splitter(QWidget* parent)
     : QWidget(parent), dragBar_(new QWidget(this)), Timer1_(new QTimer(this)) {
     setMouseTracking(true);
@@ -104,11 +115,11 @@ QWidget* Splitter::taken(const QString& name) {
 }
 
 int Splitter::clamped(int position) const {
-    const int most = total() - splitterSize_;
-    int result = std::min(position, most);
+    const int last = total() - splitterSize_;
+    int result = std::min(position, last);
     if (maxSize_ > 0)
-        result = maxSizeAppliesTo_ == 0 ? std::min(result, maxSize_) : std::max(result, most - maxSize_);
-    result = std::min(std::max({result, minSize1_, minSizeAux_}), most - minSize2_);
+        result = maxSizeAppliesTo_ == 0 ? std::min(result, maxSize_) : std::max(result, last - maxSize_);
+    result = std::min(std::max({result, minSize1_, minSizeAux_}), last - minSize2_);
     return std::max(result, minSize1_);
 }
 
@@ -121,12 +132,6 @@ void Splitter::place() {
     if (QWidget* first = taken(child1_)) putInPlace(*first, half(0, current_));
     if (QWidget* second = taken(child2_)) putInPlace(*second, half(current_ + splitterSize_, total()));
     update();
-}
-
-void Splitter::putInPlace(QWidget& child, const QRect& half) {
-    constexpr int border = 1;
-    const bool isList = qobject_cast<QAbstractItemView*>(&child) != nullptr;
-    child.setGeometry(isList ? half.adjusted(-border, -border, border, border) : half);
 }
 
 void Splitter::resizeEvent(QResizeEvent*) {

@@ -88,8 +88,6 @@ class Splitter : public QWidget {
     void moveTo(int position);
     void place();
     void endDrag(bool keep);
-    /// Puts a half in its place. A list overlaps the bar and the edges by its border, which is no seam then.
-    static void putInPlace(QWidget& child, const QRect& half);
 
     QColor splitterDragColor_ = 0x808080;
     QColor splitterBackColor_;

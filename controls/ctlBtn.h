@@ -5,7 +5,7 @@
 
 namespace marvello {
 
-/// A flat button. As the main button of its window it is filled with the accent; an icon stands before the
+/// A flat button. As the main button of its window it is filled with the accent; an icon comes before the
 /// caption, a key hint is shown as a chip behind it. Colours that are not set follow the look.
 class ctlBtn : public QAbstractButton {
     Q_OBJECT

@@ -95,9 +95,9 @@ void ctlCombo::search(const QString& typed) { list_->keyboardSearch(typed); }
 
 int ctlCombo::preferredHeight() const {
     constexpr int emptyHeight = 100;
-    constexpr int mostRows = 20;
+    constexpr int maxRows = 20;
     if (ListCount() == 0) return emptyHeight;
-    return (std::min(ListCount(), mostRows) + (hasApplyRow() ? 2 : 1)) * rowHeight;
+    return (std::min(ListCount(), maxRows) + (hasApplyRow() ? 2 : 1)) * rowHeight;
 }
 
 void ctlCombo::Populate(const QString& list, const QString& keys, bool inert, bool checkBoxes) {

@@ -11,7 +11,7 @@ class ApplyRow;
 class ChoiceList;
 
 /// The drop list behind every selector: a floating list of "key|description" pairs, with check boxes when
-/// several keys may be chosen, and a row below them that takes what is checked. Choice is raised before
+/// several keys may be chosen, and a row below them that takes what is checked. Choice is emitted before
 /// Closed; Escape and a click elsewhere raise Closed alone, and nothing is chosen.
 class ctlCombo : public QFrame {
     Q_OBJECT
@@ -30,7 +30,7 @@ class ctlCombo : public QFrame {
 
     int RowHeight() const;
     int ListCount() const;
-    /// The told height for the number of rows.
+    /// The preferred height for the number of rows.
     int preferredHeight() const;
 
     /// The text of the row that takes what is checked.

@@ -10,7 +10,7 @@ class QLabel;
 namespace marvello {
 
 /// The envelope of a compressor in the plane of evaporating (x) against condensing temperature (y), with the
-/// operating point. A label at the mouse tells what lies under it and where that is. Colours that are not set
+/// operating point. A label at the mouse says what is under it and where. Colours that are not set
 /// follow the look.
 class ctlGraph : public QWidget {
     Q_OBJECT

@@ -1,6 +1,7 @@
 #include "data/Csv.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace marvello {
@@ -119,8 +120,7 @@ std::size_t wellFormedLength(std::string_view bytes) {
 
 }  // namespace
 
-std::string csvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+std::string csvQuoted(const std::string& text) {
     std::string field = "\"";
     for (const char letter : text) {
         if (letter == '"') field += '"';
@@ -129,11 +129,22 @@ std::string csvField(const std::string& text) {
     return field + '"';
 }
 
+std::string csvField(const std::string& text) {
+    return text.find_first_of(",\"\r\n") == std::string::npos ? text : csvQuoted(text);
+}
+
+std::string csvJoined(const std::vector<std::string>& written, char separator) {
+    std::string line;
+    for (const std::string& field : written) line += field + separator;
+    if (!line.empty()) line.pop_back();
+    return line + '\n';
+}
+
 std::string csvLine(const std::vector<std::string>& fields) {
     if (fields.size() == 1 && fields.front().empty()) return "\"\"\n";
-    std::string line;
-    for (std::size_t i = 0; i < fields.size(); ++i) line += (i == 0 ? "" : ",") + csvField(fields[i]);
-    return line + '\n';
+    std::vector<std::string> written;
+    std::ranges::transform(fields, std::back_inserter(written), csvField);
+    return csvJoined(written, ',');
 }
 
 bool isUtf8(std::string_view bytes) { return wellFormedLength(bytes) == bytes.size(); }

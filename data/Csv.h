@@ -20,11 +20,17 @@ struct CsvRecord {
 /// so is a byte order mark. Misplaced quotes and invalid UTF-8 are faults of `file`.
 std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, Faults& faults);
 
-/// A text as a field of RFC 4180: in double quotes where it holds a separator, a quote or a line end.
+/// Returns a text in double quotes, as a field of RFC 4180.
+std::string csvQuoted(const std::string& text);
+
+/// Returns a text as a field of RFC 4180: in double quotes if it holds a separator, a quote or a line end.
 std::string csvField(const std::string& text);
 
-/// A record of these fields, with its line end. A single empty field is in quotes, since an empty line is
-/// no record.
+/// Returns a record of fields that are written already, with its line end.
+std::string csvJoined(const std::vector<std::string>& written, char separator);
+
+/// Returns a record of these texts, separated by ",", with its line end. A single empty one is in quotes,
+/// since an empty line is no record.
 std::string csvLine(const std::vector<std::string>& fields);
 
 /// Whether the bytes are well-formed UTF-8: no overlong form, no surrogate, nothing above U+10FFFF.

@@ -106,6 +106,14 @@ std::optional<double> storedNumber(std::string_view text) {
 
 std::string storedText(double value) { return written(value); }
 
+std::string plainText(double value, std::string_view point) {
+    const double magnitude = std::abs(value);
+    const bool isPlain = magnitude == 0 || (magnitude >= 1e-5 && magnitude < 1e15);
+    std::string text = written(value, isPlain ? std::chars_format::fixed : std::chars_format::scientific);
+    replaceAll(text, ".", point);
+    return text;
+}
+
 std::string localText(double value) {
     constexpr int significantDigits = 15;
     const double shown = value == 0 ? 0 : value;  // never "-0"

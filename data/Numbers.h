@@ -9,6 +9,7 @@ namespace marvello {
 // Numbers to text and back. Which function is for what:
 //
 //   a number in a file, a table, a parameter set   storedText, storedNumber     "." in every locale
+//   a number in a file for other programs          plainText                    "." or ","
 //   a number in a list, a field or a report         formatNumber, exponentText   by a pattern and marks
 //   what such a text shows, as a number             shownValue
 //   a number in a message                           localText                    mark of the process locale
@@ -21,6 +22,10 @@ std::optional<double> storedNumber(std::string_view text);
 
 /// Returns the shortest text that reads back as the same double, with ".".
 std::string storedText(double value);
+
+/// Returns the fewest digits that read back as the same double, with an exponent only below 1e-5 and from
+/// 1e15 on, and the decimal mark `point`.
+std::string plainText(double value, std::string_view point = ".");
 
 /// Returns a number as the user reads it: at most 15 significant digits and the decimal mark of the process
 /// locale.

@@ -21,9 +21,9 @@ using DictionaryText = std::function<std::string(const std::string&)>;
 /// The value with its placeholders replaced; nothing when a text is missing or the replacing never ends, as
 /// with a text that holds its own key.
 std::optional<std::string> expanded(std::string value, const DictionaryText& dictionaryText) {
-    constexpr int mostReplacements = 100;
+    constexpr int maxReplacements = 100;
     constexpr std::size_t longestValue = 1'000'000;
-    for (int count = 0; count <= mostReplacements && value.size() <= longestValue; ++count) {
+    for (int count = 0; count <= maxReplacements && value.size() <= longestValue; ++count) {
         const auto open = value.find('{');
         const auto close = value.find('}');
         if (open == std::string::npos || close == std::string::npos || close < open) return value;

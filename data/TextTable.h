@@ -19,7 +19,7 @@ class TextTable {
       public:
         const std::string& text(std::string_view column) const;
         double number(std::string_view column) const;
-        /// What an empty field stands for.
+        /// The value of an empty field.
         double number(std::string_view column, double otherwise) const;
         /// None for an empty field.
         std::optional<double> numberIfAny(std::string_view column) const;

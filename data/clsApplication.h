@@ -8,13 +8,13 @@
 
 namespace marvello {
 
-/// Raised by DictionaryRead for a key that the dictionary lacks.
+/// Thrown by DictionaryRead for a key that the dictionary lacks.
 class UnknownTextKey : public std::out_of_range {
   public:
     using std::out_of_range::out_of_range;
 };
 
-/// The language, as a key of tLanguages, whose texts stand in for those that another one lacks.
+/// The language, as a key of tLanguages, whose texts are shown for those that another one lacks.
 inline const std::string defaultLanguage = "en-EN";
 
 /// The user record.

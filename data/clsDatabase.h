@@ -17,7 +17,7 @@ class DatabaseError : public std::runtime_error {
 /// The text as an SQL literal: in single quotes, those inside doubled.
 std::string sqlText(std::string_view text);
 
-/// A forward-only result of clsDatabase::Execute. It stands on its first row when it is handed out. Columns
+/// A forward-only result of clsDatabase::Execute. It is at its first row when it is returned. Columns
 /// are found by name without regard to case. Any number of results may be open on one connection, and an open
 /// result outlives CloseConnection.
 class RecordSet {
@@ -72,7 +72,7 @@ class clsDatabase {
     /// views and triggers are switched off.
     bool Connect(const std::string& connectionString);
 
-    /// Runs the text as it stands. Throws DatabaseError on a closed connection or a failing statement.
+    /// Runs the text as it is. Throws DatabaseError on a closed connection or a failing statement.
     RecordSet Execute(const std::string& sql);
 
     bool isOpen() const { return connection_ != nullptr; }

@@ -8,6 +8,13 @@
 
 namespace marvello {
 
+namespace {
+
+/// The maker's factor: the compression after the port is more efficient than the one before it.
+constexpr double injectedEfficiency = 1.05;
+
+}  // namespace
+
 EconomizerCalculation::EconomizerCalculation(clsCompressor& compressor, const States& states,
                                              formTimeout& timeout, Statements& statements)
     : compressor_(compressor),
@@ -58,13 +65,14 @@ void EconomizerCalculation::CalculateEconomizer() {
 /// saturated vapour at the evaporating pressure (`HE`), which is nearly the capacity again. No economizer
 /// comes close to it: a search ends long before, with message26.
 bool EconomizerCalculation::isCapacityWithinReach() {
-    const double least = roundedToPlaces(v_[var::Q0], 1);
-    const double most = checked(v_[var::Q0] + v_[var::Mbase] * (v_[var::HE] - v_[var::Hl]) / secondsPerHour);
-    if (v_[var::Eco] < least) {
+    const double minCapacity = roundedToPlaces(v_[var::Q0], 1);
+    const double maxCapacity =
+        checked(v_[var::Q0] + v_[var::Mbase] * (v_[var::HE] - v_[var::Hl]) / secondsPerHour);
+    if (v_[var::Eco] < minCapacity) {
         compressor_.Messages.Error.add("messages.message23", "messages.message23");
         return false;
     }
-    if (v_[var::Eco] >= most) {
+    if (v_[var::Eco] >= maxCapacity) {
         compressor_.Messages.Error.add("messages.message24", "messages.message24");
         return false;
     }
@@ -81,7 +89,7 @@ void EconomizerCalculation::efficiencies() {
     set(var::T21, surface.at(v_[var::Ted], v_[var::Tcd]) + v_[var::Sh] - surface.Sh);
     set(var::H21, states_.enthalpy(v_[var::T21], v_[var::Pc]));
     set(var::EtaComp, v_[var::EtaIso] * (v_[var::H21] - v_[var::Hga]) / (v_[var::H2Iso] - v_[var::Hga]));
-    set(var::EtaComp1, v_[var::EtaComp] * 1.05);
+    set(var::EtaComp1, v_[var::EtaComp] * injectedEfficiency);
 }
 
 void EconomizerCalculation::portState() {
@@ -110,8 +118,9 @@ void EconomizerCalculation::oilLoad() {
 
 /// To within what is displayed: 0.24 counts as 0.2 and passes.
 void EconomizerCalculation::checkApproach() {
+    constexpr double tolerance = 0.2;  // K
     const double missed = roundedToPlaces((v_[var::T31] - v_[var::TSat]) - v_[var::Eco], 1);
-    if (std::abs(missed) > 0.2) {
+    if (std::abs(missed) > tolerance) {
         compressor_.Messages.Error.add("messages.message25", "messages.message25");
     }
 }

@@ -16,7 +16,7 @@ namespace {
 
 constexpr double referenceSuperheat = 10;
 constexpr double referenceSubcooling = 5;
-constexpr double btuPerWattHour = 3.412;
+constexpr double btuPerWattHour = 3.412;  // rounded, as in the tables of the trade
 /// An inverter drives the economizer's flow too while its current is this much below the rated one.
 constexpr double inverterMargin = 1.15;
 
@@ -101,6 +101,7 @@ void CompressorCalculation::inputVariables() {
 void CompressorCalculation::saturationVariables() {
     let(var::Pe, [&] { return states_.dewPressure(v_[var::Ted]); });
     // Kept: the pressure goes in where a temperature belongs, so this is not the bubble temperature at Pe.
+    // The permitted subcooling and the mid temperature of the results follow from it.
     let(var::Teb, [&] { return states_.bubblePressure(v_[var::Pe]); });
     let(var::Tem, [&] { return ((v_[var::Teb] - v_[var::Sc]) + v_[var::Ted]) / 2; });
     let(var::Pc, [&] { return states_.dewPressure(v_[var::Tcd]); });
@@ -164,7 +165,7 @@ void CompressorCalculation::flowsAndCapacity() {
     let(var::M010, [&] { return v_[var::Q010] / (v_[var::Hga10] - v_[var::hlba]) * secondsPerHour; });
     let(var::V010, [&] { return v_[var::M010] / v_[var::Dga10]; });
     let(var::Mbase, [&] { return v_[var::V010] * v_[var::Dga]; });
-    // Kept: multiplied where Q0 divides; nothing reads it.
+    // Kept: multiplied where Q0 divides; nothing reads it, but lists of variables show it.
     let(var::Qbase, [&] { return v_[var::Mbase] * (v_[var::Hga] - v_[var::hlba]) * secondsPerHour; });
     let(var::Q0, [&] {
         return v_[var::Mbase] * ((v_[var::Hga] - v_[var::Hcb] + v_[var::Hlb]) - v_[var::Hl]) / secondsPerHour;

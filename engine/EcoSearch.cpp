@@ -11,6 +11,14 @@ namespace {
 
 constexpr double capacityTolerance = 0.05;  // kW
 constexpr double approachTolerance = 0.01;  // K
+constexpr double unknownError = 20;         // before the first pass: outside of every tolerance
+
+constexpr double smallFlow = 1;  // kg/h
+// Over the evaporator's flow; a search that goes beyond has no solution.
+constexpr double maxFlow = 1.5;
+constexpr double maxTankFlow = 2;
+// The flow changes by this part of the error, in kW or K, times the step.
+constexpr double damping = 10;
 
 constexpr double isTrue = -1;
 constexpr double isFalse = 0;
@@ -23,8 +31,9 @@ constexpr int patience = 150;
 
 void EconomizerCalculation::Eco_Q0() {
     const auto missing = [this] { return checked(v_[var::Eco] - (v_[var::Q0] + v_[var::Qeco])); };
-    StepControl step(0.25F);
-    set(var::meco, 1.0);
+    constexpr float firstStep = 0.25F;
+    StepControl step(firstStep);
+    set(var::meco, smallFlow);
     EcoCycle();
     if (AbortRequested()) return;
     if (missing() < 0) {
@@ -38,17 +47,17 @@ void EconomizerCalculation::Eco_Q0() {
     set(var::EcoOK, isFalse);
 
     LostSearch trials(patience);
-    for (double distance = 20; distance > capacityTolerance; distance = std::abs(error)) {
-        set(var::meco, v_[var::meco] * (1 + step.size() * error / 10));
+    for (double distance = unknownError; distance > capacityTolerance; distance = std::abs(error)) {
+        set(var::meco, v_[var::meco] * (1 + step.size() * error / damping));
         EcoCycle();
         if (AbortRequested()) break;
-        if (std::abs(v_[var::meco]) > 1.5 * std::abs(v_[var::Mev])) {
+        if (std::abs(v_[var::meco]) > maxFlow * std::abs(v_[var::Mev])) {
             noSolution();
             return;
         }
-        EcoCycle();  // kept: a second time at the same flow
+        EcoCycle();  // Kept: again at the same flow, for a value that failed keeps that of the pass before.
         error = missing();
-        if (v_[var::meco] < 0) set(var::meco, 1.0);
+        if (v_[var::meco] < 0) set(var::meco, smallFlow);
         step.apply(error);
         if (std::abs(error) > capacityTolerance && trials.isLost(v_[var::meco], step.size(), error)) {
             noSolution();
@@ -56,7 +65,8 @@ void EconomizerCalculation::Eco_Q0() {
         }
     }
 
-    // Kept: the approach is compared with Eco, though that is a capacity here.
+    // Kept: the approach is compared with Eco, though that is a capacity here: it decides which of the two
+    // economizers a result names.
     if (v_[var::T31] - v_[var::T7D] > v_[var::Eco]) {
         set(var::EcoModel, "Piastra");
     } else if (v_[var::T31] - v_[var::T6] > 0) {
@@ -70,7 +80,7 @@ void EconomizerCalculation::Eco_Q0() {
 
 void EconomizerCalculation::Eco_Automatic() {
     double distance = 0;
-    trySet(var::meco, [] { return 1.0; });
+    trySet(var::meco, [] { return smallFlow; });
     EcoCycle();
     if (AbortRequested()) return;
     Statements::attemptSilently([&] { distance = v_[var::T31] - v_[var::T6]; });
@@ -83,7 +93,7 @@ void EconomizerCalculation::Eco_Automatic() {
     Statements::attemptSilently([&] { wanted = v_[var::Eco]; });
     if (distance < wanted) {
         trySet(var::meco, [&] { return v_[var::Mev] * firstShare; });
-        tankStage(20, StepControl(automaticStep));
+        tankStage(unknownError, StepControl(automaticStep));
     } else {
         plateStage(wanted);
     }
@@ -104,10 +114,10 @@ void EconomizerCalculation::plateStage(double wanted) {
 
     LostSearch trials(patience);
     while (std::abs(error) > approachTolerance) {
-        trySet(var::meco, [&] { return v_[var::meco] * (1 + step.size() * error / 10); });
+        trySet(var::meco, [&] { return v_[var::meco] * (1 + step.size() * error / damping); });
         EcoCycle();
         if (AbortRequested()) return;
-        if (v_[var::meco] < 1) {
+        if (v_[var::meco] < smallFlow) {
             tankStage(error, step);
             return;
         }
@@ -128,7 +138,8 @@ void EconomizerCalculation::tankStage(double error, StepControl step) {
     step.restart();
     set(var::EcoOK, isFalse);
     set(var::EcoModel, "Tank");
-    trySet(var::meco, [&] { return v_[var::meco] * 5; });
+    constexpr double firstRaise = 5;
+    trySet(var::meco, [&] { return v_[var::meco] * firstRaise; });
     double distance = 0;
     LostSearch trials(patience);
     while (std::abs(error) > approachTolerance && !AbortRequested()) {
@@ -136,10 +147,10 @@ void EconomizerCalculation::tankStage(double error, StepControl step) {
         Statements::attemptSilently([&] { distance = v_[var::T31] - v_[var::T6]; });
         error = std::abs(distance);
         trySet(var::meco, [&] { return v_[var::meco] * (1 + step.size() * distance); });
-        if (v_[var::meco] < 0) set(var::meco, 1.0);
+        if (v_[var::meco] < 0) set(var::meco, smallFlow);
         step.apply(distance);
         const double flow = v_[var::meco];
-        if (std::abs(flow) > 2 * std::abs(v_[var::Mev]) || flow < 1 ||
+        if (std::abs(flow) > maxTankFlow * std::abs(v_[var::Mev]) || flow < smallFlow ||
             (std::abs(error) > approachTolerance && trials.isLost(flow, step.size(), error))) {
             noSolution();
             set(var::EcoModel, "Impossible");

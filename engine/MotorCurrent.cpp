@@ -5,6 +5,7 @@
 
 namespace marvello {
 
+// The mains for which the motors of the catalogue are rated: 400 V at 50 Hz and 460 V at 60 Hz.
 double referenceVoltage(double hertz) { return hertz == 50 ? 400 : 460; }
 
 void writeMotorCurrent(clsVariables& variables, const clsMotor& motor, var power, var current) {

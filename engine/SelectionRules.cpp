@@ -92,7 +92,8 @@ void SelectionRules::polynomials() {
     if (!hasSoundPolynomials()) raise(messages_.Error, "messages.message31");
 }
 
-// Kept: the polynomials and the capacity step are tested twice, so their messages come twice.
+// Kept: the polynomials and the capacity step are tested again, so their messages come twice, as lists and
+// reports have always had them.
 void SelectionRules::polynomialsAndMotor(const clsLimits& around) {
     if (!hasSoundPolynomials()) {
         raise(messages_.Error, "messages.message31");
@@ -154,9 +155,10 @@ void SelectionRules::inverterFrequency(const clsLimits& around) {
 }
 
 void SelectionRules::subcooling() {
+    constexpr double maxShare = 0.8;  // of the lift from evaporating to condensing
     double highest = 0;
     statements_.attempt("subcooling rule",
-                        [&] { highest = roundedToPlaces((v_[var::Tcb] - v_[var::Teb]) * 0.8, 2); });
+                        [&] { highest = roundedToPlaces((v_[var::Tcb] - v_[var::Teb]) * maxShare, 2); });
     statements_.attempt("subcooling rule", [&] {
         if (v_[var::Sc] < 0 || v_[var::Sc] > highest) {
             messages_.Error.add("messages.message12", "messages.message12 ({0})", {highest});

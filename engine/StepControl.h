@@ -46,8 +46,8 @@ class LostSearch {
             keptA_ = a;
             keptB_ = b;
         }
-        if (std::abs(error) < least_) {
-            least_ = std::abs(error);
+        if (std::abs(error) < minError_) {
+            minError_ = std::abs(error);
             withoutGain_ = 0;
             return false;
         }
@@ -57,7 +57,7 @@ class LostSearch {
   private:
     int patience_;
     int withoutGain_ = 0;
-    double least_ = std::numeric_limits<double>::infinity();
+    double minError_ = std::numeric_limits<double>::infinity();
     double keptA_ = 0;
     double keptB_ = 0;
     std::size_t passes_ = 0;

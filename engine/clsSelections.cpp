@@ -17,7 +17,8 @@ namespace marvello {
 
 namespace {
 
-/// Kept: letter by letter, so that a series written otherwise is asked for at mains frequency.
+/// Kept: letter by letter, as the catalogue compares them: a series in other letters is asked for at mains
+/// frequency.
 bool isInverterSeries(const std::string& serie) {
     const SeriesTraits& traits = seriesTraits(serie);
     return traits.drive == Drive::inverter && traits.name == serie;

@@ -24,7 +24,7 @@ class clsSelections {
     int UnitMeasure = 0;       ///< Stored only.
     std::shared_ptr<const clsProjectConditions> ProjectConditions;
 
-    /// Raised after each compressor: percent done, and its position in the results.
+    /// Called after each compressor: percent done, and its position in the results.
     std::function<void(int Percent, int Index)> SelectionPercent;
 
     /// Runs a whole selection; the results replace those before. `Serie` is the catalogue's name, `Models` a
@@ -57,7 +57,8 @@ class clsSelections {
 
     /// True after a run that was stopped through AbortRequested.
     bool isAborted() const { return isAborted_; }
-    /// Kept: sets a flag that nothing reads, and gives the user interface a turn.
+    /// Gives the user interface a turn. Kept: the flag that it sets is read by nothing, since
+    /// AbortRequested() stops a run.
     void stopselection();
 
     auto begin() const { return compressors_.begin(); }

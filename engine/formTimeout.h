@@ -12,7 +12,7 @@ class formTimeout {
     explicit formTimeout(std::chrono::milliseconds interval = std::chrono::milliseconds(4000))
         : interval_(interval) {}
 
-    /// Raised by the tick.
+    /// Called by the tick.
     std::function<void()> Timeout;
 
     void StartTimeout();

@@ -7,7 +7,7 @@
 namespace marvello::fluids {
 namespace {
 
-// The unknowns stand as ln K_0 ... ln K_(n-1), ln rho_1, ln rho_2, ln T, share.
+// The order of the unknowns: ln K_0 ... ln K_(n-1), ln rho_1, ln rho_2, ln T, share.
 struct Places {
     explicit Places(std::size_t count)
         : firstDensity(count),
@@ -163,15 +163,15 @@ void Equilibrium::setHeat(const TwoPhases& state, const Condition& condition, Ro
     row[at.end] = condition.value / unit - (1 - state.share) * value(0) - state.share * value(1);
 }
 
-/// Gauss's elimination with the greatest pivot of each column; leaves the solution in the last column.
+/// Gauss's elimination with the largest pivot of each column; leaves the solution in the last column.
 bool Equilibrium::eliminate() {
     const std::size_t size = mixture_->size() + 4;
     for (std::size_t row = 0; row < size; ++row) {
-        double greatest = 0;
+        double largest = 0;
         for (std::size_t column = 0; column < size; ++column)
-            greatest = std::max(greatest, std::abs(rows_[row][column]));
-        if (!(greatest > 0 && greatest < 1e300)) return false;
-        for (std::size_t column = 0; column <= size; ++column) rows_[row][column] /= greatest;
+            largest = std::max(largest, std::abs(rows_[row][column]));
+        if (!(largest > 0 && largest < 1e300)) return false;
+        for (std::size_t column = 0; column <= size; ++column) rows_[row][column] /= largest;
     }
     for (std::size_t column = 0; column < size; ++column) {
         std::size_t pivot = column;
@@ -197,14 +197,14 @@ bool Equilibrium::eliminate() {
 
 /// Of the thinner phase, carried along from the last evaluation over the last step to `state`.
 double Equilibrium::pressureOf(const TwoPhases& state, double logTemperatureStep) const {
-    const std::size_t thin = state.firstDensity < state.secondDensity ? 0 : 1;
-    const double density = thin == 0 ? state.firstDensity : state.secondDensity;
-    const FugacityState& phase = phases_[thin];
+    const std::size_t vapour = state.firstDensity < state.secondDensity ? 0 : 1;
+    const double density = vapour == 0 ? state.firstDensity : state.secondDensity;
+    const FugacityState& phase = phases_[vapour];
     std::array<PerComponent, 2> now{};
     state.compositions(fractions(), now[0], now[1]);
     double reduced = phase.pressure + phase.pressureByHeat * logTemperatureStep;
     for (std::size_t j = 0; j < mixture_->size(); ++j)
-        reduced += phase.pressureByAmount[j] * (density * now[thin][j] - amounts_[thin][j]);
+        reduced += phase.pressureByAmount[j] * (density * now[vapour][j] - amounts_[vapour][j]);
     return reduced * mixture_->gasConstant() * state.temperature;
 }
 
@@ -223,7 +223,7 @@ std::optional<TwoPhases> Equilibrium::solve(const TwoPhases& guess, const Condit
         setEquations(state, conditions);
         if (!eliminate()) return std::nullopt;
         const auto step = [&](std::size_t place) { return rows_[place][at.end]; };
-        // The share tells as much as the phases differ; next to the critical point it is all rounding.
+        // The share counts as much as the phases differ; next to the critical point it is all rounding.
         const double gap = std::min(1.0, std::abs(std::log(state.secondDensity / state.firstDensity)));
         double size = gap * std::abs(step(at.share));
         for (std::size_t k = 0; k < at.share; ++k) size = std::max(size, std::abs(step(k)));
@@ -269,7 +269,7 @@ bool Equilibrium::isStable() const {
     return true;
 }
 
-Equilibrium::Heats Equilibrium::heatsOf(const TwoPhases& state) {
+Equilibrium::EnthalpyEntropy Equilibrium::enthalpyEntropy(const TwoPhases& state) {
     evaluate(state, true);
     const double gas = mixture_->gasConstant();
     const auto mixed = [&](double first, double second) { return first + state.share * (second - first); };

@@ -55,18 +55,18 @@ class Equilibrium {
 
     /// Enthalpy in J/mol and entropy in J/(mol K) of all and of each phase at a state, on the equation's own
     /// zero.
-    struct Heats {
+    struct EnthalpyEntropy {
         double enthalpy = 0;
         double entropy = 0;
     };
-    Heats heatsOf(const TwoPhases& state);
+    EnthalpyEntropy enthalpyEntropy(const TwoPhases& state);
 
     const Mixture& mixture() const { return *mixture_; }
     std::span<const double> fractions() const { return {z_.data(), mixture_->size()}; }
 
   private:
-    static constexpr std::size_t mostUnknowns = mostComponents + 4;
-    using Row = std::array<double, mostUnknowns + 1>;  // the last entry is the right-hand side
+    static constexpr std::size_t maxUnknowns = maxComponents + 4;
+    using Row = std::array<double, maxUnknowns + 1>;  // the last entry is the right-hand side
 
     void evaluate(const TwoPhases& state, bool withHeat);
     void setEquations(const TwoPhases& state, const Conditions& conditions);
@@ -83,7 +83,7 @@ class Equilibrium {
     std::array<FugacityState, 2> phases_;
     std::array<PerComponent, 2> fractions_{};
     std::array<PerComponent, 2> amounts_{};
-    std::array<Row, mostUnknowns> rows_{};
+    std::array<Row, maxUnknowns> rows_{};
 };
 
 }  // namespace marvello::fluids

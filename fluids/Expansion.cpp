@@ -56,39 +56,39 @@ Expansion::Expansion(const Build& build, const Sample& sample) : functionCount_(
 }
 
 /// Adds the cell from the last border to `high`, or its three parts where they are better. Returns the
-/// greatest error seen.
+/// largest error seen.
 double Expansion::split(const Build& build, const Sample& sample, double high, double parentError) {
     const double low = borders_.back();
     const std::size_t cell = borders_.size() - 1;
     const double error = addCell(sample, high);
     // An error that a narrower cell has hardly made smaller is rounding of the samples.
     const bool isNoise = error < 20 * build.tolerance && error > 0.1 * parentError;
-    if (error <= build.tolerance || isNoise || high - low <= build.leastWidth) return error;
+    if (error <= build.tolerance || isNoise || high - low <= build.minWidth) return error;
 
     const std::size_t first = cell * count * functionCount_;
     const std::vector<double> whole(coefficients_.begin() + static_cast<std::ptrdiff_t>(first),
                                     coefficients_.end());
-    const auto takeBack = [&] {
+    const auto undo = [&] {
         borders_.resize(cell + 1);
         coefficients_.resize(first);
     };
-    takeBack();
+    undo();
     const double third = (high - low) / 3;
     double partsError = 0;
     for (const double border : {low + third, high - third, high})
         partsError = std::max(partsError, split(build, sample, border, error));
     if (partsError < 4 * error) return partsError;
-    takeBack();
+    undo();
     borders_.push_back(high);
     coefficients_.insert(coefficients_.end(), whole.begin(), whole.end());
     return error;
 }
 
-/// Fits the cell from the last border to `high` and tries the fit out. Returns the greatest error seen.
+/// Fits the cell from the last border to `high` and tries the fit out. Returns the largest error seen.
 double Expansion::addCell(const Sample& sample, double high) {
     static const std::array<Coefficients, count> matrix = powersFromValues();
     const double low = borders_.back();
-    std::array<double, mostFunctions> values{};
+    std::array<double, maxFunctions> values{};
     const auto take = [&](double within) {
         return sample((low + high + within * (high - low)) / 2, {values.data(), functionCount_});
     };
@@ -102,7 +102,7 @@ double Expansion::addCell(const Sample& sample, double high) {
                 coefficients_[first + power * functionCount_ + f] += matrix[power][k] * values[f];
         }
     }
-    // Between two Chebyshev points, near an end and near the middle, where errors are greatest.
+    // Between two Chebyshev points, near an end and near the middle, where errors are largest.
     double error = 0;
     for (const double within : {-0.95, 0.31}) {
         if (!take(within)) return missing;
@@ -139,7 +139,7 @@ double Expansion::at(std::size_t function, Place place) const { return within(fu
 void Expansion::all(Place place, std::span<double> values) const {
     const double* from = &coefficients_[place.cell * count * functionCount_];
     const double square = place.within * place.within;
-    std::array<double, mostFunctions> odd;
+    std::array<double, maxFunctions> odd;
     std::fill_n(values.begin(), functionCount_, 0.0);
     std::fill_n(odd.begin(), functionCount_, 0.0);
     for (std::size_t power = count; power > 0; power -= 2) {

@@ -13,7 +13,7 @@ namespace marvello::fluids {
 class Expansion {
   public:
     static constexpr std::size_t coefficientCount = 10;
-    static constexpr std::size_t mostFunctions = 24;
+    static constexpr std::size_t maxFunctions = 24;
 
     /// The functions' values at a place; false where they have none.
     using Sample = std::function<bool(double place, std::span<double> values)>;
@@ -21,8 +21,8 @@ class Expansion {
     struct Build {
         std::vector<double> borders;  ///< of the first cells, rising
         std::size_t functionCount = 1;
-        double tolerance = 1e-12;  ///< greatest error to accept, absolute
-        double leastWidth = 1e-3;  ///< a cell as narrow as this stays as it is
+        double tolerance = 1e-12;  ///< largest error to accept, absolute
+        double minWidth = 1e-3;    ///< a cell as narrow as this stays as it is
     };
 
     Expansion() = default;
@@ -34,7 +34,7 @@ class Expansion {
     double begin() const { return borders_.front(); }
     double end() const { return borders_.back(); }
     std::size_t cellCount() const { return borders_.size() - 1; }
-    /// The greatest error seen where the fit was tried out.
+    /// The largest error seen where the fit was tried out.
     double error() const { return error_; }
 
     struct Place {

@@ -11,9 +11,9 @@
 namespace marvello::fluids {
 namespace {
 
-constexpr double onTheLine = 1e-9;       // relative distance from the saturation pressure that counts as none
-constexpr double pressureLeast = 1e-12;  // kPa, keeps the densities far from the smallest doubles
-constexpr double coldestBlend = 150;     // K; component equations are used below their triple points
+constexpr double onTheLine = 1e-9;     // relative distance from the saturation pressure that counts as none
+constexpr double minPressure = 1e-12;  // kPa, keeps the densities far from the smallest doubles
+constexpr double coldestBlend = 150;   // K; component equations are used below their triple points
 
 [[noreturn]] void refuse(const std::string& text) { throw PropertyError(Fault::outOfRange, text); }
 
@@ -34,7 +34,7 @@ TwoPhases between(const TwoPhases& from, const TwoPhases& to, double part) {
                     geometric(from.firstDensity, to.firstDensity),
                     geometric(from.secondDensity, to.secondDensity),
                     {}};
-    for (std::size_t i = 0; i < mostComponents; ++i) state.logK[i] = linear(from.logK[i], to.logK[i]);
+    for (std::size_t i = 0; i < maxComponents; ++i) state.logK[i] = linear(from.logK[i], to.logK[i]);
     return state;
 }
 
@@ -71,20 +71,26 @@ Flash::Flash(Mixture mixture, std::span<const double> z)
     }
     limits_ = {boundary_->temperatureMin(), smallest(&PureFluid::temperatureExtrapolated),
                smallest(&PureFluid::pressureMax)};
-    densityMax_ = greatestDensity();
+    densityMax_ = maxDensity();
 }
 
 Flash::Shift Flash::shiftFor(ReferenceState reference) {
-    constexpr double zero = 273.15;
+    // IIR: 200 kJ/kg and 1 kJ/(kg K) for the liquid at 0 degrees Celsius. ASHRAE: 0 and 0 at -40. NBP: 0 and
+    // 0 at the normal boiling point.
+    constexpr double iirTemperature = 273.15;
+    constexpr double iirEnthalpy = 200;
+    constexpr double ashraeTemperature = iirTemperature - 40;
+    constexpr double normalPressure = 101.325;
     const SaturationPoint point =
         reference == ReferenceState::nbp
-            ? boundary_->atPressure(101.325, Side::bubble)
-            : boundary_->atTemperature(reference == ReferenceState::iir ? zero : zero - 40, Side::bubble);
+            ? boundary_->atPressure(normalPressure, Side::bubble)
+            : boundary_->atTemperature(reference == ReferenceState::iir ? iirTemperature : ashraeTemperature,
+                                       Side::bubble);
     phase_.setTemperature(point.temperature);
     const PhaseState liquid = phase_.state(point.liquidDensity);
     const double mass =
         reference == ReferenceState::iir ? phase_.molarMass() : 0;  // kJ/kg times g/mol is J/mol
-    return {200 * mass - liquid.enthalpy, mass - liquid.entropy};
+    return {iirEnthalpy * mass - liquid.enthalpy, mass - liquid.entropy};
 }
 
 void Flash::checkTemperature(double temperature) const {
@@ -95,24 +101,27 @@ void Flash::checkTemperature(double temperature) const {
 }
 
 void Flash::checkPressure(double pressure) const {
-    if (!(pressure >= pressureLeast && pressure <= limits_.pressureMax)) {
+    if (!(pressure >= minPressure && pressure <= limits_.pressureMax)) {
         refuse("The pressure " + inText(pressure) + " kPa lies outside the range of " + name_ +
                ", above 0 to " + inText(limits_.pressureMax) + " kPa.");
     }
 }
 
 /// The density at the lowest temperature and highest pressure, with a little room.
-double Flash::greatestDensity() {
+double Flash::maxDensity() {
     phase_.setTemperature(limits_.temperatureMin);
     const double wanted = limits_.pressureMax / (phase_.gasConstant() * limits_.temperatureMin);
+    constexpr int steps = 40;
+    constexpr double growth = 1.05;
+    constexpr double margin = 1.01;
     double high = boundary_->liquidDensityFloor(limits_.temperatureMin);
-    for (int i = 0; i < 40 && phase_.reducedPressure(high).value < wanted; ++i) high *= 1.05;
-    return high * 1.01;
+    for (int i = 0; i < steps && phase_.reducedPressure(high).value < wanted; ++i) high *= growth;
+    return high * margin;
 }
 
 Flash::Bracket Flash::densities(double temperature, double vapourCeiling) const {
     if (vapourCeiling > 0) return {0, vapourCeiling};
-    const bool mayBoil = temperature < boundary_->temperatureMost();
+    const bool mayBoil = temperature < boundary_->temperatureMax();
     return {mayBoil ? boundary_->liquidDensityFloor(temperature) : 0, densityMax_};
 }
 
@@ -153,20 +162,21 @@ FluidState Flash::twoPhase(const SaturationPoint& point, double quality) {
     phase_.setTemperature(point.temperature);
     const PhaseState liquid = phase_.state(point.liquidDensity);
     const PhaseState vapour = phase_.state(point.vapourDensity);
-    return wet({point.temperature, point.pressure, quality, point.liquidDensity, point.vapourDensity, {}},
-               {liquid.enthalpy + quality * (vapour.enthalpy - liquid.enthalpy),
-                liquid.entropy + quality * (vapour.entropy - liquid.entropy)});
+    return twoPhaseState(
+        {point.temperature, point.pressure, quality, point.liquidDensity, point.vapourDensity, {}},
+        {liquid.enthalpy + quality * (vapour.enthalpy - liquid.enthalpy),
+         liquid.entropy + quality * (vapour.entropy - liquid.entropy)});
 }
 
-FluidState Flash::twoPhase(const WetSearch& search) {
-    TwoPhases phases = solveWet(search);
+FluidState Flash::twoPhase(const TwoPhaseSearch& search) {
+    TwoPhases phases = solveTwoPhase(search);
     for (const Condition& known : {search.fixed, search.wanted}) {
         if (known.of == Condition::Of::pressure) phases.pressure = known.value;
     }
-    return wet(phases, equilibrium_->heatsOf(phases));
+    return twoPhaseState(phases, equilibrium_->enthalpyEntropy(phases));
 }
 
-FluidState Flash::wet(const TwoPhases& phases, const Equilibrium::Heats& heats) const {
+FluidState Flash::twoPhaseState(const TwoPhases& phases, const Equilibrium::EnthalpyEntropy& values) const {
     FluidState found;
     found.temperature = phases.temperature;
     found.pressure = phases.pressure;
@@ -174,8 +184,8 @@ FluidState Flash::wet(const TwoPhases& phases, const Equilibrium::Heats& heats) 
     found.liquidDensity = phases.firstDensity;
     found.vapourDensity = phases.secondDensity;
     found.quality = phases.share;
-    found.enthalpy = heats.enthalpy + shift_.enthalpy;
-    found.entropy = heats.entropy + shift_.entropy;
+    found.enthalpy = values.enthalpy + shift_.enthalpy;
+    found.entropy = values.entropy + shift_.entropy;
     found.energy = found.enthalpy - phases.pressure / found.density;
     found.cv = found.cp = found.soundSpeed = undefined;
     found.logK = phases.logK;
@@ -183,14 +193,14 @@ FluidState Flash::wet(const TwoPhases& phases, const Equilibrium::Heats& heats) 
 }
 
 /// Newton's method from between both known states; where it strays, small steps from one of them.
-TwoPhases Flash::solveWet(const WetSearch& search) {
+TwoPhases Flash::solveTwoPhase(const TwoPhaseSearch& search) {
     constexpr double atCritical = 3e-5;
     const double lever =
         std::clamp((search.wanted.value - search.valueFrom) / (search.valueTo - search.valueFrom), 0.0, 1.0);
     const TwoPhases guess = between(search.from, search.to, lever);
-    if (const auto found = solveSound(guess, search.wanted.value, search)) return *found;
-    if (const auto found = creep(search.from, search.valueFrom, search)) return *found;
-    if (const auto found = creep(search.to, search.valueTo, search)) return *found;
+    if (const auto found = solveStable(guess, search.wanted.value, search)) return *found;
+    if (const auto found = continueFrom(search.from, search.valueFrom, search)) return *found;
+    if (const auto found = continueFrom(search.to, search.valueTo, search)) return *found;
     // There the phases are one but for rounding, and both ends but for less than that.
     if (std::abs(guess.temperature / boundary_->critical().temperature - 1) < atCritical) return guess;
     throw PropertyError(Fault::noConvergence, "The two phases of " + name_ + " near " +
@@ -199,7 +209,8 @@ TwoPhases Flash::solveWet(const WetSearch& search) {
 }
 
 /// The state where the wanted property has `value`, or none where it is no state between the ends.
-std::optional<TwoPhases> Flash::solveSound(const TwoPhases& guess, double value, const WetSearch& search) {
+std::optional<TwoPhases> Flash::solveStable(const TwoPhases& guess, double value,
+                                            const TwoPhaseSearch& search) {
     const auto found = equilibrium_->solve(guess, {search.fixed, {search.wanted.of, value}});
     if (!found || !liesBetween(*found, search.from, search.to) || !equilibrium_->isStable())
         return std::nullopt;
@@ -208,12 +219,12 @@ std::optional<TwoPhases> Flash::solveSound(const TwoPhases& guess, double value,
 
 /// From a state where the wanted property has `value` to where it is as wanted, in steps short enough for
 /// Newton's method.
-std::optional<TwoPhases> Flash::creep(TwoPhases state, double value, const WetSearch& search) {
+std::optional<TwoPhases> Flash::continueFrom(TwoPhases state, double value, const TwoPhaseSearch& search) {
     constexpr double shortest = 1e-4;
     double part = 0;
     for (double step = 0.25; part < 1 && step > shortest;) {
         const double next = std::min(1.0, part + step);
-        const auto found = solveSound(state, value + next * (search.wanted.value - value), search);
+        const auto found = solveStable(state, value + next * (search.wanted.value - value), search);
         if (found) {
             state = *found;
             part = next;
@@ -229,12 +240,12 @@ std::optional<TwoPhases> Flash::creep(TwoPhases state, double value, const WetSe
 TwoPhases Flash::coldestAt(double pressure) {
     const double temperature = boundary_->temperatureMin();
     const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
-    return solveWet({{Condition::Of::temperature, temperature},
-                     {Condition::Of::pressure, pressure},
-                     phasesAt(cut.liquid),
-                     phasesAt(cut.vapour),
-                     cut.liquid.point.pressure,
-                     cut.vapour.point.pressure});
+    return solveTwoPhase({{Condition::Of::temperature, temperature},
+                          {Condition::Of::pressure, pressure},
+                          phasesAt(cut.liquid),
+                          phasesAt(cut.vapour),
+                          cut.liquid.point.pressure,
+                          cut.vapour.point.pressure});
 }
 
 PhaseState Flash::stateAt(const PhaseBoundary::End& end) {
@@ -248,7 +259,7 @@ FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
     const double gasDensity = pressure / (phase_.gasConstant() * temperature);
     double ceiling = 0;
     double guess = gasDensity;
-    if (temperature < boundary_->temperatureMost()) {
+    if (temperature < boundary_->temperatureMax()) {
         const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
         const SaturationPoint& dew = cut.vapour.point;
         const SaturationPoint& bubble = cut.liquid.point;
@@ -282,51 +293,54 @@ FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
     return single(state, qualityName(temperature, pressure, state.density));
 }
 
-double Flash::heatOf(const PhaseState& state, Heat heat) {
-    return heat == Heat::enthalpy ? state.enthalpy : state.entropy;
+double Flash::valueOf(const PhaseState& state, Property property) {
+    return property == Property::enthalpy ? state.enthalpy : state.entropy;
 }
 
-Condition::Of Flash::conditionOf(Heat heat) {
-    return heat == Heat::enthalpy ? Condition::Of::enthalpy : Condition::Of::entropy;
+Condition::Of Flash::conditionOf(Property property) {
+    return property == Property::enthalpy ? Condition::Of::enthalpy : Condition::Of::entropy;
 }
 
 FluidState Flash::atPressureEnthalpy(double pressure, double enthalpy) {
-    return atPressureHeat(pressure, Heat::enthalpy, enthalpy - shift_.enthalpy);
+    return atPressureAnd(pressure, Property::enthalpy, enthalpy - shift_.enthalpy);
 }
 
 FluidState Flash::atPressureEntropy(double pressure, double entropy) {
-    return atPressureHeat(pressure, Heat::entropy, entropy - shift_.entropy);
+    return atPressureAnd(pressure, Property::entropy, entropy - shift_.entropy);
 }
 
 /// `wanted` is on the equation's own zero.
-FluidState Flash::atPressureHeat(double pressure, Heat heat, double wanted) {
+FluidState Flash::atPressureAnd(double pressure, Property property, double wanted) {
     checkPressure(pressure);
+    constexpr double firstGuess = 1.2;    // of the critical temperature
+    constexpr double vapourMargin = 1.1;  // over the density of the ideal gas, below the dew pressure
     const double hottest = limits_.temperatureMax;
     const double coldest = limits_.temperatureMin;
     const double gasDensity = pressure / phase_.gasConstant();  // times 1/T
-    const double guess = 1.2 * boundary_->critical().temperature;
-    if (pressure >= boundary_->pressureMost())
-        return searchIsobar(pressure, heat, wanted, {coldest, hottest, guess, gasDensity / guess, 0});
+    const double guess = firstGuess * boundary_->critical().temperature;
+    if (pressure >= boundary_->pressureMax())
+        return searchIsobar(pressure, property, wanted, {coldest, hottest, guess, gasDensity / guess, 0});
     if (pressure < boundary_->pressureMin(Side::dew)) {
-        return searchIsobar(pressure, heat, wanted,
-                            {coldest, hottest, guess, gasDensity / guess, 1.1 * gasDensity / coldest});
+        return searchIsobar(
+            pressure, property, wanted,
+            {coldest, hottest, guess, gasDensity / guess, vapourMargin * gasDensity / coldest});
     }
     if (pressure < boundary_->pressureMin(Side::bubble))
-        return aboveColdEnd(boundary_->vapourEndAtPressure(pressure), heat, wanted);
-    return betweenEnds(boundary_->cutAtPressure(pressure), heat, wanted);
+        return aboveColdEnd(boundary_->vapourEndAtPressure(pressure), property, wanted);
+    return betweenEnds(boundary_->cutAtPressure(pressure), property, wanted);
 }
 
 /// On an isobar that meets both ends of the two-phase region, in it or next to it.
-FluidState Flash::betweenEnds(const PhaseBoundary::Cut& cut, Heat heat, double wanted) {
+FluidState Flash::betweenEnds(const PhaseBoundary::Cut& cut, Property property, double wanted) {
     const PhaseState vapour = stateAt(cut.vapour);
-    const double ofVapour = heatOf(vapour, heat);
-    if (wanted > ofVapour) return besideEnd(cut.vapour, vapour, heat, wanted);
+    const double ofVapour = valueOf(vapour, property);
+    if (wanted > ofVapour) return nextToEnd(cut.vapour, vapour, property, wanted);
     const PhaseState liquid = stateAt(cut.liquid);
-    const double ofLiquid = heatOf(liquid, heat);
-    if (wanted < ofLiquid) return besideEnd(cut.liquid, liquid, heat, wanted);
+    const double ofLiquid = valueOf(liquid, property);
+    if (wanted < ofLiquid) return nextToEnd(cut.liquid, liquid, property, wanted);
     if (!equilibrium_) return twoPhase(cut.vapour.point, (wanted - ofLiquid) / (ofVapour - ofLiquid));
     return twoPhase({{Condition::Of::pressure, cut.vapour.point.pressure},
-                     {conditionOf(heat), wanted},
+                     {conditionOf(property), wanted},
                      phasesAt(cut.liquid),
                      phasesAt(cut.vapour),
                      ofLiquid,
@@ -334,27 +348,29 @@ FluidState Flash::betweenEnds(const PhaseBoundary::Cut& cut, Heat heat, double w
 }
 
 /// On an isobar of a blend that is still in the two-phase region at the lowest temperature.
-FluidState Flash::aboveColdEnd(const PhaseBoundary::End& end, Heat heat, double wanted) {
+FluidState Flash::aboveColdEnd(const PhaseBoundary::End& end, Property property, double wanted) {
     const PhaseState vapour = stateAt(end);
-    const double ofVapour = heatOf(vapour, heat);
-    if (wanted > ofVapour) return besideEnd(end, vapour, heat, wanted);
+    const double ofVapour = valueOf(vapour, property);
+    if (wanted > ofVapour) return nextToEnd(end, vapour, property, wanted);
     const TwoPhases cold = coldestAt(end.point.pressure);
-    const Equilibrium::Heats heats = equilibrium_->heatsOf(cold);
-    const double least = heat == Heat::enthalpy ? heats.enthalpy : heats.entropy;
-    if (wanted < least) refuse("The state lies below the temperature range of " + name_ + ".");
+    const Equilibrium::EnthalpyEntropy values = equilibrium_->enthalpyEntropy(cold);
+    const double atCold = property == Property::enthalpy ? values.enthalpy : values.entropy;
+    if (wanted < atCold) refuse("The state lies below the temperature range of " + name_ + ".");
     return twoPhase({{Condition::Of::pressure, end.point.pressure},
-                     {conditionOf(heat), wanted},
+                     {conditionOf(property), wanted},
                      cold,
                      phasesAt(end),
-                     least,
+                     atCold,
                      ofVapour});
 }
 
 /// From an end of the two-phase region, where the state is `edge`, along the isobar away from it.
-FluidState Flash::besideEnd(const PhaseBoundary::End& end, PhaseState edge, Heat heat, double wanted) {
+FluidState Flash::nextToEnd(const PhaseBoundary::End& end, PhaseState edge, Property property,
+                            double wanted) {
     const double pressure = end.point.pressure;
     const double temperature = end.point.temperature;
-    const double difference = (wanted - heatOf(edge, heat)) * (heat == Heat::enthalpy ? 1 : temperature);
+    const double difference =
+        (wanted - valueOf(edge, property)) * (property == Property::enthalpy ? 1 : temperature);
     // Less than rounding from the end, where near the critical point the density would be anything.
     if (std::abs(difference) <= 1e-12 * edge.cp * temperature) {
         edge.pressure = pressure;
@@ -368,12 +384,13 @@ FluidState Flash::besideEnd(const PhaseBoundary::End& end, PhaseState edge, Heat
     range.low = isVapour ? temperature : limits_.temperatureMin;
     range.high = isVapour ? limits_.temperatureMax : temperature;
     range.vapourCeiling = isVapour ? edge.density * (1 + 1e-5) : 0;
-    return searchIsobar(pressure, heat, wanted, range);
+    return searchIsobar(pressure, property, wanted, range);
 }
 
 /// Newton's method on temperature and density at once; from a good guess four or five evaluations. None where
 /// a step leaves the range or the phase.
-std::optional<PhaseState> Flash::slide(double pressure, Heat heat, double wanted, const IsobarRange& range) {
+std::optional<PhaseState> Flash::newtonOnIsobar(double pressure, Property property, double wanted,
+                                                const IsobarRange& range) {
     constexpr int steps = 8;
     constexpr double converged = 1e-8;  // what is left after a step is of the order of its square
     double temperature = range.guess;
@@ -390,23 +407,25 @@ std::optional<PhaseState> Flash::slide(double pressure, Heat heat, double wanted
         // dh = cp dT + (1 - T a)/rho dp and ds = cp/T dT - a/rho dp, with the expansion a at constant
         // pressure.
         const double expansion = state.pressureByTemperature / (density * state.pressureByDensity);
-        const bool isEnthalpy = heat == Heat::enthalpy;
+        const bool isEnthalpy = property == Property::enthalpy;
         const double byTemperature = isEnthalpy ? state.cp : state.cp / temperature;
         const double byPressure =
             ((isEnthalpy ? 1 : 0) - (isEnthalpy ? temperature : 1) * expansion) / density;
         const double missing = pressure - state.pressure;
-        const double warmer = (wanted - heatOf(state, heat) - byPressure * missing) / byTemperature;
-        const double denser = (missing - state.pressureByTemperature * warmer) / state.pressureByDensity;
-        temperature += warmer;
-        density += denser;
-        lastStep = std::max(std::abs(warmer) / temperature, std::abs(denser) / density);
+        const double temperatureStep =
+            (wanted - valueOf(state, property) - byPressure * missing) / byTemperature;
+        const double densityStep =
+            (missing - state.pressureByTemperature * temperatureStep) / state.pressureByDensity;
+        temperature += temperatureStep;
+        density += densityStep;
+        lastStep = std::max(std::abs(temperatureStep) / temperature, std::abs(densityStep) / density);
     }
     return std::nullopt;
 }
 
 /// Where sliding fails: Newton's method on the temperature, with the density solved for at each step.
-FluidState Flash::searchIsobar(double pressure, Heat heat, double wanted, const IsobarRange& range) {
-    if (auto found = slide(pressure, heat, wanted, range)) {
+FluidState Flash::searchIsobar(double pressure, Property property, double wanted, const IsobarRange& range) {
+    if (auto found = newtonOnIsobar(pressure, property, wanted, range)) {
         found->pressure = pressure;
         return single(*found, qualityName(found->temperature, pressure, found->density));
     }
@@ -419,12 +438,12 @@ FluidState Flash::searchIsobar(double pressure, Heat heat, double wanted, const 
         phase_.setTemperature(temperature);
         state = phase_.state(densityAt(pressure, densities(temperature, range.vapourCeiling), guess));
         densityByTemperature = -state.pressureByTemperature / state.pressureByDensity;
-        return heat == Heat::enthalpy ? Slope{state.enthalpy - wanted, state.cp}
-                                      : Slope{state.entropy - wanted, state.cp / temperature};
+        return property == Property::enthalpy ? Slope{state.enthalpy - wanted, state.cp}
+                                              : Slope{state.entropy - wanted, state.cp / temperature};
     };
     moveTo(findIncreasingRoot(range.low, range.high, range.guess, moveTo));
-    const double miss =
-        heat == Heat::enthalpy ? (state.enthalpy - wanted) / state.temperature : state.entropy - wanted;
+    const double miss = property == Property::enthalpy ? (state.enthalpy - wanted) / state.temperature
+                                                       : state.entropy - wanted;
     if (std::abs(miss) > 1e-6 * (state.cp + std::abs(state.entropy))) {
         refuse("The state lies outside the temperature range of " + name_ + ".");
     }
@@ -436,13 +455,13 @@ FluidState Flash::atTemperatureEntropy(double temperature, double entropy) {
     checkTemperature(temperature);
     const double wanted = entropy - shift_.entropy;
     const double gas = phase_.gasConstant();
-    const double least = pressureLeast / (gas * temperature);
-    if (temperature >= boundary_->temperatureMost()) {
+    const double minDensity = minPressure / (gas * temperature);
+    if (temperature >= boundary_->temperatureMax()) {
         phase_.setTemperature(temperature);
         const double density = boundary_->critical().density;
         const double guess =
             density * std::exp(std::clamp((phase_.state(density).entropy - wanted) / gas, -60.0, 2.0));
-        return searchIsotherm(temperature, wanted, least, densityMax_, guess);
+        return searchIsotherm(temperature, wanted, minDensity, densityMax_, guess);
     }
     const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
     const double ofLiquid = stateAt(cut.liquid).entropy;
@@ -464,7 +483,7 @@ FluidState Flash::atTemperatureEntropy(double temperature, double entropy) {
                               cut.liquid.density);
     }
     const double guess = cut.vapour.density * std::exp(std::max((ofVapour - wanted) / gas, -600.0));
-    return searchIsotherm(temperature, wanted, least, cut.vapour.density * (1 + 1e-5), guess);
+    return searchIsotherm(temperature, wanted, minDensity, cut.vapour.density * (1 + 1e-5), guess);
 }
 
 /// Over the logarithm of the density, in which the entropy of a gas is a straight line.

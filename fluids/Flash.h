@@ -11,7 +11,7 @@
 
 namespace marvello::fluids {
 
-/// What stands for a number that is not defined, such as a heat capacity in the two-phase region.
+/// The marker of a number that is not defined, such as a heat capacity in the two-phase region.
 inline constexpr double undefined = -9999990;
 
 /// Quality of a single phase, where none is defined.
@@ -85,7 +85,7 @@ class Flash {
     FluidState atTemperatureEntropy(double temperature, double entropy);
 
   private:
-    enum class Heat { enthalpy, entropy };
+    enum class Property { enthalpy, entropy };
     /// Densities between which the pressure rises at a temperature.
     struct Bracket {
         double low = 0;
@@ -107,7 +107,7 @@ class Flash {
     };
     /// A search along a line through the two-phase region of a blend, between two states known: its ends, or
     /// the state at the lowest temperature.
-    struct WetSearch {
+    struct TwoPhaseSearch {
         Condition fixed;   ///< temperature or pressure
         Condition wanted;  ///< the other property
         TwoPhases from, to;
@@ -115,28 +115,29 @@ class Flash {
         double valueTo = 0;
     };
 
-    static double heatOf(const PhaseState& state, Heat heat);
-    static Condition::Of conditionOf(Heat heat);
+    static double valueOf(const PhaseState& state, Property property);
+    static Condition::Of conditionOf(Property property);
     void checkTemperature(double temperature) const;
     void checkPressure(double pressure) const;
     Bracket densities(double temperature, double vapourCeiling) const;
     double densityAt(double pressure, const Bracket& bracket, double guess);
-    double greatestDensity();
+    double maxDensity();
     PhaseState stateAt(const PhaseBoundary::End& end);
     FluidState single(const PhaseState& state, double quality) const;
     FluidState twoPhase(const SaturationPoint& point, double quality);
-    FluidState twoPhase(const WetSearch& search);
-    FluidState wet(const TwoPhases& phases, const Equilibrium::Heats& heats) const;
-    TwoPhases solveWet(const WetSearch& search);
-    std::optional<TwoPhases> solveSound(const TwoPhases& guess, double value, const WetSearch& search);
-    std::optional<TwoPhases> creep(TwoPhases state, double value, const WetSearch& search);
+    FluidState twoPhase(const TwoPhaseSearch& search);
+    FluidState twoPhaseState(const TwoPhases& phases, const Equilibrium::EnthalpyEntropy& values) const;
+    TwoPhases solveTwoPhase(const TwoPhaseSearch& search);
+    std::optional<TwoPhases> solveStable(const TwoPhases& guess, double value, const TwoPhaseSearch& search);
+    std::optional<TwoPhases> continueFrom(TwoPhases state, double value, const TwoPhaseSearch& search);
     TwoPhases coldestAt(double pressure);
-    FluidState atPressureHeat(double pressure, Heat heat, double wanted);
-    FluidState besideEnd(const PhaseBoundary::End& end, PhaseState edge, Heat heat, double wanted);
-    FluidState betweenEnds(const PhaseBoundary::Cut& cut, Heat heat, double wanted);
-    FluidState aboveColdEnd(const PhaseBoundary::End& vapour, Heat heat, double wanted);
-    std::optional<PhaseState> slide(double pressure, Heat heat, double wanted, const IsobarRange& range);
-    FluidState searchIsobar(double pressure, Heat heat, double wanted, const IsobarRange& range);
+    FluidState atPressureAnd(double pressure, Property property, double wanted);
+    FluidState nextToEnd(const PhaseBoundary::End& end, PhaseState edge, Property property, double wanted);
+    FluidState betweenEnds(const PhaseBoundary::Cut& cut, Property property, double wanted);
+    FluidState aboveColdEnd(const PhaseBoundary::End& vapour, Property property, double wanted);
+    std::optional<PhaseState> newtonOnIsobar(double pressure, Property property, double wanted,
+                                             const IsobarRange& range);
+    FluidState searchIsobar(double pressure, Property property, double wanted, const IsobarRange& range);
     FluidState searchIsotherm(double temperature, double entropy, double low, double high, double guess);
     double qualityName(double temperature, double pressure, double density) const;
 
@@ -146,7 +147,7 @@ class Flash {
     std::unique_ptr<PhaseBoundary> boundary_;
     std::string name_;
     Limits limits_;
-    double densityMax_ = 0;  ///< the greatest density of the equation's range
+    double densityMax_ = 0;  ///< the largest density of the equation's range
     Shift shift_;
 };
 

@@ -146,8 +146,4 @@ PureFluid readFluidFile(const std::filesystem::path& path) {
     return readFluid(JsonFile(path, fluidFormat).root());
 }
 
-PureFluid readFluidText(const std::string& text, const std::string& name) {
-    return readFluid(JsonFile(text, name, fluidFormat).root());
-}
-
 }  // namespace marvello::fluids

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
 
 #include "fluids/PureFluid.h"
 
@@ -9,13 +8,10 @@ namespace marvello::fluids {
 
 class JsonField;
 
-/// Reads a fluid file (its layout is told in docs/fluids.md). Throws PropertyError with the file, the line or
+/// Reads a fluid file (docs/fluids.md describes its layout). Throws PropertyError with the file, the line or
 /// the field, and the reason, when the file is missing, is no fluid file, or holds a value that makes no
 /// sense.
 PureFluid readFluidFile(const std::filesystem::path& path);
-
-/// The same of the text of a fluid file, which complaints call `name`.
-PureFluid readFluidText(const std::string& text, const std::string& name);
 
 /// Reads one term of a residual part or of a departure function; throws as readFluidFile() does.
 ResidualTerm readResidualTerm(const JsonField& field);

@@ -17,7 +17,7 @@ namespace {
 using nlohmann::json;
 
 constexpr std::uintmax_t largestFile = 1'000'000;  // bytes; the largest file takes less than a fiftieth
-constexpr std::size_t mostEntries = 200;
+constexpr std::size_t maxEntries = 200;
 
 [[noreturn]] void refuseFile(const std::string& file, const std::string& reason) {
     throw PropertyError(Fault::fluidFile, file + ": " + reason + ".");
@@ -66,7 +66,7 @@ bool JsonField::has(const std::string& key) const { return value_->is_object() &
 
 std::vector<std::string> JsonField::keys() const {
     if (!value_->is_object()) refuse("is not an object");
-    if (value_->size() > mostEntries) refuse("has more than " + std::to_string(mostEntries) + " entries");
+    if (value_->size() > maxEntries) refuse("has more than " + std::to_string(maxEntries) + " entries");
     std::vector<std::string> found;
     for (const auto& member : value_->items()) found.push_back(member.key());
     return found;
@@ -100,7 +100,7 @@ std::string JsonField::text() const {
 
 std::size_t JsonField::size() const {
     if (!value_->is_array()) refuse("is not a list");
-    if (value_->size() > mostEntries) refuse("has more than " + std::to_string(mostEntries) + " entries");
+    if (value_->size() > maxEntries) refuse("has more than " + std::to_string(maxEntries) + " entries");
     return value_->size();
 }
 
@@ -109,10 +109,7 @@ JsonField JsonField::entry(std::size_t index) const {
 }
 
 JsonFile::JsonFile(const std::filesystem::path& path, const std::string& format)
-    : JsonFile(readWhole(path), path.string(), format) {}
-
-JsonFile::JsonFile(const std::string& text, std::string name, const std::string& format)
-    : name_(std::move(name)), content_(std::make_unique<const json>(parse(text, name_))) {
+    : name_(path.string()), content_(std::make_unique<const json>(parse(readWhole(path), name_))) {
     const JsonField kind = root().at("format");
     if (kind.text() != format) kind.refuse("is not \"" + format + "\"");
     const JsonField version = root().at("version");

@@ -52,14 +52,12 @@ class JsonField {
     std::string name_;
 };
 
-/// A JSON file of the library in memory: an object whose `format` tells what it is, of version 1.
+/// A JSON file of the library in memory: an object whose `format` says what it is, of version 1.
 class JsonFile {
   public:
     /// Throws PropertyError with the file, the line or the field, and the reason, if the file is missing,
     /// is no JSON, or is of another format.
     JsonFile(const std::filesystem::path& path, const std::string& format);
-    /// Of the text of a file, which complaints call `name`.
-    JsonFile(const std::string& text, std::string name, const std::string& format);
     ~JsonFile();
     JsonFile(const JsonFile&) = delete;
     JsonFile& operator=(const JsonFile&) = delete;

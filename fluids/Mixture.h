@@ -12,13 +12,13 @@
 namespace marvello::fluids {
 
 /// The most components that the arrays of the C functions hold.
-inline constexpr std::size_t mostComponents = 20;
+inline constexpr std::size_t maxComponents = 20;
 
 /// One number for each component; those beyond the mixture's size are not used.
-using PerComponent = std::array<double, mostComponents>;
+using PerComponent = std::array<double, maxComponents>;
 
 /// A number for each pair of components, row by row.
-using PerPair = std::array<PerComponent, mostComponents>;
+using PerPair = std::array<PerComponent, maxComponents>;
 
 /// A reducing function of the composition with its derivatives, all mole fractions taken as independent.
 struct ReducingFunction {

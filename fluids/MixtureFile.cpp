@@ -17,7 +17,7 @@ constexpr const char* mixtureFormat = "marvello-mixture";
 
 using Departures = std::map<std::string, std::vector<ResidualTerm>, std::less<>>;
 
-/// A pair as it stands in the file, in the order of its parameters.
+/// A pair of the file, in the order of its parameters.
 struct NamedPair {
     std::string first;
     std::string second;
@@ -81,10 +81,10 @@ PairInteraction interactionOf(const std::string& first, const std::string& secon
     for (const NamedPair& pair : pairs) {
         if (pair.is(first, second)) return pair.interaction;
         if (pair.is(second, first)) {
-            PairInteraction turned = pair.interaction;
-            turned.betaT = 1 / turned.betaT;
-            turned.betaV = 1 / turned.betaV;
-            return turned;
+            PairInteraction reversed = pair.interaction;
+            reversed.betaT = 1 / reversed.betaT;
+            reversed.betaV = 1 / reversed.betaV;
+            return reversed;
         }
     }
     root.refuse("there is no pair of " + first + " and " + second);
@@ -111,11 +111,6 @@ MixtureModel readModel(const JsonField& root, const std::vector<std::string>& fl
 
 MixtureModel readMixtureFile(const std::filesystem::path& path, const std::vector<std::string>& fluids) {
     return readModel(JsonFile(path, mixtureFormat).root(), fluids);
-}
-
-MixtureModel readMixtureText(const std::string& text, const std::string& name,
-                             const std::vector<std::string>& fluids) {
-    return readModel(JsonFile(text, name, mixtureFormat).root(), fluids);
 }
 
 }  // namespace marvello::fluids

@@ -14,15 +14,11 @@ struct MixtureModel {
     std::vector<PairInteraction> pairs;  ///< in the order (0,1), (0,2), ..., (1,2), ...
 };
 
-/// Reads from a mixture file (its layout is told in docs/fluids.md) the pairs of the components named, which
+/// Reads from a mixture file (docs/fluids.md describes its layout) the pairs of the components named, which
 /// are the names of fluid files without regard to case. A pair that the file has in the other order is
-/// turned; a fluid named twice has nothing but 1 with itself. Throws PropertyError with the file, the line or
-/// the field, and the reason, when the file is missing, is no mixture file, holds a value that makes no
+/// reversed; a fluid named twice has nothing but 1 with itself. Throws PropertyError with the file, the line
+/// or the field, and the reason, when the file is missing, is no mixture file, holds a value that makes no
 /// sense, has a pair twice, or lacks one of those asked for.
 MixtureModel readMixtureFile(const std::filesystem::path& path, const std::vector<std::string>& fluids);
-
-/// The same of the text of a mixture file, which complaints call `name`.
-MixtureModel readMixtureText(const std::string& text, const std::string& name,
-                             const std::vector<std::string>& fluids);
 
 }  // namespace marvello::fluids

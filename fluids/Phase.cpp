@@ -73,12 +73,14 @@ PhaseState Phase::state(double density) {
 
 double Phase::liquidDensity(double reducedPressure, double dense) const {
     constexpr int steps = 100;
+    constexpr double outward = 0.02;  // of the density, where the pressure falls with it
+    constexpr double largestStep = 0.1;
     double density = dense;
     for (int i = 0; i < steps; ++i) {
         const ReducedPressure here = this->reducedPressure(density);
         const double change =
-            here.byDensity > 0 ? (reducedPressure - here.value) / here.byDensity : 0.02 * density;
-        density = std::clamp(density + change, 0.9 * density, 1.1 * density);
+            here.byDensity > 0 ? (reducedPressure - here.value) / here.byDensity : outward * density;
+        density = std::clamp(density + change, (1 - largestStep) * density, (1 + largestStep) * density);
         if (std::abs(change) < 1e-9 * density) break;
     }
     return density;

@@ -50,6 +50,8 @@ class Phase {
     ReducedPressure reducedPressure(double density) const;
     PhaseState state(double density);
 
+    /// Times the critical or the reducing density: denser than any liquid at saturation, to begin from.
+    static constexpr double denseLiquid = 3.5;
     /// The density of a cold liquid at a low p/(R T), approached from `dense`.
     double liquidDensity(double reducedPressure, double dense) const;
 

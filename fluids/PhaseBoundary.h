@@ -37,8 +37,8 @@ class PhaseBoundary {
     double temperatureMin() const { return temperatureMin_; }
     /// The highest temperature and pressure at which there are two phases: those of the critical point for a
     /// pure fluid, a little higher for a blend.
-    double temperatureMost() const { return temperatureMost_; }
-    double pressureMost() const { return pressureMost_; }
+    double temperatureMax() const { return temperatureMax_; }
+    double pressureMax() const { return pressureMax_; }
     /// The pressure of the bubble and of the dew point at the lowest temperature.
     double pressureMin(Side side) const {
         return side == Side::bubble ? bubblePressureMin_ : dewPressureMin_;
@@ -48,15 +48,15 @@ class PhaseBoundary {
     virtual SaturationPoint atTemperature(double temperature, Side side) = 0;
     virtual SaturationPoint atPressure(double pressure, Side side) = 0;
 
-    /// Between temperatureMin() and temperatureMost().
+    /// Between temperatureMin() and temperatureMax().
     virtual Cut cutAtTemperature(double temperature) = 0;
-    /// Between pressureMin(bubble) and pressureMost().
+    /// Between pressureMin(bubble) and pressureMax().
     virtual Cut cutAtPressure(double pressure) = 0;
-    /// The vapour's end alone, between pressureMin(dew) and pressureMost().
+    /// The vapour's end alone, between pressureMin(dew) and pressureMax().
     virtual End vapourEndAtPressure(double pressure) = 0;
 
     /// A density that the liquid does not fall below and is mechanically stable above, for a temperature
-    /// between temperatureMin() and temperatureMost().
+    /// between temperatureMin() and temperatureMax().
     virtual double liquidDensityFloor(double temperature) = 0;
 
   protected:
@@ -66,8 +66,8 @@ class PhaseBoundary {
 
     FluidPoint critical_;
     double temperatureMin_ = 0;
-    double temperatureMost_ = 0;
-    double pressureMost_ = 0;
+    double temperatureMax_ = 0;
+    double pressureMax_ = 0;
     double bubblePressureMin_ = 0;
     double dewPressureMin_ = 0;
 };

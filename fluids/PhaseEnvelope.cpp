@@ -14,12 +14,13 @@ namespace {
 
 /// The functions of the curve; ln K of the components follow.
 enum Function : std::size_t { logTemperature, logPressure, logDensity, firstLogK };
-static_assert(firstLogK + mostComponents <= Expansion::mostFunctions);
+static_assert(firstLogK + maxComponents <= Expansion::maxFunctions);
 
 constexpr double criticalGap = 0.08;  // of u: nearer to the critical point no state is solved
 constexpr double sharpness = 1e-11;   // of the polynomials
-constexpr double leastWidth = 0.03;   // of a cell, in u
-constexpr double warmestEnd = 0.75;   // of the reducing temperature: a curve that ends above is refused
+constexpr double minWidth = 0.03;     // of a cell, in u
+constexpr double maxEnd = 0.75;       // of the reducing temperature: a curve that ends above is refused
+constexpr double warmerBegin = 1.06;  // over the last one, where a fit did not hold
 
 [[noreturn]] void refuse(const std::string& text) { throw PropertyError(Fault::outOfRange, text); }
 
@@ -30,13 +31,13 @@ constexpr double warmestEnd = 0.75;   // of the reducing temperature: a curve th
 
 constexpr Condition feedAlone{Condition::Of::share, 0};
 
-/// How far apart two states are: the greatest difference of a logarithm, the temperature's counted ten times.
+/// How far apart two states are: the largest difference of a logarithm, the temperature's counted ten times.
 double distance(const TwoPhases& one, const TwoPhases& two) {
-    double greatest = std::max(10 * std::abs(std::log(one.temperature / two.temperature)),
-                               std::abs(std::log(one.firstDensity / two.firstDensity)));
-    for (std::size_t i = 0; i < mostComponents; ++i)
-        greatest = std::max(greatest, std::abs(one.logK[i] - two.logK[i]));
-    return greatest;
+    double largest = std::max(10 * std::abs(std::log(one.temperature / two.temperature)),
+                              std::abs(std::log(one.firstDensity / two.firstDensity)));
+    for (std::size_t i = 0; i < maxComponents; ++i)
+        largest = std::max(largest, std::abs(one.logK[i] - two.logK[i]));
+    return largest;
 }
 
 }  // namespace
@@ -53,18 +54,21 @@ PhaseEnvelope::PhaseEnvelope(Phase& phase, Equilibrium& equilibrium, double temp
     }
     // Where the liquid would split in two at the cold end, the curve ends above that.
     while (!fit(tracing)) {
-        temperatureMin_ *= 1.06;
-        if (temperatureMin_ > warmestEnd * phase.reducing().temperature) unknownShape(equilibrium.mixture());
+        temperatureMin_ *= warmerBegin;
+        if (temperatureMin_ > maxEnd * phase.reducing().temperature) unknownShape(equilibrium.mixture());
     }
     findLandmarks(equilibrium.mixture());
 }
 
 /// At a low pressure, where the vapour is nearly ideal: its partial pressures are the liquid's fugacities.
 TwoPhases PhaseEnvelope::firstBubblePoint(Phase& phase, const Mixture& mixture) const {
-    const double temperature = std::max(0.62 * phase.reducing().temperature, 1.02 * temperatureMin_);
+    constexpr double nearlyIdeal = 0.62;  // of the reducing temperature: the pressure is low there
+    constexpr double aboveColdEnd = 1.02;
+    const double temperature =
+        std::max(nearlyIdeal * phase.reducing().temperature, aboveColdEnd * temperatureMin_);
     phase.setTemperature(temperature);
-    const double density =
-        phase.liquidDensity(0, 3.5 * phase.reducing().density);  // under hardly any pressure
+    const double density =  // under hardly any pressure
+        phase.liquidDensity(0, Phase::denseLiquid * phase.reducing().density);
     TwoPhases point;
     point.temperature = temperature;
     point.firstDensity = density;
@@ -87,14 +91,14 @@ void PhaseEnvelope::Tracing::add(const std::optional<TwoPhases>& state) {
 }
 
 /// What the known states say of another place.
-TwoPhases PhaseEnvelope::Tracing::foretell(double u) const {
+TwoPhases PhaseEnvelope::Tracing::guessAt(double u) const {
     TwoPhases guess;
     double logTemperature = 0;
     double logDensity = 0;
     overNearest(known, u, [&](const TwoPhases& state, double weight) {
         logTemperature += weight * std::log(state.temperature);
         logDensity += weight * std::log(state.firstDensity);
-        for (std::size_t i = 0; i < mostComponents; ++i) guess.logK[i] += weight * state.logK[i];
+        for (std::size_t i = 0; i < maxComponents; ++i) guess.logK[i] += weight * state.logK[i];
     });
     guess.temperature = std::exp(logTemperature);
     guess.firstDensity = std::exp(logDensity);
@@ -110,13 +114,16 @@ std::optional<TwoPhases> PhaseEnvelope::Tracing::solveFrom(const TwoPhases& gues
 /// coldest temperature reached.
 double PhaseEnvelope::Tracing::walk(double direction, double temperatureMin) {
     constexpr double longest = 0.3;
+    // How far a state may lie from its guess: at first, and once the curve has a shape.
+    constexpr double firstMiss = 0.3;
+    constexpr double usualMiss = 0.03;
     constexpr double shortest = 2e-3;
     const auto last = [&] { return direction < 0 ? *known.begin() : *known.rbegin(); };
     // Of several solutions the one that goes on from what is known.
     const auto take = [&](double u) {
-        const TwoPhases guess = foretell(u);
+        const TwoPhases guess = guessAt(u);
         const std::optional<TwoPhases> found = solveFrom(guess, u);
-        const bool goesOn = found && distance(guess, *found) < (known.size() < 4 ? 0.3 : 0.03);
+        const bool goesOn = found && distance(guess, *found) < (known.size() < 4 ? firstMiss : usualMiss);
         if (goesOn) known[u] = *found;
         return goesOn;
     };
@@ -146,21 +153,23 @@ void PhaseEnvelope::Tracing::endAt(double temperature, double direction) {
     if (!(end()->second.temperature < temperature)) return;
     const double part = std::log(temperature / inner()->second.temperature) /
                         std::log(end()->second.temperature / inner()->second.temperature);
-    const TwoPhases guess = foretell(inner()->first + part * (end()->first - inner()->first));
+    const TwoPhases guess = guessAt(inner()->first + part * (end()->first - inner()->first));
     const auto found = equilibrium.solve(guess, {feedAlone, {Condition::Of::temperature, temperature}});
     add(found);
     while (end()->second.temperature < temperature * (1 - 1e-9)) known.erase(end());
 }
 
-/// Lays the polynomials from the lowest temperature to the lowest temperature; false where they do not hold.
+/// Fits the polynomials from the coldest bubble point to the coldest dew point. Returns false if they do not
+/// hold.
 bool PhaseEnvelope::fit(Tracing& tracing) {
     constexpr double centre = 0.3;
-    constexpr double greatestError = 1e-4;
+    constexpr double maxError = 1e-4;
+    constexpr double maxMiss = 0.01;
     for (const double direction : {-1.0, 1.0}) tracing.endAt(temperatureMin_, direction);
     const auto sample = [&](double u, std::span<double> values) {
-        const TwoPhases guess = tracing.foretell(u);
+        const TwoPhases guess = tracing.guessAt(u);
         const std::optional<TwoPhases> found = tracing.solveFrom(guess, u);
-        if (!found || distance(guess, *found) > 0.01) return false;
+        if (!found || distance(guess, *found) > maxMiss) return false;
         values[logTemperature] = std::log(found->temperature);
         values[logPressure] = std::log(found->pressure);
         values[logDensity] = std::log(found->firstDensity);
@@ -180,11 +189,11 @@ bool PhaseEnvelope::fit(Tracing& tracing) {
     divide(centre, end);
     borders.push_back(end);
     try {
-        curve_ = Expansion({borders, firstLogK + componentCount_, sharpness, leastWidth}, sample);
+        curve_ = Expansion({borders, firstLogK + componentCount_, sharpness, minWidth}, sample);
     } catch (const PropertyError&) {
         return false;
     }
-    return curve_.error() < greatestError;
+    return curve_.error() < maxError;
 }
 
 /// The critical point and the extremes, and that temperature and pressure rise up to them and fall beyond.
@@ -201,10 +210,10 @@ void PhaseEnvelope::findLandmarks(const Mixture& mixture) {
         }
         return *found;
     };
-    hottest_ = extreme(logTemperature);
-    strongest_ = extreme(logPressure);
-    temperatureMost_ = std::exp(curve_.at(logTemperature, hottest_));
-    pressureMost_ = std::exp(curve_.at(logPressure, strongest_));
+    uAtMaxTemperature_ = extreme(logTemperature);
+    uAtMaxPressure_ = extreme(logPressure);
+    temperatureMax_ = std::exp(curve_.at(logTemperature, uAtMaxTemperature_));
+    pressureMax_ = std::exp(curve_.at(logPressure, uAtMaxPressure_));
     bubblePressureMin_ = std::exp(curve_.at(logPressure, curve_.begin()));
     dewPressureMin_ = std::exp(curve_.at(logPressure, curve_.end()));
     const SaturationPoint point = pointAt(0);
@@ -212,7 +221,7 @@ void PhaseEnvelope::findLandmarks(const Mixture& mixture) {
 }
 
 SaturationPoint PhaseEnvelope::pointAt(double u) const {
-    std::array<double, Expansion::mostFunctions> values;
+    std::array<double, Expansion::maxFunctions> values;
     curve_.all(curve_.placeOf(u), values);
     SaturationPoint point;
     point.temperature = std::exp(values[logTemperature]);
@@ -241,8 +250,8 @@ SaturationPoint PhaseEnvelope::ofSide(double u, Side side, const char* what) con
 }
 
 SaturationPoint PhaseEnvelope::atTemperature(double temperature, Side side) {
-    if (temperature > temperatureMost_) {
-        refuse("There are no two phases above " + inText(temperatureMost_) + " K.");
+    if (temperature > temperatureMax_) {
+        refuse("There are no two phases above " + inText(temperatureMax_) + " K.");
     }
     if (temperature < temperatureMin_) {
         refuse("The temperature lies below the lowest of the blend, " + inText(temperatureMin_) + " K.");
@@ -253,8 +262,8 @@ SaturationPoint PhaseEnvelope::atTemperature(double temperature, Side side) {
 }
 
 SaturationPoint PhaseEnvelope::atPressure(double pressure, Side side) {
-    if (pressure > pressureMost_) {
-        refuse("There are no two phases above " + inText(pressureMost_) + " kPa.");
+    if (pressure > pressureMax_) {
+        refuse("There are no two phases above " + inText(pressureMax_) + " kPa.");
     }
     if (pressure < pressureMin(side) * (1 - 1e-12)) {
         refuse("The pressure lies below that of saturation at the lowest temperature of the blend.");
@@ -266,13 +275,14 @@ SaturationPoint PhaseEnvelope::atPressure(double pressure, Side side) {
 
 double PhaseEnvelope::placeAtTemperature(double temperature, Side side) const {
     return side == Side::bubble
-               ? curve_.inverse(logTemperature, std::log(temperature), curve_.begin(), hottest_)
-               : curve_.inverse(logTemperature, std::log(temperature), hottest_, curve_.end());
+               ? curve_.inverse(logTemperature, std::log(temperature), curve_.begin(), uAtMaxTemperature_)
+               : curve_.inverse(logTemperature, std::log(temperature), uAtMaxTemperature_, curve_.end());
 }
 
 double PhaseEnvelope::placeAtPressure(double pressure, Side side) const {
-    return side == Side::bubble ? curve_.inverse(logPressure, std::log(pressure), curve_.begin(), strongest_)
-                                : curve_.inverse(logPressure, std::log(pressure), strongest_, curve_.end());
+    return side == Side::bubble
+               ? curve_.inverse(logPressure, std::log(pressure), curve_.begin(), uAtMaxPressure_)
+               : curve_.inverse(logPressure, std::log(pressure), uAtMaxPressure_, curve_.end());
 }
 
 PhaseBoundary::Cut PhaseEnvelope::cutAtTemperature(double temperature) {

@@ -15,8 +15,9 @@ namespace marvello::fluids {
 /// the critical point to the coldest dew point.
 ///
 /// Set-up traces it once and lays polynomials through ln T, ln p, ln rho and all ln K, which answer from then
-/// on. They stand over u = ln(density of the incipient phase / density of the phase of overall composition),
-/// which rises all along: negative at bubble points, 0 at the critical point, positive at dew points.
+/// on. They are functions of u = ln(density of the incipient phase / density of the phase of overall
+/// composition), which rises all along: negative at bubble points, 0 at the critical point, positive at dew
+/// points.
 class PhaseEnvelope final : public PhaseBoundary {
   public:
     /// `phase` is the blend at its overall composition and `equilibrium` that of the same; both are used
@@ -30,7 +31,7 @@ class PhaseEnvelope final : public PhaseBoundary {
     End vapourEndAtPressure(double pressure) override;
     double liquidDensityFloor(double temperature) override;
 
-    /// The greatest error of the polynomials seen when they were tried out, relative.
+    /// The largest error of the polynomials seen when they were tried out, relative.
     double error() const { return curve_.error(); }
     std::size_t cellCount() const { return curve_.cellCount(); }
 
@@ -41,7 +42,7 @@ class PhaseEnvelope final : public PhaseBoundary {
         std::map<double, TwoPhases> known;
 
         void add(const std::optional<TwoPhases>& state);
-        TwoPhases foretell(double u) const;
+        TwoPhases guessAt(double u) const;
         std::optional<TwoPhases> solveFrom(const TwoPhases& guess, double u);
         double walk(double direction, double temperatureMin);
         void endAt(double temperature, double direction);
@@ -59,8 +60,8 @@ class PhaseEnvelope final : public PhaseBoundary {
 
     std::size_t componentCount_;
     Expansion curve_;
-    double hottest_ = 0;    ///< u where the temperature is highest
-    double strongest_ = 0;  ///< u where the pressure is highest
+    double uAtMaxTemperature_ = 0;  ///< u where the temperature is highest
+    double uAtMaxPressure_ = 0;     ///< u where the pressure is highest
 };
 
 }  // namespace marvello::fluids

@@ -18,7 +18,7 @@ enum class Fault {
     internalFailure = 199  ///< anything else, such as exhausted memory
 };
 
-/// A number as it stands in a sentence: ten digits at most, with a point whatever the locale.
+/// A number for a sentence: ten digits at most, with a point whatever the locale.
 inline std::string inText(double value) {
     std::array<char, 32> buffer{};
     const auto end =

@@ -18,7 +18,7 @@ namespace {
 
 using marvello::fluids::Fault;
 using marvello::fluids::FluidState;
-using marvello::fluids::mostComponents;
+using marvello::fluids::maxComponents;
 using marvello::fluids::PerComponent;
 using marvello::fluids::PropertyError;
 using marvello::fluids::PropertyLibrary;
@@ -61,7 +61,7 @@ struct Outputs {
 
     void clear() const {
         for (double* number : numbers) *number = undefined;
-        for (double* array : fractions) std::fill(array, array + mostComponents, undefined);
+        for (double* array : fractions) std::fill(array, array + maxComponents, undefined);
     }
 };
 
@@ -104,7 +104,7 @@ Side sideOf(std::int32_t kph) {
 }
 
 void deliverCompositions(const PerComponent& logK, double share, double* x, double* y) {
-    library().compositions(logK, share, {x, mostComponents}, {y, mostComponents});
+    library().compositions(logK, share, {x, maxComponents}, {y, maxComponents});
 }
 
 void deliverSaturation(const SaturationPoint& point, Side side, double* Dl, double* Dv, double* xliq,
@@ -140,7 +140,7 @@ std::vector<std::filesystem::path> fluidFolders() {
 }
 
 std::vector<std::string> fileNames(const std::string& joined, std::int32_t count) {
-    if (count < 1 || count > static_cast<std::int32_t>(mostComponents)) {
+    if (count < 1 || count > static_cast<std::int32_t>(maxComponents)) {
         throw PropertyError(Fault::badArgument,
                             "The number of components is " + std::to_string(count) + ", not 1 to 20.");
     }
@@ -197,7 +197,7 @@ extern "C" {
     guarded({&code, nullptr, 0}, {{wmix}, {xmol}}, [&] {
         const std::size_t count = library().componentCount();
         *wmix = library().moleFractions({xkg, count}, {xmol, count});
-        std::fill(xmol + count, xmol + mostComponents, 0.0);
+        std::fill(xmol + count, xmol + maxComponents, 0.0);
     });
 }
 

@@ -5,7 +5,7 @@
 /// The functions of the property library, as any program calls them.
 ///
 /// Units: K, kPa, mol/dm^3, J/mol, J/(mol K), m/s, g/mol. Every argument goes by pointer; the lengths of the
-/// text buffers stand at the end, by value. Texts are fixed-length buffers that end at their length or at a
+/// text buffers come at the end, by value. Texts are fixed-length buffers that end at their length or at a
 /// NUL. Arrays of fractions hold 20 numbers.
 ///
 /// `ierr` is 0 or a number of fluids/PropertyError.h, and `herr` then holds one sentence, padded with blanks;
@@ -18,7 +18,7 @@
 /// (-9999990 in two phases).
 extern "C" {
 
-/// Loads `nc` fluids whose file names stand in `hfiles`, separated by '|'. `hrf` is the reference state: DEF
+/// Loads `nc` fluids whose file names are in `hfiles`, separated by '|'. `hrf` is the reference state: DEF
 /// (the fluid's usual one), IIR, NBP or ASH. Lengths: hfiles, hfmix, hrf, herr.
 void SETUPdll(const std::int32_t* nc, const char* hfiles, const char* hfmix, const char* hrf,
               std::int32_t* ierr, char* herr, std::int32_t filesLength, std::int32_t mixLength,

@@ -9,24 +9,23 @@
 
 namespace marvello {
 
+/// Expands `use` with the name of each function of fluids/Refprop.h.
+#define MARVELLO_FOR_EACH_REFPROP_FUNCTION(use)                                                      \
+    use(SETUPdll) use(SETREFdll) use(XMOLEdll) use(WMOLdll) use(SATTdll) use(SATPdll) use(TPFLSHdll) \
+        use(TSFLSHdll) use(PHFLSHdll) use(PSFLSHdll)
+
 /// The functions of fluids/Refprop.h, of whichever library has them.
 struct RefpropFunctions {
-    decltype(&::SETUPdll) SETUPdll;
-    decltype(&::SETREFdll) SETREFdll;
-    decltype(&::XMOLEdll) XMOLEdll;
-    decltype(&::WMOLdll) WMOLdll;
-    decltype(&::SATTdll) SATTdll;
-    decltype(&::SATPdll) SATPdll;
-    decltype(&::TPFLSHdll) TPFLSHdll;
-    decltype(&::TSFLSHdll) TSFLSHdll;
-    decltype(&::PHFLSHdll) PHFLSHdll;
-    decltype(&::PSFLSHdll) PSFLSHdll;
+#define MARVELLO_MEMBER(name) decltype(&::name) name;
+    MARVELLO_FOR_EACH_REFPROP_FUNCTION(MARVELLO_MEMBER)
+#undef MARVELLO_MEMBER
 };
 
 /// Returns the functions of the library that the program is linked with.
 inline const RefpropFunctions& linkedRefprop() {
-    static const RefpropFunctions functions{&SETUPdll, &SETREFdll, &XMOLEdll,  &WMOLdll,   &SATTdll,
-                                            &SATPdll,  &TPFLSHdll, &TSFLSHdll, &PHFLSHdll, &PSFLSHdll};
+#define MARVELLO_ADDRESS(name) &::name,
+    static const RefpropFunctions functions{MARVELLO_FOR_EACH_REFPROP_FUNCTION(MARVELLO_ADDRESS)};
+#undef MARVELLO_ADDRESS
     return functions;
 }
 

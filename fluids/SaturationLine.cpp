@@ -27,6 +27,7 @@ struct Pair {
 /// rounding while the vapour's stays exact.
 std::optional<Pair> solve(const Phase& phase, double liquid, double vapour) {
     constexpr int steps = 40;
+    constexpr double largestStep = 0.3;  // of a density
     const double scale = phase.gasConstant() * phase.temperature();
     double lastStep = 1;
     for (int i = 0; i < steps; ++i) {
@@ -39,7 +40,7 @@ std::optional<Pair> solve(const Phase& phase, double liquid, double vapour) {
         const double liquidStep = (vapour * potentials - pressures) / (gap * inLiquid.byDensity);
         const double vapourStep = (liquid * potentials - pressures) / (gap * inVapour.byDensity);
         const double size = std::max(std::abs(liquidStep), std::abs(vapourStep));
-        const double damping = size > 0.3 ? 0.3 / size : 1;
+        const double damping = size > largestStep ? largestStep / size : 1;
         const double pressure = scale * (inVapour.value + inVapour.byDensity * damping * vapourStep * vapour);
         liquid *= 1 + damping * liquidStep;
         vapour *= 1 + damping * vapourStep;
@@ -57,8 +58,8 @@ std::optional<Pair> solve(const Phase& phase, double liquid, double vapour) {
 SaturationLine::SaturationLine(Phase& phase, const PureFluid& fluid) {
     temperatureMin_ = fluid.temperatureMin;
     findCritical(phase, fluid.critical, fluid.name);
-    temperatureMost_ = critical_.temperature;
-    pressureMost_ = critical_.pressure;
+    temperatureMax_ = critical_.temperature;
+    pressureMax_ = critical_.pressure;
     makeLine(phase, fluid);
 }
 
@@ -90,19 +91,22 @@ SaturationLine::CriticalStep SaturationLine::stepToCritical(Phase& phase, double
 
 /// The published critical point is rounded, and the equation's own lies next to it.
 void SaturationLine::findCritical(Phase& phase, const FluidPoint& published, const std::string& name) {
+    // Critical densities are hard to measure.
+    constexpr double margin = 0.02;
+    constexpr double densityMargin = 0.1;
     double temperature = published.temperature;
     double density = published.density;
     for (int i = 0; i < 30; ++i) {
         const CriticalStep step = stepToCritical(phase, temperature, density);
         temperature += step.temperature;
         density += step.density;
-        const bool near = std::abs(temperature / published.temperature - 1) < 0.02 &&
-                          std::abs(density / published.density - 1) < 0.1;
+        const bool near = std::abs(temperature / published.temperature - 1) < margin &&
+                          std::abs(density / published.density - 1) < densityMargin;
         if (!near) break;
         if (std::abs(step.temperature) < 1e-12 * temperature && std::abs(step.density) < 1e-8 * density) {
             phase.setTemperature(temperature);
             const double pressure = phase.reducedPressure(density).value * phase.gasConstant() * temperature;
-            if (!(std::abs(pressure / published.pressure - 1) < 0.02)) break;
+            if (!(std::abs(pressure / published.pressure - 1) < margin)) break;
             critical_ = {temperature, pressure, density};
             return;
         }
@@ -145,6 +149,7 @@ void SaturationLine::makeLine(Phase& phase, const PureFluid& fluid) {
             (phase.reducedPressure(guess.liquid).value + phase.reducedPressure(guess.vapour).value) / 2;
         return Pair{guess.liquid, guess.vapour, pressure};
     };
+    // At 0.7 of the critical temperature, where the acentric factor is defined and the first guess holds.
     const double middle = std::min(std::sqrt(0.3), 0.9 * thetaMax_);
     constexpr double step = 0.01;
     constexpr double nearest = 5e-4;
@@ -185,11 +190,12 @@ void SaturationLine::checkPressureRises(const std::string& name) const {
 /// Vapour pressure by Wilson's rule from the acentric factor, ideal vapour, and the liquid at that pressure.
 SaturationLine::Densities SaturationLine::firstGuess(Phase& phase, const PureFluid& fluid,
                                                      double temperature) const {
-    const double pressure = critical_.pressure * std::exp(5.373 * (1 + fluid.acentricFactor) *
+    constexpr double wilson = 5.373;  // Wilson, 65th National Meeting of AIChE, 1969
+    const double pressure = critical_.pressure * std::exp(wilson * (1 + fluid.acentricFactor) *
                                                           (1 - critical_.temperature / temperature));
     const double wanted = pressure / (phase.gasConstant() * temperature);
     phase.setTemperature(temperature);
-    return {phase.liquidDensity(wanted, 3.5 * critical_.density), wanted};
+    return {phase.liquidDensity(wanted, Phase::denseLiquid * critical_.density), wanted};
 }
 
 double SaturationLine::theta(double temperature) const {

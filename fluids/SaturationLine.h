@@ -14,8 +14,8 @@ namespace marvello::fluids {
 /// equation.
 ///
 /// Set-up solves the equation (equal pressure and Gibbs energy of both phases) and lays polynomials through
-/// ln p and ln rho, which answer from then on. They stand over theta = sqrt(1 - T/Tc), counted negative for
-/// the vapour: ln rho is one smooth function of it through the critical point, and ln p an even one.
+/// ln p and ln rho, which answer from then on. They are functions of theta = sqrt(1 - T/Tc), counted negative
+/// for the vapour: ln rho is one smooth function of it through the critical point, and ln p an even one.
 class SaturationLine final : public PhaseBoundary {
   public:
     /// `phase` holds the pure fluid and is used during the construction only. Throws when the equation has no
@@ -32,7 +32,7 @@ class SaturationLine final : public PhaseBoundary {
     End vapourEndAtPressure(double pressure) override;
     double liquidDensityFloor(double temperature) override;
 
-    /// The greatest error of the polynomials seen when they were tried out, relative.
+    /// The largest error of the polynomials seen when they were tried out, relative.
     double error() const { return line_.error(); }
     std::size_t cellCount() const { return line_.cellCount(); }
 

@@ -75,8 +75,8 @@ CriticalDistance criticalDistance(const ResidualTerm& term, double tau, double o
 
 void addNonanalytic(const ResidualTerm& term, double tau, double delta, ResidualDerivatives& sum) {
     const double offset = delta - 1;
-    const double warmth = tau - 1;
-    const double damping = term.C * offset * offset + term.D * warmth * warmth;
+    const double tauOffset = tau - 1;
+    const double damping = term.C * offset * offset + term.D * tauOffset * tauOffset;
     // Far from the critical point the term is smaller than 1e-20 of any other.
     if (damping > 60) return;
 
@@ -95,7 +95,7 @@ void addNonanalytic(const ResidualTerm& term, double tau, double delta, Residual
     const double slope = -2 * term.C * offset;
     const double gd = 1 + delta * slope;
     const double gdd = 2 * slope + delta * (slope * slope - 2 * term.C);
-    const double ht = -2 * term.D * warmth;
+    const double ht = -2 * term.D * tauOffset;
     const double htt = ht * ht - 2 * term.D;
 
     sum.value += scale * delta * f;

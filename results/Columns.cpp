@@ -69,7 +69,8 @@ struct NamedColumn {
     ImperialColumn column;
 };
 
-// Kept: pressures ask for a conversion that changes nothing, so they are in bar under "psia".
+// Kept: pressures ask for a conversion that changes nothing, so they are in bar under "psia", as lists and
+// files have always had them.
 constexpr std::array<NamedColumn, 14> namedColumns{{{"q0", {conversion::kilowattsToTons, "Tons"}},
                                                     {"qeco", {conversion::kilowattsToTons, "Tons"}},
                                                     {"pra", {conversion::kilowattsToTons, "Tons"}},

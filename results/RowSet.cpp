@@ -1,12 +1,12 @@
 #include "results/RowSet.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <stdexcept>
 #include <utility>
 
+#include "data/Csv.h"
+#include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {
@@ -15,17 +15,6 @@ namespace {
 
 constexpr int sizeOfDouble = 8;
 constexpr int digitsOfDouble = 15;  // those that any decimal number keeps
-
-/// The shortest text that reads back as the same number, with an exponent for the very small and large.
-std::string numberText(double value) {
-    const double magnitude = std::abs(value);
-    const bool isPlain = magnitude == 0 || (magnitude >= 1e-5 && magnitude < 1e15);
-    std::array<char, 32> buffer{};
-    const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                          isPlain ? std::chars_format::fixed : std::chars_format::scientific)
-                                .ptr;
-    return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
-}
 
 /// The length of a text as the form of the files counts it: in units of UTF-16.
 int lengthOf(std::string_view text) {
@@ -110,24 +99,16 @@ std::string recordOf(const std::vector<RowSet::Value>& row, const std::vector<st
     std::string xml = "\t\t<z:row";
     for (std::size_t i = 0; i < row.size(); ++i) {
         if (const auto* text = std::get_if<std::string>(&row[i])) xml += attribute(names[i], *text);
-        if (const auto* number = std::get_if<double>(&row[i]))
-            xml += attribute(names[i], numberText(*number));
+        if (const auto* number = std::get_if<double>(&row[i])) xml += attribute(names[i], plainText(*number));
     }
     return xml + "/>\n";
 }
 
-/// A value in a line of CSV. Quotes in a text are doubled, as readers of CSV expect.
+/// A value as a field of CSV; null is empty.
 std::string csvOf(const RowSet::Value& value, std::string_view point) {
-    std::string result;
-    if (const auto* text = std::get_if<std::string>(&value)) {
-        result = *text;
-        replaceAll(result, "\"", "\"\"");
-        result = '"' + result + '"';
-    } else if (const auto* number = std::get_if<double>(&value)) {
-        result = numberText(*number);
-        replaceAll(result, ".", point);
-    }
-    return result;
+    if (const auto* text = std::get_if<std::string>(&value)) return csvQuoted(*text);
+    const auto* number = std::get_if<double>(&value);
+    return number ? plainText(*number, point) : std::string();
 }
 
 }  // namespace
@@ -172,15 +153,14 @@ std::string RowSet::toXml() const {
 std::string RowSet::toCsv(std::string_view point) const {
     // A mark that no reader of CSV takes for one is not written.
     const std::string_view written = point == "," ? "," : ".";
-    std::string text;
-    for (std::size_t i = 0; i < fields_.size(); ++i) text += (i == 0 ? "" : ";") + fields_[i].name;
-    text += '\n';
+    constexpr char separator = ';';
+    std::vector<std::string> line;
+    for (const Field& field : fields_) line.push_back(field.name);
+    std::string text = csvJoined(line, separator);
     for (const auto& row : rows_) {
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            if (i > 0) text += ';';
-            text += csvOf(row[i], written);
-        }
-        text += '\n';
+        line.clear();
+        for (const Value& value : row) line.push_back(csvOf(value, written));
+        text += csvJoined(line, separator);
     }
     return text;
 }

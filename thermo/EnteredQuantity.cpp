@@ -2,21 +2,20 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "data/Constants.h"
+#include "data/Numbers.h"
 #include "thermo/UnitFamilies.h"
 #include "thermo/clsConvert.h"
 
 namespace marvello {
 
 namespace {
-
-constexpr double atmosphereInMpa = 0.101325;  // where gauge pressures begin
 
 struct Unit {
     Quantity quantity;
@@ -85,7 +84,7 @@ std::vector<Spelling> spellingsOf(Quantity quantity) {
     return result;
 }
 
-/// `text` in lower case without blanks, brackets and signs of degree; "2" for the raised one, "g" for the
+/// `text` in lower case without blanks, brackets and signs of degree; "2" for the superscript, "g" for the
 /// letter that marks a gauge pressure in German.
 std::string normalised(std::string_view text) {
     constexpr std::array<std::pair<std::string_view, std::string_view>, 5> replaced{
@@ -209,13 +208,8 @@ class SumReader {
             if (power < rest_.size() && (rest_[power] == '+' || rest_[power] == '-')) ++power;
             if (const std::size_t after = digitsFrom(power); after > power) end = after;
         }
-        std::string digits(rest_.substr(0, end));
-        std::replace(digits.begin(), digits.end(), ',', '.');
-        double value = 0;
-        const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-        if (error != std::errc() || stop != digits.data() + digits.size() || !std::isfinite(value))
-            return std::nullopt;
-        rest_.remove_prefix(end);
+        const auto value = localNumber(rest_.substr(0, end));
+        if (value) rest_.remove_prefix(end);
         return value;
     }
 
@@ -257,7 +251,7 @@ EnteredQuantity readQuantity(std::string_view text, Quantity quantity, std::stri
     if (found->unit == own->unit && !found->isGauge) return {.value = withoutNoise(sum.total)};
     if (quantity == Quantity::temperature && found->unit->code == "K" && sum.terms > 1) return {};
     const double base =
-        pass(sum.total, *found->unit, UnitPass::toBase) + (found->isGauge ? atmosphereInMpa : 0);
+        pass(sum.total, *found->unit, UnitPass::toBase) + (found->isGauge ? standardAtmosphere : 0);
     return {.value = withoutNoise(pass(base, *own->unit, UnitPass::fromBase))};
 }
 

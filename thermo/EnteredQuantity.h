@@ -25,7 +25,7 @@ struct EnteredQuantity {
 /// Reads a number, or a sum such as "35+8", with an optional unit of `quantity` behind it: "45 F", "3.2 bar
 /// g", "12 TR". `text` is UTF-8 with "." or "," as decimal mark, in any case of letters. A bare number is in
 /// `unit`, which is one of "C", "F", "K", "bar", "psi", "kW", "tons" and "Hz"; any other number is converted
-/// to it. A pressure is absolute unless its unit says gauge, which stands on 1.01325 bar. In a temperature
+/// to it. A pressure is absolute unless its unit says gauge, which counts from 1.01325 bar. In a temperature
 /// difference F and R are differences too. A sum with K is no temperature, since it may mean either. Throws
 /// std::invalid_argument if `unit` is none of `quantity`.
 EnteredQuantity readQuantity(std::string_view text, Quantity quantity, std::string_view unit);

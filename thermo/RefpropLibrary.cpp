@@ -30,17 +30,9 @@ LoadedLibrary load(const std::string& file) {
     } catch (const std::exception& failure) {
         throw FluidLibraryError(std::string("The fluid library cannot be loaded: ") + failure.what() + ".");
     }
-    RefpropFunctions& f = library.functions;
-    bind(library, "SETUPdll", f.SETUPdll);
-    bind(library, "SETREFdll", f.SETREFdll);
-    bind(library, "XMOLEdll", f.XMOLEdll);
-    bind(library, "WMOLdll", f.WMOLdll);
-    bind(library, "SATTdll", f.SATTdll);
-    bind(library, "SATPdll", f.SATPdll);
-    bind(library, "TPFLSHdll", f.TPFLSHdll);
-    bind(library, "TSFLSHdll", f.TSFLSHdll);
-    bind(library, "PHFLSHdll", f.PHFLSHdll);
-    bind(library, "PSFLSHdll", f.PSFLSHdll);
+#define MARVELLO_BIND(name) bind(library, #name, library.functions.name);
+    MARVELLO_FOR_EACH_REFPROP_FUNCTION(MARVELLO_BIND)
+#undef MARVELLO_BIND
     return library;
 }
 

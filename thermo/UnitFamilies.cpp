@@ -28,8 +28,9 @@ constexpr double horsepower = 745.6998715822701;
 constexpr double slug = 14.59390293720637;
 constexpr double rankine = 5.0 / 9.0;
 constexpr double psi = 0.006894757293168363;
-constexpr double atmosphere = 0.101325;
-constexpr double gasConstant = 8.314472;
+constexpr double gravity = 9.80665;        // m/s^2, the standard one
+constexpr double gasConstant = 8.314472;   // J/(mol K), CODATA 2002
+constexpr double zeroFahrenheit = 459.67;  // degrees Rankine
 
 enum class Rule {
     scaled,             ///< value * factor^direction
@@ -37,7 +38,7 @@ enum class Rule {
     overMolarMass,      ///< value / M, in both passes
     squareRoot,         ///< in both passes
     celsius,            ///< kelvin less 273.15
-    fahrenheit,         ///< absolute through 459.67
+    fahrenheit,         ///< as rankine, from its own zero
     gaugePsi,           ///< psi above one atmosphere
     scaledThousandfold  ///< as scaled, and times 1000 in both passes
 };
@@ -64,8 +65,8 @@ constexpr Unit units[] = {
     {"P", "GPA", 1000},
     {"P", "BAR", 0.1},
     {"P", "KBAR", 100},
-    {"P", "ATM", atmosphere},
-    {"P", "KG/CM^2=KGF/CM^2=ATA=AT=ATMA", 9.80665 / 100},
+    {"P", "ATM", standardAtmosphere},
+    {"P", "KG/CM^2=KGF/CM^2=ATA=AT=ATMA", gravity / 100},
     {"P", "PSIA=PSI", psi},
     {"P", "PSF", psi / 144},
     {"P", "TORR=MMHG", 0.00013332236842105263},
@@ -92,7 +93,8 @@ constexpr Unit units[] = {
     {"D", "M^3/KG", 1, -1, Rule::reciprocal},
     {"D", "L/KG=DM^3/KG", 1000, -1, Rule::reciprocal},
     {"D", "CM^3/G=CC/G=ML/G", 1000, -1, Rule::reciprocal},
-    {"D", "DM^3/G", 1, 0, Rule::overMolarMass},  // kept: not a reciprocal like its neighbours
+    {"D", "DM^3/G", 1, 0,
+     Rule::overMolarMass},  // Kept: no reciprocal, so that numbers stored with it read as before
     {"D", "FT^3/LB=FT^3/LBM", pound / cubicFoot, -1, Rule::reciprocal},
     {"D", "FT^3/LBMOL", pound / cubicFoot, 0, Rule::reciprocal},
     {"D", "FT^3/SLUG", slug / cubicFoot, -1, Rule::reciprocal},
@@ -127,7 +129,8 @@ constexpr Unit units[] = {
     {"W", "IN/S", inch},
     {"W", "MPH=MILE/H", mile / 3600},
     {"W", "KNOT", 0.5144444444},
-    {"W", "MACH", 346.18754370724093},  // sqrt(3470559.6191 / 28.95853816)
+    // The speed of sound in air at 25 degrees Celsius: sqrt(1.4 * 8314.51 * 298.15 / 28.95853816).
+    {"W", "MACH", 346.18754370724093},
     // Viscosity, base Pa-s.
     {"U", "KG/M-S=PA-S"},
     {"U", "MPA-S", 1e-3},
@@ -151,7 +154,7 @@ constexpr Unit units[] = {
     {"K", "BTU/H-FT-F", btu / 3600 / foot / rankine * 1000},
     // Joule-Thomson coefficient, base K/MPa.
     {"JT", "K/MPA"},
-    {"JT", "C/ATM", 1 / atmosphere},
+    {"JT", "C/ATM", 1 / standardAtmosphere},
     // Length, base m.
     {"L", "M=METER"},
     {"L", "DM", 0.1},
@@ -210,7 +213,7 @@ constexpr Unit units[] = {
     // Force, base N.
     {"F", "N=NEWTON"},
     {"F", "MN", 0.001},
-    {"F", "KGF", 9.80665},
+    {"F", "KGF", gravity},
     {"F", "DYNE", 1e-5},
     {"F", "LBF", poundForce},
     {"F", "POUNDAL", pound* foot},
@@ -295,9 +298,9 @@ double applyRule(const Unit& unit, double value, double molarMass, UnitPass pass
         case Rule::celsius:
             return toBase ? value + zeroCelsius : value - zeroCelsius;
         case Rule::fahrenheit:
-            return toBase ? (value + 459.67) * 5 / 9 : value / rankine - 459.67;
+            return toBase ? (value + zeroFahrenheit) * 5 / 9 : value / rankine - zeroFahrenheit;
         case Rule::gaugePsi:
-            return toBase ? value * factor + atmosphere : (value - atmosphere) / factor;
+            return toBase ? value * factor + standardAtmosphere : (value - standardAtmosphere) / factor;
     }
     return value;
 }
@@ -314,8 +317,8 @@ double convertPressure(double value, std::string unit, double molarMass, UnitPas
     const bool vacuum = unit.find("VACM") != std::string::npos;
     if (gage || vacuum) unit.erase(std::min(unit.find(' '), unit.size()));
     const auto shifted = [&](double absolute, double sign) {
-        if (gage) return absolute + sign * atmosphere;
-        return vacuum ? atmosphere - absolute : absolute;
+        if (gage) return absolute + sign * standardAtmosphere;
+        return vacuum ? standardAtmosphere - absolute : absolute;
     };
     if (pass == UnitPass::fromBase) value = shifted(value, -1);
     value = convertPlain(value, "P", unit, molarMass, pass);

@@ -108,14 +108,17 @@ const SaturationRange& clsRefprop::DewRange() {
     return *dewRange_;
 }
 
-// Which call serves which pair of property codes. Kept: the two enthalpy calls for a temperature tell the
-// library a shorter error text.
+/// Kept: so long is the error text of the two enthalpy calls for a temperature, and what is shown of it ends
+/// there.
+constexpr std::int32_t shortErrorLength = 173;
+
+// Which call serves which pair of property codes.
 constexpr clsRefprop::Route clsRefprop::temperatureRoutes[] = {
     {property::pressure, property::none, Function::satp},
     {property::pressure, property::entropy, Function::psflsh},
     {property::entropy, property::pressure, Function::psflsh, swapped},
-    {property::pressure, property::enthalpy, Function::phflsh, asGiven, 173},
-    {property::enthalpy, property::pressure, Function::phflsh, swapped, 173}};
+    {property::pressure, property::enthalpy, Function::phflsh, asGiven, shortErrorLength},
+    {property::enthalpy, property::pressure, Function::phflsh, swapped, shortErrorLength}};
 
 constexpr clsRefprop::Route clsRefprop::enthalpyRoutes[] = {
     {property::temperature, property::pressure, Function::tpflsh},
@@ -131,7 +134,7 @@ constexpr clsRefprop::Route clsRefprop::entropyRoutes[] = {
     {property::pressure, property::enthalpy, Function::phflsh},
     {property::enthalpy, property::pressure, Function::phflsh, swapped}};
 
-// Kept: a temperature alone goes in as a pressure.
+// Kept: a temperature alone goes in as a pressure; the calculation asks by pressure only.
 constexpr clsRefprop::Route clsRefprop::densityRoutes[] = {
     {property::temperature, property::none, Function::satp},
     {property::temperature, property::pressure, Function::tpflsh},
@@ -171,7 +174,7 @@ double clsRefprop::Density(double value1, int type1, int kph, std::optional<doub
     }
     const bool isAsked = askBy(densityRoutes, {type1, type2}, {v1, v2}, kph);
     if (isAsked && type2 == property::none)
-        state_.D = state_.Dv;  // kept: the vapour's density, whatever kph says
+        state_.D = state_.Dv;  // Kept: the vapour's, whatever kph says: the port's gas is worked out with it.
     return answer({"Density", value1, type1, value2.value_or(0), type2}, state_.D, property::density);
 }
 

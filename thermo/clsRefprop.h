@@ -50,7 +50,7 @@ class clsRefprop {
     std::string Refrigerant;  ///< A key of tRefrigeranti.
 
     /// Sets the library up for a refrigerant of the catalogue; a blank refrigerant or path keeps the former
-    /// one. Always true; SetupFault tells what the library said. Throws DatabaseError, and std::out_of_range
+    /// one. Always true; SetupFault has what the library said. Throws DatabaseError, and std::out_of_range
     /// for a 21st component.
     bool Initialize(clsDatabase& db, int unitsMeasure, const std::string& refrigerant,
                     const std::string& fluidPath);

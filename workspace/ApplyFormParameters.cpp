@@ -37,8 +37,8 @@ QMetaProperty propertyOf(const QObject& control, const QString& name) {
     for (int index = meta->propertyCount() - 1; index >= 0; --index)
         if (name.compare(QLatin1String(meta->property(index).name()), Qt::CaseInsensitive) == 0)
             return meta->property(index);
-    for (const auto& [told, own] : otherNames)
-        if (name.compare(QLatin1String(told), Qt::CaseInsensitive) == 0)
+    for (const auto& [alias, own] : otherNames)
+        if (name.compare(QLatin1String(alias), Qt::CaseInsensitive) == 0)
             if (const int index = meta->indexOfProperty(own); index >= 0) return meta->property(index);
     return {};
 }
@@ -105,8 +105,8 @@ constexpr std::array<std::pair<const char*, ValueKind>, 8> standardProperties{{
 }};
 
 bool assignLength(QWidget& control, const QString& name, double number) {
-    constexpr double most = 1e6;
-    if (std::abs(number) > most) return false;
+    constexpr double limit = 1e6;
+    if (std::abs(number) > limit) return false;
     constexpr double twips = 15;  // to a pixel
     const auto length = static_cast<int>(std::nearbyint(number / twips));
     if (name == u"Left")
@@ -166,7 +166,7 @@ std::map<QString, ValueKind> assignableProperties(const QObject& control) {
     const QMetaObject* meta = control.metaObject();
     for (int index = meta->propertyCount() - 1; index >= 0; --index)
         names += QLatin1String(meta->property(index).name());
-    for (const auto& [told, own] : otherNames) names += QLatin1String(told);
+    for (const auto& [alias, own] : otherNames) names += QLatin1String(alias);
     std::map<QString, ValueKind> found;
     for (const QString& name : names)
         if (const QMetaProperty property = propertyOf(control, name); property.isWritable())

@@ -8,7 +8,7 @@ namespace marvello {
 
 namespace {
 
-// The drawing's own room; the inverter stands in its upper left.
+// The drawing's own room; the inverter is in its upper left.
 constexpr QRectF room(40, 22, 212, 166);
 
 void paintFeet(QPainter& painter) {

@@ -4,7 +4,7 @@
 
 namespace marvello {
 
-/// What stands next to the inputs while there is no list: a drawing and one sentence. In the sentence "{0}"
+/// What is next to the inputs while there is no list: a drawing and one sentence. In the sentence "{0}"
 /// is the name of the button, "{1}" the key, which is drawn as a chip, and "{2}" the input that was edited.
 class EmptyPage : public QWidget {
     Q_OBJECT

@@ -6,7 +6,7 @@
 
 namespace marvello {
 
-/// The picture with name and version that stands on the screen while the program starts.
+/// The picture with name and version on the screen while the program starts.
 class Frmsplash : public QWidget {
     Q_OBJECT
 

@@ -22,7 +22,7 @@ namespace {
 constexpr int side = 12;
 constexpr int gap = 8;
 constexpr int around = 10;  // at each side of a separator
-constexpr int leastWidthWithWords = 560;
+constexpr int minWidthWithWords = 560;
 constexpr int iconButtonWidth = 40;
 
 QStringList summaryOf(const SelectionInputs& inputs, const InputPanel& panel) {
@@ -86,7 +86,7 @@ void InputSummary::setOpen(bool open) { edit_->setChecked(open); }
 
 void InputSummary::layOut() {
     // The inputs need the room more than the words on the button.
-    edit_->setText(width() < leastWidthWithWords ? QString() : editText_);
+    edit_->setText(width() < minWidthWithWords ? QString() : editText_);
     int right = width() - side + ctlBtn::ring;
     for (ctlBtn* button : {calculate_, edit_}) {
         QSize size = button->sizeHint();

@@ -6,11 +6,9 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPainter>
 #include <QRandomGenerator>
 #include <QStatusBar>
 #include <QTimer>
@@ -32,6 +30,7 @@
 #include "workspace/ResultsPane.h"
 #include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
+#include "workspace/WorkArea.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmSelection.h"
 #include "workspace/frmselectionInverter.h"
@@ -39,22 +38,6 @@
 namespace marvello {
 
 namespace {
-
-/// The area of the forms; while there is none it shows the emblem.
-class WorkArea : public QMdiArea {
-  public:
-    explicit WorkArea(QWidget* parent) : QMdiArea(parent) { setBackground(Look::current().window); }
-
-  protected:
-    void paintEvent(QPaintEvent* event) override {
-        QMdiArea::paintEvent(event);
-        if (!subWindowList().isEmpty()) return;
-        constexpr double side = 120;
-        QPainter painter(viewport());
-        const QRectF place((viewport()->width() - side) / 2, (viewport()->height() - side) / 2, side, side);
-        paintIcon(painter, place, QStringLiteral("emblem"), Look::current().hover);
-    }
-};
 
 /// The pointer waits as long as this lives.
 struct WaitCursor {
@@ -336,7 +319,7 @@ void MDIMain::refreshStatus(const SelectionForm* form) {
 }
 
 void MDIMain::closeAll() {
-    // Kept: forms of inverter compressors stay open.
+    // Kept: forms of inverter compressors stay open: the command closes the others alone.
     for (SelectionForm* form : forms())
         if (qobject_cast<frmSelection*>(form)) form->Quit();
 }
@@ -388,7 +371,7 @@ bool MDIMain::tookKey(const QWidget& focused, const QKeyEvent& key) {
 // used.
 bool MDIMain::turnedWheel(int delta) {
     constexpr int turn = 120;
-    // Kept: the wheel does not reach a form of inverter compressors.
+    // Kept: the wheel does not reach a form of inverter compressors, where scrolling changes no value.
     auto* form = qobject_cast<frmSelection*>(ActiveForm());
     if (!form) return false;
     wheel_ += delta;

@@ -10,7 +10,6 @@
 class QActionGroup;
 class QKeyEvent;
 class QLabel;
-class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
 class QToolBar;
@@ -23,6 +22,7 @@ class FormFocus;
 class TabBand;
 class TabStrip;
 class SelectionForm;
+class WorkArea;
 
 /// The program's frame: holds any number of selection forms, each with its tab.
 class MDIMain : public QMainWindow {
@@ -87,9 +87,6 @@ class MDIMain : public QMainWindow {
     void showBuilds();
     /// Shows the list of builds if it grew since the user saw it last.
     void showNewBuilds();
-    void tileHorizontal();
-    void tileVertical();
-    void arrangeIcons();
     void translatePlatformDialogs();
 
     const QString version_;
@@ -107,7 +104,7 @@ class MDIMain : public QMainWindow {
     DropList* dropList_ = nullptr;
     TabBand* tabBand_ = nullptr;
     TabStrip* TabStrip_ = nullptr;
-    QMdiArea* area_ = nullptr;
+    WorkArea* area_ = nullptr;
     FormFocus* formFocus_ = nullptr;
     QLabel* subject_ = nullptr;
     QWidget* separator_ = nullptr;

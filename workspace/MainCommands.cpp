@@ -7,8 +7,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLibraryInfo>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStyleOptionToolButton>
@@ -30,6 +28,7 @@
 #include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
+#include "workspace/WorkArea.h"
 #include "workspace/formBuilds.h"
 #include "workspace/formGuide.h"
 #include "workspace/frmAbout.h"
@@ -129,9 +128,9 @@ void MDIMain::makeCommands() {
     onForm(Command::previousRow, [](SelectionForm& form) { form.results().moveSelection(-1); });
     onForm(Command::nextRow, [](SelectionForm& form) { form.results().moveSelection(1); });
     on(Command::cascade, [this] { area_->cascadeSubWindows(); });
-    on(Command::tileHorizontal, [this] { tileHorizontal(); });
-    on(Command::tileVertical, [this] { tileVertical(); });
-    on(Command::arrangeIcons, [this] { arrangeIcons(); });
+    on(Command::tileHorizontal, [this] { area_->tileHorizontal(); });
+    on(Command::tileVertical, [this] { area_->tileVertical(); });
+    on(Command::arrangeIcons, [this] { area_->arrangeIcons(); });
     on(Command::guide, [this] { showGuide(); });
     commands_[Command::builds]->setVisible(QFileInfo(buildsFile()).size() >= 1);
     on(Command::builds, [this] { showBuilds(); });
@@ -277,38 +276,6 @@ void MDIMain::offer(AdvanceText* field, int boxWidth, const std::array<const cha
     field->SetTag1(QStringLiteral("0|%1;1|%2")
                        .arg(dictionaryText(QLatin1String(keys[1])), dictionaryText(QLatin1String(keys[2]))));
     showKey(field, field->Key());
-}
-
-void MDIMain::tileHorizontal() {
-    const QList<QMdiSubWindow*> windows = area_->subWindowList();
-    const auto count = static_cast<int>(windows.size());
-    for (int i = 0; i < count; ++i) {
-        windows[i]->showNormal();
-        const int top = area_->height() * i / count;
-        windows[i]->setGeometry(0, top, area_->width(), area_->height() * (i + 1) / count - top);
-    }
-}
-
-// Minimised forms stand next to each other at the lower edge, in rows from the bottom.
-void MDIMain::arrangeIcons() {
-    QPoint next(0, area_->viewport()->height());
-    for (QMdiSubWindow* window : area_->subWindowList()) {
-        if (!window->isMinimized()) continue;
-        if (next.x() > 0 && next.x() + window->width() > area_->viewport()->width())
-            next = QPoint(0, next.y() - window->height());
-        window->move(next.x(), next.y() - window->height());
-        next.rx() += window->width();
-    }
-}
-
-void MDIMain::tileVertical() {
-    const QList<QMdiSubWindow*> windows = area_->subWindowList();
-    const auto count = static_cast<int>(windows.size());
-    for (int i = 0; i < count; ++i) {
-        windows[i]->showNormal();
-        const int left = area_->width() * i / count;
-        windows[i]->setGeometry(left, 0, area_->width() * (i + 1) / count - left, area_->height());
-    }
 }
 
 }  // namespace marvello

@@ -10,7 +10,7 @@ class QToolBar;
 
 namespace marvello {
 
-/// Prints a report; a printer that takes none is told in a box.
+/// Prints a report; a box says that a printer takes none.
 void printOrSay(QPrinter& printer, const ReportContent& report, QWidget* parent);
 
 /// Shows a report as it will be on paper, and prints it or saves it as a PDF file from there.

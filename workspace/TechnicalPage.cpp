@@ -15,7 +15,7 @@ namespace {
 constexpr int photoWidth = 270;
 constexpr int margin = 16;
 /// Below this width the text needs all the room.
-constexpr int leastWidthWithPhoto = 580;
+constexpr int minWidthWithPhoto = 580;
 
 }  // namespace
 
@@ -107,7 +107,7 @@ void TechnicalPage::setPhoto(const QImage& photo) { ImageCPS_->setImage(photo); 
 
 void TechnicalPage::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    ImageCPS_->setVisible(width() >= leastWidthWithPhoto);
+    ImageCPS_->setVisible(width() >= minWidthWithPhoto);
 }
 
 }  // namespace marvello

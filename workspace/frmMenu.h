@@ -10,7 +10,7 @@ class QVariantAnimation;
 
 namespace marvello {
 
-/// The start menu over the main window: which form is to be opened. It stands on a dimmed picture of the
+/// The start menu over the main window: which form is to be opened. It is on a dimmed picture of the
 /// window, into which it fades.
 class frmMenu : public QDialog {
     Q_OBJECT

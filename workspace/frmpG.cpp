@@ -16,7 +16,7 @@ namespace marvello {
 namespace {
 
 constexpr int dotInterval = 400;  // milliseconds
-constexpr int mostDots = 3;
+constexpr int maxDots = 3;
 constexpr int alpha = 235;  // of 255: the list below is seen to wait
 
 }  // namespace
@@ -69,7 +69,7 @@ void frmpG::reject() { abort(); }
 
 void frmpG::showDots() {
     const auto dots = LabelDots_->text().size();
-    LabelDots_->setText(dots < mostDots ? QString(dots + 1, u'.') : QString());
+    LabelDots_->setText(dots < maxDots ? QString(dots + 1, u'.') : QString());
 }
 
 }  // namespace marvello

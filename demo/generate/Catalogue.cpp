@@ -11,6 +11,7 @@
 #include "demo/generate/FrequencyLaw.h"
 #include "demo/generate/Motor.h"
 #include "demo/generate/NumberText.h"
+#include "tools/catalogue/Schema.h"
 
 namespace marvello::generate {
 namespace {
@@ -347,56 +348,21 @@ class SeriesBuilder {
     Summary summary_;
 };
 
-/// The four tables with their columns and no rows.
+CsvTable emptyTable(std::string_view name) {
+    CsvTable table{std::string(name), {}, {}};
+    for (const Column& column : std::ranges::find(schemaTables(), name, &Table::name)->columns)
+        table.columns.emplace_back(column.name);
+    return table;
+}
+
+/// The tables with their columns and no rows.
 GeneratedCatalogue emptyCatalogue() {
     GeneratedCatalogue made;
-    made.compressors = {"tCompressors",
-                        {"fRefrigerantID",
-                         "fSerieID",
-                         "fModelID",
-                         "fSequence",
-                         "fVI",
-                         "fFla",
-                         "fFla2",
-                         "fPolynomialQ0ID",
-                         "fPolynomialPassID",
-                         "fPolynomialShID",
-                         "fhasInverter",
-                         "fInverterQ0C1",
-                         "fInverterQ0C2",
-                         "fInverterQ0C3",
-                         "fInverterPtaC1",
-                         "fInverterPtaC2",
-                         "fInverterPtaC3",
-                         "fInverterCaC1",
-                         "fInverterCaC2",
-                         "fInverterCaC3",
-                         "fhasFullSmallMotor",
-                         "fisSmallMotorStandard",
-                         "fStartMode",
-                         "fCtsca",
-                         "fKForo",
-                         "fKPerdita",
-                         "fSez",
-                         "fOilCoolingLimit",
-                         "fOilCoolingLimitEco",
-                         "fValue1",
-                         "fMotorFullID",
-                         "fMotorSmallID",
-                         "fLimitID",
-                         "fLimitEconomizedID",
-                         "fMarket"},
-                        {}};
-    made.polynomials = {"tPolynomials",
-                        {"fPolynomialID", "fType", "fField", "fC1", "fC2", "fC3", "fC4", "fC5", "fC6", "fC7",
-                         "fC8", "fC9", "fC10"},
-                        {}};
+    made.compressors = emptyTable("tCompressors");
+    made.polynomials = emptyTable("tPolynomials");
     made.conversions = {"tPolynomials.r407c", made.polynomials.columns, {}};
-    made.motors = {
-        "tMotors",
-        {"fMotorID", "fhz", "fC1", "fC2", "fC3", "fC4", "fC5", "fLra1", "fLra2", "fPhase", "FNominalPower"},
-        {}};
-    made.limits = {"tLimits", {"fLimitID", "fType", "fPoints"}, {}};
+    made.motors = emptyTable("tMotors");
+    made.limits = emptyTable("tLimits");
     return made;
 }
 

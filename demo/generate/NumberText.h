@@ -4,13 +4,11 @@
 #include <charconv>
 #include <string>
 
+#include "data/Numbers.h"
+
 namespace marvello::generate {
 
-/// The shortest text that reads back as `value`.
-inline std::string text(double value) {
-    std::array<char, 40> buffer{};
-    return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr};
-}
+inline std::string text(double value) { return storedText(value); }
 
 inline std::string text(double value, int decimals) {
     std::array<char, 40> buffer{};

@@ -1,6 +1,5 @@
 // marvello-pictures: takes the photos and draws the dimension drawings of the compressors; see README.md.
 #include <CLI/CLI.hpp>
-#include <QDir>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -18,7 +17,6 @@
 #include <thread>
 #include <vector>
 
-#include "controls/Look.h"
 #include "controls/Metafile.h"
 #include "demo/pictures/Bodies.h"
 #include "demo/pictures/Design.h"
@@ -93,30 +91,6 @@ void showMetafile(const std::string& from, const std::string& to, int width) {
     if (!image.save(QString::fromStdString(to))) throw std::runtime_error(to + " cannot be written.");
 }
 
-/// Puts the photos of a folder onto one sheet.
-void saveSheet(const std::string& folder, const std::string& file) {
-    const QStringList names =
-        QDir(QString::fromStdString(folder)).entryList({"*.jpg"}, QDir::Files, QDir::Name);
-    constexpr int columns = 4, width = 330, height = 228, gap = 6;
-    const int rows = (static_cast<int>(names.size()) + columns - 1) / columns;
-    QImage sheet(columns * (width + gap) - gap, rows * (height + 22 + gap) - gap, QImage::Format_RGB32);
-    sheet.fill(Qt::white);
-    QPainter painter(&sheet);
-    painter.setFont(marvello::lookFont(14));
-    for (int i = 0; i < names.size(); ++i) {
-        const QPoint place(i % columns * (width + gap), i / columns * (height + 22 + gap));
-        const QImage photo(QString::fromStdString(folder) + '/' + names[i]);
-        if (photo.isNull()) throw std::runtime_error(names[i].toStdString() + " is no picture.");
-        painter.drawImage(place,
-                          photo.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-        painter.drawText(QRect(place + QPoint(4, height), QSize(width, 22)), Qt::AlignVCenter,
-                         names[i].chopped(4));
-    }
-    painter.end();
-    if (!sheet.save(QString::fromStdString(file), nullptr, 72))
-        throw std::runtime_error(file + " cannot be written.");
-}
-
 int run(int argc, char** argv) {
     CLI::App program("Takes the photos and draws the dimension drawings of the compressors.");
     std::string plans = MARVELLO_PLANS;
@@ -129,9 +103,6 @@ int run(int argc, char** argv) {
     take->add_option("--series", photos.series, "only these");
     take->add_flag("--draft", photos.isDraft, "small and with rough edges, for a quick look");
     std::string folder, file;
-    CLI::App* sheet = program.add_subcommand("sheet", "puts the photos of a folder onto one sheet");
-    sheet->add_option("folder", folder)->required()->check(CLI::ExistingDirectory);
-    sheet->add_option("file", file)->required();
     CLI::App* draw = program.add_subcommand("drawings", "draws the dimension drawings");
     draw->add_option("folder", folder)->required();
     CLI::App* show = program.add_subcommand("show", "shows a metafile as a picture");
@@ -141,7 +112,6 @@ int run(int argc, char** argv) {
     show->add_option("--width", width, "of the picture in pixels")->check(CLI::Range(100, 8000));
     CLI11_PARSE(program, argc, argv);
     if (take->parsed()) takePhotos(photos, plans);
-    if (sheet->parsed()) saveSheet(folder, file);
     if (draw->parsed()) saveDrawings(folder, plans);
     if (show->parsed()) showMetafile(folder, file, width);
     return 0;

@@ -6,7 +6,7 @@
 
 namespace marvello {
 
-/// What a PDF file tells of a TrueType font that it does not embed. Lengths are in thousandths of the font's
+/// What a PDF file says of a TrueType font that it does not embed. Lengths are in thousandths of the font's
 /// size.
 struct FontMetrics {
     std::string_view baseFont;

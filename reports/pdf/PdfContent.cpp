@@ -11,10 +11,12 @@ namespace marvello {
 
 namespace {
 
-/// From the end of a quarter circle to its control point, over the radius. Kept: 0.5523 would be rounder.
+/// From the end of a quarter circle to its control point, over the radius. Kept: 0.5523 would be rounder, and
+/// circles would no longer be those of earlier files.
 constexpr double quarterCircle = 0.55;
 
-/// Degrees to radians. Kept: short of digits and in single precision.
+/// Degrees to radians. Kept: short of digits and in single precision, which the last digits in the files
+/// come from.
 constexpr auto radians = static_cast<float>(3.141592 / 180);
 
 }  // namespace
@@ -186,7 +188,8 @@ void clsPDFCreator::drawRepeatingObjects() {
         const bool kept = !(first && (options & notOnFirstPage) != 0);
         const bool every = (options & everyPage) == everyPage;
         const bool byNumber = (options & (even ? onEvenPages : onOddPages)) != 0;
-        // Kept: what is asked for the first page by its own bit shows there against notOnFirstPage.
+        // Kept: what is asked for the first page by its own bit shows there against notOnFirstPage:
+        // documents that set both rely on it.
         const bool onlyFirst = !every && first && (options & onFirstPage) != 0;
         if ((kept && byNumber) || onlyFirst) DrawObject(name);
     }

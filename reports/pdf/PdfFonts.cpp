@@ -21,7 +21,7 @@ std::string upperCase(std::string text) {
     return text;
 }
 
-/// Kept: whatever is not known is Courier New, Symbol too.
+/// Kept: whatever is not known is Courier New, Symbol too, so that every text of a caller has a font.
 int familyIndex(const std::string& family) {
     const std::string name = upperCase(withoutBlanks(family));
     if (name == "TIMESNEWROMAN") return 2;

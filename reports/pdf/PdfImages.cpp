@@ -35,7 +35,8 @@ struct ImageSize {
 };
 
 /// Each three bytes as one grey level. Kept: the weights add up to 1.03 and the first byte has the largest,
-/// whether the bytes begin with red, as a palette does, or with blue, as pixels do.
+/// whether the bytes begin with red, as a palette does, or with blue, as pixels do: images look as they
+/// always did.
 std::string greyOf(std::string_view triples) {
     std::string grey;
     grey.reserve(triples.size() / 3);
@@ -63,7 +64,8 @@ void clsPDFCreator::LoadImgFromBuffer(const std::string& name, std::string_view 
     if (buffer.size() - ImageSize::bytes < size.length()) {
         throw std::invalid_argument("The image \"" + name + "\" has fewer bytes than its size tells.");
     }
-    // Kept: pixels of three bytes stay blue, green, red, though viewers take the first for red.
+    // Kept: pixels of three bytes stay blue, green, red, though viewers take the first for red: callers
+    // allow for it.
     std::string_view pixels = buffer.substr(ImageSize::bytes, size.length());
     std::string grey;
     if (gray && !size.hasPalette()) pixels = grey = greyOf(pixels);
@@ -88,7 +90,8 @@ void clsPDFCreator::LoadImgFromBuffer(const std::string& name, std::string_view 
 
 void clsPDFCreator::writePalette(std::string_view palette) {
     NewObject();
-    // Kept: the length is that of the bytes before they are encoded, and a bare ">" ends them.
+    // Kept: the length is that of the bytes before they are encoded, and a bare ">" ends them; readers of
+    // earlier files count on both.
     writeLines({"<<", "/Filter /ASCII85Decode", "/Length " + std::to_string(palette.size()), ">>", "stream",
                 ascii85(palette) + ">", "endstream"});
     writeEndobj();

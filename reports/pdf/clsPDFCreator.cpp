@@ -16,7 +16,7 @@ namespace marvello {
 
 namespace {
 
-/// Kept: lines end in a lone carriage return, but for "endobj".
+/// Kept: lines end in a lone carriage return, but for "endobj", as readers of earlier files expect.
 constexpr std::string_view carriageReturn = "\r";
 constexpr int catalogueObject = 2;
 constexpr int pageTreeObject = 4;
@@ -59,7 +59,8 @@ void replaceAll(std::string& text, std::string_view what, std::string_view by) {
     }
 }
 
-/// Kept: the backslashes set before brackets are doubled as well, so a viewer shows them.
+/// Kept: the backslashes set before brackets are doubled as well, so a viewer shows them, as in earlier
+/// files.
 std::string escapedTitle(std::string title) {
     replaceAll(title, "(", "\\(");
     replaceAll(title, ")", "\\)");
@@ -160,7 +161,8 @@ std::string clsPDFCreator::InitPDFFile(const std::string& fileName) {
     stream_.open(name);
     Writeline("%PDF-1.3");
     writeFixedObjects(now);
-    // Kept: 4 is held for the page tree and 5 for nothing, so the first page is always object 6.
+    // Kept: 4 is held for the page tree and 5 for nothing, so the first page is always object 6, where
+    // readers of earlier files look for it.
     document_.highestObject = lastReservedObject;
     return name;
 }
@@ -181,7 +183,7 @@ void clsPDFCreator::writeFixedObjects(const std::tm& now) {
     NewObject();
     writeLines({"<<", "/Title (" + escapedTitle(title_) + ")", "/Author (oNNiVVa)",
                 "/Creator  (Applicazione di prova)", "/Producer (oNNiVVa)",
-                // Kept: the zone is that of Italy in winter, wherever and whenever the program runs.
+                // Kept: the zone is that of the maker in winter, wherever and whenever the program runs.
                 "/CreationDate (D:" + date + "+01'00')", ">>"});
     writeEndobj();
     NewObject();
@@ -257,7 +259,7 @@ void clsPDFCreator::writeCrossReferences() {
     const std::string highest = std::to_string(document_.highestObject);
     writeLines({"xref", "0 " + highest});
     // Kept: there is no entry for object 0, object 1 is marked as free and the line of an unused number is
-    // empty.
+    // empty, as readers of earlier files expect.
     for (std::size_t number = 1; number < document_.offsets.size(); ++number) {
         const std::int64_t offset = document_.offsets[number];
         Writeline(offset == 0 ? ""

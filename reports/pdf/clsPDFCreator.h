@@ -157,7 +157,7 @@ class clsPDFCreator {
     /// Bitmap.h).
     bool LoadImgFromBMPFile(const std::string& name, const std::string& path, bool gray);
     /// Makes `name` the image in a buffer such as Bitmap holds. Bits per pixel other than 1, 4, 8 and 24 do
-    /// nothing. Throws std::invalid_argument for a buffer that is shorter than its size tells.
+    /// nothing. Throws std::invalid_argument for a buffer that is shorter than its size says.
     void LoadImgFromBuffer(const std::string& name, std::string_view buffer, std::string_view palette,
                            bool gray);
     /// y is the image's top edge.

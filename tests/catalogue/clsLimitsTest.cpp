@@ -108,41 +108,5 @@ TEST(clsLimits, LimitsAroundAPointKeepTheirOrderAndIdentity) {
     EXPECT_THROW(limits.add(std::make_shared<clsLimit>()), std::invalid_argument);
 }
 
-TEST(clsLimit, AttributesFollowTheType) {
-    struct Look {
-        int type, style, red, green, blue, width;
-        const char *description, *caption;
-        bool visible;
-    };
-    // Colours as the pictures of the graph name them.
-    for (const Look& look : {
-             Look{-1, 1, 0xFF, 0, 0, 2, "Over limit", "", true},
-             Look{0, 0, 0, 0, 0, 3, "Application limit", "", true},
-             Look{1, 0, 0xFF, 0x82, 0, 2, "Iniection limit", "", true},
-             Look{2, 0, 0x84, 0x82, 0xFF, 2, "Oil cooling limit", "", true},
-             Look{3, 0, 0xFF, 0, 0xFF, 2, "Motor Small limit", "", true},
-             Look{4, 2, 0x80, 0x80, 0x80, 2, "", "25%", true},
-             Look{5, 4, 0x80, 0x80, 0x80, 2, "", "50%", true},
-             Look{6, 2, 0x80, 0x80, 0x80, 2, "", "75%", true},
-             Look{7, 0, 0, 0xC0, 0, 2, "Oil Filter", "", true},
-             Look{8, 4, 0xFF, 0xFF, 0, 2, "H only", "", false},
-             Look{9, 4, 0, 0xFF, 0, 2, "H suggested", "", false},
-             Look{10, 4, 0, 0, 0xFF, 2, "S Suggested", "", false},
-             Look{11, 0, 0xE7, 0, 0, 2, "", "", true},
-             Look{12, 0, 0x69, 0x1C, 0, 2, "50Hz", "50Hz", true},
-             Look{13, 0, 0x69, 0x1C, 0, 2, "60Hz", "60Hz", true},
-             Look{14, 0, 0xD2, 0x04, 0, 2, "70Hz", "70Hz", true},
-             Look{99, 0, 0, 0, 0, 2, "", "", true},
-         }) {
-        const auto limit = limitOf(look.type, "0,0");
-        EXPECT_EQ(limit->DrawStyle, look.style) << look.type;
-        EXPECT_EQ(limit->Color, look.red + 0x100 * look.green + 0x10000 * look.blue) << look.type;
-        EXPECT_EQ(limit->DrawWidth, look.width) << look.type;
-        EXPECT_EQ(limit->Description, look.description);
-        EXPECT_EQ(limit->Caption, look.caption);
-        EXPECT_EQ(limit->Visible, look.visible) << look.type;
-    }
-}
-
 }  // namespace
 }  // namespace marvello

@@ -6,10 +6,10 @@
 #include <fstream>
 #include <regex>
 #include <set>
-#include <sstream>
 #include <string>
 
 #include "catalogue/clsVariables.h"
+#include "data/FileText.h"
 #include "data/Texts.h"
 
 namespace marvello {
@@ -52,9 +52,7 @@ std::string page() {
 
 TEST(Variables, ThePageIsThatOfTheTable) {
     const std::string file = MARVELLO_SOURCE_FOLDER "/docs/variables.md";
-    std::stringstream found;
-    found << std::ifstream(file).rdbuf();
-    if (found.str() == page()) return;
+    if (fileText(file) == page()) return;
     std::ofstream("variables.md") << page();
     FAIL() << file << " differs from the table; copy variables.md from the folder of this run over it";
 }

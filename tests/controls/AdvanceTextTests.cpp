@@ -197,7 +197,8 @@ TEST_F(AdvanceTextTest, AListThatOpensTakesOverThePressedButtonAndTheMouse) {
 
     // Nothing stays of a field that is put away under the mouse.
     FieldState state;
-    for (const Event event : {Event::mouseEntered, Event::buttonPressed, Event::listOpened, Event::putAway})
+    for (const Event event :
+         {Event::mouseEntered, Event::buttonPressed, Event::listOpened, Event::hiddenOrDisabled})
         EXPECT_TRUE(state.take(event));
     EXPECT_FALSE(state.take(Event::listClosed));
     EXPECT_EQ(state, FieldState());

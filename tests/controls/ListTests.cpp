@@ -91,13 +91,6 @@ TEST_F(ComboTest, TheHeightFollowsTheRows) {
     EXPECT_EQ(combo.preferredHeight(), 21 * combo.RowHeight());
 }
 
-TEST(TwoLineHeader, SplitsAtTheLastBracket) {
-    EXPECT_EQ(TwoLineHeader::lines("Capacity(kW)"), std::pair(QString("Capacity"), QString("kW")));
-    EXPECT_EQ(TwoLineHeader::lines("COP()"), std::pair(QString("COP"), QString()));
-    EXPECT_EQ(TwoLineHeader::lines("Power (eco)(kW)"), std::pair(QString("Power (eco)"), QString("kW")));
-    EXPECT_EQ(TwoLineHeader::lines("Compressor"), std::pair(QString("Compressor"), QString()));
-}
-
 TEST(ResultsView, KeepsRowsByKeyAndMovesTheSelection) {
     ResultsView view;
     view.setColumns({{"compressor", "Compressor", ""}, {"Q0", "A rather long heading(kW)", ""}});
@@ -168,23 +161,4 @@ TEST(ctlBtn, IsClickedByMouseEnterAndSpaceUnlessDisabled) {
     button.setProperty("Enabled", false);
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(clicks.count(), 3);
-}
-
-TEST(ResultsHeader, ANameWithoutAUnitIsOnTheLineOfTheOthers) {
-    ResultsView view;
-    view.resize(400, 200);
-    // The lowest row of the second column that holds a letter.
-    const auto lowest = [&view] {
-        view.show();
-        const QImage picture = view.header()->grab().toImage();
-        const int left = view.header()->sectionPosition(1);
-        for (int y = picture.height() - 3; y > 0; --y)
-            for (int x = left + 1; x < left + view.header()->sectionSize(1); ++x)
-                if (picture.pixelColor(x, y) != picture.pixelColor(left + 1, 2)) return y;
-        return 0;
-    };
-    view.setColumns({{"compressor", "Compressor", ""}, {"COP", "COP()", ""}, {"Q0", "Capacity(kW)", ""}});
-    EXPECT_LT(lowest(), TwoLineHeader::headerHeight / 2);
-    view.setColumns({{"polynomial", "", ""}, {"c1", "COP", ""}, {"c2", "c2", ""}});
-    EXPECT_GT(lowest(), TwoLineHeader::headerHeight / 2) << "in the middle where no column has a unit";
 }

@@ -67,7 +67,7 @@ TEST(Csv, RefusesInvalidUtf8) {
 }
 
 TEST(FileText, GivesEveryByteAndNothingOfWhatIsNoFile) {
-    const std::filesystem::path folder = marvello::test::newTemporaryFolder("marvello-text");
+    const marvello::test::TemporaryFolder folder("marvello-text");
     const std::string bytes("a\r\n\0\xFF\n", 6);
     std::ofstream(folder / "bytes", std::ios::binary) << bytes;
     std::ofstream(folder / "empty");
@@ -75,7 +75,6 @@ TEST(FileText, GivesEveryByteAndNothingOfWhatIsNoFile) {
     EXPECT_EQ(fileText(folder / "empty"), "");
     EXPECT_EQ(fileText(folder / "missing"), std::nullopt);
     EXPECT_EQ(fileText(folder), std::nullopt);
-    std::filesystem::remove_all(folder);
 }
 
 TEST(Csv, ALineReadsBackAsItsFields) {
@@ -90,7 +89,8 @@ TEST(Csv, ALineReadsBackAsItsFields) {
 }
 
 TEST(TextTable, NamesWhatDoesNotFit) {
-    const std::filesystem::path file = marvello::test::newTemporaryFolder("marvello-table") / "plan.csv";
+    const marvello::test::TemporaryFolder folder("marvello-table");
+    const std::filesystem::path file = folder / "plan.csv";
     std::ofstream(file)
         << "# made for this test\nserie,displacement,drive,length\nTK-A,12o,open,\n# the end\n";
     const TextTable table(file);
@@ -112,7 +112,6 @@ TEST(TextTable, NamesWhatDoesNotFit) {
     EXPECT_FALSE(row.numberIfAny("length"));
     EXPECT_EQ(row.number("length", 7), 7);
     EXPECT_EQ(table.rows().size(), 1U);
-    std::filesystem::remove_all(file.parent_path());
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ QRect darkPart(const QImage& photo) {
 /// One of each way of building: feet and rails, ribs along and around, a lying and an upright separator, a
 /// motor, a converter and an open drive.
 TEST(PicturePhoto, ShowsTheMachineInTheMiddleOfALightFloor) {
-    const auto folder = test::newTemporaryFolder("marvello-photos");
+    const test::TemporaryFolder folder("marvello-photos");
     const auto taken = [&](const Motif& motif) {
         takePhoto(motif, folder / "photo.jpg", {87, 60}, true);
         return QImage(QString::fromStdString((folder / "photo.jpg").string()));
@@ -59,11 +59,10 @@ TEST(PicturePhoto, ShowsTheMachineInTheMiddleOfALightFloor) {
             EXPECT_EQ(photo, taken(motif));
         }
     }
-    std::filesystem::remove_all(folder);
 }
 
 TEST(PicturePhoto, OfAStandInHasNoColourButTheEmblem) {
-    const auto folder = test::newTemporaryFolder("marvello-photos");
+    const test::TemporaryFolder folder("marvello-photos");
     const auto series = readBodies(MARVELLO_SOURCE_FOLDER "/demo/generate/plans").front();
     takePhoto({"Kestrom", designOf("TK-A", series.typical()), true}, folder / "photo.jpg", {87, 60}, true);
     const QImage photo(QString::fromStdString((folder / "photo.jpg").string()));
@@ -73,11 +72,10 @@ TEST(PicturePhoto, OfAStandInHasNoColourButTheEmblem) {
             if (photo.pixelColor(x, y).hsvSaturation() > 120) coloured |= QRect(x, y, 1, 1);
     EXPECT_TRUE(QRect(12, 28, 30, 28).contains(coloured)) << coloured.x() << ' ' << coloured.right();
     EXPECT_GT(coloured.width(), 8);
-    std::filesystem::remove_all(folder);
 }
 
 TEST(PictureBodies, GoToTheModelsThatTheyAreLargeEnoughFor) {
-    const auto folder = test::newTemporaryFolder("marvello-bodies");
+    const test::TemporaryFolder folder("marvello-bodies");
     const auto write = [&](const char* name, const std::string& text) {
         std::ofstream(folder / name) << text;
     };
@@ -98,7 +96,6 @@ TEST(PictureBodies, GoToTheModelsThatTheyAreLargeEnoughFor) {
     EXPECT_THROW(readBodies(folder), std::runtime_error);
     write("models.csv", "serie,model,displacement\nTK-Z,d,100\n");
     EXPECT_THROW(readBodies(folder), std::runtime_error);
-    std::filesystem::remove_all(folder);
 }
 
 TEST(PictureDesign, KnowsTheSizesOfConnections) {

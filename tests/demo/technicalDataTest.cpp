@@ -12,7 +12,6 @@ namespace {
 
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 SeriesPlan tkA() {
     SeriesPlan series;
@@ -37,7 +36,6 @@ class TechnicalDataTest : public testing::Test {
             "TK-A,TK1,190,\"2 1/8\"\"\",\"1 3/8\"\"\",\"7/8\"\"\",11,286,340\n"
             "TK-A,TK2,300,\"2 5/8\"\"\",\"1 5/8\"\"\",,15,412,470\n");
     }
-    ~TechnicalDataTest() override { std::filesystem::remove_all(folder_); }
 
     void writeBodies(const std::string& rows) {
         std::ofstream(folder_ / "bodies.csv")
@@ -53,7 +51,7 @@ class TechnicalDataTest : public testing::Test {
         return "nothing";
     }
 
-    const std::filesystem::path folder_ = test::newTemporaryFolder("marvello-bodies");
+    const test::TemporaryFolder folder_{"marvello-bodies"};
 };
 
 TEST_F(TechnicalDataTest, GivesEachModelItsBodyAndWeightOnce) {
@@ -69,30 +67,6 @@ TEST_F(TechnicalDataTest, GivesEachModelItsBodyAndWeightOnce) {
                       HasSubstr("}|2 1/8\";"), HasSubstr("}|11 l;"), HasSubstr("}|301 kg")));
     EXPECT_THAT(made.rows.rows[2][3], HasSubstr("}|340 kg"));
     EXPECT_THAT(made.rows.rows[3][3], AllOf(HasSubstr("}|15 l;"), HasSubstr("}|412 kg")));
-}
-
-TEST_F(TechnicalDataTest, LeavesOutWhatADriveDoesNotHave) {
-    const auto sheetOf = [&](SeriesPlan::Drive drive) {
-        SeriesPlan series = tkA();
-        series.drive = drive;
-        series.portRatio = drive == SeriesPlan::Drive::open ? 0 : 1.5;
-        series.rows = {970, 3500};
-        return technicalData({series}, folder_).rows.rows[0][3];
-    };
-    EXPECT_THAT(sheetOf(SeriesPlan::Drive::open),
-                AllOf(HasSubstr("970 – 3500 min⁻¹"), Not(HasSubstr("@Motor")), Not(HasSubstr("@Cps")),
-                      Not(HasSubstr("economizer"))));
-    EXPECT_THAT(sheetOf(SeriesPlan::Drive::inverter),
-                AllOf(HasSubstr("20 – 70 Hz"), HasSubstr("@Cps.Fla A"), Not(HasSubstr("@Motor.Lra")),
-                      HasSubstr("economizer"), Not(HasSubstr("%"))));
-}
-
-TEST_F(TechnicalDataTest, ShowsTheRatioInUseWhereTheBestOneIsChosen) {
-    SeriesPlan series = tkA();
-    series.drive = SeriesPlan::Drive::inverter;
-    series.rowsBy = SeriesPlan::RowsBy::ratio;
-    series.rows = {2.2, 2.6, 3.5};
-    EXPECT_THAT(technicalData({series}, folder_).rows.rows[0][3], HasSubstr("volumeratio.caption}|@cps.VI;"));
 }
 
 TEST_F(TechnicalDataTest, NamesWhatDoesNotFit) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <string>
 
 #include "tests/engine/EngineFixture.h"
@@ -72,47 +71,15 @@ TEST_F(standardCycle, AWholeCompressorByHand) {
     EXPECT_EQ(v("QcEco"), v("Qc"));
 }
 
-// The names in their order, and the units and descriptions of all that have one.
-TEST_F(standardCycle, VariablesHaveTheirOrderUnitsAndDescriptions) {
+TEST_F(standardCycle, VariablesStandInTheirOrder) {
     const std::string order =
         "Ted Tcd ShType Sh Sc OC OCCalculateMode EcoCalculateMode Eco Fm MotorType Vm InverterFrequency Pe "
         "Teb "
         "Tem Pc Tcb Tcm Tga Hga Sga Dga Tga10 Hga10 Sga10 Dga10 Plb Tlb Tl Hl Hlb Tlba Hcb hlba HE Q010 "
         "Pta010 "
         "M010 V010 Mbase Qbase Q0 Pta CA Fla Lra1 Lra2 COP EER T21 Tsca H21 Pra H2Rif PLiq T3 H3 Qc QcEco ";
-    const std::map<std::string, std::string> units = {
-        {"bar", " Pe Pc Plb "},
-        {"C", " Teb Tem Tcb Tcm Tga Tga10 Tlb Tl Tlba "},
-        {"kJ/kg", " Hga Hga10 Hl Hlb Hcb hlba H21 "},
-        {"kJ/kg-K", " Sga Sga10 "},
-        {"kg/m^3", " Dga Dga10 "},
-        {"KW", " Q010 Pta010 "},
-        {"Kg/h", " M010 "},
-        {"Kw", " Mbase Pra "},
-        {"Kw/h", " Q0 Pta "},
-        {"A", " CA "},
-    };
-    const std::map<std::string, std::string> descriptions = {{"Q010", "Potenza frigo di riferimento"},
-                                                             {"Pta010", "Potenza Assorbita di riferimento"},
-                                                             {"M010", "Portata di massa di riferimento"},
-                                                             {"V010", "Portata volumetrica di riferimento"},
-                                                             {"Mbase", "Portata di Massa"},
-                                                             {"Q0", "Potenza Frigo"},
-                                                             {"H21", "Entalpia di massa"},
-                                                             {"Pra", "Raffreddamento Olio"},
-                                                             {"Qc", "Condenser Capacity"},
-                                                             {"QcEco", "Condenser Capacity with Eco"}};
     std::string names;
-    for (const auto& variable : select().Variables) {
-        const std::string& name = variable->Name;
-        names += name + " ";
-        std::string unit;
-        for (const auto& [candidate, users] : units) {
-            if (users.find(" " + name + " ") != std::string::npos) unit = candidate;
-        }
-        EXPECT_EQ(variable->UnitMeasuretext, unit) << name;
-        EXPECT_EQ(variable->Description, descriptions.contains(name) ? descriptions.at(name) : "") << name;
-    }
+    for (const auto& variable : select().Variables) names += variable->Name + " ";
     EXPECT_EQ(names, order);
 }
 

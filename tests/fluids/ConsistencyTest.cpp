@@ -73,8 +73,8 @@ TEST_P(Consistency, PhasesMeetAtTheCriticalPoint) {
     const double closing = gap(0.0025) / gap(0.01);
     EXPECT_GT(closing, 0.24);
     EXPECT_LT(closing, 0.7);
-    EXPECT_NE(saturationAtT(model.flash.boundary().temperatureMost() + 0.001, 1).answer.code, 0);
-    EXPECT_NE(saturationAtP(model.flash.boundary().pressureMost() * 1.0001, 2).answer.code, 0);
+    EXPECT_NE(saturationAtT(model.flash.boundary().temperatureMax() + 0.001, 1).answer.code, 0);
+    EXPECT_NE(saturationAtP(model.flash.boundary().pressureMax() * 1.0001, 2).answer.code, 0);
 }
 
 /// Around the critical point of a blend an isotherm may enter and leave the dome at dew points alone, and an

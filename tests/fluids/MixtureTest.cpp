@@ -1,6 +1,5 @@
 // The mixture model: fugacities against differences of the Helmholtz energy, and what must hold of any
 // mixture.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -21,7 +20,6 @@ namespace {
 
 using fluids::FugacityState;
 using fluids::Mixture;
-using testing::HasSubstr;
 
 const std::vector<std::string> allFiles = [] {
     std::vector<std::string> files;
@@ -266,45 +264,6 @@ TEST(Mixtures, TwentyComponentsWithRepeats) {
         }
     }
     expectAlike(told, found, {0, 1, 2}, 1e-9);
-}
-
-/// The gas constant of mixtures differs from that of R32's equation by 1.0e-6.
-TEST(Mixtures, OfAFluidWithItself) {
-    ASSERT_EQ(setUp(refrigerant("R32")).code, 0);
-    const std::vector<Properties> told = sampleStates();
-    ASSERT_EQ(setUpOf({"R32.FLD", "R32.FLD"}, {0.3, 0.7}).sentence, "");
-    std::vector<Properties> found = sampleStates();
-    for (Properties& state : found) {
-        EXPECT_NEAR(state.x[0], 0.3, 1e-12);
-        EXPECT_NEAR(state.y[0], 0.3, 1e-12);
-        state.x = state.y = {1.0};
-    }
-    expectAlike(told, found, {0}, 4e-6);
-}
-
-/// All thirteen together either have a phase boundary, and then states, or are refused in a sentence.
-TEST(Mixtures, OfAllFluids) {
-    std::vector<std::string> files = allFiles;
-    for (const bool withAmmonia : {true, false}) {
-        if (!withAmmonia) std::erase(files, "AMMONIA.FLD");
-        const Answer answer =
-            setUpOf(files, std::vector<double>(files.size(), 1.0 / static_cast<double>(files.size())));
-        if (answer.code != 0) {
-            EXPECT_EQ(answer.code, 102);
-            EXPECT_THAT(answer.sentence, HasSubstr("could not be followed"));
-            EXPECT_EQ(atTP(300, 100).D, undefined);
-            continue;
-        }
-        const Properties bubble = saturationAtT(280, 1);
-        const Properties dew = saturationAtT(280, 2);
-        ASSERT_EQ(bubble.answer.code + dew.answer.code, 0);
-        EXPECT_GT(bubble.p, dew.p);
-        const Properties wet = atTP(280, (bubble.p + dew.p) / 2);
-        ASSERT_EQ(wet.answer.code, 0) << wet.answer.sentence;
-        EXPECT_TRUE(wet.q > 0 && wet.q < 1);
-        EXPECT_LT(deviation(atPH(wet.p, wet.h).t, 280), 1e-10);
-        EXPECT_LT(deviation(atPS(wet.p, wet.s).t, 280), 1e-10);
-    }
 }
 
 TEST(Mixtures, MolesAndMasses) {

@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 
 #include "catalogue/Globals.h"
+#include "data/FileText.h"
 #include "data/Hooks.h"
 #include "data/ParameterSets.h"
 #include "data/Session.h"
@@ -30,8 +30,7 @@ const std::filesystem::path& file() {
 const std::string& soundFile() {
     static const std::string bytes = [] {
         writeCatalogue(fuzz::cutContent(), file());
-        std::ifstream stream(file(), std::ios::binary);
-        return std::string{std::istreambuf_iterator<char>(stream), {}};
+        return *fileText(file());
     }();
     return bytes;
 }

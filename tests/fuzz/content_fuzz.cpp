@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
+#include "data/FileText.h"
 #include "data/Session.h"
 #include "tests/fuzz/Edits.h"
 #include "tests/fuzz/Refusal.h"
@@ -26,10 +26,8 @@ struct Tables {
 
     Tables() {
         writeTables(fuzz::cutContent(), folder / "content", true);
-        for (const auto& entry : fs::directory_iterator(folder / "content")) {
-            std::ifstream stream(entry.path(), std::ios::binary);
-            files.emplace_back(entry.path(), std::string{std::istreambuf_iterator<char>(stream), {}});
-        }
+        for (const auto& entry : fs::directory_iterator(folder / "content"))
+            files.emplace_back(entry.path(), *fileText(entry.path()));
         std::ranges::sort(files);
     }
 };

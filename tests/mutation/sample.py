@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Changes the code of some rooms, one operator or constant at a time, and tells which test notices.
+"""Changes the code of some modules, one operator or constant at a time, and tells which test notices.
 
 The source stays as it is: the changes are made in a copy of the tree under build-mutation/, with a build of its own.
 See README.md in this folder.
@@ -59,11 +59,11 @@ def replacements(site):
     return [repr(float(number) * 1.1 if float(number) != 0 else 1.0) + suffix]
 
 
-def mutants(rooms, chance):
+def mutants(modules, chance):
     """Every possible change as (file, line, begin, end, old, new), in the order of the draw."""
     found = []
-    for room in rooms:
-        for file in sorted((ROOT / room).glob("*.cpp")) + sorted((ROOT / room).glob("*.h")):
+    for module in modules:
+        for file in sorted((ROOT / module).glob("*.cpp")) + sorted((ROOT / module).glob("*.h")):
             text = file.read_text()
             for site in SITE.finditer(code_only(text)):
                 line = text.count("\n", 0, site.start()) + 1
@@ -124,11 +124,11 @@ class TestProgram:
         self.seconds = 0
 
     def reaches(self, file):
-        """Whether anything of the file's room goes into the program or into what it works on."""
+        """Whether anything of the file's module goes into the program or into what it works on."""
         return any(str(COPY / file.parent) == os.path.dirname(name) for name in self.inputs)
 
     def distance(self, file):
-        """The tests of the file's own room first, then those of the folder, then from the cheapest to the dearest."""
+        """The tests of the file's own module first, then those of the folder, then from the cheapest to the dearest."""
         tests = pathlib.PurePath("tests")
         folder = pathlib.PurePath(self.target).parent
         return folder != tests / file.parent, folder != tests / file.parts[0], self.seconds
@@ -168,7 +168,7 @@ def verdict(programs, file, jobs):
     return "SURVIVED"
 
 
-def prepare(jobs, rooms, without):
+def prepare(jobs, modules, without):
     """The copy, built and found sound, and its test programs with the time that each takes."""
     refresh_copy()
     print("building the copy", flush=True)
@@ -178,7 +178,7 @@ def prepare(jobs, rooms, without):
         status, output = run(command, None)
         if status != 0:
             sys.exit(f"The unchanged tree does not build:\n{output}")
-    programs = [p for p in test_programs() if any(p.reaches(pathlib.PurePath(room) / "x") for room in rooms)]
+    programs = [p for p in test_programs() if any(p.reaches(pathlib.PurePath(module) / "x") for module in modules)]
     programs = [p for p in programs if p.path.name not in without]
     for program in programs:
         begin = time.monotonic()
@@ -194,14 +194,14 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--count", type=int, default=60)
-    parser.add_argument("--rooms", nargs="+", default=["engine", "catalogue", "thermo"])
+    parser.add_argument("--modules", nargs="+", default=["engine", "catalogue", "thermo"])
     parser.add_argument("--pick", nargs="+", type=int, help="only the mutants of these numbers")
     parser.add_argument("--without", nargs="+", default=[], help="test programs that are left out, such as slow ones")
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     options = parser.parse_args()
 
-    drawn = mutants(options.rooms, random.Random(options.seed))
-    programs = prepare(options.jobs, options.rooms, options.without)
+    drawn = mutants(options.modules, random.Random(options.seed))
+    programs = prepare(options.jobs, options.modules, options.without)
     killed = judged = 0
     print(f"{len(drawn)} possible changes", flush=True)
     for number, (file, line, begin, end, old, new) in enumerate(drawn, 1):

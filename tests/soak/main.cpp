@@ -17,16 +17,13 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QXmlStreamReader>
-#include <chrono>
 #include <csignal>
 #include <fstream>
 #include <iostream>
-#include <map>
 #include <numeric>
 #include <random>
 
@@ -79,7 +76,6 @@ class Soak {
         const Action* action = actions;
         for (; at >= action->weight; ++action) at -= action->weight;
         if (!form()) action = &actions[0];
-        const auto begun = std::chrono::steady_clock::now();
         real_.boxes.clear();
         say(action->name);
         if (!real_.window->isActiveWindow())
@@ -88,19 +84,7 @@ class Soak {
         while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
         QApplication::processEvents();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begun;
-        auto& [count, seconds, longest] = tallies_[action->name];
-        ++count;
-        seconds += took.count();
-        longest = std::max(longest, took.count());
         check(*action);
-    }
-
-    void report() const {
-        std::printf("\n\naction               count  seconds  longest\n");
-        for (const auto& [name, tally] : tallies_)
-            std::printf("%-20s %5d %8.1f %8.2f\n", name.c_str(), tally.count, tally.seconds, tally.longest);
-        for (const auto& [text, count] : boxes_) std::printf("%d x box: %s\n", count, qPrintable(text));
     }
 
   private:
@@ -111,10 +95,6 @@ class Soak {
         void (Soak::*act)();
     };
     static const Action actions[21];
-    struct Tally {
-        int count = 0;
-        double seconds = 0, longest = 0;
-    };
 
     int random(qsizetype below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
     template <class List>
@@ -131,7 +111,6 @@ class Soak {
 
     void check(const Action& action) {
         for (const QString& box : real_.boxes) {
-            ++boxes_[QString(box).replace(QRegularExpression("[0-9.,]+"), "#")];
             // A field that is left says what is wrong with it, whatever the action that left it.
             const QStringList ofFields{
                 "Error. Only Numeric value",
@@ -383,8 +362,6 @@ class Soak {
     testing::RealWindow real_;
     QTemporaryDir folder_;
     std::mt19937 random_;
-    std::map<std::string, Tally> tallies_;
-    std::map<QString, int> boxes_;
     QTimer person_;
     int forms_ = 0;
     int turnsToAbort_ = -1;
@@ -442,7 +419,6 @@ int soak(unsigned seed, int actions) {
                 std::cout << "\n" << done + 1 << " actions: " << megabytes("VmRSS") << " MB";
         }
         alarm(0);
-        soak.report();
     } catch (const std::exception& finding) {
         std::cerr << "\nSeed " << seed << ", action " << done << ": " << finding.what() << '\n';
         return 1;

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
 namespace marvello::test {
 
@@ -15,5 +16,17 @@ inline std::filesystem::path newTemporaryFolder(const std::string& name) {
     if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("No folder can be made for the test.");
     return path;
 }
+
+/// The path of such a folder, which goes with it.
+class TemporaryFolder : public std::filesystem::path {
+  public:
+    explicit TemporaryFolder(const std::string& name) : path(newTemporaryFolder(name)) {}
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(*this, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+};
 
 }  // namespace marvello::test

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 
+#include "data/FileText.h"
 #include "data/clsDatabase.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/CallProgram.h"
@@ -31,7 +32,6 @@ namespace fs = std::filesystem;
 class CatalogueBuilder : public ::testing::Test {
   protected:
     CatalogueBuilder() { test::writeSmallContent(folder_); }
-    ~CatalogueBuilder() override { fs::remove_all(folder_); }
 
     void append(const char* file, const char* rows) const {
         std::ofstream(folder_ / file, std::ios::app | std::ios::binary) << rows;
@@ -43,11 +43,11 @@ class CatalogueBuilder : public ::testing::Test {
         return found.lines();
     }
 
-    fs::path folder_ = test::newTemporaryFolder("marvello-content");
+    test::TemporaryFolder folder_{"marvello-content"};
 };
 
 TEST_F(CatalogueBuilder, ReplacesOnlyACatalogueAndKeepsItsRightsAndLinks) {
-    const fs::path place = test::newTemporaryFolder("marvello-output");
+    const test::TemporaryFolder place("marvello-output");
     const std::string build = "build " + folder_.string() + " ";
     const auto call = [&](const std::string& arguments) {
         return ::marvello::testing::callProgram("marvello-catalogue", arguments,
@@ -81,7 +81,6 @@ TEST_F(CatalogueBuilder, ReplacesOnlyACatalogueAndKeepsItsRightsAndLinks) {
     std::ofstream(place / "db.mdb-journal") << "left";
     EXPECT_THAT(call(build + (place / "db.mdb").string()).out, HasSubstr("db.mdb-journal"));
     EXPECT_EQ(std::distance(fs::directory_iterator(place), {}), 6);  // nothing of the builder's is left
-    fs::remove_all(place);
 }
 
 /// Every byte in turn of a page's worth, all over the file.
@@ -90,8 +89,7 @@ TEST_F(CatalogueBuilder, AFlippedByteIsNeverSilent) {
     const fs::path bad = folder_ / "bad.mdb";
     Faults none;
     writeCatalogue(readContent(folder_, none), good);
-    std::ifstream stream(good, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
+    const std::string bytes = *fileText(good);
     const auto check = [&](const std::string& content) {
         std::ofstream(bad, std::ios::binary) << content;
         clsDatabase database;
@@ -149,7 +147,7 @@ TEST_F(CatalogueBuilder, TheStatementsOfALoadFindTheirRowsByIndex) {
 }
 
 TEST_F(CatalogueBuilder, ManyBuildsOfOneFileAtOnceAllSucceed) {
-    const fs::path place = test::newTemporaryFolder("marvello-output");
+    const test::TemporaryFolder place("marvello-output");
     Faults none;
     const Content content = readContent(folder_, none);
     std::vector<std::future<void>> builds;
@@ -159,7 +157,6 @@ TEST_F(CatalogueBuilder, ManyBuildsOfOneFileAtOnceAllSucceed) {
     clsDatabase database;
     EXPECT_TRUE(database.Connect("Data Source=" + (place / "db.mdb").string()));
     EXPECT_EQ(std::distance(fs::directory_iterator(place), {}), 1);
-    fs::remove_all(place);
 }
 
 TEST_F(CatalogueBuilder, WritesWhatItRead) {

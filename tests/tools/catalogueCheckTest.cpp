@@ -265,7 +265,6 @@ class CatalogueCheck : public ::testing::Test {
         sound_ = toldOf(folder_);
         EXPECT_THAT(sound_.errors, IsEmpty());
     }
-    ~CatalogueCheck() override { fs::remove_all(folder_); }
 
     void expectTold(const std::vector<Fault>& faults) const {
         for (const Fault& fault : faults) expectTold(fault);
@@ -293,7 +292,7 @@ class CatalogueCheck : public ::testing::Test {
         }
     }
 
-    fs::path folder_ = test::newTemporaryFolder("marvello-faults");
+    test::TemporaryFolder folder_{"marvello-faults"};
     Told sound_;
 };
 
@@ -368,14 +367,13 @@ TEST(WholeContent, HasNoFault) {
 }
 
 TEST(Content, IsCheckedAsFarAsThePropertyLibraryIsThere) {
-    const fs::path empty = newTemporaryFolder("marvello-empty");
+    const TemporaryFolder empty("marvello-empty");
     const Session session(empty.string());
     Faults faults;
     const fs::path folder = fs::path(MARVELLO_SOURCE_FOLDER) / "content";
     checkContent(readContent(folder, faults), std::nullopt, folder / "pictures", faults);
     EXPECT_THAT(faults.lines(), IsEmpty());
     EXPECT_THAT(faults.warnings(), Contains(HasSubstr("the losses of the economizer ports are not checked")));
-    fs::remove_all(empty);
 }
 
 /// Each key that the program completes has to be known with what it is completed with.

@@ -12,6 +12,7 @@
 #include <map>
 #include <string>
 
+#include "data/FileText.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/CallProgram.h"
 #include "tests/tools/SmallContent.h"
@@ -27,10 +28,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string bytesOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
+std::string bytesOf(const fs::path& file) { return fileText(file).value_or(""); }
 
 Content contentOf(const fs::path& folder) {
     Faults faults;
@@ -52,8 +50,6 @@ std::vector<std::vector<std::vector<Value>>> rowsOf(const Content& content) {
 
 class CatalogueDump : public ::testing::Test {
   protected:
-    ~CatalogueDump() override { fs::remove_all(folder_); }
-
     fs::path catalogueOf(const fs::path& content, const char* name) const {
         writeCatalogue(contentOf(content), folder_ / name);
         return folder_ / name;
@@ -63,7 +59,7 @@ class CatalogueDump : public ::testing::Test {
                                                 ::marvello::testing::Listen::errors);
     }
 
-    fs::path folder_ = test::newTemporaryFolder("marvello-dump");
+    test::TemporaryFolder folder_{"marvello-dump"};
 };
 
 TEST_F(CatalogueDump, BuildingTheDumpGivesTheSameFile) {
@@ -141,7 +137,7 @@ TEST(TableExchange, AnEndAtAnyMomentLeavesTheOldTablesOrTheNewOnes) {
     using Files = std::map<std::string, std::string>;
     const Files old{{"tMotors.csv", "old"}, {"tLimits.csv", "old"}, {"tLimits.part.csv", "old"}};
     const Files fresh{{"tMotors.csv", "new"}, {"tLimits.csv", "new"}, {"tFluidi.csv", "new"}};
-    const fs::path root = test::newTemporaryFolder("marvello-exchange");
+    const test::TemporaryFolder root("marvello-exchange");
     const fs::path folder = root / "tables";
     const auto tables = [&] {
         Files found;
@@ -181,7 +177,6 @@ TEST(TableExchange, AnEndAtAnyMomentLeavesTheOldTablesOrTheNewOnes) {
         }
         EXPECT_FALSE(wereOld);
     }
-    fs::remove_all(root);
 }
 
 TEST_F(CatalogueDump, RefusesWhatIsNoCatalogueOfThisSchema) {

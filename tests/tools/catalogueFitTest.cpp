@@ -171,7 +171,7 @@ TEST(RatingPoints, SayWhatIsWrongWithThem) {
 }
 
 TEST(CatalogueFit, PrintsRowsForTheTable) {
-    const fs::path folder = test::newTemporaryFolder("marvello-fit");
+    const test::TemporaryFolder folder("marvello-fit");
     std::ofstream file(folder / "points.csv");
     file << "evaporating,condensing,capacity,power\n";
     for (double x = -20; x <= 10; x += 5)
@@ -201,7 +201,6 @@ TEST(CatalogueFit, PrintsRowsForTheTable) {
     EXPECT_EQ(run("--id \"a,b\"", Listen::errors).status, 2);
     std::ofstream(folder / "points.csv", std::ios::app) << "0,40,-3,20\n";
     EXPECT_THAT(run("", Listen::errors).out, StartsWith("points.csv:30: capacity: -3 kW is not positive"));
-    fs::remove_all(folder);
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -15,6 +14,7 @@
 
 #include "data/Csv.h"
 #include "data/Faults.h"
+#include "data/FileText.h"
 #include "data/Numbers.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/CallProgram.h"
@@ -26,23 +26,16 @@ namespace fs = std::filesystem;
 
 using Fields = std::map<std::string, std::string>;
 
-std::string wholeText(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 double number(const Fields& row, const std::string& column) {
     return storedNumber(row.at(column)).value_or(std::nan(""));
 }
 
 class marvelloFluids : public ::testing::Test {
   protected:
-    marvelloFluids()
-        : folder_(marvello::test::newTemporaryFolder("marvello-fluids")), csv_(folder_ / "out.csv") {
+    marvelloFluids() {
         for (const char* name : {"blends.csv", "saturation.csv", "single_phase.csv", "flash.csv"})
             fs::copy_file(source() / name, folder_ / name, fs::copy_options::overwrite_existing);
     }
-    ~marvelloFluids() override { fs::remove_all(folder_); }
 
     static fs::path source() { return fs::path(MARVELLO_SOURCE_FOLDER) / "tests/fluids/data"; }
 
@@ -54,7 +47,7 @@ class marvelloFluids : public ::testing::Test {
         const Answer answer = call(arguments + " --csv " + csv_.string());
         EXPECT_EQ(answer.status, status) << answer.out;
         Faults faults;
-        const std::vector<CsvRecord> records = readCsv(wholeText(csv_), csv_.string(), faults);
+        const std::vector<CsvRecord> records = readCsv(*fileText(csv_), csv_.string(), faults);
         EXPECT_TRUE(faults.empty());
         std::vector<Fields> found;
         for (std::size_t i = 1; i < records.size(); ++i) {
@@ -66,14 +59,14 @@ class marvelloFluids : public ::testing::Test {
     }
     /// Changes one field of the first row that begins with `start` in a table of the test's own folder.
     void alter(const char* table, const std::string& start, std::size_t column, const std::string& value) {
-        const std::string text = wholeText(folder_ / table);
+        const std::string text = *fileText(folder_ / table);
         std::size_t from = text.find("\n" + start + ",") + 1;
         for (std::size_t k = 0; k < column; ++k) from = text.find(',', from) + 1;
         std::ofstream(folder_ / table) << text.substr(0, from) << value << text.substr(text.find(',', from));
     }
 
-    fs::path folder_;
-    fs::path csv_;
+    marvello::test::TemporaryFolder folder_{"marvello-fluids"};
+    fs::path csv_ = folder_ / "out.csv";
 };
 
 TEST_F(marvelloFluids, ADeviationIsFoundWhereItIs) {

@@ -175,7 +175,7 @@ TEST(marvelloSelect, NamesAreFoundInAnyCaseOfLetters) {
 
 /// Application folder with a catalogue of a name and figures that no demonstration has.
 TEST(marvelloSelect, ColumnsOfTheTableNeverRunTogether) {
-    const fs::path folder = marvello::test::newTemporaryFolder("marvello-wide");
+    const marvello::test::TemporaryFolder folder("marvello-wide");
     for (const auto& entry : fs::directory_iterator(MARVELLO_APP_FOLDER))
         if (entry.path().filename() != "db.mdb")
             fs::create_symlink(entry.path(), folder / entry.path().filename());
@@ -194,11 +194,11 @@ TEST(marvelloSelect, ColumnsOfTheTableNeverRunTogether) {
     ASSERT_EQ(cells.size(), 8) << table;
     EXPECT_EQ(cells[0], "TK-A-A-very-long-name-of-a-model");
     EXPECT_NEAR(std::stod(cells[2]), 1e9, 1e8);
-    fs::remove_all(folder);
 }
 
 TEST(marvelloSelect, ABatchRunsInOneProcessAndNamesALineAtFault) {
-    const fs::path file = marvello::test::newTemporaryFolder("marvello-batch") / "batch.csv";
+    const marvello::test::TemporaryFolder folder("marvello-batch");
+    const fs::path file = folder / "batch.csv";
     const auto write = [&file](const char* text) { std::ofstream(file) << text; };
     write("refrigerant,series,ted,tcd\nR134A,TK-A,2,40\nR290,MV-A,-10,45\nR134A,TK-A,-5,\n");
     const Answer answer = call("--tcd 50 --format json --batch " + file.string());
@@ -249,7 +249,6 @@ TEST(marvelloSelect, ABatchRunsInOneProcessAndNamesALineAtFault) {
     expectRefused("marvello-select", {batch, ":1: the column ted is there twice"});
     write("");
     expectRefused("marvello-select", {batch, "has no header line"});
-    fs::remove_all(file.parent_path());
 }
 
 TEST(marvelloSelect, FormatsAgree) {
@@ -264,7 +263,7 @@ TEST(marvelloSelect, FormatsAgree) {
 
 /// Application folders with something missing or wrong.
 TEST(marvelloSelect, BrokenFoldersAreToldInASentence) {
-    const fs::path folder = marvello::test::newTemporaryFolder("marvello-broken");
+    const marvello::test::TemporaryFolder folder("marvello-broken");
     const fs::path good = MARVELLO_APP_FOLDER;
     const std::string there = "--app-folder '" + folder.string() + "' " + point;
     const auto says = [&](const char* sentence) { expectRefused("marvello-select", {there, sentence}); };
@@ -281,7 +280,6 @@ TEST(marvelloSelect, BrokenFoldersAreToldInASentence) {
     fs::remove(folder / "Fluids" / "R134A.FLD");
     fs::copy_file(good / "Fluids" / "R134A.FLD", folder / "Fluids" / "R134A.FLD");
     EXPECT_EQ(call(there).status, 0);
-    fs::remove_all(folder);
 }
 
 }  // namespace

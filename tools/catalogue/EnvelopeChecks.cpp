@@ -14,21 +14,20 @@ namespace marvello {
 namespace {
 
 // Dew temperatures in degrees Celsius between which any refrigeration compressor works.
-constexpr double leastEvaporating = -100;
-constexpr double mostEvaporating = 50;
-constexpr double leastCondensing = -60;
-constexpr double mostCondensing = 130;
+constexpr double minEvaporating = -100;
+constexpr double maxEvaporating = 50;
+constexpr double minCondensing = -60;
+constexpr double maxCondensing = 130;
 
 std::string pointText(const clsPoint& point) { return storedText(point.x) + "," + storedText(point.Y); }
 
 void checkCoordinates(const Row& row, const clsPoints& line) {
     for (const clsPoint& point : line) {
-        if (point.x < leastEvaporating || point.x > mostEvaporating || point.Y < leastCondensing ||
-            point.Y > mostCondensing) {
+        if (point.x < minEvaporating || point.x > maxEvaporating || point.Y < minCondensing ||
+            point.Y > maxCondensing) {
             row.fault("fPoints: the point " + pointText(point) + " lies outside " +
-                      storedText(leastEvaporating) + " to " + storedText(mostEvaporating) +
-                      " evaporating and " + storedText(leastCondensing) + " to " +
-                      storedText(mostCondensing) +
+                      storedText(minEvaporating) + " to " + storedText(maxEvaporating) + " evaporating and " +
+                      storedText(minCondensing) + " to " + storedText(maxCondensing) +
                       " condensing, degrees Celsius; write evaporating,condensing");
             return;
         }

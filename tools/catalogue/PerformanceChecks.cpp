@@ -215,7 +215,7 @@ class PerformanceCheck {
     /// False when a fault was found.
     bool checkPair(const Row& row, const Index::Surface& capacity, const Index::Surface& power,
                    const Points& points, double capacityFactor, double powerFactor) {
-        constexpr double leastCop = 0.3;
+        constexpr double minCop = 0.3;
         const auto fault = [&](const Index::Surface& surface, const std::string& what) {
             faults_.add(surface.record->file, surface.record->line,
                         what + ", inside the application limit; fit the row of \"" +
@@ -237,7 +237,7 @@ class PerformanceCheck {
             if (point.Y > point.x && cop >= carnot)
                 return fault(capacity, "the COP " + at(point) + " is " + rounded(cop) +
                                            " and above that of Carnot, " + rounded(carnot));
-            if (cop < leastCop)
+            if (cop < minCop)
                 return fault(capacity, "the COP " + at(point) + " is no more than " + rounded(cop));
         }
         return true;

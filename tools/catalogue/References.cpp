@@ -68,7 +68,7 @@ class ReferenceCheck {
     }
 
     void checkFluids(const std::optional<fs::path>& folder) {
-        constexpr int mostComponents = 20;  // as many as the property library takes
+        constexpr int maxComponents = 20;  // as many as the property library takes
         constexpr double tolerance = 1e-6;
         struct Mixture {
             int components = 0;
@@ -82,7 +82,7 @@ class ReferenceCheck {
             mixture.sum += row.real("fPFluido");
             if (row.real("fPFluido") <= 0)
                 row.fault("fPFluido: a mass fraction is above 0; enter it or remove the row");
-            if (++mixture.components == mostComponents + 1)
+            if (++mixture.components == maxComponents + 1)
                 row.fault("more than 20 components; the property library takes no more");
             if (folder && !fs::is_regular_file(*folder / row.text("fFluido")))
                 row.fault("fFluido: there is no file " + row.text("fFluido") + " in " + folder->string() +

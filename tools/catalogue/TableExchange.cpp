@@ -35,14 +35,14 @@ class Exchange {
   public:
     Exchange(fs::path folder, ExchangeStep step) : folder_(std::move(folder)), step_(std::move(step)) {}
 
-    /// Lays up the files and the list of their names in a fresh folder.
-    fs::path layUp(const fs::path& beginning, const std::map<std::string, std::string>& files) const {
+    /// Writes the files and the list of their names into a fresh folder.
+    fs::path stage(const fs::path& beginning, const std::map<std::string, std::string>& files) const {
         step();
         const fs::path unfinished = makeFreshFolder(beginning);
         try {
             for (const auto& [name, text] : files) write(unfinished / name, text);
         } catch (...) {
-            removeLaidUp(unfinished);
+            removeStaged(unfinished);
             throw;
         }
         return unfinished;
@@ -54,14 +54,14 @@ class Exchange {
             list += name + "\n";
             if (fs::is_directory(folder_ / name)) refuse(folder_, "a folder is in the place of " + name);
         }
-        const fs::path unfinished = layUp(folder_ / unfinishedBeginning, files);
+        const fs::path unfinished = stage(folder_ / unfinishedBeginning, files);
         try {
             write(unfinished / listName, list);
             settle(unfinished);
             step();
             fs::rename(unfinished, folder_ / decidedName);
         } catch (...) {
-            removeLaidUp(unfinished);
+            removeStaged(unfinished);
             throw;
         }
         settle(folder_);
@@ -101,11 +101,11 @@ class Exchange {
             if (entry.path().filename().string().starts_with(unfinishedBeginning) && entry.is_directory() &&
                 !entry.is_symlink())
                 leftovers.push_back(entry.path());
-        for (const auto& leftover : leftovers) removeLaidUp(leftover);
+        for (const auto& leftover : leftovers) removeStaged(leftover);
     }
 
     /// Removes tables and list of a laid-up folder, and the folder if nothing else is in it.
-    static void removeLaidUp(const fs::path& unfinished) {
+    static void removeStaged(const fs::path& unfinished) {
         std::error_code ignored;
         for (const auto& table : tablesIn(unfinished)) fs::remove(table, ignored);
         fs::remove(unfinished / listName, ignored);
@@ -156,14 +156,14 @@ void writeTableFiles(const fs::path& folder, const std::map<std::string, std::st
         const fs::path place = placeOf(folder);
         const Exchange exchange(place, step);
         if (!fs::exists(fs::symlink_status(place))) {
-            const fs::path unfinished = exchange.layUp(place.string() + ".", files);
+            const fs::path unfinished = exchange.stage(place.string() + ".", files);
             settle(unfinished);
             if (step) step();
             std::error_code taken;
             fs::rename(unfinished, place, taken);
             if (!taken) return settle(place.parent_path());
             // Another process was faster.
-            Exchange::removeLaidUp(unfinished);
+            Exchange::removeStaged(unfinished);
             if (!fs::exists(fs::symlink_status(place)))
                 throw fs::filesystem_error("cannot rename", unfinished, place, taken);
         }

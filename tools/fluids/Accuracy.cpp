@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "data/Constants.h"
+#include "data/Csv.h"
 #include "data/Numbers.h"
 #include "data/TextTable.h"
 #include "tools/fluids/FluidCaller.h"
@@ -211,13 +212,14 @@ std::string asTable(const Comparison& comparison) {
 
 std::string asCsv(const Comparison& comparison) {
     std::string text = "refrigerant,quantity,name,T,T_reduced,p,two_phases,reference,computed,deviation\n";
-    for (const Deviation& deviation : comparison.deviations) {
-        text += deviation.refrigerant + "," + "\"" + headings[static_cast<std::size_t>(deviation.quantity)] +
-                "\",\"" + deviation.name + "\"," + storedText(deviation.temperature) + "," +
-                storedText(deviation.reducedTemperature) + "," + storedText(deviation.pressure) + "," +
-                (deviation.inTwoPhases ? "1," : "0,") + storedText(deviation.reference) + "," +
-                storedText(deviation.computed) + "," + storedText(deviation.deviation) + "\n";
-    }
+    for (const Deviation& deviation : comparison.deviations)
+        text += csvJoined(
+            {deviation.refrigerant, csvQuoted(headings[static_cast<std::size_t>(deviation.quantity)]),
+             csvQuoted(deviation.name), storedText(deviation.temperature),
+             storedText(deviation.reducedTemperature), storedText(deviation.pressure),
+             deviation.inTwoPhases ? "1" : "0", storedText(deviation.reference),
+             storedText(deviation.computed), storedText(deviation.deviation)},
+            ',');
     return text;
 }
 

@@ -19,7 +19,7 @@ namespace {
 using Side = FluidCaller::Side;
 
 constexpr double kPaPerBar = 100;
-constexpr std::size_t mostRows = 100000;
+constexpr std::size_t maxRows = 100000;
 
 std::vector<double> stepsOf(const TemperatureRange& range, double to) {
     if (!(range.step > 0)) throw Refusal("The step is not above 0.");
@@ -28,7 +28,7 @@ std::vector<double> stepsOf(const TemperatureRange& range, double to) {
                       " C hold no step.");
     }
     const double last = std::floor((to - range.from) / range.step + 1e-9);
-    if (!(last < static_cast<double>(mostRows))) throw Refusal("The table would have too many rows.");
+    if (!(last < static_cast<double>(maxRows))) throw Refusal("The table would have too many rows.");
     std::vector<double> steps;
     for (std::size_t k = 0; k <= static_cast<std::size_t>(last); ++k)
         steps.push_back(range.from + static_cast<double>(k) * range.step);

@@ -3,8 +3,6 @@
 #include <fstream>
 #include <iterator>
 
-#include "tests/support/TemporaryFolder.h"
-
 namespace marvello::test {
 
 PdfSurroundings fixedSurroundings(const std::string& folder) {
@@ -52,13 +50,6 @@ std::string PdfFile::stream(int number) const {
     const std::size_t begin = whole.find("\rstream\r") + 8;
     const std::size_t end = whole.rfind("\rendstream\r");
     return end < begin ? "" : whole.substr(begin, end - begin);  // an empty one has no line end of its own
-}
-
-Folder::Folder() : path_(newTemporaryFolder("marvello-pdf")) {}
-
-Folder::~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
 }
 
 PdfFile writtenBy(const std::function<void(clsPDFCreator&)>& draw,

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "reports/pdf/clsPDFCreator.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace marvello::test {
 
@@ -32,18 +33,14 @@ class PdfFile {
 std::string readFile(const std::filesystem::path& file);
 std::vector<std::string> linesOf(const std::string& text);
 
-/// Files of a test, in a folder that goes with it.
+/// Files of a test, in a folder that goes with it; as texts, which commands and the creator take.
 class Folder {
   public:
-    Folder();
-    ~Folder();
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    std::string operator/(const std::string& name) const { return (path_ / name).string(); }
-    std::string path() const { return path_.string(); }
+    std::string operator/(const std::string& name) const { return (folder_ / name).string(); }
+    std::string path() const { return folder_.string(); }
 
   private:
-    std::filesystem::path path_;
+    TemporaryFolder folder_{"marvello-pdf"};
 };
 
 /// A document with what `before` makes outside of pages and one page of what `draw` draws; its first object

@@ -75,7 +75,7 @@ TEST(PdfDocument, EveryReferenceAndStreamLengthOfTheShowcaseIsRight) {
             EXPECT_EQ(static_cast<std::size_t>(told), bytes.size()) << number;
         }
     }
-    EXPECT_EQ(streams, 4 + 5 + 8);  // pages, forms and images
+    EXPECT_EQ(streams, 2 + 2 + 8);  // pages, forms and images
 }
 
 TEST(PdfDocument, PagesTakeThreeObjectsEach) {
