@@ -33,7 +33,8 @@ using bench::Series;
 /// What a run left.
 struct Outcome {
     int compressors = 0;
-    int failed = 0;  ///< Of these, with errors.
+    int failed = 0;        ///< Of these, with errors.
+    long long states = 0;  ///< That the property library was asked for.
 };
 
 int failedOf(const clsSelections& selections) {
@@ -48,7 +49,9 @@ Outcome runAll(const std::vector<Series>& all) {
     const auto conditions = std::make_shared<const clsProjectConditions>(conditionsAt(2, 40));
     for (const Series& series : all) {
         clsSelections selections;
+        const long long before = GetRefprop(series.refrigerant).libraryCalls();
         selections.Selection(conditions, series.name, "*", series.refrigerant, 0);
+        outcome.states += GetRefprop(series.refrigerant).libraryCalls() - before;
         outcome.compressors += selections.Count();
         outcome.failed += failedOf(selections);
     }
@@ -91,11 +94,9 @@ void replay(const SQLite::Database& database, const std::vector<std::string>& st
 
 /// Engine and database alone by turns, so that both see the same machine.
 void wholeCatalogue(benchmark::State& state) {
-    const Session session(MARVELLO_APP_FOLDER);
-    openCatalogue();
     const std::vector<Series> all = bench::seriesOfCatalogue();
     const std::vector<std::string> statements = statementsOf([&] {
-        const Session recorded(MARVELLO_APP_FOLDER);
+        const Session session(MARVELLO_APP_FOLDER);
         openCatalogue();
         runAll(all);
     });
@@ -106,6 +107,7 @@ void wholeCatalogue(benchmark::State& state) {
         .run([&] { outcome = runAll(all); }, [&] { replay(alone, statements); });
     state.counters["compressors"] = outcome.compressors;
     state.counters["failed"] = outcome.failed;
+    state.counters["states"] = static_cast<double>(outcome.states);
     state.counters["statements"] = static_cast<double>(statements.size());
 }
 BENCHMARK(wholeCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(3);
@@ -162,6 +164,8 @@ BENCHMARK(buildCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 int main(int argc, char** argv) {
     try {
+        const Session session(MARVELLO_APP_FOLDER);
+        openCatalogue();
         benchmark::Initialize(&argc, argv);
         benchmark::RunSpecifiedBenchmarks();
     } catch (const std::exception& fault) {

@@ -45,6 +45,16 @@ std::vector<std::string> splitText(std::string_view text, char separator) {
     }
 }
 
+std::size_t letterCount(std::string_view text) {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+std::string padded(std::string text, std::size_t letters, bool isRight) {
+    const std::size_t missing = letters - std::min(letters, letterCount(text));
+    return text.insert(isRight ? 0 : text.size(), missing, ' ');
+}
+
 void replaceAll(std::string& text, std::string_view from, std::string_view to) {
     if (from.empty()) return;
     for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))

@@ -20,6 +20,11 @@ bool equalIgnoringCase(std::string_view a, std::string_view b);
 /// The pieces between separators; one empty piece for an empty text.
 std::vector<std::string> splitText(std::string_view text, char separator);
 
+/// The count of letters of a text in UTF-8, and the text with blanks up to so many, before it where it stands
+/// to the right.
+std::size_t letterCount(std::string_view text);
+std::string padded(std::string text, std::size_t letters, bool isRight);
+
 /// Replaces every occurrence of `from`; a blank `from` replaces nothing.
 void replaceAll(std::string& text, std::string_view from, std::string_view to);
 

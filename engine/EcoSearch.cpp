@@ -20,6 +20,9 @@ constexpr double maxTankFlow = 2;
 // The flow changes by this part of the error, in kW or K, times the step.
 constexpr double damping = 10;
 
+/// Kept: Italian, as in the reports and exports that users have.
+constexpr auto plate = "Piastra";
+
 constexpr double isTrue = -1;
 constexpr double isFalse = 0;
 
@@ -68,7 +71,7 @@ void EconomizerCalculation::Eco_Q0() {
     // Kept: the approach is compared with Eco, though that is a capacity here: it decides which of the two
     // economizers a result names.
     if (v_[var::T31] - v_[var::T7D] > v_[var::Eco]) {
-        set(var::EcoModel, "Piastra");
+        set(var::EcoModel, plate);
     } else if (v_[var::T31] - v_[var::T6] > 0) {
         set(var::EcoModel, "Tank");
     } else {
@@ -102,7 +105,7 @@ void EconomizerCalculation::Eco_Automatic() {
 /// Drives the approach of the subcooled liquid to the injected gas down to the wanted one.
 void EconomizerCalculation::plateStage(double wanted) {
     StepControl step(automaticStep);
-    set(var::EcoModel, "Piastra");
+    set(var::EcoModel, plate);
     trySet(var::meco, [&] { return v_[var::Mev] * firstShare; });
     EcoCycle();
     double approach = 0;

@@ -28,12 +28,14 @@ std::vector<Choice> seriesChoices(const std::string& serie) {
 
 SuperheatRange superheatRange(const std::string& refrigerantKey, UnitSystem units, bool isDifference,
                               double evaporatingDew) {
-    const bool isImperial = units == UnitSystem::imperial;
-    const double most = refrigerantTraits(refrigerantKey).maxSuperheat;
-    if (isDifference) return {0, isImperial ? most * 1.8 : most, isImperial ? 18.0 : 10.0};
-    // Kept: the imperial bounds of a suction temperature are not the metric ones converted.
-    const double high = isImperial ? most * 1.8 + 32 : most;
-    return {evaporatingDew, evaporatingDew + high, evaporatingDew + (isImperial ? 50.0 : 10.0)};
+    constexpr double usual = 10;  // K
+    const double maximum = refrigerantTraits(refrigerantKey).maxSuperheat;
+    // Kept: the superheat of a suction temperature is converted as a temperature, not as a difference, so
+    // that imperial bounds are wider.
+    const auto convert = isDifference ? convertedDifference : convertedTemperature;
+    const double lowest = isDifference ? 0 : evaporatingDew;
+    return {lowest, lowest + convert(maximum, UnitSystem::metric, units),
+            lowest + convert(usual, UnitSystem::metric, units)};
 }
 
 double permittedSuperheat(double value, const SuperheatRange& range) {

@@ -167,6 +167,7 @@ double clsRefprop::Density(double value1, int type1, int kph, std::optional<doub
     double v2 = 0;
     if (value2) {
         if (type2 == property::none) {
+            // Kept: Italian in every language; it is for those who write calls.
             showBox(BoxKind::plain, "Il parametro vValue2 non è conforme alle specifiche della funzione");
             return 0;
         }

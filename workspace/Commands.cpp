@@ -10,6 +10,7 @@ namespace marvello {
 std::span<const CommandDefinition> allCommands() {
     using enum Command;
     static const QKeySequence none;
+    // Kept: the spelling of some text keys, for which translations exist.
     // clang-format off
     static const std::array<CommandDefinition, commandCount> all{{
         {newSelection, "mnu_file_new_selection", "mdimain.menu.file.newselection", "newselection",

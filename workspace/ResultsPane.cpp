@@ -21,7 +21,7 @@ namespace marvello {
 
 namespace {
 
-constexpr int leastPageHeight = 64;
+constexpr int minPageHeight = 64;
 
 ResultsView::Row viewRowOf(const ResultRow& row) {
     QStringList values;
@@ -40,8 +40,8 @@ ResultsPane::ResultsPane(SelectionRun& run, const SelectionInputs& inputs, QWidg
     setUpPane(*pages_, "Frame4");
     makePopUp();
     SetOrientation(1);
-    SetMinSize1(leastListHeight);
-    SetMinSize2(leastPageHeight);
+    SetMinSize1(minListHeight);
+    SetMinSize2(minPageHeight);
     SetChild1(QStringLiteral("Frame3"));
     SetChild2(QStringLiteral("Frame4"));
     SetSplitterPos(listHeightAtStart);

@@ -24,7 +24,7 @@ class ResultsPane : public Splitter {
 
   public:
     /// The height of the list, in logical pixels: headings and two rows at least.
-    static constexpr int leastListHeight = 92;
+    static constexpr int minListHeight = 92;
     static constexpr int listHeightAtStart = 338;
 
     ResultsPane(SelectionRun& run, const SelectionInputs& inputs, QWidget* parent);

@@ -45,7 +45,7 @@ inline const Setting<QByteArray> frame{QStringLiteral("Windows/Frame")};  ///< p
 inline const Setting<int> panelWidth{QStringLiteral("Windows/PanelWidth"), InputsFold::minWidth,
                                      InputsFold::minWidth, InputsFold::maxWidth};
 inline const Setting<int> listHeight{QStringLiteral("Windows/ListHeight"), ResultsPane::listHeightAtStart,
-                                     ResultsPane::leastListHeight, 10'000};
+                                     ResultsPane::minListHeight, 10'000};
 /// Of the next form: 0 metric, 1 imperial.
 inline const Setting<int> measureUnit{QStringLiteral("Windows/cmbmeasureunits"), 0, 0, 1};
 inline const Setting<int> groupBy{QStringLiteral("Windows/cmbGroupBy"), 0, 0, 1};

@@ -13,6 +13,7 @@
 #include "controls/AdvanceText.h"
 #include "controls/Marks.h"
 #include "controls/ResultsView.h"
+#include "data/Texts.h"
 #include "reports/ReportOutput.h"
 #include "workspace/MDIMain.h"
 #include "workspace/ResultMarks.h"
@@ -36,28 +37,18 @@ void type(const QWidget& form, const char* field, const QString& text) {
     QTest::keyClick(box, Qt::Key_Return);
 }
 
-std::size_t signsIn(const std::string& text) {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-}
-
-std::string padded(const std::string& text, std::size_t width, bool right) {
-    const std::string blanks(width - std::min(width, signsIn(text)), ' ');
-    return right ? blanks + text : text + blanks;
-}
-
 /// The list as a table of text: a mark, the label and the values, a group on a line of its own.
 void print(const ResultsView& list) {
     const QStringList headers = list.columnTexts().replaceInStrings(QStringLiteral("()"), QString());
     std::vector<std::size_t> widths;
     for (int column = 0; column < headers.size(); ++column) {
-        widths.push_back(signsIn(headers[column].toStdString()));
+        widths.push_back(letterCount(headers[column].toStdString()));
         for (int row = 0; row < list.rowCount(); ++row)
-            widths.back() = std::max(widths.back(), signsIn(list.text(row, column).toStdString()));
+            widths.back() = std::max(widths.back(), letterCount(list.text(row, column).toStdString()));
     }
     std::size_t markWidth = 0;
     for (const QString& mark : mark::withText)
-        markWidth = std::max(markWidth, signsIn(markText(mark).toStdString()));
+        markWidth = std::max(markWidth, letterCount(markText(mark).toStdString()));
     const auto printLine = [&](const std::string& mark, const auto& textOf) {
         std::cout << padded(mark, markWidth, false);
         for (int column = 0; column < headers.size(); ++column)

@@ -6,11 +6,11 @@
 #include <map>
 #include <stdexcept>
 
+#include "data/Numbers.h"
 #include "demo/generate/Economizer.h"
 #include "demo/generate/EnvelopeRows.h"
 #include "demo/generate/FrequencyLaw.h"
 #include "demo/generate/Motor.h"
-#include "demo/generate/NumberText.h"
 #include "tools/catalogue/Schema.h"
 
 namespace marvello::generate {
@@ -19,6 +19,8 @@ namespace {
 constexpr double fullLoadField = 100;
 constexpr double usualSpeed = 1450;  // rpm, of open drives
 constexpr int noMotor = -1;
+
+std::string boolText(bool value) { return value ? "True" : "False"; }
 
 /// The motors of the maker's row that some compressor has, each once. A motor keeps its number whatever else
 /// is in the catalogue.
@@ -39,9 +41,9 @@ class MotorRows {
     void write(std::vector<std::vector<std::string>>& rows) const {
         for (const auto& [id, entry] : entries_) {
             std::vector<std::string> row{std::to_string(id), "50"};
-            for (const double coefficient : entry.motor.current) row.push_back(text(coefficient));
-            row.insert(row.end(), {text(entry.motor.lockedRotorFirst), text(entry.motor.lockedRotorSecond),
-                                   "3", entry.motor.nominalPower});
+            for (const double coefficient : entry.motor.current) row.push_back(storedText(coefficient));
+            row.insert(row.end(), {storedText(entry.motor.lockedRotorFirst),
+                                   storedText(entry.motor.lockedRotorSecond), "3", entry.motor.nominalPower});
             rows.push_back(std::move(row));
         }
     }
@@ -202,8 +204,8 @@ class SeriesBuilder {
                     SurfaceForm form, const std::vector<Performance>& at, Of of, ScaleOf scaleOf) {
         const std::vector<Sample> over = grid_.samples(at, of, scaleOf);
         const Coefficients coefficients = fit(form, over);
-        std::vector<std::string> row{polynomial, std::to_string(type), text(field)};
-        for (const double coefficient : coefficients) row.push_back(text(coefficient));
+        std::vector<std::string> row{polynomial, std::to_string(type), storedText(field)};
+        for (const double coefficient : coefficients) row.push_back(storedText(coefficient));
         made_.polynomials.rows.push_back(std::move(row));
         FitRow fitted{polynomial, quantity, field,
                       errorOf(form, coefficients, grid_.samples(at, of, scaleOf, true)),
@@ -306,25 +308,25 @@ class SeriesBuilder {
                                      model.code,
                                      sequenceText,
                                      builtInRatioText(series_, model),
-                                     text(electrics.fullLimit),
-                                     text(electrics.smallLimit),
+                                     storedText(electrics.fullLimit),
+                                     storedText(electrics.smallLimit),
                                      polynomial,
                                      polynomial,
                                      polynomial,
-                                     text(isInverter())};
+                                     boolText(isInverter())};
         for (const auto* law : {&electrics.law.capacity, &electrics.law.power, &electrics.powerFactor})
-            for (const double c : *law) row.push_back(text(c));
+            for (const double c : *law) row.push_back(storedText(c));
         const std::vector<std::string> rest{
-            text(hasPair(model)),
-            text(hasPair(model) && model.smallMotor == ModelPlan::SmallMotor::standard),
+            boolText(hasPair(model)),
+            boolText(hasPair(model) && model.smallMotor == ModelPlan::SmallMotor::standard),
             std::to_string(series_.hasMotor() ? start : 0),
             "0",
-            text(portPressure_),
-            text(eco ? portLoss : 0.0),
-            text(eco ? portSection(full) : 0.0),
-            text(series_.oilCoolingLimit),
-            text(series_.oilCoolingLimitEco),
-            text(series_.ecoPowerFactor),
+            storedText(portPressure_),
+            storedText(eco ? portLoss : 0.0),
+            storedText(eco ? portSection(full) : 0.0),
+            storedText(series_.oilCoolingLimit),
+            storedText(series_.oilCoolingLimitEco),
+            storedText(series_.ecoPowerFactor),
             std::to_string(electrics.full.id),
             std::to_string(electrics.small.id),
             envelopes.plain,
@@ -369,7 +371,7 @@ GeneratedCatalogue emptyCatalogue() {
 void addConversions(GeneratedCatalogue& made, const Fluid& r407c) {
     for (const Conversion& conversion : {evaporatingConversion(r407c), condensingConversion(r407c)}) {
         std::vector<std::string> row{conversion.name, "4", "0"};
-        for (const double coefficient : conversion.coefficients) row.push_back(text(coefficient));
+        for (const double coefficient : conversion.coefficients) row.push_back(storedText(coefficient));
         made.conversions.rows.push_back(std::move(row));
         made.conversionFits.push_back(conversion);
     }

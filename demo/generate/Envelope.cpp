@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "catalogue/clsLimits.h"
-#include "demo/generate/NumberText.h"
+#include "data/Numbers.h"
 
 namespace marvello::generate {
 namespace {
@@ -150,7 +150,7 @@ std::string pointsText(const std::vector<Point>& points) {
     std::string line;
     for (const Point& point : points) {
         if (!line.empty()) line += ';';
-        line += text(point.x) + ',' + text(point.y);
+        line += storedText(point.x) + ',' + storedText(point.y);
     }
     return line;
 }

@@ -7,7 +7,6 @@
 
 #include "data/Numbers.h"
 #include "data/TextTable.h"
-#include "demo/generate/NumberText.h"
 
 namespace marvello::generate {
 namespace {
@@ -134,11 +133,11 @@ ScrewMachine machineOf(const SeriesPlan& series, const ModelPlan& model, double 
 
 std::string builtInRatioText(const SeriesPlan& series, const ModelPlan& model) {
     if (series.rowsBy == SeriesPlan::RowsBy::ratio)
-        return text(series.rows.front(), 1) + "-" + text(series.rows.back(), 1);
+        return formatNumber(series.rows.front(), "#0.0") + "-" + formatNumber(series.rows.back(), "#0.0");
     const ScrewMachine machine = machineOf(series, model, 0);
     if (machine.highestRatio > machine.lowestRatio)
-        return text(machine.lowestRatio, 1) + "-" + text(machine.highestRatio, 1);
-    return text(machine.lowestRatio, 1);
+        return formatNumber(machine.lowestRatio, "#0.0") + "-" + formatNumber(machine.highestRatio, "#0.0");
+    return formatNumber(machine.lowestRatio, "#0.0");
 }
 
 const ModelPlan& middleModel(const SeriesPlan& series) { return series.models[series.models.size() / 2]; }

@@ -7,8 +7,8 @@
 #include <stdexcept>
 
 #include "catalogue/clsInverter.h"
+#include "data/Numbers.h"
 #include "data/TextTable.h"
-#include "demo/generate/NumberText.h"
 
 namespace marvello::generate {
 namespace {
@@ -74,8 +74,8 @@ class Sheet {
 void addMotor(Sheet& sheet, const SeriesPlan& series) {
     if (series.drive == SeriesPlan::Drive::open) {
         sheet.add("technicaldata.drive.caption", "{technicaldata.drive.open}");
-        sheet.add("technicaldata.speed.caption",
-                  text(series.rows.front()) + " \u2013 " + text(series.rows.back()) + " min\u207b\u00b9");
+        sheet.add("technicaldata.speed.caption", storedText(series.rows.front()) + " \u2013 " +
+                                                     storedText(series.rows.back()) + " min\u207b\u00b9");
         return;
     }
     const bool isInverter = series.drive == SeriesPlan::Drive::inverter;
@@ -85,8 +85,8 @@ void addMotor(Sheet& sheet, const SeriesPlan& series) {
     sheet.add("technicaldata.start.caption",
               isInverter ? "{technicaldata.start.inverter}" : "@cps.startmode");
     if (isInverter)
-        sheet.add("technicaldata.frequency.caption", text(clsInverter::minimumFrequency) + " \u2013 " +
-                                                         text(clsInverter::maximumFrequency) + " Hz");
+        sheet.add("technicaldata.frequency.caption", storedText(clsInverter::minimumFrequency) + " \u2013 " +
+                                                         storedText(clsInverter::maximumFrequency) + " Hz");
     sheet.add("technicaldata.fla.caption", "@Cps.Fla A");
     if (isInverter) return;  // the converter keeps the starting current below the running one
     sheet.add("variables.lra1.name", "@Motor.Lra1 A");
@@ -96,7 +96,7 @@ void addMotor(Sheet& sheet, const SeriesPlan& series) {
 std::string stepsOf(const SeriesPlan& series) {
     if (!series.hasSteps()) return "100 %";
     std::string steps;
-    for (const double step : series.rows) steps += (steps.empty() ? "" : " / ") + text(step);
+    for (const double step : series.rows) steps += (steps.empty() ? "" : " / ") + storedText(step);
     return steps + " %";
 }
 
@@ -104,7 +104,7 @@ std::string pairsOf(const SeriesPlan& series, const std::vector<BodyPlan>& bodie
     const BodyPlan& body = bodyOf(bodies, model);
     Sheet sheet;
     addMotor(sheet, series);
-    sheet.add("technicaldata.displacement.caption", text(model.displacement) + " m\u00b3/h");
+    sheet.add("technicaldata.displacement.caption", storedText(model.displacement) + " m\u00b3/h");
     if (series.drive == SeriesPlan::Drive::motor || series.drive == SeriesPlan::Drive::motorPair)
         sheet.add("technicaldata.capacitycontrol.caption", stepsOf(series));
     const bool isRatioChosen = series.rowsBy == SeriesPlan::RowsBy::ratio;
@@ -113,8 +113,8 @@ std::string pairsOf(const SeriesPlan& series, const std::vector<BodyPlan>& bodie
     sheet.add("technicaldata.suction.caption", body.suction);
     sheet.add("technicaldata.discharge.caption", body.discharge);
     if (series.hasEconomizer()) sheet.add("technicaldata.economizer.caption", body.economizer);
-    sheet.add("technicaldata.oil.caption", text(body.oil) + " l");
-    sheet.add("technicaldata.weight.caption", text(weightOf(series, bodies, model)) + " kg");
+    sheet.add("technicaldata.oil.caption", storedText(body.oil) + " l");
+    sheet.add("technicaldata.weight.caption", storedText(weightOf(series, bodies, model)) + " kg");
     return sheet.pairs();
 }
 

@@ -26,11 +26,6 @@ void Sheet::narrow() {
     wmf_.setNoFill();
 }
 
-void Sheet::hidden() {
-    wmf_.setLine(WmfWriter::Line::dashed, narrowLine, grey);
-    wmf_.setNoFill();
-}
-
 void Sheet::centre() {
     wmf_.setLine(WmfWriter::Line::dashDotted, narrowLine, grey);
     wmf_.setNoFill();

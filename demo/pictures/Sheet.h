@@ -25,7 +25,6 @@ class Sheet {
 
     void outline();    ///< wide, white inside
     void narrow();     ///< thin, clear inside
-    void hidden();     ///< thin and dashed
     void centre();     ///< thin, long dashes and dots
     void dimension();  ///< thin and grey, arrows filled
 

@@ -15,7 +15,7 @@ struct Spot {
 /// Writes a placeable metafile of 16-bit records. Lengths are in mm.
 class WmfWriter {
   public:
-    enum class Line { solid = 0, dashed = 1, dashDotted = 3, none = 5 };
+    enum class Line { solid = 0, dashDotted = 3, none = 5 };
     enum class Align { left = 0, right = 2, centre = 6 };
 
     /// A sheet of this size.

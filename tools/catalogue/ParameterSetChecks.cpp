@@ -12,6 +12,7 @@
 #include "data/Numbers.h"
 #include "data/clsApplication.h"
 #include "results/Columns.h"
+#include "results/TechnicalData.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Program.h"
 #include "tools/catalogue/Rows.h"
@@ -83,22 +84,15 @@ std::string faultOfPairs(const std::string& list) {
     return {};
 }
 
-/// What the program puts in for a value that names the compressor chosen; others it shows as they stand.
+/// The first token that nothing is put in for; empty where the program knows all.
 std::string unknownToken(const std::string& list) {
-    static const std::vector<std::string> tokens{"@cps.motorsize",
-                                                 "@motor.voltagedescription",
-                                                 "@motor.nominalpower",
-                                                 "@cps.startmode",
-                                                 "@motor.lra1",
-                                                 "@motor.lra2",
-                                                 "@cps.fla",
-                                                 "@cps.vi"};
-    const std::string text = lowered(list);
-    for (auto mark = text.find('@'); mark != std::string::npos; mark = text.find('@', mark + 1))
-        if (std::ranges::none_of(
-                tokens, [&](const auto& token) { return text.compare(mark, token.size(), token) == 0; }))
-            return list.substr(mark, list.find_first_of(" ;|", mark) - mark);
-    return {};
+    clsCompressor any;
+    any.hasInvert = true;
+    any.VI = any.Motor.NominalPower = "known";
+    for (const var variable : {var::Lra1, var::Lra2, var::Fla}) any.Variables.set(variable, 1.0);
+    const std::string shown = MotorDescription(list, any);
+    const auto mark = std::min(shown.find('@'), shown.size());
+    return shown.substr(mark, shown.find_first_of(" ;|", mark) - mark);
 }
 
 /// What is wrong with the range of frequencies that technical data state, "20 – 70 Hz"; empty if there is

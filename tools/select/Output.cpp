@@ -5,6 +5,7 @@
 
 #include "data/Csv.h"
 #include "data/Numbers.h"
+#include "data/Texts.h"
 #include "platform/UserLocale.h"
 #include "results/ExportRecords.h"
 #include "results/Messages.h"
@@ -51,18 +52,6 @@ std::vector<std::string> texts(const clsCompressor& compressor) {
     return result;
 }
 
-/// Letters, not bytes.
-std::size_t widthOf(const std::string& text) {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-}
-
-std::string padded(std::string text, std::size_t wanted, bool right) {
-    const std::size_t width = widthOf(text);
-    if (width >= wanted) return text;
-    return right ? text.insert(0, wanted - width, ' ') : text.append(wanted - width, ' ');
-}
-
 using Cells = std::vector<std::string>;
 
 Cells headings() {
@@ -85,7 +74,8 @@ std::vector<std::size_t> widthsOf(const std::vector<Cells>& lines) {
     std::vector<std::size_t> widths(columns.size() + 2, 9);
     widths.front() = 20;
     for (const Cells& line : lines)
-        for (std::size_t i = 0; i < line.size(); ++i) widths[i] = std::max(widths[i], widthOf(line[i]) + 1);
+        for (std::size_t i = 0; i < line.size(); ++i)
+            widths[i] = std::max(widths[i], letterCount(line[i]) + 1);
     return widths;
 }
 

@@ -52,6 +52,44 @@ std::string PdfFile::stream(int number) const {
     return end < begin ? "" : whole.substr(begin, end - begin);  // an empty one has no line end of its own
 }
 
+void writeSample(const std::string& file, PdfSurroundings surroundings) {
+    clsPDFCreator pdf(std::move(surroundings));
+    pdf.SetTitle("What a page can hold");
+    pdf.SetPaperWidth(200);
+    pdf.SetPaperHeight(100);
+    pdf.InitPDFFile(file);
+    // Rows from the bottom: red and green, blue and white.
+    pdf.LoadImgFromBuffer("I", {"\2\0\2\0\30\xFF\0\0\0\xFF\0\0\0\xFF\xFF\xFF\xFF", 17}, "", false);
+    const std::vector<std::pair<std::string, std::string>> fonts{
+        {"A", "Arial"}, {"C", "Courier New"}, {"T", "Times New Roman"}};
+    for (const auto& [name, family] : fonts) pdf.LoadFont(name, family, 1);
+    pdf.StartObject("Header", onFirstPage | onEvenPages | onOddPages);
+    pdf.SetColorFill(0xFF0000);
+    pdf.Rectangle(0, 96, 200, 4, fillPath);
+    pdf.EndObject();
+    pdf.StartPage();
+    pdf.SetColorFill(0x0000FF);
+    pdf.Rectangle(20, 30, 40, 20, fillPath);
+    pdf.SetColorFill(0xFF0000);
+    pdf.DrawCircle(100, 50, 20, fillPath);
+    pdf.SetColorStroke(0x00FF00);
+    pdf.SetLineWidth(4);
+    pdf.MoveTo(10, 90);
+    pdf.LineTo(110, 90, strokePath);
+    pdf.Arc(150, 20, 15, 90, 360, 1, true, 0, 2, fillPath);
+    pdf.DrawImg("I", 140, 90, 40, 40);
+    pdf.EndPage();
+    pdf.StartPage();
+    double y = 0;
+    for (const auto& [name, family] : fonts)
+        pdf.DrawText(12.5, y += 20,
+                     "R134a at 2/40 \xB0"
+                     "C: 69,9 kW, \x80 1.234",
+                     name, 8);
+    pdf.EndPage();
+    pdf.ClosePDFFile();
+}
+
 PdfFile writtenBy(const std::function<void(clsPDFCreator&)>& draw,
                   const std::function<void(clsPDFCreator&)>& before) {
     const Folder folder;

@@ -43,6 +43,10 @@ class Folder {
     TemporaryFolder folder_{"marvello-pdf"};
 };
 
+/// Writes two pages of 200 by 100 points with a blue header. On the first are a red rectangle, a blue circle,
+/// a green line, a pie and an image of four colours, on the second a line of text in each family.
+void writeSample(const std::string& file, PdfSurroundings surroundings = PdfSurroundings::system());
+
 /// A document with what `before` makes outside of pages and one page of what `draw` draws; its first object
 /// is 6.
 PdfFile writtenBy(const std::function<void(clsPDFCreator&)>& draw,
