@@ -1,7 +1,6 @@
 #pragma once
 
 #include <SQLiteCpp/Database.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -13,13 +12,9 @@
 class TestCatalogue {
   public:
     explicit TestCatalogue(const std::string& sql, int schemaVersion = marvello::clsDatabase::schemaVersion) {
-        std::filesystem::create_directories(folder());
         exec("PRAGMA application_id=" + std::to_string(marvello::clsDatabase::applicationId) +
              "; PRAGMA user_version=" + std::to_string(schemaVersion) + ";" + sql);
     }
-    ~TestCatalogue() { std::filesystem::remove_all(folder()); }
-    TestCatalogue(const TestCatalogue&) = delete;
-    TestCatalogue& operator=(const TestCatalogue&) = delete;
 
     void exec(const std::string& sql) const {
         SQLite::Database(file().string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
@@ -36,5 +31,5 @@ class TestCatalogue {
     }
 
   private:
-    std::filesystem::path folder_ = marvello::test::newTemporaryFolder("marvello; data = 1");
+    marvello::test::TemporaryFolder folder_{"marvello; data = 1"};
 };

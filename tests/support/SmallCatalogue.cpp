@@ -1,18 +1,15 @@
 #include "tests/support/SmallCatalogue.h"
 
 #include <SQLiteCpp/Database.h>
-#include <unistd.h>
 
 #include "data/Numbers.h"
 #include "data/Texts.h"
-#include "tests/support/TemporaryFolder.h"
 #include "tools/catalogue/Content.h"
 #include "tools/catalogue/Schema.h"
 
 namespace marvello::testing {
 
-SmallCatalogue::SmallCatalogue()
-    : session(MARVELLO_APP_FOLDER), folder_(test::newTemporaryFolder("marvello-small")) {
+SmallCatalogue::SmallCatalogue() : session(MARVELLO_APP_FOLDER) {
     std::string schema = "PRAGMA application_id=" + std::to_string(clsDatabase::applicationId) +
                          ";PRAGMA user_version=" + std::to_string(clsDatabase::schemaVersion) + ";";
     for (const Table& table : schemaTables()) schema += createStatements(table);
@@ -23,8 +20,6 @@ SmallCatalogue::SmallCatalogue()
     session.hooks.showBox = [this](BoxKind, const std::string& text) { boxes.push_back(text); };
     gDatabase().Connect("Data Source=" + folder_.string() + "/db.mdb");
 }
-
-SmallCatalogue::~SmallCatalogue() { std::filesystem::remove_all(folder_); }
 
 void SmallCatalogue::exec(const std::string& sql) {
     // The file lives for a test: nothing waits for the disk.

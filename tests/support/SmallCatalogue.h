@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/Session.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace marvello::testing {
 
@@ -15,9 +16,6 @@ namespace marvello::testing {
 class SmallCatalogue {
   public:
     SmallCatalogue();
-    ~SmallCatalogue();
-    SmallCatalogue(const SmallCatalogue&) = delete;
-    SmallCatalogue& operator=(const SmallCatalogue&) = delete;
 
     /// Adds a row to tCompressors: R134A, series TK-A, model 100, surfaces "S", motor 1, envelope "E" and no
     /// frills, with the given columns changed. Values are SQL literals.
@@ -41,7 +39,7 @@ class SmallCatalogue {
     std::vector<std::string> boxes;
 
   private:
-    std::filesystem::path folder_;
+    test::TemporaryFolder folder_{"marvello-small"};
 };
 
 }  // namespace marvello::testing
