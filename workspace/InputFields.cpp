@@ -130,9 +130,11 @@ void InputFields::left(Input input) {
     // A text that is no number counts as 0 in these.
     const bool takesAny =
         input == Input::subcooling || input == Input::economizer || input == Input::frequency;
-    if (!takesAny && !typedNumber(field.TextText())) return;
+    const bool isNumber = typedNumber(field.TextText()).has_value();
+    if (!takesAny && !isNumber) return;
+    const std::optional<double> before = inputs_[input].number;
     inputs_.settle(input, field.number());
-    show();
+    if (!isNumber || inputs_[input].number != before) show();
 }
 
 void InputFields::limitSuperheat() {
