@@ -225,16 +225,23 @@ void InputPanel::layOut() {
 
 // As many whole sentences as there is room for: the first tells what the value is.
 void InputPanel::layOutHelp(const QRect& room) {
-    QString shown = helpText_;
-    const auto height = [&] {
-        rtfHelp_->setText(
-            QStringLiteral("<span style=\"color:%1; font-weight:500\">%2</span><br>%3")
-                .arg(Look::current().text.name(), helpTitle_.toHtmlEscaped(), shown.toHtmlEscaped()));
-        return rtfHelp_->heightForWidth(room.width());
-    };
-    while (!shown.isEmpty() && height() > room.height()) shown = withoutLastSentence(shown);
-    rtfHelp_->setVisible(!shown.isEmpty());
-    if (!shown.isEmpty()) rtfHelp_->setGeometry(room.left(), room.top(), room.width(), height());
+    if (Help help{helpTitle_, helpText_, room.size()}; help != fittedHelp_) {
+        fittedHelp_ = std::move(help);
+        QString shown = helpText_;
+        const auto height = [&] {
+            rtfHelp_->setText(
+                QStringLiteral("<span style=\"color:%1; font-weight:500\">%2</span><br>%3")
+                    .arg(Look::current().text.name(), helpTitle_.toHtmlEscaped(), shown.toHtmlEscaped()));
+            return rtfHelp_->heightForWidth(room.width());
+        };
+        helpHeight_ = shown.isEmpty() ? 0 : height();
+        while (!shown.isEmpty() && helpHeight_ > room.height()) {
+            shown = withoutLastSentence(shown);
+            helpHeight_ = shown.isEmpty() ? 0 : height();
+        }
+        rtfHelp_->setVisible(!shown.isEmpty());
+    }
+    if (helpHeight_ > 0) rtfHelp_->setGeometry(room.left(), room.top(), room.width(), helpHeight_);
 }
 
 void InputPanel::VisualizzaHelp(const QString& title, const QString& text) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QSize>
+#include <QString>
 #include <array>
 
 #include "controls/Container.h"
@@ -57,6 +59,14 @@ class InputPanel : public Container {
     QLabel* rtfHelp_;
     QString helpTitle_;
     QString helpText_;
+    /// To fit a text into its room is slow: it is done again when one of them is another.
+    struct Help {
+        QString title, text;
+        QSize room;
+        bool operator==(const Help&) const = default;
+    };
+    Help fittedHelp_;
+    int helpHeight_ = 0;
     std::array<AdvanceText*, inputCount> fields_{};
     int captionWidth_;
     int rowTop_ = 0;

@@ -183,12 +183,11 @@ void WindowTour::showWarnings() const {
 
 void WindowTour::showOtherInputs() const {
     // The report with warnings at another superheat has no envelope.
-    auto* const superheat = form_->findChild<AdvanceText*>(QStringLiteral("txtSH"));
-    superheat->SetTextValue(8.0);
+    typeOver(*form_, "txtSH", QStringLiteral("8"));
     calculate(*form_);
     selectWarning();
     showReport(*form_, "report-superheat");
-    superheat->SetTextValue(10.0);
+    typeOver(*form_, "txtSH", QStringLiteral("10"));
     auto* const economizer = form_->findChild<AdvanceText*>(QStringLiteral("cmbEco"));
     if (economizer->isEnabled()) {
         economizer->SetTextValue(fromCore(ListLookup("1", toCore(economizer->Tag1()))));
@@ -199,7 +198,7 @@ void WindowTour::showOtherInputs() const {
     }
     typeOver(*form_, "txtSH", QStringLiteral("25"));
     show("discarded", *form_, empty);
-    superheat->SetTextValue(10.0);
+    typeOver(*form_, "txtSH", QStringLiteral("10"));
     calculate(*form_);
     form_->MeasureUnits(1, true);
     show("imperial", *form_, list);
