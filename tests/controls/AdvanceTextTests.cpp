@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <memory>
 
@@ -214,4 +216,24 @@ TEST_F(AdvanceTextTest, TheFirstOfSeveralFaultsSpeaks) {
     EXPECT_EQ(field->complaint(), "Value (Min= 0 Max= 30)");
     field->SetTextValue(30);
     EXPECT_FALSE(field->isInvalid());
+}
+
+TEST_F(AdvanceTextTest, BothEnterKeysAreACarriageReturn) {
+    const QSignalSpy keys(field, &AdvanceText::KeyPress);
+    field->setFocus();
+    QTest::keyClick(edit(), Qt::Key_Return);
+    QTest::keyClick(edit(), Qt::Key_Enter);
+    ASSERT_EQ(keys.size(), 2);
+    for (const auto& key : keys) EXPECT_EQ(key[0].toInt(), 13);
+}
+
+TEST_F(AdvanceTextTest, TheToolTipSaysWhatIsWrong) {
+    const auto toolTip = [this] {
+        QHelpEvent event(QEvent::ToolTip, field->rect().center(), field->mapToGlobal(field->rect().center()));
+        QApplication::sendEvent(field, &event);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(toolTip(), "");
+    field->SetRefusal("No such state");
+    EXPECT_EQ(toolTip(), "No such state");
 }

@@ -9,6 +9,7 @@
 #include "controls/Marks.h"
 #include "controls/ResultsView.h"
 #include "controls/TwoLineHeader.h"
+#include "controls/TypedChoice.h"
 #include "controls/ctlBtn.h"
 #include "controls/ctlCombo.h"
 
@@ -161,4 +162,13 @@ TEST(ctlBtn, IsClickedByMouseEnterAndSpaceUnlessDisabled) {
     button.setProperty("Enabled", false);
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(clicks.count(), 3);
+}
+
+TEST(TypedChoice, TakesTheRowThatBeginsWithWhatWasTyped) {
+    const QStringList rows{"MV-A", "TK-A", "TK-E", "T"};
+    EXPECT_EQ(typedChoice(rows, "tk", 0), 1);
+    EXPECT_EQ(typedChoice(rows, "tk", 2), 2) << "the row that is chosen still fits";
+    EXPECT_EQ(typedChoice(rows, "tk-e", 0), 2);
+    EXPECT_EQ(typedChoice(rows, "mm", 1), 0) << "a letter again goes on to the next";
+    EXPECT_EQ(typedChoice(rows, "tx", 1), -1);
 }

@@ -175,6 +175,18 @@ TEST_F(MainWindowTest, TheStartMenuOpensTheFormChosen) {
     EXPECT_EQ(tabs()->tabText(0), "1 inverter");
 }
 
+TEST_F(MainWindowTest, TheStartMenuFitsIntoALowWindow) {
+    window->resize(900, window->minimumHeight());
+    settle();
+    answerMenu([](frmMenu& menu) {
+        const double shown = menu.placeOf(frmMenu::selection).width();
+        menu.resize(900, menu.height() / 2);
+        EXPECT_LT(menu.placeOf(frmMenu::selection).width(), shown);
+        EXPECT_LT(menu.placeOf(frmMenu::selection).bottom(), menu.height());
+    });
+    action("mnu_file_new_selection")->trigger();
+}
+
 TEST_F(MainWindowTest, EveryFormHasItsTabAndItsKeys) {
     for (int i = 0; i < 2; ++i) {
         answerMenu([](frmMenu& menu) { QTest::keyClick(&menu, Qt::Key_Return); });
