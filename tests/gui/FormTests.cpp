@@ -287,28 +287,30 @@ TEST_F(FormTest, ANewCalculationKeepsTheSelectedCompressor) {
     EXPECT_EQ(list()->selectedRow(), 1);
 }
 
-TEST_F(FormTest, AHeadingSortsWithinTheGroupsAndBack) {
-    choose("lstSeries", "TK-A");
-    calculate();
-    const auto order = [this](int column) {
+namespace {
+
+/// A list of which the headings are clicked.
+class SortedListTest : public FormTest {
+  protected:
+    SortedListTest() {
+        choose("lstSeries", "TK-A");
+        calculate();
+    }
+    QStringList order(int column) {
         QStringList texts;
         for (int row = 1; row < list()->rowCount(); ++row) texts += list()->text(row, column).trimmed();
         return texts;
-    };
-    const QStringList asListed = order(0);
-    const auto click = [this](const char* key) {
+    }
+    void click(const char* key) {
         auto* headings = list()->header();
         const int section = static_cast<int>(list()->columnKeys().indexOf(QLatin1String(key)));
         QTest::mouseClick(headings->viewport(), Qt::LeftButton, {},
                           {headings->sectionViewportPosition(section) + 20, 20});
-    };
-    list()->selectRow(3);
-    const QString selected = list()->key(3);
-    const auto expectSorted = [&](bool descending) {
-        const QStringList shown = order(1);
+    }
+    void expectSorted(bool descending) {
         double before = descending ? 1e9 : -1e9;
         bool blank = false;
-        for (const QString& text : shown) {
+        for (const QString& text : order(1)) {
             if (text.isEmpty()) {
                 blank = true;
                 continue;
@@ -318,7 +320,15 @@ TEST_F(FormTest, AHeadingSortsWithinTheGroupsAndBack) {
                 << text.toStdString();
             before = text.toDouble();
         }
-    };
+    }
+};
+
+}  // namespace
+
+TEST_F(SortedListTest, AHeadingSortsWithinTheGroupsAndBack) {
+    const QStringList asListed = order(0);
+    list()->selectRow(3);
+    const QString selected = list()->key(3);
     click("Q0");
     expectSorted(false);
     EXPECT_TRUE(list()->isGroup(0));
@@ -340,8 +350,10 @@ TEST_F(FormTest, AHeadingSortsWithinTheGroupsAndBack) {
         EXPECT_EQ(lines[i + 1].section('\t', 1, 2).replace('\t', '-'), sorted[i]);
     click("Q0");
     EXPECT_EQ(order(0), asListed);
+}
 
-    // The keys: the headings are a stop behind the list.
+TEST_F(SortedListTest, TheKeysOfTheHeadingsSortToo) {
+    // The headings are a stop behind the list.
     activate();
     list()->setFocus();
     QTest::keyClick(list(), Qt::Key_Tab);
