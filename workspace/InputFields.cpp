@@ -109,7 +109,7 @@ void InputFields::connectField(Input input) {
         show();
     });
     if (input == Input::superheat)
-        connect(field, &AdvanceText::TextLostFocus, this, &InputFields::limitSuperheat);
+        connect(field, &AdvanceText::TextLostFocus, this, [this] { sayReplaced(inputs_.limitSuperheat()); });
 }
 
 void InputFields::chosen(Input input) {
@@ -137,21 +137,14 @@ void InputFields::left(Input input) {
     if (!isNumber || inputs_[input].number != before) show();
 }
 
-void InputFields::limitSuperheat() {
-    const bool isReplaced = inputs_.limitSuperheat();
-    show();
-    if (isReplaced) sayReplacedSuperheat();
-}
+void InputFields::prepareRun() { sayReplaced(inputs_.prepareRun()); }
 
-void InputFields::sayReplacedSuperheat() {
-    MessageBox::show(&form_, MessageBox::Mark::critical,
-                     QStringLiteral("SuperHeat value out of range. The default value has been set instead."));
-}
-
-void InputFields::prepareRun() {
-    const bool isReplaced = inputs_.prepareRun();
+void InputFields::sayReplaced(bool isSuperheat) {
     show();
-    if (isReplaced) sayReplacedSuperheat();
+    if (isSuperheat)
+        MessageBox::show(
+            &form_, MessageBox::Mark::critical,
+            QStringLiteral("SuperHeat value out of range. The default value has been set instead."));
 }
 
 void InputFields::read() {

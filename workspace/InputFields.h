@@ -58,8 +58,8 @@ class InputFields : public QObject {
     void chosen(Input input);
     void typed(Input input);
     void left(Input input);
-    void limitSuperheat();
-    void sayReplacedSuperheat();
+    /// Shows what was put right, and says that it was the superheat.
+    void sayReplaced(bool isSuperheat);
     bool refuseRun(AdvanceText& field);
 
     void showChoice(Input input);

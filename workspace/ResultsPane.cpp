@@ -13,6 +13,7 @@
 #include "workspace/CompressorPages.h"
 #include "workspace/CopiedTable.h"
 #include "workspace/Pane.h"
+#include "workspace/ReportPreview.h"
 #include "workspace/ResultMarks.h"
 #include "workspace/SelectionReport.h"
 #include "workspace/WindowTexts.h"
@@ -206,8 +207,12 @@ std::optional<ReportContent> ResultsPane::report() const {
 }
 
 void ResultsPane::print(bool preview) const {
-    if (const auto shown = report())
-        preview ? previewReport(*shown, window()) : printReport(*shown, window());
+    const std::optional<ReportContent> shown = report();
+    if (!shown) return;
+    if (preview)
+        ReportPreview(*shown, window()).exec();
+    else
+        printReport(*shown, window());
 }
 
 void ResultsPane::copy() const {

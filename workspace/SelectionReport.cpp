@@ -79,8 +79,6 @@ ReportContent reportOf(const ResultTable& table, const ResultRow& row, const Sel
     return report;
 }
 
-void previewReport(const ReportContent& report, QWidget* window) { ReportPreview(report, window).exec(); }
-
 void printReport(const ReportContent& report, QWidget* window) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageLayout(reportLayout());

@@ -15,8 +15,7 @@ EnvelopeDrawing envelopeOf(const clsCompressor& compressor, const SelectionInput
 /// The printed report of a compressor of a list.
 ReportContent reportOf(const ResultTable& table, const ResultRow& row, const SelectionInputs& inputs);
 
-/// Shows a report in its window, or lets the user choose a printer for it.
-void previewReport(const ReportContent& report, QWidget* window);
+/// Prints a report on a printer that the user chooses.
 void printReport(const ReportContent& report, QWidget* window);
 
 }  // namespace marvello

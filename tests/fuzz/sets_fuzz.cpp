@@ -17,6 +17,7 @@
 #include "data/Session.h"
 #include "data/clsDatabase.h"
 #include "results/Columns.h"
+#include "results/TechnicalData.h"
 #include "tests/support/SmallCatalogue.h"
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/TechnicalPage.h"
@@ -46,10 +47,11 @@ void apply(const std::string& assignments) {
           static_cast<QWidget*>(new Container(&form)), static_cast<QWidget*>(new ProgressBar(&form))})
         control->setObjectName(QString::number(number++));
     ApplyFormParameters("frm", "frmTest", "populate", form);
+    const std::string technical = MotorDescription(assignments, clsCompressor());
+    page.setEntries(QStringLiteral("a model"), {{technical, technicalInImperial(assignments)}});
     form.resize(300, 200);
     (void)form.grab();
     (void)readOutputs(list->property("Tag").toString().toStdString());
-    (void)page.catalogueEntries();
     ctlCombo combo;
     combo.Populate(QString::fromStdString(assignments), field->Tag1(), false, true);
 }
