@@ -138,8 +138,9 @@ void sealCatalogue(const fs::path& file) {
     std::vector<unsigned char> page(static_cast<std::size_t>(pages.pageSize));
     const std::int64_t begin = (pages.digestPage - 1) * pages.pageSize;
     // Through SQLite it would be a change of the first page as well, which the digest is over.
-    const auto at =
-        digest.empty() || !pages.read(page, begin) ? page.end() : std::ranges::search(page, blank).begin();
+    const auto at = digest.empty() || !pages.read(page, begin)
+                        ? page.end()
+                        : std::search(page.begin(), page.end(), blank.begin(), blank.end());
     std::fstream stream(file, std::ios::binary | std::ios::in | std::ios::out);
     stream.seekp(begin + (at - page.begin()));
     stream << digest;
