@@ -15,6 +15,7 @@
 #include "tests/fuzz/Edits.h"
 #include "tests/fuzz/Refusal.h"
 #include "tests/support/TemporaryFolder.h"
+#include "thermo/RefpropLibrary.h"
 #include "thermo/clsRefprop.h"
 #include "tools/catalogue/Dump.h"
 
@@ -54,6 +55,9 @@ void select(const char* series, int economizer, float frequency) {
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    // Holds the property library in memory, in which the fuzzer counts what is reached.
+    static const Session holder(MARVELLO_APP_FOLDER);
+    (void)refpropFunctions();
     (void)soundFile();
     return 0;
 }
