@@ -9,8 +9,6 @@
 
 namespace marvello {
 
-SelectionRun::SelectionRun() : selections_(std::make_unique<clsSelections>()) {}
-
 SelectionRun::Outcome SelectionRun::calculate(const SelectionInputs& inputs,
                                               const std::function<void(int percent)>& progress) {
     clear();

@@ -15,8 +15,6 @@ namespace marvello {
 /// Knows no window.
 class SelectionRun {
   public:
-    SelectionRun();
-
     /// What a calculation has to say besides its results.
     struct Outcome {
         std::string fault;              ///< why there are none; empty if the calculation went to its end
@@ -45,7 +43,7 @@ class SelectionRun {
   private:
     void clearList();
 
-    std::unique_ptr<clsSelections> selections_;
+    std::unique_ptr<clsSelections> selections_ = std::make_unique<clsSelections>();
     ResultTable table_;
     std::vector<const ResultRow*> rows_;
 };
