@@ -61,18 +61,19 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to) {
         text.replace(at, from.size(), to);
 }
 
-std::string ListLookup(std::string_view key, std::string_view list) {
-    const auto wanted = withoutBlanks(key);
-    while (!list.empty()) {
-        const auto end = std::min(list.find(';'), list.size());
-        const auto entry = list.substr(0, end);
-        list.remove_prefix(std::min(end + 1, list.size()));
-        if (entry.empty()) continue;
-
-        const auto bar = entry.find('|');
-        if (!equalIgnoringCase(withoutBlanks(entry.substr(0, bar)), wanted)) continue;
-        return bar == std::string_view::npos ? std::string() : std::string(entry.substr(bar + 1));
+std::vector<Choice> choicesIn(std::string_view list) {
+    std::vector<Choice> choices;
+    for (const std::string& entry : splitText(list, ';')) {
+        if (withoutBlanks(entry).empty()) continue;
+        const auto bar = std::min(entry.find('|'), entry.size());
+        choices.push_back({trimmed(entry.substr(0, bar)), entry.substr(std::min(bar + 1, entry.size()))});
     }
+    return choices;
+}
+
+std::string ListLookup(std::string_view key, std::string_view list) {
+    for (const Choice& choice : choicesIn(list))
+        if (equalIgnoringCase(choice.key, withoutBlanks(key))) return choice.caption;
     return {};
 }
 

@@ -20,16 +20,27 @@ bool equalIgnoringCase(std::string_view a, std::string_view b);
 /// The pieces between separators; one empty piece for an empty text.
 std::vector<std::string> splitText(std::string_view text, char separator);
 
-/// The count of letters of a text in UTF-8, and the text with blanks up to so many, before it where it stands
-/// to the right.
+/// Returns the count of letters of a text in UTF-8, and the text with blanks up to so many letters: after it,
+/// or before it if it is to be on the right.
 std::size_t letterCount(std::string_view text);
 std::string padded(std::string text, std::size_t letters, bool isRight);
 
 /// Replaces every occurrence of `from`; a blank `from` replaces nothing.
 void replaceAll(std::string& text, std::string_view from, std::string_view to);
 
+/// A key of a list of choices, and what the user reads for it.
+struct Choice {
+    std::string key;
+    std::string caption;
+    bool operator==(const Choice&) const = default;
+};
+
+/// Returns the choices of a list "key|caption;key|caption", the keys without blanks around them. Blank
+/// entries are skipped; an entry without "|" has no caption.
+std::vector<Choice> choicesIn(std::string_view list);
+
 /// The caption of `key` in a list "key|caption;key|caption", keys compared trimmed and without regard to
-/// case; "" when no entry has it. Empty entries are skipped.
+/// case; "" if no entry has it.
 std::string ListLookup(std::string_view key, std::string_view list);
 
 }  // namespace marvello

@@ -17,8 +17,8 @@ namespace marvello {
 
 namespace {
 
-/// Kept: letter by letter, as the catalogue compares them: a series in other letters is asked for at mains
-/// frequency.
+/// Kept: letter by letter, though the catalogue ignores case: a series in other letters is asked for at mains
+/// frequency, where it has no models.
 bool isInverterSeries(const std::string& serie) {
     const SeriesTraits& traits = seriesTraits(serie);
     return traits.drive == Drive::inverter && traits.name == serie;

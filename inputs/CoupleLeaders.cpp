@@ -2,12 +2,12 @@
 
 namespace marvello {
 
-void CoupleLeaders::typed(std::string_view name) {
-    if (name == "ted" || name == "tem" || name == "pe") evaporatingField_ = name;
-    if (name == "tcd" || name == "tcm" || name == "pc") condensingField_ = name;
-    // Kept: a condensing pressure leaves the temperature that leads as it was, for what changes later is
-    // worked out from that.
-    if (name == "tcd" || name == "tcm") midLeadsCondensation_ = name == "tcm";
+void CoupleLeaders::typed(Input input) {
+    const auto couple = coupleOf(input);
+    if (couple.empty()) return;
+    (couple.front() == Input::evaporatingDew ? evaporating_ : condensing_) = input;
+    // Kept: a condensing pressure leaves the temperature that leads as it was.
+    if (input == Input::condensingDew || input == Input::condensingMid) condensingTemperature_ = input;
 }
 
 }  // namespace marvello

@@ -1,30 +1,31 @@
 #pragma once
 
-#include <string>
-#include <string_view>
+#include "inputs/Input.h"
 
 namespace marvello {
 
-/// Which field leads each of the two couples of a form: the evaporating dew and mid temperature with their
-/// pressure, and the condensing ones. Fields go by their names: "ted", "tem", "pe", "tcd", "tcm" and "pc".
+/// Which input leads each of the two couples of a form: the evaporating dew and mid temperature with their
+/// pressure, and the condensing ones.
 class CoupleLeaders {
   public:
     /// Lets the dew temperatures lead.
     void reset() { *this = CoupleLeaders(); }
-    /// Lets a field that was typed in lead its couple. Ignores any other name.
-    void typed(std::string_view name);
+    /// Lets an input that was typed lead its couple. Ignores an input outside the couples.
+    void typed(Input input);
 
-    /// The fields typed in last; the others of their couples are derived.
-    const std::string& evaporatingField() const { return evaporatingField_; }
-    const std::string& condensingField() const { return condensingField_; }
-    /// The temperature that leads when something changes that its couple depends on.
-    std::string evaporating() const { return evaporatingField_ == "tem" ? "tem" : "ted"; }
-    std::string condensing() const { return midLeadsCondensation_ ? "tcm" : "tcd"; }
+    /// The inputs typed last; the others of their couples are derived.
+    Input evaporating() const { return evaporating_; }
+    Input condensing() const { return condensing_; }
+    /// The temperatures that lead if something changes that their couples depend on.
+    Input evaporatingTemperature() const {
+        return evaporating_ == Input::evaporatingMid ? evaporating_ : Input::evaporatingDew;
+    }
+    Input condensingTemperature() const { return condensingTemperature_; }
 
   private:
-    std::string evaporatingField_ = "ted";
-    std::string condensingField_ = "tcd";
-    bool midLeadsCondensation_ = false;
+    Input evaporating_ = Input::evaporatingDew;
+    Input condensing_ = Input::condensingDew;
+    Input condensingTemperature_ = Input::condensingDew;
 };
 
 }  // namespace marvello

@@ -36,12 +36,22 @@ constexpr std::array<InputDefinition, inputCount> inputs{{
     {Input::capacityStep, "cmbStepCapacity", choice, Selector::stepCapacity},
 }};
 
+constexpr std::array evaporatingCouple{Input::evaporatingDew, Input::evaporatingMid,
+                                       Input::evaporatingPressure};
+constexpr std::array condensingCouple{Input::condensingDew, Input::condensingMid, Input::condensingPressure};
+
 }  // namespace
 
 std::span<const InputDefinition> allInputs() { return inputs; }
 
 const InputDefinition& definitionOf(Input input) {
     return *std::ranges::find(inputs, input, &InputDefinition::input);
+}
+
+std::span<const Input> coupleOf(Input input) {
+    for (const std::span<const Input> couple : {std::span(evaporatingCouple), std::span(condensingCouple)})
+        if (std::ranges::find(couple, input) != couple.end()) return couple;
+    return {};
 }
 
 std::string nameInCouple(Input input) {

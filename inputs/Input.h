@@ -47,7 +47,10 @@ struct InputDefinition {
 std::span<const InputDefinition> allInputs();
 const InputDefinition& definitionOf(Input input);
 
-/// The name of an input among the temperatures and pressures that hang together: "ted" of "txtTED".
+/// The evaporating or the condensing temperatures and pressure, which depend on each other, if the input is
+/// one of them; else empty. The dew temperature comes first.
+std::span<const Input> coupleOf(Input input);
+/// The name of an input of a couple: "ted" of "txtTED". Settings keep the leaders by it.
 std::string nameInCouple(Input input);
 
 }  // namespace marvello

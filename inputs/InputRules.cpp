@@ -1,7 +1,5 @@
 #include "inputs/InputRules.h"
 
-#include "data/Texts.h"
-
 namespace marvello {
 
 unsigned seriesMask(const std::string& serieKey, const std::string& refrigerantKey) {

@@ -5,16 +5,10 @@
 #include <vector>
 
 #include "catalogue/SeriesTraits.h"
+#include "data/Texts.h"
 #include "thermo/UnitSystem.h"
 
 namespace marvello {
-
-/// A key of a list of choices, and what the user reads in its place.
-struct Choice {
-    std::string key;
-    std::string caption;
-    bool operator==(const Choice&) const = default;
-};
 
 /// The mask of a series key, with the motor size added where there are two motors.
 unsigned seriesMask(const std::string& serieKey, const std::string& refrigerantKey);

@@ -40,7 +40,7 @@ const std::string noEconomizer = keyOf(EconomizerMode::none);
 const std::string approachMode = keyOf(EconomizerMode::approach);
 const std::string capacityMode = keyOf(EconomizerMode::capacity);
 
-/// What a choice stands at in a new form, and where a series does not offer it.
+/// The key of a choice in a new form, and while a series does not offer another.
 std::string neutralKey(Input input) {
     switch (input) {
         case Input::refrigerant:
@@ -98,23 +98,6 @@ UnitRule conversionOf(Quantity quantity) {
     return nullptr;
 }
 
-constexpr std::array evaporatingCouple{Input::evaporatingDew, Input::evaporatingMid,
-                                       Input::evaporatingPressure};
-constexpr std::array condensingCouple{Input::condensingDew, Input::condensingMid, Input::condensingPressure};
-
-/// The inputs that hang together with one of them; none outside a couple.
-std::span<const Input> coupleOf(Input input) {
-    for (const std::span<const Input> couple : {std::span(evaporatingCouple), std::span(condensingCouple)})
-        if (std::ranges::find(couple, input) != couple.end()) return couple;
-    return {};
-}
-
-std::span<const Input> coupleOf(std::string_view name) {
-    for (const Input input : evaporatingCouple)
-        if (nameInCouple(input) == name) return evaporatingCouple;
-    return condensingCouple;
-}
-
 /// The name of a mode's own value among the values of a state.
 std::string economizerEntry(const std::string& mode) { return "cmbEco_K" + mode; }
 
@@ -136,8 +119,7 @@ SelectionInputs::SelectionInputs(const SelectionKind& kind) : kind_(kind) {
     if (kind.hasInverter) set(Input::frequency, static_cast<double>(atFirst.InverterFrequency));
     keepEconomizerValue(approachMode);
     offerRefrigerants();
-    synchronize("tcd");
-    synchronize("ted");
+    followLeaders();
 }
 
 void SelectionInputs::set(Input input, double value) {
@@ -196,11 +178,9 @@ bool SelectionInputs::hasMidTemperatures() const {
 }
 
 std::optional<Input> SelectionInputs::leaderOf(Input input) const {
-    for (const Input member : coupleOf(input))
-        if (const std::string name = nameInCouple(member);
-            name == leaders_.evaporatingField() || name == leaders_.condensingField())
-            return member;
-    return std::nullopt;
+    const auto couple = coupleOf(input);
+    if (couple.empty()) return std::nullopt;
+    return couple.front() == Input::evaporatingDew ? leaders_.evaporating() : leaders_.condensing();
 }
 
 SeriesOfMarket SelectionInputs::series() const {
@@ -297,14 +277,15 @@ void SelectionInputs::type(Input input, std::optional<double> value) {
     // A parameter set writes it before there is a mode; it is an approach then.
     if (input == Input::economizer)
         keepEconomizerValue(isShown(input) ? key(Input::economizerMode) : approachMode);
-    const bool leadsMid = hasMidTemperatures();
-    if (input == Input::subcooling && leadsMid) synchronize(leaders_.evaporating());
-    if (coupleOf(input).empty()) return;
-    const std::string name = nameInCouple(input);
-    leaders_.typed(name);
-    synchronize(name);
-    if (std::ranges::find(condensingCouple, input) != condensingCouple.end() && leadsMid)
-        synchronize(leaders_.evaporating());
+    if (const auto couple = coupleOf(input); !couple.empty()) {
+        leaders_.typed(input);
+        synchronize(input);
+        if (couple.front() == Input::evaporatingDew) return;
+    } else if (input != Input::subcooling) {
+        return;
+    }
+    // The evaporating mid temperature depends on the liquid.
+    if (hasMidTemperatures()) synchronize(leaders_.evaporatingTemperature());
 }
 
 void SelectionInputs::settle(Input input, double value) {
@@ -316,10 +297,10 @@ void SelectionInputs::settle(Input input, double value) {
 }
 
 void SelectionInputs::follow(Input input) {
-    synchronize(input == Input::subcooling ? "ted" : nameInCouple(input));
+    synchronize(input == Input::subcooling ? Input::evaporatingDew : input);
 }
 
-void SelectionInputs::synchronize(std::string_view leader) {
+void SelectionInputs::synchronize(Input leader) {
     struct Entry {
         Input input;
         double CoupledFields::* value;
@@ -344,7 +325,7 @@ void SelectionInputs::synchronize(std::string_view leader) {
             if (!refprop.SetupFault().empty()) {
                 refusal = Refusal{.sentence = refprop.SetupFault()};
             } else {
-                SyncTemperatureFields(leader, fields, refrigerant, refprop, gPolynomialTEM(),
+                SyncTemperatureFields(nameInCouple(leader), fields, refrigerant, refprop, gPolynomialTEM(),
                                       gPolynomialTCM());
                 if (!said.boxes().empty()) refusal = Refusal{.saturation = refprop.DewRange()};
             }
@@ -359,12 +340,12 @@ void SelectionInputs::synchronize(std::string_view leader) {
             set(input, conversionOf(quantity(input))(fields.*value, UnitSystem::metric, units_));
 }
 
-void SelectionInputs::refuse(std::string_view leader, std::optional<Refusal> refusal) {
+void SelectionInputs::refuse(Input leader, std::optional<Refusal> refusal) {
     for (const Input member : coupleOf(leader)) {
         InputValue& value = at(member);
         value.refusal.reset();
         if (!refusal) continue;
-        if (nameInCouple(member) == leader) {
+        if (member == leader) {
             value.refusal = refusal;
         } else {
             value.number.reset();
@@ -374,8 +355,8 @@ void SelectionInputs::refuse(std::string_view leader, std::optional<Refusal> ref
 }
 
 void SelectionInputs::followLeaders() {
-    synchronize(leaders_.condensingField());
-    synchronize(leaders_.evaporatingField());
+    synchronize(leaders_.condensing());
+    synchronize(leaders_.evaporating());
 }
 
 SuperheatRange SelectionInputs::superheatRange() const {

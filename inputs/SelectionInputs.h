@@ -5,7 +5,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "catalogue/clsProjectConditions.h"
@@ -21,7 +20,7 @@
 
 namespace marvello {
 
-/// Why nothing follows from a value that leads its couple.
+/// Why nothing follows from the value that leads a couple.
 struct Refusal {
     std::string sentence{};                       ///< of the property library; empty with a range
     std::optional<SaturationRange> saturation{};  ///< the value is beyond it; degrees Celsius
@@ -31,8 +30,8 @@ struct Refusal {
 struct InputValue {
     std::string key{};                 ///< of a choice; several models are joined with ";"
     std::vector<Choice> choices{};     ///< what is offered for it
-    std::optional<double> number{};    ///< none while it is typed half, and for an unknown one
-    bool isUnknown = false;            ///< a derived number that cannot be had
+    std::optional<double> number{};    ///< none while half typed, and for an unknown one
+    bool isUnknown = false;            ///< a derived number that has no value
     bool isEnabled = true;             ///< false where the series fixes it
     std::optional<Refusal> refusal{};  ///< of a number that leads its couple
 };
@@ -64,12 +63,12 @@ class SelectionInputs {
     const std::string& key(Input input) const { return (*this)[input].key; }
     /// The number of an input, 0 while it has none.
     double number(Input input) const { return (*this)[input].number.value_or(0); }
-    /// What the user reads for the key of a choice; the key itself where the list has it not, as for several
+    /// What the user reads for the key of a choice; the key itself if the list lacks it, as for several
     /// models.
     std::string caption(Input input) const;
-    /// True for a choice that stands where it does in a new form.
+    /// True if a choice has the key of a new form.
     bool isNeutral(Input input) const;
-    /// What a number measures as the inputs are now.
+    /// Returns what a number measures, which for some depends on a choice.
     Quantity quantity(Input input) const;
     /// False for an input that does not go with the others.
     bool isShown(Input input) const;
@@ -85,19 +84,19 @@ class SelectionInputs {
     void translate();
     /// Takes a key, and what follows from it: a refrigerant offers its series, a series its models.
     void choose(Input input, const std::string& key);
-    /// Takes what was typed; none for half a number, which nothing follows. A temperature or pressure of a
-    /// couple leads it from now on.
+    /// Takes what was typed; none for half a number, from which nothing follows. A temperature or pressure of
+    /// a couple leads it from now on.
     void type(Input input, std::optional<double> value);
-    /// Takes the value of a field that is left, as its rule has it: a subcooling has no sign.
+    /// Takes the value of a field that the user leaves, by the rule of the field: a subcooling has no sign.
     void settle(Input input, double value);
     /// Works out anew what follows from an input.
     void follow(Input input);
-    /// Puts a superheat beyond its range right. True if it was.
+    /// Replaces a superheat beyond its range. Returns true if it did.
     bool limitSuperheat();
-    /// Puts right what a run would not take. True if the superheat was.
+    /// Replaces what a run would not take. Returns true if the superheat was replaced.
     bool prepareRun();
 
-    /// The bounds that a number is beyond; none for one that is permitted.
+    /// The permitted range of a number that is beyond it; none for a permitted one.
     struct Bounds {
         double low, high;
     };
@@ -119,8 +118,8 @@ class SelectionInputs {
     void offerSeries();
     void offerModels();
     void applySeriesRules();
-    void synchronize(std::string_view leader);
-    void refuse(std::string_view leader, std::optional<Refusal> refusal);
+    void synchronize(Input leader);
+    void refuse(Input leader, std::optional<Refusal> refusal);
     void followLeaders();
     SuperheatRange superheatRange() const;
     void keepEconomizerValue(const std::string& mode);

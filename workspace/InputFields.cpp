@@ -35,13 +35,6 @@ QString listText(const std::vector<Choice>& choices) {
     return pairs.join(u';');
 }
 
-std::vector<Choice> choicesOf(const QString& list) {
-    std::vector<Choice> choices;
-    for (const QString& pair : list.split(u';', Qt::SkipEmptyParts))
-        choices.push_back({toCore(pair.section(u'|', 0, 0).trimmed()), toCore(pair.section(u'|', 1))});
-    return choices;
-}
-
 /// The key of a field's help, empty for a field that has none.
 QString helpKeyOf(Input input) {
     switch (input) {
@@ -163,7 +156,7 @@ void InputFields::read() {
 void InputFields::translate() {
     for (const InputDefinition& definition : allInputs())
         if (definition.isChoice && !isCatalogueList(definition.input))
-            inputs_.offer(definition.input, choicesOf(panel_[definition.input]->Tag1()));
+            inputs_.offer(definition.input, choicesIn(toCore(panel_[definition.input]->Tag1())));
     inputs_.translate();
     show();
     showFieldHelp();

@@ -33,7 +33,7 @@ constexpr int buttonGap = 14;
 constexpr int buttonHeight = 32;
 constexpr int helpGap = 16;
 
-/// The numbers that stand next to the selector of how they are meant, and have no caption of their own.
+/// The numbers next to the selector that says how they are meant; they have no caption of their own.
 constexpr std::array besideSelectors{std::pair{Input::superheat, Input::superheatKind},
                                      std::pair{Input::economizer, Input::economizerMode},
                                      std::pair{Input::oilCooling, Input::oilCoolingMode}};

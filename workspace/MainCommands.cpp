@@ -128,8 +128,8 @@ void MDIMain::makeCommands() {
     onForm(Command::previousRow, [](SelectionForm& form) { form.results().moveSelection(-1); });
     onForm(Command::nextRow, [](SelectionForm& form) { form.results().moveSelection(1); });
     on(Command::cascade, [this] { area_->cascadeSubWindows(); });
-    on(Command::tileHorizontal, [this] { area_->tileHorizontal(); });
-    on(Command::tileVertical, [this] { area_->tileVertical(); });
+    on(Command::tileHorizontal, [this] { area_->tile(Qt::Vertical); });
+    on(Command::tileVertical, [this] { area_->tile(Qt::Horizontal); });
     on(Command::arrangeIcons, [this] { area_->arrangeIcons(); });
     on(Command::guide, [this] { showGuide(); });
     commands_[Command::builds]->setVisible(QFileInfo(buildsFile()).size() >= 1);

@@ -55,13 +55,11 @@ QVariant storable(const Value& value) {
     }
 }
 
-/// The names by which the leaders come to be the same again: a condensing pressure after the temperature that
-/// leads under it.
+/// A condensing pressure comes after the temperature that leads under it, so that both lead again.
 QStringList leadersOf(const CoupleLeaders& leaders) {
     QStringList names;
-    for (const std::string& name :
-         {leaders.evaporatingField(), leaders.condensing(), leaders.condensingField()})
-        names += fromCore(name);
+    for (const Input input : {leaders.evaporating(), leaders.condensingTemperature(), leaders.condensing()})
+        names += fromCore(nameInCouple(input));
     return names;
 }
 
@@ -148,7 +146,10 @@ FormState keptFormState(const QString& form) {
     const QSettings store = userSettings();
     FormState state;
     state.inputs.units = static_cast<UnitSystem>(of.measureUnit.value(store));
-    for (const QString& name : of.leaders.value(store)) state.inputs.leaders.typed(toCore(name));
+    for (const QString& name : of.leaders.value(store))
+        for (const InputDefinition& definition : allInputs())
+            if (!definition.isChoice && name == fromCore(nameInCouple(definition.input)))
+                state.inputs.leaders.typed(definition.input);
     const auto keys = of.keys.value(store);
     for (auto key = keys.begin(); key != keys.end(); ++key)
         state.inputs.keys[toCore(key.key())] = toCore(*key);

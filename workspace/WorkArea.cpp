@@ -19,13 +19,16 @@ void WorkArea::paintEvent(QPaintEvent* event) {
     paintIcon(painter, place, QStringLiteral("emblem"), Look::current().hover);
 }
 
-void WorkArea::tileHorizontal() {
+void WorkArea::tile(Qt::Orientation orientation) {
     const QList<QMdiSubWindow*> windows = subWindowList();
     const auto count = static_cast<int>(windows.size());
     for (int i = 0; i < count; ++i) {
         windows[i]->showNormal();
-        const int top = height() * i / count;
-        windows[i]->setGeometry(0, top, width(), height() * (i + 1) / count - top);
+        const auto edge = [&](int whole, int part) { return whole * part / count; };
+        if (orientation == Qt::Vertical)
+            windows[i]->setGeometry(0, edge(height(), i), width(), edge(height(), i + 1) - edge(height(), i));
+        else
+            windows[i]->setGeometry(edge(width(), i), 0, edge(width(), i + 1) - edge(width(), i), height());
     }
 }
 
@@ -37,16 +40,6 @@ void WorkArea::arrangeIcons() {
             next = QPoint(0, next.y() - window->height());
         window->move(next.x(), next.y() - window->height());
         next.rx() += window->width();
-    }
-}
-
-void WorkArea::tileVertical() {
-    const QList<QMdiSubWindow*> windows = subWindowList();
-    const auto count = static_cast<int>(windows.size());
-    for (int i = 0; i < count; ++i) {
-        windows[i]->showNormal();
-        const int left = width() * i / count;
-        windows[i]->setGeometry(left, 0, width() * (i + 1) / count - left, height());
     }
 }
 

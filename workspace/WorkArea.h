@@ -9,9 +9,8 @@ class WorkArea : public QMdiArea {
   public:
     explicit WorkArea(QWidget* parent);
 
-    /// Divide the area among the forms, below or next to each other.
-    void tileHorizontal();
-    void tileVertical();
+    /// Divides the area among the forms: below each other if vertical, else next to each other.
+    void tile(Qt::Orientation orientation);
     /// Puts minimized forms next to each other at the lower edge, in rows from the bottom.
     void arrangeIcons();
 

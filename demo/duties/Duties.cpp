@@ -24,7 +24,7 @@ Message message(const char* list, const char* number) {
     return {std::string("messages.message") + number, list};
 }
 
-/// A setting of the form next to temperatures.
+/// An input of the form other than the temperatures.
 struct Setting {
     std::string name;
     std::vector<Message> gives;  ///< what it is tried for; none: always tried

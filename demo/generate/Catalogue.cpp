@@ -91,7 +91,7 @@ class SeriesBuilder {
     }
 
   private:
-    /// All that a row of tCompressors needs next to its plan.
+    /// All that a row of tCompressors needs in addition to its plan.
     struct Electrics {
         MotorRows::Entry full;
         MotorRows::Entry small;

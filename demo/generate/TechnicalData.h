@@ -9,7 +9,7 @@
 
 namespace marvello::generate {
 
-/// One size of housing of a series: what its models have in common next to their rotors.
+/// One size of housing of a series: what its models have in common but for their rotors.
 struct BodyPlan {
     std::string name;
     double displacementTo = 0;  ///< m^3/h at 2900 rpm, of its largest model

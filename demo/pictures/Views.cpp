@@ -10,7 +10,7 @@ namespace {
 
 bool isUpright(const Design& d) { return d.separator == Design::Separator::upright; }
 
-/// A leg on either side, `thick` at the bottom, from `bottom` to `top` next to the middle.
+/// A leg on either side of the middle, `thick` at the bottom, from `bottom` to `top`.
 void legs(Sheet& sheet, const Placing& view, double low, double high, double bottom, double top,
           double thick) {
     for (const double side : {-1.0, 1.0})

@@ -101,7 +101,7 @@ struct Surfaces {
     }
 };
 
-/// The field of a row that stands for full load: 100 %, 1450 rpm or a ratio in the middle.
+/// The field of the row of full load: 100 %, 1450 rpm or a ratio in the middle.
 double fullField(const SeriesPlan& series) {
     if (series.rowsBy == SeriesPlan::RowsBy::ratio) return 10 * series.rows[series.rows.size() / 2];
     return series.rowsBy == SeriesPlan::RowsBy::speed ? 1450 : 100;
@@ -163,6 +163,44 @@ TEST(StoredCatalogue, CapacityAndPowerBehaveAsTheyMust) {
                 lastPower = lessPower;
             }
         });
+}
+
+/// The gas takes on no more enthalpy than the power input, at any permitted superheat, even with the 5 % that
+/// the economized cycle counts more.
+TEST(StoredCatalogue, DischargeHoldsNoMoreThanThePower) {
+    overSomeCompressors(
+        [](const SeriesPlan& series, const Fluid& fluid, const Surfaces& one, double x, double y) {
+            if (series.rowsBy == SeriesPlan::RowsBy::ratio) return;
+            const double field = fullField(series);
+            const CyclePoint cycle = cycleAt(fluid, x, y);
+            const double volume = one.value(0, field, x, y) / (cycle.gas - cycle.liquid) / cycle.density;
+            for (const double superheat : {0.5, 10.0, 20.0}) {
+                const double flow = volume * fluid.density(x + superheat, cycle.low);
+                const double discharge = one.value(3, 10, x, y) + superheat - 10;
+                const double gained =
+                    fluid.enthalpy(discharge, cycle.high) - fluid.enthalpy(x + superheat, cycle.low);
+                const double efficiency = flow * gained / one.value(1, field, x, y);
+                EXPECT_LT(1.05 * efficiency, 1);
+                EXPECT_GT(efficiency, 0.8);
+            }
+        });
+}
+
+/// The surfaces for the mid temperatures of R407C, at states between those that they were fitted through.
+TEST(StoredCatalogue, MidTemperaturesOfR407CLeadBackToTheDewTemperature) {
+    const Fluid fluid(readCompositions(contentFolder).at("R407C"));
+    const auto surface = [](const char* id) { return storedIndex().surfaces(id, 4).at(0).surface.c; };
+    for (double dew = 21.2; dew < 70; dew += 7.3) {
+        const double pressure = fluid.dewPressure(dew);
+        const double bubble = fluid.bubbleTemperature(pressure);
+        EXPECT_NEAR(evaluate(SurfaceForm::cubic, surface("R407CTCM"), (bubble + dew) / 2, 0), dew, 0.015);
+        const double liquid = fluid.enthalpy(bubble - 4, pressure);  // 4 K of subcooling
+        for (double low = -44.3; low < std::min(18.0, dew - 15); low += 6.1) {
+            const double inlet = fluid.temperature(fluid.dewPressure(low), liquid);
+            EXPECT_NEAR(evaluate(SurfaceForm::cubic, surface("R407CTEM"), (inlet + low) / 2, liquid), low,
+                        0.01);
+        }
+    }
 }
 
 Point middleOf(const clsPoints& line) {

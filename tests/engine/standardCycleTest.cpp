@@ -71,7 +71,7 @@ TEST_F(standardCycle, AWholeCompressorByHand) {
     EXPECT_EQ(v("QcEco"), v("Qc"));
 }
 
-TEST_F(standardCycle, VariablesStandInTheirOrder) {
+TEST_F(standardCycle, VariablesComeInTheirOrder) {
     const std::string order =
         "Ted Tcd ShType Sh Sc OC OCCalculateMode EcoCalculateMode Eco Fm MotorType Vm InverterFrequency Pe "
         "Teb "

@@ -72,36 +72,6 @@ TEST_F(FormTest, ARefrigerantStartsWithItsDewTemperatures) {
     EXPECT_TRUE(field("txtPE")->Derived());
 }
 
-TEST_F(FormTest, EachEconomizerModeKeepsItsOwnValue) {
-    choose("lstSeries", "TK-A");
-    choose("cmbEco", "1");
-    EXPECT_EQ(field("txtEco")->TextText(), "10.00");
-    type("txtEco", "7.5");
-    choose("cmbEco", "2");
-    EXPECT_EQ(field("txtEco")->TextText(), "0.00") << "an approach of 7.5 K is no capacity";
-    type("txtEco", "120");
-    choose("cmbEco", "0");
-    choose("cmbEco", "1");
-    EXPECT_EQ(field("txtEco")->number(), 7.5);
-    switchUnits(imperial);
-    EXPECT_EQ(field("txtEco")->number(), 13.5);
-    choose("cmbEco", "2");
-    EXPECT_EQ(field("txtEco")->number(), 216) << "as the field itself is converted";
-    switchUnits(metric);
-    choose("cmbEco", "1");
-    EXPECT_EQ(field("txtEco")->number(), 7.5);
-
-    // The next form has both, and the defaults have neither.
-    form = window->newSelection();
-    choose("cmbEco", "2");
-    EXPECT_EQ(field("txtEco")->number(), 120);
-    form->findChild<Link*>(QStringLiteral("lnkDefaults"))->click();
-    choose("cmbEco", "2");
-    EXPECT_EQ(field("txtEco")->number(), 0);
-    choose("cmbEco", "1");
-    EXPECT_EQ(field("txtEco")->number(), 10);
-}
-
 TEST_F(FormTest, AMessageThatACompressorHasTwiceIsShownOnce) {
     choose("lstSeries", "TK-A");
     choose("cmbEco", "2");

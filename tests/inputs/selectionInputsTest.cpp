@@ -105,6 +105,11 @@ TEST_F(SelectionInputsTest, EachModeOfTheEconomizerKeepsItsValueForTheNextForm) 
     inputs.type(Input::economizer, -6);
     inputs.settle(Input::economizer, -6);
     EXPECT_EQ(inputs.number(Input::economizer), 6) << "an approach has no sign";
+    inputs.setUnits(UnitSystem::imperial);
+    EXPECT_NEAR(inputs.number(Input::economizer), 10.8, 1e-9);
+    inputs.choose(Input::economizerMode, "2");
+    EXPECT_EQ(inputs.number(Input::economizer), 216) << "converted as a difference, like the field itself";
+    inputs.setUnits(UnitSystem::metric);
     inputs.choose(Input::economizerMode, "0");
 
     SelectionInputs next(fixedSpeed);

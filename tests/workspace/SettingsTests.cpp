@@ -38,8 +38,8 @@ TEST_F(SettingsTest, FlagsOfMidTemperaturesBecomeLeaders) {
     userSettings().setValue(flag, true);
     userSettings().setValue(form.group + "MidLeadsEvaporation", false);
     migrateSettings();
-    EXPECT_EQ(keptFormState("frmSelection").inputs.leaders.condensing(), "tcm");
-    EXPECT_EQ(keptFormState("frmSelection").inputs.leaders.evaporating(), "ted");
+    EXPECT_EQ(keptFormState("frmSelection").inputs.leaders.condensing(), Input::condensingMid);
+    EXPECT_EQ(keptFormState("frmSelection").inputs.leaders.evaporating(), Input::evaporatingDew);
     EXPECT_FALSE(userSettings().contains(flag));
     // Once, and never over what a later version stored.
     userSettings().setValue(flag, true);

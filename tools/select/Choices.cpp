@@ -18,8 +18,7 @@ std::vector<std::string> keysOf(const Assignments& assignments, std::string_view
     for (const auto& [object, property, value] : assignments) {
         if (!equalIgnoringCase(object, control) || !equalIgnoringCase(property, "Tag1")) continue;
         std::vector<std::string> keys;
-        for (const std::string& entry : splitText(value, ';'))
-            if (!trimmed(entry).empty()) keys.push_back(trimmed(splitText(entry, '|').front()));
+        for (const Choice& choice : choicesIn(value)) keys.push_back(choice.key);
         return keys;
     }
     throw DatabaseError("The catalogue has no list of choices for " + std::string(control) + ".");
