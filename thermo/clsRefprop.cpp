@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <bit>
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
@@ -27,9 +26,6 @@ std::string nativePath(std::string path) {
         std::replace(path.begin(), path.end(), '\\', '/');
     return path;
 }
-
-/// More states than a run of the whole catalogue at one condition asks for.
-constexpr std::size_t rememberedStates = 8192;
 
 /// What a session shares.
 struct SharedService {
@@ -193,30 +189,18 @@ bool clsRefprop::askBy(std::span<const Route> routes, std::pair<int, int> types,
     return false;
 }
 
-std::size_t clsRefprop::CallHash::operator()(const Call& call) const {
-    constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15ULL;
-    const auto mix = [](std::uint64_t hash, std::uint64_t part) {
-        hash = (hash ^ part) * multiplier;
-        return hash ^ (hash >> 29);
-    };
-    std::uint64_t hash = mix(static_cast<std::uint64_t>(call.function), static_cast<std::uint64_t>(call.kph));
-    hash = mix(hash, std::bit_cast<std::uint64_t>(call.first));
-    hash = mix(hash, std::bit_cast<std::uint64_t>(call.second));
-    return static_cast<std::size_t>(hash);
-}
-
-void clsRefprop::ask(const Call& call, std::int32_t errorLength) {
-    if (const auto found = remembered_.find(call); found != remembered_.end()) {
-        state_ = found->second;
+void clsRefprop::ask(const StateCall& call, std::int32_t errorLength) {
+    if (const RefpropState* found = remembered_.find(call)) {
+        state_ = *found;
         return;
     }
     state_ = askLibrary(call, errorLength);
     ++libraryCalls_;
-    if (remembered_.size() >= rememberedStates) remembered_.clear();
-    remembered_.emplace(call, state_);
+    if (noted_ != nullptr) noted_->push_back(call);
+    remembered_.keep(call, state_);
 }
 
-RefpropState clsRefprop::askLibrary(const Call& call, std::int32_t errorLength) {
+RefpropState clsRefprop::askLibrary(const StateCall& call, std::int32_t errorLength) {
     switch (call.function) {
         case Function::satt:
             return session_.saturationAtT(call.first, call.kph, state_);

@@ -7,12 +7,13 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "data/clsDatabase.h"
 #include "thermo/RefpropLibrary.h"
 #include "thermo/SaturationRange.h"
+#include "thermo/StateMemory.h"
 #include "thermo/clsConvert.h"
 
 namespace marvello {
@@ -78,19 +79,13 @@ class clsRefprop {
 
     /// How often the library was asked for a state, for benchmarks and tests.
     long long libraryCalls() const { return libraryCalls_; }
+    /// Notes these calls from now on, or no longer; for benchmarks.
+    void note(std::vector<StateCall>* calls) { noted_ = calls; }
+    /// Asks the library for a state, whatever is remembered.
+    RefpropState asked(const StateCall& call) { return askLibrary(call, RefpropSession::usualErrorLength); }
 
   private:
-    enum class Function : std::uint8_t { satt, satp, tpflsh, tsflsh, phflsh, psflsh };
-
-    struct Call {
-        Function function;
-        std::int32_t kph;
-        double first, second;
-        bool operator==(const Call&) const = default;
-    };
-    struct CallHash {
-        std::size_t operator()(const Call& call) const;
-    };
+    using Function = StateCall::Function;
 
     /// How a pair of property codes reaches a call of the library.
     enum Order : std::uint8_t { asGiven, swapped };
@@ -105,8 +100,8 @@ class clsRefprop {
     static const Route entropyRoutes[4];
     static const Route densityRoutes[4];
 
-    void ask(const Call& call, std::int32_t errorLength = RefpropSession::usualErrorLength);
-    RefpropState askLibrary(const Call& call, std::int32_t errorLength);
+    void ask(const StateCall& call, std::int32_t errorLength = RefpropSession::usualErrorLength);
+    RefpropState askLibrary(const StateCall& call, std::int32_t errorLength);
     /// Asks by the route of a pair of property codes; false for a pair without one, which shows a
     /// box and changes nothing.
     bool askBy(std::span<const Route> routes, std::pair<int, int> types, std::pair<double, double> values,
@@ -128,8 +123,9 @@ class clsRefprop {
 
     RefpropSession session_;
     RefpropState state_;
-    std::unordered_map<Call, RefpropState, CallHash> remembered_;
+    StateMemory remembered_;
     long long libraryCalls_ = 0;
+    std::vector<StateCall>* noted_ = nullptr;
     std::string setupFault_;
     std::string lastUndefined_;
     std::optional<SaturationRange> dewRange_;
