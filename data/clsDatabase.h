@@ -77,6 +77,17 @@ class clsDatabase {
 
     bool isOpen() const { return connection_ != nullptr; }
 
+    /// Opens the file anew if another one bears its name now, or if it was written to, since it was opened;
+    /// true if it did. A file that is gone stays open. Throws DatabaseError if the new one is no catalogue,
+    /// and the connection stays as it was.
+    bool followFile();
+
+    /// The digest of the open file once it was compared with the file; empty before.
+    const std::string& checkedDigest() const;
+
+    /// What a higher module keeps of the open file: gone with the connection, and empty at first.
+    std::shared_ptr<const void>& kept();
+
     /// Compares the open file with the digest that it was built with, the first time after Connect(); for
     /// those who calculate from its rows. Throws DatabaseError if the file is damaged.
     void checkUndamaged();
@@ -89,6 +100,9 @@ class clsDatabase {
 
   private:
     struct Connection;
+    std::shared_ptr<Connection> opened(const std::string& file) const;
+    Connection& open() const;
+
     std::shared_ptr<Connection> connection_;  ///< Shared with the open results.
     long long executedStatements_ = 0;
 };
