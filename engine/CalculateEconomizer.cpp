@@ -23,10 +23,6 @@ EconomizerCalculation::EconomizerCalculation(clsCompressor& compressor, const St
       statements_(statements),
       v_(compressor.Variables) {}
 
-void EconomizerCalculation::trySet(var variable, const std::function<double()>& value) {
-    Statements::attemptSilently([&] { set(variable, value()); });
-}
-
 void EconomizerCalculation::turn() {
     timeout_.poll();
     giveTurn();

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <utility>
-
 #include "catalogue/clsCompressor.h"
 #include "engine/Statements.h"
 #include "engine/StepControl.h"
@@ -48,9 +45,14 @@ class EconomizerCalculation {
     void checkApproach();
     void noSolution();
 
-    void set(var variable, VariableValue value) { statements_.set(variable, std::move(value)); }
+    template <class Value>
+    void set(var variable, Value value) {
+        statements_.set(variable, value);
+    }
     /// The same, a failure passed over.
-    void trySet(var variable, const std::function<double()>& value);
+    void trySet(var variable, const auto& value) {
+        Statements::attemptSilently([&] { set(variable, value()); });
+    }
     void turn();
 
     clsCompressor& compressor_;

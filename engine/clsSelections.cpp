@@ -5,11 +5,13 @@
 #include <stdexcept>
 
 #include "catalogue/CatalogueLists.h"
+#include "catalogue/PreparedCatalogue.h"
 #include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
 #include "data/Hooks.h"
 #include "data/Session.h"
 #include "data/Texts.h"
+#include "engine/Calculator.h"
 #include "engine/CompressorCalculation.h"
 #include "thermo/clsRefprop.h"
 
@@ -22,11 +24,6 @@ namespace {
 bool isInverterSeries(const std::string& serie) {
     const SeriesTraits& traits = seriesTraits(serie);
     return traits.drive == Drive::inverter && traits.name == serie;
-}
-
-std::uint8_t asByte(int value) {
-    if (value < 0 || value > 255) throw ArithmeticFault("The capacity step is out of range.");
-    return static_cast<std::uint8_t>(value);
 }
 
 int movedBy(int cursor, int step) {
@@ -71,7 +68,7 @@ std::string clsSelections::BuildSelectionSql(const std::string& serie, const std
 void clsSelections::loadCompressors(const std::string& sql) {
     const std::shared_ptr<const clsProjectConditions> held = ProjectConditions;  // across the turns below
     const clsProjectConditions& conditions = *held;
-    const bool economized = conditions.EcoCalculateMode != EconomizerMode::none;
+    const auto catalogue = preparedCatalogue(gDatabase());
     for (RecordSet row = gDatabase().Execute(sql); !row.eof(); row.moveNext()) {
         giveTurn();
         if (AbortRequested()) {
@@ -79,10 +76,9 @@ void clsSelections::loadCompressors(const std::string& sql) {
             return;
         }
         auto compressor = std::make_shared<clsCompressor>();
-        compressor->GetCompressorFromDb(gDatabase(), conditions, row.text("fRefrigerantID"),
-                                        row.text("fSerieID"), row.text("fModelID"), conditions.MotorHz,
-                                        conditions.MotorRPM, codeOf(conditions.MotorSize), economized,
-                                        asByte(conditions.StepCapacity));
+        const PreparedCompressor* found =
+            catalogue->find(row.text("fRefrigerantID"), row.text("fSerieID"), row.text("fModelID"));
+        if (found != nullptr) found->load(*compressor, choiceOf(conditions));
         compressor->Motor.Voltage = roundedToInteger(conditions.MotorVoltage);
         add(std::move(compressor));
     }
@@ -105,11 +101,10 @@ void clsSelections::CalculateCompressors() {
 
 void clsSelections::CalculateCompressor(clsCompressor& compressor) {
     const auto conditions = ProjectConditions;
-    const auto timeout = std::make_shared<formTimeout>();
-    timeout->Timeout = [] { giveTurn(); };
-    timeout_ = timeout;
     const auto refprop = SharedRefprop(compressor.Refrigerant);
-    CompressorCalculation(compressor, *refprop, *conditions, *timeout).run();
+    formTimeout timeout;
+    timeout.Timeout = [] { giveTurn(); };
+    CompressorCalculation(compressor, *refprop, *conditions, timeout).run();
 }
 
 void clsSelections::Abort() {

@@ -10,7 +10,6 @@
 
 #include "catalogue/clsCompressor.h"
 #include "catalogue/clsProjectConditions.h"
-#include "engine/formTimeout.h"
 
 namespace marvello {
 
@@ -77,7 +76,6 @@ class clsSelections {
     bool stopFlag_ = false;
     std::vector<std::shared_ptr<clsCompressor>> compressors_;
     std::unordered_map<std::string, clsCompressor*> byKey_;  ///< Keys in lower case.
-    std::shared_ptr<formTimeout> timeout_;
 };
 
 }  // namespace marvello

@@ -60,10 +60,10 @@ Json ofVariables(const clsVariables& variables) {
         Json value;
         if (const auto* number = std::get_if<double>(&variable->value())) value = *number;
         if (const auto* text = std::get_if<std::string>(&variable->value())) value = *text;
-        list.push_back({{"name", variable->Name},
+        list.push_back({{"name", variable->Name()},
                         {"value", std::move(value)},
-                        {"unit", variable->UnitMeasuretext},
-                        {"description", variable->Description}});
+                        {"unit", variable->UnitMeasuretext()},
+                        {"description", variable->Description()}});
     }
     return list;
 }
