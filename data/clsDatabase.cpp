@@ -16,6 +16,7 @@
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "data/CatalogueDigest.h"
 #include "data/Numbers.h"
@@ -51,6 +52,8 @@ void switchOffWhatNoCatalogueNeeds(SQLite::Database& database) {
                              SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_TRUSTED_SCHEMA})
         sqlite3_db_config(database.getHandle(), option, 0, nullptr);
 }
+
+constexpr int ofOneThread = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX;
 
 /// How long another program may keep the file to itself, ms.
 constexpr int patience = 500;
@@ -178,7 +181,13 @@ struct RecordSet::Implementation {
     SQLite::Statement statement;
     std::string file;
     bool hasRow = false;
-    mutable int expected = 0;  ///< The column after the one read last: most are read in their order.
+    std::vector<std::string_view> columns{};  ///< Their names, which live as long as the statement.
+    mutable std::size_t expected = 0;  ///< The column after the one read last: most are read in their order.
+
+    void readColumns() {
+        for (int index = 0; index < statement.getColumnCount(); ++index)
+            columns.emplace_back(statement.getColumnName(index));
+    }
 
     void step() {
         try {
@@ -191,12 +200,11 @@ struct RecordSet::Implementation {
     /// The value of a column of the current row.
     SQLite::Column value(std::string_view column) const {
         if (!hasRow) throw DatabaseError("There is no row to read " + std::string(column) + " from.");
-        const int count = statement.getColumnCount();
-        for (int tried = 0; tried < count; ++tried) {
-            const int index = (expected + tried) % count;
-            if (!equalIgnoringCase(statement.getColumnName(index), column)) continue;
-            expected = (index + 1) % count;
-            return statement.getColumn(index);
+        for (std::size_t tried = 0; tried < columns.size(); ++tried) {
+            const std::size_t index = (expected + tried) % columns.size();
+            if (!equalIgnoringCase(columns[index], column)) continue;
+            expected = index + 1;
+            return statement.getColumn(static_cast<int>(index));
         }
         throw DatabaseError("The result of \"" + statement.getQuery() + "\" has no column " +
                             std::string(column) + ".");
@@ -281,7 +289,7 @@ std::shared_ptr<clsDatabase::Connection> clsDatabase::opened(const std::string& 
     try {
         const auto stamp = stampOf(file);  // first: a write after it is noticed
         auto connection = std::make_shared<Connection>(
-            Connection{SQLite::Database(file, SQLite::OPEN_READONLY, patience), file, stamp});
+            Connection{SQLite::Database(file, ofOneThread, patience), file, stamp});
         switchOffWhatNoCatalogueNeeds(connection->database);
         checkIsCatalogue(connection->database, file);
         connection->changes = changesOf(connection->database);
@@ -315,6 +323,7 @@ RecordSet clsDatabase::Execute(const std::string& sql) {
         auto result = std::make_unique<RecordSet::Implementation>(RecordSet::Implementation{
             connection_, SQLite::Statement(connection_->database, sql), connection_->file});
         result->step();
+        result->readColumns();  // a first step may have prepared the statement anew
         return RecordSet(std::move(result));
     } catch (const SQLite::Exception& failure) {
         throw failureOf(sql, failure, connection_->file);

@@ -49,7 +49,7 @@ class RecordSet {
     std::unique_ptr<Implementation> implementation_;
 };
 
-/// The one read-only connection to the catalogue file.
+/// The one read-only connection to the catalogue file, of one thread.
 class clsDatabase {
   public:
     /// `PRAGMA application_id` of a catalogue file: the letters "Marv".

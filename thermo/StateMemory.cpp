@@ -1,10 +1,14 @@
 #include "thermo/StateMemory.h"
 
-#include <utility>
+#include <bit>
 
 namespace marvello {
 
 namespace {
+
+/// More than a run of the whole catalogue at one condition asks for.
+constexpr std::size_t mostStates = 8192;
+constexpr std::size_t leastPlaces = 64;
 
 std::uint64_t hashOf(const StateCall& call) {
     constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15ULL;
@@ -21,27 +25,26 @@ std::uint64_t hashOf(const StateCall& call) {
 }  // namespace
 
 /// Where the call is, or the free place where it belongs.
-std::size_t StateMemory::placeOf(const StateCall& call) const {
+StateMemory::Place& StateMemory::placeOf(const StateCall& call) {
     const std::size_t mask = places_.size() - 1;
     std::size_t place = hashOf(call) & mask;
-    while (places_[place].turn == turn_ && places_[place].call != call) place = (place + 1) & mask;
-    return place;
+    while (places_[place].turn == turn_ && kept_[places_[place].number].call != call)
+        place = (place + 1) & mask;
+    return places_[place];
 }
 
-const RefpropState* StateMemory::find(const StateCall& call) const {
+const RefpropState* StateMemory::find(const StateCall& call) {
     if (count_ == 0) return nullptr;
-    const Place& place = places_[placeOf(call)];
-    return place.turn == turn_ ? &place.state : nullptr;
+    const Place& place = placeOf(call);
+    return place.turn == turn_ ? &kept_[place.number].state : nullptr;
 }
 
 void StateMemory::keep(const StateCall& call, const RefpropState& state) {
     if (count_ == mostStates) clear();
     if (2 * count_ >= places_.size()) grow();
-    Place& place = places_[placeOf(call)];
-    place.turn = turn_;
-    place.call = call;
-    place.state = state;
-    ++count_;
+    placeOf(call) = {turn_, static_cast<std::uint32_t>(count_)};
+    if (count_ == kept_.size()) kept_.emplace_back();
+    kept_[count_++] = {call, state};
 }
 
 void StateMemory::clear() {
@@ -51,13 +54,11 @@ void StateMemory::clear() {
     turn_ = 1;
 }
 
+/// Doubles the places, and puts the states of this turn into them.
 void StateMemory::grow() {
-    constexpr std::size_t least = 64;
-    std::vector<Place> before(places_.empty() ? least : 2 * places_.size());
-    std::swap(before, places_);
-    for (Place& place : before) {
-        if (place.turn == turn_) places_[placeOf(place.call)] = std::move(place);
-    }
+    places_.assign(places_.empty() ? leastPlaces : 2 * places_.size(), {});
+    for (std::size_t number = 0; number < count_; ++number)
+        placeOf(kept_[number].call) = {turn_, static_cast<std::uint32_t>(number)};
 }
 
 }  // namespace marvello

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -20,31 +19,34 @@ struct StateCall {
     bool operator==(const StateCall&) const = default;
 };
 
-/// The states that the property library was asked for lately. Its places are made as they are needed, up to a
-/// fixed count; a full memory begins anew. To keep a state or to find it allocates nothing once the places
-/// are there.
+/// The states that the property library was asked for lately. Room is made as it is needed, up to a fixed
+/// count of states, with which a memory begins anew. To find a state, or to keep one where there is room,
+/// allocates nothing.
 class StateMemory {
   public:
     /// The state of a call, or null.
-    const RefpropState* find(const StateCall& call) const;
+    const RefpropState* find(const StateCall& call);
     /// Keeps the state of a call that is not kept yet.
     void keep(const StateCall& call, const RefpropState& state);
     void clear();
 
   private:
-    struct Place {
-        std::uint32_t turn = 0;  ///< Taken, if it is the present one.
+    struct Kept {
         StateCall call;
         RefpropState state;
     };
-    /// More states than a run of the whole catalogue at one condition asks for, in twice the places.
-    static constexpr std::size_t mostStates = 8192;
+    /// Where a state is in `kept_`, if the turn is the present one.
+    struct Place {
+        std::uint32_t turn = 0;
+        std::uint32_t number = 0;
+    };
 
-    std::size_t placeOf(const StateCall& call) const;
+    Place& placeOf(const StateCall& call);
     void grow();
 
-    std::vector<Place> places_;  ///< A power of two.
-    std::size_t count_ = 0;
+    std::vector<Kept> kept_;     ///< Those of former turns are written over.
+    std::size_t count_ = 0;      ///< Of this turn.
+    std::vector<Place> places_;  ///< By the hash of the call; a power of two.
     std::uint32_t turn_ = 1;
 };
 

@@ -79,6 +79,8 @@ class clsRefprop {
 
     /// How often the library was asked for a state, for benchmarks and tests.
     long long libraryCalls() const { return libraryCalls_; }
+    /// Forgets all states; for benchmarks.
+    void forget() { remembered_.clear(); }
     /// Notes these calls from now on, or no longer; for benchmarks.
     void note(std::vector<StateCall>* calls) { noted_ = calls; }
     /// Asks the library for a state, whatever is remembered.
