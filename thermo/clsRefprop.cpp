@@ -1,7 +1,6 @@
 #include "thermo/clsRefprop.h"
 
 #include <algorithm>
-#include <atomic>
 #include <bit>
 #include <cmath>
 #include <cstdio>
@@ -37,9 +36,6 @@ struct SharedService {
     std::string folder;  ///< Of the library.
 };
 
-/// Whose fluid the library holds. One for the process, as the library's state is.
-std::atomic<const clsRefprop*> lastSetUp = nullptr;
-
 }  // namespace
 
 clsRefprop::clsRefprop() : session_(refpropFunctions()) {}
@@ -59,9 +55,8 @@ bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string
     }
     remembered_.clear();
     dewRange_.reset();
-    lastSetUp = this;
     const RefpropAnswer answer = session_.setUp(files, massFractions, nativePath(Fluidpath));
-    setupFault_ = answer.code > 0 ? answer.sentence : std::string();
+    setupFault_ = answer.code > 0 ? answer.sentence() : std::string();
     Convert.Initialize(unitsMeasure, session_.molarMass());
     return true;
 }
@@ -252,7 +247,7 @@ double clsRefprop::answer(const Request& request, double value, int type) {
     try {
         if (isUndefinedMarker(value))
             lastUndefined_ = describe(request) + ": " +
-                             (state_.answer.sentence.empty() ? undefinedText : state_.answer.sentence);
+                             (state_.answer.sentence().empty() ? undefinedText : state_.answer.sentence());
         return Convert.ConvertUnitsApp(value, type);
     } catch (const ArithmeticFault& fault) {
         throw ArithmeticFault(describe(request) + ": " + fault.what());
@@ -269,7 +264,7 @@ void InitRefprop(const std::string& refrigerant) {
 std::shared_ptr<clsRefprop> SharedRefprop(const std::string& refrigerant) {
     Session& session = Session::current();
     const auto& [service, folder] = session.part<SharedService>();
-    const bool isBound = service && lastSetUp == service.get() && folder == session.applicationFolder &&
+    const bool isBound = service && folder == session.applicationFolder &&
                          equalIgnoringCase(service->Refrigerant, trimmed(refrigerant));
     if (!isBound || !service->SetupFault().empty()) InitRefprop(refrigerant);
     return service;

@@ -140,8 +140,7 @@ class clsRefprop {
 void InitRefprop(const std::string& refrigerant);
 
 /// The session's service bound to `refrigerant`; set up anew only when the refrigerant, case ignored, or the
-/// application folder differs, the set-up failed, or another session set the library up since. The library
-/// keeps its fluid in global state, so there is one service, and a change of refrigerant costs a set-up.
+/// application folder differs, or the set-up failed.
 clsRefprop& GetRefprop(const std::string& refrigerant);
 
 /// The same, for who holds it across window events, in which the service may be replaced.
