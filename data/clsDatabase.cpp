@@ -282,7 +282,7 @@ bool clsDatabase::Connect(const std::string& connectionString) {
     return true;
 }
 
-std::shared_ptr<clsDatabase::Connection> clsDatabase::opened(const std::string& file) const {
+std::shared_ptr<clsDatabase::Connection> clsDatabase::opened(const std::string& file) {
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(file, ignored))
         throw DatabaseError("There is no catalogue file " + file + ".");
@@ -293,6 +293,7 @@ std::shared_ptr<clsDatabase::Connection> clsDatabase::opened(const std::string& 
         switchOffWhatNoCatalogueNeeds(connection->database);
         checkIsCatalogue(connection->database, file);
         connection->changes = changesOf(connection->database);
+        ++openings_;
         return connection;
     } catch (const SQLite::Exception& failure) {
         throw DatabaseError(meaningOf(failure, file));

@@ -95,16 +95,20 @@ class clsDatabase {
     /// Closes the connection if there is one; always false.
     bool CloseConnection();
 
+    /// How many files were opened since construction: tells one opening from the next.
+    long long openings() const { return openings_; }
+
     /// How many statements were run since construction, for benchmarks and tests.
     long long executedStatements() const;
 
   private:
     struct Connection;
-    std::shared_ptr<Connection> opened(const std::string& file) const;
+    std::shared_ptr<Connection> opened(const std::string& file);
     Connection& open() const;
 
     std::shared_ptr<Connection> connection_;  ///< Shared with the open results.
     long long executedStatements_ = 0;
+    long long openings_ = 0;
 };
 
 }  // namespace marvello

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "catalogue/CatalogueLists.h"
+#include "catalogue/Globals.h"
 #include "catalogue/PreparedCatalogue.h"
 #include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
@@ -41,6 +42,7 @@ void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> condit
                               const std::string& refrigerants, std::uint8_t Market) {
     // First of all: the texts may be the very properties that are written below.
     const std::string sql = BuildSelectionSql(Serie, models, refrigerants, isInverterSeries(Serie), Market);
+    followCatalogue();
     gDatabase().checkUndamaged();
     isAborted_ = false;
     Clear();

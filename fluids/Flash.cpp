@@ -4,16 +4,13 @@
 #include <cmath>
 #include <utility>
 
-#include "fluids/PhaseEnvelope.h"
 #include "fluids/RootSearch.h"
-#include "fluids/SaturationLine.h"
 
 namespace marvello::fluids {
 namespace {
 
 constexpr double onTheLine = 1e-9;     // relative distance from the saturation pressure that counts as none
 constexpr double minPressure = 1e-12;  // kPa, keeps the densities far from the smallest doubles
-constexpr double coldestBlend = 150;   // K; component equations are used below their triple points
 
 [[noreturn]] void refuse(const std::string& text) { throw PropertyError(Fault::outOfRange, text); }
 
@@ -55,87 +52,44 @@ bool liesBetween(const TwoPhases& state, const TwoPhases& from, const TwoPhases&
 
 }  // namespace
 
-Flash::Flash(Mixture mixture, std::span<const double> z)
-    : mixture_(std::move(mixture)), phase_(mixture_, z), name_(mixture_.name()) {
-    const std::vector<PureFluid>& components = mixture_.components();
-    const auto smallest = [&](double PureFluid::* limit) {
-        double found = components.front().*limit;
-        for (const PureFluid& fluid : components) found = std::min(found, fluid.*limit);
-        return found;
-    };
-    if (components.size() == 1) {
-        boundary_ = std::make_unique<SaturationLine>(phase_, components.front());
-    } else {
-        equilibrium_ = std::make_unique<Equilibrium>(mixture_, z);
-        boundary_ = std::make_unique<PhaseEnvelope>(phase_, *equilibrium_, coldestBlend);
-    }
-    limits_ = {boundary_->temperatureMin(), smallest(&PureFluid::temperatureExtrapolated),
-               smallest(&PureFluid::pressureMax)};
-    densityMax_ = maxDensity();
-}
-
-Flash::Shift Flash::shiftFor(ReferenceState reference) {
-    // IIR: 200 kJ/kg and 1 kJ/(kg K) for the liquid at 0 degrees Celsius. ASHRAE: 0 and 0 at -40. NBP: 0 and
-    // 0 at the normal boiling point.
-    constexpr double iirTemperature = 273.15;
-    constexpr double iirEnthalpy = 200;
-    constexpr double ashraeTemperature = iirTemperature - 40;
-    constexpr double normalPressure = 101.325;
-    const SaturationPoint point =
-        reference == ReferenceState::nbp
-            ? boundary_->atPressure(normalPressure, Side::bubble)
-            : boundary_->atTemperature(reference == ReferenceState::iir ? iirTemperature : ashraeTemperature,
-                                       Side::bubble);
-    phase_.setTemperature(point.temperature);
-    const PhaseState liquid = phase_.state(point.liquidDensity);
-    const double mass =
-        reference == ReferenceState::iir ? phase_.molarMass() : 0;  // kJ/kg times g/mol is J/mol
-    return {iirEnthalpy * mass - liquid.enthalpy, mass - liquid.entropy};
+Flash::Flash(std::shared_ptr<const FluidModel> fluid) : fluid_(std::move(fluid)) {
+    if (fluid_->isBlend())
+        equilibrium_ = std::make_unique<Equilibrium>(fluid_->mixture(), phase().fractions());
 }
 
 void Flash::checkTemperature(double temperature) const {
-    if (!(temperature >= limits_.temperatureMin && temperature <= limits_.temperatureMax)) {
-        refuse("The temperature " + inText(temperature) + " K lies outside the range of " + name_ + ", " +
-               inText(limits_.temperatureMin) + " to " + inText(limits_.temperatureMax) + " K.");
+    const FluidModel::Limits& limits = fluid_->limits();
+    if (!(temperature >= limits.temperatureMin && temperature <= limits.temperatureMax)) {
+        refuse("The temperature " + inText(temperature) + " K lies outside the range of " + fluid_->name() +
+               ", " + inText(limits.temperatureMin) + " to " + inText(limits.temperatureMax) + " K.");
     }
 }
 
 void Flash::checkPressure(double pressure) const {
-    if (!(pressure >= minPressure && pressure <= limits_.pressureMax)) {
-        refuse("The pressure " + inText(pressure) + " kPa lies outside the range of " + name_ +
-               ", above 0 to " + inText(limits_.pressureMax) + " kPa.");
+    if (!(pressure >= minPressure && pressure <= fluid_->limits().pressureMax)) {
+        refuse("The pressure " + inText(pressure) + " kPa lies outside the range of " + fluid_->name() +
+               ", above 0 to " + inText(fluid_->limits().pressureMax) + " kPa.");
     }
-}
-
-/// The density at the lowest temperature and highest pressure, with a little room.
-double Flash::maxDensity() {
-    phase_.setTemperature(limits_.temperatureMin);
-    const double wanted = limits_.pressureMax / (phase_.gasConstant() * limits_.temperatureMin);
-    constexpr int steps = 40;
-    constexpr double growth = 1.05;
-    constexpr double margin = 1.01;
-    double high = boundary_->liquidDensityFloor(limits_.temperatureMin);
-    for (int i = 0; i < steps && phase_.reducedPressure(high).value < wanted; ++i) high *= growth;
-    return high * margin;
 }
 
 Flash::Bracket Flash::densities(double temperature, double vapourCeiling) const {
     if (vapourCeiling > 0) return {0, vapourCeiling};
-    const bool mayBoil = temperature < boundary_->temperatureMax();
-    return {mayBoil ? boundary_->liquidDensityFloor(temperature) : 0, densityMax_};
+    const bool mayBoil = temperature < boundary().temperatureMax();
+    return {mayBoil ? boundary().liquidDensityFloor(temperature) : 0, fluid_->densityMax()};
 }
 
-/// At the temperature that the phase is set to.
-double Flash::densityAt(double pressure, const Bracket& bracket, double guess) {
-    const double wanted = pressure / (phase_.gasConstant() * phase_.temperature());
-    return findIncreasingRoot(bracket.low, bracket.high, guess, [&](double density) {
-        const ReducedPressure here = phase_.reducedPressure(density);
+/// The state at a pressure, its density searched from `guess`.
+PhaseState Flash::stateAtPressure(Isotherm& isotherm, double pressure, const Bracket& bracket,
+                                  double guess) const {
+    const double wanted = pressure / (phase().gasConstant() * isotherm.temperature());
+    return isotherm.state(findIncreasingRoot(bracket.low, bracket.high, guess, [&](double density) {
+        const ReducedPressure here = isotherm.reducedPressure(density);
         return Slope{here.value - wanted, here.byDensity};
-    });
+    }));
 }
 
 double Flash::qualityName(double temperature, double pressure, double density) const {
-    const FluidPoint& critical = boundary_->critical();
+    const FluidPoint& critical = boundary().critical();
     if (temperature >= critical.temperature) {
         return pressure >= critical.pressure ? supercriticalQuality : vapourQuality;
     }
@@ -158,10 +112,10 @@ FluidState Flash::single(const PhaseState& state, double quality) const {
 }
 
 /// Of a pure fluid, from its saturated phases alone.
-FluidState Flash::twoPhase(const SaturationPoint& point, double quality) {
-    phase_.setTemperature(point.temperature);
-    const PhaseState liquid = phase_.state(point.liquidDensity);
-    const PhaseState vapour = phase_.state(point.vapourDensity);
+FluidState Flash::twoPhase(const SaturationPoint& point, double quality) const {
+    Isotherm isotherm = phase().at(point.temperature);
+    const PhaseState liquid = isotherm.state(point.liquidDensity);
+    const PhaseState vapour = isotherm.state(point.vapourDensity);
     return twoPhaseState(
         {point.temperature, point.pressure, quality, point.liquidDensity, point.vapourDensity, {}},
         {liquid.enthalpy + quality * (vapour.enthalpy - liquid.enthalpy),
@@ -202,8 +156,8 @@ TwoPhases Flash::solveTwoPhase(const TwoPhaseSearch& search) {
     if (const auto found = continueFrom(search.from, search.valueFrom, search)) return *found;
     if (const auto found = continueFrom(search.to, search.valueTo, search)) return *found;
     // There the phases are one but for rounding, and both ends but for less than that.
-    if (std::abs(guess.temperature / boundary_->critical().temperature - 1) < atCritical) return guess;
-    throw PropertyError(Fault::noConvergence, "The two phases of " + name_ + " near " +
+    if (std::abs(guess.temperature / boundary().critical().temperature - 1) < atCritical) return guess;
+    throw PropertyError(Fault::noConvergence, "The two phases of " + fluid_->name() + " near " +
                                                   inText(guess.temperature) + " K and " +
                                                   inText(guess.pressure) + " kPa were not found.");
 }
@@ -238,8 +192,8 @@ std::optional<TwoPhases> Flash::continueFrom(TwoPhases state, double value, cons
 
 /// Two phases at the lowest temperature, at a pressure between the dew and bubble pressure there.
 TwoPhases Flash::coldestAt(double pressure) {
-    const double temperature = boundary_->temperatureMin();
-    const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
+    const double temperature = boundary().temperatureMin();
+    const PhaseBoundary::Cut cut = boundary().cutAtTemperature(temperature);
     return solveTwoPhase({{Condition::Of::temperature, temperature},
                           {Condition::Of::pressure, pressure},
                           phasesAt(cut.liquid),
@@ -248,24 +202,22 @@ TwoPhases Flash::coldestAt(double pressure) {
                           cut.vapour.point.pressure});
 }
 
-PhaseState Flash::stateAt(const PhaseBoundary::End& end) {
-    phase_.setTemperature(end.point.temperature);
-    return phase_.state(end.density);
+PhaseState Flash::stateAt(const PhaseBoundary::End& end) const {
+    return phase().at(end.point.temperature).state(end.density);
 }
 
 FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
     checkTemperature(temperature);
     checkPressure(pressure);
-    const double gasDensity = pressure / (phase_.gasConstant() * temperature);
+    const double gasDensity = pressure / (phase().gasConstant() * temperature);
     double ceiling = 0;
     double guess = gasDensity;
-    if (temperature < boundary_->temperatureMax()) {
-        const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
+    if (temperature < boundary().temperatureMax()) {
+        const PhaseBoundary::Cut cut = boundary().cutAtTemperature(temperature);
         const SaturationPoint& dew = cut.vapour.point;
         const SaturationPoint& bubble = cut.liquid.point;
         if (std::abs(pressure - dew.pressure) <= onTheLine * dew.pressure) {
-            phase_.setTemperature(temperature);
-            FluidState found = single(phase_.state(cut.vapour.density), 1);
+            FluidState found = single(stateAt(cut.vapour), 1);
             found.liquidDensity = dew.liquidDensity;
             found.pressure = pressure;
             found.logK = dew.logK;
@@ -273,7 +225,8 @@ FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
         }
         if (pressure < dew.pressure) {
             // The compressibility factor falls about linearly from 1 to that of the saturated vapour.
-            const double saturated = dew.pressure / (phase_.gasConstant() * temperature * cut.vapour.density);
+            const double saturated =
+                dew.pressure / (phase().gasConstant() * temperature * cut.vapour.density);
             guess = gasDensity / (1 + (saturated - 1) * pressure / dew.pressure);
             ceiling = cut.vapour.density * (1 + 1e-5);
         } else if (pressure < bubble.pressure * (1 - onTheLine)) {
@@ -287,8 +240,8 @@ FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
             guess = cut.liquid.density;
         }
     }
-    phase_.setTemperature(temperature);
-    PhaseState state = phase_.state(densityAt(pressure, densities(temperature, ceiling), guess));
+    Isotherm isotherm = phase().at(temperature);
+    PhaseState state = stateAtPressure(isotherm, pressure, densities(temperature, ceiling), guess);
     state.pressure = pressure;
     return single(state, qualityName(temperature, pressure, state.density));
 }
@@ -314,20 +267,20 @@ FluidState Flash::atPressureAnd(double pressure, Property property, double wante
     checkPressure(pressure);
     constexpr double firstGuess = 1.2;    // of the critical temperature
     constexpr double vapourMargin = 1.1;  // over the density of the ideal gas, below the dew pressure
-    const double hottest = limits_.temperatureMax;
-    const double coldest = limits_.temperatureMin;
-    const double gasDensity = pressure / phase_.gasConstant();  // times 1/T
-    const double guess = firstGuess * boundary_->critical().temperature;
-    if (pressure >= boundary_->pressureMax())
+    const double hottest = fluid_->limits().temperatureMax;
+    const double coldest = fluid_->limits().temperatureMin;
+    const double gasDensity = pressure / phase().gasConstant();  // times 1/T
+    const double guess = firstGuess * boundary().critical().temperature;
+    if (pressure >= boundary().pressureMax())
         return searchIsobar(pressure, property, wanted, {coldest, hottest, guess, gasDensity / guess, 0});
-    if (pressure < boundary_->pressureMin(Side::dew)) {
+    if (pressure < boundary().pressureMin(Side::dew)) {
         return searchIsobar(
             pressure, property, wanted,
             {coldest, hottest, guess, gasDensity / guess, vapourMargin * gasDensity / coldest});
     }
-    if (pressure < boundary_->pressureMin(Side::bubble))
-        return aboveColdEnd(boundary_->vapourEndAtPressure(pressure), property, wanted);
-    return betweenEnds(boundary_->cutAtPressure(pressure), property, wanted);
+    if (pressure < boundary().pressureMin(Side::bubble))
+        return aboveColdEnd(boundary().vapourEndAtPressure(pressure), property, wanted);
+    return betweenEnds(boundary().cutAtPressure(pressure), property, wanted);
 }
 
 /// On an isobar that meets both ends of the two-phase region, in it or next to it.
@@ -355,7 +308,7 @@ FluidState Flash::aboveColdEnd(const PhaseBoundary::End& end, Property property,
     const TwoPhases cold = coldestAt(end.point.pressure);
     const Equilibrium::EnthalpyEntropy values = equilibrium_->enthalpyEntropy(cold);
     const double atCold = property == Property::enthalpy ? values.enthalpy : values.entropy;
-    if (wanted < atCold) refuse("The state lies below the temperature range of " + name_ + ".");
+    if (wanted < atCold) refuse("The state lies below the temperature range of " + fluid_->name() + ".");
     return twoPhase({{Condition::Of::pressure, end.point.pressure},
                      {conditionOf(property), wanted},
                      cold,
@@ -381,8 +334,8 @@ FluidState Flash::nextToEnd(const PhaseBoundary::End& end, PhaseState edge, Prop
     range.density =
         edge.density - edge.pressureByTemperature / edge.pressureByDensity * (range.guess - temperature);
     const bool isVapour = difference > 0;
-    range.low = isVapour ? temperature : limits_.temperatureMin;
-    range.high = isVapour ? limits_.temperatureMax : temperature;
+    range.low = isVapour ? temperature : fluid_->limits().temperatureMin;
+    range.high = isVapour ? fluid_->limits().temperatureMax : temperature;
     range.vapourCeiling = isVapour ? edge.density * (1 + 1e-5) : 0;
     return searchIsobar(pressure, property, wanted, range);
 }
@@ -400,8 +353,7 @@ std::optional<PhaseState> Flash::newtonOnIsobar(double pressure, Property proper
         if (!(temperature >= range.low && temperature <= range.high)) return std::nullopt;
         const Bracket bracket = densities(temperature, range.vapourCeiling);
         if (!(density > bracket.low && density < bracket.high)) return std::nullopt;
-        phase_.setTemperature(temperature);
-        const PhaseState state = phase_.state(density);
+        const PhaseState state = phase().at(temperature).state(density);
         if (lastStep <= converged) return state;
         if (!(state.pressureByDensity > 0)) return std::nullopt;
         // dh = cp dT + (1 - T a)/rho dp and ds = cp/T dT - a/rho dp, with the expansion a at constant
@@ -435,8 +387,8 @@ FluidState Flash::searchIsobar(double pressure, Property property, double wanted
     double densityByTemperature = 0;
     const auto moveTo = [&](double temperature) {
         const double guess = state.density + densityByTemperature * (temperature - state.temperature);
-        phase_.setTemperature(temperature);
-        state = phase_.state(densityAt(pressure, densities(temperature, range.vapourCeiling), guess));
+        Isotherm isotherm = phase().at(temperature);
+        state = stateAtPressure(isotherm, pressure, densities(temperature, range.vapourCeiling), guess);
         densityByTemperature = -state.pressureByTemperature / state.pressureByDensity;
         return property == Property::enthalpy ? Slope{state.enthalpy - wanted, state.cp}
                                               : Slope{state.entropy - wanted, state.cp / temperature};
@@ -445,7 +397,7 @@ FluidState Flash::searchIsobar(double pressure, Property property, double wanted
     const double miss = property == Property::enthalpy ? (state.enthalpy - wanted) / state.temperature
                                                        : state.entropy - wanted;
     if (std::abs(miss) > 1e-6 * (state.cp + std::abs(state.entropy))) {
-        refuse("The state lies outside the temperature range of " + name_ + ".");
+        refuse("The state lies outside the temperature range of " + fluid_->name() + ".");
     }
     state.pressure = pressure;
     return single(state, qualityName(state.temperature, pressure, state.density));
@@ -454,16 +406,16 @@ FluidState Flash::searchIsobar(double pressure, Property property, double wanted
 FluidState Flash::atTemperatureEntropy(double temperature, double entropy) {
     checkTemperature(temperature);
     const double wanted = entropy - shift_.entropy;
-    const double gas = phase_.gasConstant();
+    const double gas = phase().gasConstant();
     const double minDensity = minPressure / (gas * temperature);
-    if (temperature >= boundary_->temperatureMax()) {
-        phase_.setTemperature(temperature);
-        const double density = boundary_->critical().density;
+    Isotherm isotherm = phase().at(temperature);
+    if (temperature >= boundary().temperatureMax()) {
+        const double density = boundary().critical().density;
         const double guess =
-            density * std::exp(std::clamp((phase_.state(density).entropy - wanted) / gas, -60.0, 2.0));
-        return searchIsotherm(temperature, wanted, minDensity, densityMax_, guess);
+            density * std::exp(std::clamp((isotherm.state(density).entropy - wanted) / gas, -60.0, 2.0));
+        return searchIsotherm(isotherm, wanted, minDensity, fluid_->densityMax(), guess);
     }
-    const PhaseBoundary::Cut cut = boundary_->cutAtTemperature(temperature);
+    const PhaseBoundary::Cut cut = boundary().cutAtTemperature(temperature);
     const double ofLiquid = stateAt(cut.liquid).entropy;
     const double ofVapour = stateAt(cut.vapour).entropy;
     if (wanted >= ofLiquid && wanted <= ofVapour) {
@@ -477,25 +429,25 @@ FluidState Flash::atTemperatureEntropy(double temperature, double entropy) {
                          ofLiquid,
                          ofVapour});
     }
-    phase_.setTemperature(temperature);
     if (wanted < ofLiquid) {
-        return searchIsotherm(temperature, wanted, boundary_->liquidDensityFloor(temperature), densityMax_,
-                              cut.liquid.density);
+        return searchIsotherm(isotherm, wanted, boundary().liquidDensityFloor(temperature),
+                              fluid_->densityMax(), cut.liquid.density);
     }
     const double guess = cut.vapour.density * std::exp(std::max((ofVapour - wanted) / gas, -600.0));
-    return searchIsotherm(temperature, wanted, minDensity, cut.vapour.density * (1 + 1e-5), guess);
+    return searchIsotherm(isotherm, wanted, minDensity, cut.vapour.density * (1 + 1e-5), guess);
 }
 
 /// Over the logarithm of the density, in which the entropy of a gas is a straight line.
-FluidState Flash::searchIsotherm(double temperature, double wanted, double low, double high, double guess) {
+FluidState Flash::searchIsotherm(Isotherm& isotherm, double wanted, double low, double high, double guess) {
+    const double temperature = isotherm.temperature();
     const auto move = [&](double logDensity) {
-        const PhaseState state = phase_.state(std::exp(logDensity));
+        const PhaseState state = isotherm.state(std::exp(logDensity));
         return Slope{wanted - state.entropy, state.pressureByTemperature / state.density};
     };
     const double logDensity = findIncreasingRoot(std::log(low), std::log(high), std::log(guess), move, 1);
-    const PhaseState state = phase_.state(std::exp(logDensity));
+    const PhaseState state = isotherm.state(std::exp(logDensity));
     if (std::abs(state.entropy - wanted) > 1e-6 * (state.cv + std::abs(wanted))) {
-        refuse("No state of " + name_ + " at " + inText(temperature) + " K has this entropy.");
+        refuse("No state of " + fluid_->name() + " at " + inText(temperature) + " K has this entropy.");
     }
     checkPressure(state.pressure);
     return single(state, qualityName(temperature, state.pressure, state.density));

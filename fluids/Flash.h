@@ -2,12 +2,9 @@
 
 #include <memory>
 #include <optional>
-#include <span>
-#include <string>
 
 #include "fluids/Equilibrium.h"
-#include "fluids/Phase.h"
-#include "fluids/PhaseBoundary.h"
+#include "fluids/FluidModel.h"
 
 namespace marvello::fluids {
 
@@ -39,42 +36,23 @@ struct FluidState {
     PerComponent logK{};
 };
 
-/// The usual choices of a zero for enthalpy and entropy.
-enum class ReferenceState {
-    iir,     ///< 200 kJ/kg and 1 kJ/(kg K) for saturated liquid at 0 degC
-    nbp,     ///< 0 for saturated liquid at 101.325 kPa
-    ashrae,  ///< 0 for saturated liquid at -40 degC
-};
-
 /// Finds states of a fluid of given composition from two of its properties. Every search runs in a bracket
 /// that is known to hold the one stable solution. A state outside the range of the equation throws; nothing
-/// is allocated otherwise.
+/// is allocated otherwise. The fluid may be shared; a Flash is for one thread.
 class Flash {
   public:
     using Side = PhaseBoundary::Side;
 
-    /// The mole fractions `z`, one for each component of `mixture`, are all above 0 and add up to 1.
-    Flash(Mixture mixture, std::span<const double> z);
-    Flash(const Flash&) = delete;
-    Flash& operator=(const Flash&) = delete;
+    explicit Flash(std::shared_ptr<const FluidModel> fluid);
 
-    const Mixture& mixture() const { return mixture_; }
-    const PhaseBoundary& boundary() const { return *boundary_; }
-    Phase& phase() { return phase_; }
+    /// What is added to enthalpy and entropy of the equation.
+    void setShift(const FluidModel::Shift& shift) { shift_ = shift; }
 
-    /// What a reference state adds to enthalpy and entropy of the equation, in J/mol and J/(mol K).
-    struct Shift {
-        double enthalpy = 0;
-        double entropy = 0;
-    };
-    Shift shiftFor(ReferenceState reference);
-    void setShift(const Shift& shift) { shift_ = shift; }
-
-    SaturationPoint saturationAtTemperature(double temperature, Side side) {
-        return boundary_->atTemperature(temperature, side);
+    SaturationPoint saturationAtTemperature(double temperature, Side side) const {
+        return boundary().atTemperature(temperature, side);
     }
-    SaturationPoint saturationAtPressure(double pressure, Side side) {
-        return boundary_->atPressure(pressure, side);
+    SaturationPoint saturationAtPressure(double pressure, Side side) const {
+        return boundary().atPressure(pressure, side);
     }
 
     /// Within 1e-9 of the saturation pressure of a pure fluid, or of the dew pressure of a blend, the answer
@@ -100,11 +78,6 @@ class Flash {
         /// No density of a vapour lies above; 0 for a liquid or supercritical state.
         double vapourCeiling = 0;
     };
-    struct Limits {
-        double temperatureMin = 0;
-        double temperatureMax = 0;
-        double pressureMax = 0;
-    };
     /// A search along a line through the two-phase region of a blend, between two states known: its ends, or
     /// the state at the lowest temperature.
     struct TwoPhaseSearch {
@@ -115,16 +88,18 @@ class Flash {
         double valueTo = 0;
     };
 
+    const PhaseBoundary& boundary() const { return fluid_->boundary(); }
+    const Phase& phase() const { return fluid_->phase(); }
     static double valueOf(const PhaseState& state, Property property);
     static Condition::Of conditionOf(Property property);
     void checkTemperature(double temperature) const;
     void checkPressure(double pressure) const;
     Bracket densities(double temperature, double vapourCeiling) const;
-    double densityAt(double pressure, const Bracket& bracket, double guess);
-    double maxDensity();
-    PhaseState stateAt(const PhaseBoundary::End& end);
+    PhaseState stateAtPressure(Isotherm& isotherm, double pressure, const Bracket& bracket,
+                               double guess) const;
+    PhaseState stateAt(const PhaseBoundary::End& end) const;
     FluidState single(const PhaseState& state, double quality) const;
-    FluidState twoPhase(const SaturationPoint& point, double quality);
+    FluidState twoPhase(const SaturationPoint& point, double quality) const;
     FluidState twoPhase(const TwoPhaseSearch& search);
     FluidState twoPhaseState(const TwoPhases& phases, const Equilibrium::EnthalpyEntropy& values) const;
     TwoPhases solveTwoPhase(const TwoPhaseSearch& search);
@@ -138,17 +113,12 @@ class Flash {
     std::optional<PhaseState> newtonOnIsobar(double pressure, Property property, double wanted,
                                              const IsobarRange& range);
     FluidState searchIsobar(double pressure, Property property, double wanted, const IsobarRange& range);
-    FluidState searchIsotherm(double temperature, double entropy, double low, double high, double guess);
+    FluidState searchIsotherm(Isotherm& isotherm, double entropy, double low, double high, double guess);
     double qualityName(double temperature, double pressure, double density) const;
 
-    Mixture mixture_;
-    Phase phase_;
+    std::shared_ptr<const FluidModel> fluid_;
     std::unique_ptr<Equilibrium> equilibrium_;  ///< of a blend, none of a pure fluid
-    std::unique_ptr<PhaseBoundary> boundary_;
-    std::string name_;
-    Limits limits_;
-    double densityMax_ = 0;  ///< the largest density of the equation's range
-    Shift shift_;
+    FluidModel::Shift shift_;
 };
 
 }  // namespace marvello::fluids

@@ -142,8 +142,6 @@ ResidualTerm readResidualTerm(const JsonField& field) {
     return term;
 }
 
-PureFluid readFluidFile(const std::filesystem::path& path) {
-    return readFluid(JsonFile(path, fluidFormat).root());
-}
+PureFluid readFluidFile(const FluidText& file) { return readFluid(JsonFile(file, fluidFormat).root()); }
 
 }  // namespace marvello::fluids

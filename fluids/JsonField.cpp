@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdint>
 #include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 #include <system_error>
 #include <utility>
@@ -23,17 +22,6 @@ constexpr std::size_t maxEntries = 200;
     throw PropertyError(Fault::fluidFile, file + ": " + reason + ".");
 }
 
-std::string readWhole(const std::filesystem::path& path) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) refuseFile(path.string(), "there is no such file");
-    if (std::filesystem::file_size(path, error) > largestFile || error)
-        refuseFile(path.string(), "the file is too large for a fluid file");
-    std::ifstream file(path, std::ios::binary);
-    std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    if (!file) refuseFile(path.string(), "the file cannot be read");
-    return text;
-}
-
 json parse(const std::string& text, const std::string& file) {
     try {
         return json::parse(text);
@@ -47,6 +35,19 @@ json parse(const std::string& text, const std::string& file) {
 }
 
 }  // namespace
+
+FluidText readFluidText(const std::filesystem::path& path) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) refuseFile(path.string(), "there is no such file");
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (size > largestFile || error) refuseFile(path.string(), "the file is too large for a fluid file");
+    std::ifstream file(path, std::ios::binary);
+    std::string text(size + 1, '\0');  // one more, to meet the end of the file
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(file.gcount()));
+    if (file.bad() || !file.eof()) refuseFile(path.string(), "the file cannot be read");
+    return {path.string(), std::move(text)};
+}
 
 JsonField::JsonField(const json& value, std::string file, std::string name)
     : value_(&value), file_(std::move(file)), name_(std::move(name)) {}
@@ -108,8 +109,8 @@ JsonField JsonField::entry(std::size_t index) const {
     return {(*value_)[index], file_, name_ + "[" + std::to_string(index) + "]"};
 }
 
-JsonFile::JsonFile(const std::filesystem::path& path, const std::string& format)
-    : name_(path.string()), content_(std::make_unique<const json>(parse(readWhole(path), name_))) {
+JsonFile::JsonFile(const FluidText& file, const std::string& format)
+    : name_(file.file), content_(std::make_unique<const json>(parse(file.text, name_))) {
     const JsonField kind = root().at("format");
     if (kind.text() != format) kind.refuse("is not \"" + format + "\"");
     const JsonField version = root().at("version");

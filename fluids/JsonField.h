@@ -52,12 +52,21 @@ class JsonField {
     std::string name_;
 };
 
+/// A file of the library as it stands on disk.
+struct FluidText {
+    std::string file;  ///< its path, for complaints
+    std::string text;
+};
+
+/// Throws PropertyError with the file and the reason, if it is missing, too large or unreadable.
+FluidText readFluidText(const std::filesystem::path& path);
+
 /// A JSON file of the library in memory: an object whose `format` says what it is, of version 1.
 class JsonFile {
   public:
-    /// Throws PropertyError with the file, the line or the field, and the reason, if the file is missing,
-    /// is no JSON, or is of another format.
-    JsonFile(const std::filesystem::path& path, const std::string& format);
+    /// Throws PropertyError with the file, the line or the field, and the reason, if the text is no JSON, or
+    /// of another format.
+    JsonFile(const FluidText& file, const std::string& format);
     ~JsonFile();
     JsonFile(const JsonFile&) = delete;
     JsonFile& operator=(const JsonFile&) = delete;

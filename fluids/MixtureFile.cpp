@@ -109,8 +109,8 @@ MixtureModel readModel(const JsonField& root, const std::vector<std::string>& fl
 
 }  // namespace
 
-MixtureModel readMixtureFile(const std::filesystem::path& path, const std::vector<std::string>& fluids) {
-    return readModel(JsonFile(path, mixtureFormat).root(), fluids);
+MixtureModel readMixtureFile(const FluidText& file, const std::vector<std::string>& fluids) {
+    return readModel(JsonFile(file, mixtureFormat).root(), fluids);
 }
 
 }  // namespace marvello::fluids

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "fluids/PairInteraction.h"
 
 namespace marvello::fluids {
+
+struct FluidText;
 
 /// What a mixture needs next to its components.
 struct MixtureModel {
@@ -17,8 +18,8 @@ struct MixtureModel {
 /// Reads from a mixture file (docs/fluids.md describes its layout) the pairs of the components named, which
 /// are the names of fluid files without regard to case. A pair that the file has in the other order is
 /// reversed; a fluid named twice has nothing but 1 with itself. Throws PropertyError with the file, the line
-/// or the field, and the reason, when the file is missing, is no mixture file, holds a value that makes no
-/// sense, has a pair twice, or lacks one of those asked for.
-MixtureModel readMixtureFile(const std::filesystem::path& path, const std::vector<std::string>& fluids);
+/// or the field, and the reason, when it is no mixture file, holds a value that makes no sense, has a pair
+/// twice, or lacks one of those asked for.
+MixtureModel readMixtureFile(const FluidText& file, const std::vector<std::string>& fluids);
 
 }  // namespace marvello::fluids

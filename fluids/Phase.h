@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -29,8 +30,9 @@ struct ReducedPressure {
     double potential = 0;  ///< g/(R T) less its part that depends on temperature alone
 };
 
-/// One homogeneous phase of given composition. The temperature is set first and the density asked for then,
-/// as often as wanted. An evaluation allocates no memory.
+class Isotherm;
+
+/// One homogeneous phase of given composition. Nothing of it changes, so threads may share it.
 class Phase {
   public:
     /// `mixture` must outlive the phase.
@@ -42,8 +44,29 @@ class Phase {
     double molarMass() const { return molarMass_; }
     const FluidPoint& reducing() const { return reducing_; }
 
-    /// In K, positive.
-    void setTemperature(double temperature);
+    /// At a temperature in K, positive. The phase must outlive what is returned.
+    Isotherm at(double temperature) const;
+
+  private:
+    friend class Isotherm;
+
+    /// At rho = 1 mol/dm^3.
+    TauDerivatives idealAt(double temperature) const;
+
+    const Mixture* mixture_;
+    std::vector<double> fractions_;
+    Residual residual_;  ///< of the mixture at this composition
+    FluidPoint reducing_;
+    double molarMass_ = 0;
+    double densityShare_ = 0;  ///< sum of x_i R_i/R, the weight of ln rho in the ideal part
+};
+
+/// A phase at one temperature, whose density is asked for as often as wanted. An evaluation allocates no
+/// memory.
+class Isotherm {
+  public:
+    Isotherm(const Phase& phase, double temperature);
+
     double temperature() const { return temperature_; }
 
     /// At a density above 0.
@@ -56,18 +79,12 @@ class Phase {
     double liquidDensity(double reducedPressure, double dense) const;
 
   private:
-    void setIdeal();
-
-    const Mixture* mixture_;
-    std::vector<double> fractions_;
-    Residual residual_;  ///< of the mixture at this composition
-    FluidPoint reducing_;
-    double molarMass_ = 0;
-    double temperature_ = 0;
-    double tau_ = 0;
-    double densityShare_ = 0;  ///< sum of x_i R_i/R, the weight of ln rho in the ideal part
-    bool idealIsSet_ = false;
-    TauDerivatives ideal_;  ///< of the mixture at this temperature, at rho = 1 mol/dm^3
+    const Phase* phase_;
+    double temperature_;
+    double tau_;
+    std::optional<TauDerivatives> ideal_;  ///< from the first state on
 };
+
+inline Isotherm Phase::at(double temperature) const { return {*this, temperature}; }
 
 }  // namespace marvello::fluids

@@ -45,19 +45,19 @@ class PhaseBoundary {
     }
 
     /// From the lowest temperature to the end of the curve; throws outside.
-    virtual SaturationPoint atTemperature(double temperature, Side side) = 0;
-    virtual SaturationPoint atPressure(double pressure, Side side) = 0;
+    virtual SaturationPoint atTemperature(double temperature, Side side) const = 0;
+    virtual SaturationPoint atPressure(double pressure, Side side) const = 0;
 
     /// Between temperatureMin() and temperatureMax().
-    virtual Cut cutAtTemperature(double temperature) = 0;
+    virtual Cut cutAtTemperature(double temperature) const = 0;
     /// Between pressureMin(bubble) and pressureMax().
-    virtual Cut cutAtPressure(double pressure) = 0;
+    virtual Cut cutAtPressure(double pressure) const = 0;
     /// The vapour's end alone, between pressureMin(dew) and pressureMax().
-    virtual End vapourEndAtPressure(double pressure) = 0;
+    virtual End vapourEndAtPressure(double pressure) const = 0;
 
     /// A density that the liquid does not fall below and is mechanically stable above, for a temperature
     /// between temperatureMin() and temperatureMax().
-    virtual double liquidDensityFloor(double temperature) = 0;
+    virtual double liquidDensityFloor(double temperature) const = 0;
 
   protected:
     PhaseBoundary() = default;

@@ -42,7 +42,7 @@ double distance(const TwoPhases& one, const TwoPhases& two) {
 
 }  // namespace
 
-PhaseEnvelope::PhaseEnvelope(Phase& phase, Equilibrium& equilibrium, double temperatureMin)
+PhaseEnvelope::PhaseEnvelope(const Phase& phase, Equilibrium& equilibrium, double temperatureMin)
     : componentCount_(equilibrium.mixture().size()) {
     temperatureMin_ = temperatureMin;
     Tracing tracing{equilibrium, {}};
@@ -61,14 +61,13 @@ PhaseEnvelope::PhaseEnvelope(Phase& phase, Equilibrium& equilibrium, double temp
 }
 
 /// At a low pressure, where the vapour is nearly ideal: its partial pressures are the liquid's fugacities.
-TwoPhases PhaseEnvelope::firstBubblePoint(Phase& phase, const Mixture& mixture) const {
+TwoPhases PhaseEnvelope::firstBubblePoint(const Phase& phase, const Mixture& mixture) const {
     constexpr double nearlyIdeal = 0.62;  // of the reducing temperature: the pressure is low there
     constexpr double aboveColdEnd = 1.02;
     const double temperature =
         std::max(nearlyIdeal * phase.reducing().temperature, aboveColdEnd * temperatureMin_);
-    phase.setTemperature(temperature);
     const double density =  // under hardly any pressure
-        phase.liquidDensity(0, Phase::denseLiquid * phase.reducing().density);
+        phase.at(temperature).liquidDensity(0, Isotherm::denseLiquid * phase.reducing().density);
     TwoPhases point;
     point.temperature = temperature;
     point.firstDensity = density;
@@ -249,7 +248,7 @@ SaturationPoint PhaseEnvelope::ofSide(double u, Side side, const char* what) con
     return pointAt(u);
 }
 
-SaturationPoint PhaseEnvelope::atTemperature(double temperature, Side side) {
+SaturationPoint PhaseEnvelope::atTemperature(double temperature, Side side) const {
     if (temperature > temperatureMax_) {
         refuse("There are no two phases above " + inText(temperatureMax_) + " K.");
     }
@@ -261,7 +260,7 @@ SaturationPoint PhaseEnvelope::atTemperature(double temperature, Side side) {
     return point;
 }
 
-SaturationPoint PhaseEnvelope::atPressure(double pressure, Side side) {
+SaturationPoint PhaseEnvelope::atPressure(double pressure, Side side) const {
     if (pressure > pressureMax_) {
         refuse("There are no two phases above " + inText(pressureMax_) + " kPa.");
     }
@@ -285,7 +284,7 @@ double PhaseEnvelope::placeAtPressure(double pressure, Side side) const {
                : curve_.inverse(logPressure, std::log(pressure), uAtMaxPressure_, curve_.end());
 }
 
-PhaseBoundary::Cut PhaseEnvelope::cutAtTemperature(double temperature) {
+PhaseBoundary::Cut PhaseEnvelope::cutAtTemperature(double temperature) const {
     const auto at = [&](Side side) {
         End end = endAt(placeAtTemperature(temperature, side));
         end.point.temperature = temperature;
@@ -294,11 +293,11 @@ PhaseBoundary::Cut PhaseEnvelope::cutAtTemperature(double temperature) {
     return {at(Side::bubble), at(Side::dew)};
 }
 
-PhaseBoundary::Cut PhaseEnvelope::cutAtPressure(double pressure) {
+PhaseBoundary::Cut PhaseEnvelope::cutAtPressure(double pressure) const {
     return {endAtPressure(pressure, Side::bubble), endAtPressure(pressure, Side::dew)};
 }
 
-PhaseBoundary::End PhaseEnvelope::vapourEndAtPressure(double pressure) {
+PhaseBoundary::End PhaseEnvelope::vapourEndAtPressure(double pressure) const {
     return endAtPressure(pressure, Side::dew);
 }
 
@@ -308,7 +307,7 @@ PhaseBoundary::End PhaseEnvelope::endAtPressure(double pressure, Side side) cons
     return end;
 }
 
-double PhaseEnvelope::liquidDensityFloor(double temperature) {
+double PhaseEnvelope::liquidDensityFloor(double temperature) const {
     return std::exp(curve_.at(logDensity, placeAtTemperature(temperature, Side::bubble))) * (1 - 1e-5);
 }
 

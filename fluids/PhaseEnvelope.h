@@ -22,14 +22,14 @@ class PhaseEnvelope final : public PhaseBoundary {
   public:
     /// `phase` is the blend at its overall composition and `equilibrium` that of the same; both are used
     /// during the construction only. Throws when the curve cannot be traced, or is not of the kind described.
-    PhaseEnvelope(Phase& phase, Equilibrium& equilibrium, double temperatureMin);
+    PhaseEnvelope(const Phase& phase, Equilibrium& equilibrium, double temperatureMin);
 
-    SaturationPoint atTemperature(double temperature, Side side) override;
-    SaturationPoint atPressure(double pressure, Side side) override;
-    Cut cutAtTemperature(double temperature) override;
-    Cut cutAtPressure(double pressure) override;
-    End vapourEndAtPressure(double pressure) override;
-    double liquidDensityFloor(double temperature) override;
+    SaturationPoint atTemperature(double temperature, Side side) const override;
+    SaturationPoint atPressure(double pressure, Side side) const override;
+    Cut cutAtTemperature(double temperature) const override;
+    Cut cutAtPressure(double pressure) const override;
+    End vapourEndAtPressure(double pressure) const override;
+    double liquidDensityFloor(double temperature) const override;
 
     /// The largest error of the polynomials seen when they were tried out, relative.
     double error() const { return curve_.error(); }
@@ -48,7 +48,7 @@ class PhaseEnvelope final : public PhaseBoundary {
         void endAt(double temperature, double direction);
     };
 
-    TwoPhases firstBubblePoint(Phase& phase, const Mixture& mixture) const;
+    TwoPhases firstBubblePoint(const Phase& phase, const Mixture& mixture) const;
     bool fit(Tracing& tracing);
     void findLandmarks(const Mixture& mixture);
     SaturationPoint pointAt(double u) const;

@@ -5,9 +5,6 @@
 #include <numeric>
 #include <utility>
 
-#include "fluids/FluidFile.h"
-#include "fluids/FluidPath.h"
-#include "fluids/MixtureFile.h"
 #include "fluids/PropertyError.h"
 
 namespace marvello::fluids {
@@ -15,15 +12,6 @@ namespace {
 
 constexpr std::size_t keptCompositions = 4;
 constexpr double nothing = 1e-12;  // a mole fraction below this counts as 0
-
-std::filesystem::path find(const std::string& name, const char* what,
-                           const std::vector<std::filesystem::path>& folders) {
-    std::filesystem::path path = findFluidFile(name, folders);
-    if (path.empty()) {
-        throw PropertyError(Fault::fluidFile, std::string("There is no ") + what + " file \"" + name + "\".");
-    }
-    return path;
-}
 
 ReferenceState referenceOf(const std::string& name, const PureFluid& fluid) {
     const std::string chosen = name == "DEF" ? fluid.referenceState : name;
@@ -34,39 +22,26 @@ ReferenceState referenceOf(const std::string& name, const PureFluid& fluid) {
                         "The reference state \"" + name + "\" is not DEF, IIR, NBP or ASH.");
 }
 
-/// A pure fluid's model, with its own gas constant.
-Mixture single(const PureFluid& fluid) { return {{fluid}, {}, fluid.gasConstant}; }
-
-Mixture load(const PropertyLibrary::Files& files) {
-    std::vector<PureFluid> components;
-    std::vector<std::string> names;
-    for (const std::string& name : files.fluids) {
-        components.push_back(readFluidFile(find(name, "fluid", files.folders)));
-        names.push_back(components.back().name);
-    }
-    if (components.size() == 1) return single(components.front());
-    MixtureModel model = readMixtureFile(find(files.mixture, "mixture", files.folders), names);
-    return {std::move(components), std::move(model.pairs), model.gasConstant};
-}
-
 }  // namespace
 
-void PropertyLibrary::setUp(const Files& files, const std::string& reference) {
+PropertyLibrary::Solved::Solved(const std::shared_ptr<const Mixture>& mixture, Composition itsComposition)
+    : composition(std::move(itsComposition)),
+      fluid(FluidCache::ofProcess().fluid(mixture, composition)),
+      flash(std::make_unique<Flash>(fluid)) {}
+
+void PropertyLibrary::setUp(const FluidFiles& files, const std::string& reference) {
     mixture_.reset();
     solved_.clear();
     if (files.fluids.empty()) throw PropertyError(Fault::badArgument, "A set-up needs at least one fluid.");
-    Mixture loaded = load(files);
+    const std::shared_ptr<const Mixture> loaded = FluidCache::ofProcess().mixture(files);
     // A fluid alone is solved at once; a blend waits for its composition.
     std::vector<Solved> solved;
-    if (loaded.size() == 1) {
-        Solved& made = solved.emplace_back();
-        made.kept = {0};
-        made.fractions = {1.0};
-        made.flash = std::make_unique<Flash>(loaded, made.fractions);
-        made.flash->setShift(made.flash->shiftFor(referenceOf(reference, loaded.components().front())));
+    if (loaded->size() == 1) {
+        Solved& made = solved.emplace_back(loaded, Composition{{0}, {1.0}});
+        made.flash->setShift(made.fluid->shiftFor(referenceOf(reference, loaded->components().front())));
     }
-    for (const PureFluid& fluid : loaded.components()) referenceOf(reference, fluid);
-    mixture_ = std::move(loaded);
+    for (const PureFluid& fluid : loaded->components()) referenceOf(reference, fluid);
+    mixture_ = loaded;
     solved_ = std::move(solved);
     componentReference_ = reference;
     mixtureShift_.reset();
@@ -106,8 +81,6 @@ void PropertyLibrary::setShift(Solved& solved) const {
 }
 
 PropertyLibrary::Solved PropertyLibrary::make(std::span<const double> z) const {
-    Solved made;
-    std::copy(z.begin(), z.end(), made.z.begin());
     double sum = 0;
     for (const double fraction : z) {
         if (!(std::isfinite(fraction) && fraction >= 0)) {
@@ -119,28 +92,27 @@ PropertyLibrary::Solved PropertyLibrary::make(std::span<const double> z) const {
         throw PropertyError(Fault::badArgument,
                             "The mole fractions add up to " + inText(sum) + ", not to 1.");
     }
+    Composition composition;
     for (std::size_t i = 0; i < z.size(); ++i) {
         if (z[i] < nothing) continue;
-        made.kept.push_back(i);
-        made.fractions.push_back(z[i] / sum);
+        composition.kept.push_back(i);
+        composition.fractions.push_back(z[i] / sum);
     }
-    made.flash = std::make_unique<Flash>(mixture().reduced(made.kept), made.fractions);
+    Solved made(mixture_, std::move(composition));
+    std::copy(z.begin(), z.end(), made.z.begin());
     return made;
 }
 
 /// Each component's shift is that of the fluid alone.
-Flash::Shift PropertyLibrary::shiftOfComponents(const Solved& solved) const {
-    if (solved.kept.size() == 1) {
-        const PureFluid& fluid = mixture().components()[solved.kept.front()];
-        return solved.flash->shiftFor(referenceOf(componentReference_, fluid));
-    }
-    Flash::Shift sum;
-    for (std::size_t k = 0; k < solved.kept.size(); ++k) {
-        const PureFluid& fluid = mixture().components()[solved.kept[k]];
-        Flash alone(single(fluid), std::vector<double>{1.0});
-        const Flash::Shift own = alone.shiftFor(referenceOf(componentReference_, fluid));
-        sum.enthalpy += solved.fractions[k] * own.enthalpy;
-        sum.entropy += solved.fractions[k] * own.entropy;
+FluidModel::Shift PropertyLibrary::shiftOfComponents(const Solved& solved) const {
+    FluidModel::Shift sum;
+    for (std::size_t k = 0; k < solved.composition.kept.size(); ++k) {
+        const std::size_t component = solved.composition.kept[k];
+        const auto alone = FluidCache::ofProcess().fluid(mixture_, {{component}, {1.0}});
+        const FluidModel::Shift own =
+            alone->shiftFor(referenceOf(componentReference_, mixture().components()[component]));
+        sum.enthalpy += solved.composition.fractions[k] * own.enthalpy;
+        sum.entropy += solved.composition.fractions[k] * own.entropy;
     }
     return sum;
 }
@@ -155,7 +127,7 @@ void PropertyLibrary::setReferenceOfComponents(const std::string& reference) {
 void PropertyLibrary::setReferenceOfMixture(const std::string& reference, std::span<const double> z) {
     // What DEF means for a blend is what it means for its first component.
     const ReferenceState chosen = referenceOf(reference, mixture().components().front());
-    mixtureShift_ = solvedFor(z.data()).flash->shiftFor(chosen);
+    mixtureShift_ = solvedFor(z.data()).fluid->shiftFor(chosen);
     for (Solved& solved : solved_) setShift(solved);
 }
 
@@ -163,12 +135,12 @@ void PropertyLibrary::compositions(const PerComponent& logK, double share, std::
                                    std::span<double> vapour) const {
     std::fill(liquid.begin(), liquid.end(), 0.0);
     std::fill(vapour.begin(), vapour.end(), 0.0);
-    const Solved& solved = solved_.front();
-    for (std::size_t k = 0; k < solved.kept.size(); ++k) {
+    const auto& [kept, fractions] = solved_.front().composition;
+    for (std::size_t k = 0; k < kept.size(); ++k) {
         const double ratio = logK[k] == 0 ? 1 : std::exp(logK[k]);
-        const double inLiquid = solved.fractions[k] / (1 + share * (ratio - 1));
-        liquid[solved.kept[k]] = inLiquid;
-        vapour[solved.kept[k]] = ratio * inLiquid;
+        const double inLiquid = fractions[k] / (1 + share * (ratio - 1));
+        liquid[kept[k]] = inLiquid;
+        vapour[kept[k]] = ratio * inLiquid;
     }
 }
 

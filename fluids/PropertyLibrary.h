@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <span>
@@ -9,23 +8,18 @@
 #include <vector>
 
 #include "fluids/Flash.h"
+#include "fluids/FluidCache.h"
 
 namespace marvello::fluids {
 
 /// What a set-up has made: the fluids, their interactions, and the solvers for each composition asked for. A
-/// failed set-up leaves nothing of the one before.
+/// failed set-up leaves nothing of the one before. For one thread; what is immutable comes from the process's
+/// FluidCache.
 class PropertyLibrary {
   public:
-    /// The files of a set-up; relative names are looked for in `folders` in turn.
-    struct Files {
-        std::vector<std::string> fluids;
-        std::string mixture;  ///< read for more than one fluid
-        std::vector<std::filesystem::path> folders;
-    };
-
     /// Loads the files. `reference` is DEF for the fluid's usual one, or IIR, NBP, ASH; it holds for each
     /// component until a call below says otherwise.
-    void setUp(const Files& files, const std::string& reference);
+    void setUp(const FluidFiles& files, const std::string& reference);
 
     /// The reference state of each component, or of the mixture of the mole fractions `z`.
     void setReferenceOfComponents(const std::string& reference);
@@ -53,9 +47,11 @@ class PropertyLibrary {
   private:
     /// Solvers for one composition.
     struct Solved {
-        PerComponent z{};               ///< as asked for
-        std::vector<std::size_t> kept;  ///< the components that are there
-        std::vector<double> fractions;  ///< of these
+        Solved(const std::shared_ptr<const Mixture>& mixture, Composition itsComposition);
+
+        PerComponent z{};         ///< as asked for
+        Composition composition;  ///< of the components that are there
+        std::shared_ptr<const FluidModel> fluid;
         std::unique_ptr<Flash> flash;
         bool hasShift = false;
     };
@@ -64,13 +60,13 @@ class PropertyLibrary {
     Solved& solvedFor(const double* z);
     void setShift(Solved& solved) const;
     Solved make(std::span<const double> z) const;
-    Flash::Shift shiftOfComponents(const Solved& solved) const;
+    FluidModel::Shift shiftOfComponents(const Solved& solved) const;
 
-    std::optional<Mixture> mixture_;
+    std::shared_ptr<const Mixture> mixture_;
     /// The compositions asked for lately, the last one first; no more than a few.
     std::vector<Solved> solved_;
     std::string componentReference_ = "DEF";  ///< holds where there is no shift of the mixture
-    std::optional<Flash::Shift> mixtureShift_;
+    std::optional<FluidModel::Shift> mixtureShift_;
 };
 
 }  // namespace marvello::fluids

@@ -9,8 +9,8 @@
 /// NUL. Arrays of fractions hold 20 numbers.
 ///
 /// `ierr` is 0 or a number of fluids/PropertyError.h, and `herr` then holds one sentence, padded with blanks;
-/// after a failure every number asked for is -9999990. The library keeps one set-up for the process and is to
-/// be called from one thread at a time.
+/// after a failure every number asked for is -9999990. These functions share one set-up in the process and
+/// are to be called from one thread at a time; fluids/FluidHandles.h has the same with set-ups of one's own.
 ///
 /// Outputs of a flash: overall density D, densities Dl and Dv of liquid and vapour (both D in one phase),
 /// compositions x and y of liquid and vapour, quality q in moles (in one phase -998 liquid, 998 vapour, 999

@@ -1,7 +1,11 @@
 #include "fluids/RefpropSession.h"
 
 #include <algorithm>
+#include <atomic>
+#include <mutex>
+#include <new>
 #include <string_view>
+#include <utility>
 
 namespace marvello {
 
@@ -16,13 +20,63 @@ std::string padded(std::string text, std::int32_t length) {
     return text;
 }
 
+/// The turns of all sessions in a library that keeps one set-up.
+struct Turns {
+    std::recursive_mutex lock;
+    std::uint64_t last = 0;  ///< the session that called last
+};
+
+Turns& turns() {
+    static Turns ofProcess;
+    return ofProcess;
+}
+
+std::uint64_t nextNumber() {
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
+}
+
+using Handle = std::unique_ptr<FluidHandle, void (*)(FluidHandle*)>;
+
+Handle openHandle(const FluidHandleFunctions* handles) {
+    if (handles == nullptr) return {nullptr, [](FluidHandle*) {}};
+    Handle handle(handles->open(), handles->close);
+    if (!handle) throw std::bad_alloc();
+    return handle;
+}
+
 }  // namespace
+
+const std::string& RefpropAnswer::sentence() const {
+    static const std::string none;
+    return text ? *text : none;
+}
+
+RefpropSession::RefpropSession(SharedRefpropFunctions library)
+    : library_(std::move(library)), handle_(openHandle(library_->handles)), number_(nextNumber()) {}
+
+template <class... Parameters, class... Arguments>
+void RefpropSession::call(void (*RefpropFunctions::*shared)(Parameters...),
+                          void (*FluidHandleFunctions::*own)(FluidHandle*, Parameters...),
+                          Arguments... arguments) {
+    if (handle_) {
+        (library_->handles->*own)(handle_.get(), arguments...);
+        return;
+    }
+    const std::lock_guard turn(turns().lock);
+    if (turns().last != number_) {
+        turns().last = number_;
+        if (load_) send(*load_);
+        if (reference_) send(*reference_);
+    }
+    ((*library_).*shared)(arguments...);
+}
 
 RefpropAnswer RefpropSession::answer(std::int32_t code) const {
     if (code == 0) return {};
     std::string_view text(herr_.data(), herr_.size());
     text = text.substr(0, text.find('\0'));
-    return {code, std::string(text.substr(0, text.find_last_not_of(' ') + 1))};
+    return {code, std::make_shared<const std::string>(text.substr(0, text.find_last_not_of(' ') + 1))};
 }
 
 RefpropAnswer RefpropSession::setUp(const std::vector<std::string>& files,
@@ -34,18 +88,28 @@ RefpropAnswer RefpropSession::setUp(const std::vector<std::string>& files,
     const RefpropAnswer loaded =
         load(joined, static_cast<std::int32_t>(files.size()), folder + "hmx.bnc", reference);
     useMassFractions(massFractions);
-    library_->WMOLdll(z_.data(), &molarMass_);
+    call(&RefpropFunctions::WMOLdll, &FluidHandleFunctions::WMOLdll, z_.data(), &molarMass_);
     const RefpropAnswer referred = setReference(reference, isBlend ? 2 : 1);
     return loaded.code > 0 ? loaded : referred;
 }
 
 RefpropAnswer RefpropSession::load(const std::string& files, std::int32_t count, const std::string& mixtures,
                                    const std::string& reference) {
+    const Load load{files, count, mixtures, reference};
+    load_.reset();
+    reference_.reset();
+    const RefpropAnswer loaded = send(load);
+    load_ = load;
+    return loaded;
+}
+
+RefpropAnswer RefpropSession::send(const Load& load) {
     std::int32_t code = 0;
     herr_.fill(' ');
-    library_->SETUPdll(&count, padded(files, filesLength).data(), padded(mixtures, mixturesLength).data(),
-                       padded(reference, referenceLength).data(), &code, herr_.data(), filesLength,
-                       mixturesLength, referenceLength, usualErrorLength);
+    call(&RefpropFunctions::SETUPdll, &FluidHandleFunctions::SETUPdll, &load.count,
+         padded(load.files, filesLength).data(), padded(load.mixtures, mixturesLength).data(),
+         padded(load.reference, referenceLength).data(), &code, herr_.data(), filesLength, mixturesLength,
+         referenceLength, usualErrorLength);
     return answer(code);
 }
 
@@ -53,38 +117,47 @@ double RefpropSession::useMassFractions(const std::vector<double>& massFractions
     Fractions mass{};
     std::copy_n(massFractions.begin(), std::min(massFractions.size(), mass.size()), mass.begin());
     double molarMass = 0;
-    library_->XMOLEdll(mass.data(), z_.data(), &molarMass);
+    call(&RefpropFunctions::XMOLEdll, &FluidHandleFunctions::XMOLEdll, mass.data(), z_.data(), &molarMass);
     return molarMass;
 }
 
 RefpropAnswer RefpropSession::setReference(const std::string& reference, std::int32_t flag) {
+    const Reference chosen{reference, flag, z_};
+    const RefpropAnswer set = send(chosen);
+    reference_ = chosen;
+    return set;
+}
+
+RefpropAnswer RefpropSession::send(const Reference& reference) {
     std::int32_t code = 0;
     const double unused = 0;
-    library_->SETREFdll(padded(reference, referenceLength).data(), &flag, z_.data(), &unused, &unused,
-                        &unused, &unused, &code, herr_.data(), referenceLength, usualErrorLength);
+    call(&RefpropFunctions::SETREFdll, &FluidHandleFunctions::SETREFdll,
+         padded(reference.reference, referenceLength).data(), &reference.flag, reference.fractions.data(),
+         &unused, &unused, &unused, &unused, &code, herr_.data(), referenceLength, usualErrorLength);
     return answer(code);
 }
 
 RefpropState RefpropSession::saturationAtT(double t, std::int32_t side, RefpropState r) {
     std::int32_t code = 0;
-    library_->SATTdll(&t, z_.data(), &side, &r.p, &r.Dl, &r.Dv, x_.data(), y_.data(), &code, herr_.data(),
-                      usualErrorLength);
+    call(&RefpropFunctions::SATTdll, &FluidHandleFunctions::SATTdll, &t, z_.data(), &side, &r.p, &r.Dl, &r.Dv,
+         x_.data(), y_.data(), &code, herr_.data(), usualErrorLength);
     r.answer = answer(code);
     return r;
 }
 
 RefpropState RefpropSession::saturationAtP(double p, std::int32_t side, RefpropState r) {
     std::int32_t code = 0;
-    library_->SATPdll(&p, z_.data(), &side, &r.t, &r.Dl, &r.Dv, x_.data(), y_.data(), &code, herr_.data(),
-                      usualErrorLength);
+    call(&RefpropFunctions::SATPdll, &FluidHandleFunctions::SATPdll, &p, z_.data(), &side, &r.t, &r.Dl, &r.Dv,
+         x_.data(), y_.data(), &code, herr_.data(), usualErrorLength);
     r.answer = answer(code);
     return r;
 }
 
 RefpropState RefpropSession::atTP(double t, double p, RefpropState r) {
     std::int32_t code = 0;
-    library_->TPFLSHdll(&t, &p, z_.data(), &r.D, &r.Dl, &r.Dv, x_.data(), y_.data(), &r.q, &r.e, &r.h, &r.s,
-                        &r.cv, &r.cp, &r.w, &code, herr_.data(), usualErrorLength);
+    call(&RefpropFunctions::TPFLSHdll, &FluidHandleFunctions::TPFLSHdll, &t, &p, z_.data(), &r.D, &r.Dl,
+         &r.Dv, x_.data(), y_.data(), &r.q, &r.e, &r.h, &r.s, &r.cv, &r.cp, &r.w, &code, herr_.data(),
+         usualErrorLength);
     r.answer = answer(code);
     return r;
 }
@@ -92,24 +165,26 @@ RefpropState RefpropSession::atTP(double t, double p, RefpropState r) {
 RefpropState RefpropSession::atTS(double t, double s, RefpropState r) {
     std::int32_t code = 0;
     const std::int32_t root = 0;
-    library_->TSFLSHdll(&t, &s, z_.data(), &root, &r.p, &r.D, &r.Dl, &r.Dv, x_.data(), y_.data(), &r.q, &r.e,
-                        &r.h, &r.cv, &r.cp, &r.w, &code, herr_.data(), usualErrorLength);
+    call(&RefpropFunctions::TSFLSHdll, &FluidHandleFunctions::TSFLSHdll, &t, &s, z_.data(), &root, &r.p, &r.D,
+         &r.Dl, &r.Dv, x_.data(), y_.data(), &r.q, &r.e, &r.h, &r.cv, &r.cp, &r.w, &code, herr_.data(),
+         usualErrorLength);
     r.answer = answer(code);
     return r;
 }
 
 RefpropState RefpropSession::atPH(double p, double h, RefpropState r, std::int32_t errorLength) {
     std::int32_t code = 0;
-    library_->PHFLSHdll(&p, &h, z_.data(), &r.t, &r.D, &r.Dl, &r.Dv, x_.data(), y_.data(), &r.q, &r.e, &r.s,
-                        &r.cv, &r.cp, &r.w, &code, herr_.data(), errorLength);
+    call(&RefpropFunctions::PHFLSHdll, &FluidHandleFunctions::PHFLSHdll, &p, &h, z_.data(), &r.t, &r.D, &r.Dl,
+         &r.Dv, x_.data(), y_.data(), &r.q, &r.e, &r.s, &r.cv, &r.cp, &r.w, &code, herr_.data(), errorLength);
     r.answer = answer(code);
     return r;
 }
 
 RefpropState RefpropSession::atPS(double p, double s, RefpropState r) {
     std::int32_t code = 0;
-    library_->PSFLSHdll(&p, &s, z_.data(), &r.t, &r.D, &r.Dl, &r.Dv, x_.data(), y_.data(), &r.q, &r.e, &r.h,
-                        &r.cv, &r.cp, &r.w, &code, herr_.data(), usualErrorLength);
+    call(&RefpropFunctions::PSFLSHdll, &FluidHandleFunctions::PSFLSHdll, &p, &s, z_.data(), &r.t, &r.D, &r.Dl,
+         &r.Dv, x_.data(), y_.data(), &r.q, &r.e, &r.h, &r.cv, &r.cp, &r.w, &code, herr_.data(),
+         usualErrorLength);
     r.answer = answer(code);
     return r;
 }

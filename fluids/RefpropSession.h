@@ -2,10 +2,12 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "fluids/Refprop.h"
+#include "fluids/FluidHandles.h"
 
 namespace marvello {
 
@@ -14,25 +16,32 @@ namespace marvello {
     use(SETUPdll) use(SETREFdll) use(XMOLEdll) use(WMOLdll) use(SATTdll) use(SATPdll) use(TPFLSHdll) \
         use(TSFLSHdll) use(PHFLSHdll) use(PSFLSHdll)
 
-/// The functions of fluids/Refprop.h, of whichever library has them.
+/// The functions of fluids/Refprop.h, of whichever library has them, and those with handles if it has them.
 struct RefpropFunctions {
 #define MARVELLO_MEMBER(name) decltype(&::name) name;
     MARVELLO_FOR_EACH_REFPROP_FUNCTION(MARVELLO_MEMBER)
 #undef MARVELLO_MEMBER
+    const FluidHandleFunctions* handles = nullptr;
 };
 
+/// Functions whose library stays loaded as long as they are held.
+using SharedRefpropFunctions = std::shared_ptr<const RefpropFunctions>;
+
 /// Returns the functions of the library that the program is linked with.
-inline const RefpropFunctions& linkedRefprop() {
+inline const SharedRefpropFunctions& linkedRefprop() {
 #define MARVELLO_ADDRESS(name) &::name,
-    static const RefpropFunctions functions{MARVELLO_FOR_EACH_REFPROP_FUNCTION(MARVELLO_ADDRESS)};
+    static const auto functions = std::make_shared<const RefpropFunctions>(
+        RefpropFunctions{MARVELLO_FOR_EACH_REFPROP_FUNCTION(MARVELLO_ADDRESS) FLUIDHANDLESdll()});
 #undef MARVELLO_ADDRESS
     return functions;
 }
 
-/// What the library says of a call: 0 and no sentence if all went well.
+/// What the library says of a call: 0 and no sentence if all went well. A copy copies no text.
 struct RefpropAnswer {
     std::int32_t code = 0;
-    std::string sentence{};
+    std::shared_ptr<const std::string> text{};
+
+    const std::string& sentence() const;
 };
 
 /// The numbers of a state, in K, kPa, mol/dm^3, J/mol, J/(mol K), m/s, and what the library says of them.
@@ -41,8 +50,13 @@ struct RefpropState {
     RefpropAnswer answer{};
 };
 
-/// A property library set up for one refrigerant: the one place that knows its buffers and their lengths. The
-/// library keeps one set-up for the process, so a session ends when another one sets up.
+/// A property library set up for one refrigerant: the one place that knows its buffers and their lengths. For
+/// one thread at a time; different sessions may be used in different threads at the same time.
+///
+/// In a library with handles each session has its own, and the threads run next to each other. One that has
+/// the ten functions alone keeps one set-up for the process: the calls of all sessions take turns under one
+/// lock, and a session that finds the set-up of another in the library sets up anew first. Results are the
+/// same.
 ///
 /// A call returns `before` with the numbers that the library wrote; it does not write its inputs.
 class RefpropSession {
@@ -51,8 +65,11 @@ class RefpropSession {
     static constexpr std::int32_t usualErrorLength = 255;
     using Fractions = std::array<double, maximumComponents>;
 
-    /// The functions have to outlive the session.
-    explicit RefpropSession(const RefpropFunctions& library) : library_(&library) {}
+    /// Throws std::bad_alloc.
+    explicit RefpropSession(SharedRefpropFunctions library);
+
+    /// Whether the calls of this session run next to those of others.
+    bool isConcurrent() const { return handle_ != nullptr; }
 
     /// Loads the fluids, at most 20, and sets composition and reference state, which for a blend is its own.
     /// Returns the first error; later steps run all the same.
@@ -84,9 +101,32 @@ class RefpropSession {
     RefpropState atPS(double p, double s, RefpropState before = {});
 
   private:
+    /// What a set-up was asked for, to do it again.
+    struct Load {
+        std::string files;
+        std::int32_t count = 0;
+        std::string mixtures;
+        std::string reference;
+    };
+    struct Reference {
+        std::string reference;
+        std::int32_t flag = 0;
+        Fractions fractions{};
+    };
+
+    /// Calls either function, the one with the session's own handle if it has one.
+    template <class... Parameters, class... Arguments>
+    void call(void (*RefpropFunctions::*shared)(Parameters...),
+              void (*FluidHandleFunctions::*own)(FluidHandle*, Parameters...), Arguments... arguments);
+    RefpropAnswer send(const Load& load);
+    RefpropAnswer send(const Reference& reference);
     RefpropAnswer answer(std::int32_t code) const;
 
-    const RefpropFunctions* library_;
+    SharedRefpropFunctions library_;
+    std::unique_ptr<FluidHandle, void (*)(FluidHandle*)> handle_;
+    std::uint64_t number_;  ///< among the sessions of the process
+    std::optional<Load> load_;
+    std::optional<Reference> reference_;
     Fractions z_{1.0}, x_{}, y_{};
     double molarMass_ = 0;
     std::array<char, usualErrorLength> herr_{};

@@ -22,17 +22,18 @@ struct Pair {
     double pressure = 0;  // kPa
 };
 
-/// Newton's method on both densities at the temperature that the phase is set to. The two conditions are
+/// Newton's method on both densities at a temperature. The two conditions are
 /// solved for the change of either pressure separately, since at low temperature the liquid's pressure is all
 /// rounding while the vapour's stays exact.
-std::optional<Pair> solve(const Phase& phase, double liquid, double vapour) {
+std::optional<Pair> solve(const Phase& phase, double temperature, double liquid, double vapour) {
     constexpr int steps = 40;
     constexpr double largestStep = 0.3;  // of a density
-    const double scale = phase.gasConstant() * phase.temperature();
+    const Isotherm isotherm = phase.at(temperature);
+    const double scale = phase.gasConstant() * temperature;
     double lastStep = 1;
     for (int i = 0; i < steps; ++i) {
-        const ReducedPressure inLiquid = phase.reducedPressure(liquid);
-        const ReducedPressure inVapour = phase.reducedPressure(vapour);
+        const ReducedPressure inLiquid = isotherm.reducedPressure(liquid);
+        const ReducedPressure inVapour = isotherm.reducedPressure(vapour);
         if (!(inLiquid.byDensity > 0 && inVapour.byDensity > 0 && liquid > vapour)) return std::nullopt;
         const double pressures = inLiquid.value - inVapour.value;
         const double potentials = inLiquid.potential - inVapour.potential;
@@ -55,7 +56,7 @@ std::optional<Pair> solve(const Phase& phase, double liquid, double vapour) {
 
 }  // namespace
 
-SaturationLine::SaturationLine(Phase& phase, const PureFluid& fluid) {
+SaturationLine::SaturationLine(const Phase& phase, const PureFluid& fluid) {
     temperatureMin_ = fluid.temperatureMin;
     findCritical(phase, fluid.critical, fluid.name);
     temperatureMax_ = critical_.temperature;
@@ -65,11 +66,10 @@ SaturationLine::SaturationLine(Phase& phase, const PureFluid& fluid) {
 
 /// Newton's step towards the point where dp/drho and its slope vanish, with the derivatives by differences:
 /// an error of theirs slows the approach and does not move the point.
-SaturationLine::CriticalStep SaturationLine::stepToCritical(Phase& phase, double temperature,
+SaturationLine::CriticalStep SaturationLine::stepToCritical(const Phase& phase, double temperature,
                                                             double density) const {
     const auto stiffness = [&phase](double t, double rho) {
-        phase.setTemperature(t);
-        return phase.reducedPressure(rho).byDensity;
+        return phase.at(t).reducedPressure(rho).byDensity;
     };
     const double dr = 1e-3 * density;
     const double dt = 1e-5 * temperature;
@@ -90,7 +90,7 @@ SaturationLine::CriticalStep SaturationLine::stepToCritical(Phase& phase, double
 }
 
 /// The published critical point is rounded, and the equation's own lies next to it.
-void SaturationLine::findCritical(Phase& phase, const FluidPoint& published, const std::string& name) {
+void SaturationLine::findCritical(const Phase& phase, const FluidPoint& published, const std::string& name) {
     // Critical densities are hard to measure.
     constexpr double margin = 0.02;
     constexpr double densityMargin = 0.1;
@@ -104,8 +104,8 @@ void SaturationLine::findCritical(Phase& phase, const FluidPoint& published, con
                           std::abs(density / published.density - 1) < densityMargin;
         if (!near) break;
         if (std::abs(step.temperature) < 1e-12 * temperature && std::abs(step.density) < 1e-8 * density) {
-            phase.setTemperature(temperature);
-            const double pressure = phase.reducedPressure(density).value * phase.gasConstant() * temperature;
+            const double pressure =
+                phase.at(temperature).reducedPressure(density).value * phase.gasConstant() * temperature;
             if (!(std::abs(pressure / published.pressure - 1) < margin)) break;
             critical_ = {temperature, pressure, density};
             return;
@@ -117,12 +117,11 @@ void SaturationLine::findCritical(Phase& phase, const FluidPoint& published, con
 
 /// Walks from the middle, where a rough guess is good enough, to both ends; the fit takes its guesses from
 /// there.
-void SaturationLine::makeLine(Phase& phase, const PureFluid& fluid) {
+void SaturationLine::makeLine(const Phase& phase, const PureFluid& fluid) {
     thetaMax_ = theta(temperatureMin_);
     std::map<double, Densities> solved;  // over theta
     const auto solveAt = [&](double place, const Densities& guess) {
-        phase.setTemperature(temperatureAt(place));
-        const std::optional<Pair> found = solve(phase, guess.liquid, guess.vapour);
+        const std::optional<Pair> found = solve(phase, temperatureAt(place), guess.liquid, guess.vapour);
         if (!found) {
             throw PropertyError(Fault::fluidFile, "The equation of " + fluid.name + " has no saturation at " +
                                                       inText(temperatureAt(place)) + " K.");
@@ -143,10 +142,10 @@ void SaturationLine::makeLine(Phase& phase, const PureFluid& fluid) {
         return Densities{std::exp(liquid), std::exp(vapour)};
     };
     const auto meanAt = [&](double place, const Densities& guess) {
-        phase.setTemperature(temperatureAt(place));
+        const Isotherm isotherm = phase.at(temperatureAt(place));
         const double pressure =
-            phase.gasConstant() * phase.temperature() *
-            (phase.reducedPressure(guess.liquid).value + phase.reducedPressure(guess.vapour).value) / 2;
+            phase.gasConstant() * isotherm.temperature() *
+            (isotherm.reducedPressure(guess.liquid).value + isotherm.reducedPressure(guess.vapour).value) / 2;
         return Pair{guess.liquid, guess.vapour, pressure};
     };
     // At 0.7 of the critical temperature, where the acentric factor is defined and the first guess holds.
@@ -188,14 +187,13 @@ void SaturationLine::checkPressureRises(const std::string& name) const {
 }
 
 /// Vapour pressure by Wilson's rule from the acentric factor, ideal vapour, and the liquid at that pressure.
-SaturationLine::Densities SaturationLine::firstGuess(Phase& phase, const PureFluid& fluid,
+SaturationLine::Densities SaturationLine::firstGuess(const Phase& phase, const PureFluid& fluid,
                                                      double temperature) const {
     constexpr double wilson = 5.373;  // Wilson, 65th National Meeting of AIChE, 1969
     const double pressure = critical_.pressure * std::exp(wilson * (1 + fluid.acentricFactor) *
                                                           (1 - critical_.temperature / temperature));
     const double wanted = pressure / (phase.gasConstant() * temperature);
-    phase.setTemperature(temperature);
-    return {phase.liquidDensity(wanted, Phase::denseLiquid * critical_.density), wanted};
+    return {phase.at(temperature).liquidDensity(wanted, Isotherm::denseLiquid * critical_.density), wanted};
 }
 
 double SaturationLine::theta(double temperature) const {
@@ -243,22 +241,22 @@ SaturationPoint SaturationLine::atPressure(double pressure) const {
     return point;
 }
 
-PhaseBoundary::Cut SaturationLine::cutAtTemperature(double temperature) {
+PhaseBoundary::Cut SaturationLine::cutAtTemperature(double temperature) const {
     const SaturationPoint point = atTemperature(temperature);
     return {End{point, point.liquidDensity}, End{point, point.vapourDensity}};
 }
 
-PhaseBoundary::Cut SaturationLine::cutAtPressure(double pressure) {
+PhaseBoundary::Cut SaturationLine::cutAtPressure(double pressure) const {
     const SaturationPoint point = atPressure(pressure);
     return {End{point, point.liquidDensity}, End{point, point.vapourDensity}};
 }
 
-PhaseBoundary::End SaturationLine::vapourEndAtPressure(double pressure) {
+PhaseBoundary::End SaturationLine::vapourEndAtPressure(double pressure) const {
     const SaturationPoint point = atPressure(pressure);
     return {point, point.vapourDensity};
 }
 
-double SaturationLine::liquidDensityFloor(double temperature) {
+double SaturationLine::liquidDensityFloor(double temperature) const {
     return std::exp(line_.at(logDensity, theta(temperature))) * (1 - 1e-5);
 }
 

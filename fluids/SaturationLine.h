@@ -20,17 +20,19 @@ class SaturationLine final : public PhaseBoundary {
   public:
     /// `phase` holds the pure fluid and is used during the construction only. Throws when the equation has no
     /// sound critical point near the published one or no saturation between it and the lowest temperature.
-    SaturationLine(Phase& phase, const PureFluid& fluid);
+    SaturationLine(const Phase& phase, const PureFluid& fluid);
 
     SaturationPoint atTemperature(double temperature) const;
     SaturationPoint atPressure(double pressure) const;
 
-    SaturationPoint atTemperature(double temperature, Side) override { return atTemperature(temperature); }
-    SaturationPoint atPressure(double pressure, Side) override { return atPressure(pressure); }
-    Cut cutAtTemperature(double temperature) override;
-    Cut cutAtPressure(double pressure) override;
-    End vapourEndAtPressure(double pressure) override;
-    double liquidDensityFloor(double temperature) override;
+    SaturationPoint atTemperature(double temperature, Side) const override {
+        return atTemperature(temperature);
+    }
+    SaturationPoint atPressure(double pressure, Side) const override { return atPressure(pressure); }
+    Cut cutAtTemperature(double temperature) const override;
+    Cut cutAtPressure(double pressure) const override;
+    End vapourEndAtPressure(double pressure) const override;
+    double liquidDensityFloor(double temperature) const override;
 
     /// The largest error of the polynomials seen when they were tried out, relative.
     double error() const { return line_.error(); }
@@ -46,11 +48,11 @@ class SaturationLine final : public PhaseBoundary {
         double vapour = 0;
     };
 
-    CriticalStep stepToCritical(Phase& phase, double temperature, double density) const;
-    void findCritical(Phase& phase, const FluidPoint& published, const std::string& name);
-    void makeLine(Phase& phase, const PureFluid& fluid);
+    CriticalStep stepToCritical(const Phase& phase, double temperature, double density) const;
+    void findCritical(const Phase& phase, const FluidPoint& published, const std::string& name);
+    void makeLine(const Phase& phase, const PureFluid& fluid);
     void checkPressureRises(const std::string& name) const;
-    Densities firstGuess(Phase& phase, const PureFluid& fluid, double temperature) const;
+    Densities firstGuess(const Phase& phase, const PureFluid& fluid, double temperature) const;
     double theta(double temperature) const;
     double temperatureAt(double theta) const;
     SaturationPoint pointAt(double theta) const;

@@ -13,10 +13,8 @@ class FluidLibraryError : public std::runtime_error {
 };
 
 /// The functions of the library file `Refprop` in the session's application folder, loaded at the first call
-/// and again after the folder was changed; they go with the session. Throws FluidLibraryError.
-///
-/// The library keeps its fluid in global state: sessions of one process may use the same file by turns, and
-/// not at the same time in two threads.
-const RefpropFunctions& refpropFunctions();
+/// and again after the folder was changed. The library stays loaded as long as someone holds them. Throws
+/// FluidLibraryError.
+SharedRefpropFunctions refpropFunctions();
 
 }  // namespace marvello

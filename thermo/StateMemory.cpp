@@ -6,8 +6,8 @@ namespace marvello {
 
 namespace {
 
-/// More than a run of the whole catalogue at one condition asks for.
-constexpr std::size_t mostStates = 8192;
+/// More than a run of all compressors of a refrigerant at one condition asks for, and less than a cache holds.
+constexpr std::size_t mostStates = 2048;
 constexpr std::size_t leastPlaces = 64;
 
 std::uint64_t hashOf(const StateCall& call) {

@@ -1,7 +1,6 @@
 #include "thermo/clsRefprop.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
@@ -27,14 +26,26 @@ std::string nativePath(std::string path) {
     return path;
 }
 
-/// What a session shares.
-struct SharedService {
-    std::shared_ptr<clsRefprop> service;
-    std::string folder;  ///< Of the library.
+/// What a session shares: a service for each refrigerant that was asked for.
+struct SharedServices {
+    std::vector<std::shared_ptr<clsRefprop>> services;
+    std::string folder;     ///< Of their library.
+    long long opening = 0;  ///< Of the file that has the refrigerants.
 };
 
-/// Whose fluid the library holds. One for the process, as the library's state is.
-std::atomic<const clsRefprop*> lastSetUp = nullptr;
+/// Those of the present library and file.
+std::vector<std::shared_ptr<clsRefprop>>& sharedServices() {
+    Session& session = Session::current();
+    auto& shared = session.part<SharedServices>();
+    const long long opening = gDatabase().openings();
+    if (shared.folder != session.applicationFolder || shared.opening != opening)
+        shared = {{}, session.applicationFolder, opening};
+    return shared.services;
+}
+
+bool isFor(const clsRefprop& service, const std::string& refrigerant) {
+    return equalIgnoringCase(service.Refrigerant, withoutBlanks(refrigerant));
+}
 
 }  // namespace
 
@@ -55,9 +66,8 @@ bool clsRefprop::Initialize(clsDatabase& db, int unitsMeasure, const std::string
     }
     remembered_.clear();
     dewRange_.reset();
-    lastSetUp = this;
     const RefpropAnswer answer = session_.setUp(files, massFractions, nativePath(Fluidpath));
-    setupFault_ = answer.code > 0 ? answer.sentence : std::string();
+    setupFault_ = answer.code > 0 ? answer.sentence() : std::string();
     Convert.Initialize(unitsMeasure, session_.molarMass());
     return true;
 }
@@ -236,7 +246,7 @@ double clsRefprop::answer(const Request& request, double value, int type) {
     try {
         if (isUndefinedMarker(value))
             lastUndefined_ = describe(request) + ": " +
-                             (state_.answer.sentence.empty() ? undefinedText : state_.answer.sentence);
+                             (state_.answer.sentence().empty() ? undefinedText : state_.answer.sentence());
         return Convert.ConvertUnitsApp(value, type);
     } catch (const ArithmeticFault& fault) {
         throw ArithmeticFault(describe(request) + ": " + fault.what());
@@ -246,17 +256,18 @@ double clsRefprop::answer(const Request& request, double value, int type) {
 void InitRefprop(const std::string& refrigerant) {
     auto service = std::make_shared<clsRefprop>();
     service->Initialize(gDatabase(), 0, refrigerant, "Fluids\\");
-    Session& session = Session::current();
-    session.part<SharedService>() = {std::move(service), session.applicationFolder};
+    auto& services = sharedServices();
+    std::erase_if(services, [&](const auto& other) { return isFor(*other, refrigerant); });
+    services.push_back(std::move(service));
 }
 
 std::shared_ptr<clsRefprop> SharedRefprop(const std::string& refrigerant) {
-    Session& session = Session::current();
-    const auto& [service, folder] = session.part<SharedService>();
-    const bool isBound = service && lastSetUp == service.get() && folder == session.applicationFolder &&
-                         equalIgnoringCase(service->Refrigerant, trimmed(refrigerant));
-    if (!isBound || !service->SetupFault().empty()) InitRefprop(refrigerant);
-    return service;
+    const auto& services = sharedServices();
+    const auto found = std::ranges::find_if(
+        services, [&](const auto& service) { return isFor(*service, refrigerant); });
+    if (found != services.end() && (*found)->SetupFault().empty()) return *found;
+    InitRefprop(refrigerant);
+    return services.back();
 }
 
 clsRefprop& GetRefprop(const std::string& refrigerant) { return *SharedRefprop(refrigerant); }

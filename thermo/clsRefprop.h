@@ -133,13 +133,12 @@ class clsRefprop {
     std::optional<SaturationRange> dewRange_;
 };
 
-/// Replaces the service that the current session shares by one for `refrigerant`, on gDatabase(), with the
-/// units set 0.
+/// Sets up a service for `refrigerant`, on gDatabase() and with the units set 0, which the current session
+/// shares from now on in place of the one for it before.
 void InitRefprop(const std::string& refrigerant);
 
-/// The session's service bound to `refrigerant`; set up anew only when the refrigerant, case ignored, or the
-/// application folder differs, the set-up failed, or another session set the library up since. The library
-/// keeps its fluid in global state, so there is one service, and a change of refrigerant costs a set-up.
+/// The session's service for `refrigerant`, case ignored. It is set up at its first use, again after a set-up
+/// that failed, and when the application folder or the file of the catalogue is another one.
 clsRefprop& GetRefprop(const std::string& refrigerant);
 
 /// The same, for who holds it across window events, in which the service may be replaced.

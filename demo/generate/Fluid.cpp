@@ -12,7 +12,7 @@ constexpr int bubble = 1;
 constexpr int dew = 2;
 
 void check(const RefpropAnswer& answer) {
-    if (answer.code > 0) throw std::runtime_error(answer.sentence);
+    if (answer.code > 0) throw std::runtime_error(answer.sentence());
 }
 
 const RefpropState& checked(const RefpropState& state) {

@@ -74,6 +74,7 @@ TEST_F(CalculatorTest, GivesWhatASelectionGives) {
     const auto prepared = preparedCatalogue(gDatabase());
     ASSERT_EQ(prepared->compressors().size(), 5U);
     Calculator calculator;
+    for (const char* refrigerant : {"R134A", "R290"}) calculator.refprop(refrigerant);
     for (int i = 0; i < 300; ++i) {
         const PreparedCompressor& compressor = prepared->compressors()[random_() % 5];
         conditions = randomConditions();

@@ -70,7 +70,7 @@ TEST_F(Failures, NothingAnswersBeforeASetUp) {
     for (const Properties& found : {saturationAtT(300), saturationAtP(500), atTP(300, 100), atTS(300, 180),
                                     atPH(100, 1e4), atPS(100, 180)}) {
         EXPECT_EQ(found.answer.code, 1);
-        EXPECT_EQ(found.answer.sentence, "No fluid has been set up.");
+        EXPECT_EQ(found.answer.sentence(), "No fluid has been set up.");
         EXPECT_EQ(found.Dl, undefined);
         EXPECT_EQ(found.Dv, undefined);
         for (const double fraction : found.y) EXPECT_EQ(fraction, undefined);
@@ -87,13 +87,13 @@ TEST_F(Failures, NothingAnswersBeforeASetUp) {
 }
 
 TEST_F(Failures, SetUpArguments) {
-    EXPECT_THAT(setUp("Fluids\\R134A.FLD", 0).sentence, HasSubstr("number of components is 0"));
+    EXPECT_THAT(setUp("Fluids\\R134A.FLD", 0).sentence(), HasSubstr("number of components is 0"));
     EXPECT_NE(setUp("Fluids\\R134A.FLD", -3).code, 0);
     EXPECT_NE(setUp("Fluids\\R134A.FLD", 21).code, 0);
-    EXPECT_THAT(setUp("Fluids\\R134A.FLD", 2).sentence, HasSubstr("File name 2 of 2 is missing"));
-    EXPECT_EQ(setUp("Fluids\\R134A.FLD|Fluids\\PROPANE.FLD|", 2).sentence, "");
-    EXPECT_THAT(setUp("Fluids\\R134A.FLD", 1, "QQQ").sentence, HasSubstr("QQQ"));
-    EXPECT_THAT(setUp("Fluids\\NOSUCH.FLD").sentence, HasSubstr("no fluid file \"Fluids\\NOSUCH.FLD\""));
+    EXPECT_THAT(setUp("Fluids\\R134A.FLD", 2).sentence(), HasSubstr("File name 2 of 2 is missing"));
+    EXPECT_EQ(setUp("Fluids\\R134A.FLD|Fluids\\PROPANE.FLD|", 2).sentence(), "");
+    EXPECT_THAT(setUp("Fluids\\R134A.FLD", 1, "QQQ").sentence(), HasSubstr("QQQ"));
+    EXPECT_THAT(setUp("Fluids\\NOSUCH.FLD").sentence(), HasSubstr("no fluid file \"Fluids\\NOSUCH.FLD\""));
     EXPECT_NE(setUp("Fluids").code, 0);
     expectUnset();
 }
@@ -101,12 +101,12 @@ TEST_F(Failures, SetUpArguments) {
 TEST_F(Failures, PathsFromOtherSystems) {
     for (const char* name :
          {"Fluids\\R134A.FLD", "Fluids/R134A.FLD", "fluids\\r134a.fld", ".\\FLUIDS/R134a.Fld"}) {
-        EXPECT_EQ(setUp(name).sentence, "") << name;
+        EXPECT_EQ(setUp(name).sentence(), "") << name;
     }
-    EXPECT_EQ(setUp(std::string(MARVELLO_APP_FOLDER) + "/Fluids/PROPANE.FLD").sentence, "");
+    EXPECT_EQ(setUp(std::string(MARVELLO_APP_FOLDER) + "/Fluids/PROPANE.FLD").sentence(), "");
     // The current folder comes before the library's.
     write("fluids/R134A.fld", "{}");
-    EXPECT_THAT(setUp("Fluids\\R134A.FLD").sentence, HasSubstr("the field format is missing"));
+    EXPECT_THAT(setUp("Fluids\\R134A.FLD").sentence(), HasSubstr("the field format is missing"));
 }
 
 TEST_F(Failures, ASetUpThatFailsLeavesNothing) {
@@ -127,7 +127,7 @@ TEST_F(Failures, AFileCutAnywhereIsRefused) {
         for (std::size_t length = 0; length < whole.find_last_of('}'); length += step) {
             const Answer answer = setUpWith(file, whole.substr(0, length));
             ASSERT_EQ(answer.code, 101) << length;
-            ASSERT_THAT(answer.sentence, AllOf(HasSubstr(file), HasSubstr("is ill-formed"))) << length;
+            ASSERT_THAT(answer.sentence(), AllOf(HasSubstr(file), HasSubstr("is ill-formed"))) << length;
         }
     }
     expectUnset();
@@ -207,12 +207,12 @@ TEST_F(Failures, FieldsThatMakeNoSense) {
         for (const Case& wrong : cases) {
             const Answer answer = setUpWith(file, changed(file, wrong.from, wrong.to));
             EXPECT_EQ(answer.code, 101) << wrong.to;
-            EXPECT_THAT(answer.sentence, HasSubstr(wrong.complaint)) << file << ' ' << wrong.to;
+            EXPECT_THAT(answer.sentence(), HasSubstr(wrong.complaint)) << file << ' ' << wrong.to;
         }
     }
     // Without the optional field the published range is all.
     const std::string published = changed("R32.FLD", "\"temperature_extrapolated\": 455, ", "");
-    EXPECT_EQ(setUpWith("R32.FLD", published).sentence, "");
+    EXPECT_EQ(setUpWith("R32.FLD", published).sentence(), "");
     EXPECT_EQ(atTP(435, 100).answer.code, 0);
     EXPECT_EQ(atTP(435.1, 100).answer.code, 3);
 }
@@ -230,7 +230,7 @@ TEST_F(Failures, ChangedBytesNeverBreakTheLibrary) {
                 text[random() % text.size()] = letters[random() % letters.size()];
             const Answer answer = setUpWith(file, text);
             ASSERT_TRUE(answer.code == 0 || answer.code == 101 || answer.code == 102)
-                << answer.code << ' ' << answer.sentence;
+                << answer.code << ' ' << answer.sentence();
             if (answer.code != 0) continue;
             ++accepted;
             for (const Properties& found :
@@ -247,8 +247,8 @@ TEST_F(Failures, StatesOutOfRange) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinite = std::numeric_limits<double>::infinity();
     const auto expectRefused = [](const Properties& found, std::int32_t code) {
-        EXPECT_EQ(found.answer.code, code) << found.answer.sentence;
-        EXPECT_GT(found.answer.sentence.size(), 10U);
+        EXPECT_EQ(found.answer.code, code) << found.answer.sentence();
+        EXPECT_GT(found.answer.sentence().size(), 10U);
         EXPECT_EQ(found.Dl, undefined);
         EXPECT_EQ(found.x[0], undefined);
     };
@@ -271,8 +271,8 @@ TEST_F(Failures, StatesOutOfRange) {
 void expectNoNumber(double t, double p, double h, double s, std::int32_t code) {
     using Output = double Properties::*;
     const auto expectNone = [code](const Properties& found, const std::vector<Output>& outputs) {
-        EXPECT_EQ(found.answer.code, code) << found.answer.sentence;
-        EXPECT_GT(found.answer.sentence.size(), 10U);
+        EXPECT_EQ(found.answer.code, code) << found.answer.sentence();
+        EXPECT_GT(found.answer.sentence().size(), 10U);
         for (const Output output : outputs) EXPECT_EQ(found.*output, undefined);
         for (std::size_t i = 0; i < 20; ++i) EXPECT_EQ(found.x[i] + found.y[i], 2 * undefined);
     };
@@ -294,7 +294,7 @@ void expectNoNumber(double t, double p, double h, double s, std::int32_t code) {
 }
 
 TEST_F(Failures, OfBlends) {
-    ASSERT_EQ(setUp(refrigerant("R407C")).sentence, "");
+    ASSERT_EQ(setUp(refrigerant("R407C")).sentence(), "");
     const Fractions z = fractionsInUse();
     const Properties fine = atTP(300, 100);
     ASSERT_EQ(fine.answer.code, 0);
@@ -323,19 +323,19 @@ TEST_F(Failures, OfBlends) {
 
 TEST_F(Failures, SetUpsOfBlends) {
     const std::string files = "Fluids\\R32.FLD|Fluids\\R125.FLD";
-    ASSERT_EQ(setUp(files, 2).sentence, "");
-    EXPECT_THAT(setUp("Fluids\\R32.FLD|Fluids\\NOSUCH.FLD", 2).sentence, HasSubstr("NOSUCH.FLD"));
+    ASSERT_EQ(setUp(files, 2).sentence(), "");
+    EXPECT_THAT(setUp("Fluids\\R32.FLD|Fluids\\NOSUCH.FLD", 2).sentence(), HasSubstr("NOSUCH.FLD"));
     expectUnset();
-    EXPECT_THAT(setUp("Fluids\\R32.FLD||Fluids\\R125.FLD", 3).sentence,
+    EXPECT_THAT(setUp("Fluids\\R32.FLD||Fluids\\R125.FLD", 3).sentence(),
                 HasSubstr("File name 2 of 3 is missing"));
     expectUnset();
-    EXPECT_THAT(setUp(files, 2, "QQQ").sentence, HasSubstr("QQQ"));
+    EXPECT_THAT(setUp(files, 2, "QQQ").sentence(), HasSubstr("QQQ"));
     expectUnset();
     write("Fluids/hmx.bnc", "{\"format\": 1}");
-    EXPECT_THAT(setUp(files, 2).sentence, HasSubstr("hmx.bnc: field format is not a text"));
+    EXPECT_THAT(setUp(files, 2).sentence(), HasSubstr("hmx.bnc: field format is not a text"));
     expectUnset();
     // A fluid alone does not need it.
-    EXPECT_EQ(setUp("Fluids\\R32.FLD").sentence, "");
+    EXPECT_EQ(setUp("Fluids\\R32.FLD").sentence(), "");
 }
 
 /// No byte is read or written beyond the lengths told, and the rest of the error text is blank.

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "fluids/FluidFile.h"
+#include "fluids/JsonField.h"
 #include "fluids/MixtureFile.h"
 #include "fluids/PropertyError.h"
 #include "tests/fluids/FluidCalls.h"
@@ -26,6 +27,7 @@ using fluids::MixtureModel;
 using fluids::PairInteraction;
 using fluids::PureFluid;
 using fluids::readFluidFile;
+using fluids::readFluidText;
 using fluids::readMixtureFile;
 
 const fs::path shipped = fs::path(MARVELLO_SOURCE_FOLDER) / "fluids" / "files";
@@ -37,14 +39,14 @@ std::map<std::string, PureFluid> shippedFluids() {
     std::map<std::string, PureFluid> found;
     for (const auto& entry : fs::directory_iterator(shipped)) {
         if (entry.path().extension() != ".FLD") continue;
-        PureFluid fluid = readFluidFile(entry.path());
+        PureFluid fluid = readFluidFile(readFluidText(entry.path()));
         found.emplace(fluid.name, std::move(fluid));
     }
     return found;
 }
 
 PairInteraction pairOf(const std::string& one, const std::string& two) {
-    return readMixtureFile(mixtureFile, {one, two}).pairs.front();
+    return readMixtureFile(readFluidText(mixtureFile), {one, two}).pairs.front();
 }
 
 /// g/mol by the standard atomic weights of IUPAC (abridged, 2021), of a formula such as CF3CF=CH2.
@@ -73,7 +75,7 @@ TEST(ShippedFiles, DescribeTheirFluids) {
         if (known.isBlend()) continue;
         const fs::path file = shipped / known.files.front();
         SCOPED_TRACE(file);
-        const PureFluid fluid = readFluidFile(file);
+        const PureFluid fluid = readFluidFile(readFluidText(file));
         const auto told = jsonOf(file);
         EXPECT_LT(deviation(fluid.molarMass, molarMassOf(told.at("formula"))), 2e-4);
         EXPECT_TRUE(hasItsCheckDigit(told.at("cas")));
@@ -96,7 +98,7 @@ TEST(ShippedFiles, EveryPairOfTheFluidsIsThere) {
     std::vector<std::string> names;
     for (const auto& [name, fluid] : shippedFluids()) names.push_back(name);
     ASSERT_EQ(names.size(), 13U);
-    const MixtureModel model = readMixtureFile(mixtureFile, names);
+    const MixtureModel model = readMixtureFile(readFluidText(mixtureFile), names);
     EXPECT_DOUBLE_EQ(model.gasConstant, 1.380649e-23 * 6.02214076e23);
     ASSERT_EQ(model.pairs.size(), 78U);
     std::size_t next = 0;
@@ -126,10 +128,10 @@ TEST(ShippedFiles, APairMayBeAskedForInEitherOrder) {
     EXPECT_EQ(one.gammaV, other.gammaV);
     EXPECT_EQ(one.factor, other.factor);
     EXPECT_EQ(one.departure.size(), other.departure.size());
-    EXPECT_TRUE(readMixtureFile(mixtureFile, {"R32"}).pairs.empty());
-    EXPECT_THROW(readMixtureFile(mixtureFile, {"R32", "R134a", "R12"}), fluids::PropertyError);
+    EXPECT_TRUE(readMixtureFile(readFluidText(mixtureFile), {"R32"}).pairs.empty());
+    EXPECT_THROW(readMixtureFile(readFluidText(mixtureFile), {"R32", "R134a", "R12"}), fluids::PropertyError);
     for (const fs::path& none : {shipped / "nosuch.bnc", shipped})
-        EXPECT_THROW(readMixtureFile(none, {"R32", "R125"}), fluids::PropertyError);
+        EXPECT_THROW(readMixtureFile(readFluidText(none), {"R32", "R125"}), fluids::PropertyError);
 }
 
 /// Lemmon and Jacobsen (2004) print xi and zeta of Tr = sum x_i T_i + x_i x_j xi and 1/rho_r = sum x_i v_i +
@@ -196,8 +198,8 @@ TEST(ShippedFiles, PairsHaveASource) {
         EXPECT_NEAR(std::accumulate(blend.massFractions.begin(), blend.massFractions.end(), 0.0), 1, 1e-12);
         for (const std::string& one : blend.files) {
             for (const std::string& two : blend.files) {
-                EXPECT_FALSE(estimated.contains(
-                    {readFluidFile(shipped / one).name, readFluidFile(shipped / two).name}))
+                EXPECT_FALSE(estimated.contains({readFluidFile(readFluidText(shipped / one)).name,
+                                                 readFluidFile(readFluidText(shipped / two)).name}))
                     << one << ' ' << two;
             }
         }

@@ -12,13 +12,19 @@ namespace marvello::test {
 namespace {
 
 RefpropSession& session() {
-    static RefpropSession theSession(linkedRefprop());
+    static RefpropSession theSession(tenFunctions());
     return theSession;
 }
 
 Properties propertiesOf(const RefpropState& state) { return {state, session().liquid(), session().vapour()}; }
 
 }  // namespace
+
+SharedRefpropFunctions tenFunctions() {
+    auto functions = std::make_shared<RefpropFunctions>(*linkedRefprop());
+    functions->handles = nullptr;
+    return functions;
+}
 
 void PrintTo(const Refrigerant& refrigerant, std::ostream* stream) { *stream << refrigerant.name; }
 
@@ -66,7 +72,7 @@ void useFractions(const Fractions& z) { session().useFractions(z); }
 const Fractions& fractionsInUse() { return session().fractions(); }
 
 Moles molesOf(const std::vector<double>& massFractions) {
-    RefpropSession other(linkedRefprop());
+    RefpropSession other(tenFunctions());
     const double molarMass = other.useMassFractions(massFractions);
     return {other.fractions(), molarMass};
 }

@@ -22,6 +22,9 @@ struct Properties : RefpropState {
     Fractions x{}, y{};
 };
 
+/// The library as one that has the ten functions alone. The calls below go through them.
+SharedRefpropFunctions tenFunctions();
+
 /// What a refrigerant consists of, in the order of the tables.
 struct Refrigerant {
     std::string name;

@@ -192,8 +192,8 @@ void expectAlike(const std::vector<Properties>& one, const std::vector<Propertie
     ASSERT_EQ(one.size(), other.size());
     for (std::size_t k = 0; k < one.size(); ++k) {
         SCOPED_TRACE(k);
-        ASSERT_EQ(one[k].answer.code, 0) << one[k].answer.sentence;
-        ASSERT_EQ(other[k].answer.code, 0) << other[k].answer.sentence;
+        ASSERT_EQ(one[k].answer.code, 0) << one[k].answer.sentence();
+        ASSERT_EQ(other[k].answer.code, 0) << other[k].answer.sentence();
         for (double P::* const part : {&P::t, &P::p, &P::Dl, &P::Dv, &P::h, &P::s, &P::w})
             EXPECT_LT(deviation(other[k].*part, one[k].*part), tolerance);
         EXPECT_NEAR(other[k].q, one[k].q, tolerance);
@@ -229,7 +229,7 @@ TEST(Mixtures, OfOneComponentAreThePureFluid) {
         std::vector<double> mass(3, 0.0);
         mass[place] = 1;
         const Answer answer = setUpOf(files, mass);
-        ASSERT_EQ(answer.code, 0) << answer.sentence;
+        ASSERT_EQ(answer.code, 0) << answer.sentence();
         const std::vector<Properties> found = sampleStates();
         for (std::size_t k = 0; k < found.size(); ++k) EXPECT_EQ(found[k].x[place], 1);
         std::vector<std::size_t> places(3, 1);
@@ -255,7 +255,7 @@ TEST(Mixtures, TwentyComponentsWithRepeats) {
         files.push_back(allFiles[files.size() % allFiles.size()]);
         mass.push_back(0);
     }
-    ASSERT_EQ(setUpOf(files, mass).sentence, "");
+    ASSERT_EQ(setUpOf(files, mass).sentence(), "");
     std::vector<Properties> found = sampleStates();
     for (Properties& state : found) {
         for (Fractions* fractions : {&state.x, &state.y}) {

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "fluids/FluidFile.h"
+#include "fluids/JsonField.h"
 #include "fluids/MixtureFile.h"
 
 namespace marvello::test {
@@ -26,22 +27,22 @@ fluids::Mixture mixtureOf(const std::vector<std::string>& files) {
     std::vector<fluids::PureFluid> components;
     std::vector<std::string> names;
     for (const std::string& file : files) {
-        components.push_back(fluids::readFluidFile(folder + file));
+        components.push_back(fluids::readFluidFile(fluids::readFluidText(folder + file)));
         names.push_back(components.back().name);
     }
     if (files.size() == 1) {
         const double gasConstant = components.front().gasConstant;
         return {std::move(components), {}, gasConstant};
     }
-    fluids::MixtureModel model = fluids::readMixtureFile(folder + "hmx.bnc", names);
+    fluids::MixtureModel model = fluids::readMixtureFile(fluids::readFluidText(folder + "hmx.bnc"), names);
     return {std::move(components), std::move(model.pairs), model.gasConstant};
 }
 
 Model::Model(const Refrigerant& refrigerant)
     : mixture(mixtureOf(refrigerant.files)),
       z(moleFractions(mixture, refrigerant.massFractions)),
-      flash(mixture, z),
-      lowest(flash.boundary().temperatureMin()),
+      fluid(mixture, z),
+      lowest(fluid.boundary().temperatureMin()),
       highest(1e9),
       pressureMax(1e9) {
     for (const fluids::PureFluid& fluid : mixture.components()) {
@@ -66,9 +67,7 @@ fluids::FugacityState phaseAt(const Model& model, double t, double density, cons
 }
 
 double enthalpyAt(const Model& model, double t, double density) {
-    fluids::Phase phase(model.mixture, model.z);
-    phase.setTemperature(t);
-    return phase.state(density).enthalpy;
+    return model.fluid.phase().at(t).state(density).enthalpy;
 }
 
 double imbalance(const Model& model, double t, double p, const Properties& found) {

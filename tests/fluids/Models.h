@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "fluids/Flash.h"
+#include "fluids/FluidModel.h"
 #include "fluids/Fugacity.h"
 #include "tests/fluids/FluidCalls.h"
 
@@ -19,13 +19,13 @@ struct Model {
 
     fluids::Mixture mixture;
     std::vector<double> z;  ///< mole fractions
-    fluids::Flash flash;
+    fluids::FluidModel fluid;
     /// What every component's equation and the blend's two-phase region allow: K, kPa.
     double lowest = 0;
     double highest = 0;
     double pressureMax = 0;
 
-    const fluids::FluidPoint& critical() const { return flash.boundary().critical(); }
+    const fluids::FluidPoint& critical() const { return fluid.boundary().critical(); }
     double molarMass() const { return mixture.molarMass(z); }
 };
 

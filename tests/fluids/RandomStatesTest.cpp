@@ -28,7 +28,7 @@ class RandomStates : public testing::TestWithParam<Refrigerant> {
   protected:
     void SetUp() override {
         const Answer answer = setUp(GetParam());
-        ASSERT_EQ(answer.code, 0) << answer.sentence;
+        ASSERT_EQ(answer.code, 0) << answer.sentence();
     }
     void TearDown() override {
         EXPECT_EQ(failures_, 0U) << "of " << asked_ << " states";
@@ -81,7 +81,7 @@ class RandomStates : public testing::TestWithParam<Refrigerant> {
         return isListed() && std::abs(t / model.critical().temperature - 1) > 1e-3 ? 1e-8 : 1e-6;
     }
     bool isFound(const Properties& found) {
-        if (found.answer.code != 0) fail(found.answer.sentence);
+        if (found.answer.code != 0) fail(found.answer.sentence());
         return found.answer.code == 0;
     }
     void fail(const std::string& what) {

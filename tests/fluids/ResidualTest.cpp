@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "fluids/FluidFile.h"
+#include "fluids/JsonField.h"
 #include "fluids/Residual.h"
 
 namespace marvello::test {
@@ -28,7 +29,8 @@ std::vector<ResidualTerm> termsOf(const std::vector<std::string>& files, bool cr
     std::vector<ResidualTerm> found;
     for (const std::string& file : files) {
         for (const ResidualTerm& term :
-             fluids::readFluidFile(MARVELLO_SOURCE_FOLDER "/fluids/files/" + file).residual) {
+             fluids::readFluidFile(fluids::readFluidText(MARVELLO_SOURCE_FOLDER "/fluids/files/" + file))
+                 .residual) {
             if ((term.kind == TermKind::nonanalytic) == critical) found.push_back(term);
         }
     }

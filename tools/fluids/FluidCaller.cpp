@@ -8,7 +8,7 @@ namespace marvello::properties {
 namespace {
 
 void check(const std::string& name, const RefpropAnswer& answer) {
-    if (answer.code > 0) throw Refusal(name + ": " + answer.sentence);
+    if (answer.code > 0) throw Refusal(name + ": " + answer.sentence());
 }
 
 }  // namespace

@@ -17,8 +17,7 @@ struct State : RefpropState {
 /// The property library of the application folder, set up for one refrigerant. The zero of enthalpy and
 /// entropy is 200 kJ/kg and 1 kJ/(kg K) for saturated liquid of the refrigerant at 0 degC.
 ///
-/// The library keeps one set-up for the process: a new caller ends the one before. All calls throw Refusal
-/// with the library's own sentence.
+/// All calls throw Refusal with the library's own sentence.
 class FluidCaller {
   public:
     enum class Side : std::int32_t { bubble = 1, dew = 2 };
