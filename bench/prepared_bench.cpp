@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <chrono>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -18,6 +19,7 @@
 #include "catalogue/PreparedCatalogue.h"
 #include "data/Session.h"
 #include "engine/Calculator.h"
+#include "engine/CalculatorPool.h"
 #include "engine/clsSelections.h"
 #include "tools/catalogue/Content.h"
 
@@ -159,6 +161,40 @@ void wholeCatalogue(benchmark::State& state) {
     state.counters["statements"] = static_cast<double>(gDatabase().executedStatements() - statements);
 }
 BENCHMARK(wholeCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime();
+
+/// The same, and a map, on all processors next to one thread. Times are of the clock on the wall: the floor is
+/// the time of one thread over the count of threads.
+void onThreads(benchmark::State& state, bool isMap) {
+    const auto catalogue = preparedCatalogue(gDatabase());
+    const PreparedCompressor& model = modelOf(*catalogue, "R404A");
+    constexpr std::size_t points = 20000;
+    CalculatorPool pool;
+    CalculatorPool one(1);
+    double ted = 2;
+    const auto secondsOf = [&](CalculatorPool& threads) {
+        const auto begun = std::chrono::steady_clock::now();
+        ted += 1e-4;
+        if (isMap) {
+            threads.run(points, [&](Calculator& calculator, std::size_t i) {
+                calculator.calculate(model, conditionsAt(ted - 30 + 0.0013 * static_cast<double>(i), 40));
+            });
+        } else {
+            threads.run(catalogue->compressors().size(), [&](Calculator& calculator, std::size_t i) {
+                calculator.calculate(catalogue->compressors()[i], conditionsAt(ted, 40));
+            });
+        }
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
+    };
+    for (CalculatorPool* each : {&pool, &one}) secondsOf(*each);  // sets the refrigerants up
+    bench::AgainstFloor against(state, "one thread, over the count of threads");
+    for ([[maybe_unused]] auto turn : state) {
+        const double together = secondsOf(pool);
+        against.add(together, secondsOf(one) / pool.threads());
+    }
+    state.counters["threads"] = pool.threads();
+}
+BENCHMARK_CAPTURE(onThreads, wholeCatalogue, false)->Unit(benchmark::kMillisecond)->UseManualTime();
+BENCHMARK_CAPTURE(onThreads, points, true)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 /// Reading a catalogue into memory.
 void prepare(benchmark::State& state) {

@@ -167,7 +167,8 @@ void PreparedCompressor::readEnvelope(clsLimits& limits, bool economized) const 
     if (!found->fault.empty())
         throw std::invalid_argument("The envelope " + (economized ? limitEconomizedName : limitName) +
                                     " of " + Serie + " " + Model + " does not parse: " + found->fault + ".");
-    limits = found->limits;
+    // Threads with this compressor would wait for each other's counts of who shares the lines.
+    if (!limits.sharesLinesWith(found->limits)) limits = found->limits;
 }
 
 }  // namespace marvello

@@ -116,6 +116,9 @@ class clsLimits {
     const clsLimit& Item(int index) const;
     void Remove(int index);
 
+    /// Whether both have the very same lines.
+    bool sharesLinesWith(const clsLimits& other) const { return limits_ == other.limits_; }
+
     /// The first limit of a type, or nothing.
     const clsLimit* GetLimitType(int type) const;
     bool FindLimitType(int type) const { return GetLimitType(type) != nullptr; }

@@ -2,13 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <memory>
 #include <random>
+#include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "catalogue/PreparedCatalogue.h"
+#include "data/Hooks.h"
 #include "data/Numbers.h"
+#include "engine/CalculatorPool.h"
 #include "tests/engine/EngineFixture.h"
 
 namespace marvello {
@@ -86,6 +92,51 @@ TEST_F(CalculatorTest, GivesWhatASelectionGives) {
         ASSERT_EQ(selections.Count(), 1);
         ASSERT_EQ(found, resultOf(selections.Item(1)));
     }
+}
+
+TEST_F(CalculatorTest, ThreadsGiveWhatOneGives) {
+    const auto prepared = preparedCatalogue(gDatabase());
+    std::vector<clsProjectConditions> points;
+    for (int i = 0; i < 400; ++i) points.push_back(randomConditions());
+    const auto modelAt = [&](std::size_t i) -> const PreparedCompressor& {
+        return prepared->compressors()[i % 5];
+    };
+    std::vector<std::string> alone;
+    Calculator calculator;
+    for (std::size_t i = 0; i < points.size(); ++i)
+        alone.push_back(resultOf(calculator.calculate(modelAt(i), points[i])));
+
+    CalculatorPool pool(4);
+    for (int run = 0; run < 2; ++run) {
+        std::vector<std::string> together(points.size());
+        EXPECT_TRUE(pool.run(points.size(), [&](Calculator& own, std::size_t i) {
+            together[i] = resultOf(own.calculate(modelAt(i), points[i]));
+        }));
+        EXPECT_EQ(together, alone);
+    }
+}
+
+TEST_F(CalculatorTest, APoolPassesOnFailuresBoxesAndAborts) {
+    CalculatorPool pool(3);
+    try {
+        pool.run(100, [](Calculator&, std::size_t i) {
+            if (i >= 40) throw std::runtime_error(std::to_string(i));
+        });
+        FAIL();
+    } catch (const std::runtime_error& failure) {
+        EXPECT_GE(std::stoi(failure.what()), 40);
+    }
+    EXPECT_TRUE(pool.run(100, [](Calculator&, std::size_t) { showBox(BoxKind::plain, "once"); }));
+    EXPECT_EQ(catalogue.boxes, std::vector<std::string>{"once"});
+
+    std::atomic<int> done = 0;
+    catalogue.session.hooks.giveTurn = [] { AbortRequested() = true; };
+    EXPECT_FALSE(pool.run(1000000, [&](Calculator&, std::size_t) {
+        ++done;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }));
+    EXPECT_LT(done, 100000);
+    EXPECT_TRUE(pool.run(0, [](Calculator&, std::size_t) {}));
 }
 
 }  // namespace
