@@ -1,6 +1,10 @@
+#include "tools/select/JsonOutput.h"
+
 #include <nlohmann/json.hpp>
 
-#include "tools/select/Output.h"
+#include <utility>
+
+#include "data/Texts.h"
 
 namespace marvello::select {
 
@@ -114,13 +118,28 @@ Json ofRun(const Run& run) {
             {"compressors", std::move(compressors)}};
 }
 
+std::string written(const Json& json, int indent) {
+    return json.dump(indent, ' ', false, Json::error_handler_t::replace);
+}
+
 }  // namespace
 
-std::string asJson(const std::vector<Run>& runs, bool batch) {
-    Json out = Json::array();
-    for (const Run& run : runs) out.push_back(ofRun(run));
-    if (!batch && runs.size() == 1) out = Json(out.front());
-    return out.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+Frame jsonFrame(bool isBatch, bool) { return isBatch ? Frame{"[", ",", "\n]\n"} : Frame{"", "", "\n"}; }
+
+void addJson(std::string& text, const Run& run, LineNumber line) {
+    std::string object = written(ofRun(run), 2);
+    if (line) {
+        replaceAll(object, "\n", "\n  ");  // those of a text inside are escaped
+        text += "\n  ";
+    }
+    text += object;
+}
+
+void addJsonLine(std::string& text, const Run& run, LineNumber line) {
+    Json object;
+    if (line) object["line"] = *line;
+    object.update(ofRun(run));
+    text += written(object, -1) + "\n";
 }
 
 }  // namespace marvello::select
