@@ -39,8 +39,8 @@ const char* wordOf(Verdict verdict) {
     return "error";
 }
 
-bool isListed(const clsCompressor& compressor, const Column& column) {
-    return verdictOf(compressor) != Verdict::notPossible && compressor.Variables.isSet(column.variable);
+bool isListed(const clsCompressor& compressor, Verdict verdict, const Column& column) {
+    return verdict != Verdict::notPossible && compressor.Variables.isSet(column.variable);
 }
 
 /// The messages, each with the first of its causes.
@@ -62,9 +62,10 @@ Cells headings() {
 }
 
 Cells cellsOf(const clsCompressor& compressor) {
-    Cells cells{nameOf(compressor), wordOf(verdictOf(compressor))};
+    const Verdict verdict = verdictOf(compressor);
+    Cells cells{nameOf(compressor), wordOf(verdict)};
     for (const Column& column : columns)
-        cells.push_back(isListed(compressor, column)
+        cells.push_back(isListed(compressor, verdict, column)
                             ? formatNumber(compressor.Variables[column.variable], column.pattern)
                             : "");
     return cells;
@@ -124,15 +125,17 @@ void addCsv(std::string& text, const Run& run, LineNumber line) {
     const std::string point =
         ',' + storedText(conditions.TEvaporatingDew) + ',' + storedText(conditions.TCondensationDew) + ',';
     for (const auto& compressor : *run.selection) {
+        const Verdict verdict = verdictOf(*compressor);
         text += number + csvField(compressor->Refrigerant) + ',' + csvField(compressor->Serie) + ',' +
-                csvField(compressor->Model) + point + wordOf(verdictOf(*compressor)) + ',';
+                csvField(compressor->Model) + point + wordOf(verdict) + ',';
         for (const Column& column : columns) {
-            if (isListed(*compressor, column)) text += storedText(compressor->Variables[column.variable]);
+            if (isListed(*compressor, verdict, column))
+                text += storedText(compressor->Variables[column.variable]);
             text += ',';
         }
-        std::string all;
-        for (const std::string& each : texts(*compressor)) all += (all.empty() ? "" : " ") + each;
-        text += csvField(all) + '\n';
+        std::string messages;
+        for (const std::string& each : texts(*compressor)) messages += (messages.empty() ? "" : " ") + each;
+        text += csvField(messages) + '\n';
     }
 }
 
@@ -150,7 +153,7 @@ void addListCsv(std::string& text, const Run& run, LineNumber) {
     text += resultsRecords(listOf(run)).toCsv(userDecimalMark());
 }
 
-constexpr std::array all = {
+constexpr std::array allFormats = {
     Format{"table", true, 64, noFrame, addTable}, Format{"csv", true, 64, csvFrame, addCsv},
     Format{"json", true, 8, jsonFrame, addJson},  Format{"jsonl", true, 8, noFrame, addJsonLine},
     Format{"xml", false, 0, noFrame, addListXml}, Format{"list-csv", false, 0, noFrame, addListCsv},
@@ -158,13 +161,13 @@ constexpr std::array all = {
 
 }  // namespace
 
-std::span<const Format> formats() { return all; }
+std::span<const Format> formats() { return allFormats; }
 
 const Format& formatOf(const std::string& name) {
-    const auto* const found = std::ranges::find(all, name, &Format::name);
-    if (found != all.end()) return *found;
+    const auto* const found = std::ranges::find(allFormats, name, &Format::name);
+    if (found != allFormats.end()) return *found;
     std::vector<std::string> names;
-    for (const Format& format : all) names.emplace_back(format.name);
+    for (const Format& format : allFormats) names.emplace_back(format.name);
     throw BadRequest(notOneOf("format", name, names));
 }
 

@@ -17,15 +17,15 @@ namespace marvello::select {
 namespace {
 
 /// Returns the name as the catalogue spells it, which the engine compares letter by letter. Throws
-/// NothingMatches with `problem` and what is there.
-std::string spelled(const std::string& name, const std::vector<std::string>& names,
-                    const std::string& problem) {
+/// NothingMatches with what `problem` says, and what is there.
+template <class Problem>
+const std::string& spelled(const std::string& name, const std::vector<std::string>& names, Problem problem) {
     const auto found =
         std::ranges::find_if(names, [&](const std::string& each) { return equalIgnoringCase(each, name); });
     if (found != names.end()) return *found;
     std::string all;
     for (const std::string& each : names) all += (all.empty() ? "" : ", ") + each;
-    throw NothingMatches(problem + "; it has " + all + ".");
+    throw NothingMatches(problem() + "; it has " + all + ".");
 }
 
 /// What a session knows of the open catalogue, each list read at its first use.
@@ -72,20 +72,21 @@ const SaturationRange& knownRange(const std::string& refrigerant) {
 /// Each name is looked up before it reaches the engine, so that an answer says what is missing.
 void spellNames(Request& request) {
     std::string& refrigerant = request.refrigerant;
-    refrigerant =
-        spelled(refrigerant, knownRefrigerants(), "The catalogue has no refrigerant " + refrigerant);
+    refrigerant = spelled(refrigerant, knownRefrigerants(),
+                          [&] { return "The catalogue has no refrigerant " + refrigerant; });
     std::string& series = request.series;
     series = spelled(series, knownSeries(refrigerant),
-                     "The catalogue has no series " + series + " for " + refrigerant);
+                     [&] { return "The catalogue has no series " + series + " for " + refrigerant; });
     if (request.models == "*") return;
     const std::vector<std::string>& ofSeries = knownModels(refrigerant, series);
     std::string models;
-    for (const std::string& name : splitText(request.models, ';')) {
-        if (trimmed(name).empty()) continue;
-        const std::string model =
-            spelled(trimmed(name), ofSeries,
-                    "The series " + series + " has no model " + trimmed(name) + " for " + refrigerant);
-        models += (models.empty() ? "" : ";") + model;
+    for (const std::string& each : splitText(request.models, ';')) {
+        const std::string name = trimmed(each);
+        if (name.empty()) continue;
+        if (!models.empty()) models += ';';
+        models += spelled(name, ofSeries, [&] {
+            return "The series " + series + " has no model " + name + " for " + refrigerant;
+        });
     }
     request.models = models.empty() ? "*" : models;
 }
