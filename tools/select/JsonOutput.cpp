@@ -109,13 +109,15 @@ Json ofCompressor(const clsCompressor& c) {
               {"information", ofMessages(c.Messages.Information)}}}};
 }
 
-Json ofRun(const Run& run) {
-    Json compressors = Json::array();
+Json ofRun(const Run& run, LineNumber line) {
+    Json object;
+    if (line) object["line"] = *line;
+    object["conditions"] = ofConditions(run.request);
+    object["aborted"] = run.selection->isAborted();
+    object["count"] = run.selection->Count();
+    Json& compressors = object["compressors"] = Json::array();
     for (const auto& compressor : *run.selection) compressors.push_back(ofCompressor(*compressor));
-    return {{"conditions", ofConditions(run.request)},
-            {"aborted", run.selection->isAborted()},
-            {"count", run.selection->Count()},
-            {"compressors", std::move(compressors)}};
+    return object;
 }
 
 std::string written(const Json& json, int indent) {
@@ -127,7 +129,7 @@ std::string written(const Json& json, int indent) {
 Frame jsonFrame(bool isBatch, bool) { return isBatch ? Frame{"[", ",", "\n]\n"} : Frame{"", "", "\n"}; }
 
 void addJson(std::string& text, const Run& run, LineNumber line) {
-    std::string object = written(ofRun(run), 2);
+    std::string object = written(ofRun(run, {}), 2);
     if (line) {
         replaceAll(object, "\n", "\n  ");  // those of a text inside are escaped
         text += "\n  ";
@@ -136,10 +138,7 @@ void addJson(std::string& text, const Run& run, LineNumber line) {
 }
 
 void addJsonLine(std::string& text, const Run& run, LineNumber line) {
-    Json object;
-    if (line) object["line"] = *line;
-    object.update(ofRun(run));
-    text += written(object, -1) + "\n";
+    text += written(ofRun(run, line), -1) + "\n";
 }
 
 }  // namespace marvello::select
