@@ -161,11 +161,13 @@ class Writer {
 
     void write(const BlockResult& result) {
         progress_.add(result.lines);
-        if (!result.complaints.empty()) progress_.hide();
+        if (!result.text.empty()) {
+            print(std::string_view(result.text).substr(isFirst_ ? frame_.between.size() : 0));
+            isFirst_ = false;
+        }
+        if (result.complaints.empty()) return;
+        progress_.hide();
         std::fputs(result.complaints.c_str(), stderr);
-        if (result.text.empty()) return;
-        print(std::string_view(result.text).substr(isFirst_ ? frame_.between.size() : 0));
-        isFirst_ = false;
     }
     void end() { print(frame_.closing); }
 
