@@ -188,7 +188,7 @@ void write(BlockQueue& queue, const Frame& frame, BatchEnd& end) {
     for (bool isLast = false; !isLast;) {
         const BlockResult result = queue.next();
         writer.write(result);
-        end.linesDone += result.lines;
+        end.lastLine += result.lines;
         end.hasBadLine |= result.hasBadLine;
         end.hasCompressor |= result.hasCompressor;
         end.isInterrupted |= result.isInterrupted;
@@ -208,8 +208,8 @@ struct Stop {
     }
 };
 
-/// Reads the columns from the first line that is not empty, or from the options. Returns how many lines of
-/// the file that took.
+/// Reads the columns from the first line that is not empty, or from the options. Returns the number of the
+/// last line that it took.
 long long readHeading(Batch& batch, LineReader& reader) {
     const auto read = [&](const std::string& place, const LineBlock& line) {
         try {
@@ -222,12 +222,12 @@ long long readHeading(Batch& batch, LineReader& reader) {
         return !batch.columns.empty();
     };
     if (batch.options.columns) {
-        if (read("columns: ", {.text = *batch.options.columns})) return 0;
+        if (read("columns: ", {.text = *batch.options.columns})) return batch.options.firstLine - 1;
         throw BadRequest("columns: there is none");
     }
     while (const auto line = reader.next(1))
         if (read(batch.place(line->first), *line)) return line->first;
-    if (Interrupt::isAsked()) return 0;
+    if (Interrupt::isAsked()) return batch.options.firstLine - 1;
     throw BadRequest(batch.file() + " has no header line");
 }
 
@@ -242,8 +242,8 @@ BatchEnd runBatch(const BatchOptions& options, const Format& format, const Reque
     BatchEnd end;
     try {
         input.emplace(options.file);
-        reader.emplace(*input);
-        end.linesDone = readHeading(batch, *reader);
+        reader.emplace(*input, options.firstLine);
+        end.lastLine = readHeading(batch, *reader);
     } catch (const std::system_error&) {
         throw batch.unreadable();
     }

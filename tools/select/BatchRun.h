@@ -14,6 +14,7 @@ struct BatchOptions {
     std::string file;                    ///< "-" is standard input.
     std::optional<std::string> columns;  ///< Instead of a heading in the file.
     std::string language;
+    long long firstLine = 1;  ///< The number of its first line.
     int jobs = 1;
     bool isStrict = false;   ///< Stops at the first line that cannot be calculated.
     bool hasHeading = true;  ///< Of the output, where the format has one.
@@ -24,7 +25,7 @@ struct BatchEnd {
     bool hasBadLine = false;
     bool hasCompressor = false;
     bool isInterrupted = false;
-    long long linesDone = 0;  ///< Of the file, from its first one; with its heading.
+    long long lastLine = 0;  ///< The number of the last line that was done, the heading's if it is that.
 };
 
 /// Runs a batch line by line on `jobs` threads with a session each, and writes the runs to standard output

@@ -20,7 +20,8 @@ class LineReader {
   public:
     static constexpr std::size_t longestLine = 1'000'000;
 
-    explicit LineReader(Input& input) : input_(input) {}
+    /// `first` is the number of the first line.
+    LineReader(Input& input, long long first) : input_(input), line_(first) {}
 
     /// The next lines, `most` of them or those that have come in; waits for one. None at the end, and once an
     /// interrupt was asked for. Throws std::system_error if the text cannot be read.
@@ -34,7 +35,7 @@ class LineReader {
     Input& input_;
     std::string held_;  ///< What was read and not taken.
     std::size_t at_ = 0;
-    long long line_ = 1;
+    long long line_;
 };
 
 }  // namespace marvello::select

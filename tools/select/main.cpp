@@ -37,6 +37,7 @@ struct Arguments {
     std::map<std::string, std::string> options;  ///< By name of the request option.
     std::string format = "table";
     std::string jobs;
+    std::string firstLine = "1";
     std::string folder;
     bool list = false;
     bool inverter = false;
@@ -49,14 +50,20 @@ int complain(const std::string& sentence, ExitStatus status) {
     return status;
 }
 
+/// Reads a whole number from 1 on.
+long long wholeNumber(const std::string& option, const std::string& text, long long most) {
+    const auto number = storedNumber(text);
+    if (!number || *number < 1 || *number > static_cast<double>(most) || *number != std::floor(*number))
+        throw BadRequest(option + ": \"" + text + "\" is not a whole number from 1 to " +
+                         std::to_string(most));
+    return static_cast<long long>(*number);
+}
+
 /// As many as there are processors if nothing is said.
 int jobsOf(const std::string& text) {
     constexpr int most = 256;
     if (text.empty()) return std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, most);
-    const auto jobs = storedNumber(text);
-    if (!jobs || *jobs < 1 || *jobs > most || *jobs != std::floor(*jobs))
-        throw BadRequest("jobs: \"" + text + "\" is not a whole number from 1 to " + std::to_string(most));
-    return static_cast<int>(*jobs);
+    return static_cast<int>(wholeNumber("jobs", text, most));
 }
 
 ExitStatus statusOf(bool hasCompressor) {
@@ -69,7 +76,7 @@ int selectBatch(const BatchOptions& options, const Format& format, const Request
                 const Choices& choices) {
     const BatchEnd end = runBatch(options, format, base, choices);
     if (end.isInterrupted)
-        return complain("interrupted after line " + std::to_string(end.linesDone), interrupted);
+        return complain("interrupted after line " + std::to_string(end.lastLine), interrupted);
     return end.hasBadLine ? someLinesBad : statusOf(end.hasCompressor);
 }
 
@@ -90,6 +97,7 @@ int select(const Arguments& arguments) {
                          " is the list of one selection; a batch has table, csv, json and jsonl");
     BatchOptions batch = arguments.batch;
     batch.jobs = jobsOf(arguments.jobs);
+    batch.firstLine = wholeNumber("first-line", arguments.firstLine, 1'000'000'000'000'000);
     const Session session(arguments.folder);
     openCatalogue(batch.language);
     const Choices choices = catalogueChoices();
@@ -113,6 +121,9 @@ void addBatchOptions(CLI::App& app, Arguments& arguments) {
                    "with --batch: names of the columns of a file without a heading, such as ted,tcd")
         ->needs(file);
     app.add_flag("!--no-header", batch.hasHeading, "with --batch: leaves the heading of CSV out")
+        ->needs(file);
+    app.add_option("--first-line", arguments.firstLine,
+                   "with --batch: number of the first line, of a piece of a longer file (1)")
         ->needs(file);
     app.add_option("--jobs", arguments.jobs, "with --batch: number of threads, 1 to 256 (the processors)")
         ->needs(file);
