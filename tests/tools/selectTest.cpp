@@ -113,7 +113,7 @@ TEST(marvelloSelect, AnOptionThatCannotBeIsRefusedWithWhatCan) {
              Refusal{at + " --sc nan", "sc: \"nan\" is not a number from 0 to 100 K"},
              Refusal{at + " --eco-mode 1 --eco 500", "eco: \"500\" is outside the range of 0 to 100 K"},
              Refusal{at + " --language xx", "language: \"xx\" is not one of cn-CN"},
-             Refusal{at + " --format html", "format: \"html\" is not one of table, csv, json, xml, list-csv"},
+             Refusal{at + " --format html", "format: \"html\" is not one of table, csv, json, jsonl, xml, list-csv"},
              Refusal{"--batch none.csv --format xml", "format: xml is the list of one selection"},
              Refusal{at + " --strict", "--batch"},
              Refusal{there + "--ted nan --tcd 40", "ted: \"nan\" is not a number"},
