@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <exception>
 #include <memory>
-#include <mutex>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
@@ -53,9 +52,6 @@ class Worker {
     explicit Worker(const Batch& batch) : batch_(batch) {}
 
     BlockResult run(const LineBlock& lines) {
-        // One thread at a time calculates: the property library holds one fluid for the process.
-        static std::mutex propertyLibrary;
-        const std::lock_guard turn(propertyLibrary);
         BlockResult result;
         try {
             open();

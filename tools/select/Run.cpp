@@ -34,9 +34,17 @@ struct Known {
     std::map<std::string, std::vector<std::string>> series;                          ///< By refrigerant.
     std::map<std::pair<std::string, std::string>, std::vector<std::string>> models;  ///< And by series.
     std::map<std::string, SaturationRange> ranges;                                   ///< By refrigerant.
+    std::shared_ptr<clsSelections> selection;  ///< Of the last run, to be used again.
 };
 
 Known& known() { return Session::current().part<Known>(); }
+
+/// That of the last run, unless somebody holds its results.
+std::shared_ptr<clsSelections> freeSelection() {
+    auto& selection = known().selection;
+    if (!selection || selection.use_count() > 1) selection = std::make_shared<clsSelections>();
+    return selection;
+}
 
 /// Returns the entry of a key, made at its first use.
 template <class Map, class Make>
@@ -118,13 +126,15 @@ Run carryOut(Request request) {
     checkRequest(request);
     spellNames(request);
     checkTemperatures(request, knownRange(request.refrigerant));
-    Run run{request, std::make_unique<clsSelections>(), {}};
+    const auto selection = freeSelection();
+    Run run{std::move(request), selection, {}};
     AbortRequested() = false;
-    const auto refprop = SharedRefprop(request.refrigerant);
+    const auto refprop = SharedRefprop(run.request.refrigerant);
     refprop->clearLastUndefined();
     const CollectedBoxes said;
-    run.selection->Selection(std::make_shared<clsProjectConditions>(request.conditions), request.series,
-                             request.models, request.refrigerant, static_cast<std::uint8_t>(request.market));
+    selection->Selection(std::make_shared<clsProjectConditions>(run.request.conditions), run.request.series,
+                         run.request.models, run.request.refrigerant,
+                         static_cast<std::uint8_t>(run.request.market));
     for (const CollectedBoxes::Box& box : said.boxes())
         run.remarks.push_back(remarkOf(box.text, refprop->LastUndefined()));
     return run;
