@@ -11,6 +11,7 @@
 
 #include "app/ConnectionString.h"
 #include "app/FirstInstance.h"
+#include "app/ReadAhead.h"
 #include "catalogue/Globals.h"
 #include "data/Hooks.h"
 #include "data/Session.h"
@@ -97,6 +98,7 @@ int Main() try {
     mainWindow.show();
     instance.whenCalled([&mainWindow] { raise(mainWindow); });
     mainWindow.openStartMenu();
+    ReadAhead readAhead;
     return QApplication::exec();
 } catch (const std::exception& failure) {
     return reportFailedStart(failure.what());

@@ -179,7 +179,7 @@ void Look::install(QApplication& application, const Look& look) {
 
 QFont lookFont(int pixelSize, QFont::Weight weight) {
     QFont font;
-    font.setFamilies({QStringLiteral("Roboto"), QStringLiteral("Noto Sans CJK SC"), QFont().defaultFamily()});
+    font.setFamilies({QStringLiteral("Roboto"), QStringLiteral("Noto Sans CJK SC")});
     font.setPixelSize(pixelSize);
     font.setWeight(weight);
     return font;

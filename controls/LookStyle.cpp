@@ -1,11 +1,13 @@
 #include "controls/LookStyle.h"
 
+#include <QIconEngine>
 #include <QPainter>
 #include <QPolygon>
 #include <QStyleFactory>
 #include <QStyleOptionComplex>
 #include <QStyleOptionTitleBar>
 #include <initializer_list>
+#include <memory>
 #include <utility>
 
 #include "controls/Icons.h"
@@ -70,6 +72,34 @@ void drawTitleBar(const QStyleOptionTitleBar& bar, QPainter& painter, const QSty
                        {QStyle::SC_TitleBarCloseButton, "close"}});
 }
 
+/// The icon of a bar's button for what does not fit. It is read when it is painted first, which most windows
+/// never do: its file brings in the readers of every kind of picture.
+class ExtensionIcon : public QIconEngine {
+  public:
+    ExtensionIcon(const QProxyStyle& style, QStyle::StandardPixmap which) : style_(style), which_(which) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+        icon().paint(painter, rect, Qt::AlignCenter, mode, state);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return scaledPixmap(size, mode, state, 1);
+    }
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal scale) override {
+        return icon().pixmap(size / scale, scale, mode, state);
+    }
+    QIconEngine* clone() const override { return std::make_unique<ExtensionIcon>(*this).release(); }
+
+  private:
+    const QIcon& icon() {
+        if (icon_.isNull()) icon_ = style_.QProxyStyle::standardIcon(which_);
+        return icon_;
+    }
+
+    const QProxyStyle& style_;
+    QStyle::StandardPixmap which_;
+    QIcon icon_;
+};
+
 }  // namespace
 
 LookStyle::LookStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
@@ -108,6 +138,13 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
         default:
             return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
+}
+
+QIcon LookStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
+    // QIcon takes ownership of its engine.
+    if (which == SP_ToolBarHorizontalExtensionButton || which == SP_ToolBarVerticalExtensionButton)
+        return QIcon(std::make_unique<ExtensionIcon>(*this, which).release());
+    return QProxyStyle::standardIcon(which, option, widget);
 }
 
 QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,

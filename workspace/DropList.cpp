@@ -10,7 +10,10 @@
 
 namespace marvello {
 
-DropList::DropList(QWidget* window) : QObject(window), combo_(new ctlCombo(window)) {
+DropList::DropList(QWidget* window) : QObject(window) {}
+
+void DropList::makeCombo() {
+    combo_ = new ctlCombo(static_cast<QWidget*>(parent()));
     combo_->setObjectName(QStringLiteral("ctlCombo1"));
     connect(combo_, &ctlCombo::Choice, this, &DropList::take);
     connect(combo_, &ctlCombo::Closed, this, &DropList::close);
@@ -32,6 +35,7 @@ bool DropList::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void DropList::open(AdvanceText* field, bool checkBoxes) {
+    if (!combo_) makeCombo();
     combo_->hide();
     field_ = field;
     checkBoxes_ = checkBoxes;

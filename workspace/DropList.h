@@ -23,11 +23,12 @@ class DropList : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void makeCombo();
     void open(AdvanceText* field, bool checkBoxes);
     void take(const QString& key, const QString& text);
     void close();
 
-    ctlCombo* combo_;
+    ctlCombo* combo_ = nullptr;  ///< made at its first opening
     QPointer<AdvanceText> field_;
     bool checkBoxes_ = false;
     QString typed_;  ///< what opened the list, if it was a letter

@@ -34,7 +34,9 @@ QLabel* label(QWidget* parent, const char* name, int pixelSize, const char* colo
     auto* const made = new QLabel(parent);
     made->setObjectName(QLatin1String(name));
     made->setFont(lookFont(pixelSize));
-    made->setStyleSheet(QStringLiteral("background: transparent; color: %1").arg(QLatin1String(colour)));
+    QPalette palette = made->palette();
+    palette.setColor(QPalette::WindowText, QColor(QLatin1String(colour)));
+    made->setPalette(palette);
     made->setGeometry(margin, top, pictureSize.width() - 2 * margin, height);
     return made;
 }

@@ -3,7 +3,7 @@
 #include <QHBoxLayout>
 
 #include "controls/GraphLegend.h"
-#include "controls/Look.h"
+#include "controls/Hairline.h"
 #include "controls/ctlGraph.h"
 
 namespace marvello {
@@ -13,9 +13,7 @@ LimitsPage::LimitsPage(QWidget* parent) : QWidget(parent) {
     limitgraph_->setObjectName(QStringLiteral("limitgraph"));
     picGraphLbl_ = new GraphLegend(this);
     picGraphLbl_->setObjectName(QStringLiteral("picGraphLbl"));
-    between_ = new QWidget(this);
-    between_->setFixedWidth(1);
-    between_->setStyleSheet(QStringLiteral("background: %1").arg(Look::current().line.name()));
+    between_ = new Hairline(this);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);

@@ -16,8 +16,8 @@
 #include <QWheelEvent>
 
 #include "controls/AdvanceText.h"
+#include "controls/Hairline.h"
 #include "controls/Icons.h"
-#include "controls/Look.h"
 #include "controls/TabStrip.h"
 #include "data/DictionaryTexts.h"
 #include "data/Session.h"
@@ -108,9 +108,8 @@ void MDIMain::makeStatusBar() {
     subject_ = new QLabel(this);
     counts_ = new QLabel(this);
     subject_->setContentsMargins(10, 0, 6, 0);
-    separator_ = new QWidget(this);
-    separator_->setFixedSize(1, 14);
-    separator_->setStyleSheet(QStringLiteral("background: %1").arg(Look::current().line.name()));
+    separator_ = new Hairline(this);
+    separator_->setFixedHeight(14);
     counts_->setContentsMargins(6, 0, 12, 0);
     counts_->setObjectName(QStringLiteral("statusCounts"));
     statusBar()->addWidget(subject_);

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "controls/AdvanceText.h"
+#include "controls/Hairline.h"
 #include "controls/Icons.h"
 #include "controls/Look.h"
 #include "controls/TabStrip.h"
@@ -81,9 +82,8 @@ QToolButton* toolButton(QAction* action, QWidget* bar) {
 
 /// The line between two groups of buttons.
 QWidget* separator(QWidget* bar) {
-    auto* line = new QWidget(bar);
+    auto* line = new Hairline(bar);
     line->setFixedSize(17, 20);
-    line->setStyleSheet(QStringLiteral("background: %1; margin: 0 8px").arg(Look::current().line.name()));
     return line;
 }
 
