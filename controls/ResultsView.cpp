@@ -1,6 +1,7 @@
 #include "controls/ResultsView.h"
 
 #include <QFontMetrics>
+#include <QHash>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -8,7 +9,8 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
-#include <memory>
+#include <numeric>
+#include <utility>
 
 #include "controls/Icons.h"
 #include "controls/Look.h"
@@ -29,35 +31,59 @@ constexpr int plainIndent = 12;
 constexpr int markGap = 8;
 constexpr int sidePadding = 10;
 
-enum Role { keyRole = Qt::UserRole, markRole, groupRole };
+/// How wide a text is at most: its signs next to each other, each asked for once. To shape a text costs a
+/// hundred times as much, and most of a column fit into its width without.
+class WidthBound {
+  public:
+    explicit WidthBound(const QFontMetrics& metrics) : metrics_(metrics) {}
+
+    int of(const QString& text) {
+        constexpr int beyond = 4;  // what pairs of signs may be set apart
+        return std::accumulate(text.begin(), text.end(), beyond,
+                               [this](int sum, QChar sign) { return sum + of(sign); });
+    }
+
+  private:
+    int of(QChar sign) {
+        int& width = widths_[sign];
+        if (width == 0) width = metrics_.horizontalAdvance(sign) + 1;
+        return width;
+    }
+
+    const QFontMetrics& metrics_;
+    QHash<QChar, int> widths_;
+};
 
 /// Paints the contents of a cell; the row paints what is behind it.
 class CellDelegate : public QStyledItemDelegate {
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    CellDelegate(const ResultsModel& model, QObject* parent) : QStyledItemDelegate(parent), model_(model) {}
 
     QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override { return {0, rowHeight}; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        const bool isGroup = index.data(groupRole).toBool();
+        const ResultsModel::Row& row = model_.row(index.row());
+        const QString text = model_.text(index.row(), index.column());
         painter->setPen(Look::current().text);
-        painter->setFont(lookFont(13, isGroup ? QFont::Medium : QFont::Normal));
+        painter->setFont(lookFont(13, row.isGroup ? QFont::Medium : QFont::Normal));
         if (index.column() > 0) {
             painter->drawText(option.rect.adjusted(4, 0, -sidePadding, 0), Qt::AlignRight | Qt::AlignVCenter,
-                              index.data().toString());
+                              text);
             return;
         }
-        const QString mark = index.data(markRole).toString();
-        const int indent = mark.isEmpty() ? plainIndent : isGroup ? groupIndent : rowIndent;
+        const int indent = row.mark.isEmpty() ? plainIndent : row.isGroup ? groupIndent : rowIndent;
         QRect place = option.rect.adjusted(indent, 0, 0, 0);
-        if (!mark.isEmpty()) {
+        if (!row.mark.isEmpty()) {
             const int top = place.top() + (place.height() - markSize) / 2;
-            paintMark(*painter, QRect(place.left(), top, markSize, markSize), mark);
+            paintMark(*painter, QRect(place.left(), top, markSize, markSize), row.mark);
             place.adjust(markSize + markGap, 0, 0, 0);
         }
-        painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
+        painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter, text);
     }
+
+  private:
+    const ResultsModel& model_;
 };
 
 }  // namespace
@@ -67,7 +93,7 @@ ResultsView::ResultsView(QWidget* parent) : QTreeView(parent), headings_(new Two
     setHeader(headings_);
     header()->setStretchLastSection(false);
     header()->setMouseTracking(true);
-    setItemDelegate(new CellDelegate(this));
+    setItemDelegate(new CellDelegate(model_, this));
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setIndentation(0);
@@ -80,12 +106,11 @@ ResultsView::ResultsView(QWidget* parent) : QTreeView(parent), headings_(new Two
     setMouseTracking(true);
     setAllColumnsShowFocus(true);
     connect(header(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
-        if (!isArranging_)
-            chosenWidths_[model_.headerData(column, Qt::Horizontal, keyRole).toString()] = width;
+        if (!isArranging_) chosenWidths_[columnKeys().at(column)] = width;
     });
     // A double click on the edge of a column gives it the width of its contents again.
     connect(header(), &QHeaderView::sectionHandleDoubleClicked, this, [this](int column) {
-        chosenWidths_.remove(model_.headerData(column, Qt::Horizontal, keyRole).toString());
+        chosenWidths_.remove(columnKeys().at(column));
         setWidth(column, fittingWidth(column));
     });
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &ResultsView::rowSelected);
@@ -96,20 +121,16 @@ ResultsView::ResultsView(QWidget* parent) : QTreeView(parent), headings_(new Two
 }
 
 void ResultsView::clear() {
-    model_.removeRows(0, model_.rowCount());
-    model_.removeColumns(0, model_.columnCount());
+    const bool hadSelection = selectionModel()->hasSelection();
+    model_.clear();
+    doItemsLayout();  // back at the top, before rows come again
+    // A model that starts anew takes the selection away without a word.
+    if (hadSelection) emit rowSelected();
 }
 
 void ResultsView::setColumns(const std::vector<Column>& columns) {
-    model_.setColumnCount(static_cast<int>(columns.size()));
-    for (int i = 0; i < model_.columnCount(); ++i) {
-        const Column& column = columns[static_cast<std::size_t>(i)];
-        auto item = std::make_unique<QStandardItem>(column.text);
-        item->setData(column.key, keyRole);
-        item->setToolTip(column.description);
-        model_.setHorizontalHeaderItem(i, item.release());
-        setWidth(i, i == 0 ? firstWidth : otherWidth);
-    }
+    model_.setColumns(columns);
+    for (int i = 0; i < model_.columnCount(); ++i) setWidth(i, i == 0 ? firstWidth : otherWidth);
 }
 
 void ResultsView::setSortable() {
@@ -135,45 +156,23 @@ void ResultsView::markSorted(const QString& column, bool descending) {
 }
 
 void ResultsView::addGroup(const QString& key, const QString& text) {
-    addRow({key, text, mark::group, {}, {}});
-    const int row = model_.rowCount() - 1;
     const QString spoken = QString(spokenGroup_).replace(QStringLiteral("{0}"), text);
-    for (int column = 0; column < model_.columnCount(); ++column) {
-        model_.setData(model_.index(row, column), true, groupRole);
-        model_.setData(model_.index(row, column), spoken, Qt::AccessibleTextRole);
-    }
-    setFirstColumnSpanned(row, {}, true);
+    model_.add({key, text, mark::group, spoken, {}, true});
 }
 
-void ResultsView::addRow(const Row& row) {
-    QList<QStandardItem*> items;  // the model takes ownership
-    auto label = std::make_unique<QStandardItem>(row.label);
-    label->setData(row.key, keyRole);
-    label->setData(row.mark, markRole);
-    label->setAccessibleText(row.markText.isEmpty() ? row.label
-                                                    : row.label + QStringLiteral(", ") + row.markText);
-    items.append(label.release());
-    const QString none = QStringLiteral("\u2013");
-    for (const QString& value : row.values) {
-        // A figure says what it is, as a heading far above it does for the eye.
-        const auto [name, unit] = TwoLineHeader::lines(
-            model_.headerData(static_cast<int>(items.size()), Qt::Horizontal).toString());
-        auto cell = std::make_unique<QStandardItem>(value);
-        cell->setAccessibleText(
-            QStringList{name, value.trimmed().isEmpty() ? none : value.trimmed(), unit}.join(u' ').trimmed());
-        items.append(cell.release());
-    }
-    model_.appendRow(items);
-}
+void ResultsView::addRow(Row row) { model_.add(std::move(row)); }
 
 int ResultsView::fittingWidth(int column) const {
     const QFontMetrics metrics(lookFont());
-    const QString header = model_.headerData(column, Qt::Horizontal).toString();
+    const QString header = columnTexts().at(column);
     int width = std::max(column == 0 ? firstWidth : otherWidth, TwoLineHeader::widthOf(header));
+    const int around = column == 0 ? rowIndent + markSize + markGap + sidePadding : sidePadding + 4;
+    WidthBound bound(metrics);
     for (int row = 0; row < model_.rowCount(); ++row) {
         if (column == 0 && isGroup(row)) continue;
-        const int around = column == 0 ? rowIndent + markSize + markGap + sidePadding : sidePadding + 4;
-        width = std::max(width, metrics.horizontalAdvance(text(row, column)) + around);
+        const QString shown = text(row, column);
+        if (bound.of(shown) + around > width)
+            width = std::max(width, metrics.horizontalAdvance(shown) + around);
     }
     return width;
 }
@@ -197,10 +196,10 @@ void ResultsView::setWidth(int column, int width) {
     isArranging_ = false;
 }
 
-bool ResultsView::isGroup(int row) const { return model_.index(row, 0).data(groupRole).toBool(); }
-QString ResultsView::key(int row) const { return model_.index(row, 0).data(keyRole).toString(); }
-QString ResultsView::mark(int row) const { return model_.index(row, 0).data(markRole).toString(); }
-QString ResultsView::text(int row, int column) const { return model_.index(row, column).data().toString(); }
+bool ResultsView::isGroup(int row) const { return model_.row(row).isGroup; }
+QString ResultsView::key(int row) const { return model_.row(row).key; }
+QString ResultsView::mark(int row) const { return model_.row(row).mark; }
+QString ResultsView::text(int row, int column) const { return model_.text(row, column); }
 
 QStringList ResultsView::rowTexts(int row) const {
     QStringList texts;
@@ -210,15 +209,13 @@ QStringList ResultsView::rowTexts(int row) const {
 
 QStringList ResultsView::columnKeys() const {
     QStringList keys;
-    for (int column = 0; column < model_.columnCount(); ++column)
-        keys += model_.headerData(column, Qt::Horizontal, keyRole).toString();
+    for (const Column& column : model_.columns()) keys += column.key;
     return keys;
 }
 
 QStringList ResultsView::columnTexts() const {
     QStringList texts;
-    for (int column = 0; column < model_.columnCount(); ++column)
-        texts += model_.headerData(column, Qt::Horizontal).toString();
+    for (const Column& column : model_.columns()) texts += column.text;
     return texts;
 }
 
@@ -283,22 +280,31 @@ void ResultsView::drawRow(QPainter* painter, const QStyleOptionViewItem& options
     plain.state &= ~(QStyle::State_Selected | QStyle::State_MouseOver | QStyle::State_HasFocus);
     plain.palette.setColor(QPalette::Highlight, Qt::transparent);
     plain.backgroundBrush = Qt::NoBrush;
+    if (isGroup(index.row())) {
+        drawGroup(painter, plain, index);
+        return;
+    }
     QTreeView::drawRow(painter, plain, index);
     if (horizontalOffset() > 0) drawLabelOver(painter, plain, index);
+}
+
+// The text of a group takes the whole width, however far the values are scrolled.
+void ResultsView::drawGroup(QPainter* painter, const QStyleOptionViewItem& options,
+                            const QModelIndex& index) const {
+    QStyleOptionViewItem label(options);
+    label.rect = QRect(0, options.rect.top(), viewport()->width(), options.rect.height());
+    itemDelegate()->paint(painter, label, index.siblingAtColumn(0));
 }
 
 // The label stays in sight when the values are scrolled sideways: it is painted again over the values in its
 // place.
 void ResultsView::drawLabelOver(QPainter* painter, const QStyleOptionViewItem& options,
                                 const QModelIndex& index) const {
-    const bool group = isGroup(index.row());
     QStyleOptionViewItem label(options);
-    label.rect = QRect(0, options.rect.top(), group ? viewport()->width() : header()->sectionSize(0),
-                       options.rect.height());
+    label.rect = QRect(0, options.rect.top(), header()->sectionSize(0), options.rect.height());
     paintGround(painter, label.rect, index.row());
-    if (!group)
-        painter->fillRect(QRect(label.rect.topRight(), QSize(1, label.rect.height())),
-                          Look::current().controlLine);
+    painter->fillRect(QRect(label.rect.topRight(), QSize(1, label.rect.height())),
+                      Look::current().controlLine);
     itemDelegate()->paint(painter, label, index.siblingAtColumn(0));
 }
 
@@ -323,7 +329,7 @@ bool ResultsView::viewportEvent(QEvent* event) {
         const int x = help->pos().x();
         const int column = x < header()->sectionSize(0) ? 0 : header()->logicalIndexAt(x);
         const QString text =
-            column < 0 ? QString() : model_.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
+            column < 0 ? QString() : model_.columns().at(static_cast<std::size_t>(column)).description;
         QToolTip::showText(help->globalPos(), text, this);
         return true;
     }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QHash>
-#include <QStandardItemModel>
 #include <QString>
 #include <QStringList>
 #include <QTreeView>
+#include <vector>
+
+#include "controls/ResultsModel.h"
 
 namespace marvello {
 
@@ -17,18 +19,8 @@ class ResultsView : public QTreeView {
     Q_OBJECT
 
   public:
-    struct Column {
-        QString key;
-        QString text;         ///< "name(unit)"
-        QString description;  ///< shown as a tool tip
-    };
-    struct Row {
-        QString key;
-        QString label;
-        QString mark;        ///< its name in Marks.h; blank without one
-        QString markText;    ///< what the mark says, for a screen reader
-        QStringList values;  ///< one for each column after the first
-    };
+    using Column = ResultsModel::Column;
+    using Row = ResultsModel::Row;
 
     explicit ResultsView(QWidget* parent = nullptr);
 
@@ -43,7 +35,7 @@ class ResultsView : public QTreeView {
     /// Marks the column by which the rows are sorted; a key that no column has marks none.
     void markSorted(const QString& column, bool descending);
     void addGroup(const QString& key, const QString& text);
-    void addRow(const Row& row);
+    void addRow(Row row);
     /// Widens every column until neither its header nor a value is cut; those that the user made wider or
     /// narrower keep that width.
     void fitColumns();
@@ -87,13 +79,14 @@ class ResultsView : public QTreeView {
 
   private:
     void paintGround(QPainter* painter, const QRect& place, int row) const;
+    void drawGroup(QPainter* painter, const QStyleOptionViewItem& options, const QModelIndex& index) const;
     void drawLabelOver(QPainter* painter, const QStyleOptionViewItem& options,
                        const QModelIndex& index) const;
     bool isInUse() const;
     int fittingWidth(int column) const;
     void setWidth(int column, int width);
 
-    QStandardItemModel model_;
+    ResultsModel model_;
     TwoLineHeader* headings_;
     QString spokenGroup_ = QStringLiteral("{0}");
     QHash<QString, int> chosenWidths_;

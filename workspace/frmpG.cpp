@@ -52,10 +52,17 @@ frmpG::frmpG(QWidget* parent)
     connect(Timer1_, &QTimer::timeout, this, &frmpG::showDots);
     Timer1_->start(dotInterval);
     Transparency(alpha);
-    setPercent(0);
+    showPercent(0);
 }
 
 void frmpG::setPercent(int percent) {
+    constexpr int frame = 16;  // milliseconds: more often, no one sees it
+    if (lastShown_.isValid() && lastShown_.elapsed() < frame && percent < 100) return;
+    lastShown_.start();
+    showPercent(percent);
+}
+
+void frmpG::showPercent(int percent) {
     pg_->SetValue(percent);
     percent_->setText(QStringLiteral("%1 %").arg(pg_->Value()));
 }

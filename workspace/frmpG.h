@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QElapsedTimer>
+
 #include "controls/DialogFrame.h"
 
 class QLabel;
@@ -17,7 +19,7 @@ class frmpG : public DialogFrame {
   public:
     explicit frmpG(QWidget* parent);
 
-    /// Sets the bar, 0 to 100.
+    /// Sets the bar, 0 to 100, as often as an eye can follow.
     void setPercent(int percent);
 
   protected:
@@ -25,6 +27,7 @@ class frmpG : public DialogFrame {
     void reject() override;
 
   private:
+    void showPercent(int percent);
     void abort();
     void showDots();
 
@@ -34,6 +37,7 @@ class frmpG : public DialogFrame {
     ProgressBar* pg_;
     ctlBtn* btnAbort_;
     QTimer* Timer1_;
+    QElapsedTimer lastShown_;
 };
 
 }  // namespace marvello

@@ -1,0 +1,66 @@
+#include "controls/ResultsModel.h"
+
+#include <utility>
+
+#include "controls/TwoLineHeader.h"
+
+namespace marvello {
+
+int ResultsModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int ResultsModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QVariant ResultsModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) return {};
+    if (role == Qt::DisplayRole) return text(index.row(), index.column());
+    if (role == Qt::AccessibleTextRole) return spoken(row(index.row()), index.column());
+    return {};
+}
+
+QVariant ResultsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+    const Column& column = columns_[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return column.text;
+    if (role == Qt::ToolTipRole) return column.description;
+    return {};
+}
+
+QString ResultsModel::text(int row, int column) const {
+    const Row& shown = this->row(row);
+    return column == 0 ? shown.label : shown.values.value(column - 1);
+}
+
+QString ResultsModel::spoken(const Row& row, int column) const {
+    if (row.isGroup) return row.markText;
+    if (column == 0)
+        return row.markText.isEmpty() ? row.label : row.label + QStringLiteral(", ") + row.markText;
+    // A figure says what it is, as a heading far above it does for the eye.
+    const auto [name, unit] = TwoLineHeader::lines(columns_[static_cast<std::size_t>(column)].text);
+    const QString value = row.values.value(column - 1).trimmed();
+    return QStringList{name, value.isEmpty() ? QStringLiteral("\u2013") : value, unit}.join(u' ').trimmed();
+}
+
+void ResultsModel::clear() {
+    beginResetModel();
+    columns_.clear();
+    rows_.clear();
+    endResetModel();
+}
+
+void ResultsModel::setColumns(std::vector<Column> columns) {
+    beginResetModel();
+    columns_ = std::move(columns);
+    endResetModel();
+}
+
+void ResultsModel::add(Row row) {
+    beginInsertRows({}, rowCount(), rowCount());
+    rows_.push_back(std::move(row));
+    endInsertRows();
+}
+
+}  // namespace marvello
