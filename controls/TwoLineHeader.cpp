@@ -107,9 +107,8 @@ void TwoLineHeader::focusOutEvent(QFocusEvent* event) {
     viewport()->update();
 }
 
-QSize TwoLineHeader::sectionSizeFromContents(int section) const {
-    return {widthOf(model()->headerData(section, Qt::Horizontal).toString()), headerHeight};
-}
+// Without a look at the sections: their widths are the list's concern.
+QSize TwoLineHeader::sizeHint() const { return {0, headerHeight}; }
 
 bool TwoLineHeader::hasUnits() const {
     for (int section = 0; section < count(); ++section)
@@ -190,11 +189,12 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int secti
         painter->setFont(unitFont());
         painter->drawText(inner.adjusted(0, inner.height() / 2, 0, 0), Qt::AlignRight | Qt::AlignVCenter,
                           unit);
-        // Left of the name, which ends where the numbers do.
-        const int start = inner.right() - QFontMetrics(nameFont()).horizontalAdvance(name);
-        const double middle = inner.top() + (inner.height() - unitHeight) / 2.0;
-        if (section == sortSection_)
+        if (section == sortSection_) {
+            // Left of the name, which ends where the numbers do.
+            const int start = inner.right() - QFontMetrics(nameFont()).horizontalAdvance(name);
+            const double middle = inner.top() + (inner.height() - unitHeight) / 2.0;
             paintArrow(*painter, {std::max(start - 8.0, rect.left() + 5.0), middle}, isDescending_);
+        }
     }
     if (hasFocus() && section == sectionInUse()) {
         painter->setPen(QPen(look.accent, 2));

@@ -24,6 +24,8 @@ class TwoLineHeader : public QHeaderView {
     /// Marks the section that the rows are sorted by, -1 for none.
     void setSortMark(int section, bool descending);
 
+    QSize sizeHint() const override;
+
     /// The two lines of a column text.
     static std::pair<QString, QString> lines(const QString& text);
 
@@ -36,7 +38,6 @@ class TwoLineHeader : public QHeaderView {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    QSize sectionSizeFromContents(int section) const override;
     void paintEvent(QPaintEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
     void keyPressEvent(QKeyEvent* event) override;

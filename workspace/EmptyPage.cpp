@@ -30,7 +30,9 @@ EmptyPage::EmptyPage(QWidget* parent) : QWidget(parent) {}
 
 void EmptyPage::setTexts(const QString& title, const QString& sentence, const QString& button,
                          const QString& key, const QString& edited) {
-    title_ = title;
+    const QStringList texts{title, sentence, button, key, edited};
+    if (texts == texts_) return;
+    texts_ = texts;
     words_.clear();
     for (const QString& word : sentence.split(u' ', Qt::SkipEmptyParts)) {
         // A mark of punctuation behind a placeholder stays with it.
@@ -43,6 +45,7 @@ void EmptyPage::setTexts(const QString& title, const QString& sentence, const QS
         else
             words_ += Word{word, Word::Kind::plain};
     }
+    for (Word& word : words_) word.width = widthOf(word);
     setAccessibleName(title + QStringLiteral(". ") + filled(sentence, {button, key, edited}));
     update();
 }
@@ -59,7 +62,7 @@ QList<QList<EmptyPage::Word>> EmptyPage::wrapped(double width) const {
     QList<QList<Word>> lines{{}};
     double used = 0;
     for (const Word& word : words_) {
-        const double advance = widthOf(word) + blank;
+        const double advance = word.width + blank;
         if (used + advance > width && !lines.back().isEmpty()) {
             lines.append(QList<Word>{});
             used = 0;
@@ -82,7 +85,7 @@ void EmptyPage::paintEvent(QPaintEvent*) {
     top += drawingHeight + 16;
     painter.setFont(lookFont(15, QFont::Medium));
     painter.setPen(look.text);
-    painter.drawText(QRectF(0, top, width(), 20), Qt::AlignCenter, title_);
+    painter.drawText(QRectF(0, top, width(), 20), Qt::AlignCenter, texts_.front());
     top += 24;
     for (const auto& line : lines) {
         paintLine(painter, line, top);
@@ -99,12 +102,12 @@ void EmptyPage::paintLine(QPainter& painter, const QList<Word>& line, double top
     };
     double whole = 0;
     for (qsizetype i = 0; i < line.size(); ++i)
-        whole += widthOf(line[i]) + (i + 1 < line.size() ? gapAfter(i) : 0);
+        whole += line[i].width + (i + 1 < line.size() ? gapAfter(i) : 0);
     double left = (width() - whole) / 2;
     for (qsizetype i = 0; i < line.size(); ++i) {
         const Word& word = line[i];
         const bool isKey = word.kind == Word::Kind::key;
-        const QRectF place(left, top, widthOf(word), lineHeight);
+        const QRectF place(left, top, word.width, lineHeight);
         painter.setFont(fontOf(word.kind == Word::Kind::strong, isKey));
         painter.setPen(word.kind == Word::Kind::strong ? look.text : look.muted);
         if (isKey) {

@@ -23,13 +23,14 @@ class EmptyPage : public QWidget {
     struct Word {
         QString text;
         enum class Kind { plain, strong, key } kind;
+        double width = 0;
     };
     static double widthOf(const Word& word);
     void paintDrawing(QPainter& painter, const QPointF& topLeft) const;
     void paintLine(QPainter& painter, const QList<Word>& line, double top) const;
     QList<QList<Word>> wrapped(double width) const;
 
-    QString title_;
+    QStringList texts_{QString()};  ///< that were set; the first is the title
     QList<Word> words_;
 };
 
