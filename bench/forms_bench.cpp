@@ -21,6 +21,7 @@
 #include "engine/clsSelections.h"
 #include "tools/catalogue/Content.h"
 #include "workspace/MDIMain.h"
+#include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
 
 using namespace marvello;
@@ -73,22 +74,28 @@ double millisecondsSince(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
 }
 
+/// The catalogue with the models of a series again and again: 10 of them for each copy.
+void growSeries(const std::string& file, int copies) {
+    QFile::copy(QStringLiteral(MARVELLO_APP_FOLDER "/db.mdb"), QString::fromStdString(file));
+    {
+        SQLite::Database grown(file, SQLite::OPEN_READWRITE);
+        grown.exec(
+            "CREATE TEMP TABLE more AS SELECT * FROM tCompressors WHERE fRefrigerantID='R134A' AND "
+            "fSerieID='TK-A'; CREATE TEMP TABLE shipped AS SELECT rowid AS id, fModelID FROM more");
+        for (int copy = 1; copy < copies; ++copy)
+            grown.exec("UPDATE more SET fModelID=(SELECT fModelID FROM shipped WHERE id=more.rowid)||'/" +
+                       std::to_string(copy) + "'; INSERT INTO tCompressors SELECT * FROM more");
+    }
+    sealCatalogue(file);
+}
+
 /// From F5 to the drawn list of a series of 60 models, each of the shipped ones six times; the run of the
 /// engine by itself is counted next to it. In a window of the given width: in a narrow one the inputs take
 /// turns with the list.
 void keyToList(benchmark::State& state) {
     const QTemporaryDir folder;
     const std::string file = folder.filePath(QStringLiteral("db.mdb")).toStdString();
-    QFile::copy(QStringLiteral(MARVELLO_APP_FOLDER "/db.mdb"), QString::fromStdString(file));
-    {
-        SQLite::Database grown(file, SQLite::OPEN_READWRITE);
-        grown.exec(
-            "CREATE TEMP TABLE more AS SELECT * FROM tCompressors WHERE fRefrigerantID='R134A' AND "
-            "fSerieID='TK-A'");
-        for (int copy = 0; copy < 5; ++copy)
-            grown.exec("UPDATE more SET fModelID=fModelID||'/'; INSERT INTO tCompressors SELECT * FROM more");
-    }
-    sealCatalogue(file);
+    growSeries(file, 6);
     const Session session(MARVELLO_APP_FOLDER);
     openCatalogue("Data Source=" + file);
     MDIMain window(QStringLiteral("1.0.0"));
@@ -113,6 +120,46 @@ void keyToList(benchmark::State& state) {
     state.counters["models"] = models;
 }
 BENCHMARK(keyToList)->ArgName("width")->Arg(1440)->Arg(800)->Unit(benchmark::kMillisecond)->UseManualTime();
+
+/// What a user does to a list of 10,000 results, each until it is drawn: a calculation, another order, units,
+/// groups, language, all rows selected, and copied.
+void longResults(benchmark::State& state) {
+    const QTemporaryDir folder;
+    const std::string file = folder.filePath(QStringLiteral("db.mdb")).toStdString();
+    growSeries(file, 1000);
+    const Session session(MARVELLO_APP_FOLDER);
+    openCatalogue("Data Source=" + file);
+    MDIMain window(QStringLiteral("1.0.0"));
+    window.showNormal();
+    window.resize(1440, 870);
+    SelectionForm* form = window.newSelection();
+    form->findChild<AdvanceText*>(QStringLiteral("lstSeries"))->SetKey(QStringLiteral("TK-A"));
+    settle();
+    auto* list = form->findChild<ResultsView*>(QStringLiteral("lvCps"));
+    const auto measured = [&state](const char* what, const auto& act) {
+        state.counters[what] = 1e3 * bench::processorSecondsOf([&] {
+            act();
+            QApplication::processEvents();
+        });
+    };
+    for ([[maybe_unused]] auto turn : state) {
+        measured("calculate_ms", [&] { form->lnkCalculate_Click(); });
+        measured("calculate_again_ms", [&] { form->lnkCalculate_Click(); });
+        measured("sort_ms", [&] { emit list->headingClicked(list->columnKeys().at(1)); });
+        measured("units_ms", [&] { form->MeasureUnits(1 - form->MeasureUnit(), true); });
+        measured("groups_ms", [&] {
+            form->results().setGrouping(Grouping::byCompressor);
+            form->results().relist();
+        });
+        measured("language_ms", [&] { window.chooseLanguage(QStringLiteral("de-DE")); });
+        measured("select_all_ms", [&] { list->selectAll(); });
+        measured("copy_ms", [&] { form->CopyToClipBoard(); });
+        measured("move_ms", [&] { form->results().moveSelection(1); });
+        form->results().setGrouping(Grouping::byRefrigerant);
+    }
+    state.counters["rows"] = list->rowCount();
+}
+BENCHMARK(longResults)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 /// Every series of the catalogue with an economizer: the longest time between two turns that a run gives to
 /// the window, which is how long "Abort" may wait.
