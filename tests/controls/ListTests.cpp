@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "controls/Look.h"
 #include "controls/Marks.h"
 #include "controls/ResultsView.h"
 #include "controls/TwoLineHeader.h"
@@ -112,6 +113,23 @@ TEST(ResultsView, KeepsRowsByKeyAndMovesTheSelection) {
     view.clear();
     EXPECT_EQ(view.rowCount(), 0);
     EXPECT_EQ(view.selectedRow(), -1);
+    EXPECT_EQ(selections.count(), 3) << "the selection went with its rows";
+}
+
+TEST(ResultsView, AColumnHoldsItsWidestText) {
+    const QString narrow(12, u'i');
+    for (const QString& widest : {QStringLiteral("WWWWWWWWWWWW"), QStringLiteral("1.234.567,89 kW/h"),
+                                  QStringLiteral("\u5236\u51b7\u5242\u5236\u51b7\u5242\u5236\u51b7"),
+                                  QStringLiteral("A\u0308V\u0301AVAVAVAVAV")}) {
+        ResultsView view;
+        view.setColumns({{"model", "Model", {}}, {"text", "Text", {}}});
+        for (const QString& value : {narrow, widest, narrow, QString()})
+            view.addRow({value, value, {}, {}, {value}});
+        view.fitColumns();
+        const int text = QFontMetrics(lookFont()).horizontalAdvance(widest);
+        for (const int column : {0, 1})
+            EXPECT_GE(view.columnWidth(column), text + 14) << widest.toStdString();
+    }
 }
 
 TEST(ResultsView, TheFirstColumnStaysInPlaceWhenTheOthersScroll) {

@@ -176,6 +176,8 @@ TEST_F(AccessibilityTest, EveryControlOfTheOtherWindowsHasAName) {
     EXPECT_EQ(bar->role(), QAccessible::ProgressBar);
     EXPECT_NE(name(bar), "");
     EXPECT_EQ(bar->valueInterface()->currentValue().toInt(), 62);
+    progress.setPercent(100);
+    EXPECT_EQ(bar->valueInterface()->currentValue().toInt(), 100) << "the end is shown at once";
     EXPECT_LT(progress.windowOpacity(), 1) << "the list behind it is seen";
 
     const auto handler = MessageBox::setHandler(nullptr);
