@@ -138,9 +138,9 @@ void longResults(benchmark::State& state) {
     auto* list = form->findChild<ResultsView*>(QStringLiteral("lvCps"));
     const auto measured = [&state](const char* what, const auto& act) {
         state.counters[what] = 1e3 * bench::processorSecondsOf([&] {
-            act();
-            QApplication::processEvents();
-        });
+                                   act();
+                                   QApplication::processEvents();
+                               });
     };
     for ([[maybe_unused]] auto turn : state) {
         measured("calculate_ms", [&] { form->lnkCalculate_Click(); });
