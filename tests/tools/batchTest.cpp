@@ -137,7 +137,8 @@ TEST(batch, ALineIsNamedByItsNumberWhateverStandsBefore) {
     const fs::path file = folder / "points.csv";
     std::ofstream(file) << "\n\xEF\xBB\xBFrefrigerant,series,models,ted,tcd\r\n\r\nR134A,TK-A,120,2,"
                            "40\r\n\nbad\nR134A,TK-A,120,0,"
-                        << std::string(2'000'000, '4') << "\nR134A,TK-A,120;140,3,40";
+                        << std::string(2'000'000, '4') << "\nR134A,TK-A,120;140,3,40\nR134A,TK-A,120,2,"
+                        << '\0' << "\nworse";
     const std::string batch = "--batch " + file.string();
     Lines records = linesOf(call(batch + " --format csv").out);
     ASSERT_EQ(records.size(), 4);
@@ -145,8 +146,10 @@ TEST(batch, ALineIsNamedByItsNumberWhateverStandsBefore) {
     EXPECT_EQ(records,
               (Lines{"line,refrigerant", "4,R134A,TK-A,120", "8,R134A,TK-A,120", "8,R134A,TK-A,140"}));
     const Lines complaints = linesOf(call(batch, Listen::errors).out);
-    ASSERT_EQ(complaints.size(), 2);
+    ASSERT_EQ(complaints.size(), 4);
     EXPECT_NE(complaints[0].find(":6: the line has 1 fields, not 5"), std::string::npos) << complaints[0];
+    EXPECT_NE(complaints[2].find(":9: tcd: \""), std::string::npos) << complaints[2];
+    EXPECT_NE(complaints[3].find(":10: the line has 1 fields"), std::string::npos) << complaints[3];
     EXPECT_NE(complaints[1].find(":7: the line is longer than 1000000 bytes"), std::string::npos)
         << complaints[1];
 }

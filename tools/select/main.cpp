@@ -120,7 +120,9 @@ void addBatchOptions(CLI::App& app, Arguments& arguments) {
     app.add_option("--columns", batch.columns,
                    "with --batch: names of the columns of a file without a heading, such as ted,tcd")
         ->needs(file);
-    app.add_flag("!--no-header", batch.hasHeading, "with --batch: leaves the heading of CSV out")
+    app.add_flag_callback(
+           "--no-header", [&batch] { batch.hasHeading = false; },
+           "with --batch: leaves the heading of CSV out")
         ->needs(file);
     app.add_option("--first-line", arguments.firstLine,
                    "with --batch: number of the first line, of a piece of a longer file (1)")
