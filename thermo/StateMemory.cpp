@@ -6,7 +6,8 @@ namespace marvello {
 
 namespace {
 
-/// More than a run of all compressors of a refrigerant at one condition asks for, and less than a cache holds.
+/// More than a run of all compressors of a refrigerant at one condition asks for, and less than a cache
+/// holds.
 constexpr std::size_t mostStates = 2048;
 constexpr std::size_t leastPlaces = 64;
 

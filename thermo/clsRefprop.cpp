@@ -263,8 +263,8 @@ void InitRefprop(const std::string& refrigerant) {
 
 std::shared_ptr<clsRefprop> SharedRefprop(const std::string& refrigerant) {
     const auto& services = sharedServices();
-    const auto found = std::ranges::find_if(
-        services, [&](const auto& service) { return isFor(*service, refrigerant); });
+    const auto found =
+        std::ranges::find_if(services, [&](const auto& service) { return isFor(*service, refrigerant); });
     if (found != services.end() && (*found)->SetupFault().empty()) return *found;
     InitRefprop(refrigerant);
     return services.back();

@@ -47,8 +47,9 @@ TEST(StateMemory, TellsCallsApart) {
     StateMemory memory;
     EXPECT_EQ(memory.find({Function::tpflsh, 0, 1, 2}), nullptr);
     memory.keep({Function::tpflsh, 0, 1, 2}, stateOf(5));
-    for (const StateCall& other : {StateCall{Function::phflsh, 0, 1, 2}, StateCall{Function::tpflsh, 1, 1, 2},
-                                   StateCall{Function::tpflsh, 0, 2, 1}, StateCall{Function::tpflsh, 0, 1, 2.5}})
+    for (const StateCall& other :
+         {StateCall{Function::phflsh, 0, 1, 2}, StateCall{Function::tpflsh, 1, 1, 2},
+          StateCall{Function::tpflsh, 0, 2, 1}, StateCall{Function::tpflsh, 0, 1, 2.5}})
         EXPECT_EQ(memory.find(other), nullptr);
 }
 
