@@ -8,33 +8,30 @@
 
 namespace marvello {
 
-void clsMessage::Format(std::string format, std::vector<std::string> arguments) {
-    format_ = std::move(format);
+void clsMessage::Format(std::string_view format, std::vector<MessageArgument> arguments) {
+    isFormatName_ = format == Name;
+    format_ = isFormatName_ ? std::string_view() : format;
     arguments_ = std::move(arguments);
 }
 
 std::string clsMessage::Description() const {
-    if (format_.empty()) return description_;
-    std::string text = lowered(format_);
+    if (format_.empty() && !isFormatName_) return description_;
+    std::string text = lowered(isFormatName_ ? Name : format_);
     replaceAll(text, lowered(Name), gApplication().DictionaryRead(Name));
     for (std::size_t i = 0; i < arguments_.size(); ++i) {
-        replaceAll(text, "{" + std::to_string(i) + "}", arguments_[i]);
+        const auto* number = std::get_if<double>(&arguments_[i]);
+        replaceAll(text, "{" + std::to_string(i) + "}",
+                   number != nullptr ? localText(*number) : std::get<std::string>(arguments_[i]));
     }
     return text;
 }
 
-void clsMessages::add(const std::string& Name, const std::string& format,
-                      const std::vector<MessageArgument>& arguments, std::string cause) {
-    std::vector<std::string> texts;
-    for (const MessageArgument& argument : arguments) {
-        const auto* number = std::get_if<double>(&argument);
-        texts.push_back(number != nullptr ? localText(*number) : std::get<std::string>(argument));
-    }
-    clsMessage message;
+void clsMessages::add(std::string_view Name, std::string_view format, std::vector<MessageArgument> arguments,
+                      std::string cause) {
+    clsMessage& message = messages_.emplace_back();
     message.Name = Name;
     message.Cause = std::move(cause);
-    message.Format(format, std::move(texts));
-    messages_.push_back(std::move(message));
+    message.Format(format, std::move(arguments));
 }
 
 const clsMessage& clsMessages::Item(int index) const {

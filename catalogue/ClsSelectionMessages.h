@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -17,7 +18,7 @@ class clsMessage {
     std::string Cause;  ///< What failed: variable, call and the library's own sentence; mostly empty.
 
     /// Stores a format and its arguments.
-    void Format(std::string format, std::vector<std::string> arguments);
+    void Format(std::string_view format, std::vector<MessageArgument> arguments);
     void setDescription(std::string description) { description_ = std::move(description); }
 
     /// Without a format the stored description. Otherwise the format in lower case, the key in it replaced by
@@ -27,14 +28,15 @@ class clsMessage {
   private:
     std::string description_;
     std::string format_;
-    std::vector<std::string> arguments_;
+    bool isFormatName_ = false;  ///< The format is the key, as that of most messages, and not stored again.
+    std::vector<MessageArgument> arguments_;
 };
 
 /// Messages in the order of adding; a key may come twice.
 class clsMessages {
   public:
-    void add(const std::string& Name, const std::string& format,
-             const std::vector<MessageArgument>& arguments = {}, std::string cause = {});
+    void add(std::string_view Name, std::string_view format, std::vector<MessageArgument> arguments = {},
+             std::string cause = {});
     /// By position from 1. Throws std::out_of_range.
     const clsMessage& Item(int index) const;
     int Count() const { return static_cast<int>(messages_.size()); }
@@ -52,6 +54,12 @@ struct ClsSelectionMessages {
     clsMessages Error;
     clsMessages Attention;
     clsMessages Information;
+
+    void Clear() {
+        Error.Clear();
+        Attention.Clear();
+        Information.Clear();
+    }
 };
 
 }  // namespace marvello

@@ -12,6 +12,7 @@ namespace {
 
 struct SharedSurfaces {
     clsPolynomial evaporating, condensing;
+    long long opening = 0;  ///< Of the file that they are of.
 };
 
 void load(clsPolynomial& surface, std::string_view id, const std::string& name) {
@@ -35,7 +36,13 @@ void openCatalogue(const std::string& connectionString) {
     loadSharedPolynomials();
 }
 
+void followCatalogue() {
+    gDatabase().followFile();
+    if (Session::current().part<SharedSurfaces>().opening != gDatabase().openings()) loadSharedPolynomials();
+}
+
 void loadSharedPolynomials() {
+    Session::current().part<SharedSurfaces>() = {{}, {}, gDatabase().openings()};
     for (const RefrigerantTraits& traits : allRefrigerantTraits()) {
         if (!traits.hasMidTemperatures()) continue;
         load(gPolynomialTEM(), traits.evaporatingMidSurface, "Polynomial TEM");

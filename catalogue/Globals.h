@@ -15,6 +15,10 @@ clsPolynomial& gPolynomialTCM();
 /// Reads both from gDatabase(). A missing row leaves its surface zero. Throws DatabaseError.
 void loadSharedPolynomials();
 
+/// Goes on with the file of the catalogue as it is now, and reads both again if it is another one. Throws
+/// DatabaseError.
+void followCatalogue();
+
 /// Opens gDatabase(), on the catalogue of the application folder if nothing else is said, and reads both.
 /// Throws DatabaseError.
 void openCatalogue(const std::string& connectionString = {});

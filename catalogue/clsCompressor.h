@@ -70,18 +70,7 @@ class clsCompressor {
     clsCompressor Clone();
 
   private:
-    MotorChoice chooseMotor(MotorChoice motorSize);
-    void readRecord(const RecordSet& row);
-    void readMotor(clsDatabase& db, int motorId, int motorHz, MotorChoice selectedMotor);
-    void readEnvelope(clsDatabase& db, const std::string& limitId);
-    void readSurfaces(clsDatabase& db, int motorRpm, float frequencyFactor);
-    void readDischargeSurface(clsDatabase& db, const std::string& polynomialId);
-    void LoadInverterPolynomials(clsDatabase& db, float tEvaporating, float tCondensing, float frequency,
-                                 float frequencyFactor);
-
     double fla2_ = 0;
-    bool isOpenDrive_ = false;    ///< Its surfaces are kept by speed, and no supply frequency scales them.
-    bool hasVariableVi_ = false;  ///< Its surfaces are kept by volume ratio; the best one is taken.
 };
 
 }  // namespace marvello

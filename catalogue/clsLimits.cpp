@@ -74,6 +74,36 @@ void requirePosition(const List& list, int index, const char* what) {
     }
 }
 
+/// How often a closed line goes round a point; none for a line that is open or that passes the point so near
+/// that the rounding of its angles could count.
+std::optional<int> clearWinding(const clsPoints& line, double x, double y) {
+    constexpr double clearance = 0.01;  // K, of an edge; its angle is then at least 1e-5 from a half turn
+    constexpr double farthest = 500;    // K
+    constexpr int mostPoints = 100;     // whose angles add up to 2e-5 of rounding, a fifth of `noTurn`
+    const clsPoint* from = &*line.begin();
+    const clsPoint& last = *(line.end() - 1);
+    if (from->x != last.x || from->Y != last.Y || line.Count() > mostPoints) return std::nullopt;
+    int winding = 0;
+    for (auto to = line.begin() + 1; to != line.end(); from = &*to++) {
+        const double p = from->x - x;
+        const double q = from->Y - y;
+        const double nextQ = to->Y - y;
+        const double dx = to->x - from->x;
+        const double dy = to->Y - from->Y;
+        const double square = dx * dx + dy * dy;
+        const double along = square > 0 ? std::clamp(-(p * dx + q * dy) / square, 0.0, 1.0) : 0;
+        const double nearX = p + along * dx;
+        const double nearY = q + along * dy;
+        const bool isClear = nearX * nearX + nearY * nearY > clearance * clearance &&
+                             std::abs(p) < farthest && std::abs(q) < farthest;
+        if (!isClear) return std::nullopt;
+        const double side = p * dy - q * dx;  // above 0 where the edge passes on the right of the point
+        if (q <= 0 && nextQ > 0 && side > 0) ++winding;
+        if (q > 0 && nextQ <= 0 && side < 0) --winding;
+    }
+    return winding;
+}
+
 clsPoint parsePoint(const std::string& piece) {
     const std::size_t comma = piece.find(',');
     if (comma != std::string::npos) {
@@ -133,7 +163,7 @@ void clsLimit::setType(int type) {
     Visible = look.visible;
 }
 
-void clsLimits::add(std::shared_ptr<clsLimit> limit) {
+void clsLimits::add(std::shared_ptr<const clsLimit> limit) {
     const std::optional<clsPoint> left = limit->LeftPoint();
     const std::optional<clsPoint> right = limit->RightPoint();
     if (!left || !right) throw std::invalid_argument("An envelope line has no points.");
@@ -166,11 +196,21 @@ clsLimits clsLimits::GetLimitsFromPoint(double x, double y) const {
     return holding;
 }
 
+HoldingLimits clsLimits::holding(double x, double y) const {
+    HoldingLimits found;
+    for (const auto& limit : limits_) {
+        if (polygonTest(limit->Points, x, y) > PolygonState::outside) found.add(limit->LimitType);
+    }
+    return found;
+}
+
 PolygonState polygonTest(const clsPoints& line, double x, double y) {
     if (line.Count() < 4) return PolygonState::undecided;
     for (const clsPoint& point : line) {
         if (point.x == x && point.Y == y) return PolygonState::onVertex;
     }
+    if (const auto winding = clearWinding(line, x, y))
+        return *winding == 0 ? PolygonState::outside : PolygonState::inside;
     double sum = 0;
     for (int i = 1; i < line.Count(); ++i) {
         const clsPoint& from = line.Item(i);

@@ -88,15 +88,36 @@ class clsLimit {
 /// What a line says about a point.
 enum class PolygonState { undecided = 0, outside = 1, onVertex = 2, onEdge = 3, inside = 4 };
 
-/// The envelope of a compressor: its lines, and the corners of all of them.
+/// Which lines hold a point, by their types.
+class HoldingLimits {
+  public:
+    void add(int type) {
+        ++count_;
+        if (type >= limitType::over && type <= limitType::last) types_ |= bitOf(type);
+    }
+    int Count() const { return count_; }
+    /// Of the types above.
+    bool FindLimitType(int type) const { return (types_ & bitOf(type)) != 0; }
+
+  private:
+    static constexpr unsigned bitOf(int type) { return 1U << (type - limitType::over); }
+
+    int count_ = 0;
+    unsigned types_ = 0;
+};
+
+/// The envelope of a compressor: its lines, and the corners of all of them. Copies share the lines.
 class clsLimits {
   public:
     /// Appends. Throws std::invalid_argument for a limit without points.
-    void add(std::shared_ptr<clsLimit> limit);
+    void add(std::shared_ptr<const clsLimit> limit);
     int Count() const { return static_cast<int>(limits_.size()); }
     /// By position from 1. Throws std::out_of_range.
     const clsLimit& Item(int index) const;
     void Remove(int index);
+
+    /// Whether both have the very same lines.
+    bool sharesLinesWith(const clsLimits& other) const { return limits_ == other.limits_; }
 
     /// The first limit of a type, or nothing.
     const clsLimit* GetLimitType(int type) const;
@@ -104,6 +125,8 @@ class clsLimits {
 
     /// The limits that hold the point, in the order of this set; they are shared with it.
     clsLimits GetLimitsFromPoint(double x, double y) const;
+    /// The same by type alone, for a calculation.
+    HoldingLimits holding(double x, double y) const;
 
     const std::optional<clsPoint>& getLeftPoint() const { return left_; }
     const std::optional<clsPoint>& getRightPoint() const { return right_; }
@@ -112,14 +135,14 @@ class clsLimits {
     auto end() const { return limits_.end(); }
 
   private:
-    std::vector<std::shared_ptr<clsLimit>> limits_;
+    std::vector<std::shared_ptr<const clsLimit>> limits_;
     std::optional<clsPoint> left_;
     std::optional<clsPoint> right_;
 };
 
 /// Sums the signed angles under which the edges of a line are seen from a point. The edge from the last point
 /// back to the first is not walked, and angles (not their sum) are in single precision: both decide points on
-/// an edge.
+/// an edge. Clear of the edges of a closed line the sum is its winding number, which is counted there.
 PolygonState polygonTest(const clsPoints& line, double x, double y);
 
 }  // namespace marvello

@@ -2,12 +2,31 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "data/Arithmetic.h"
 #include "data/Numbers.h"
 #include "data/Texts.h"
 
 namespace marvello {
+
+namespace {
+
+/// The texts of the variables of the calculation, by their index.
+const VariableTexts& textsOf(var variable) {
+    static const auto all = [] {
+        std::array<VariableTexts, variableCount> texts;
+        for (const VariableDefinition& definition : variableDefinitions())
+            texts[static_cast<std::size_t>(definition.id)] = {std::string(definition.name),
+                                                              std::string(definition.description),
+                                                              std::string(definition.shownUnit),
+                                                              {}};
+        return texts;
+    }();
+    return all[static_cast<std::size_t>(variable)];
+}
+
+}  // namespace
 
 void clsVariable::setValue(VariableValue value) {
     if (const auto* text = std::get_if<std::string>(&value)) {
@@ -19,7 +38,7 @@ void clsVariable::setValue(VariableValue value) {
 
 double clsVariable::number() const {
     if (const auto* number = std::get_if<double>(&value_)) return *number;
-    throw VariableError("The variable " + Name + " is no number.");
+    throw VariableError("The variable " + Name() + " is no number.");
 }
 
 std::string clsVariable::text() const {
@@ -28,15 +47,11 @@ std::string clsVariable::text() const {
     return {};
 }
 
-clsVariable* clsVariables::find(var variable) const {
-    return known_.empty() ? nullptr : known_[static_cast<std::size_t>(variable)];
-}
-
 clsVariable* clsVariables::find(std::string_view name) const {
     if (const auto variable = variableNamed(name)) return find(*variable);
     const auto found = std::ranges::find_if(
-        entries_, [name](const auto& entry) { return equalIgnoringCase(entry->Name, name); });
-    return found == entries_.end() ? nullptr : found->get();
+        own_, [name](const auto& entry) { return equalIgnoringCase(entry->texts.Name, name); });
+    return found == own_.end() ? nullptr : &(*found)->variable;
 }
 
 bool clsVariables::isSet(var variable) const {
@@ -49,42 +64,43 @@ double clsVariables::operator[](var variable) const {
     throw VariableError("There is no variable " + std::string(definitionOf(variable).name) + ".");
 }
 
-void clsVariables::set(var variable, VariableValue value) {
-    if (const auto* number = std::get_if<double>(&value); number != nullptr && !std::isfinite(*number))
-        throw ArithmeticFault(std::string(definitionOf(variable).name) +
-                              " is no finite number: a division by zero or a result out of range.");
-    if (clsVariable* entry = find(variable)) {
-        entry->setValue(std::move(value));
-        return;
+/// The variable of the calculation, which is added if it is not there.
+clsVariable& clsVariables::made(var variable) {
+    if (!known_) {
+        known_ = std::make_unique<Known>();
+        entries_.reserve(variableCount);
     }
-    auto entry = std::make_unique<clsVariable>();
-    entry->setValue(std::move(value));
-    const VariableDefinition& definition = definitionOf(variable);
-    entry->Name = definition.name;
-    entry->Description = definition.description;
-    entry->UnitMeasuretext = definition.shownUnit;
-    append(std::move(entry), variable);
+    clsVariable& entry = (*known_)[static_cast<std::size_t>(variable)];
+    if (entry.texts_ == nullptr) {
+        entry.texts_ = &textsOf(variable);
+        entries_.push_back(&entry);
+    }
+    return entry;
 }
 
-void clsVariables::append(std::unique_ptr<clsVariable> entry, std::optional<var> variable) {
-    if (variable) {
-        known_.resize(variableCount);
-        known_[static_cast<std::size_t>(*variable)] = entry.get();
-    }
-    entries_.push_back(std::move(entry));
+void clsVariables::set(var variable, double value) {
+    if (!std::isfinite(value))
+        throw ArithmeticFault(std::string(definitionOf(variable).name) +
+                              " is no finite number: a division by zero or a result out of range.");
+    made(variable).value_ = value;
 }
+
+void clsVariables::set(var variable, const char* text) { made(variable).setValue(std::string(text)); }
 
 void clsVariables::add(const std::string& Name, VariableValue value, const std::string& Description,
                        const std::string& UnitMeasuretext, const std::string& Tag) {
-    auto variable = std::make_unique<clsVariable>();
-    variable->Name = Name;
-    variable->setValue(std::move(value));  // before the old entry goes: a fault leaves it in place
-    variable->Description = Description;
-    variable->UnitMeasuretext = UnitMeasuretext;
-    variable->Tag = Tag;
-    Remove(variable->Name);  // `Name` may be that of the entry which goes
-    const auto known = variableNamed(variable->Name);
-    append(std::move(variable), known);
+    auto own = std::make_unique<Own>(Own{{Name, Description, UnitMeasuretext, Tag}, {}});
+    own->variable.setValue(std::move(value));  // before the old entry goes: a fault leaves it in place
+    Remove(own->texts.Name);                   // `Name` may be that of the entry which goes
+    clsVariable* entry = &own->variable;
+    if (const auto known = variableNamed(own->texts.Name)) {
+        entry = &made(*known);
+        entry->value_ = std::move(own->variable.value_);
+    } else {
+        entries_.push_back(entry);
+    }
+    entry->texts_ = &own->texts;
+    own_.push_back(std::move(own));
 }
 
 clsVariable& clsVariables::Item(std::string_view name) {
@@ -107,20 +123,22 @@ const clsVariable& clsVariables::Item(int position) const {
 bool clsVariables::Exist(std::string_view name) const { return find(name) != nullptr; }
 
 void clsVariables::Remove(std::string_view name) {
-    const clsVariable* gone = find(name);
+    clsVariable* gone = find(name);
     if (gone == nullptr) return;
-    std::ranges::replace(known_, gone, nullptr);
-    std::erase_if(entries_, [gone](const auto& entry) { return entry.get() == gone; });
+    std::erase(entries_, gone);
+    const VariableTexts* texts = std::exchange(gone->texts_, nullptr);
+    std::erase_if(own_, [texts](const auto& own) { return &own->texts == texts; });
 }
 
 void clsVariables::Clear() {
-    known_.clear();
+    for (clsVariable* entry : entries_) entry->texts_ = nullptr;
     entries_.clear();
+    own_.clear();
 }
 
 const clsVariable* clsVariables::getFromTag(std::string_view tag) const {
-    for (const auto& entry : entries_) {
-        if (equalIgnoringCase(entry->Tag, tag)) return entry.get();
+    for (const clsVariable* entry : entries_) {
+        if (equalIgnoringCase(entry->Tag(), tag)) return entry;
     }
     return nullptr;
 }

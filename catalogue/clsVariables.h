@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -20,13 +22,21 @@ class VariableError : public std::out_of_range {
 /// Nothing, a number or a text.
 using VariableValue = std::variant<std::monostate, double, std::string>;
 
-/// One named value of a calculation.
-class clsVariable {
-  public:
+/// What is said about a variable besides its value.
+struct VariableTexts {
     std::string Name;
     std::string Description;
     std::string UnitMeasuretext;  ///< The unit to show.
     std::string Tag;
+};
+
+/// One named value of a calculation.
+class clsVariable {
+  public:
+    const std::string& Name() const { return texts_->Name; }
+    const std::string& Description() const { return texts_->Description; }
+    const std::string& UnitMeasuretext() const { return texts_->UnitMeasuretext; }
+    const std::string& Tag() const { return texts_->Tag; }
 
     const VariableValue& value() const { return value_; }
     /// A text that reads as a number is stored as one. Throws ArithmeticFault for an infinity or
@@ -40,7 +50,10 @@ class clsVariable {
     std::string text() const;
 
   private:
+    friend class clsVariables;
+
     VariableValue value_;
+    const VariableTexts* texts_ = nullptr;  ///< None while there is no such variable.
 };
 
 /// The named values that a calculation reads and writes, in the order of adding. The calculation accesses
@@ -49,6 +62,9 @@ class clsVariable {
 ///
 /// A variable is set if it has a number: a stage that failed or did not run leaves its variables unset, and a
 /// text such as "-" is no number.
+///
+/// Those of the calculation are kept by their index, and their texts are those of the table of variables: to
+/// write one again, or after a Clear, allocates nothing.
 class clsVariables {
   public:
     clsVariables() = default;
@@ -60,7 +76,8 @@ class clsVariables {
     double operator[](var variable) const;
     /// Writes a value in its place, or adds it at the end with the unit and description of its definition.
     /// Throws ArithmeticFault for an infinity or not-a-number, which changes nothing.
-    void set(var variable, VariableValue value);
+    void set(var variable, double value);
+    void set(var variable, const char* text);
 
     /// Adds at the end; an entry of the name is removed first.
     void add(const std::string& Name, VariableValue value, const std::string& Description = {},
@@ -73,7 +90,7 @@ class clsVariables {
     bool Exist(std::string_view name) const;
     void Remove(std::string_view name);
     /// By position from 1. Throws VariableError if there is none.
-    void Remove(int position) { Remove(Item(position).Name); }
+    void Remove(int position) { Remove(Item(position).Name()); }
     void Clear();
     int Count() const { return static_cast<int>(entries_.size()); }
 
@@ -87,12 +104,24 @@ class clsVariables {
     auto end() const { return entries_.end(); }
 
   private:
-    clsVariable* find(var variable) const;
-    clsVariable* find(std::string_view name) const;
-    void append(std::unique_ptr<clsVariable> entry, std::optional<var> variable);
+    using Known = std::array<clsVariable, variableCount>;
+    /// One that the table does not have, or under texts of its own.
+    struct Own {
+        VariableTexts texts;
+        clsVariable variable;
+    };
 
-    std::vector<std::unique_ptr<clsVariable>> entries_;
-    std::vector<clsVariable*> known_;  ///< Those of the calculation, by their index; empty if there are none.
+    clsVariable* find(var variable) const {
+        if (!known_) return nullptr;
+        clsVariable& found = (*known_)[static_cast<std::size_t>(variable)];
+        return found.texts_ == nullptr ? nullptr : &found;
+    }
+    clsVariable* find(std::string_view name) const;
+    clsVariable& made(var variable);
+
+    std::vector<clsVariable*> entries_;  ///< In the order of adding; they point into the two below.
+    std::unique_ptr<Known> known_;  ///< Those of the calculation by their index; made with the first one.
+    std::vector<std::unique_ptr<Own>> own_;
 };
 
 }  // namespace marvello

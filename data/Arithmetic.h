@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <stdexcept>
 
 namespace marvello {
@@ -27,7 +29,9 @@ inline int roundedToInteger(double value) {
 /// What a format pattern with that many decimal places shows, as a number: the value times a power of ten,
 /// rounded half away from zero.
 inline double roundedToPlaces(double value, int places) {
-    const double scale = std::pow(10.0, places);
+    constexpr std::array powers{1.0, 10.0, 100.0, 1000.0};
+    const bool isListed = places >= 0 && places < static_cast<int>(powers.size());
+    const double scale = isListed ? powers[static_cast<std::size_t>(places)] : std::pow(10.0, places);
     return checked(std::round(value * scale) / scale);
 }
 

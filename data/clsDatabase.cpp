@@ -6,18 +6,22 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
+#include <optional>
 #include <span>
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "data/CatalogueDigest.h"
 #include "data/Numbers.h"
 #include "data/Texts.h"
+#include "platform/Files.h"
 
 namespace marvello {
 
@@ -48,6 +52,8 @@ void switchOffWhatNoCatalogueNeeds(SQLite::Database& database) {
                              SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_TRUSTED_SCHEMA})
         sqlite3_db_config(database.getHandle(), option, 0, nullptr);
 }
+
+constexpr int ofOneThread = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX;
 
 /// How long another program may keep the file to itself, ms.
 constexpr int patience = 500;
@@ -93,12 +99,17 @@ DatabaseError failureOf(const std::string& sql, const SQLite::Exception& failure
     return DatabaseError("The statement \"" + sql + "\" failed: " + failure.what() + ".");
 }
 
-/// The open file itself, which may have another name by now.
-CataloguePages pagesOf(SQLite::Database& database) {
+/// The open file itself, which may have another name by now; none for a database without one.
+sqlite3_file* openFile(const SQLite::Database& database) {
     sqlite3_file* file = nullptr;
     sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    return file == nullptr || file->pMethods == nullptr ? nullptr : file;
+}
+
+CataloguePages pagesOf(SQLite::Database& database) {
+    sqlite3_file* file = openFile(database);
     CataloguePages pages;
-    if (file == nullptr || file->pMethods == nullptr) return pages;
+    if (file == nullptr) return pages;
     sqlite3_int64 size = 0;
     if (file->pMethods->xFileSize(file, &size) == SQLITE_OK) pages.fileSize = size;
     pages.pageSize = pragma(database, "page_size");
@@ -112,10 +123,25 @@ CataloguePages pagesOf(SQLite::Database& database) {
     return pages;
 }
 
-bool matchesItsDigest(SQLite::Database& database) {
+/// The digest of the file, if it is the one that the file bears.
+std::string soundDigest(SQLite::Database& database) {
     const std::string digest = catalogueDigest(pagesOf(database));
-    return !digest.empty() &&
-           database.execAndGet(std::string("SELECT fDigest FROM ") + digestTable).getString() == digest;
+    const bool isSound =
+        !digest.empty() &&
+        database.execAndGet(std::string("SELECT fDigest FROM ") + digestTable).getString() == digest;
+    return isSound ? digest : std::string();
+}
+
+/// The count of changes that the file itself keeps; it tells two writes within one tick of the clock.
+std::uint32_t changesOf(const SQLite::Database& database) {
+    constexpr sqlite3_int64 place = 24;
+    std::array<unsigned char, sizeof(std::uint32_t)> bytes{};
+    sqlite3_file* file = openFile(database);
+    if (file == nullptr || file->pMethods->xRead(file, bytes.data(), bytes.size(), place) != SQLITE_OK)
+        return 0;
+    std::uint32_t changes = 0;
+    for (const unsigned char byte : bytes) changes = changes << 8 | byte;
+    return changes;
 }
 
 void checkIsCatalogue(SQLite::Database& database, const std::string& file) {
@@ -143,7 +169,10 @@ std::string sqlText(std::string_view text) {
 struct clsDatabase::Connection {
     SQLite::Database database;
     std::string file;
-    bool isChecked = false;
+    std::optional<FileStamp> stamp{};
+    std::uint32_t changes = 0;
+    std::string checkedDigest{};
+    std::shared_ptr<const void> kept{};
 };
 
 struct RecordSet::Implementation {
@@ -152,6 +181,13 @@ struct RecordSet::Implementation {
     SQLite::Statement statement;
     std::string file;
     bool hasRow = false;
+    std::vector<std::string_view> columns{};  ///< Their names, which live as long as the statement.
+    mutable std::size_t expected = 0;  ///< The column after the one read last: most are read in their order.
+
+    void readColumns() {
+        for (int index = 0; index < statement.getColumnCount(); ++index)
+            columns.emplace_back(statement.getColumnName(index));
+    }
 
     void step() {
         try {
@@ -164,8 +200,12 @@ struct RecordSet::Implementation {
     /// The value of a column of the current row.
     SQLite::Column value(std::string_view column) const {
         if (!hasRow) throw DatabaseError("There is no row to read " + std::string(column) + " from.");
-        for (int index = 0; index < statement.getColumnCount(); ++index)
-            if (equalIgnoringCase(statement.getColumnName(index), column)) return statement.getColumn(index);
+        for (std::size_t tried = 0; tried < columns.size(); ++tried) {
+            const std::size_t index = (expected + tried) % columns.size();
+            if (!equalIgnoringCase(columns[index], column)) continue;
+            expected = index + 1;
+            return statement.getColumn(static_cast<int>(index));
+        }
         throw DatabaseError("The result of \"" + statement.getQuery() + "\" has no column " +
                             std::string(column) + ".");
     }
@@ -238,24 +278,44 @@ bool clsDatabase::Connect(const std::string& connectionString) {
     if (!trimmed(connectionString).empty()) ConnectionString = connectionString;
     if (connection_) return true;
 
-    const std::string file = dataSource(ConnectionString);
+    connection_ = opened(dataSource(ConnectionString));
+    return true;
+}
+
+std::shared_ptr<clsDatabase::Connection> clsDatabase::opened(const std::string& file) {
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(file, ignored))
         throw DatabaseError("There is no catalogue file " + file + ".");
     try {
-        connection_ = std::make_shared<Connection>(
-            Connection{SQLite::Database(file, SQLite::OPEN_READONLY, patience), file});
-        switchOffWhatNoCatalogueNeeds(connection_->database);
-        checkIsCatalogue(connection_->database, file);
+        const auto stamp = stampOf(file);  // first: a write after it is noticed
+        auto connection = std::make_shared<Connection>(
+            Connection{SQLite::Database(file, ofOneThread, patience), file, stamp});
+        switchOffWhatNoCatalogueNeeds(connection->database);
+        checkIsCatalogue(connection->database, file);
+        connection->changes = changesOf(connection->database);
+        ++openings_;
+        return connection;
     } catch (const SQLite::Exception& failure) {
-        CloseConnection();
         throw DatabaseError(meaningOf(failure, file));
-    } catch (const DatabaseError&) {
-        CloseConnection();
-        throw;
     }
+}
+
+clsDatabase::Connection& clsDatabase::open() const {
+    if (!connection_) throw DatabaseError("The catalogue is not open.");
+    return *connection_;
+}
+
+bool clsDatabase::followFile() {
+    Connection& now = open();
+    const auto stamp = stampOf(now.file);
+    if (!stamp || (stamp == now.stamp && changesOf(now.database) == now.changes)) return false;
+    connection_ = opened(now.file);
     return true;
 }
+
+const std::string& clsDatabase::checkedDigest() const { return open().checkedDigest; }
+
+std::shared_ptr<const void>& clsDatabase::kept() { return open().kept; }
 
 RecordSet clsDatabase::Execute(const std::string& sql) {
     if (!connection_) throw DatabaseError("The statement \"" + sql + "\" needs an open connection.");
@@ -264,6 +324,7 @@ RecordSet clsDatabase::Execute(const std::string& sql) {
         auto result = std::make_unique<RecordSet::Implementation>(RecordSet::Implementation{
             connection_, SQLite::Statement(connection_->database, sql), connection_->file});
         result->step();
+        result->readColumns();  // a first step may have prepared the statement anew
         return RecordSet(std::move(result));
     } catch (const SQLite::Exception& failure) {
         throw failureOf(sql, failure, connection_->file);
@@ -271,20 +332,18 @@ RecordSet clsDatabase::Execute(const std::string& sql) {
 }
 
 void clsDatabase::checkUndamaged() {
-    if (!connection_) throw DatabaseError("The catalogue is not open.");
-    if (connection_->isChecked) return;
-    const std::string& file = connection_->file;
-    bool isSound = false;
+    Connection& now = open();
+    if (!now.checkedDigest.empty()) return;
+    const std::string& file = now.file;
     try {
-        isSound = matchesItsDigest(connection_->database);
+        now.checkedDigest = soundDigest(now.database);
     } catch (const SQLite::Exception& failure) {
         const int code = failure.getErrorCode();
         if (code == SQLITE_BUSY || code == SQLITE_LOCKED) throw DatabaseError(meaningOf(failure, file));
     }
-    if (!isSound)
+    if (now.checkedDigest.empty())
         throw DatabaseError("The catalogue " + file +
                             " is damaged: it is not as it was built. Install or build the catalogue again.");
-    connection_->isChecked = true;
 }
 
 bool clsDatabase::CloseConnection() {

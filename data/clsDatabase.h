@@ -49,7 +49,7 @@ class RecordSet {
     std::unique_ptr<Implementation> implementation_;
 };
 
-/// The one read-only connection to the catalogue file.
+/// The one read-only connection to the catalogue file, of one thread.
 class clsDatabase {
   public:
     /// `PRAGMA application_id` of a catalogue file: the letters "Marv".
@@ -77,6 +77,17 @@ class clsDatabase {
 
     bool isOpen() const { return connection_ != nullptr; }
 
+    /// Opens the file anew if another one bears its name now, or if it was written to, since it was opened;
+    /// true if it did. A file that is gone stays open. Throws DatabaseError if the new one is no catalogue,
+    /// and the connection stays as it was.
+    bool followFile();
+
+    /// The digest of the open file once it was compared with the file; empty before.
+    const std::string& checkedDigest() const;
+
+    /// What a higher module keeps of the open file: gone with the connection, and empty at first.
+    std::shared_ptr<const void>& kept();
+
     /// Compares the open file with the digest that it was built with, the first time after Connect(); for
     /// those who calculate from its rows. Throws DatabaseError if the file is damaged.
     void checkUndamaged();
@@ -84,13 +95,20 @@ class clsDatabase {
     /// Closes the connection if there is one; always false.
     bool CloseConnection();
 
+    /// How many files were opened since construction: tells one opening from the next.
+    long long openings() const { return openings_; }
+
     /// How many statements were run since construction, for benchmarks and tests.
     long long executedStatements() const;
 
   private:
     struct Connection;
+    std::shared_ptr<Connection> opened(const std::string& file);
+    Connection& open() const;
+
     std::shared_ptr<Connection> connection_;  ///< Shared with the open results.
     long long executedStatements_ = 0;
+    long long openings_ = 0;
 };
 
 }  // namespace marvello

@@ -72,7 +72,7 @@ class CompressorCalculation {
     clsVariables& v_;
     Statements statements_;
     SelectionRules rules_;
-    clsLimits around_;  ///< The limits that hold the point.
+    HoldingLimits around_;  ///< The limits that hold the point.
 };
 
 }  // namespace marvello

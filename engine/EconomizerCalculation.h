@@ -1,8 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <utility>
-
 #include "catalogue/clsCompressor.h"
 #include "engine/Statements.h"
 #include "engine/StepControl.h"
@@ -26,8 +23,11 @@ class EconomizerCalculation {
     void CalculateEconomizer();
 
   private:
-    /// Solves the cycle for the present `meco`. A step that fails is passed over.
+    /// Solves the cycle for the present `meco`, the discharge in the first pass alone. A step that fails is
+    /// passed over.
     void EcoCycle();
+    /// The states from the port to the discharge, of the last pass. No search looks at them.
+    void dischargeStates();
     void injectionPressure();
 
     /// Searches the `meco` that gives the total capacity `Eco`. A step that fails leaves it.
@@ -46,11 +46,17 @@ class EconomizerCalculation {
     void power();
     void oilLoad();
     void checkApproach();
+    void search(EconomizerMode mode);
     void noSolution();
 
-    void set(var variable, VariableValue value) { statements_.set(variable, std::move(value)); }
+    template <class Value>
+    void set(var variable, Value value) {
+        statements_.set(variable, value);
+    }
     /// The same, a failure passed over.
-    void trySet(var variable, const std::function<double()>& value);
+    void trySet(var variable, const auto& value) {
+        Statements::attemptSilently([&] { set(variable, value()); });
+    }
     void turn();
 
     clsCompressor& compressor_;
@@ -58,6 +64,7 @@ class EconomizerCalculation {
     formTimeout& timeout_;
     Statements& statements_;
     clsVariables& v_;
+    bool isDischargeKnown_ = false;
 };
 
 }  // namespace marvello

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 
 #include "data/Arithmetic.h"
 #include "data/Texts.h"
@@ -10,10 +11,10 @@ namespace marvello {
 
 namespace {
 
-void raise(clsMessages& list, const std::string& key) { list.add(key, key); }
+void raise(clsMessages& list, std::string_view key) { list.add(key, key); }
 
 /// With an argument 0 that no text refers to.
-void raiseWithZero(clsMessages& list, const std::string& key) { list.add(key, key, {0.0}); }
+void raiseWithZero(clsMessages& list, std::string_view key) { list.add(key, key, {0.0}); }
 
 }  // namespace
 
@@ -27,7 +28,7 @@ SelectionRules::SelectionRules(clsCompressor& compressor, const clsProjectCondit
       series_(seriesTraits(compressor.Serie)),
       refrigerant_(refrigerantTraits(compressor.Refrigerant)) {}
 
-void SelectionRules::envelopeRules(const clsLimits& around) {
+void SelectionRules::envelopeRules(const HoldingLimits& around) {
     if (around.FindLimitType(limitType::forbidden)) {
         forbiddenRegion();
     } else {
@@ -48,7 +49,7 @@ void SelectionRules::inputRangeRules() {
     statements_.attempt("superheat rule", [this] { superheat(); });
 }
 
-void SelectionRules::oilRules(const clsLimits& around) {
+void SelectionRules::oilRules(const HoldingLimits& around) {
     statements_.attempt("oil cooling rule", [&] { oilCooling(around); });
     statements_.attempt("injection rule", [&] { injectionForOil(around); });
 }
@@ -62,13 +63,11 @@ void SelectionRules::closingRules() {
 }
 
 void SelectionRules::forbiddenRegion() {
-    messages_.Attention.Clear();
-    messages_.Error.Clear();
-    messages_.Information.Clear();
+    messages_.Clear();
     raise(messages_.Error, "messages.message02");
 }
 
-void SelectionRules::capacityStep(const clsLimits& around) {
+void SelectionRules::capacityStep(const HoldingLimits& around) {
     const int step = conditions_.StepCapacity;
     if (step == 100) {
         if (series_.isOnRequest) raiseWithZero(messages_.Information, "messages.message28");
@@ -94,7 +93,7 @@ void SelectionRules::polynomials() {
 
 // Kept: the polynomials and the capacity step are tested again, so their messages come twice, as lists and
 // reports have always had them.
-void SelectionRules::polynomialsAndMotor(const clsLimits& around) {
+void SelectionRules::polynomialsAndMotor(const HoldingLimits& around) {
     if (!hasSoundPolynomials()) {
         raise(messages_.Error, "messages.message31");
     } else if (!compressor_.hasInvert && series_.drive != Drive::open && !compressor_.Motor.isValid()) {
@@ -104,17 +103,17 @@ void SelectionRules::polynomialsAndMotor(const clsLimits& around) {
     }
 }
 
-void SelectionRules::overLimit(const clsLimits& around) {
+void SelectionRules::overLimit(const HoldingLimits& around) {
     if (around.FindLimitType(limitType::over) && !around.FindLimitType(limitType::application)) {
         raise(messages_.Attention, "messages.message02");
     }
 }
 
-void SelectionRules::oilFilter(const clsLimits& around) {
+void SelectionRules::oilFilter(const HoldingLimits& around) {
     if (around.FindLimitType(limitType::oilFilter)) raise(messages_.Attention, "messages.message03");
 }
 
-void SelectionRules::smallMotor(const clsLimits& around) {
+void SelectionRules::smallMotor(const HoldingLimits& around) {
     if (!compressor_.hasFullSmallMotor) return;
     const bool inSmallMotorLimit = around.FindLimitType(limitType::smallMotor);
     if (inSmallMotorLimit && compressor_.Motor.MotorType == MotorChoice::full)
@@ -125,12 +124,12 @@ void SelectionRules::smallMotor(const clsLimits& around) {
     }
 }
 
-void SelectionRules::injection(const clsLimits& around) {
+void SelectionRules::injection(const HoldingLimits& around) {
     if (around.FindLimitType(limitType::oilCooling) || !around.FindLimitType(limitType::injection)) return;
     raise(messages_.Attention, series_.isLiquidInjected ? "messages.message06" : "messages.message07");
 }
 
-void SelectionRules::suggestedVersion(const clsLimits& around) {
+void SelectionRules::suggestedVersion(const HoldingLimits& around) {
     if (around.FindLimitType(limitType::hOnly)) {
         raise(messages_.Information, "messages.message08");
     } else if (around.FindLimitType(limitType::hSuggested)) {
@@ -140,7 +139,7 @@ void SelectionRules::suggestedVersion(const clsLimits& around) {
     }
 }
 
-void SelectionRules::inverterFrequency(const clsLimits& around) {
+void SelectionRules::inverterFrequency(const HoldingLimits& around) {
     if (!compressor_.hasInvert) return;
     const auto ceiling = [this](float highest, const char* format) {
         if (conditions_.InverterFrequency > highest) messages_.Error.add("messages.message35", format);
@@ -173,7 +172,7 @@ void SelectionRules::superheat() {
         raiseWithZero(messages_.Error, "messages.message13");
 }
 
-void SelectionRules::oilCooling(const clsLimits& around) {
+void SelectionRules::oilCooling(const HoldingLimits& around) {
     if (!around.FindLimitType(limitType::oilCooling)) return;
     if (!series_.hasHVersions) {
         raise(messages_.Attention, "messages.message16");
@@ -183,7 +182,7 @@ void SelectionRules::oilCooling(const clsLimits& around) {
     }
 }
 
-void SelectionRules::injectionForOil(const clsLimits& around) {
+void SelectionRules::injectionForOil(const HoldingLimits& around) {
     if (!compressor_.limits.FindLimitType(limitType::injection) || around.FindLimitType(limitType::injection))
         return;
     if (v_[var::Pra] > 0)

@@ -15,35 +15,35 @@ class SelectionRules {
     SelectionRules(clsCompressor& compressor, const clsProjectConditions& conditions, Statements& statements);
 
     /// Rules 1 to 10. `around` are the limits that hold the point.
-    void envelopeRules(const clsLimits& around);
+    void envelopeRules(const HoldingLimits& around);
     /// Rules 11 and 12, on the values as the user entered them.
     void inputRangeRules();
     /// Rules 13 and 14.
-    void oilRules(const clsLimits& around);
+    void oilRules(const HoldingLimits& around);
     /// Rules 16 to 20.
     void closingRules();
 
   private:
-    void forbiddenRegion();                      // 1
-    void capacityStep(const clsLimits& around);  // 2, and again in 4
+    void forbiddenRegion();                          // 1
+    void capacityStep(const HoldingLimits& around);  // 2, and again in 4
     bool hasSoundPolynomials() const;
-    void polynomials();                                 // 3
-    void polynomialsAndMotor(const clsLimits& around);  // 4
-    void overLimit(const clsLimits& around);            // 5
-    void oilFilter(const clsLimits& around);            // 6
-    void smallMotor(const clsLimits& around);           // 7
-    void injection(const clsLimits& around);            // 8
-    void suggestedVersion(const clsLimits& around);     // 9
-    void inverterFrequency(const clsLimits& around);    // 10
-    void subcooling();                                  // 11
-    void superheat();                                   // 12
-    void oilCooling(const clsLimits& around);           // 13
-    void injectionForOil(const clsLimits& around);      // 14
-    void lowTemperatureRefrigerant();                   // 16
-    void variableSeries();                              // 17
-    void powerOfModel();                                // 18
-    void modelOnRequest();                              // 19
-    void flammableRefrigerant();                        // 20
+    void polynomials();                                     // 3
+    void polynomialsAndMotor(const HoldingLimits& around);  // 4
+    void overLimit(const HoldingLimits& around);            // 5
+    void oilFilter(const HoldingLimits& around);            // 6
+    void smallMotor(const HoldingLimits& around);           // 7
+    void injection(const HoldingLimits& around);            // 8
+    void suggestedVersion(const HoldingLimits& around);     // 9
+    void inverterFrequency(const HoldingLimits& around);    // 10
+    void subcooling();                                      // 11
+    void superheat();                                       // 12
+    void oilCooling(const HoldingLimits& around);           // 13
+    void injectionForOil(const HoldingLimits& around);      // 14
+    void lowTemperatureRefrigerant();                       // 16
+    void variableSeries();                                  // 17
+    void powerOfModel();                                    // 18
+    void modelOnRequest();                                  // 19
+    void flammableRefrigerant();                            // 20
 
     bool raisedPowerLimit(var variable);
 

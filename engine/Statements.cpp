@@ -2,14 +2,17 @@
 
 namespace marvello {
 
-void Statements::set(var variable, VariableValue value) {
-    const auto* number = std::get_if<double>(&value);
-    const bool isUndefined = number != nullptr && isUndefinedMarker(*number);
-    v_.set(variable, std::move(value));
-    if (isUndefined)
+void Statements::set(var variable, double value) {
+    v_.set(variable, value);
+    if (isUndefinedMarker(value))
         undefined_[variable] = refprop_.LastUndefined();
     else if (!undefined_.empty())
         undefined_.erase(variable);
+}
+
+void Statements::set(var variable, const char* text) {
+    v_.set(variable, text);
+    undefined_.erase(variable);
 }
 
 void Statements::noteFailure(std::string_view name, std::string_view sentence) {

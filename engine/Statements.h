@@ -20,7 +20,8 @@ class Statements {
         : v_(compressor.Variables), messages_(compressor.Messages), refprop_(refprop) {}
 
     /// Writes a variable. Throws ArithmeticFault unless the value is finite.
-    void set(var variable, VariableValue value);
+    void set(var variable, double value);
+    void set(var variable, const char* text);
 
     /// Writes what `value()` returns; a failure is an entry and leaves the variable as it was.
     template <class Value>

@@ -1,15 +1,20 @@
 #include "engine/clsSelections.h"
 
+#include <algorithm>
 #include <limits>
 #include <optional>
+#include <set>
 #include <stdexcept>
 
 #include "catalogue/CatalogueLists.h"
+#include "catalogue/Globals.h"
+#include "catalogue/PreparedCatalogue.h"
 #include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
 #include "data/Hooks.h"
 #include "data/Session.h"
 #include "data/Texts.h"
+#include "engine/Calculator.h"
 #include "engine/CompressorCalculation.h"
 #include "thermo/clsRefprop.h"
 
@@ -24,9 +29,8 @@ bool isInverterSeries(const std::string& serie) {
     return traits.drive == Drive::inverter && traits.name == serie;
 }
 
-std::uint8_t asByte(int value) {
-    if (value < 0 || value > 255) throw ArithmeticFault("The capacity step is out of range.");
-    return static_cast<std::uint8_t>(value);
+std::invalid_argument twice(const std::string& key) {
+    return std::invalid_argument("The catalogue holds the compressor " + key + " twice.");
 }
 
 int movedBy(int cursor, int step) {
@@ -44,9 +48,12 @@ void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> condit
                               const std::string& refrigerants, std::uint8_t Market) {
     // First of all: the texts may be the very properties that are written below.
     const std::string sql = BuildSelectionSql(Serie, models, refrigerants, isInverterSeries(Serie), Market);
+    followCatalogue();
     gDatabase().checkUndamaged();
     isAborted_ = false;
+    auto former = std::move(compressors_);
     Clear();
+    former_ = std::move(former);
     stopFlag_ = false;
     Refrigerants = trimmed(refrigerants);
     Series = trimmed(Serie);
@@ -54,7 +61,8 @@ void clsSelections::Selection(std::shared_ptr<const clsProjectConditions> condit
     if (conditions) ProjectConditions = std::move(conditions);
     if (!ProjectConditions) ProjectConditions = std::make_shared<clsProjectConditions>();
 
-    loadCompressors(sql);
+    find(sql);
+    loadCompressors();
     if (Count() > 0) CalculateCompressors();
 }
 
@@ -68,24 +76,42 @@ std::string clsSelections::BuildSelectionSql(const std::string& serie, const std
                          .market = market == 0 ? std::nullopt : std::optional<int>(market)});
 }
 
-void clsSelections::loadCompressors(const std::string& sql) {
-    const std::shared_ptr<const clsProjectConditions> held = ProjectConditions;  // across the turns below
-    const clsProjectConditions& conditions = *held;
-    const bool economized = conditions.EcoCalculateMode != EconomizerMode::none;
+void clsSelections::find(const std::string& sql) {
+    auto catalogue = preparedCatalogue(gDatabase());
+    if (found_.catalogue == catalogue && found_.sql == sql) return;
+    Found found{sql, std::move(catalogue), {}};
+    std::set<std::string> keys;
     for (RecordSet row = gDatabase().Execute(sql); !row.eof(); row.moveNext()) {
+        const PreparedCompressor* compressor =
+            found.catalogue->find(row.text("fRefrigerantID"), row.text("fSerieID"), row.text("fModelID"));
+        if (compressor == nullptr) continue;
+        if (!keys.insert(lowered(compressor->Key())).second) throw twice(compressor->Key());
+        found.compressors.push_back(compressor);
+    }
+    found_ = std::move(found);
+}
+
+void clsSelections::loadCompressors() {
+    const std::shared_ptr<const clsProjectConditions> held = ProjectConditions;  // across the turns below
+    const Found found = found_;
+    for (std::size_t i = 0; i < found.compressors.size(); ++i) {
         giveTurn();
         if (AbortRequested()) {
             Abort();
             return;
         }
-        auto compressor = std::make_shared<clsCompressor>();
-        compressor->GetCompressorFromDb(gDatabase(), conditions, row.text("fRefrigerantID"),
-                                        row.text("fSerieID"), row.text("fModelID"), conditions.MotorHz,
-                                        conditions.MotorRPM, codeOf(conditions.MotorSize), economized,
-                                        asByte(conditions.StepCapacity));
-        compressor->Motor.Voltage = roundedToInteger(conditions.MotorVoltage);
-        add(std::move(compressor));
+        auto compressor = freeCompressor(i);
+        found.compressors[i]->load(*compressor, choiceOf(*held));
+        compressor->Motor.Voltage = roundedToInteger(held->MotorVoltage);
+        compressors_.push_back(std::move(compressor));
     }
+    former_.clear();
+}
+
+/// The result of before at the position, unless somebody holds it, or a new one.
+std::shared_ptr<clsCompressor> clsSelections::freeCompressor(std::size_t position) {
+    const bool isFree = position < former_.size() && former_[position].use_count() == 1;
+    return isFree ? std::move(former_[position]) : std::make_shared<clsCompressor>();
 }
 
 void clsSelections::CalculateCompressors() {
@@ -105,11 +131,10 @@ void clsSelections::CalculateCompressors() {
 
 void clsSelections::CalculateCompressor(clsCompressor& compressor) {
     const auto conditions = ProjectConditions;
-    const auto timeout = std::make_shared<formTimeout>();
-    timeout->Timeout = [] { giveTurn(); };
-    timeout_ = timeout;
     const auto refprop = SharedRefprop(compressor.Refrigerant);
-    CompressorCalculation(compressor, *refprop, *conditions, *timeout).run();
+    formTimeout timeout;
+    timeout.Timeout = [] { giveTurn(); };
+    CompressorCalculation(compressor, *refprop, *conditions, timeout).run();
 }
 
 void clsSelections::Abort() {
@@ -119,15 +144,13 @@ void clsSelections::Abort() {
 }
 
 void clsSelections::add(std::shared_ptr<clsCompressor> compressor) {
-    if (!byKey_.emplace(lowered(compressor->Key()), compressor.get()).second) {
-        throw std::invalid_argument("The catalogue holds the compressor " + compressor->Key() + " twice.");
-    }
+    if (Exist(compressor->Key())) throw twice(compressor->Key());
     compressors_.push_back(std::move(compressor));
 }
 
 void clsSelections::Clear() {
-    byKey_.clear();
     compressors_.clear();
+    former_.clear();
 }
 
 clsCompressor& clsSelections::Item(int position) const {
@@ -137,13 +160,18 @@ clsCompressor& clsSelections::Item(int position) const {
     return *compressors_[static_cast<std::size_t>(position) - 1];
 }
 
-clsCompressor& clsSelections::Item(std::string_view key) const {
-    const auto found = byKey_.find(lowered(key));
-    if (found == byKey_.end()) throw std::out_of_range("There is no compressor " + std::string(key) + ".");
-    return *found->second;
+clsCompressor* clsSelections::withKey(std::string_view key) const {
+    const auto found = std::ranges::find_if(
+        compressors_, [&](const auto& each) { return equalIgnoringCase(each->Key(), key); });
+    return found == compressors_.end() ? nullptr : found->get();
 }
 
-bool clsSelections::Exist(std::string_view key) const { return byKey_.contains(lowered(key)); }
+clsCompressor& clsSelections::Item(std::string_view key) const {
+    if (clsCompressor* found = withKey(key)) return *found;
+    throw std::out_of_range("There is no compressor " + std::string(key) + ".");
+}
+
+bool clsSelections::Exist(std::string_view key) const { return withKey(key) != nullptr; }
 
 void clsSelections::MoveNext() { cursor_ = movedBy(cursor_, 1); }
 

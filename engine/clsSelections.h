@@ -5,12 +5,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "catalogue/PreparedCatalogue.h"
 #include "catalogue/clsCompressor.h"
 #include "catalogue/clsProjectConditions.h"
-#include "engine/formTimeout.h"
 
 namespace marvello {
 
@@ -66,18 +65,28 @@ class clsSelections {
 
   private:
     void Abort();
+    /// The compressors of the catalogue that a statement finds.
+    struct Found {
+        std::string sql;
+        std::shared_ptr<const PreparedCatalogue> catalogue;
+        std::vector<const PreparedCompressor*> compressors;
+    };
+
     static std::string BuildSelectionSql(const std::string& serie, const std::string& models,
                                          const std::string& refrigerant, bool inverter, std::uint8_t market);
-    void loadCompressors(const std::string& sql);
+    void find(const std::string& sql);
+    void loadCompressors();
+    clsCompressor* withKey(std::string_view key) const;
+    std::shared_ptr<clsCompressor> freeCompressor(std::size_t position);
     void CalculateCompressors();
     void CalculateCompressor(clsCompressor& compressor);
 
     int cursor_ = 0;
     bool isAborted_ = false;
     bool stopFlag_ = false;
+    Found found_;  ///< Of the last run: the same again asks nothing of the file.
     std::vector<std::shared_ptr<clsCompressor>> compressors_;
-    std::unordered_map<std::string, clsCompressor*> byKey_;  ///< Keys in lower case.
-    std::shared_ptr<formTimeout> timeout_;
+    std::vector<std::shared_ptr<clsCompressor>> former_;  ///< Results of before, to be used again.
 };
 
 }  // namespace marvello

@@ -46,6 +46,14 @@ fs::path makeFreshFolder(const fs::path& beginning) {
     return makeFresh(beginning, [](const char* name) { return mkdir(name, 0777); });
 }
 
+std::optional<FileStamp> stampOf(const fs::path& file) {
+    struct stat found{};
+    if (stat(file.c_str(), &found) != 0) return std::nullopt;
+    constexpr std::int64_t perSecond = 1'000'000'000;
+    return FileStamp{found.st_dev, found.st_ino, found.st_size,
+                     found.st_mtim.tv_sec * perSecond + found.st_mtim.tv_nsec};
+}
+
 void takeRights(const fs::path& file, const fs::path& from) {
     struct stat old{};
     if (stat(from.c_str(), &old) != 0) return;

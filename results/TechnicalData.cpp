@@ -63,8 +63,8 @@ constexpr std::array<TechnicalUnit, 3> technicalUnits{{{"m\u00B3/h", "cfm", "V",
                                                        {"l", "gal", "V", "LITER", "GAL"}}};
 
 double inImperial(double value, const TechnicalUnit& unit) {
-    const double base = convertInFamily(value, unit.family, std::string(unit.from), 0, UnitPass::toBase);
-    return convertInFamily(base, unit.family, std::string(unit.to), 0, UnitPass::fromBase) / unit.perTime;
+    const double base = convertInFamily(value, unit.family, unit.from, 0, UnitPass::toBase);
+    return convertInFamily(base, unit.family, unit.to, 0, UnitPass::fromBase) / unit.perTime;
 }
 
 std::string inThreeDigits(double value, const NumberMarks& marks) {

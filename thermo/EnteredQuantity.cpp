@@ -126,13 +126,13 @@ double pass(double value, const Unit& unit, UnitPass direction) {
     switch (unit.quantity) {
         case Quantity::temperature:
         case Quantity::temperatureDifference:
-            return convertInFamily(value, "T", std::string(unit.code), 0, direction);
+            return convertInFamily(value, "T", unit.code, 0, direction);
         case Quantity::pressure:
             if (unit.code == "MBAR")
                 return direction == UnitPass::toBase
                            ? convertInFamily(value / 1000, "P", "BAR", 0, direction)
                            : convertInFamily(value, "P", "BAR", 0, direction) * 1000;
-            return convertInFamily(value, "P", std::string(unit.code), 0, direction);
+            return convertInFamily(value, "P", unit.code, 0, direction);
         case Quantity::power:
             return inKilowatts(value, unit.code, direction);
         default:

@@ -32,6 +32,10 @@ constexpr double gravity = 9.80665;        // m/s^2, the standard one
 constexpr double gasConstant = 8.314472;   // J/(mol K), CODATA 2002
 constexpr double zeroFahrenheit = 459.67;  // degrees Rankine
 
+}  // namespace
+
+namespace {
+
 enum class Rule {
     scaled,             ///< value * factor^direction
     reciprocal,         ///< factor / value, in both passes
@@ -43,6 +47,8 @@ enum class Rule {
     scaledThousandfold  ///< as scaled, and times 1000 in both passes
 };
 
+}  // namespace
+
 struct Unit {
     std::string_view property;
     std::string_view names;  ///< One unit under several names, joined with "=".
@@ -51,6 +57,8 @@ struct Unit {
     Rule rule = Rule::scaled;
     double divisor = 1;  ///< What the factor is divided by, last.
 };
+
+namespace {
 
 constexpr Unit units[] = {
     // Temperature, base K.
@@ -272,6 +280,11 @@ const UnitIndex& unitIndex() {
     return index;
 }
 
+const Unit* findUnit(std::string_view property, std::string_view unit) {
+    const auto found = unitIndex().find(indexKey(property, unit));
+    return found == unitIndex().end() ? nullptr : found->second;
+}
+
 double factorOf(const Unit& unit, double molarMass) {
     double factor = unit.factor;
     if (unit.molarPower > 0) factor *= molarMass;
@@ -279,20 +292,36 @@ double factorOf(const Unit& unit, double molarMass) {
     return checked(factor / unit.divisor);
 }
 
-double applyRule(const Unit& unit, double value, double molarMass, UnitPass pass) {
-    const bool toBase = pass == UnitPass::toBase;
-    const double factor = factorOf(unit, molarMass);
-    // A factor to the power of the direction, not a division: the last bit is behaviour.
-    const double directed = toBase ? factor : std::pow(factor, -1);
-    switch (unit.rule) {
+}  // namespace
+
+FamilyUnit::FamilyUnit(std::string_view property, std::string_view unit, double molarMass)
+    : molarMass_(molarMass), isDensity_(property == "D") {
+    if (property == "P") {
+        if (unit.find("GAGE") != std::string_view::npos)
+            gauge_ = 1;
+        else if (unit.find("VACM") != std::string_view::npos)
+            gauge_ = -1;
+        if (gauge_ != 0) unit = unit.substr(0, unit.find(' '));
+    }
+    unit_ = findUnit(property, unit);
+    if (unit_ == nullptr) return;
+    factor_ = factorOf(*unit_, molarMass);
+    // To a power, not by a division: the last bit is behaviour.
+    inverse_ = std::pow(factor_, -1);
+}
+
+double FamilyUnit::applyRule(double value, bool toBase) const {
+    if (unit_ == nullptr) return value;
+    const double directed = toBase ? factor_ : inverse_;
+    switch (unit_->rule) {
         case Rule::scaled:
             return value * directed;
         case Rule::scaledThousandfold:
             return value * directed * 1000;
         case Rule::reciprocal:
-            return factor / value;
+            return factor_ / value;
         case Rule::overMolarMass:
-            return value / molarMass;
+            return value / molarMass_;
         case Rule::squareRoot:
             return std::sqrt(value);
         case Rule::celsius:
@@ -300,46 +329,23 @@ double applyRule(const Unit& unit, double value, double molarMass, UnitPass pass
         case Rule::fahrenheit:
             return toBase ? (value + zeroFahrenheit) * 5 / 9 : value / rankine - zeroFahrenheit;
         case Rule::gaugePsi:
-            return toBase ? value * factor + standardAtmosphere : (value - standardAtmosphere) / factor;
+            return toBase ? value * factor_ + standardAtmosphere : (value - standardAtmosphere) / factor_;
     }
     return value;
 }
 
-double convertPlain(double value, std::string_view property, std::string_view unit, double molarMass,
-                    UnitPass pass) {
-    const auto found = unitIndex().find(indexKey(property, unit));
-    return found == unitIndex().end() ? value : applyRule(*found->second, value, molarMass, pass);
-}
-
-/// "BAR GAGE" counts from one atmosphere upwards, "BAR VACM" downwards.
-double convertPressure(double value, std::string unit, double molarMass, UnitPass pass) {
-    const bool gage = unit.find("GAGE") != std::string::npos;
-    const bool vacuum = unit.find("VACM") != std::string::npos;
-    if (gage || vacuum) unit.erase(std::min(unit.find(' '), unit.size()));
-    const auto shifted = [&](double absolute, double sign) {
-        if (gage) return absolute + sign * standardAtmosphere;
-        return vacuum ? standardAtmosphere - absolute : absolute;
+double FamilyUnit::convert(double value, UnitPass pass) const {
+    const bool toBase = pass == UnitPass::toBase;
+    const auto movedZero = [this](double pressure, double sign) {
+        if (gauge_ > 0) return pressure + sign * standardAtmosphere;
+        return gauge_ < 0 ? standardAtmosphere - pressure : pressure;
     };
-    if (pass == UnitPass::fromBase) value = shifted(value, -1);
-    value = convertPlain(value, "P", unit, molarMass, pass);
-    if (pass == UnitPass::toBase) value = shifted(value, 1);
-    return value;
-}
-
-/// A density of 0 passes through the reciprocal units as a density too small to count.
-double convertDensity(double value, std::string_view unit, double molarMass, UnitPass pass) {
-    if (value == 0) value = 1e-50;
-    value = convertPlain(value, "D", unit, molarMass, pass);
-    return std::abs(value) < 1e-30 ? 0 : value;
-}
-
-}  // namespace
-
-double convertInFamily(double value, std::string_view property, std::string unit, double molarMass,
-                       UnitPass pass) {
-    if (property == "P") return convertPressure(value, std::move(unit), molarMass, pass);
-    if (property == "D") return convertDensity(value, unit, molarMass, pass);
-    return convertPlain(value, property, unit, molarMass, pass);
+    // A density of 0 passes through the reciprocal units as a density too small to count.
+    if (isDensity_ && value == 0) value = 1e-50;
+    if (!toBase) value = movedZero(value, -1);
+    value = applyRule(value, toBase);
+    if (toBase) value = movedZero(value, 1);
+    return isDensity_ && std::abs(value) < 1e-30 ? 0 : value;
 }
 
 }  // namespace marvello

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace marvello {
@@ -8,9 +7,32 @@ namespace marvello {
 /// The direction of a pass through a unit family.
 enum class UnitPass { toBase = 1, fromBase = -1 };
 
-/// Brings a value from a unit of the family of a property to the family's base unit, or back. `property` and
-/// `unit` are trimmed upper-case texts, `molarMass` in g/mol. An unknown property or unit changes nothing.
-double convertInFamily(double value, std::string_view property, std::string unit, double molarMass,
-                       UnitPass pass);
+/// A unit of the family of a property, looked up once to convert many values.
+class FamilyUnit {
+  public:
+    /// `property` and `unit` are trimmed upper-case texts, `molarMass` in g/mol. An unknown property or unit
+    /// changes nothing. Throws ArithmeticFault if the molar mass gives the unit no finite factor.
+    FamilyUnit(std::string_view property, std::string_view unit, double molarMass);
+
+    /// Brings a value to the family's base unit, or back.
+    double convert(double value, UnitPass pass) const;
+
+  private:
+    double applyRule(double value, bool toBase) const;
+
+    const struct Unit* unit_;  ///< None for an unknown one.
+    double molarMass_;
+    double factor_ = 1;
+    double inverse_ = 1;
+    /// How a pressure counts from one atmosphere: 1 upwards, -1 downwards, 0 not at all.
+    int gauge_ = 0;
+    bool isDensity_;
+};
+
+/// Converts one value.
+inline double convertInFamily(double value, std::string_view property, std::string_view unit,
+                              double molarMass, UnitPass pass) {
+    return FamilyUnit(property, unit, molarMass).convert(value, pass);
+}
 
 }  // namespace marvello

@@ -52,6 +52,12 @@ const ValueType& valueType(int type) { return valueTypes[static_cast<std::size_t
 constexpr double kilowattsInTon = 3.517;
 constexpr double btuPerHourInTon = 12000;
 
+/// Of a family without moles.
+double convertedUnits(double value, std::string_view family, std::string_view from, std::string_view to) {
+    const double base = convertInFamily(value, family, from, 0, UnitPass::toBase);
+    return checked(convertInFamily(base, family, to, 0, UnitPass::fromBase));
+}
+
 }  // namespace
 
 bool isUndefinedMarker(double value) {
@@ -76,8 +82,18 @@ void clsConvert::Initialize(int unitsMeasure, std::optional<double> molarMass) {
     Stunits = set.surfaceTension;
 }
 
-double clsConvert::ConvertUnitsApp(double value, int type) {
+const clsConvert::TypeUnits& clsConvert::unitsOf(int type) {
     if (!initialised_) Initialize(0);
+    const ValueType& kind = valueType(type);
+    const std::string& wanted = this->*kind.applicationUnit;
+    TypeUnits& units = units_[static_cast<std::size_t>(type)];
+    if (units.application && units.applicationUnit == wanted && units.wm == wm) return units;
+    units = {wanted, wm, {}, FamilyUnit(kind.property, uppered(kind.libraryUnit), wm)};
+    units.application.emplace(kind.property, uppered(trimmed(wanted)), wm);
+    return units;
+}
+
+double clsConvert::ConvertUnitsApp(double value, int type) {
     if (isUndefinedMarker(value)) {
         showBox(BoxKind::plain, undefinedText);
         return value;
@@ -86,18 +102,20 @@ double clsConvert::ConvertUnitsApp(double value, int type) {
         showBox(BoxKind::critical, "Set type Unit Value");
         return 0;
     }
-    const ValueType& kind = valueType(type);
-    return ConvertUnits(value, kind.property, kind.libraryUnit, this->*kind.applicationUnit);
+    const TypeUnits& units = unitsOf(type);
+    if (units.applicationUnit.empty()) return value;
+    const double base = units.library->convert(value, UnitPass::toBase);
+    return checked(units.application->convert(base, UnitPass::fromBase));
 }
 
 double clsConvert::ConvertUnitsRefprop(double value, int type) {
-    if (!initialised_) Initialize(0);
     if (!isValueType(type)) {
         showBox(BoxKind::critical, "Set Unit type");
         return 0;
     }
-    const ValueType& kind = valueType(type);
-    return ConvertUnits(value, kind.property, this->*kind.applicationUnit, kind.libraryUnit);
+    const TypeUnits& units = unitsOf(type);
+    const double base = units.application->convert(value, UnitPass::toBase);
+    return checked(units.library->convert(base, UnitPass::fromBase));
 }
 
 double clsConvert::ConvertValue(double value, int code) {
@@ -105,15 +123,15 @@ double clsConvert::ConvertValue(double value, int code) {
         case conversion::kilowattsToTons:
             return checked(value / kilowattsInTon);
         case conversion::kilogramsToPounds:
-            return ConvertUnits(value, "M", "KG", "LB");
+            return convertedUnits(value, "M", "KG", "LB");
         case conversion::celsiusToFahrenheit:
-            return ConvertUnits(value, "T", "C", "F");
+            return convertedUnits(value, "T", "C", "F");
         case conversion::kelvinToFahrenheit:
-            return ConvertUnits(value, "T", "K", "F");
+            return convertedUnits(value, "T", "K", "F");
         case conversion::fahrenheitToCelsius:
-            return ConvertUnits(value, "T", "F", "C");
+            return convertedUnits(value, "T", "F", "C");
         case conversion::fahrenheitToKelvin:
-            return ConvertUnits(value, "T", "F", "K");
+            return convertedUnits(value, "T", "F", "K");
         case conversion::tonsToKilowatts:
             return checked(value * kilowattsInTon);
         case conversion::tonsToBtu:
@@ -123,14 +141,6 @@ double clsConvert::ConvertValue(double value, int code) {
         default:
             return value;
     }
-}
-
-double clsConvert::ConvertUnits(double value, std::string_view property, std::string_view fromUnit,
-                                std::string_view toUnit) const {
-    if (toUnit.empty()) return value;
-    const std::string family = uppered(trimmed(property));
-    const double base = convertInFamily(value, family, uppered(trimmed(fromUnit)), wm, UnitPass::toBase);
-    return checked(convertInFamily(base, family, uppered(trimmed(toUnit)), wm, UnitPass::fromBase));
 }
 
 }  // namespace marvello

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "thermo/UnitFamilies.h"
 
 namespace marvello {
 
@@ -61,10 +64,17 @@ class clsConvert {
     double ConvertValue(double value, int code);
 
   private:
-    double ConvertUnits(double value, std::string_view property, std::string_view fromUnit,
-                        std::string_view toUnit) const;
+    /// The units of a type of value, as they were looked up for these texts.
+    struct TypeUnits {
+        std::string applicationUnit;
+        double wm = 0;
+        std::optional<FamilyUnit> application;
+        std::optional<FamilyUnit> library;
+    };
+    const TypeUnits& unitsOf(int type);
 
     bool initialised_ = false;
+    std::array<TypeUnits, 10> units_;  ///< By type.
 };
 
 }  // namespace marvello

@@ -1,7 +1,6 @@
 #include "thermo/clsRefprop.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
@@ -27,14 +26,26 @@ std::string nativePath(std::string path) {
     return path;
 }
 
-/// More states than a run of the whole catalogue at one condition asks for.
-constexpr std::size_t rememberedStates = 8192;
-
-/// What a session shares.
-struct SharedService {
-    std::shared_ptr<clsRefprop> service;
-    std::string folder;  ///< Of the library.
+/// What a session shares: a service for each refrigerant that was asked for.
+struct SharedServices {
+    std::vector<std::shared_ptr<clsRefprop>> services;
+    std::string folder;     ///< Of their library.
+    long long opening = 0;  ///< Of the file that has the refrigerants.
 };
+
+/// Those of the present library and file.
+std::vector<std::shared_ptr<clsRefprop>>& sharedServices() {
+    Session& session = Session::current();
+    auto& shared = session.part<SharedServices>();
+    const long long opening = gDatabase().openings();
+    if (shared.folder != session.applicationFolder || shared.opening != opening)
+        shared = {{}, session.applicationFolder, opening};
+    return shared.services;
+}
+
+bool isFor(const clsRefprop& service, const std::string& refrigerant) {
+    return equalIgnoringCase(service.Refrigerant, withoutBlanks(refrigerant));
+}
 
 }  // namespace
 
@@ -188,30 +199,18 @@ bool clsRefprop::askBy(std::span<const Route> routes, std::pair<int, int> types,
     return false;
 }
 
-std::size_t clsRefprop::CallHash::operator()(const Call& call) const {
-    constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15ULL;
-    const auto mix = [](std::uint64_t hash, std::uint64_t part) {
-        hash = (hash ^ part) * multiplier;
-        return hash ^ (hash >> 29);
-    };
-    std::uint64_t hash = mix(static_cast<std::uint64_t>(call.function), static_cast<std::uint64_t>(call.kph));
-    hash = mix(hash, std::bit_cast<std::uint64_t>(call.first));
-    hash = mix(hash, std::bit_cast<std::uint64_t>(call.second));
-    return static_cast<std::size_t>(hash);
-}
-
-void clsRefprop::ask(const Call& call, std::int32_t errorLength) {
-    if (const auto found = remembered_.find(call); found != remembered_.end()) {
-        state_ = found->second;
+void clsRefprop::ask(const StateCall& call, std::int32_t errorLength) {
+    if (const RefpropState* found = remembered_.find(call)) {
+        state_ = *found;
         return;
     }
     state_ = askLibrary(call, errorLength);
     ++libraryCalls_;
-    if (remembered_.size() >= rememberedStates) remembered_.clear();
-    remembered_.emplace(call, state_);
+    if (noted_ != nullptr) noted_->push_back(call);
+    remembered_.keep(call, state_);
 }
 
-RefpropState clsRefprop::askLibrary(const Call& call, std::int32_t errorLength) {
+RefpropState clsRefprop::askLibrary(const StateCall& call, std::int32_t errorLength) {
     switch (call.function) {
         case Function::satt:
             return session_.saturationAtT(call.first, call.kph, state_);
@@ -257,17 +256,18 @@ double clsRefprop::answer(const Request& request, double value, int type) {
 void InitRefprop(const std::string& refrigerant) {
     auto service = std::make_shared<clsRefprop>();
     service->Initialize(gDatabase(), 0, refrigerant, "Fluids\\");
-    Session& session = Session::current();
-    session.part<SharedService>() = {std::move(service), session.applicationFolder};
+    auto& services = sharedServices();
+    std::erase_if(services, [&](const auto& other) { return isFor(*other, refrigerant); });
+    services.push_back(std::move(service));
 }
 
 std::shared_ptr<clsRefprop> SharedRefprop(const std::string& refrigerant) {
-    Session& session = Session::current();
-    const auto& [service, folder] = session.part<SharedService>();
-    const bool isBound = service && folder == session.applicationFolder &&
-                         equalIgnoringCase(service->Refrigerant, trimmed(refrigerant));
-    if (!isBound || !service->SetupFault().empty()) InitRefprop(refrigerant);
-    return service;
+    const auto& services = sharedServices();
+    const auto found =
+        std::ranges::find_if(services, [&](const auto& service) { return isFor(*service, refrigerant); });
+    if (found != services.end() && (*found)->SetupFault().empty()) return *found;
+    InitRefprop(refrigerant);
+    return services.back();
 }
 
 clsRefprop& GetRefprop(const std::string& refrigerant) { return *SharedRefprop(refrigerant); }

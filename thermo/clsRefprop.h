@@ -7,12 +7,13 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "data/clsDatabase.h"
 #include "thermo/RefpropLibrary.h"
 #include "thermo/SaturationRange.h"
+#include "thermo/StateMemory.h"
 #include "thermo/clsConvert.h"
 
 namespace marvello {
@@ -78,19 +79,15 @@ class clsRefprop {
 
     /// How often the library was asked for a state, for benchmarks and tests.
     long long libraryCalls() const { return libraryCalls_; }
+    /// Forgets all states; for benchmarks.
+    void forget() { remembered_.clear(); }
+    /// Notes these calls from now on, or no longer; for benchmarks.
+    void note(std::vector<StateCall>* calls) { noted_ = calls; }
+    /// Asks the library for a state, whatever is remembered.
+    RefpropState asked(const StateCall& call) { return askLibrary(call, RefpropSession::usualErrorLength); }
 
   private:
-    enum class Function : std::uint8_t { satt, satp, tpflsh, tsflsh, phflsh, psflsh };
-
-    struct Call {
-        Function function;
-        std::int32_t kph;
-        double first, second;
-        bool operator==(const Call&) const = default;
-    };
-    struct CallHash {
-        std::size_t operator()(const Call& call) const;
-    };
+    using Function = StateCall::Function;
 
     /// How a pair of property codes reaches a call of the library.
     enum Order : std::uint8_t { asGiven, swapped };
@@ -105,8 +102,8 @@ class clsRefprop {
     static const Route entropyRoutes[4];
     static const Route densityRoutes[4];
 
-    void ask(const Call& call, std::int32_t errorLength = RefpropSession::usualErrorLength);
-    RefpropState askLibrary(const Call& call, std::int32_t errorLength);
+    void ask(const StateCall& call, std::int32_t errorLength = RefpropSession::usualErrorLength);
+    RefpropState askLibrary(const StateCall& call, std::int32_t errorLength);
     /// Asks by the route of a pair of property codes; false for a pair without one, which shows a
     /// box and changes nothing.
     bool askBy(std::span<const Route> routes, std::pair<int, int> types, std::pair<double, double> values,
@@ -128,19 +125,20 @@ class clsRefprop {
 
     RefpropSession session_;
     RefpropState state_;
-    std::unordered_map<Call, RefpropState, CallHash> remembered_;
+    StateMemory remembered_;
     long long libraryCalls_ = 0;
+    std::vector<StateCall>* noted_ = nullptr;
     std::string setupFault_;
     std::string lastUndefined_;
     std::optional<SaturationRange> dewRange_;
 };
 
-/// Replaces the service that the current session shares by one for `refrigerant`, on gDatabase(), with the
-/// units set 0.
+/// Sets up a service for `refrigerant`, on gDatabase() and with the units set 0, which the current session
+/// shares from now on in place of the one for it before.
 void InitRefprop(const std::string& refrigerant);
 
-/// The session's service bound to `refrigerant`; set up anew only when the refrigerant, case ignored, or the
-/// application folder differs, or the set-up failed.
+/// The session's service for `refrigerant`, case ignored. It is set up at its first use, again after a set-up
+/// that failed, and when the application folder or the file of the catalogue is another one.
 clsRefprop& GetRefprop(const std::string& refrigerant);
 
 /// The same, for who holds it across window events, in which the service may be replaced.

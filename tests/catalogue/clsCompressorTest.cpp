@@ -238,7 +238,7 @@ TEST_F(clsCompressorTest, AClone) {
     const clsCompressor copy = c.Clone();
     EXPECT_EQ(c.Fla, 80);     // the side effect of reading Fla2
     EXPECT_EQ(copy.Fla, 50);  // taken before it
-    EXPECT_EQ(copy.Variables.Item("q0").Description, "capacity");
+    EXPECT_EQ(copy.Variables.Item("q0").Description(), "capacity");
     EXPECT_EQ(copy.Messages.Error.Count(), 0);
     EXPECT_EQ(copy.VI, "");
     EXPECT_FALSE(copy.hasInvert);

@@ -88,6 +88,28 @@ TEST(polygonTest, AgreesWithRayCastingOnAConcaveLineInBothDirections) {
     }
 }
 
+// The same line with each point many times over has its angles summed wherever the point is.
+TEST(polygonTest, CountsWhatTheSumOfTheAnglesSays) {
+    constexpr int times = 15;
+    const clsPoints line = parsePoints("-20,20;12,20;15,30;15,60;0,55;-5,40;-12,50;-20,35;-20,20");
+    clsPoints repeated;
+    for (const clsPoint& point : line)
+        for (int i = 0; i < times; ++i) repeated.add(point.x, point.Y);
+    ASSERT_GT(repeated.Count(), 100);
+    std::mt19937 random(11);
+    std::uniform_real_distribution<double> part(0, 1);
+    std::normal_distribution<double> aside(0, 0.02);  // K: to both sides of where counting begins
+    for (int i = 0; i < 20000; ++i) {
+        const int edge = 1 + i % (line.Count() - 1);
+        const clsPoint& from = line.Item(edge);
+        const clsPoint& to = line.Item(edge + 1);
+        const double along = part(random);
+        const double x = from.x + along * (to.x - from.x) + aside(random);
+        const double y = from.Y + along * (to.Y - from.Y) + aside(random);
+        ASSERT_EQ(polygonTest(line, x, y), polygonTest(repeated, x, y)) << x << " " << y;
+    }
+}
+
 TEST(clsLimits, LimitsAroundAPointKeepTheirOrderAndIdentity) {
     clsLimits limits;
     limits.add(limitOf(-1, "-30,10;30,10;30,80;-30,80;-30,10"));

@@ -58,7 +58,7 @@ TEST(clsVariables, NamesIgnoreCaseAndTheOrderIsThatOfAdding) {
     v.add("Pe", 3.0, "pressure", "bar", "P");
     v.add("q0", 6.0);
     ASSERT_EQ(v.Count(), 2);
-    EXPECT_EQ(v.Item(2).Name, "q0");
+    EXPECT_EQ(v.Item(2).Name(), "q0");
     EXPECT_EQ(v("Q0"), 6.0);
     EXPECT_TRUE(v.Exist("PE"));
     EXPECT_EQ(v.getFromTag("p"), &v.Item("pe"));
@@ -67,11 +67,11 @@ TEST(clsVariables, NamesIgnoreCaseAndTheOrderIsThatOfAdding) {
     EXPECT_FALSE(v.Exist("Pe"));
     EXPECT_THROW(v("Pe"), VariableError);
     EXPECT_THROW(v.Item(2), VariableError);
-    v.add(v.Item(1).Name, 7.0);  // under the very name of the entry that goes
+    v.add(v.Item(1).Name(), 7.0);  // under the very name of the entry that goes
     EXPECT_EQ(v("Q0"), 7.0);
     v.add("Pc", 1.0);
     v.Remove(1);
-    EXPECT_EQ(v.Item(1).Name, "Pc");
+    EXPECT_EQ(v.Item(1).Name(), "Pc");
     EXPECT_THROW(v.Remove(2), VariableError);
 }
 

@@ -96,12 +96,12 @@ TEST(Variables, SetMeansANumber) {
     EXPECT_THROW(v[var::Tsca], VariableError);
     v.set(var::Tsca, 80.0);
     v.set(var::Mbase, 6.0);  // in its place, as it was named and measured
-    EXPECT_EQ(v.Item(1).Name, "Mbase");
-    EXPECT_EQ(v.Item(1).UnitMeasuretext, "Kw");
+    EXPECT_EQ(v.Item(1).Name(), "Mbase");
+    EXPECT_EQ(v.Item(1).UnitMeasuretext(), "Kw");
     EXPECT_EQ(v("mBase"), 6.0);
     v.add("MBASE", 7.0);
     EXPECT_EQ(v[var::Mbase], 7.0);
-    EXPECT_EQ(v.Item(2).Name, "MBASE");
+    EXPECT_EQ(v.Item(2).Name(), "MBASE");
     const clsVariables moved = std::move(v);
     EXPECT_EQ(moved[var::Tsca], 80.0);
 }

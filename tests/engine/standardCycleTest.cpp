@@ -79,7 +79,7 @@ TEST_F(standardCycle, VariablesComeInTheirOrder) {
         "Pta010 "
         "M010 V010 Mbase Qbase Q0 Pta CA Fla Lra1 Lra2 COP EER T21 Tsca H21 Pra H2Rif PLiq T3 H3 Qc QcEco ";
     std::string names;
-    for (const auto& variable : select().Variables) names += variable->Name + " ";
+    for (const auto& variable : select().Variables) names += variable->Name() + " ";
     EXPECT_EQ(names, order);
 }
 

@@ -94,7 +94,7 @@ TEST_F(economizedCompressor, WithAPlate) {
     EXPECT_EQ(names(c.Messages.Error), keys({}));
     EXPECT_EQ(c.Variables.Item("EcoModel").text(), "Piastra");
     EXPECT_EQ(c.Variables("EcoOK"), 0);
-    EXPECT_EQ(c.Variables.Item("CAECO").UnitMeasuretext, "A");
+    EXPECT_EQ(c.Variables.Item("CAECO").UnitMeasuretext(), "A");
     expectCompressionAndPort();
     expectValues({{"meco", 138.80070824429947}, {"T7D", 8.081235209103}, {"T7", 20.081335209103},
                   {"D7", 17.860067840272304}, {"H7", 414.342901277598}, {"P7", 3.886815597094104},

@@ -1,6 +1,10 @@
+#include "tools/select/JsonOutput.h"
+
 #include <nlohmann/json.hpp>
 
-#include "tools/select/Output.h"
+#include <utility>
+
+#include "data/Texts.h"
 
 namespace marvello::select {
 
@@ -60,10 +64,10 @@ Json ofVariables(const clsVariables& variables) {
         Json value;
         if (const auto* number = std::get_if<double>(&variable->value())) value = *number;
         if (const auto* text = std::get_if<std::string>(&variable->value())) value = *text;
-        list.push_back({{"name", variable->Name},
+        list.push_back({{"name", variable->Name()},
                         {"value", std::move(value)},
-                        {"unit", variable->UnitMeasuretext},
-                        {"description", variable->Description}});
+                        {"unit", variable->UnitMeasuretext()},
+                        {"description", variable->Description()}});
     }
     return list;
 }
@@ -105,22 +109,36 @@ Json ofCompressor(const clsCompressor& c) {
               {"information", ofMessages(c.Messages.Information)}}}};
 }
 
-Json ofRun(const Run& run) {
-    Json compressors = Json::array();
+Json ofRun(const Run& run, LineNumber line) {
+    Json object;
+    if (line) object["line"] = *line;
+    object["conditions"] = ofConditions(run.request);
+    object["aborted"] = run.selection->isAborted();
+    object["count"] = run.selection->Count();
+    Json& compressors = object["compressors"] = Json::array();
     for (const auto& compressor : *run.selection) compressors.push_back(ofCompressor(*compressor));
-    return {{"conditions", ofConditions(run.request)},
-            {"aborted", run.selection->isAborted()},
-            {"count", run.selection->Count()},
-            {"compressors", std::move(compressors)}};
+    return object;
+}
+
+std::string written(const Json& json, int indent) {
+    return json.dump(indent, ' ', false, Json::error_handler_t::replace);
 }
 
 }  // namespace
 
-std::string asJson(const std::vector<Run>& runs, bool batch) {
-    Json out = Json::array();
-    for (const Run& run : runs) out.push_back(ofRun(run));
-    if (!batch && runs.size() == 1) out = Json(out.front());
-    return out.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+Frame jsonFrame(bool isBatch, bool) { return isBatch ? Frame{"[", ",", "\n]\n"} : Frame{"", "", "\n"}; }
+
+void addJson(std::string& text, const Run& run, LineNumber line) {
+    std::string object = written(ofRun(run, {}), 2);
+    if (line) {
+        replaceAll(object, "\n", "\n  ");  // those of a text inside are escaped
+        text += "\n  ";
+    }
+    text += object;
+}
+
+void addJsonLine(std::string& text, const Run& run, LineNumber line) {
+    text += written(ofRun(run, line), -1) + "\n";
 }
 
 }  // namespace marvello::select

@@ -10,6 +10,7 @@
 #include "results/ExportRecords.h"
 #include "results/Messages.h"
 #include "results/ResultTable.h"
+#include "tools/select/JsonOutput.h"
 
 namespace marvello::select {
 
@@ -38,8 +39,8 @@ const char* wordOf(Verdict verdict) {
     return "error";
 }
 
-bool isListed(const clsCompressor& compressor, const Column& column) {
-    return verdictOf(compressor) != Verdict::notPossible && compressor.Variables.isSet(column.variable);
+bool isListed(const clsCompressor& compressor, Verdict verdict, const Column& column) {
+    return verdict != Verdict::notPossible && compressor.Variables.isSet(column.variable);
 }
 
 /// The messages, each with the first of its causes.
@@ -61,9 +62,10 @@ Cells headings() {
 }
 
 Cells cellsOf(const clsCompressor& compressor) {
-    Cells cells{nameOf(compressor), wordOf(verdictOf(compressor))};
+    const Verdict verdict = verdictOf(compressor);
+    Cells cells{nameOf(compressor), wordOf(verdict)};
     for (const Column& column : columns)
-        cells.push_back(isListed(compressor, column)
+        cells.push_back(isListed(compressor, verdict, column)
                             ? formatNumber(compressor.Variables[column.variable], column.pattern)
                             : "");
     return cells;
@@ -91,60 +93,82 @@ std::string pointOf(const Request& request) {
            storedText(c.TCondensationDew) + " C";
 }
 
+Frame noFrame(bool, bool) { return {}; }
+
+void addTable(std::string& text, const Run& run, LineNumber) {
+    const int count = run.selection->Count();
+    text += pointOf(run.request) + ", " + std::to_string(count) +
+            (count == 1 ? " compressor\n" : " compressors\n");
+    std::vector<Cells> lines{headings()};
+    for (const auto& compressor : *run.selection) lines.push_back(cellsOf(*compressor));
+    const auto widths = widthsOf(lines);
+    auto line = lines.begin();
+    text += lineText(*line, widths);
+    for (const auto& compressor : *run.selection) {
+        text += lineText(*++line, widths);
+        for (const std::string& each : texts(*compressor)) text += "    " + each + '\n';
+    }
+}
+
+Frame csvFrame(bool isBatch, bool hasHeading) {
+    if (!hasHeading) return {};
+    std::vector<std::string> fields{"refrigerant", "series", "model", "ted", "tcd", "mark"};
+    if (isBatch) fields.insert(fields.begin(), "line");
+    for (const Column& column : columns) fields.emplace_back(definitionOf(column.variable).name);
+    fields.emplace_back("messages");
+    return {csvLine(fields), {}, {}};
+}
+
+void addCsv(std::string& text, const Run& run, LineNumber line) {
+    const std::string number = line ? std::to_string(*line) + ',' : std::string();
+    const clsProjectConditions& conditions = run.request.conditions;
+    const std::string point =
+        ',' + storedText(conditions.TEvaporatingDew) + ',' + storedText(conditions.TCondensationDew) + ',';
+    for (const auto& compressor : *run.selection) {
+        const Verdict verdict = verdictOf(*compressor);
+        text += number + csvField(compressor->Refrigerant) + ',' + csvField(compressor->Serie) + ',' +
+                csvField(compressor->Model) + point + wordOf(verdict) + ',';
+        for (const Column& column : columns) {
+            if (isListed(*compressor, verdict, column))
+                text += storedText(compressor->Variables[column.variable]);
+            text += ',';
+        }
+        std::string messages;
+        for (const std::string& each : texts(*compressor)) messages += (messages.empty() ? "" : " ") + each;
+        text += csvField(messages) + '\n';
+    }
+}
+
 /// The list as a form shows it that was calculated with the request.
 ResultTable listOf(const Run& run) {
     const bool hasEconomizer = run.request.conditions.EcoCalculateMode != EconomizerMode::none;
     return listResults(*run.selection, catalogueColumns(), {.hasEconomizer = hasEconomizer});
 }
 
+void addListXml(std::string& text, const Run& run, LineNumber) {
+    text += resultsRecords(listOf(run)).toXml();
+}
+
+void addListCsv(std::string& text, const Run& run, LineNumber) {
+    text += resultsRecords(listOf(run)).toCsv(userDecimalMark());
+}
+
+constexpr std::array allFormats = {
+    Format{"table", true, 64, noFrame, addTable}, Format{"csv", true, 64, csvFrame, addCsv},
+    Format{"json", true, 8, jsonFrame, addJson},  Format{"jsonl", true, 8, noFrame, addJsonLine},
+    Format{"xml", false, 0, noFrame, addListXml}, Format{"list-csv", false, 0, noFrame, addListCsv},
+};
+
 }  // namespace
 
-std::string asTable(const std::vector<Run>& runs) {
-    std::string out;
-    for (const Run& run : runs) {
-        const int count = run.selection->Count();
-        out += pointOf(run.request) + ", " + std::to_string(count) +
-               (count == 1 ? " compressor\n" : " compressors\n");
-        std::vector<Cells> lines{headings()};
-        for (const auto& compressor : *run.selection) lines.push_back(cellsOf(*compressor));
-        const auto widths = widthsOf(lines);
-        auto line = lines.begin();
-        out += lineText(*line, widths);
-        for (const auto& compressor : *run.selection) {
-            out += lineText(*++line, widths);
-            for (const std::string& text : texts(*compressor)) out += "    " + text + '\n';
-        }
-    }
-    return out;
+std::span<const Format> formats() { return allFormats; }
+
+const Format& formatOf(const std::string& name) {
+    const auto* const found = std::ranges::find(allFormats, name, &Format::name);
+    if (found != allFormats.end()) return *found;
+    std::vector<std::string> names;
+    for (const Format& format : allFormats) names.emplace_back(format.name);
+    throw BadRequest(notOneOf("format", name, names));
 }
-
-std::string asCsv(const std::vector<Run>& runs) {
-    std::vector<std::string> fields{"refrigerant", "series", "model", "ted", "tcd", "mark"};
-    for (const Column& column : columns) fields.emplace_back(definitionOf(column.variable).name);
-    fields.emplace_back("messages");
-    std::string out = csvLine(fields);
-    for (const Run& run : runs) {
-        for (const auto& compressor : *run.selection) {
-            fields = {compressor->Refrigerant,
-                      compressor->Serie,
-                      compressor->Model,
-                      storedText(run.request.conditions.TEvaporatingDew),
-                      storedText(run.request.conditions.TCondensationDew),
-                      wordOf(verdictOf(*compressor))};
-            for (const Column& column : columns)
-                fields.push_back(isListed(*compressor, column)
-                                     ? storedText(compressor->Variables[column.variable])
-                                     : std::string());
-            std::string& all = fields.emplace_back();
-            for (const std::string& text : texts(*compressor)) all += (all.empty() ? "" : " ") + text;
-            out += csvLine(fields);
-        }
-    }
-    return out;
-}
-
-std::string asListXml(const Run& run) { return resultsRecords(listOf(run)).toXml(); }
-
-std::string asListCsv(const Run& run) { return resultsRecords(listOf(run)).toCsv(userDecimalMark()); }
 
 }  // namespace marvello::select

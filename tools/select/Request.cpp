@@ -141,17 +141,13 @@ Request::Request() : conditions(conditionsAt(std::nan(""), std::nan(""))) {}
 
 std::span<const RequestOption> requestOptions() { return options; }
 
-void readOption(Request& request, std::string_view name, const std::string& text, const Choices& choices) {
-    for (const RequestOption& option : options) {
-        if (option.name != name) continue;
-        try {
-            option.read(request, text, choices);
-        } catch (const BadRequest& fault) {
-            throw BadRequest(std::string(name) + ": " + fault.what());
-        }
-        return;
+void readOption(Request& request, const RequestOption& option, const std::string& text,
+                const Choices& choices) {
+    try {
+        option.read(request, text, choices);
+    } catch (const BadRequest& fault) {
+        throw BadRequest(std::string(option.name) + ": " + fault.what());
     }
-    throw BadRequest("there is no option " + std::string(name));
 }
 
 void checkRequest(const Request& request) {

@@ -33,14 +33,14 @@ struct Request {
 struct RequestOption {
     std::string_view name;
     std::string_view help;
-    /// Reads the option's text into a request. Throws BadRequest with the value and what is allowed.
     void (*read)(Request&, const std::string& text, const Choices& choices);
 };
 
 std::span<const RequestOption> requestOptions();
 
-/// Reads one option by name. Throws BadRequest, also for an unknown name.
-void readOption(Request& request, std::string_view name, const std::string& text, const Choices& choices);
+/// Reads one option. Throws BadRequest with its name, the value and what is allowed.
+void readOption(Request& request, const RequestOption& option, const std::string& text,
+                const Choices& choices);
 
 /// Throws BadRequest if a request lacks what it needs, or a value does not go with another one.
 void checkRequest(const Request& request);

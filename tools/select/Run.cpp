@@ -1,6 +1,7 @@
 #include "tools/select/Run.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "catalogue/CatalogueLists.h"
@@ -16,35 +17,84 @@ namespace marvello::select {
 namespace {
 
 /// Returns the name as the catalogue spells it, which the engine compares letter by letter. Throws
-/// NothingMatches with `problem` and what is there.
-std::string spelled(const std::string& name, const std::vector<std::string>& names,
-                    const std::string& problem) {
+/// NothingMatches with what `problem` says, and what is there.
+template <class Problem>
+const std::string& spelled(const std::string& name, const std::vector<std::string>& names, Problem problem) {
     const auto found =
         std::ranges::find_if(names, [&](const std::string& each) { return equalIgnoringCase(each, name); });
     if (found != names.end()) return *found;
     std::string all;
     for (const std::string& each : names) all += (all.empty() ? "" : ", ") + each;
-    throw NothingMatches(problem + "; it has " + all + ".");
+    throw NothingMatches(problem() + "; it has " + all + ".");
+}
+
+/// What a session knows of the open catalogue, each list read at its first use.
+struct Known {
+    std::vector<std::string> refrigerants;
+    std::map<std::string, std::vector<std::string>> series;                          ///< By refrigerant.
+    std::map<std::pair<std::string, std::string>, std::vector<std::string>> models;  ///< And by series.
+    std::map<std::string, SaturationRange> ranges;                                   ///< By refrigerant.
+    std::shared_ptr<clsSelections> selection;  ///< Of the last run, to be used again.
+};
+
+Known& known() { return Session::current().part<Known>(); }
+
+/// That of the last run, unless somebody holds its results.
+std::shared_ptr<clsSelections> freeSelection() {
+    auto& selection = known().selection;
+    if (!selection || selection.use_count() > 1) selection = std::make_shared<clsSelections>();
+    return selection;
+}
+
+/// Returns the entry of a key, made at its first use.
+template <class Map, class Make>
+const auto& entryOf(Map& map, const typename Map::key_type& key, Make make) {
+    auto found = map.find(key);
+    if (found == map.end()) found = map.emplace(key, make()).first;
+    return found->second;
+}
+
+const std::vector<std::string>& knownRefrigerants() {
+    auto& names = known().refrigerants;
+    if (names.empty()) names = refrigerantsOf();
+    return names;
+}
+
+const std::vector<std::string>& knownSeries(const std::string& refrigerant) {
+    return entryOf(known().series, refrigerant, [&] { return seriesOf({.refrigerant = refrigerant}); });
+}
+
+const std::vector<std::string>& knownModels(const std::string& refrigerant, const std::string& series) {
+    return entryOf(known().models, {refrigerant, series}, [&] {
+        std::vector<std::string> models;
+        for (const ModelName& name : modelsOf({.refrigerant = refrigerant, .series = series}))
+            models.push_back(name.model);
+        return models;
+    });
+}
+
+const SaturationRange& knownRange(const std::string& refrigerant) {
+    return entryOf(known().ranges, refrigerant, [&] { return saturationRange(refrigerant); });
 }
 
 /// Each name is looked up before it reaches the engine, so that an answer says what is missing.
 void spellNames(Request& request) {
     std::string& refrigerant = request.refrigerant;
-    refrigerant = spelled(refrigerant, refrigerantsOf(), "The catalogue has no refrigerant " + refrigerant);
+    refrigerant = spelled(refrigerant, knownRefrigerants(),
+                          [&] { return "The catalogue has no refrigerant " + refrigerant; });
     std::string& series = request.series;
-    series = spelled(series, seriesOf({.refrigerant = refrigerant}),
-                     "The catalogue has no series " + series + " for " + refrigerant);
+    series = spelled(series, knownSeries(refrigerant),
+                     [&] { return "The catalogue has no series " + series + " for " + refrigerant; });
     if (request.models == "*") return;
-    std::vector<std::string> ofSeries;
-    for (const ModelName& name : modelsOf({.refrigerant = refrigerant, .series = series}))
-        ofSeries.push_back(name.model);
+    const std::vector<std::string>& ofSeries = knownModels(refrigerant, series);
     std::string models;
-    for (const std::string& name : splitText(request.models, ';')) {
-        if (trimmed(name).empty()) continue;
-        const std::string model =
-            spelled(trimmed(name), ofSeries,
-                    "The series " + series + " has no model " + trimmed(name) + " for " + refrigerant);
-        models += (models.empty() ? "" : ";") + model;
+    for (const std::string& each : splitText(request.models, ';')) {
+        const std::string name = trimmed(each);
+        if (name.empty()) continue;
+        if (!models.empty()) models += ';';
+        models += spelled(name, ofSeries, [&] {
+            return "The series " + series + " has no model " + name + " for " + refrigerant;
+        });
     }
     request.models = models.empty() ? "*" : models;
 }
@@ -63,6 +113,7 @@ std::string remarkOf(const std::string& box, const std::string& undefinedState) 
 
 void openCatalogue(const std::string& language) {
     marvello::openCatalogue();
+    known() = {};
     std::vector<std::string> languages;
     for (const Language& each : catalogueLanguages()) languages.push_back(each.key);
     const auto known = std::ranges::find_if(
@@ -74,14 +125,16 @@ void openCatalogue(const std::string& language) {
 Run carryOut(Request request) {
     checkRequest(request);
     spellNames(request);
-    checkTemperatures(request, saturationRange(request.refrigerant));
-    Run run{request, std::make_unique<clsSelections>(), {}};
+    checkTemperatures(request, knownRange(request.refrigerant));
+    const auto selection = freeSelection();
+    Run run{std::move(request), selection, {}};
     AbortRequested() = false;
-    const auto refprop = SharedRefprop(request.refrigerant);
+    const auto refprop = SharedRefprop(run.request.refrigerant);
     refprop->clearLastUndefined();
     const CollectedBoxes said;
-    run.selection->Selection(std::make_shared<clsProjectConditions>(request.conditions), request.series,
-                             request.models, request.refrigerant, static_cast<std::uint8_t>(request.market));
+    selection->Selection(std::make_shared<clsProjectConditions>(run.request.conditions), run.request.series,
+                         run.request.models, run.request.refrigerant,
+                         static_cast<std::uint8_t>(run.request.market));
     for (const CollectedBoxes::Box& box : said.boxes())
         run.remarks.push_back(remarkOf(box.text, refprop->LastUndefined()));
     return run;

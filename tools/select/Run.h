@@ -19,7 +19,7 @@ class NothingMatches : public std::runtime_error {
 /// A request that was carried out, with its results.
 struct Run {
     Request request;
-    std::unique_ptr<clsSelections> selection;
+    std::shared_ptr<const clsSelections> selection;
     std::vector<std::string> remarks;  ///< What the run had to say in message boxes, each once.
 };
 

@@ -3,20 +3,20 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <exception>
 #include <map>
-#include <optional>
 #include <string>
-#include <utility>
-#include <vector>
+#include <thread>
 
 #include "data/FileText.h"
+#include "data/Numbers.h"
 #include "data/Session.h"
 #include "data/clsApplication.h"
-#include "data/clsDatabase.h"
-#include "thermo/RefpropLibrary.h"
-#include "tools/select/Batch.h"
+#include "platform/Interrupt.h"
+#include "tools/select/BatchRun.h"
+#include "tools/select/Complaint.h"
 #include "tools/select/Output.h"
 #include "tools/select/Request.h"
 #include "tools/select/Run.h"
@@ -25,99 +25,111 @@ namespace marvello::select {
 
 namespace {
 
-enum ExitStatus { done = 0, nothingMatches = 1, refused = 2, someLinesBad = 3 };
+enum ExitStatus {
+    done = 0,
+    nothingMatches = 1,
+    refused = 2,
+    someLinesBad = 3,
+    interrupted = Interrupt::status
+};
 
 struct Arguments {
     std::map<std::string, std::string> options;  ///< By name of the request option.
-    std::string language = defaultLanguage;
     std::string format = "table";
-    std::string batchFile;
+    std::string jobs;
+    std::string firstLine = "1";
     std::string folder;
     bool list = false;
     bool inverter = false;
     bool isBatch = false;
-    bool isStrict = false;  ///< Stops at the first bad line.
+    BatchOptions batch{.file = {}, .columns = {}, .language = defaultLanguage};
 };
 
-std::string readFile(const std::string& file) {
-    std::optional<std::string> text = fileText(file);
-    if (!text) throw BadRequest("the file " + file + " cannot be read");
-    return *std::move(text);
-}
-
 int complain(const std::string& sentence, ExitStatus status) {
-    std::fprintf(stderr, "marvello-select: %s\n", sentence.c_str());
+    std::fputs(complaint(sentence).c_str(), stderr);
     return status;
 }
 
-/// Runs a line of a batch; what is wrong with it, empty for nothing.
-std::string runLine(BatchLine& line, std::vector<Run>& runs) {
-    if (!line.fault.empty()) return line.fault;
-    try {
-        runs.push_back(carryOut(std::move(line.request)));
-    } catch (const DatabaseError&) {
-        throw;  // no other line would be better off
-    } catch (const FluidLibraryError&) {
-        throw;
-    } catch (const std::exception& fault) {
-        return fault.what();
-    }
-    for (const std::string& remark : runs.back().remarks) complain(line.place + ": " + remark, done);
-    return {};
+/// Reads a whole number from 1 on.
+long long wholeNumber(const std::string& option, const std::string& text, long long most) {
+    const auto number = storedNumber(text);
+    if (!number || *number < 1 || *number > static_cast<double>(most) || *number != std::floor(*number))
+        throw BadRequest(option + ": \"" + text + "\" is not a whole number from 1 to " +
+                         std::to_string(most));
+    return static_cast<long long>(*number);
 }
 
-/// Runs the lines, and says which are bad. True if all are good.
-bool runBatch(const Arguments& arguments, const Request& base, const Choices& choices,
-              std::vector<Run>& runs) {
-    bool areGood = true;
-    for (BatchLine& line : readBatch(readFile(arguments.batchFile), arguments.batchFile, base, choices)) {
-        const std::string fault = runLine(line, runs);
-        if (fault.empty()) continue;
-        complain(line.place + ": " + fault, done);
-        areGood = false;
-        if (arguments.isStrict) break;
-    }
-    return areGood;
+/// As many as there are processors if nothing is said.
+int jobsOf(const std::string& text) {
+    constexpr int most = 256;
+    if (text.empty()) return std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, most);
+    return static_cast<int>(wholeNumber("jobs", text, most));
 }
 
-std::string textOf(const std::vector<Run>& runs, const Arguments& arguments) {
-    if (arguments.format == "json") return asJson(runs, arguments.isBatch);
-    if (arguments.format == "csv") return asCsv(runs);
-    if (arguments.format == "xml") return asListXml(runs.front());
-    if (arguments.format == "list-csv") return asListCsv(runs.front());
-    return asTable(runs);
+ExitStatus statusOf(bool hasCompressor) {
+    if (hasCompressor) return done;
+    complain("No compressor matches.", nothingMatches);
+    return nothingMatches;
+}
+
+int selectBatch(const BatchOptions& options, const Format& format, const Request& base,
+                const Choices& choices) {
+    const BatchEnd end = runBatch(options, format, base, choices);
+    if (end.isInterrupted)
+        return complain("interrupted after line " + std::to_string(end.lastLine), interrupted);
+    return end.hasBadLine ? someLinesBad : statusOf(end.hasCompressor);
+}
+
+int selectOne(const Format& format, const Request& request) {
+    const Run run = carryOut(request);
+    for (const std::string& remark : run.remarks) complain(remark, done);
+    const Frame frame = format.frame(false, true);
+    std::string text = frame.opening;
+    format.add(text, run, {});
+    printText(text + frame.closing);
+    return statusOf(run.selection->Count() > 0);
 }
 
 int select(const Arguments& arguments) {
-    const std::vector<std::string> formats{"table", "csv", "json", "xml", "list-csv"};
-    if (std::ranges::find(formats, arguments.format) == formats.end())
-        throw BadRequest(notOneOf("format", arguments.format, formats));
-    if (arguments.isBatch && (arguments.format == "xml" || arguments.format == "list-csv"))
+    const Format& format = formatOf(arguments.format);
+    if (arguments.isBatch && !format.isForBatches)
         throw BadRequest("format: " + arguments.format +
-                         " is the list of one selection; a batch has table, csv and json");
+                         " is the list of one selection; a batch has table, csv, json and jsonl");
+    BatchOptions batch = arguments.batch;
+    batch.jobs = jobsOf(arguments.jobs);
+    batch.firstLine = wholeNumber("first-line", arguments.firstLine, 1'000'000'000'000'000);
     const Session session(arguments.folder);
-    openCatalogue(arguments.language);
+    openCatalogue(batch.language);
     const Choices choices = catalogueChoices();
     Request base;
-    for (const auto& [name, text] : arguments.options) readOption(base, name, text, choices);
+    for (const RequestOption& option : requestOptions()) {
+        const auto given = arguments.options.find(std::string(option.name));
+        if (given != arguments.options.end()) readOption(base, option, given->second, choices);
+    }
     if (arguments.list) {
         printText(catalogueListing(arguments.inverter));
         return done;
     }
+    return arguments.isBatch ? selectBatch(batch, format, base, choices) : selectOne(format, base);
+}
 
-    std::vector<Run> runs;
-    bool areGood = true;
-    if (arguments.isBatch) {
-        areGood = runBatch(arguments, base, choices, runs);
-    } else {
-        runs.push_back(carryOut(base));
-        for (const std::string& remark : runs.back().remarks) complain(remark, done);
-    }
-    printText(textOf(runs, arguments));
-    if (!areGood) return someLinesBad;
-    const auto has = [](const Run& run) { return run.selection->Count() > 0; };
-    if (std::ranges::any_of(runs, has)) return done;
-    return complain("No compressor matches.", nothingMatches);
+void addBatchOptions(CLI::App& app, Arguments& arguments) {
+    BatchOptions& batch = arguments.batch;
+    auto* const file = app.add_option("--batch", batch.file,
+                                      "CSV file with one operating point a line, or - for standard input");
+    app.add_option("--columns", batch.columns,
+                   "with --batch: names of the columns of a file without a heading, such as ted,tcd")
+        ->needs(file);
+    app.add_flag_callback(
+           "--no-header", [&batch] { batch.hasHeading = false; },
+           "with --batch: leaves the heading of CSV out")
+        ->needs(file);
+    app.add_option("--first-line", arguments.firstLine,
+                   "with --batch: number of the first line, of a piece of a longer file (1)")
+        ->needs(file);
+    app.add_option("--jobs", arguments.jobs, "with --batch: number of threads, 1 to 256 (the processors)")
+        ->needs(file);
+    app.add_flag("--strict", batch.isStrict, "with --batch: stops at the first bad line")->needs(file);
 }
 
 int run(int argc, char** argv) {
@@ -129,12 +141,10 @@ int run(int argc, char** argv) {
         app.add_option("--" + name, given[name], std::string(option.help));
     }
     app.add_flag("--inverter", arguments.inverter, "with --list: what runs on an inverter");
-    app.add_option("--language", arguments.language, "language of the texts (en-EN)");
+    app.add_option("--language", arguments.batch.language, "language of the texts (en-EN)");
     app.add_option("--format", arguments.format,
-                   "table, csv or json, or the list as the window exports it: xml or list-csv");
-    auto* const batch =
-        app.add_option("--batch", arguments.batchFile, "CSV file with one operating point a line");
-    app.add_flag("--strict", arguments.isStrict, "with --batch: stops at the first bad line")->needs(batch);
+                   "table, csv, json or jsonl, or the list as the window exports it: xml or list-csv");
+    addBatchOptions(app, arguments);
     app.add_option("--app-folder", arguments.folder, "folder with db.mdb, the fluid library and Fluids");
     app.add_flag("--list", arguments.list, "prints refrigerants, series and models");
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);

@@ -1,0 +1,34 @@
+#include "engine/Calculator.h"
+
+#include "data/Arithmetic.h"
+#include "engine/CompressorCalculation.h"
+
+namespace marvello {
+
+CompressorChoice choiceOf(const clsProjectConditions& conditions) {
+    if (conditions.StepCapacity < 0 || conditions.StepCapacity > 255)
+        throw ArithmeticFault("The capacity step is out of range.");
+    return {.TEvaporatingDew = conditions.TEvaporatingDew,
+            .TCondensationDew = conditions.TCondensationDew,
+            .InverterFrequency = conditions.InverterFrequency,
+            .motorHz = conditions.MotorHz,
+            .motorRpm = conditions.MotorRPM,
+            .motorSize = conditions.MotorSize,
+            .economized = conditions.EcoCalculateMode != EconomizerMode::none,
+            .stepCapacity = static_cast<std::uint8_t>(conditions.StepCapacity)};
+}
+
+const clsCompressor& Calculator::calculate(const PreparedCompressor& compressor,
+                                           const clsProjectConditions& conditions) {
+    compressor.load(compressor_, choiceOf(conditions));
+    compressor_.Motor.Voltage = roundedToInteger(conditions.MotorVoltage);
+    CompressorCalculation(compressor_, refprop(compressor.Refrigerant), conditions, timeout_).run();
+    return compressor_;
+}
+
+clsRefprop& Calculator::refprop(const std::string& refrigerant) {
+    refprop_ = SharedRefprop(refrigerant);
+    return *refprop_;
+}
+
+}  // namespace marvello
