@@ -209,6 +209,11 @@ PhaseState Flash::stateAt(const PhaseBoundary::End& end) const {
 FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
     checkTemperature(temperature);
     checkPressure(pressure);
+    if (const auto isobar = fluid_->isobars().at(pressure)) {
+        const auto guess = isobar->onePhaseAt(Property::temperature, temperature);
+        const auto found = guess ? onePhaseNear(*guess, pressure) : std::nullopt;
+        if (found) return *found;
+    }
     const double gasDensity = pressure / (phase().gasConstant() * temperature);
     double ceiling = 0;
     double guess = gasDensity;
@@ -431,6 +436,26 @@ std::optional<FluidState> Flash::onePhaseNear(const IsobarTable::OnePhase& guess
         return single(state, qualityName(temperature, pressure, density));
     }
     return std::nullopt;
+}
+
+/// At the temperature of the guess.
+std::optional<FluidState> Flash::onePhaseNear(const IsobarTable::OnePhase& guess, double pressure) const {
+    constexpr double astray = 1e-3;
+    constexpr double converged = 1e-13;
+    Isotherm isotherm = phase().at(guess.temperature);
+    const double reduced = pressure / (phase().gasConstant() * guess.temperature);
+    const ReducedPressure first = isotherm.reducedPressure(guess.density);
+    const double firstStep = (reduced - first.value) / first.byDensity;
+    if (!(first.byDensity > 0 && std::abs(firstStep) < astray * guess.density)) return std::nullopt;
+    PhaseState state = isotherm.state(guess.density + firstStep);
+    double step = (pressure - state.pressure) / state.pressureByDensity;
+    if (!(std::abs(step) <= converged * state.density)) {
+        state = isotherm.state(state.density + step);
+        step = (pressure - state.pressure) / state.pressureByDensity;
+        if (!(std::abs(step) <= converged * state.density)) return std::nullopt;
+    }
+    state.pressure = pressure;
+    return single(state, qualityName(state.temperature, pressure, state.density));
 }
 
 std::optional<FluidState> Flash::twoPhasesNear(const IsobarTable::Isobar& isobar, double pressure,

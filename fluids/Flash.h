@@ -125,6 +125,7 @@ class Flash {
                                         double wanted);
     std::optional<FluidState> onePhaseNear(const IsobarTable::OnePhase& guess, double pressure,
                                            Property property, double wanted) const;
+    std::optional<FluidState> onePhaseNear(const IsobarTable::OnePhase& guess, double pressure) const;
     std::optional<FluidState> twoPhasesNear(const IsobarTable::Isobar& isobar, double pressure,
                                             Property property, double wanted);
     static IsobarStep stepOnIsobar(const PhaseState& state, double pressure, Property property,

@@ -85,13 +85,13 @@ PhaseLaneSearch::PhaseLaneSearch(const Phase& phase) : phase_(&phase) {
 
 /// As Isotherm::state().
 [[gnu::always_inline]] inline void PhaseLaneSearch::evaluate(const Lanes& temperature, const Lanes& density,
-                                                             bool isNear, LaneTerms& last,
+                                                             LaneEvaluation evaluation, LaneTerms& last,
                                                              PhaseLanes& to) const {
     const FluidPoint& reducing = phase_->reducing();
     const double gas = phase_->gasConstant();
     LaneDerivatives residual;
-    phase_->residual().lanesAt(reducing.temperature / temperature, density / reducing.density, isNear, last,
-                               residual);
+    phase_->residual().lanesAt(reducing.temperature / temperature, density / reducing.density, evaluation,
+                               last, residual);
     Lanes value;
     Lanes first;
     Lanes second;
@@ -142,7 +142,8 @@ PhaseLaneSearch::PhaseLaneSearch(const Phase& phase) : phase_(&phase) {
     LaneTerms last;
     for (int i = 0; i < steps && any(searching); ++i) {
         PhaseLanes state;
-        evaluate(task.temperature, task.density, i > 0, last, state);
+        evaluate(task.temperature, task.density, i > 0 ? LaneEvaluation::near : LaneEvaluation::all, last,
+                 state);
         Lanes temperatureStep;
         Lanes densityStep;
         stepOnIsobar(state, task, isEnthalpy, temperatureStep, densityStep);
@@ -175,29 +176,29 @@ PhaseLaneSearch::PhaseLaneSearch(const Phase& phase) : phase_(&phase) {
 
 [[gnu::always_inline]] inline void PhaseLaneSearch::searchIsotherm(Task& task, PhaseLanes& states,
                                                                    LaneBits& found) const {
-    found = LaneBits{};
-    LaneBits searching = ~found;
+    const FluidPoint& reducing = phase_->reducing();
+    const Lanes scale = phase_->gasConstant() * task.temperature;
     LaneTerms last;
-    for (int i = 0; i < steps && any(searching); ++i) {
+    LaneDerivatives residual;
+    phase_->residual().lanesAt(reducing.temperature / task.temperature, task.density / reducing.density,
+                               LaneEvaluation::pressure, last, residual);
+    const Lanes byDensity = 1 + 2 * residual.d + residual.dd;
+    Lanes step = (task.pressure / scale - task.density * (1 + residual.d)) / byDensity;
+    Lanes size;
+    absolute(step / task.density, size);
+    found = LaneBits{};
+    LaneBits searching = (byDensity > 0) & (size < astray);
+    for (int i = 1; i < steps && any(searching); ++i) {
+        task.density = searching ? task.density + step : task.density;
         PhaseLanes state;
-        evaluate(task.temperature, task.density, i > 0, last, state);
-        const Lanes missing = task.pressure - state.pressure;
-        const Lanes step = missing / state.pressureByDensity;
-        Lanes size;
+        evaluate(task.temperature, task.density, LaneEvaluation::near, last, state);
+        step = (task.pressure - state.pressure) / state.pressureByDensity;
         absolute(step / state.density, size);
-        searching &= (state.pressureByDensity > 0) & (size < astray);
         const LaneBits now = searching & (size <= convergedAtTemperature);
-        // dh = (1 - T a)/rho dp and ds = -a/rho dp at constant T, with the expansion a at constant pressure.
-        const Lanes expansion = state.pressureByTemperature / (state.density * state.pressureByDensity);
-        const Lanes other = missing / state.density;
-        state.enthalpy += (1 - state.temperature * expansion) * other;
-        state.entropy -= expansion * other;
-        state.density += step;
         state.pressure = task.pressure;
         take(now, state, states);
         found |= now;
         searching &= ~now;
-        task.density = searching ? state.density : task.density;
     }
 }
 

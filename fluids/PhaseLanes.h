@@ -40,7 +40,7 @@ class PhaseLaneSearch {
         double factor, temperature;
     };
     void ideal(const Lanes& temperature, Lanes& value, Lanes& first, Lanes& second) const;
-    void evaluate(const Lanes& temperature, const Lanes& density, bool isNear, LaneTerms& last,
+    void evaluate(const Lanes& temperature, const Lanes& density, LaneEvaluation evaluation, LaneTerms& last,
                   PhaseLanes& to) const;
     void stepOnIsobar(const PhaseLanes& state, const Task& task, bool isEnthalpy, Lanes& temperatureStep,
                       Lanes& densityStep) const;

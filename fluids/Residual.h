@@ -25,6 +25,13 @@ struct LaneTerms {
     std::array<Lanes, most> terms;
 };
 
+enum class LaneEvaluation {
+    pressure,  ///< of the derivatives d and dd alone
+    all,
+    near  ///< of all, no tau and delta further than LaneTerms::near from those of the last evaluation; the
+          ///< quickest
+};
+
 /// A sum of residual terms, laid out for the vector unit.
 ///
 /// A term is n exp(t ln tau + d ln delta - ...), so each costs one exponential whatever its exponents, and
@@ -37,13 +44,12 @@ class Residual {
     /// The sum and its derivatives at tau > 0 and delta > 0.
     ResidualDerivatives at(double tau, double delta) const;
 
-    /// The same at another tau and delta in each lane. With `isNear` no tau and delta differs by more than
-    /// LaneTerms::near of itself from those of the last evaluation, whose terms are in `last`; it is quicker
-    /// then. Only where `fitsLanes`.
-    void lanesAt(const Lanes& tau, const Lanes& delta, bool isNear, LaneTerms& last,
+    /// The same at another tau and delta in each lane, tau from 1/4 to 4 and delta from 1e-5 to 4. Only where
+    /// `fitsLanes`.
+    void lanesAt(const Lanes& tau, const Lanes& delta, LaneEvaluation evaluation, LaneTerms& last,
                  LaneDerivatives& total) const;
-    /// Whether LaneTerms has room for the terms.
-    bool fitsLanes() const { return powers_.n.size() + gaussians_.n.size() <= LaneTerms::most; }
+    /// Whether there is room for the terms, and their exponents are small enough.
+    bool fitsLanes() const;
 
   private:
     /// Terms with one and the same decay exp(-delta^l - tau^m), filled up with zeros to whole vectors.
@@ -63,7 +69,7 @@ class Residual {
     void addGaussianTerms(const std::vector<ResidualTerm>& terms);
     ResidualDerivatives evaluate(double tau, double delta) const;
     ResidualDerivatives evaluateWide(double tau, double delta) const;
-    template <bool isNear>
+    template <LaneEvaluation evaluation>
     void evaluateLanes(const Lanes& tau, const Lanes& delta, LaneTerms& last, LaneDerivatives& total) const;
 
     std::vector<DecayGroup> groups_;

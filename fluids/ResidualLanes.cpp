@@ -1,7 +1,21 @@
+#include <algorithm>
+#include <cmath>
+
 #include "fluids/Residual.h"
 #include "fluids/SpecialTerms.h"
 
 namespace marvello::fluids {
+
+bool Residual::fitsLanes() const {
+    constexpr double mostT = 100;
+    constexpr double mostD = 20;
+    const auto fits = [](const auto& columns) {
+        return std::ranges::all_of(columns.t, [](double t) { return std::abs(t) <= mostT; }) &&
+               std::ranges::all_of(columns.d, [](double d) { return std::abs(d) <= mostD; });
+    };
+    return powers_.n.size() + gaussians_.n.size() <= LaneTerms::most && fits(powers_) && fits(gaussians_);
+}
+
 namespace {
 
 /// The exponent of a decay in each lane.
@@ -20,6 +34,12 @@ namespace {
         to *= exponent;
         exponential(to);
     }
+}
+
+/// Keeps a term within the range of exponentials, together with Residual::fitsLanes().
+[[gnu::always_inline]] inline void limit(Lanes& decay) {
+    constexpr double most = 300;
+    decay = decay > most ? Lanes{} + most : decay;
 }
 
 /// The factors n tau^t delta^d e^-decay of one term after another.
@@ -45,7 +65,7 @@ class LaneFactor {
         if (isNear) {
             f = *next_ * (1 + f * (1 + f * (1.0 / 2 + f * (1.0 / 6 + f * (1.0 / 24)))));
         } else {
-            exponential(f);
+            exponentialWithinRange(f);
             f *= n;
         }
         *next_++ = f;
@@ -78,9 +98,11 @@ class LaneFactor {
 
 /// Each lane is another tau and delta, where evaluate() has another term. Next to the places of the last
 /// evaluation, a term is what it was there times e^x with a small x.
-template <bool isNear>
+template <LaneEvaluation evaluation>
 [[gnu::always_inline]] inline void Residual::evaluateLanes(const Lanes& tau, const Lanes& delta,
                                                            LaneTerms& last, LaneDerivatives& total) const {
+    constexpr bool isNear = evaluation == LaneEvaluation::near;
+    constexpr bool byTemperature = evaluation != LaneEvaluation::pressure;
     LaneFactor<isNear> factor(tau, delta, last);
     LaneDerivatives sums;  // apart from `total`, so that they stay in registers
     std::size_t i = 0;
@@ -96,6 +118,8 @@ template <bool isNear>
             decay -= before;
             powerOf(last.tau, group.m, before);
             decay -= before;
+        } else {
+            limit(decay);
         }
         LaneDerivatives ofGroup;  // with the exponents alone, d for D and t for T
         for (; i < group.end; ++i) {
@@ -104,11 +128,12 @@ template <bool isNear>
             const double t = powers_.t[i];
             const double d = powers_.d[i];
             factor.next(powers_.n[i], t, d, decay, f);
-            const Lanes ft = f * t;
             const Lanes fd = f * d;
             ofGroup.value += f;
             ofGroup.d += fd;
             ofGroup.dd += fd * d;
+            if (!byTemperature) continue;
+            const Lanes ft = f * t;
             ofGroup.t += ft;
             ofGroup.tt += ft * t;
             ofGroup.dt += ft * d;
@@ -133,6 +158,8 @@ template <bool isNear>
             const Lanes deltaBefore = last.delta - of.epsilon[i];
             const Lanes tauBefore = last.tau - of.gamma[i];
             decay -= of.eta[i] * deltaBefore * deltaBefore + of.beta[i] * tauBefore * tauBefore;
+        } else {
+            limit(decay);
         }
         Lanes f;
         factor.next(of.n[i], of.t[i], of.d[i], decay, f);
@@ -150,13 +177,18 @@ template <bool isNear>
     last.delta = delta;
 }
 
-void Residual::lanesAt(const Lanes& tau, const Lanes& delta, bool isNear, LaneTerms& last,
+void Residual::lanesAt(const Lanes& tau, const Lanes& delta, LaneEvaluation evaluation, LaneTerms& last,
                        LaneDerivatives& total) const {
     inVectorUnit([&]() MARVELLO_INLINED {
-        if (isNear) {
-            evaluateLanes<true>(tau, delta, last, total);
-        } else {
-            evaluateLanes<false>(tau, delta, last, total);
+        switch (evaluation) {
+            case LaneEvaluation::pressure:
+                evaluateLanes<LaneEvaluation::pressure>(tau, delta, last, total);
+                break;
+            case LaneEvaluation::all:
+                evaluateLanes<LaneEvaluation::all>(tau, delta, last, total);
+                break;
+            case LaneEvaluation::near:
+                evaluateLanes<LaneEvaluation::near>(tau, delta, last, total);
         }
     });
     if (special_.empty()) return;

@@ -16,18 +16,14 @@ using LaneBits = std::int64_t __attribute__((vector_size(laneCount * sizeof(std:
 
 [[gnu::always_inline]] inline double sumOf(const Lanes& x) { return (x[0] + x[1]) + (x[2] + x[3]); }
 
-/// Replaces `x` by e^x, to about one unit in the last place. Beyond +-700 it stays at the value there, so
-/// that nothing overflows.
+/// Replaces `x`, from -700 to 700, by e^x, to about one unit in the last place.
 ///
 /// x is k ln 2 + r with |r| <= (ln 2)/2; e^r is its Taylor polynomial, and 2^k is put into the exponent bits.
-[[gnu::always_inline]] inline void exponential(Lanes& x) {
-    constexpr double limit = 700;
+[[gnu::always_inline]] inline void exponentialWithinRange(Lanes& x) {
     constexpr double rounding = 0x1.8p52;  // adding it leaves the nearest integer in the low bits
     constexpr double perLn2 = 1.4426950408889634;
     constexpr double ln2High = 0x1.62e42fefa3800p-1;  // trailing zeros: k times this is exact
     constexpr double ln2Low = 0x1.ef35793c76730p-45;
-    x = x > limit ? Lanes{} + limit : x;
-    x = x < -limit ? Lanes{} - limit : x;
     const Lanes shifted = x * perLn2 + rounding;
     const Lanes k = shifted - rounding;
     const Lanes r = (x - k * ln2High) - k * ln2Low;
@@ -50,6 +46,14 @@ using LaneBits = std::int64_t __attribute__((vector_size(laneCount * sizeof(std:
     Lanes scale;
     std::memcpy(&scale, &bits, sizeof scale);
     x = power * scale;
+}
+
+/// The same for any `x`: beyond +-700 it stays at the value there, so that nothing overflows.
+[[gnu::always_inline]] inline void exponential(Lanes& x) {
+    constexpr double limit = 700;
+    x = x > limit ? Lanes{} + limit : x;
+    x = x < -limit ? Lanes{} - limit : x;
+    exponentialWithinRange(x);
 }
 
 /// Replaces `x`, positive and not denormal, by ln x, to about one unit in the last place.

@@ -31,7 +31,7 @@ class Isobars : public testing::TestWithParam<std::string> {
     }
 };
 
-/// Against the states at the temperature and pressure, which are found without the table.
+/// Against the states themselves.
 TEST_P(Isobars, GuessesAreClose) {
     const auto fluid = freshModel();
     Flash flash(fluid);
