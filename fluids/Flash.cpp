@@ -454,6 +454,7 @@ std::optional<FluidState> Flash::onePhaseNear(const IsobarTable::OnePhase& guess
         step = (pressure - state.pressure) / state.pressureByDensity;
         if (!(std::abs(step) <= converged * state.density)) return std::nullopt;
     }
+    state.density += step;
     state.pressure = pressure;
     return single(state, qualityName(state.temperature, pressure, state.density));
 }

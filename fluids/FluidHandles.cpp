@@ -124,13 +124,15 @@ void deliverSaturation(const PropertyLibrary& library, const SaturationPoint& po
 
 /// Where the outputs common to all flashes go.
 struct FlashOutputs {
-    double *D, *Dl, *Dv, *x, *y, *q, *e, *cv, *cp, *w;
+    double *D, *Dl, *Dv;
+    double *x, *y;  ///< both or neither
+    double *q, *e, *cv, *cp, *w;
 
     void deliver(const PropertyLibrary& library, const FluidState& state) const {
         *D = state.density;
         *Dl = state.liquidDensity;
         *Dv = state.vapourDensity;
-        deliverCompositions(library, state.logK, state.quality, x, y);
+        if (x != nullptr) deliverCompositions(library, state.logK, state.quality, x, y);
         *q = state.quality;
         *e = state.energy;
         *cv = state.cv;
@@ -309,7 +311,8 @@ class ArraySink : public StateArrays::Sink {
     }
 
     void leave(std::size_t i) override {
-        const FlashOutputs o = at(i);
+        FlashOutputs o = at(i);
+        if (o.x == nullptr) o.x = o.y = unwanted_.data();
         const double* p = in_.pressures + i;
         const double* value = in_.values + i;
         const double* z = in_.fractions;
@@ -336,8 +339,8 @@ class ArraySink : public StateArrays::Sink {
 
   private:
     FlashOutputs at(std::size_t i) {
-        double* x = to_.x == nullptr ? unwanted_.data() : to_.x + i * maxComponents;
-        double* y = to_.y == nullptr ? unwanted_.data() : to_.y + i * maxComponents;
+        double* x = to_.x == nullptr ? nullptr : to_.x + i * maxComponents;
+        double* y = to_.x == nullptr ? nullptr : to_.y + i * maxComponents;
         return {to_.D + i, to_.Dl + i, to_.Dv + i, x,          y,
                 to_.q + i, to_.e + i,  to_.cv + i, to_.cp + i, to_.w + i};
     }

@@ -24,7 +24,7 @@ struct WithHandle<void (*)(Arguments...)> {
 };
 
 /// Where the states of an array call go: an array for each number of fluids/Refprop.h, the inputs among them.
-/// `x` and `y` hold 20 fractions each, or are null where no one wants them. `ierr` is that of the
+/// `x` and `y` hold 20 fractions each, or are both null where no one wants them. `ierr` is that of the
 /// single call, which has the sentence to it.
 struct FluidStateArrays {
     double *t, *p, *D, *Dl, *Dv, *q, *e, *h, *s, *cv, *cp, *w;

@@ -195,6 +195,7 @@ PhaseLaneSearch::PhaseLaneSearch(const Phase& phase) : phase_(&phase) {
         step = (task.pressure - state.pressure) / state.pressureByDensity;
         absolute(step / state.density, size);
         const LaneBits now = searching & (size <= convergedAtTemperature);
+        state.density += step;
         state.pressure = task.pressure;
         take(now, state, states);
         found |= now;
