@@ -441,7 +441,7 @@ std::optional<FluidState> Flash::onePhaseNear(const IsobarTable::OnePhase& guess
 /// At the temperature of the guess.
 std::optional<FluidState> Flash::onePhaseNear(const IsobarTable::OnePhase& guess, double pressure) const {
     constexpr double astray = 1e-3;
-    constexpr double converged = 1e-13;
+    constexpr double converged = 2e-14;
     Isotherm isotherm = phase().at(guess.temperature);
     const double reduced = pressure / (phase().gasConstant() * guess.temperature);
     const ReducedPressure first = isotherm.reducedPressure(guess.density);

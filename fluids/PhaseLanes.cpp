@@ -9,7 +9,7 @@ namespace {
 /// that the guess belongs elsewhere.
 constexpr int steps = 3;
 constexpr double converged = 1e-11;
-constexpr double convergedAtTemperature = 1e-13;
+constexpr double convergedAtTemperature = 2e-14;
 constexpr double astray = LaneTerms::near;
 
 [[gnu::always_inline]] inline void absolute(const Lanes& x, Lanes& to) { to = x < 0 ? -x : x; }
