@@ -203,12 +203,13 @@ PhaseLaneSearch::PhaseLaneSearch(const Phase& phase) : phase_(&phase) {
     }
 }
 
-void PhaseLaneSearch::find(Property property, Task task, PhaseLanes& states, LaneBits& found) const {
+void PhaseLaneSearch::find(Property property, const Task& task, PhaseLanes& states, LaneBits& found) const {
+    Task moved = task;
     inVectorUnit([&]() MARVELLO_INLINED {
         if (property == Property::temperature) {
-            searchIsotherm(task, states, found);
+            searchIsotherm(moved, states, found);
         } else {
-            searchIsobar(task, property == Property::enthalpy, states, found);
+            searchIsobar(moved, property == Property::enthalpy, states, found);
         }
     });
 }

@@ -28,7 +28,7 @@ class PhaseLaneSearch {
 
     /// The states of a pressure and of `wanted`, a value of the property on the equation's own zero. `found`
     /// has all bits set in the lanes that have theirs, which those have whose guess was close.
-    void find(Property property, Task task, PhaseLanes& states, LaneBits& found) const;
+    void find(Property property, const Task& task, PhaseLanes& states, LaneBits& found) const;
 
   private:
     /// factor (T*/T)^exponent
