@@ -24,8 +24,9 @@ FluidModel::FluidModel(Mixture mixture, std::span<const double> z)
         boundary_ = std::make_unique<SaturationLine>(phase_, components.front());
     }
     limits_ = {boundary_->temperatureMin(), smallest(&PureFluid::temperatureExtrapolated),
-               smallest(&PureFluid::pressureMax)};
-    densityMax_ = maxDensity();
+               smallest(&PureFluid::pressureMax), 0};
+    limits_.densityMax = maxDensity();
+    isobars_ = std::make_unique<const IsobarTable>(phase_, *boundary_, limits_);
 }
 
 FluidModel::Shift FluidModel::shiftFor(ReferenceState reference) const {
