@@ -23,29 +23,38 @@ std::uint64_t hashOf(const StateCall& call) {
                std::bit_cast<std::uint64_t>(call.second));
 }
 
+std::uint32_t tagOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32); }
+
 }  // namespace
 
 /// Where the call is, or the free place where it belongs.
-StateMemory::Place& StateMemory::placeOf(const StateCall& call) {
+StateMemory::Place& StateMemory::placeOf(const StateCall& call, std::uint64_t hash) {
     const std::size_t mask = places_.size() - 1;
-    std::size_t place = hashOf(call) & mask;
-    while (places_[place].turn == turn_ && kept_[places_[place].number].call != call)
-        place = (place + 1) & mask;
-    return places_[place];
+    const std::uint32_t tag = tagOf(hash);
+    for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
+        Place& place = places_[at];
+        if (place.turn != turn_ || (place.tag == tag && kept_[place.number].call == call)) return place;
+    }
 }
 
 const RefpropState* StateMemory::find(const StateCall& call) {
     if (count_ == 0) return nullptr;
-    const Place& place = placeOf(call);
+    const Place& place = placeOf(call, hashOf(call));
     return place.turn == turn_ ? &kept_[place.number].state : nullptr;
 }
 
 void StateMemory::keep(const StateCall& call, const RefpropState& state) {
     if (count_ == mostStates) clear();
     if (2 * count_ >= places_.size()) grow();
-    placeOf(call) = {turn_, static_cast<std::uint32_t>(count_)};
     if (count_ == kept_.size()) kept_.emplace_back();
-    kept_[count_++] = {call, state};
+    kept_[count_] = {call, state};
+    put(count_++);
+}
+
+void StateMemory::put(std::size_t number) {
+    const StateCall& call = kept_[number].call;
+    const std::uint64_t hash = hashOf(call);
+    placeOf(call, hash) = {tagOf(hash), turn_, static_cast<std::uint16_t>(number)};
 }
 
 void StateMemory::clear() {
@@ -58,8 +67,7 @@ void StateMemory::clear() {
 /// Doubles the places, and puts the states of this turn into them.
 void StateMemory::grow() {
     places_.assign(places_.empty() ? leastPlaces : 2 * places_.size(), {});
-    for (std::size_t number = 0; number < count_; ++number)
-        placeOf(kept_[number].call) = {turn_, static_cast<std::uint32_t>(number)};
+    for (std::size_t number = 0; number < count_; ++number) put(number);
 }
 
 }  // namespace marvello

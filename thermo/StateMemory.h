@@ -35,19 +35,22 @@ class StateMemory {
         StateCall call;
         RefpropState state;
     };
-    /// Where a state is in `kept_`, if the turn is the present one.
+    /// Where a state is in `kept_`, if the turn is the present one. The tag, a part of the call's hash, tells
+    /// most calls apart without a look there.
     struct Place {
-        std::uint32_t turn = 0;
-        std::uint32_t number = 0;
+        std::uint32_t tag = 0;
+        std::uint16_t turn = 0;
+        std::uint16_t number = 0;
     };
 
-    Place& placeOf(const StateCall& call);
+    Place& placeOf(const StateCall& call, std::uint64_t hash);
+    void put(std::size_t number);
     void grow();
 
     std::vector<Kept> kept_;     ///< Those of former turns are written over.
     std::size_t count_ = 0;      ///< Of this turn.
     std::vector<Place> places_;  ///< By the hash of the call; a power of two.
-    std::uint32_t turn_ = 1;
+    std::uint16_t turn_ = 1;
 };
 
 }  // namespace marvello
