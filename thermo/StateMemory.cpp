@@ -11,21 +11,19 @@ namespace {
 constexpr std::size_t mostStates = 2048;
 constexpr std::size_t leastPlaces = 64;
 
-std::uint64_t hashOf(const StateCall& call) {
+std::uint32_t tagOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32); }
+
+}  // namespace
+
+std::uint64_t StateCall::hash() const {
     constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15ULL;
     const auto mix = [](std::uint64_t hash, std::uint64_t part) {
         hash = (hash ^ part) * multiplier;
         return hash ^ (hash >> 29);
     };
-    const std::uint64_t hash =
-        mix(static_cast<std::uint64_t>(call.function), static_cast<std::uint64_t>(call.kph));
-    return mix(mix(hash, std::bit_cast<std::uint64_t>(call.first)),
-               std::bit_cast<std::uint64_t>(call.second));
+    const std::uint64_t side = mix(static_cast<std::uint64_t>(function), static_cast<std::uint64_t>(kph));
+    return mix(mix(side, std::bit_cast<std::uint64_t>(first)), std::bit_cast<std::uint64_t>(second));
 }
-
-std::uint32_t tagOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32); }
-
-}  // namespace
 
 /// Where the call is, or the free place where it belongs.
 StateMemory::Place& StateMemory::placeOf(const StateCall& call, std::uint64_t hash) {
@@ -37,24 +35,22 @@ StateMemory::Place& StateMemory::placeOf(const StateCall& call, std::uint64_t ha
     }
 }
 
-const RefpropState* StateMemory::find(const StateCall& call) {
+const RefpropState* StateMemory::find(const StateCall& call, std::uint64_t hash) {
     if (count_ == 0) return nullptr;
-    const Place& place = placeOf(call, hashOf(call));
+    const Place& place = placeOf(call, hash);
     return place.turn == turn_ ? &kept_[place.number].state : nullptr;
 }
 
-void StateMemory::keep(const StateCall& call, const RefpropState& state) {
+void StateMemory::keep(const StateCall& call, std::uint64_t hash, const RefpropState& state) {
     if (count_ == mostStates) clear();
     if (2 * count_ >= places_.size()) grow();
     if (count_ == kept_.size()) kept_.emplace_back();
     kept_[count_] = {call, state};
-    put(count_++);
+    put(count_++, hash);
 }
 
-void StateMemory::put(std::size_t number) {
-    const StateCall& call = kept_[number].call;
-    const std::uint64_t hash = hashOf(call);
-    placeOf(call, hash) = {tagOf(hash), turn_, static_cast<std::uint16_t>(number)};
+void StateMemory::put(std::size_t number, std::uint64_t hash) {
+    placeOf(kept_[number].call, hash) = {tagOf(hash), turn_, static_cast<std::uint16_t>(number)};
 }
 
 void StateMemory::clear() {
@@ -67,7 +63,7 @@ void StateMemory::clear() {
 /// Doubles the places, and puts the states of this turn into them.
 void StateMemory::grow() {
     places_.assign(places_.empty() ? leastPlaces : 2 * places_.size(), {});
-    for (std::size_t number = 0; number < count_; ++number) put(number);
+    for (std::size_t number = 0; number < count_; ++number) put(number, kept_[number].call.hash());
 }
 
 }  // namespace marvello
