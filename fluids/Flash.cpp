@@ -385,26 +385,20 @@ std::optional<PhaseState> Flash::newtonOnIsobar(double pressure, Property proper
     return std::nullopt;
 }
 
-/// From where the table has the state. None next to an end of the two-phase region, which the table does not
-/// know exactly, and where it has no good guess.
+/// From where the table has the state; none where it has none, or no good one.
 std::optional<FluidState> Flash::fromTable(const IsobarTable::Isobar& isobar, double pressure,
                                            Property property, double wanted) {
-    constexpr double nextToEnd = 1e-5;
+    if (const auto guess = isobar.onePhaseAt(property, wanted))
+        return onePhaseNear(*guess, pressure, property, wanted);
+    const auto place = isobar.placeBetweenEnds(property, wanted);
+    if (!place) return std::nullopt;
+    if (equilibrium_) return twoPhasesNear(isobar, pressure, property, wanted);
+    if (!isobar.hasSharpEnds()) return std::nullopt;
     const IsobarEnds& ends = isobar.ends();
-    const double ofLiquid = ends.ofLiquid(property);
-    const double place = (wanted - ofLiquid) / (ends.ofVapour(property) - ofLiquid);
-    if (std::abs(place) < nextToEnd || std::abs(place - 1) < nextToEnd) return std::nullopt;
-    if (place > 0 && place < 1) {
-        if (equilibrium_) return twoPhasesNear(isobar, pressure, property, wanted);
-        if (!isobar.hasSharpEnds()) return std::nullopt;
-        return twoPhaseState(
-            {ends.vapourTemperature, pressure, place, ends.liquidDensity, ends.vapourDensity, {}},
-            {ends.liquidEnthalpy + place * (ends.vapourEnthalpy - ends.liquidEnthalpy),
-             ends.liquidEntropy + place * (ends.vapourEntropy - ends.liquidEntropy)});
-    }
-    const auto guess = place < 0 ? isobar.liquidAt(property, wanted) : isobar.vapourAt(property, wanted);
-    if (!guess) return std::nullopt;
-    return onePhaseNear(*guess, pressure, property, wanted);
+    return twoPhaseState(
+        {ends.vapourTemperature, pressure, *place, ends.liquidDensity, ends.vapourDensity, {}},
+        {ends.liquidEnthalpy + *place * (ends.vapourEnthalpy - ends.liquidEnthalpy),
+         ends.liquidEntropy + *place * (ends.vapourEntropy - ends.liquidEntropy)});
 }
 
 std::optional<FluidState> Flash::onePhaseNear(const IsobarTable::OnePhase& guess, double pressure,
@@ -531,6 +525,20 @@ FluidState Flash::searchIsotherm(Isotherm& isotherm, double wanted, double low, 
     }
     checkPressure(state.pressure);
     return single(state, qualityName(temperature, state.pressure, state.density));
+}
+
+FluidState Flash::laneState(const PhaseLanes& states, std::size_t lane) const {
+    PhaseState state;
+    state.temperature = states.temperature[lane];
+    state.density = states.density[lane];
+    state.pressure = states.pressure[lane];
+    state.enthalpy = states.enthalpy[lane];
+    state.entropy = states.entropy[lane];
+    state.energy = state.enthalpy - state.pressure / state.density;
+    state.cv = states.cv[lane];
+    state.cp = states.cp[lane];
+    state.soundSpeed = states.soundSpeed[lane];
+    return single(state, qualityName(state.temperature, state.pressure, state.density));
 }
 
 }  // namespace marvello::fluids

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 
@@ -61,6 +62,12 @@ class Flash {
     FluidState atPressureEnthalpy(double pressure, double enthalpy);
     FluidState atPressureEntropy(double pressure, double entropy);
     FluidState atTemperatureEntropy(double temperature, double entropy);
+
+    /// One of an array call.
+    FluidState laneState(const PhaseLanes& states, std::size_t lane) const;
+
+    const FluidModel& fluid() const { return *fluid_; }
+    const FluidModel::Shift& shift() const { return shift_; }
 
   private:
     /// Densities between which the pressure rises at a temperature.

@@ -9,7 +9,7 @@
 namespace marvello::fluids {
 
 FluidModel::FluidModel(Mixture mixture, std::span<const double> z)
-    : mixture_(std::move(mixture)), phase_(mixture_, z), name_(mixture_.name()) {
+    : mixture_(std::move(mixture)), phase_(mixture_, z), lanes_(phase_), name_(mixture_.name()) {
     constexpr double coldestBlend = 150;  // K; component equations are used below their triple points
     const std::vector<PureFluid>& components = mixture_.components();
     const auto smallest = [&](double PureFluid::* limit) {

@@ -7,6 +7,7 @@
 #include "fluids/IsobarTable.h"
 #include "fluids/Phase.h"
 #include "fluids/PhaseBoundary.h"
+#include "fluids/PhaseLanes.h"
 
 namespace marvello::fluids {
 
@@ -36,6 +37,7 @@ class FluidModel {
 
     const FluidLimits& limits() const { return limits_; }
     const IsobarTable& isobars() const { return *isobars_; }
+    const PhaseLaneSearch& lanes() const { return lanes_; }
 
     /// What a reference state adds to enthalpy and entropy of the equation, in J/mol and J/(mol K).
     struct Shift {
@@ -49,6 +51,7 @@ class FluidModel {
 
     Mixture mixture_;
     Phase phase_;
+    PhaseLaneSearch lanes_;
     std::unique_ptr<const PhaseBoundary> boundary_;
     std::string name_;
     FluidLimits limits_;

@@ -4,128 +4,41 @@
 #include <cmath>
 #include <utility>
 
-#include "fluids/Chebyshev.h"
+#include "fluids/IsobarPieces.h"
 #include "fluids/PropertyError.h"
 #include "fluids/RootSearch.h"
 
 namespace marvello::fluids {
 namespace {
 
-constexpr std::size_t endPowers = 20;  // of the ends over ln p
-constexpr std::size_t endFunctions = 8;
-constexpr std::size_t powers = 8;          // of a piece of one phase, over each variable
-constexpr std::size_t twoPhasePowers = 8;  // of the piece of two phases
-constexpr double slack = 1e-4;             // beyond a piece, for the errors of its neighbours
+constexpr double slack = 1e-4;  // beyond a stretch, for the errors of its polynomials
+constexpr double nextToEnd = 1e-5;
 
-/// A polynomial of one variable.
-template <std::size_t count>
-struct Polynomial {
-    std::array<double, count> coefficients{};
+/// Of an end, in the order of IsobarEnds; the vapour's follows.
+constexpr std::size_t liquidFunction(Property property) {
+    return property == Property::temperature ? 0 : property == Property::enthalpy ? 4 : 6;
+}
 
-    Slope at(double x) const {
-        Slope sum;
-        for (std::size_t power = count; power-- > 0;) {
-            sum.derivative = sum.derivative * x + sum.value;
-            sum.value = sum.value * x + coefficients[power];
-        }
-        return sum;
-    }
+double ofLiquid(const IsobarEnds& ends, Property property) {
+    return property == Property::temperature ? ends.liquidTemperature
+           : property == Property::enthalpy  ? ends.liquidEnthalpy
+                                             : ends.liquidEntropy;
+}
 
-    /// Where a rising or falling polynomial has a value, by Newton's method; anything where it has it not
-    /// between about -1 and 1.
-    double inverse(double value) const {
-        constexpr int steps = 6;
-        constexpr double enough = 1e-9;
-        const double low = at(-1).value;
-        const double high = at(1).value;
-        double x = (2 * value - low - high) / (high - low);
-        for (int i = 0; i < steps; ++i) {
-            const Slope here = at(x);
-            const double step = (value - here.value) / here.derivative;
-            x += step;
-            if (!(std::abs(step) > enough)) break;
-        }
-        return x;
-    }
-};
+double ofVapour(const IsobarEnds& ends, Property property) {
+    return property == Property::temperature ? ends.vapourTemperature
+           : property == Property::enthalpy  ? ends.vapourEnthalpy
+                                             : ends.vapourEntropy;
+}
 
-/// A polynomial of two variables.
-template <std::size_t count>
-struct Surface {
-    std::array<Polynomial<count>, count> byFirst{};  ///< for each power of the second
-
-    /// As a function of the first.
-    Polynomial<count> at(double second) const {
-        Polynomial<count> sum;
-        for (std::size_t power = count; power-- > 0;) {
-            for (std::size_t k = 0; k < count; ++k)
-                sum.coefficients[k] = sum.coefficients[k] * second + byFirst[power].coefficients[k];
-        }
-        return sum;
-    }
-
-    /// Adds the share of a sample at Chebyshev points `i` of the first and `j` of the second variable.
-    void add(std::size_t i, std::size_t j, double value) {
-        const SquareMatrix<count>& matrix = powersFromValues<count>();
-        for (std::size_t second = 0; second < count; ++second) {
-            for (std::size_t first = 0; first < count; ++first)
-                byFirst[second].coefficients[first] += matrix[first][i] * matrix[second][j] * value;
-        }
-    }
-};
+/// The direction of a stretch: -1 where a value is a liquid's, 1 where it is a vapour's; 0 between and next
+/// to both ends.
+double directionOf(Property property, double value, double liquid, double vapour) {
+    const double margin = nextToEnd * (property == Property::temperature ? vapour : vapour - liquid);
+    return value < liquid - margin ? -1 : value > vapour + margin ? 1 : 0;
+}
 
 }  // namespace
-
-/// The ends over the place in a cell.
-struct IsobarTable::Ends {
-    bool isUsable = false;
-    bool isSharp = false;
-    std::array<std::array<double, endFunctions>, endPowers> coefficients{};
-
-    IsobarEnds at(double within) const {
-        std::array<double, endFunctions> even{};
-        std::array<double, endFunctions> odd{};
-        const double square = within * within;
-        for (std::size_t power = endPowers; power > 0; power -= 2) {
-            for (std::size_t f = 0; f < endFunctions; ++f) {
-                even[f] = even[f] * square + coefficients[power - 2][f];
-                odd[f] = odd[f] * square + coefficients[power - 1][f];
-            }
-        }
-        for (std::size_t f = 0; f < endFunctions; ++f) even[f] += within * odd[f];
-        return {even[0], even[1], even[2], even[3], even[4], even[5], even[6], even[7]};
-    }
-};
-
-struct IsobarTable::OnePhasePiece {
-    bool isUsable = false;
-    Surface<powers> enthalpy, entropy, density;  ///< over the place on the stretch and in the cell
-
-    const Surface<powers>& of(Property property) const {
-        return property == Property::enthalpy ? enthalpy : entropy;
-    }
-};
-
-struct IsobarTable::TwoPhasePiece {
-    bool isUsable = false;
-    /// Over the vapour's share and the place in the cell.
-    Surface<twoPhasePowers> enthalpy, entropy, logTemperature, logLiquid, logVapour;
-    std::vector<Surface<twoPhasePowers>> logK;
-
-    const Surface<twoPhasePowers>& of(Property property) const {
-        return property == Property::enthalpy ? enthalpy : entropy;
-    }
-};
-
-struct IsobarTable::Cell {
-    double low = 0;  ///< ln p
-    double high = 0;
-    Lazy<Ends> ends;
-    std::array<Lazy<OnePhasePiece>, stretches.size()> pieces;
-    Lazy<TwoPhasePiece> twoPhases;
-
-    double pressureAt(double within) const { return std::exp((low + high + within * (high - low)) / 2); }
-};
 
 IsobarTable::IsobarTable(const Phase& phase, const PhaseBoundary& boundary, const FluidLimits& limits)
     : phase_(&phase), boundary_(&boundary), limits_(&limits) {
@@ -164,19 +77,34 @@ const Thing& IsobarTable::made(Lazy<Thing>& lazy, Make make) const {
     return *lazy.owned;
 }
 
-std::optional<IsobarTable::Isobar> IsobarTable::at(double pressure) const {
+const IsobarTable::Ends& IsobarTable::endsOf(Cell& cell) const {
+    return made(cell.ends, [&](Ends& ends) { makeEnds(cell, ends); });
+}
+
+const IsobarTable::OnePhasePiece& IsobarTable::pieceOf(Cell& cell, std::size_t stretch) const {
+    return made(cell.pieces[stretch],
+                [&](OnePhasePiece& piece) { makePiece(cell, stretches[stretch], piece); });
+}
+
+std::optional<IsobarTable::Place> IsobarTable::placeOf(double pressure) const {
     const double logPressure = std::log(pressure);
     if (!(logPressure >= borders_.front() && logPressure < borders_.back())) return std::nullopt;
     const auto beyond = std::upper_bound(borders_.begin(), borders_.end(), logPressure);
-    Cell& cell = cells_[static_cast<std::size_t>(beyond - borders_.begin()) - 1];
-    const Ends& ends = made(cell.ends, [&](Ends& made) { makeEnds(cell, made); });
-    if (!ends.isUsable) return std::nullopt;
+    const auto cell = static_cast<std::size_t>(beyond - borders_.begin()) - 1;
+    return Place{cell, cells_[cell].withinOf(logPressure)};
+}
+
+std::optional<IsobarTable::Isobar> IsobarTable::at(double pressure) const {
+    const auto place = placeOf(pressure);
+    if (!place) return std::nullopt;
     Isobar isobar;
     isobar.table_ = this;
-    isobar.cell_ = &cell;
-    isobar.within_ = (2 * logPressure - cell.low - cell.high) / (cell.high - cell.low);
+    isobar.cell_ = &cells_[place->cell];
+    const Ends& ends = endsOf(*isobar.cell_);
+    if (!ends.isUsable) return std::nullopt;
+    isobar.within_ = place->within;
     isobar.pressure_ = pressure;
-    isobar.ends_ = ends.at(isobar.within_);
+    isobar.ends_ = ends.at(place->within);
     return isobar;
 }
 
@@ -237,32 +165,67 @@ PhaseState IsobarTable::stateAt(double temperature, double pressure, const Stret
     }));
 }
 
+bool IsobarTable::isInRange(const Stretch& stretch, const IsobarEnds& ends) const {
+    const double end = stretch.direction > 0 ? ends.vapourTemperature : ends.liquidTemperature;
+    double farthest = 0;
+    stretch.temperature(end, 1 + slack, farthest);
+    return farthest > limits_->temperatureMin && farthest < limits_->temperatureMax;
+}
+
 void IsobarTable::makePiece(const Cell& cell, const Stretch& stretch, OnePhasePiece& piece) const {
-    for (std::size_t j = 0; j < powers; ++j) {
-        const double pressure = cell.pressureAt(chebyshevPoint(j, powers));
+    constexpr std::size_t count = piecePowers;
+    for (const double within : {-1.0, 1.0}) {
+        if (!isInRange(stretch, endsAt(cell.pressureAt(within)))) return;
+    }
+    const bool isVapour = stretch.direction > 0;
+    Surface<count> enthalpy;  // over the place on the stretch
+    Surface<count> entropy;
+    for (std::size_t j = 0; j < count; ++j) {
+        const double pressure = cell.pressureAt(chebyshevPoint(j, count));
         const IsobarEnds ends = endsAt(pressure);
-        const bool isVapour = stretch.direction > 0;
         const double end = isVapour ? ends.vapourTemperature : ends.liquidTemperature;
         PhaseState state;
+        state.temperature = end;
         state.density = isVapour ? ends.vapourDensity : ends.liquidDensity;
         double byTemperature = 0;
         // The points fall, so the last one is nearest to boiling.
-        for (std::size_t i = powers; i-- > 0;) {
-            const double temperature = stretch.temperature(end, chebyshevPoint(i, powers));
-            if (temperature < limits_->temperatureMin || temperature > limits_->temperatureMax) return;
+        for (std::size_t i = count; i-- > 0;) {
+            double temperature = 0;
+            stretch.temperature(end, chebyshevPoint(i, count), temperature);
             const double guess = state.density + byTemperature * (temperature - state.temperature);
             state = stateAt(temperature, pressure, stretch, ends.vapourDensity * (1 + 1e-5), guess);
             byTemperature = -state.pressureByTemperature / state.pressureByDensity;
-            piece.enthalpy.add(i, j, state.enthalpy);
-            piece.entropy.add(i, j, state.entropy);
+            enthalpy.add(i, j, state.enthalpy);
+            entropy.add(i, j, state.entropy);
             piece.density.add(i, j, state.density);
         }
     }
+    piece.enthalpy.invert(enthalpy);
+    piece.entropy.invert(entropy);
     piece.isUsable = true;
 }
 
+/// From a property over the place on a stretch to the place over the property.
+void IsobarTable::OnePhasePiece::ByValue::invert(const Surface<piecePowers>& values) {
+    constexpr std::size_t count = piecePowers;
+    for (std::size_t power = 0; power < count; ++power) {
+        near.coefficients[power] = values.byFirst[power].at(-1);
+        far.coefficients[power] = values.byFirst[power].at(1);
+    }
+    for (std::size_t j = 0; j < count; ++j) {
+        const double within = chebyshevPoint(j, count);
+        const Polynomial<count> ofPlace = values.at(within);
+        const double atNear = near.at(within);
+        const double atFar = far.at(within);
+        for (std::size_t i = 0; i < count; ++i) {
+            const double value = ((atNear + atFar) + chebyshevPoint(i, count) * (atFar - atNear)) / 2;
+            place.add(i, j, ofPlace.inverse(value));
+        }
+    }
+}
+
 void IsobarTable::makeTwoPhases(const Cell& cell, TwoPhasePiece& piece) const {
-    constexpr std::size_t count = twoPhasePowers;
+    constexpr std::size_t count = piecePowers;
     piece.logK.resize(phase_->mixture().size());
     Equilibrium equilibrium(phase_->mixture(), phase_->fractions());
     for (std::size_t j = 0; j < count; ++j) {
@@ -289,29 +252,37 @@ void IsobarTable::makeTwoPhases(const Cell& cell, TwoPhasePiece& piece) const {
     piece.isUsable = true;
 }
 
-std::optional<IsobarTable::OnePhase> IsobarTable::Isobar::liquidAt(Property property, double value) const {
-    return onePhaseAt(property, value, -1, ends_.liquidTemperature);
+std::optional<double> IsobarTable::Isobar::placeBetweenEnds(Property property, double value) const {
+    const double liquid = ofLiquid(ends_, property);
+    const double place = (value - liquid) / (ofVapour(ends_, property) - liquid);
+    if (!(place > nextToEnd && place < 1 - nextToEnd)) return std::nullopt;
+    return place;
 }
 
-std::optional<IsobarTable::OnePhase> IsobarTable::Isobar::vapourAt(Property property, double value) const {
-    return onePhaseAt(property, value, 1, ends_.vapourTemperature);
-}
-
-std::optional<IsobarTable::OnePhase> IsobarTable::Isobar::onePhaseAt(Property property, double value,
-                                                                     double direction,
-                                                                     double endTemperature) const {
-    for (std::size_t i = 0; i < stretches.size(); ++i) {
+std::optional<IsobarTable::OnePhase> IsobarTable::Isobar::onePhaseAt(Property property, double value) const {
+    const double direction =
+        directionOf(property, value, ofLiquid(ends_, property), ofVapour(ends_, property));
+    const double end = direction > 0 ? ends_.vapourTemperature : ends_.liquidTemperature;
+    for (std::size_t i = 0; i < stretchCount; ++i) {
         const Stretch& stretch = stretches[i];
         if (stretch.direction != direction) continue;
-        const OnePhasePiece& piece = table_->made(
-            cell_->pieces[i], [&](OnePhasePiece& made) { table_->makePiece(*cell_, stretch, made); });
+        const OnePhasePiece& piece = table_->pieceOf(*cell_, i);
         if (!piece.isUsable) return std::nullopt;
-        const Polynomial<powers> ofPlace = piece.of(property).at(within_);
-        if (direction * (value - ofPlace.at(1).value) > 0) continue;
-        const double place = ofPlace.inverse(value);
-        if (!(std::abs(place) < 1 + slack)) return std::nullopt;
-        return OnePhase{stretch.temperature(endTemperature, place),
-                        piece.density.at(within_).at(place).value};
+        double place = 0;
+        if (property == Property::temperature) {
+            stretch.place(end, value, place);
+        } else {
+            const OnePhasePiece::ByValue& by = piece.by(property);
+            const double far = by.far.at(within_);
+            if (direction * (value - far) > 0) continue;
+            const double near = by.near.at(within_);
+            place = by.place.at((2 * value - near - far) / (far - near), within_);
+        }
+        if (place > 1) continue;
+        if (!(place > -1 - slack)) return std::nullopt;
+        double temperature = value;
+        if (property != Property::temperature) stretch.temperature(end, place, temperature);
+        return OnePhase{temperature, piece.density.at(place, within_)};
     }
     return std::nullopt;
 }
@@ -322,9 +293,7 @@ std::optional<TwoPhases> IsobarTable::Isobar::twoPhasesAt(Property property, dou
     if (!piece.isUsable) return std::nullopt;
     const double place = piece.of(property).at(within_).inverse(value);
     if (!(std::abs(place) < 1 + slack)) return std::nullopt;
-    const auto at = [&](const Surface<twoPhasePowers>& surface) {
-        return surface.at(within_).at(place).value;
-    };
+    const auto at = [&](const Surface<piecePowers>& surface) { return surface.at(place, within_); };
     TwoPhases phases;
     phases.temperature = std::exp(at(piece.logTemperature));
     phases.pressure = pressure_;
@@ -333,6 +302,59 @@ std::optional<TwoPhases> IsobarTable::Isobar::twoPhasesAt(Property property, dou
     phases.secondDensity = std::exp(at(piece.logVapour));
     for (std::size_t k = 0; k < piece.logK.size(); ++k) phases.logK[k] = at(piece.logK[k]);
     return phases;
+}
+
+void IsobarTable::stretchesOf(std::size_t cell, Property property, const Lanes& within, const Lanes& value,
+                              StretchOfLane& to) const {
+    to.fill(stretchCount);
+    const Ends& ends = endsOf(cells_[cell]);
+    if (!ends.isUsable) return;
+    Lanes liquid;
+    Lanes vapour;
+    inVectorUnit([&]() MARVELLO_INLINED {
+        ends.at(liquidFunction(property), within, liquid);
+        ends.at(liquidFunction(property) + 1, within, vapour);
+    });
+    for (std::size_t lane = 0; lane < laneCount; ++lane) {
+        const double direction = directionOf(property, value[lane], liquid[lane], vapour[lane]);
+        const double end = direction > 0 ? vapour[lane] : liquid[lane];
+        for (std::size_t i = 0; i < stretchCount; ++i) {
+            if (stretches[i].direction != direction) continue;
+            const OnePhasePiece& piece = pieceOf(cells_[cell], i);
+            if (!piece.isUsable) break;
+            const double beyond = property == Property::temperature
+                                      ? direction * (value[lane] - end) - stretches[i].far
+                                      : direction * (value[lane] - piece.by(property).far.at(within[lane]));
+            if (beyond > 0) continue;
+            to[lane] = i;
+            break;
+        }
+    }
+}
+
+void IsobarTable::onePhaseAt(std::size_t cell, std::size_t stretch, Property property, const Lanes& within,
+                             const Lanes& value, Lanes& temperature, Lanes& density) const {
+    const Stretch& on = stretches[stretch];
+    const Ends& ends = endsOf(cells_[cell]);
+    const OnePhasePiece& piece = pieceOf(cells_[cell], stretch);
+    inVectorUnit([&]() MARVELLO_INLINED {
+        Lanes end;
+        ends.at(liquidFunction(Property::temperature) + (on.direction > 0 ? 1 : 0), within, end);
+        Lanes place;
+        if (property == Property::temperature) {
+            temperature = value;
+            on.place(end, value, place);
+        } else {
+            const OnePhasePiece::ByValue& by = piece.by(property);
+            Lanes near;
+            Lanes far;
+            by.near.at(within, near);
+            by.far.at(within, far);
+            by.place.at((2 * value - near - far) / (far - near), within, place);
+            on.temperature(end, place, temperature);
+        }
+        piece.density.at(place, within, density);
+    });
 }
 
 }  // namespace marvello::fluids

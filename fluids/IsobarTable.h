@@ -11,11 +11,12 @@
 #include "fluids/Equilibrium.h"
 #include "fluids/Phase.h"
 #include "fluids/PhaseBoundary.h"
+#include "fluids/VectorMath.h"
 
 namespace marvello::fluids {
 
-/// Of the two that a state is searched by along an isobar.
-enum class Property { enthalpy, entropy };
+/// What a state is searched by along an isobar.
+enum class Property { temperature, enthalpy, entropy };
 
 /// The range of a fluid's equation: K, kPa, mol/dm^3.
 struct FluidLimits {
@@ -36,24 +37,21 @@ struct IsobarEnds {
     double vapourEnthalpy = 0;
     double liquidEntropy = 0;
     double vapourEntropy = 0;
-
-    double ofLiquid(Property property) const {
-        return property == Property::enthalpy ? liquidEnthalpy : liquidEntropy;
-    }
-    double ofVapour(Property property) const {
-        return property == Property::enthalpy ? vapourEnthalpy : vapourEntropy;
-    }
 };
 
 /// Where states lie along isobars, roughly: what searches begin from.
 ///
-/// Pressures are divided into cells, narrower towards the critical point, and each isobar into pieces: liquid
-/// near and far from boiling, two phases, vapour near and far. On each piece of a cell lie polynomials of two
-/// variables. A piece is made when it is first asked for, and always in the same way, so that an answer
-/// depends on the question alone. Threads may ask at the same time. There are no answers next to the critical
-/// point and above its pressure, at pressures close to 0, and far from boiling.
+/// Pressures are divided into cells, narrower towards the critical point, and each isobar into stretches:
+/// liquid near and far from boiling, two phases, vapour near and far. For a stretch of a cell there are
+/// polynomials of two variables. They are made when they are first asked for, and always in the same way, so
+/// that an answer depends on the question alone. Threads may ask at the same time. There are no answers next
+/// to the ends of the two-phase region and to the critical point, above its pressure, at pressures close to
+/// 0, and far from boiling.
 class IsobarTable {
     struct Cell;
+    struct Ends;
+    struct OnePhasePiece;
+    struct TwoPhasePiece;
 
   public:
     /// All are used as long as the table.
@@ -75,17 +73,16 @@ class IsobarTable {
         const IsobarEnds& ends() const { return ends_; }
         bool hasSharpEnds() const;
 
-        /// What lies beyond an end at a value of the property.
-        std::optional<OnePhase> liquidAt(Property property, double value) const;
-        std::optional<OnePhase> vapourAt(Property property, double value) const;
-        /// Between the ends, of a blend.
+        /// A state of one phase at a value of the property.
+        std::optional<OnePhase> onePhaseAt(Property property, double value) const;
+        /// From 0 to 1 where the value of enthalpy or entropy lies between those of the ends; none next to
+        /// them and beyond.
+        std::optional<double> placeBetweenEnds(Property property, double value) const;
+        /// Of a blend, between the ends.
         std::optional<TwoPhases> twoPhasesAt(Property property, double value) const;
 
       private:
         friend class IsobarTable;
-        std::optional<OnePhase> onePhaseAt(Property property, double value, double direction,
-                                           double endTemperature) const;
-
         const IsobarTable* table_ = nullptr;
         Cell* cell_ = nullptr;
         double within_ = 0;  ///< the cell, -1 to 1
@@ -94,10 +91,25 @@ class IsobarTable {
     };
     std::optional<Isobar> at(double pressure) const;
 
+    // The same for several states of one phase at once, in three steps: the cell of each; then, for states of
+    // one cell, the stretch of each; then, for states of one stretch, temperatures and densities.
+
+    /// A cell's number and where in it a pressure lies, -1 to 1.
+    struct Place {
+        std::size_t cell = 0;
+        double within = 0;
+    };
+    std::size_t cellCount() const { return borders_.size() - 1; }
+    static constexpr std::size_t stretchCount = 4;
+    std::optional<Place> placeOf(double pressure) const;
+    /// stretchCount where there is none.
+    using StretchOfLane = std::array<std::size_t, laneCount>;
+    void stretchesOf(std::size_t cell, Property property, const Lanes& within, const Lanes& value,
+                     StretchOfLane& to) const;
+    void onePhaseAt(std::size_t cell, std::size_t stretch, Property property, const Lanes& within,
+                    const Lanes& value, Lanes& temperature, Lanes& density) const;
+
   private:
-    struct Ends;
-    struct OnePhasePiece;
-    struct TwoPhasePiece;
     /// How far from boiling the states of a piece are.
     struct Stretch {
         double direction;  ///< 1 for vapour, -1 for liquid
@@ -105,25 +117,34 @@ class IsobarTable {
         double far;        ///< K
 
         /// From the temperature of the end; `place` is -1 to 1.
-        double temperature(double end, double place) const {
-            return end + direction * ((near + far) + place * (far - near)) / 2;
+        template <class Number>
+        [[gnu::always_inline]] void temperature(const Number& end, const Number& place, Number& to) const {
+            to = end + direction / 2 * ((near + far) + (far - near) * place);
+        }
+        template <class Number>
+        [[gnu::always_inline]] void place(const Number& end, const Number& temperature, Number& to) const {
+            to = (2 * direction * (temperature - end) - (near + far)) / (far - near);
         }
     };
     /// Of each side the nearer one first.
-    static constexpr std::array<Stretch, 4> stretches{{{1, 0, 25}, {1, 25, 90}, {-1, 0, 30}, {-1, 30, 90}}};
+    static constexpr std::array<Stretch, stretchCount> stretches{
+        {{1, 0, 25}, {1, 25, 90}, {-1, 0, 30}, {-1, 30, 90}}};
+
     /// What is made at its first use.
     template <class Thing>
     struct Lazy {
         std::atomic<const Thing*> made = nullptr;
         std::unique_ptr<const Thing> owned;
     };
-
     template <class Thing, class Make>
     const Thing& made(Lazy<Thing>& lazy, Make make) const;
+    const Ends& endsOf(Cell& cell) const;
+    const OnePhasePiece& pieceOf(Cell& cell, std::size_t stretch) const;
     void makeEnds(const Cell& cell, Ends& ends) const;
     void makePiece(const Cell& cell, const Stretch& stretch, OnePhasePiece& piece) const;
     void makeTwoPhases(const Cell& cell, TwoPhasePiece& piece) const;
     IsobarEnds endsAt(double pressure) const;
+    bool isInRange(const Stretch& stretch, const IsobarEnds& ends) const;
     PhaseState stateAt(double temperature, double pressure, const Stretch& stretch, double vapourCeiling,
                        double guess) const;
 

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "fluids/Flash.h"
@@ -48,10 +49,10 @@ TEST_P(Isobars, GuessesAreClose) {
                 const double t =
                     isVapour ? cut.vapour.point.temperature + away : cut.liquid.point.temperature - away;
                 const FluidState state = flash.atTemperaturePressure(t, p);
-                for (const Property property : {Property::enthalpy, Property::entropy}) {
-                    const double value = property == Property::enthalpy ? state.enthalpy : state.entropy;
-                    const auto guess =
-                        isVapour ? isobar->vapourAt(property, value) : isobar->liquidAt(property, value);
+                for (const auto& [property, value] : {std::pair{Property::temperature, t},
+                                                      {Property::enthalpy, state.enthalpy},
+                                                      {Property::entropy, state.entropy}}) {
+                    const auto guess = isobar->onePhaseAt(property, value);
                     ASSERT_TRUE(guess) << t << " K, " << p << " kPa";
                     EXPECT_NEAR(guess->temperature, t, 1e-3) << p;
                     EXPECT_LT(deviation(guess->density, state.density), 1e-5) << t << " K, " << p << " kPa";
