@@ -1,6 +1,7 @@
 // Runs batches with marvello-select of the built application folder as its users do.
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
 #include <sys/resource.h>
@@ -217,6 +218,28 @@ TEST(batch, WhatCannotBeIsRefused) {
              {"--format list-csv " + batch, "a batch has table, csv, json and jsonl"},
          })
         expectRefused("marvello-select", refusal);
+}
+
+// A library with the ten functions alone, which answers each call with the same figures.
+TEST(batch, ALibraryWithOneSetUpHasOneThread) {
+    const TemporaryFolder folder("marvello-one-set-up");
+    const fs::path app = folder / "app";
+    fs::create_directories(app);
+    for (const char* name : {"db.mdb", "Fluids"})
+        fs::create_symlink(fs::path(MARVELLO_APP_FOLDER) / name, app / name);
+    const std::string library = fs::path(MARVELLO_RECORDING_LIBRARY).filename();
+    fs::create_symlink(MARVELLO_RECORDING_LIBRARY, app / library);
+    const std::string points = folder / "points.csv";
+    std::ofstream(points) << "ted,tcd\n0,40\n5,45\n";
+    const std::string batch = "--refrigerant R134A --series TK-A --models 120 --format csv --app-folder " +
+                              app.string() + " --batch " + points;
+    const Answer alone = call(batch + " --jobs 1");
+    EXPECT_EQ(alone.status, 0) << alone.out;
+    EXPECT_EQ(linesOf(alone.out).size(), 3U);
+    EXPECT_EQ(call(batch + " --jobs 3").out, alone.out);
+    EXPECT_THAT(call(batch + " --jobs 3", Listen::errors).out,
+                testing::HasSubstr("calculates in one thread alone"));
+    EXPECT_EQ(call(batch, Listen::errors).out.find("thread"), std::string::npos);
 }
 
 TEST(batch, OutputThatNobodyTakesEndsIt) {
