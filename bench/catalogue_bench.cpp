@@ -1,12 +1,10 @@
-// What a run of a whole catalogue costs, next to what the database alone needs for it: the same statements,
-// run and read by SQLiteCpp without anything around it. Then a surface, and the making of a catalogue file.
+// What selections over a whole catalogue cost, next to the calculation of its compressors alone. Then a
+// surface, and the making of a catalogue file.
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -18,10 +16,11 @@
 #include "bench/Catalogue.h"
 #include "bench/Floor.h"
 #include "catalogue/Globals.h"
+#include "catalogue/PreparedCatalogue.h"
 #include "catalogue/clsPolynomial.h"
 #include "data/Session.h"
+#include "engine/Calculator.h"
 #include "engine/clsSelections.h"
-#include "thermo/clsRefprop.h"
 #include "tools/catalogue/Check.h"
 #include "tools/catalogue/Content.h"
 
@@ -30,87 +29,38 @@ namespace {
 using namespace marvello;
 using bench::Series;
 
-/// What a run left.
-struct Outcome {
+/// Every row of the catalogue, series by series.
+int selectAll(const std::vector<Series>& all, const clsProjectConditions& conditions) {
+    const auto shared = std::make_shared<const clsProjectConditions>(conditions);
     int compressors = 0;
-    int failed = 0;        ///< Of these, with errors.
-    long long states = 0;  ///< That the property library was asked for.
-};
-
-int failedOf(const clsSelections& selections) {
-    return static_cast<int>(std::ranges::count_if(
-        selections, [](const auto& compressor) { return compressor->Messages.Error.Count() > 0; }));
-}
-
-/// Every row of the catalogue, refrigerant by refrigerant, from a start without any state.
-Outcome runAll(const std::vector<Series>& all) {
-    Outcome outcome;
-    InitRefprop(all.front().refrigerant);
-    const auto conditions = std::make_shared<const clsProjectConditions>(conditionsAt(2, 40));
     for (const Series& series : all) {
         clsSelections selections;
-        const long long before = GetRefprop(series.refrigerant).libraryCalls();
-        selections.Selection(conditions, series.name, "*", series.refrigerant, 0);
-        outcome.states += GetRefprop(series.refrigerant).libraryCalls() - before;
-        outcome.compressors += selections.Count();
-        outcome.failed += failedOf(selections);
+        selections.Selection(shared, series.name, "*", series.refrigerant, 0);
+        compressors += selections.Count();
     }
-    return outcome;
+    return compressors;
 }
 
-/// The statements of every connection that is opened while `work` runs, in their order.
-std::vector<std::string> statementsOf(const auto& work) {
-    static std::vector<std::string> statements;
-    statements.clear();
-    using Hook = int (*)(sqlite3*, char**, const void*);
-    const Hook listen = [](sqlite3* connection, char**, const void*) {
-        const auto note = [](unsigned, void*, void* statement, void*) {
-            statements.emplace_back(sqlite3_sql(static_cast<sqlite3_stmt*>(statement)));
-            return 0;
-        };
-        return sqlite3_trace_v2(connection, SQLITE_TRACE_STMT, note, nullptr);
-    };
-    sqlite3_auto_extension(reinterpret_cast<void (*)()>(listen));
-    work();
-    sqlite3_reset_auto_extension();
-    return statements;
-}
-
-void replay(const SQLite::Database& database, const std::vector<std::string>& statements) {
-    for (const std::string& sql : statements) {
-        SQLite::Statement statement(database, sql);
-        while (statement.executeStep()) {
-            for (int index = 0; index < statement.getColumnCount(); ++index) {
-                const SQLite::Column column = statement.getColumn(index);
-                if (column.isText()) {
-                    benchmark::DoNotOptimize(column.getString());
-                } else {
-                    benchmark::DoNotOptimize(column.getDouble());
-                }
-            }
-        }
-    }
-}
-
-/// Engine and database alone by turns, so that both see the same machine.
+/// Selections at operating points that were not asked for before, next to the calculation alone, by turns.
 void wholeCatalogue(benchmark::State& state) {
     const std::vector<Series> all = bench::seriesOfCatalogue();
-    const std::vector<std::string> statements = statementsOf([&] {
-        const Session session(MARVELLO_APP_FOLDER);
-        openCatalogue();
-        runAll(all);
-    });
-    const SQLite::Database alone(MARVELLO_APP_FOLDER "/db.mdb", SQLite::OPEN_READONLY);
-
-    Outcome outcome;
-    bench::AgainstFloor(state, "the same statements and rows, SQLite alone")
-        .run([&] { outcome = runAll(all); }, [&] { replay(alone, statements); });
-    state.counters["compressors"] = outcome.compressors;
-    state.counters["failed"] = outcome.failed;
-    state.counters["states"] = static_cast<double>(outcome.states);
-    state.counters["statements"] = static_cast<double>(statements.size());
+    const auto catalogue = preparedCatalogue(gDatabase());
+    double ted = 2;
+    int compressors = selectAll(all, conditionsAt(ted, 40));  // sets the refrigerants up
+    const long long statements = gDatabase().executedStatements();
+    Calculator calculator;
+    bench::AgainstFloor(state, "the same compressors, prepared and calculated alone")
+        .run([&] { compressors = selectAll(all, conditionsAt(ted += 1e-4, 40)); },
+             [&] {
+                 ted += 1e-4;
+                 for (const PreparedCompressor& compressor : catalogue->compressors())
+                     benchmark::DoNotOptimize(calculator.calculate(compressor, conditionsAt(ted, 40)));
+             });
+    state.counters["compressors"] = compressors;
+    state.counters["statements"] = static_cast<double>(gDatabase().executedStatements() - statements) /
+                                   static_cast<double>(state.iterations());
 }
-BENCHMARK(wholeCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(3);
+BENCHMARK(wholeCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 /// A value of a surface, by the operation of the calculation.
 void surface(benchmark::State& state) {

@@ -63,7 +63,10 @@ struct Caller : marvello::RefpropState {
     void take(const marvello::RefpropState& state) { RefpropState::operator=(state); }
     void saturationAtT(double at, std::int32_t side) { take(session.saturationAtT(at, side, *this)); }
     void saturationAtP(double at, std::int32_t side) { take(session.saturationAtP(at, side, *this)); }
-    void atTP(double atT, double atP) { take(session.atTP(atT, atP, *this)); }
+    void atTP(double atT, double atP) {
+        take(session.atTP(atT, atP, *this));
+        t = atT;
+    }
     void atPH(double atP, double atH) { take(session.atPH(atP, atH, *this)); }
     void atPS(double atP, double atS) { take(session.atPS(atP, atS, *this)); }
     void atTS(double atT, double atS) { take(session.atTS(atT, atS, *this)); }
@@ -162,6 +165,66 @@ struct Isobar {
     double bubble, dew, coldH, bubbleH, dewH, dewS, hotH, hotS;
 };
 
+/// A thousand states of liquid and vapour on the isobar by one array call, next to `floor`.
+class ArrayCall {
+  public:
+    ArrayCall(Caller& caller, const Isobar& isobar) : caller_(caller) {
+        Walk liquid(isobar.bubble - 40, isobar.bubble);
+        Walk vapour(isobar.dew, isobar.dew + 60);
+        for (std::size_t i = 0; i < count; ++i) {
+            caller.atTP((i % 3 == 0 ? liquid : vapour).next(), pressure);
+            t_.push_back(caller.t);
+            h_.push_back(caller.h);
+        }
+        p_.assign(count, pressure);
+    }
+
+    void byTP() { caller_.session.statesAtTP(t_, p_, found_); }
+    void byPH() { caller_.session.statesAtPH(p_, h_, found_); }
+    void singlyByTP() {
+        for (const double t : t_) caller_.atTP(t, pressure);
+    }
+    void singlyByPH() {
+        for (const double h : h_) caller_.atPH(pressure, h);
+    }
+
+    static constexpr std::size_t count = 1000;
+
+  private:
+    Caller& caller_;
+    std::vector<double> t_, p_, h_;
+    marvello::RefpropStates found_;
+};
+
+void defineArrays(const Refrigerant& refrigerant) {
+    using Call = void (ArrayCall::*)();
+    const auto add = [&](const std::string& what, const char* floorName, Call work, auto floor) {
+        benchmark::RegisterBenchmark((refrigerant.name + ("/" + what)).c_str(),
+                                     [&refrigerant, floorName, work, floor](benchmark::State& state) {
+                                         Caller caller;
+                                         caller.setUp(refrigerant);
+                                         ArrayCall call(caller, Isobar(caller));
+                                         Equation equation(refrigerant);
+                                         marvello::bench::AgainstFloor(state, floorName, ArrayCall::count)
+                                             .run([&] { (call.*work)(); }, [&] { floor(call, equation); });
+                                         caller.check();
+                                     })
+            ->UseManualTime()
+            ->Unit(benchmark::kMicrosecond);
+    };
+    const auto equations = [](ArrayCall&, Equation& equation) {
+        for (std::size_t i = 0; i < ArrayCall::count; ++i) equation.once();
+    };
+    const char* evaluation = "one evaluation of the equation of state";
+    const char* single = "a single call";
+    add("array TP", evaluation, &ArrayCall::byTP, equations);
+    add("array TP to single", single, &ArrayCall::byTP,
+        [](ArrayCall& call, Equation&) { call.singlyByTP(); });
+    add("array PH", evaluation, &ArrayCall::byPH, equations);
+    add("array PH to single", single, &ArrayCall::byPH,
+        [](ArrayCall& call, Equation&) { call.singlyByPH(); });
+}
+
 void define(const Refrigerant& refrigerant) {
     const std::string name = refrigerant.name;
     const auto add = [&](const std::string& what, auto walk, auto call) {
@@ -218,7 +281,10 @@ void define(const Refrigerant& refrigerant) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    for (const Refrigerant& refrigerant : refrigerants) define(refrigerant);
+    for (const Refrigerant& refrigerant : refrigerants) {
+        define(refrigerant);
+        defineArrays(refrigerant);
+    }
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

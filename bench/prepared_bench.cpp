@@ -1,5 +1,5 @@
-// What the calculation of a prepared compressor costs, next to the time of its own property calls: the calls that
-// reached the library are noted and asked again, alone.
+// What the calculation of a prepared compressor costs, next to the time of its own property calls: the calls
+// that reached the library are noted and asked again, alone.
 
 #include <benchmark/benchmark.h>
 
@@ -93,8 +93,8 @@ void newPoint(benchmark::State& state, const Wanted& wanted) {
         refprop.forget();
         const double taken = bench::processorSecondsOf(work);
         against.add(taken, bench::processorSecondsOf([&] {
-            for (const StateCall& call : calls) benchmark::DoNotOptimize(refprop.asked(call));
-        }));
+                        for (const StateCall& call : calls) benchmark::DoNotOptimize(refprop.asked(call));
+                    }));
     }
     const auto each = static_cast<double>(points.size());
     state.counters["points"] = each;
@@ -162,8 +162,8 @@ void wholeCatalogue(benchmark::State& state) {
 }
 BENCHMARK(wholeCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime();
 
-/// The same, and a map, on all processors next to one thread. Times are of the clock on the wall: the floor is
-/// the time of one thread over the count of threads.
+/// The same, and a map, on all processors next to one thread. Times are of the clock on the wall: the floor
+/// is the time of one thread over the count of threads.
 void onThreads(benchmark::State& state, bool isMap) {
     const auto catalogue = preparedCatalogue(gDatabase());
     const PreparedCompressor& model = modelOf(*catalogue, "R404A");
@@ -210,8 +210,9 @@ void longSeries(benchmark::State& state) {
     std::filesystem::copy_file(MARVELLO_APP_FOLDER "/db.mdb", file,
                                std::filesystem::copy_options::overwrite_existing);
     SQLite::Database copy(file, SQLite::OPEN_READWRITE);
-    copy.exec("CREATE TEMP TABLE wanted AS SELECT * FROM tCompressors WHERE fRefrigerantID='R134A' AND "
-              "fSerieID='TK-A'; DELETE FROM tCompressors;");
+    copy.exec(
+        "CREATE TEMP TABLE wanted AS SELECT * FROM tCompressors WHERE fRefrigerantID='R134A' AND "
+        "fSerieID='TK-A'; DELETE FROM tCompressors;");
     SQLite::Transaction all(copy);
     SQLite::Statement insert(copy, "INSERT INTO tCompressors SELECT * FROM wanted LIMIT 1");
     SQLite::Statement name(copy, "UPDATE tCompressors SET fModelID=? WHERE rowid=last_insert_rowid()");

@@ -120,7 +120,7 @@ class clsVariables {
     clsVariable& made(var variable);
 
     std::vector<clsVariable*> entries_;  ///< In the order of adding; they point into the two below.
-    std::unique_ptr<Known> known_;       ///< Those of the calculation by their index; made with the first one.
+    std::unique_ptr<Known> known_;  ///< Those of the calculation by their index; made with the first one.
     std::vector<std::unique_ptr<Own>> own_;
 };
 

@@ -28,7 +28,19 @@ void EconomizerCalculation::turn() {
     giveTurn();
 }
 
+/// However the search ends, the discharge is that of its last pass.
+void EconomizerCalculation::search(EconomizerMode mode) {
+    try {
+        mode == EconomizerMode::approach ? Eco_Automatic() : Eco_Q0();
+    } catch (...) {
+        dischargeStates();
+        throw;
+    }
+    dischargeStates();
+}
+
 void EconomizerCalculation::noSolution() {
+    dischargeStates();  // what is undefined is named
     compressor_.Messages.Error.add("messages.message26", "messages.message26", {},
                                    statements_.undefinedStates());
 }
@@ -42,12 +54,7 @@ void EconomizerCalculation::CalculateEconomizer() {
     set(var::meco, v_[var::Mev] * firstShare);
     set(var::EcoOK, -1.0);
     set(var::EcoModel, "Impossible");
-    if (mode == EconomizerMode::approach) {
-        Eco_Automatic();
-    } else {
-        Eco_Q0();
-    }
-
+    search(mode);
     power();
     // By the motor's polynomial for inverter compressors too.
     writeMotorCurrent(v_, compressor_.Motor, var::PtaEco, var::CAECO);

@@ -14,6 +14,7 @@
 #include "data/CollectedBoxes.h"
 #include "data/Hooks.h"
 #include "data/Session.h"
+#include "thermo/RefpropLibrary.h"
 
 namespace marvello {
 
@@ -98,7 +99,10 @@ void CalculatorPool::Shared::fail(std::size_t index) {
 CalculatorPool::CalculatorPool(unsigned threads) : shared_(std::make_unique<Shared>()) {
     shared_->folder = Session::current().applicationFolder;
     shared_->catalogue = gDatabase().ConnectionString;
-    if (threads == 0) threads = std::max(1U, std::thread::hardware_concurrency());
+    if (!isRefpropConcurrent())
+        threads = 1;
+    else if (threads == 0)
+        threads = std::max(1U, std::thread::hardware_concurrency());
     for (unsigned i = 0; i < threads; ++i) shared_->threads.emplace_back([this] { shared_->live(); });
 }
 

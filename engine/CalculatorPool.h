@@ -10,13 +10,13 @@ namespace marvello {
 
 /// Threads that calculate, each in a session of its own with a calculator, on the application folder and the
 /// catalogue of the session that makes the pool. They stay from one run to the next, and with them the
-/// refrigerants that they have set up. With a property library that keeps one set-up for the process they
-/// take turns.
+/// refrigerants that they have set up. A property library that keeps one set-up for the process has one
+/// thread.
 class CalculatorPool {
   public:
     using Work = std::function<void(Calculator& calculator, std::size_t index)>;
 
-    /// With 0 as many threads as the machine has processors.
+    /// With 0 as many threads as the machine has processors. Throws FluidLibraryError.
     explicit CalculatorPool(unsigned threads = 0);
     ~CalculatorPool();
     CalculatorPool(const CalculatorPool&) = delete;

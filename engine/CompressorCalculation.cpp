@@ -40,9 +40,8 @@ void CompressorCalculation::run() {
 }
 
 void CompressorCalculation::calculateInEnvelope() {
-    statements_.attempt("GetLimitsFromPoint", [this] {
-        around_ = compressor_.limits.holding(v_[var::Ted], v_[var::Tcd]);
-    });
+    statements_.attempt("GetLimitsFromPoint",
+                        [this] { around_ = compressor_.limits.holding(v_[var::Ted], v_[var::Tcd]); });
     if (around_.Count() == 0) {
         compressor_.Messages.Error.add("messages.message01", "messages.message01");
         return;

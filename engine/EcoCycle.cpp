@@ -19,6 +19,19 @@ void EconomizerCalculation::EcoCycle() {
     };
     trySet(var::H71, [&] { return mixed(var::H7, var::H9); });
     trySet(var::P71, [&] { return mixed(var::P7, var::P9); });
+    if (!isDischargeKnown_) {
+        dischargeStates();  // of the first pass, for the place of their variables among the others
+        isDischargeKnown_ = true;
+    }
+    trySet(var::T6, [&] { return states_.bubbleTemperature(v_[var::Peco]); });
+    trySet(var::Qeco, [&] { return v_[var::meco] * (v_[var::H7] - v_[var::H3]) / secondsPerHour; });
+    trySet(var::H31,
+           [&] { return v_[var::H3] - v_[var::meco] * (v_[var::H7] - v_[var::H3]) / v_[var::Mev]; });
+    trySet(var::T31, [&] { return states_.temperatureAtEnthalpy(v_[var::Pc], v_[var::H31]); });
+    trySet(var::SCeco, [&] { return v_[var::T3] - v_[var::T31]; });
+}
+
+void EconomizerCalculation::dischargeStates() {
     trySet(var::T71, [&] { return states_.temperatureAtEnthalpy(v_[var::P71], v_[var::H71]); });
     trySet(var::S71, [&] { return states_.entropyAtEnthalpy(v_[var::P71], v_[var::H71]); });
     trySet(var::H7Iso, [&] { return states_.enthalpyAtEntropy(v_[var::Pc], v_[var::S71]); });
@@ -26,12 +39,6 @@ void EconomizerCalculation::EcoCycle() {
         return v_[var::H71] + (v_[var::H7Iso] - v_[var::H71]) * v_[var::EtaComp1] / v_[var::EtaIso];
     });
     trySet(var::T2, [&] { return states_.temperatureAtEnthalpy(v_[var::Pc], v_[var::h2]); });
-    trySet(var::T6, [&] { return states_.bubbleTemperature(v_[var::Peco]); });
-    trySet(var::Qeco, [&] { return v_[var::meco] * (v_[var::H7] - v_[var::H3]) / secondsPerHour; });
-    trySet(var::H31,
-           [&] { return v_[var::H3] - v_[var::meco] * (v_[var::H7] - v_[var::H3]) / v_[var::Mev]; });
-    trySet(var::T31, [&] { return states_.temperatureAtEnthalpy(v_[var::Pc], v_[var::H31]); });
-    trySet(var::SCeco, [&] { return v_[var::T3] - v_[var::T31]; });
 }
 
 /// The pressure before the port: the port's own and the loss of the injected gas, whose density depends on
@@ -65,7 +72,7 @@ void EconomizerCalculation::injectionPressure() {
         Statements::attemptSilently([&] { old = v_[var::P7]; });
         trySet(var::P7, [&] { return v_[var::P9] + loss; });
         Statements::attemptSilently([&] { error = perBar * (v_[var::P7] - old); });
-        if (passes.isLost(error, loss, error)) return;  // comes no nearer: the search judges what is there
+        if (passes.isLost(error)) return;  // comes no nearer: the search judges what is there
     }
 }
 

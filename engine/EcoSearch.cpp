@@ -28,7 +28,7 @@ constexpr double isFalse = 0;
 
 /// Trials without a smaller error that a search is given. Of thousands over ports and points without sense,
 /// those that got anywhere needed no more than 50.
-constexpr int patience = 150;
+constexpr int patience = 50;
 
 }  // namespace
 
@@ -62,7 +62,7 @@ void EconomizerCalculation::Eco_Q0() {
         error = missing();
         if (v_[var::meco] < 0) set(var::meco, smallFlow);
         step.apply(error);
-        if (std::abs(error) > capacityTolerance && trials.isLost(v_[var::meco], step.size(), error)) {
+        if (std::abs(error) > capacityTolerance && trials.isLost(error)) {
             noSolution();
             return;
         }
@@ -128,7 +128,7 @@ void EconomizerCalculation::plateStage(double wanted) {
         error = std::abs(approach) - wanted;
         step.apply(approach - wanted);
         turn();
-        if (std::abs(error) > approachTolerance && trials.isLost(v_[var::meco], step.size(), error)) {
+        if (std::abs(error) > approachTolerance && trials.isLost(error)) {
             set(var::EcoModel, "Impossible");
             noSolution();
             return;
@@ -154,7 +154,7 @@ void EconomizerCalculation::tankStage(double error, StepControl step) {
         step.apply(distance);
         const double flow = v_[var::meco];
         if (std::abs(flow) > maxTankFlow * std::abs(v_[var::Mev]) || flow < smallFlow ||
-            (std::abs(error) > approachTolerance && trials.isLost(flow, step.size(), error))) {
+            (std::abs(error) > approachTolerance && trials.isLost(error))) {
             noSolution();
             set(var::EcoModel, "Impossible");
             return;

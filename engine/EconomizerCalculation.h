@@ -23,8 +23,11 @@ class EconomizerCalculation {
     void CalculateEconomizer();
 
   private:
-    /// Solves the cycle for the present `meco`. A step that fails is passed over.
+    /// Solves the cycle for the present `meco`, the discharge in the first pass alone. A step that fails is
+    /// passed over.
     void EcoCycle();
+    /// The states from the port to the discharge, of the last pass. No search looks at them.
+    void dischargeStates();
     void injectionPressure();
 
     /// Searches the `meco` that gives the total capacity `Eco`. A step that fails leaves it.
@@ -43,6 +46,7 @@ class EconomizerCalculation {
     void power();
     void oilLoad();
     void checkApproach();
+    void search(EconomizerMode mode);
     void noSolution();
 
     template <class Value>
@@ -60,6 +64,7 @@ class EconomizerCalculation {
     formTimeout& timeout_;
     Statements& statements_;
     clsVariables& v_;
+    bool isDischargeKnown_ = false;
 };
 
 }  // namespace marvello

@@ -24,10 +24,10 @@ class SelectionRules {
     void closingRules();
 
   private:
-    void forbiddenRegion();                      // 1
+    void forbiddenRegion();                          // 1
     void capacityStep(const HoldingLimits& around);  // 2, and again in 4
     bool hasSoundPolynomials() const;
-    void polynomials();                                 // 3
+    void polynomials();                                     // 3
     void polynomialsAndMotor(const HoldingLimits& around);  // 4
     void overLimit(const HoldingLimits& around);            // 5
     void oilFilter(const HoldingLimits& around);            // 6
@@ -35,15 +35,15 @@ class SelectionRules {
     void injection(const HoldingLimits& around);            // 8
     void suggestedVersion(const HoldingLimits& around);     // 9
     void inverterFrequency(const HoldingLimits& around);    // 10
-    void subcooling();                                  // 11
-    void superheat();                                   // 12
+    void subcooling();                                      // 11
+    void superheat();                                       // 12
     void oilCooling(const HoldingLimits& around);           // 13
     void injectionForOil(const HoldingLimits& around);      // 14
-    void lowTemperatureRefrigerant();                   // 16
-    void variableSeries();                              // 17
-    void powerOfModel();                                // 18
-    void modelOnRequest();                              // 19
-    void flammableRefrigerant();                        // 20
+    void lowTemperatureRefrigerant();                       // 16
+    void variableSeries();                                  // 17
+    void powerOfModel();                                    // 18
+    void modelOnRequest();                                  // 19
+    void flammableRefrigerant();                            // 20
 
     bool raisedPowerLimit(var variable);
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cmath>
-#include <cstddef>
 #include <limits>
 
 namespace marvello {
@@ -30,22 +29,13 @@ class StepControl {
     double previous_ = 0;
 };
 
-/// Finds that an iteration without a pass counter comes to nothing: it goes round in a circle, or its error
-/// has had no new least value for as many passes as its patience lasts. A circle is seen by comparing each
-/// state with one kept from before, which is replaced after 1, 2, 4, 8, ... passes (Brent, BIT 20 (1980)
-/// 176).
+/// Finds that an iteration without a pass counter comes to nothing: its error has had no new least value for
+/// as many passes as its patience lasts.
 class LostSearch {
   public:
     explicit LostSearch(int patience) : patience_(patience) {}
 
-    /// True when the state (a, b) was met before, or the patience is at its end.
-    bool isLost(double a, double b, double error) {
-        if (passes_ > 0 && a == keptA_ && b == keptB_) return true;
-        if (++passes_ == limit_) {
-            limit_ *= 2;
-            keptA_ = a;
-            keptB_ = b;
-        }
+    bool isLost(double error) {
         if (std::abs(error) < minError_) {
             minError_ = std::abs(error);
             withoutGain_ = 0;
@@ -58,10 +48,6 @@ class LostSearch {
     int patience_;
     int withoutGain_ = 0;
     double minError_ = std::numeric_limits<double>::infinity();
-    double keptA_ = 0;
-    double keptB_ = 0;
-    std::size_t passes_ = 0;
-    std::size_t limit_ = 1;
 };
 
 }  // namespace marvello

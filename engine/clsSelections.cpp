@@ -82,8 +82,8 @@ void clsSelections::find(const std::string& sql) {
     Found found{sql, std::move(catalogue), {}};
     std::set<std::string> keys;
     for (RecordSet row = gDatabase().Execute(sql); !row.eof(); row.moveNext()) {
-        const PreparedCompressor* compressor = found.catalogue->find(
-            row.text("fRefrigerantID"), row.text("fSerieID"), row.text("fModelID"));
+        const PreparedCompressor* compressor =
+            found.catalogue->find(row.text("fRefrigerantID"), row.text("fSerieID"), row.text("fModelID"));
         if (compressor == nullptr) continue;
         if (!keys.insert(lowered(compressor->Key())).second) throw twice(compressor->Key());
         found.compressors.push_back(compressor);

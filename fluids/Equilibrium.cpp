@@ -208,6 +208,16 @@ double Equilibrium::pressureOf(const TwoPhases& state, double logTemperatureStep
     return reduced * mixture_->gasConstant() * state.temperature;
 }
 
+/// Enthalpy or entropy a whole step beyond the state evaluated last.
+double Equilibrium::heatAfterStep(const TwoPhases& state, Condition::Of of) const {
+    const Places at(mixture_->size());
+    Row row;
+    setHeat(state, {of, 0}, row);
+    double reduced = -row[at.end];
+    for (std::size_t k = 0; k < at.end; ++k) reduced += row[k] * rows_[k][at.end];
+    return reduced * mixture_->gasConstant() * (of == Condition::Of::enthalpy ? state.temperature : 1);
+}
+
 std::optional<TwoPhases> Equilibrium::solve(const TwoPhases& guess, const Conditions& conditions) {
     constexpr int steps = 40;
     constexpr double largestStep = 0.5;  // of a logarithm
@@ -230,13 +240,17 @@ std::optional<TwoPhases> Equilibrium::solve(const TwoPhases& guess, const Condit
         if (!(size < 1e6)) return std::nullopt;
         const double damping =
             std::min(1.0, largestStep / std::max({size, 10 * std::abs(step(at.temperature))}));
+        // The second case is rounding, which grows towards the critical point.
+        const bool isSolved = size < 1e-8 || (i > 3 && size < 1e-5 && size > lastStep);
+        if (isSolved && withHeat)
+            heat_ = {heatAfterStep(state, Condition::Of::enthalpy),
+                     heatAfterStep(state, Condition::Of::entropy)};
         for (std::size_t k = 0; k < count; ++k) state.logK[k] += damping * step(k);
         state.firstDensity *= std::exp(damping * step(at.firstDensity));
         state.secondDensity *= std::exp(damping * step(at.secondDensity));
         state.temperature *= std::exp(damping * step(at.temperature));
         state.share += damping * step(at.share);
-        // The second case is rounding, which grows towards the critical point.
-        if (size < 1e-8 || (i > 3 && size < 1e-5 && size > lastStep)) {
+        if (isSolved) {
             double difference = std::abs(std::log(state.secondDensity / state.firstDensity));
             for (std::size_t k = 0; k < count; ++k)
                 difference = std::max(difference, std::abs(state.logK[k]));

@@ -53,12 +53,14 @@ class Equilibrium {
     /// Whether both phases of the state solved last withstand small changes of density and composition.
     bool isStable() const;
 
-    /// Enthalpy in J/mol and entropy in J/(mol K) of all and of each phase at a state, on the equation's own
-    /// zero.
+    /// Enthalpy in J/mol and entropy in J/(mol K) of both phases together, on the equation's own zero.
     struct EnthalpyEntropy {
         double enthalpy = 0;
         double entropy = 0;
     };
+    /// Of the state solved last, where one of its conditions was enthalpy or entropy.
+    const EnthalpyEntropy& heat() const { return heat_; }
+    /// At a state.
     EnthalpyEntropy enthalpyEntropy(const TwoPhases& state);
 
     const Mixture& mixture() const { return *mixture_; }
@@ -76,6 +78,7 @@ class Equilibrium {
     void chain(const TwoPhases& state, First byFirst, Second bySecond, Row& row) const;
     bool eliminate();
     double pressureOf(const TwoPhases& state, double logTemperatureStep) const;
+    double heatAfterStep(const TwoPhases& state, Condition::Of of) const;
 
     const Mixture* mixture_;
     PerComponent z_{};
@@ -84,6 +87,7 @@ class Equilibrium {
     std::array<PerComponent, 2> fractions_{};
     std::array<PerComponent, 2> amounts_{};
     std::array<Row, maxUnknowns> rows_{};
+    EnthalpyEntropy heat_;
 };
 
 }  // namespace marvello::fluids

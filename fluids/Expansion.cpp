@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
+#include "fluids/Chebyshev.h"
 #include "fluids/PropertyError.h"
 
 namespace marvello::fluids {
@@ -11,36 +11,6 @@ namespace {
 
 constexpr std::size_t count = Expansion::coefficientCount;
 constexpr double missing = 1e300;  // an error where a sample has no value
-using Coefficients = std::array<double, count>;
-
-double chebyshevPoint(std::size_t k) {
-    return std::cos(std::numbers::pi * (static_cast<double>(k) + 0.5) / static_cast<double>(count));
-}
-
-/// The matrix from values at the Chebyshev points to coefficients of the powers.
-std::array<Coefficients, count> powersFromValues() {
-    // T_m as powers: T_0 = 1, T_1 = s, T_(m+1) = 2 s T_m - T_(m-1).
-    std::array<Coefficients, count> polynomials{};
-    polynomials[0][0] = 1;
-    polynomials[1][1] = 1;
-    for (std::size_t m = 2; m < count; ++m) {
-        for (std::size_t power = 0; power < count; ++power) {
-            polynomials[m][power] =
-                (power > 0 ? 2 * polynomials[m - 1][power - 1] : 0) - polynomials[m - 2][power];
-        }
-    }
-    std::array<Coefficients, count> matrix{};
-    for (std::size_t k = 0; k < count; ++k) {
-        for (std::size_t m = 0; m < count; ++m) {
-            const double angle = std::numbers::pi * static_cast<double>(m) * (static_cast<double>(k) + 0.5) /
-                                 static_cast<double>(count);
-            const double share = (m == 0 ? 1.0 : 2.0) / static_cast<double>(count) * std::cos(angle);
-            for (std::size_t power = 0; power < count; ++power)
-                matrix[power][k] += share * polynomials[m][power];
-        }
-    }
-    return matrix;
-}
 
 }  // namespace
 
@@ -86,7 +56,7 @@ double Expansion::split(const Build& build, const Sample& sample, double high, d
 
 /// Fits the cell from the last border to `high` and tries the fit out. Returns the largest error seen.
 double Expansion::addCell(const Sample& sample, double high) {
-    static const std::array<Coefficients, count> matrix = powersFromValues();
+    const SquareMatrix<count>& matrix = powersFromValues<count>();
     const double low = borders_.back();
     std::array<double, maxFunctions> values{};
     const auto take = [&](double within) {
@@ -96,7 +66,7 @@ double Expansion::addCell(const Sample& sample, double high) {
     coefficients_.resize(first + count * functionCount_);
     borders_.push_back(high);
     for (std::size_t k = 0; k < count; ++k) {
-        if (!take(chebyshevPoint(k))) return missing;
+        if (!take(chebyshevPoint(k, count))) return missing;
         for (std::size_t power = 0; power < count; ++power) {
             for (std::size_t f = 0; f < functionCount_; ++f)
                 coefficients_[first + power * functionCount_ + f] += matrix[power][k] * values[f];

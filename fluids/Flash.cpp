@@ -58,7 +58,7 @@ Flash::Flash(std::shared_ptr<const FluidModel> fluid) : fluid_(std::move(fluid))
 }
 
 void Flash::checkTemperature(double temperature) const {
-    const FluidModel::Limits& limits = fluid_->limits();
+    const FluidLimits& limits = fluid_->limits();
     if (!(temperature >= limits.temperatureMin && temperature <= limits.temperatureMax)) {
         refuse("The temperature " + inText(temperature) + " K lies outside the range of " + fluid_->name() +
                ", " + inText(limits.temperatureMin) + " to " + inText(limits.temperatureMax) + " K.");
@@ -75,7 +75,7 @@ void Flash::checkPressure(double pressure) const {
 Flash::Bracket Flash::densities(double temperature, double vapourCeiling) const {
     if (vapourCeiling > 0) return {0, vapourCeiling};
     const bool mayBoil = temperature < boundary().temperatureMax();
-    return {mayBoil ? boundary().liquidDensityFloor(temperature) : 0, fluid_->densityMax()};
+    return {mayBoil ? boundary().liquidDensityFloor(temperature) : 0, fluid_->limits().densityMax};
 }
 
 /// The state at a pressure, its density searched from `guess`.
@@ -209,6 +209,11 @@ PhaseState Flash::stateAt(const PhaseBoundary::End& end) const {
 FluidState Flash::atTemperaturePressure(double temperature, double pressure) {
     checkTemperature(temperature);
     checkPressure(pressure);
+    if (const auto isobar = fluid_->isobars().at(pressure)) {
+        const auto guess = isobar->onePhaseAt(Property::temperature, temperature);
+        const auto found = guess ? onePhaseNear(*guess, pressure) : std::nullopt;
+        if (found) return *found;
+    }
     const double gasDensity = pressure / (phase().gasConstant() * temperature);
     double ceiling = 0;
     double guess = gasDensity;
@@ -269,6 +274,9 @@ FluidState Flash::atPressureAnd(double pressure, Property property, double wante
     constexpr double vapourMargin = 1.1;  // over the density of the ideal gas, below the dew pressure
     const double hottest = fluid_->limits().temperatureMax;
     const double coldest = fluid_->limits().temperatureMin;
+    if (const auto isobar = fluid_->isobars().at(pressure)) {
+        if (const auto found = fromTable(*isobar, pressure, property, wanted)) return *found;
+    }
     const double gasDensity = pressure / phase().gasConstant();  // times 1/T
     const double guess = firstGuess * boundary().critical().temperature;
     if (pressure >= boundary().pressureMax())
@@ -340,6 +348,24 @@ FluidState Flash::nextToEnd(const PhaseBoundary::End& end, PhaseState edge, Prop
     return searchIsobar(pressure, property, wanted, range);
 }
 
+/// Newton's step of temperature and density towards a state on an isobar.
+Flash::IsobarStep Flash::stepOnIsobar(const PhaseState& state, double pressure, Property property,
+                                      double wanted) {
+    // dh = cp dT + (1 - T a)/rho dp and ds = cp/T dT - a/rho dp, with the expansion a at constant pressure.
+    const double expansion = state.pressureByTemperature / (state.density * state.pressureByDensity);
+    const bool isEnthalpy = property == Property::enthalpy;
+    const double byTemperature = isEnthalpy ? state.cp : state.cp / state.temperature;
+    const double byPressure =
+        ((isEnthalpy ? 1 : 0) - (isEnthalpy ? state.temperature : 1) * expansion) / state.density;
+    const double missing = pressure - state.pressure;
+    IsobarStep step;
+    step.temperature = (wanted - valueOf(state, property) - byPressure * missing) / byTemperature;
+    step.density = (missing - state.pressureByTemperature * step.temperature) / state.pressureByDensity;
+    step.size =
+        std::max(std::abs(step.temperature) / state.temperature, std::abs(step.density) / state.density);
+    return step;
+}
+
 /// Newton's method on temperature and density at once; from a good guess four or five evaluations. None where
 /// a step leaves the range or the phase.
 std::optional<PhaseState> Flash::newtonOnIsobar(double pressure, Property property, double wanted,
@@ -356,23 +382,97 @@ std::optional<PhaseState> Flash::newtonOnIsobar(double pressure, Property proper
         const PhaseState state = phase().at(temperature).state(density);
         if (lastStep <= converged) return state;
         if (!(state.pressureByDensity > 0)) return std::nullopt;
-        // dh = cp dT + (1 - T a)/rho dp and ds = cp/T dT - a/rho dp, with the expansion a at constant
-        // pressure.
-        const double expansion = state.pressureByTemperature / (density * state.pressureByDensity);
-        const bool isEnthalpy = property == Property::enthalpy;
-        const double byTemperature = isEnthalpy ? state.cp : state.cp / temperature;
-        const double byPressure =
-            ((isEnthalpy ? 1 : 0) - (isEnthalpy ? temperature : 1) * expansion) / density;
-        const double missing = pressure - state.pressure;
-        const double temperatureStep =
-            (wanted - valueOf(state, property) - byPressure * missing) / byTemperature;
-        const double densityStep =
-            (missing - state.pressureByTemperature * temperatureStep) / state.pressureByDensity;
-        temperature += temperatureStep;
-        density += densityStep;
-        lastStep = std::max(std::abs(temperatureStep) / temperature, std::abs(densityStep) / density);
+        const IsobarStep step = stepOnIsobar(state, pressure, property, wanted);
+        temperature += step.temperature;
+        density += step.density;
+        lastStep = step.size;
     }
     return std::nullopt;
+}
+
+/// From where the table has the state; none where it has none, or no good one.
+std::optional<FluidState> Flash::fromTable(const IsobarTable::Isobar& isobar, double pressure,
+                                           Property property, double wanted) {
+    if (const auto guess = isobar.onePhaseAt(property, wanted))
+        return onePhaseNear(*guess, pressure, property, wanted);
+    const auto place = isobar.placeBetweenEnds(property, wanted);
+    if (!place) return std::nullopt;
+    if (equilibrium_) return twoPhasesNear(isobar, pressure, property, wanted);
+    if (!isobar.hasSharpEnds()) return std::nullopt;
+    const IsobarEnds& ends = isobar.ends();
+    return twoPhaseState(
+        {ends.vapourTemperature, pressure, *place, ends.liquidDensity, ends.vapourDensity, {}},
+        {ends.liquidEnthalpy + *place * (ends.vapourEnthalpy - ends.liquidEnthalpy),
+         ends.liquidEntropy + *place * (ends.vapourEntropy - ends.liquidEntropy)});
+}
+
+std::optional<FluidState> Flash::onePhaseNear(const IsobarTable::OnePhase& guess, double pressure,
+                                              Property property, double wanted) const {
+    constexpr int steps = 3;
+    constexpr double astray = 1e-3;
+    constexpr double converged = 1e-11;  // one more step is made, without an evaluation
+    double temperature = guess.temperature;
+    double density = guess.density;
+    for (int i = 0; i < steps; ++i) {
+        PhaseState state = phase().at(temperature).state(density);
+        const IsobarStep step = stepOnIsobar(state, pressure, property, wanted);
+        if (!(state.pressureByDensity > 0 && step.size < astray)) return std::nullopt;
+        temperature += step.temperature;
+        density += step.density;
+        if (step.size > converged) continue;
+        // dh = T ds + dp/rho
+        const double enthalpyByPressure = (pressure - state.pressure) / state.density;
+        if (property == Property::enthalpy) {
+            state.entropy += (wanted - state.enthalpy - enthalpyByPressure) / state.temperature;
+            state.enthalpy = wanted;
+        } else {
+            state.enthalpy += (wanted - state.entropy) * state.temperature + enthalpyByPressure;
+            state.entropy = wanted;
+        }
+        state.temperature = temperature;
+        state.density = density;
+        state.pressure = pressure;
+        state.energy = state.enthalpy - pressure / density;
+        return single(state, qualityName(temperature, pressure, density));
+    }
+    return std::nullopt;
+}
+
+/// At the temperature of the guess.
+std::optional<FluidState> Flash::onePhaseNear(const IsobarTable::OnePhase& guess, double pressure) const {
+    constexpr double astray = 1e-3;
+    constexpr double converged = 2e-14;
+    Isotherm isotherm = phase().at(guess.temperature);
+    const double reduced = pressure / (phase().gasConstant() * guess.temperature);
+    const ReducedPressure first = isotherm.reducedPressure(guess.density);
+    const double firstStep = (reduced - first.value) / first.byDensity;
+    if (!(first.byDensity > 0 && std::abs(firstStep) < astray * guess.density)) return std::nullopt;
+    PhaseState state = isotherm.state(guess.density + firstStep);
+    double step = (pressure - state.pressure) / state.pressureByDensity;
+    if (!(std::abs(step) <= converged * state.density)) {
+        state = isotherm.state(state.density + step);
+        step = (pressure - state.pressure) / state.pressureByDensity;
+        if (!(std::abs(step) <= converged * state.density)) return std::nullopt;
+    }
+    state.density += step;
+    state.pressure = pressure;
+    return single(state, qualityName(state.temperature, pressure, state.density));
+}
+
+std::optional<FluidState> Flash::twoPhasesNear(const IsobarTable::Isobar& isobar, double pressure,
+                                               Property property, double wanted) {
+    constexpr double astray = 1e-3;
+    const auto guess = isobar.twoPhasesAt(property, wanted);
+    if (!guess) return std::nullopt;
+    const auto found = equilibrium_->solve(
+        *guess, {Condition{Condition::Of::pressure, pressure}, Condition{conditionOf(property), wanted}});
+    if (!found || !(found->share > 0 && found->share < 1) || !equilibrium_->isStable() ||
+        !(std::abs(found->share - guess->share) < astray &&
+          std::abs(found->temperature / guess->temperature - 1) < astray))
+        return std::nullopt;
+    TwoPhases phases = *found;
+    phases.pressure = pressure;
+    return twoPhaseState(phases, equilibrium_->heat());
 }
 
 /// Where sliding fails: Newton's method on the temperature, with the density solved for at each step.
@@ -413,7 +513,7 @@ FluidState Flash::atTemperatureEntropy(double temperature, double entropy) {
         const double density = boundary().critical().density;
         const double guess =
             density * std::exp(std::clamp((isotherm.state(density).entropy - wanted) / gas, -60.0, 2.0));
-        return searchIsotherm(isotherm, wanted, minDensity, fluid_->densityMax(), guess);
+        return searchIsotherm(isotherm, wanted, minDensity, fluid_->limits().densityMax, guess);
     }
     const PhaseBoundary::Cut cut = boundary().cutAtTemperature(temperature);
     const double ofLiquid = stateAt(cut.liquid).entropy;
@@ -431,7 +531,7 @@ FluidState Flash::atTemperatureEntropy(double temperature, double entropy) {
     }
     if (wanted < ofLiquid) {
         return searchIsotherm(isotherm, wanted, boundary().liquidDensityFloor(temperature),
-                              fluid_->densityMax(), cut.liquid.density);
+                              fluid_->limits().densityMax, cut.liquid.density);
     }
     const double guess = cut.vapour.density * std::exp(std::max((ofVapour - wanted) / gas, -600.0));
     return searchIsotherm(isotherm, wanted, minDensity, cut.vapour.density * (1 + 1e-5), guess);
@@ -451,6 +551,20 @@ FluidState Flash::searchIsotherm(Isotherm& isotherm, double wanted, double low, 
     }
     checkPressure(state.pressure);
     return single(state, qualityName(temperature, state.pressure, state.density));
+}
+
+FluidState Flash::laneState(const PhaseLanes& states, std::size_t lane) const {
+    PhaseState state;
+    state.temperature = states.temperature[lane];
+    state.density = states.density[lane];
+    state.pressure = states.pressure[lane];
+    state.enthalpy = states.enthalpy[lane];
+    state.entropy = states.entropy[lane];
+    state.energy = state.enthalpy - state.pressure / state.density;
+    state.cv = states.cv[lane];
+    state.cp = states.cp[lane];
+    state.soundSpeed = states.soundSpeed[lane];
+    return single(state, qualityName(state.temperature, state.pressure, state.density));
 }
 
 }  // namespace marvello::fluids

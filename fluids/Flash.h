@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 
@@ -62,8 +63,13 @@ class Flash {
     FluidState atPressureEntropy(double pressure, double entropy);
     FluidState atTemperatureEntropy(double temperature, double entropy);
 
+    /// One of an array call.
+    FluidState laneState(const PhaseLanes& states, std::size_t lane) const;
+
+    const FluidModel& fluid() const { return *fluid_; }
+    const FluidModel::Shift& shift() const { return shift_; }
+
   private:
-    enum class Property { enthalpy, entropy };
     /// Densities between which the pressure rises at a temperature.
     struct Bracket {
         double low = 0;
@@ -77,6 +83,11 @@ class Flash {
         double density = 0;  ///< a guess at the temperature guessed
         /// No density of a vapour lies above; 0 for a liquid or supercritical state.
         double vapourCeiling = 0;
+    };
+    struct IsobarStep {
+        double temperature = 0;
+        double density = 0;
+        double size = 0;  ///< the larger of both, relative
     };
     /// A search along a line through the two-phase region of a blend, between two states known: its ends, or
     /// the state at the lowest temperature.
@@ -110,6 +121,15 @@ class Flash {
     FluidState nextToEnd(const PhaseBoundary::End& end, PhaseState edge, Property property, double wanted);
     FluidState betweenEnds(const PhaseBoundary::Cut& cut, Property property, double wanted);
     FluidState aboveColdEnd(const PhaseBoundary::End& vapour, Property property, double wanted);
+    std::optional<FluidState> fromTable(const IsobarTable::Isobar& isobar, double pressure, Property property,
+                                        double wanted);
+    std::optional<FluidState> onePhaseNear(const IsobarTable::OnePhase& guess, double pressure,
+                                           Property property, double wanted) const;
+    std::optional<FluidState> onePhaseNear(const IsobarTable::OnePhase& guess, double pressure) const;
+    std::optional<FluidState> twoPhasesNear(const IsobarTable::Isobar& isobar, double pressure,
+                                            Property property, double wanted);
+    static IsobarStep stepOnIsobar(const PhaseState& state, double pressure, Property property,
+                                   double wanted);
     std::optional<PhaseState> newtonOnIsobar(double pressure, Property property, double wanted,
                                              const IsobarRange& range);
     FluidState searchIsobar(double pressure, Property property, double wanted, const IsobarRange& range);

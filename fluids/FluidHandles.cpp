@@ -13,6 +13,7 @@
 
 #include "fluids/PropertyError.h"
 #include "fluids/PropertyLibrary.h"
+#include "fluids/StateArrays.h"
 #include "platform/Places.h"
 
 struct FluidHandle {
@@ -21,12 +22,17 @@ struct FluidHandle {
 
 namespace {
 
+using marvello::FluidStateArrays;
 using marvello::fluids::Fault;
+using marvello::fluids::Flash;
 using marvello::fluids::FluidState;
 using marvello::fluids::maxComponents;
 using marvello::fluids::PerComponent;
+using marvello::fluids::PhaseLanes;
+using marvello::fluids::Property;
 using marvello::fluids::PropertyError;
 using marvello::fluids::PropertyLibrary;
+using marvello::fluids::StateArrays;
 using Side = marvello::fluids::PhaseBoundary::Side;
 using marvello::fluids::SaturationPoint;
 using marvello::fluids::undefined;
@@ -118,13 +124,15 @@ void deliverSaturation(const PropertyLibrary& library, const SaturationPoint& po
 
 /// Where the outputs common to all flashes go.
 struct FlashOutputs {
-    double *D, *Dl, *Dv, *x, *y, *q, *e, *cv, *cp, *w;
+    double *D, *Dl, *Dv;
+    double *x, *y;  ///< both or neither
+    double *q, *e, *cv, *cp, *w;
 
     void deliver(const PropertyLibrary& library, const FluidState& state) const {
         *D = state.density;
         *Dl = state.liquidDensity;
         *Dv = state.vapourDensity;
-        deliverCompositions(library, state.logK, state.quality, x, y);
+        if (x != nullptr) deliverCompositions(library, state.logK, state.quality, x, y);
         *q = state.quality;
         *e = state.energy;
         *cv = state.cv;
@@ -277,6 +285,105 @@ void atPS(FluidHandle* handle, const double* p, const double* s, const double* z
             });
 }
 
+/// Writes what an array call finds, and makes single calls of the others.
+class ArraySink : public StateArrays::Sink {
+  public:
+    struct Inputs {
+        Property property;
+        const double* pressures;
+        const double* values;
+        const double* fractions;
+    };
+
+    ArraySink(FluidHandle* handle, const Inputs& inputs, const FluidStateArrays& to)
+        : handle_(handle), in_(inputs), to_(to) {}
+
+    void use(const Flash& flash) { flash_ = &flash; }
+
+    void take(std::size_t i, const PhaseLanes& states, std::size_t lane) override {
+        const FluidState state = flash_->laneState(states, lane);
+        to_.t[i] = state.temperature;
+        to_.p[i] = state.pressure;
+        to_.h[i] = state.enthalpy;
+        to_.s[i] = state.entropy;
+        to_.ierr[i] = 0;
+        at(i).deliver(handle_->library, state);
+    }
+
+    void leave(std::size_t i) override {
+        FlashOutputs o = at(i);
+        if (o.x == nullptr) o.x = o.y = unwanted_.data();
+        const double* p = in_.pressures + i;
+        const double* value = in_.values + i;
+        const double* z = in_.fractions;
+        double* t = to_.t + i;
+        double* h = to_.h + i;
+        double* s = to_.s + i;
+        std::int32_t* code = to_.ierr + i;
+        to_.p[i] = *p;
+        switch (in_.property) {
+            case Property::temperature:
+                *t = *value;
+                return atTP(handle_, value, p, z, o.D, o.Dl, o.Dv, o.x, o.y, o.q, o.e, h, s, o.cv, o.cp, o.w,
+                            code, nullptr, 0);
+            case Property::enthalpy:
+                *h = *value;
+                return atPH(handle_, p, value, z, t, o.D, o.Dl, o.Dv, o.x, o.y, o.q, o.e, s, o.cv, o.cp, o.w,
+                            code, nullptr, 0);
+            case Property::entropy:
+                *s = *value;
+                return atPS(handle_, p, value, z, t, o.D, o.Dl, o.Dv, o.x, o.y, o.q, o.e, h, o.cv, o.cp, o.w,
+                            code, nullptr, 0);
+        }
+    }
+
+  private:
+    FlashOutputs at(std::size_t i) {
+        double* x = to_.x == nullptr ? nullptr : to_.x + i * maxComponents;
+        double* y = to_.x == nullptr ? nullptr : to_.y + i * maxComponents;
+        return {to_.D + i, to_.Dl + i, to_.Dv + i, x,          y,
+                to_.q + i, to_.e + i,  to_.cv + i, to_.cp + i, to_.w + i};
+    }
+
+    FluidHandle* handle_;
+    Inputs in_;
+    FluidStateArrays to_;
+    const Flash* flash_ = nullptr;
+    PerComponent unwanted_{};
+};
+
+void findStates(FluidHandle* handle, std::int32_t count, const ArraySink::Inputs& in,
+                const FluidStateArrays& to) {
+    const auto size = static_cast<std::size_t>(std::max(count, 0));
+    ArraySink sink(handle, in, to);
+    std::int32_t code = 0;
+    guarded(handle, {&code, nullptr, 0}, {}, [&](PropertyLibrary& library) {
+        const Flash& flash = library.flash(in.fractions);
+        sink.use(flash);
+        const double zero = in.property == Property::enthalpy  ? flash.shift().enthalpy
+                            : in.property == Property::entropy ? flash.shift().entropy
+                                                               : 0;
+        StateArrays(flash.fluid(), sink).find(in.property, {in.pressures, size}, {in.values, size}, zero);
+    });
+    // Without a set-up each is left, and says why.
+    for (std::size_t i = 0; code != 0 && i < size; ++i) sink.leave(i);
+}
+
+void statesAtTP(FluidHandle* handle, std::int32_t count, const double* t, const double* p, const double* z,
+                const FluidStateArrays* to) {
+    findStates(handle, count, {Property::temperature, p, t, z}, *to);
+}
+
+void statesAtPH(FluidHandle* handle, std::int32_t count, const double* p, const double* h, const double* z,
+                const FluidStateArrays* to) {
+    findStates(handle, count, {Property::enthalpy, p, h, z}, *to);
+}
+
+void statesAtPS(FluidHandle* handle, std::int32_t count, const double* p, const double* s, const double* z,
+                const FluidStateArrays* to) {
+    findStates(handle, count, {Property::entropy, p, s, z}, *to);
+}
+
 }  // namespace
 
 extern "C" [[gnu::visibility("default")]] const marvello::FluidHandleFunctions* FLUIDHANDLESdll() {
@@ -292,6 +399,9 @@ extern "C" [[gnu::visibility("default")]] const marvello::FluidHandleFunctions* 
                                                               atTP,
                                                               atTS,
                                                               atPH,
-                                                              atPS};
+                                                              atPS,
+                                                              statesAtTP,
+                                                              statesAtPH,
+                                                              statesAtPS};
     return &functions;
 }

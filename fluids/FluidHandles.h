@@ -23,6 +23,20 @@ struct WithHandle<void (*)(Arguments...)> {
     using Type = void (*)(FluidHandle*, Arguments...);
 };
 
+/// Where the states of an array call go: an array for each number of fluids/Refprop.h, the inputs among them.
+/// `x` and `y` hold 20 fractions each, or are both null where no one wants them. `ierr` is that of the
+/// single call, which has the sentence to it.
+struct FluidStateArrays {
+    double *t, *p, *D, *Dl, *Dv, *q, *e, *h, *s, *cv, *cp, *w;
+    double *x, *y;
+    std::int32_t* ierr;
+};
+
+/// The states of `count` pairs of inputs at the mole fractions `z`. What single calls answer, to 1e-12,
+/// several at once in the vector unit.
+using FluidStatesFunction = void (*)(FluidHandle*, std::int32_t count, const double* first,
+                                     const double* second, const double* z, const FluidStateArrays* to);
+
 /// Later versions add members at the end.
 inline constexpr std::int32_t fluidHandlesVersion = 1;
 
@@ -41,6 +55,9 @@ struct FluidHandleFunctions {
     WithHandle<decltype(&::TSFLSHdll)>::Type TSFLSHdll;
     WithHandle<decltype(&::PHFLSHdll)>::Type PHFLSHdll;
     WithHandle<decltype(&::PSFLSHdll)>::Type PSFLSHdll;
+    FluidStatesFunction statesAtTP;
+    FluidStatesFunction statesAtPH;
+    FluidStatesFunction statesAtPS;
 };
 
 }  // namespace marvello

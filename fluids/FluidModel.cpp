@@ -9,7 +9,7 @@
 namespace marvello::fluids {
 
 FluidModel::FluidModel(Mixture mixture, std::span<const double> z)
-    : mixture_(std::move(mixture)), phase_(mixture_, z), name_(mixture_.name()) {
+    : mixture_(std::move(mixture)), phase_(mixture_, z), lanes_(phase_), name_(mixture_.name()) {
     constexpr double coldestBlend = 150;  // K; component equations are used below their triple points
     const std::vector<PureFluid>& components = mixture_.components();
     const auto smallest = [&](double PureFluid::* limit) {
@@ -24,8 +24,9 @@ FluidModel::FluidModel(Mixture mixture, std::span<const double> z)
         boundary_ = std::make_unique<SaturationLine>(phase_, components.front());
     }
     limits_ = {boundary_->temperatureMin(), smallest(&PureFluid::temperatureExtrapolated),
-               smallest(&PureFluid::pressureMax)};
-    densityMax_ = maxDensity();
+               smallest(&PureFluid::pressureMax), 0};
+    limits_.densityMax = maxDensity();
+    isobars_ = std::make_unique<const IsobarTable>(phase_, *boundary_, limits_);
 }
 
 FluidModel::Shift FluidModel::shiftFor(ReferenceState reference) const {

@@ -4,8 +4,10 @@
 #include <span>
 #include <string>
 
+#include "fluids/IsobarTable.h"
 #include "fluids/Phase.h"
 #include "fluids/PhaseBoundary.h"
+#include "fluids/PhaseLanes.h"
 
 namespace marvello::fluids {
 
@@ -33,15 +35,9 @@ class FluidModel {
     /// The components, such as "R32/R125".
     const std::string& name() const { return name_; }
 
-    /// Of the equation, K and kPa.
-    struct Limits {
-        double temperatureMin = 0;
-        double temperatureMax = 0;
-        double pressureMax = 0;
-    };
-    const Limits& limits() const { return limits_; }
-    /// The largest density within the limits, in mol/dm^3.
-    double densityMax() const { return densityMax_; }
+    const FluidLimits& limits() const { return limits_; }
+    const IsobarTable& isobars() const { return *isobars_; }
+    const PhaseLaneSearch& lanes() const { return lanes_; }
 
     /// What a reference state adds to enthalpy and entropy of the equation, in J/mol and J/(mol K).
     struct Shift {
@@ -55,10 +51,11 @@ class FluidModel {
 
     Mixture mixture_;
     Phase phase_;
+    PhaseLaneSearch lanes_;
     std::unique_ptr<const PhaseBoundary> boundary_;
     std::string name_;
-    Limits limits_;
-    double densityMax_ = 0;
+    FluidLimits limits_;
+    std::unique_ptr<const IsobarTable> isobars_;
 };
 
 }  // namespace marvello::fluids

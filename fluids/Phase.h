@@ -43,6 +43,9 @@ class Phase {
     double gasConstant() const { return mixture_->gasConstant(); }
     double molarMass() const { return molarMass_; }
     const FluidPoint& reducing() const { return reducing_; }
+    const Residual& residual() const { return residual_; }
+    /// Sum of x_i R_i/R, the weight of ln rho in the ideal part.
+    double densityShare() const { return densityShare_; }
 
     /// At a temperature in K, positive. The phase must outlive what is returned.
     Isotherm at(double temperature) const;
@@ -58,7 +61,7 @@ class Phase {
     Residual residual_;  ///< of the mixture at this composition
     FluidPoint reducing_;
     double molarMass_ = 0;
-    double densityShare_ = 0;  ///< sum of x_i R_i/R, the weight of ln rho in the ideal part
+    double densityShare_ = 0;
 };
 
 /// A phase at one temperature, whose density is asked for as often as wanted. An evaluation allocates no

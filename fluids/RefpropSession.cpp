@@ -189,4 +189,56 @@ RefpropState RefpropSession::atPS(double p, double s, RefpropState r) {
     return r;
 }
 
+void RefpropStates::resize(std::size_t count) {
+    for (auto* numbers : {&t, &p, &D, &Dl, &Dv, &q, &e, &h, &s, &cv, &cp, &w}) numbers->resize(count);
+    code.resize(count);
+}
+
+/// `single` finds one of the states with its inputs in it.
+template <class Single>
+void RefpropSession::states(FluidStatesFunction FluidHandleFunctions::* own, Single single,
+                            std::span<const double> first, std::span<const double> second,
+                            RefpropStates& to) {
+    to.resize(first.size());
+    if (handle_) {
+        const FluidStateArrays arrays{to.t.data(),  to.p.data(), to.D.data(), to.Dl.data(), to.Dv.data(),
+                                      to.q.data(),  to.e.data(), to.h.data(), to.s.data(),  to.cv.data(),
+                                      to.cp.data(), to.w.data(), nullptr,     nullptr,      to.code.data()};
+        (library_->handles->*own)(handle_.get(), static_cast<std::int32_t>(first.size()), first.data(),
+                                  second.data(), z_.data(), &arrays);
+        return;
+    }
+    for (std::size_t i = 0; i < first.size(); ++i) {
+        const RefpropState state = single(first[i], second[i]);
+        to.t[i] = state.t;
+        to.p[i] = state.p;
+        to.D[i] = state.D;
+        to.Dl[i] = state.Dl;
+        to.Dv[i] = state.Dv;
+        to.q[i] = state.q;
+        to.e[i] = state.e;
+        to.h[i] = state.h;
+        to.s[i] = state.s;
+        to.cv[i] = state.cv;
+        to.cp[i] = state.cp;
+        to.w[i] = state.w;
+        to.code[i] = state.answer.code;
+    }
+}
+
+void RefpropSession::statesAtTP(std::span<const double> t, std::span<const double> p, RefpropStates& to) {
+    const auto single = [this](double atT, double atP) { return this->atTP(atT, atP, {.t = atT, .p = atP}); };
+    states(&FluidHandleFunctions::statesAtTP, single, t, p, to);
+}
+
+void RefpropSession::statesAtPH(std::span<const double> p, std::span<const double> h, RefpropStates& to) {
+    const auto single = [this](double atP, double atH) { return this->atPH(atP, atH, {.p = atP, .h = atH}); };
+    states(&FluidHandleFunctions::statesAtPH, single, p, h, to);
+}
+
+void RefpropSession::statesAtPS(std::span<const double> p, std::span<const double> s, RefpropStates& to) {
+    const auto single = [this](double atP, double atS) { return this->atPS(atP, atS, {.p = atP, .s = atS}); };
+    states(&FluidHandleFunctions::statesAtPS, single, p, s, to);
+}
+
 }  // namespace marvello

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,14 @@ struct RefpropAnswer {
 struct RefpropState {
     double t = 0, p = 0, D = 0, Dl = 0, Dv = 0, q = 0, e = 0, h = 0, s = 0, cv = 0, cp = 0, w = 0;
     RefpropAnswer answer{};
+};
+
+/// The numbers of many states as those of RefpropState, and the code of each: 0 if all went well.
+struct RefpropStates {
+    std::vector<double> t, p, D, Dl, Dv, q, e, h, s, cv, cp, w;
+    std::vector<std::int32_t> code;
+
+    void resize(std::size_t count);
 };
 
 /// A property library set up for one refrigerant: the one place that knows its buffers and their lengths. For
@@ -100,6 +109,13 @@ class RefpropSession {
                       std::int32_t errorLength = usualErrorLength);
     RefpropState atPS(double p, double s, RefpropState before = {});
 
+    // Many states at once, several times as fast in a library with handles; `to` is made as long as the
+    // inputs, of which there are as many of one kind as of the other. The single call has the sentence to a
+    // code.
+    void statesAtTP(std::span<const double> t, std::span<const double> p, RefpropStates& to);
+    void statesAtPH(std::span<const double> p, std::span<const double> h, RefpropStates& to);
+    void statesAtPS(std::span<const double> p, std::span<const double> s, RefpropStates& to);
+
   private:
     /// What a set-up was asked for, to do it again.
     struct Load {
@@ -118,6 +134,9 @@ class RefpropSession {
     template <class... Parameters, class... Arguments>
     void call(void (*RefpropFunctions::*shared)(Parameters...),
               void (*FluidHandleFunctions::*own)(FluidHandle*, Parameters...), Arguments... arguments);
+    template <class Single>
+    void states(FluidStatesFunction FluidHandleFunctions::* own, Single single, std::span<const double> first,
+                std::span<const double> second, RefpropStates& to);
     RefpropAnswer send(const Load& load);
     RefpropAnswer send(const Reference& reference);
     RefpropAnswer answer(std::int32_t code) const;

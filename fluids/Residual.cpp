@@ -166,21 +166,12 @@ void Residual::addGaussianTerms(const std::vector<ResidualTerm>& terms) {
     return total;
 }
 
-#ifdef __x86_64__
-[[gnu::target("avx2,fma")]] ResidualDerivatives Residual::evaluateWide(double tau, double delta) const {
+MARVELLO_WIDE ResidualDerivatives Residual::evaluateWide(double tau, double delta) const {
     return evaluate(tau, delta);
 }
-#else
-ResidualDerivatives Residual::evaluateWide(double tau, double delta) const { return evaluate(tau, delta); }
-#endif
 
 ResidualDerivatives Residual::at(double tau, double delta) const {
-#ifdef __x86_64__
-    static const bool wide = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
-#else
-    constexpr bool wide = false;
-#endif
-    ResidualDerivatives total = wide ? evaluateWide(tau, delta) : evaluate(tau, delta);
+    ResidualDerivatives total = hasWideLanes() ? evaluateWide(tau, delta) : evaluate(tau, delta);
     for (const ResidualTerm& term : special_) addSpecialTerm(term, tau, delta, total);
     return total;
 }

@@ -1,12 +1,36 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <vector>
 
 #include "fluids/PureFluid.h"
 #include "fluids/ResidualDerivatives.h"
+#include "fluids/VectorMath.h"
 
 namespace marvello::fluids {
+
+/// ResidualDerivatives of several states.
+struct LaneDerivatives {
+    Lanes value{}, d{}, dd{}, t{}, tt{}, dt{};
+};
+
+/// The terms of one evaluation of several states, for the next one nearby.
+struct LaneTerms {
+    static constexpr std::size_t most = 512;
+    /// So close that e^x is its Taylor polynomial of degree 4 to rounding, with the exponents that terms
+    /// have.
+    static constexpr double near = 3e-5;
+    Lanes tau, delta;
+    std::array<Lanes, most> terms;
+};
+
+enum class LaneEvaluation {
+    pressure,  ///< of the derivatives d and dd alone
+    all,
+    near  ///< of all, no tau and delta further than LaneTerms::near from those of the last evaluation; the
+          ///< quickest
+};
 
 /// A sum of residual terms, laid out for the vector unit.
 ///
@@ -19,6 +43,13 @@ class Residual {
 
     /// The sum and its derivatives at tau > 0 and delta > 0.
     ResidualDerivatives at(double tau, double delta) const;
+
+    /// The same at another tau and delta in each lane, tau from 1/4 to 4 and delta from 1e-5 to 4. Only where
+    /// `fitsLanes`.
+    void lanesAt(const Lanes& tau, const Lanes& delta, LaneEvaluation evaluation, LaneTerms& last,
+                 LaneDerivatives& total) const;
+    /// Whether there is room for the terms, and their exponents are small enough.
+    bool fitsLanes() const;
 
   private:
     /// Terms with one and the same decay exp(-delta^l - tau^m), filled up with zeros to whole vectors.
@@ -38,6 +69,8 @@ class Residual {
     void addGaussianTerms(const std::vector<ResidualTerm>& terms);
     ResidualDerivatives evaluate(double tau, double delta) const;
     ResidualDerivatives evaluateWide(double tau, double delta) const;
+    template <LaneEvaluation evaluation>
+    void evaluateLanes(const Lanes& tau, const Lanes& delta, LaneTerms& last, LaneDerivatives& total) const;
 
     std::vector<DecayGroup> groups_;
     PowerColumns powers_;

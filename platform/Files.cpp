@@ -47,7 +47,7 @@ fs::path makeFreshFolder(const fs::path& beginning) {
 }
 
 std::optional<FileStamp> stampOf(const fs::path& file) {
-    struct stat found {};
+    struct stat found{};
     if (stat(file.c_str(), &found) != 0) return std::nullopt;
     constexpr std::int64_t perSecond = 1'000'000'000;
     return FileStamp{found.st_dev, found.st_ino, found.st_size,

@@ -62,4 +62,6 @@ SharedRefpropFunctions refpropFunctions() {
     return {library, &library->functions};
 }
 
+bool isRefpropConcurrent() { return refpropFunctions()->handles != nullptr; }
+
 }  // namespace marvello

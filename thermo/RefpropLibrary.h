@@ -17,4 +17,8 @@ class FluidLibraryError : public std::runtime_error {
 /// FluidLibraryError.
 SharedRefpropFunctions refpropFunctions();
 
+/// Whether that library calculates in several threads next to each other. One that keeps a set-up for the
+/// process does not: threads with sessions of their own would set it up again with every turn.
+bool isRefpropConcurrent();
+
 }  // namespace marvello

@@ -308,6 +308,7 @@ FamilyUnit::FamilyUnit(std::string_view property, std::string_view unit, double 
     factor_ = factorOf(*unit_, molarMass);
     // To a power, not by a division: the last bit is behaviour.
     inverse_ = std::pow(factor_, -1);
+    isFactor_ = unit_->rule == Rule::scaled && gauge_ == 0 && !isDensity_;
 }
 
 double FamilyUnit::applyRule(double value, bool toBase) const {
@@ -334,8 +335,7 @@ double FamilyUnit::applyRule(double value, bool toBase) const {
     return value;
 }
 
-double FamilyUnit::convert(double value, UnitPass pass) const {
-    const bool toBase = pass == UnitPass::toBase;
+double FamilyUnit::convertByRule(double value, bool toBase) const {
     const auto movedZero = [this](double pressure, double sign) {
         if (gauge_ > 0) return pressure + sign * standardAtmosphere;
         return gauge_ < 0 ? standardAtmosphere - pressure : pressure;

@@ -15,9 +15,13 @@ class FamilyUnit {
     FamilyUnit(std::string_view property, std::string_view unit, double molarMass);
 
     /// Brings a value to the family's base unit, or back.
-    double convert(double value, UnitPass pass) const;
+    double convert(double value, UnitPass pass) const {
+        if (isFactor_) return value * (pass == UnitPass::toBase ? factor_ : inverse_);
+        return convertByRule(value, pass == UnitPass::toBase);
+    }
 
   private:
+    double convertByRule(double value, bool toBase) const;
     double applyRule(double value, bool toBase) const;
 
     const struct Unit* unit_;  ///< None for an unknown one.
@@ -27,6 +31,7 @@ class FamilyUnit {
     /// How a pressure counts from one atmosphere: 1 upwards, -1 downwards, 0 not at all.
     int gauge_ = 0;
     bool isDensity_;
+    bool isFactor_ = false;  ///< Nothing but a factor.
 };
 
 /// Converts one value.

@@ -60,10 +60,6 @@ double convertedUnits(double value, std::string_view family, std::string_view fr
 
 }  // namespace
 
-bool isUndefinedMarker(double value) {
-    return value >= -9999999 && value <= -9999900 && value == std::floor(value);
-}
-
 void clsConvert::Initialize(int unitsMeasure, std::optional<double> molarMass) {
     initialised_ = true;
     if (unitsMeasure != -1) UnitsMeasure = unitsMeasure;
@@ -80,15 +76,16 @@ void clsConvert::Initialize(int unitsMeasure, std::optional<double> molarMass) {
     Visunits = set.viscosity;
     Tcxunits = set.conductivity;
     Stunits = set.surfaceTension;
+    units_ = {};
 }
 
 const clsConvert::TypeUnits& clsConvert::unitsOf(int type) {
     if (!initialised_) Initialize(0);
+    TypeUnits& units = units_[static_cast<std::size_t>(type)];
+    if (units.application && units.wm == wm) return units;
     const ValueType& kind = valueType(type);
     const std::string& wanted = this->*kind.applicationUnit;
-    TypeUnits& units = units_[static_cast<std::size_t>(type)];
-    if (units.application && units.applicationUnit == wanted && units.wm == wm) return units;
-    units = {wanted, wm, {}, FamilyUnit(kind.property, uppered(kind.libraryUnit), wm)};
+    units = {wm, !wanted.empty(), {}, FamilyUnit(kind.property, uppered(kind.libraryUnit), wm)};
     units.application.emplace(kind.property, uppered(trimmed(wanted)), wm);
     return units;
 }
@@ -103,7 +100,7 @@ double clsConvert::ConvertUnitsApp(double value, int type) {
         return 0;
     }
     const TypeUnits& units = unitsOf(type);
-    if (units.applicationUnit.empty()) return value;
+    if (!units.hasApplicationUnit) return value;
     const double base = units.library->convert(value, UnitPass::toBase);
     return checked(units.application->convert(base, UnitPass::fromBase));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,7 +24,9 @@ inline constexpr int entropy = 4;
 inline constexpr const char* undefinedText = "Undefined";
 
 /// Whether the fluid library says by this number that it has no result: a whole one of a range.
-bool isUndefinedMarker(double value);
+inline bool isUndefinedMarker(double value) {
+    return value >= -9999999 && value <= -9999900 && value == std::floor(value);
+}
 
 /// Codes of the fixed conversions of the display.
 namespace conversion {
@@ -46,6 +49,7 @@ class clsConvert {
     double wm = 0;         ///< Molar mass of the current fluid, g/mol.
     int UnitsMeasure = 0;  ///< Number of the unit set; writing it alone does not reload the names below.
 
+    // Written by Initialize alone.
     std::string Tunits, Punits, Dunits, Vunits, Hunits, Sunits, Wunits, Visunits, Tcxunits, Stunits;
 
     /// Takes the unit set 0 to 4 (any other leaves the names as they were; -1 leaves UnitsMeasure too) and
@@ -64,10 +68,10 @@ class clsConvert {
     double ConvertValue(double value, int code);
 
   private:
-    /// The units of a type of value, as they were looked up for these texts.
+    /// The units of a type of value, as they were looked up for this molar mass.
     struct TypeUnits {
-        std::string applicationUnit;
         double wm = 0;
+        bool hasApplicationUnit = false;
         std::optional<FamilyUnit> application;
         std::optional<FamilyUnit> library;
     };

@@ -200,14 +200,15 @@ bool clsRefprop::askBy(std::span<const Route> routes, std::pair<int, int> types,
 }
 
 void clsRefprop::ask(const StateCall& call, std::int32_t errorLength) {
-    if (const RefpropState* found = remembered_.find(call)) {
+    const std::uint64_t hash = call.hash();
+    if (const RefpropState* found = remembered_.find(call, hash)) {
         state_ = *found;
         return;
     }
     state_ = askLibrary(call, errorLength);
     ++libraryCalls_;
     if (noted_ != nullptr) noted_->push_back(call);
-    remembered_.keep(call, state_);
+    remembered_.keep(call, hash, state_);
 }
 
 RefpropState clsRefprop::askLibrary(const StateCall& call, std::int32_t errorLength) {
@@ -263,8 +264,8 @@ void InitRefprop(const std::string& refrigerant) {
 
 std::shared_ptr<clsRefprop> SharedRefprop(const std::string& refrigerant) {
     const auto& services = sharedServices();
-    const auto found = std::ranges::find_if(
-        services, [&](const auto& service) { return isFor(*service, refrigerant); });
+    const auto found =
+        std::ranges::find_if(services, [&](const auto& service) { return isFor(*service, refrigerant); });
     if (found != services.end() && (*found)->SetupFault().empty()) return *found;
     InitRefprop(refrigerant);
     return services.back();

@@ -38,7 +38,8 @@ TEST_F(PreparedCatalogueTest, FindsNamesInAnyCaseAndReadsAFileOnce) {
     EXPECT_EQ(gDatabase().executedStatements(), statements);
 }
 
-// Whether it is written to, or another file takes its name; what was read before stays with those who hold it.
+// Whether it is written to, or another file takes its name; what was read before stays with those who hold
+// it.
 TEST_F(PreparedCatalogueTest, AChangedFileIsReadAnew) {
     const auto before = preparedCatalogue(gDatabase());
     catalogue.exec("update tCompressors set fFla=77");
@@ -85,7 +86,8 @@ TEST_F(PreparedCatalogueTest, AFaultyRowIsAFaultOfThoseWhoNeedIt) {
     const auto prepared = preparedCatalogue(gDatabase());
     clsCompressor compressor;
     EXPECT_NO_THROW(prepared->find("R134A", "TK-A", "100")->load(compressor, {.stepCapacity = 75}));
-    EXPECT_THROW(prepared->find("R134A", "TK-A", "100")->load(compressor, {.stepCapacity = 100}), DatabaseError);
+    EXPECT_THROW(prepared->find("R134A", "TK-A", "100")->load(compressor, {.stepCapacity = 100}),
+                 DatabaseError);
 }
 
 }  // namespace

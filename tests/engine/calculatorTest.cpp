@@ -28,7 +28,8 @@ std::string resultOf(const clsCompressor& c) {
     for (const double value : c.PolynomialQ0.c) text += storedText(value) + " ";
     for (const auto* variable : c.Variables) {
         const bool isNumber = variable->isNumber();
-        text += variable->Name() + "=" + (isNumber ? storedText(variable->number()) : variable->text()) + "\n";
+        text +=
+            variable->Name() + "=" + (isNumber ? storedText(variable->number()) : variable->text()) + "\n";
     }
     for (const clsMessages* messages : {&c.Messages.Error, &c.Messages.Attention, &c.Messages.Information})
         for (const clsMessage& message : *messages) text += message.Name + message.Cause + "\n";
@@ -61,13 +62,15 @@ class CalculatorTest : public testing::EngineFixture {
     }
 
     clsProjectConditions randomConditions() {
-        clsProjectConditions c = conditionsAt(oneOf<double>({-40, -9, 0, 4.5, 6}), oneOf<double>({30, 40, 47}));
+        clsProjectConditions c =
+            conditionsAt(oneOf<double>({-40, -9, 0, 4.5, 6}), oneOf<double>({30, 40, 47}));
         c.SuperHeat = oneOf<double>({0, 10, 30});
         c.StepCapacity = oneOf<int>({100, 75, 50});
         c.MotorHz = oneOf<int>({50, 60});
         c.MotorSize = oneOf<MotorChoice>({MotorChoice::standard, MotorChoice::small, MotorChoice::full});
         c.EcoCalculateMode = oneOf<EconomizerMode>({EconomizerMode::none, EconomizerMode::approach});
-        c.OilCoolingCalculateMode = oneOf<OilCoolingMode>({OilCoolingMode::none, OilCoolingMode::catalogueLimit});
+        c.OilCoolingCalculateMode =
+            oneOf<OilCoolingMode>({OilCoolingMode::none, OilCoolingMode::catalogueLimit});
         c.InverterFrequency = oneOf<float>({25, 50, 70});
         return c;
     }

@@ -31,13 +31,13 @@ TEST(StateMemory, KeepsWhatItWasGivenLast) {
         const int side = static_cast<int>(random() % 2);
         const double value = static_cast<double>(random() % 1200);
         const StateCall call{Function::satp, side, value, -value};
-        if (const RefpropState* state = memory.find(call)) {
+        if (const RefpropState* state = memory.find(call, call.hash())) {
             ASSERT_EQ(state->t, kept.at({side, value}));
             ++found;
         } else {
             kept[{side, value}] = i;
-            memory.keep(call, stateOf(i));
-            ASSERT_EQ(memory.find(call)->t, i);
+            memory.keep(call, call.hash(), stateOf(i));
+            ASSERT_EQ(memory.find(call, call.hash())->t, i);
         }
     }
     EXPECT_GT(found, 20000);
@@ -45,11 +45,15 @@ TEST(StateMemory, KeepsWhatItWasGivenLast) {
 
 TEST(StateMemory, TellsCallsApart) {
     StateMemory memory;
-    EXPECT_EQ(memory.find({Function::tpflsh, 0, 1, 2}), nullptr);
-    memory.keep({Function::tpflsh, 0, 1, 2}, stateOf(5));
-    for (const StateCall& other : {StateCall{Function::phflsh, 0, 1, 2}, StateCall{Function::tpflsh, 1, 1, 2},
-                                   StateCall{Function::tpflsh, 0, 2, 1}, StateCall{Function::tpflsh, 0, 1, 2.5}})
-        EXPECT_EQ(memory.find(other), nullptr);
+    const StateCall call{Function::tpflsh, 0, 1, 2};
+    EXPECT_EQ(memory.find(call, call.hash()), nullptr);
+    memory.keep(call, call.hash(), stateOf(5));
+    for (const StateCall& other :
+         {StateCall{Function::phflsh, 0, 1, 2}, StateCall{Function::tpflsh, 1, 1, 2},
+          StateCall{Function::tpflsh, 0, 2, 1}, StateCall{Function::tpflsh, 0, 1, 2.5}}) {
+        EXPECT_NE(other.hash(), call.hash());
+        EXPECT_EQ(memory.find(other, call.hash()), nullptr);  // as if the hashes met
+    }
 }
 
 }  // namespace

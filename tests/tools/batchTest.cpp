@@ -1,6 +1,7 @@
 // Runs batches with marvello-select of the built application folder as its users do.
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
 #include <sys/resource.h>
@@ -137,7 +138,8 @@ TEST(batch, ALineIsNamedByItsNumberWhateverStandsBefore) {
     const fs::path file = folder / "points.csv";
     std::ofstream(file) << "\n\xEF\xBB\xBFrefrigerant,series,models,ted,tcd\r\n\r\nR134A,TK-A,120,2,"
                            "40\r\n\nbad\nR134A,TK-A,120,0,"
-                        << std::string(2'000'000, '4') << "\nR134A,TK-A,120;140,3,40";
+                        << std::string(2'000'000, '4') << "\nR134A,TK-A,120;140,3,40\nR134A,TK-A,120,2,"
+                        << '\0' << "\nworse";
     const std::string batch = "--batch " + file.string();
     Lines records = linesOf(call(batch + " --format csv").out);
     ASSERT_EQ(records.size(), 4);
@@ -145,8 +147,10 @@ TEST(batch, ALineIsNamedByItsNumberWhateverStandsBefore) {
     EXPECT_EQ(records,
               (Lines{"line,refrigerant", "4,R134A,TK-A,120", "8,R134A,TK-A,120", "8,R134A,TK-A,140"}));
     const Lines complaints = linesOf(call(batch, Listen::errors).out);
-    ASSERT_EQ(complaints.size(), 2);
+    ASSERT_EQ(complaints.size(), 4);
     EXPECT_NE(complaints[0].find(":6: the line has 1 fields, not 5"), std::string::npos) << complaints[0];
+    EXPECT_NE(complaints[2].find(":9: tcd: \""), std::string::npos) << complaints[2];
+    EXPECT_NE(complaints[3].find(":10: the line has 1 fields"), std::string::npos) << complaints[3];
     EXPECT_NE(complaints[1].find(":7: the line is longer than 1000000 bytes"), std::string::npos)
         << complaints[1];
 }
@@ -214,6 +218,28 @@ TEST(batch, WhatCannotBeIsRefused) {
              {"--format list-csv " + batch, "a batch has table, csv, json and jsonl"},
          })
         expectRefused("marvello-select", refusal);
+}
+
+// A library with the ten functions alone, which answers each call with the same figures.
+TEST(batch, ALibraryWithOneSetUpHasOneThread) {
+    const TemporaryFolder folder("marvello-one-set-up");
+    const fs::path app = folder / "app";
+    fs::create_directories(app);
+    for (const char* name : {"db.mdb", "Fluids"})
+        fs::create_symlink(fs::path(MARVELLO_APP_FOLDER) / name, app / name);
+    const std::string library = fs::path(MARVELLO_RECORDING_LIBRARY).filename();
+    fs::create_symlink(MARVELLO_RECORDING_LIBRARY, app / library);
+    const std::string points = folder / "points.csv";
+    std::ofstream(points) << "ted,tcd\n0,40\n5,45\n";
+    const std::string batch = "--refrigerant R134A --series TK-A --models 120 --format csv --app-folder " +
+                              app.string() + " --batch " + points;
+    const Answer alone = call(batch + " --jobs 1");
+    EXPECT_EQ(alone.status, 0) << alone.out;
+    EXPECT_EQ(linesOf(alone.out).size(), 3U);
+    EXPECT_EQ(call(batch + " --jobs 3").out, alone.out);
+    EXPECT_THAT(call(batch + " --jobs 3", Listen::errors).out,
+                testing::HasSubstr("calculates in one thread alone"));
+    EXPECT_EQ(call(batch, Listen::errors).out.find("thread"), std::string::npos);
 }
 
 TEST(batch, OutputThatNobodyTakesEndsIt) {

@@ -163,7 +163,7 @@ class Writer {
         }
         if (result.complaints.empty()) return;
         progress_.hide();
-        std::fputs(result.complaints.c_str(), stderr);
+        std::fwrite(result.complaints.data(), 1, result.complaints.size(), stderr);  // may hold zero bytes
     }
     void end() { print(frame_.closing); }
 

@@ -35,9 +35,17 @@ struct Known {
     std::map<std::pair<std::string, std::string>, std::vector<std::string>> models;  ///< And by series.
     std::map<std::string, SaturationRange> ranges;                                   ///< By refrigerant.
     std::shared_ptr<clsSelections> selection;  ///< Of the last run, to be used again.
+    long long opening = 0;                     ///< Of the file that has them.
 };
 
-Known& known() { return Session::current().part<Known>(); }
+Known& known() {
+    auto& known = Session::current().part<Known>();
+    const long long opening = gDatabase().openings();
+    if (known.opening == opening) return known;
+    known = {};
+    known.opening = opening;
+    return known;
+}
 
 /// That of the last run, unless somebody holds its results.
 std::shared_ptr<clsSelections> freeSelection() {
@@ -113,7 +121,6 @@ std::string remarkOf(const std::string& box, const std::string& undefinedState) 
 
 void openCatalogue(const std::string& language) {
     marvello::openCatalogue();
-    known() = {};
     std::vector<std::string> languages;
     for (const Language& each : catalogueLanguages()) languages.push_back(each.key);
     const auto known = std::ranges::find_if(

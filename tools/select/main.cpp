@@ -15,6 +15,7 @@
 #include "data/Session.h"
 #include "data/clsApplication.h"
 #include "platform/Interrupt.h"
+#include "thermo/RefpropLibrary.h"
 #include "tools/select/BatchRun.h"
 #include "tools/select/Complaint.h"
 #include "tools/select/Output.h"
@@ -66,6 +67,14 @@ int jobsOf(const std::string& text) {
     return static_cast<int>(wholeNumber("jobs", text, most));
 }
 
+/// One where the property library cannot do with more; says so if more were asked for.
+int possibleJobs(int jobs, bool areAskedFor) {
+    if (jobs == 1 || isRefpropConcurrent()) return jobs;
+    if (areAskedFor)
+        complain("jobs: the property library in the application folder calculates in one thread alone", done);
+    return 1;
+}
+
 ExitStatus statusOf(bool hasCompressor) {
     if (hasCompressor) return done;
     complain("No compressor matches.", nothingMatches);
@@ -110,7 +119,9 @@ int select(const Arguments& arguments) {
         printText(catalogueListing(arguments.inverter));
         return done;
     }
-    return arguments.isBatch ? selectBatch(batch, format, base, choices) : selectOne(format, base);
+    if (!arguments.isBatch) return selectOne(format, base);
+    batch.jobs = possibleJobs(batch.jobs, !arguments.jobs.empty());
+    return selectBatch(batch, format, base, choices);
 }
 
 void addBatchOptions(CLI::App& app, Arguments& arguments) {
@@ -120,7 +131,9 @@ void addBatchOptions(CLI::App& app, Arguments& arguments) {
     app.add_option("--columns", batch.columns,
                    "with --batch: names of the columns of a file without a heading, such as ted,tcd")
         ->needs(file);
-    app.add_flag("!--no-header", batch.hasHeading, "with --batch: leaves the heading of CSV out")
+    app.add_flag_callback(
+           "--no-header", [&batch] { batch.hasHeading = false; },
+           "with --batch: leaves the heading of CSV out")
         ->needs(file);
     app.add_option("--first-line", arguments.firstLine,
                    "with --batch: number of the first line, of a piece of a longer file (1)")
