@@ -24,7 +24,8 @@ EconomizerCalculation::EconomizerCalculation(clsCompressor& compressor, const St
       v_(compressor.Variables) {}
 
 void EconomizerCalculation::turn() {
-    timeout_.poll();
+    constexpr unsigned turnsBetweenLooks = 8;  // at the clock
+    if (++turns_ % turnsBetweenLooks == 0) timeout_.poll();
     giveTurn();
 }
 

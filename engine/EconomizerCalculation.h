@@ -65,6 +65,7 @@ class EconomizerCalculation {
     Statements& statements_;
     clsVariables& v_;
     bool isDischargeKnown_ = false;
+    unsigned turns_ = 0;
 };
 
 }  // namespace marvello

@@ -308,7 +308,8 @@ FamilyUnit::FamilyUnit(std::string_view property, std::string_view unit, double 
     factor_ = factorOf(*unit_, molarMass);
     // To a power, not by a division: the last bit is behaviour.
     inverse_ = std::pow(factor_, -1);
-    isFactor_ = unit_->rule == Rule::scaled && gauge_ == 0 && !isDensity_;
+    if (unit_->rule == Rule::scaled && gauge_ == 0 && !isDensity_) way_ = Way::factor;
+    if (unit_->rule == Rule::celsius) way_ = Way::celsius;
 }
 
 double FamilyUnit::applyRule(double value, bool toBase) const {

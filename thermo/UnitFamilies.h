@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "data/Constants.h"
+
 namespace marvello {
 
 /// The direction of a pass through a unit family.
@@ -16,11 +18,16 @@ class FamilyUnit {
 
     /// Brings a value to the family's base unit, or back.
     double convert(double value, UnitPass pass) const {
-        if (isFactor_) return value * (pass == UnitPass::toBase ? factor_ : inverse_);
-        return convertByRule(value, pass == UnitPass::toBase);
+        const bool toBase = pass == UnitPass::toBase;
+        if (way_ == Way::factor) return value * (toBase ? factor_ : inverse_);
+        if (way_ == Way::celsius) return toBase ? value + zeroCelsius : value - zeroCelsius;
+        return convertByRule(value, toBase);
     }
 
   private:
+    /// The two that a calculation asks for at every state, and all others.
+    enum class Way { factor, celsius, rule };
+
     double convertByRule(double value, bool toBase) const;
     double applyRule(double value, bool toBase) const;
 
@@ -31,7 +38,7 @@ class FamilyUnit {
     /// How a pressure counts from one atmosphere: 1 upwards, -1 downwards, 0 not at all.
     int gauge_ = 0;
     bool isDensity_;
-    bool isFactor_ = false;  ///< Nothing but a factor.
+    Way way_ = Way::rule;
 };
 
 /// Converts one value.
