@@ -20,8 +20,9 @@ namespace marvello {
 
 namespace {
 
-/// How many indices a thread takes at once.
-constexpr std::size_t block = 8;
+/// How many indices a thread takes at once: neighbours share states, which each thread finds for itself.
+constexpr std::size_t mostAtOnce = 32;
+constexpr std::size_t blocksForEach = 8;  ///< At least, so that the threads end together.
 constexpr auto betweenTurns = std::chrono::milliseconds(20);
 
 }  // namespace
@@ -39,6 +40,7 @@ struct CalculatorPool::Shared {
 
     // Of a run.
     std::size_t count = 0;
+    std::size_t block = 1;
     const Work* work = nullptr;
     std::atomic<std::size_t> next = 0;
     std::atomic<bool> isStopped = false;
@@ -120,6 +122,7 @@ bool CalculatorPool::run(std::size_t count, const Work& work) {
     Shared& s = *shared_;
     std::unique_lock held(s.lock);
     s.count = count;
+    s.block = std::clamp<std::size_t>(count / (blocksForEach * threads()), 1, mostAtOnce);
     s.work = &work;
     s.next = 0;
     s.isStopped = false;
