@@ -137,8 +137,8 @@ TEST_F(economizer, ABlendWithGlide) {
     catalogue.blendR407C();
     catalogue.exec("update tCompressors set fRefrigerantID='R407C'");
     conditions.EcoCalculateMode = EconomizerMode::approach;
-    clsRefprop& r = GetRefprop("R407C");
-    const auto expectSaturation = [&r](const clsVariables& v) {
+    const auto expectSaturation = [](const clsVariables& v) {
+        clsRefprop& r = GetRefprop("R407C");
         EXPECT_NEAR(r.Pressure(v("T6"), 1), v("Peco"), 1e-6);
         EXPECT_NEAR(r.Pressure(v("TSat"), 2), v("Peco"), 1e-6);
         EXPECT_NEAR(r.Pressure(v("T9D"), 2), v("P9"), 1e-6);
