@@ -89,9 +89,6 @@ class PreparedCompressor {
     const Envelope* envelopeEconomized = nullptr;
     const SeriesTraits* traits = nullptr;
 
-    /// Refrigerant-Serie-Sequence-Model.
-    std::string Key() const { return Refrigerant + "-" + Serie + "-" + Sequence + "-" + Model; }
-
     /// Makes `compressor` this model, ready for a calculation and without results. One that was this model
     /// before is made ready without an allocation. Throws DatabaseError for a row that cannot be read,
     /// std::invalid_argument for an envelope line that does not parse, and ArithmeticFault.

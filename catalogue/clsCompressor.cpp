@@ -6,8 +6,6 @@
 
 namespace marvello {
 
-std::string clsCompressor::Key() const { return Refrigerant + "-" + Serie + "-" + Sequence + "-" + Model; }
-
 double clsCompressor::Fla2() {
     Fla = fla2_;
     return 0;

@@ -47,7 +47,11 @@ class clsCompressor {
     std::string VI;                    ///< Built-in volume ratio as shown.
 
     /// Refrigerant-Serie-Sequence-Model: the identity of the entry in a set of results.
-    std::string Key() const;
+    std::string Key() const { return keyOf(*this); }
+    /// Of whatever has these four.
+    static std::string keyOf(const auto& entry) {
+        return entry.Refrigerant + "-" + entry.Serie + "-" + entry.Sequence + "-" + entry.Model;
+    }
 
     /// Puts the rated current of the small motor into Fla. Kept: returns 0; callers read Fla.
     double Fla2();

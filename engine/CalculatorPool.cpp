@@ -25,6 +25,12 @@ constexpr std::size_t mostAtOnce = 32;
 constexpr std::size_t blocksForEach = 8;  ///< At least, so that the threads end together.
 constexpr auto betweenTurns = std::chrono::milliseconds(20);
 
+std::vector<CollectedBoxes::Box> onceEach(const std::vector<CollectedBoxes::Box>& boxes) {
+    const CollectedBoxes collected;
+    for (const CollectedBoxes::Box& box : boxes) showBox(box.kind, box.text);
+    return collected.boxes();
+}
+
 }  // namespace
 
 struct CalculatorPool::Shared {
@@ -140,13 +146,8 @@ bool CalculatorPool::run(std::size_t count, const Work& work) {
         if (AbortRequested()) s.isStopped = isAborted = true;
     }
     const std::exception_ptr failure = s.failure;
-    std::vector<CollectedBoxes::Box> boxes;
-    for (CollectedBoxes::Box& box : s.boxes) {
-        const auto isSame = [&](const CollectedBoxes::Box& other) { return other.text == box.text; };
-        if (std::ranges::none_of(boxes, isSame)) boxes.push_back(std::move(box));
-    }
-    held.unlock();
-    for (const CollectedBoxes::Box& box : boxes) showBox(box.kind, box.text);
+    held.unlock();  // no thread is at it
+    for (const CollectedBoxes::Box& box : onceEach(s.boxes)) showBox(box.kind, box.text);
     if (failure) std::rethrow_exception(failure);
     return !isAborted;
 }

@@ -85,7 +85,8 @@ void clsSelections::find(const std::string& sql) {
         const PreparedCompressor* compressor =
             found.catalogue->find(row.text("fRefrigerantID"), row.text("fSerieID"), row.text("fModelID"));
         if (compressor == nullptr) continue;
-        if (!keys.insert(lowered(compressor->Key())).second) throw twice(compressor->Key());
+        const std::string key = clsCompressor::keyOf(*compressor);
+        if (!keys.insert(lowered(key)).second) throw twice(key);
         found.compressors.push_back(compressor);
     }
     found_ = std::move(found);

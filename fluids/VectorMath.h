@@ -10,6 +10,10 @@ inline constexpr int laneCount = 4;
 using Lanes = double __attribute__((vector_size(laneCount * sizeof(double))));
 using LaneBits = std::int64_t __attribute__((vector_size(laneCount * sizeof(std::int64_t))));
 
+// ln 2 in two parts.
+inline constexpr double ln2High = 0x1.62e42fefa3800p-1;  // trailing zeros: a whole number times this is exact
+inline constexpr double ln2Low = 0x1.ef35793c76730p-45;
+
 // All are inlined whatever the optimizer thinks, so that each caller gets them for its own instruction set.
 
 [[gnu::always_inline]] inline void load(const double* from, Lanes& to) { std::memcpy(&to, from, sizeof to); }
@@ -22,8 +26,6 @@ using LaneBits = std::int64_t __attribute__((vector_size(laneCount * sizeof(std:
 [[gnu::always_inline]] inline void exponentialWithinRange(Lanes& x) {
     constexpr double rounding = 0x1.8p52;  // adding it leaves the nearest integer in the low bits
     constexpr double perLn2 = 1.4426950408889634;
-    constexpr double ln2High = 0x1.62e42fefa3800p-1;  // trailing zeros: k times this is exact
-    constexpr double ln2Low = 0x1.ef35793c76730p-45;
     const Lanes shifted = x * perLn2 + rounding;
     const Lanes k = shifted - rounding;
     const Lanes r = (x - k * ln2High) - k * ln2Low;
@@ -64,9 +66,7 @@ using LaneBits = std::int64_t __attribute__((vector_size(laneCount * sizeof(std:
     constexpr std::int64_t mantissa = 0x000fffffffffffff;
     constexpr std::int64_t half = 0x3fe0000000000000;  // the exponent of 1/2
     constexpr std::int64_t intoDouble =
-        0x4330000000000000;                           // as a double 2^52, with integers in the low bits
-    constexpr double ln2High = 0x1.62e42fefa3800p-1;  // trailing zeros: k times this is exact
-    constexpr double ln2Low = 0x1.ef35793c76730p-45;
+        0x4330000000000000;  // as a double 2^52, with integers in the low bits
     LaneBits bits;
     std::memcpy(&bits, &x, sizeof bits);
     const LaneBits exponent = (bits >> 52) + intoDouble;

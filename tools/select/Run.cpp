@@ -33,7 +33,6 @@ struct Known {
     std::vector<std::string> refrigerants;
     std::map<std::string, std::vector<std::string>> series;                          ///< By refrigerant.
     std::map<std::pair<std::string, std::string>, std::vector<std::string>> models;  ///< And by series.
-    std::map<std::string, SaturationRange> ranges;                                   ///< By refrigerant.
     std::shared_ptr<clsSelections> selection;  ///< Of the last run, to be used again.
     long long opening = 0;                     ///< Of the file that has them.
 };
@@ -79,10 +78,6 @@ const std::vector<std::string>& knownModels(const std::string& refrigerant, cons
             models.push_back(name.model);
         return models;
     });
-}
-
-const SaturationRange& knownRange(const std::string& refrigerant) {
-    return entryOf(known().ranges, refrigerant, [&] { return saturationRange(refrigerant); });
 }
 
 /// Each name is looked up before it reaches the engine, so that an answer says what is missing.
@@ -132,7 +127,7 @@ void openCatalogue(const std::string& language) {
 Run carryOut(Request request) {
     checkRequest(request);
     spellNames(request);
-    checkTemperatures(request, knownRange(request.refrigerant));
+    checkTemperatures(request, saturationRange(request.refrigerant));
     const auto selection = freeSelection();
     Run run{std::move(request), selection, {}};
     AbortRequested() = false;
