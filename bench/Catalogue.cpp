@@ -1,5 +1,10 @@
 #include "bench/Catalogue.h"
 
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <exception>
+
 #include "data/Session.h"
 
 namespace marvello::bench {
@@ -12,6 +17,19 @@ std::vector<Series> seriesOfCatalogue() {
         series.push_back({row.text("fRefrigerantID"), row.text("fSerieID")});
     }
     return series;
+}
+
+int runOnCatalogue(int argc, char** argv, const std::function<void()>& open) {
+    try {
+        const Session session(MARVELLO_APP_FOLDER);
+        open();
+        benchmark::Initialize(&argc, argv);
+        benchmark::RunSpecifiedBenchmarks();
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "%s\n", fault.what());
+        return 2;
+    }
+    return 0;
 }
 
 }  // namespace marvello::bench

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,5 +14,9 @@ struct Series {
 
 /// The series of the open catalogue, those of a refrigerant in a row.
 std::vector<Series> seriesOfCatalogue();
+
+/// The main function of a bench: runs the benchmarks in a session of the application folder, whose catalogue
+/// `open` opens. Returns the exit status.
+int runOnCatalogue(int argc, char** argv, const std::function<void()>& open);
 
 }  // namespace marvello::bench

@@ -5,8 +5,6 @@
 #include <SQLiteCpp/Statement.h>
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <exception>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -113,14 +111,5 @@ BENCHMARK(buildCatalogue)->Unit(benchmark::kMillisecond)->UseManualTime();
 }  // namespace
 
 int main(int argc, char** argv) {
-    try {
-        const Session session(MARVELLO_APP_FOLDER);
-        openCatalogue();
-        benchmark::Initialize(&argc, argv);
-        benchmark::RunSpecifiedBenchmarks();
-    } catch (const std::exception& fault) {
-        std::fprintf(stderr, "%s\n", fault.what());
-        return 2;
-    }
-    return 0;
+    return bench::runOnCatalogue(argc, argv, [] { openCatalogue(); });
 }

@@ -5,15 +5,14 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <exception>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "bench/Catalogue.h"
 #include "bench/Floor.h"
 #include "catalogue/Globals.h"
 #include "data/Session.h"
@@ -150,17 +149,8 @@ BENCHMARK_CAPTURE(economized, capacity, std::string("capacity"))->Unit(benchmark
 }  // namespace
 
 int main(int argc, char** argv) {
-    try {
-        const Session session(MARVELLO_APP_FOLDER);
-        openCatalogue();
-        benchmark::Initialize(&argc, argv);
-        constexpr std::string_view option = "--every=";
-        if (argc > 1 && std::string_view(argv[1]).starts_with(option))
-            every = std::max(1, std::atoi(argv[1] + option.size()));
-        benchmark::RunSpecifiedBenchmarks();
-    } catch (const std::exception& fault) {
-        std::fprintf(stderr, "%s\n", fault.what());
-        return 2;
-    }
-    return 0;
+    constexpr std::string_view option = "--every=";
+    if (argc > 1 && std::string_view(argv[1]).starts_with(option))
+        every = std::max(1, std::atoi(argv[1] + option.size()));
+    return bench::runOnCatalogue(argc, argv, [] { openCatalogue(); });
 }

@@ -1,10 +1,7 @@
 // What a user waits for: a form, another language, a calculation, a long list. Windows are drawn offscreen.
 #include <benchmark/benchmark.h>
 
-#include <SQLiteCpp/Database.h>
-
 #include <QApplication>
-#include <QFile>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <algorithm>
@@ -12,6 +9,7 @@
 
 #include "bench/Catalogue.h"
 #include "bench/Floor.h"
+#include "bench/GrownSeries.h"
 #include "bench/Windows.h"
 #include "catalogue/Globals.h"
 #include "controls/AdvanceText.h"
@@ -19,7 +17,6 @@
 #include "controls/ResultsView.h"
 #include "data/Session.h"
 #include "engine/clsSelections.h"
-#include "tools/catalogue/Content.h"
 #include "workspace/MDIMain.h"
 #include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
@@ -74,28 +71,13 @@ double millisecondsSince(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
 }
 
-/// The catalogue with the models of a series again and again: 10 of them for each copy.
-void growSeries(const std::string& file, int copies) {
-    QFile::copy(QStringLiteral(MARVELLO_APP_FOLDER "/db.mdb"), QString::fromStdString(file));
-    {
-        SQLite::Database grown(file, SQLite::OPEN_READWRITE);
-        grown.exec(
-            "CREATE TEMP TABLE more AS SELECT * FROM tCompressors WHERE fRefrigerantID='R134A' AND "
-            "fSerieID='TK-A'; CREATE TEMP TABLE shipped AS SELECT rowid AS id, fModelID FROM more");
-        for (int copy = 1; copy < copies; ++copy)
-            grown.exec("UPDATE more SET fModelID=(SELECT fModelID FROM shipped WHERE id=more.rowid)||'/" +
-                       std::to_string(copy) + "'; INSERT INTO tCompressors SELECT * FROM more");
-    }
-    sealCatalogue(file);
-}
-
 /// From F5 to the drawn list of a series of 60 models, each of the shipped ones six times; the run of the
 /// engine by itself is counted next to it. In a window of the given width: in a narrow one the inputs take
 /// turns with the list.
 void keyToList(benchmark::State& state) {
     const QTemporaryDir folder;
     const std::string file = folder.filePath(QStringLiteral("db.mdb")).toStdString();
-    growSeries(file, 6);
+    bench::growSeries(file, 6);
     const Session session(MARVELLO_APP_FOLDER);
     openCatalogue("Data Source=" + file);
     MDIMain window(QStringLiteral("1.0.0"));
@@ -126,7 +108,7 @@ BENCHMARK(keyToList)->ArgName("width")->Arg(1440)->Arg(800)->Unit(benchmark::kMi
 void longResults(benchmark::State& state) {
     const QTemporaryDir folder;
     const std::string file = folder.filePath(QStringLiteral("db.mdb")).toStdString();
-    growSeries(file, 1000);
+    bench::growSeries(file, 1000);
     const Session session(MARVELLO_APP_FOLDER);
     openCatalogue("Data Source=" + file);
     MDIMain window(QStringLiteral("1.0.0"));

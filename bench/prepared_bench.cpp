@@ -3,10 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <chrono>
-#include <cstdio>
-#include <exception>
 #include <filesystem>
 #include <memory>
 #include <random>
@@ -14,14 +11,15 @@
 #include <vector>
 
 #include "bench/Allocations.h"
+#include "bench/Catalogue.h"
 #include "bench/Floor.h"
+#include "bench/GrownSeries.h"
 #include "catalogue/Globals.h"
 #include "catalogue/PreparedCatalogue.h"
 #include "data/Session.h"
 #include "engine/Calculator.h"
 #include "engine/CalculatorPool.h"
 #include "engine/clsSelections.h"
-#include "tools/catalogue/Content.h"
 
 namespace {
 
@@ -204,30 +202,11 @@ BENCHMARK(prepare)->Unit(benchmark::kMillisecond);
 
 /// A selection of a series of 10,000 models, on a catalogue of its own.
 void longSeries(benchmark::State& state) {
-    constexpr int models = 10000;
-    const std::filesystem::path folder = std::filesystem::temp_directory_path();
-    const std::string file = (folder / "marvello-bench-long.mdb").string();
-    std::filesystem::copy_file(MARVELLO_APP_FOLDER "/db.mdb", file,
-                               std::filesystem::copy_options::overwrite_existing);
-    SQLite::Database copy(file, SQLite::OPEN_READWRITE);
-    copy.exec(
-        "CREATE TEMP TABLE wanted AS SELECT * FROM tCompressors WHERE fRefrigerantID='R134A' AND "
-        "fSerieID='TK-A'; DELETE FROM tCompressors;");
-    SQLite::Transaction all(copy);
-    SQLite::Statement insert(copy, "INSERT INTO tCompressors SELECT * FROM wanted LIMIT 1");
-    SQLite::Statement name(copy, "UPDATE tCompressors SET fModelID=? WHERE rowid=last_insert_rowid()");
-    for (int model = 0; model < models; ++model) {
-        insert.exec();
-        insert.reset();
-        name.bind(1, "M" + std::to_string(model));
-        name.exec();
-        name.reset();
-    }
-    all.commit();
-    sealCatalogue(file);
-
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "marvello-bench-long.mdb";
+    std::filesystem::remove(file);  // of a run that was ended
+    bench::growSeries(file.string(), 1000);
     const Session session(MARVELLO_APP_FOLDER);
-    openCatalogue("Data Source=" + file);
+    openCatalogue("Data Source=" + file.string());
     int count = 0;
     for ([[maybe_unused]] auto turn : state) {
         clsSelections selections;
@@ -245,15 +224,8 @@ BENCHMARK(longSeries)->Unit(benchmark::kMillisecond)->UseManualTime();
 }  // namespace
 
 int main(int argc, char** argv) {
-    try {
-        const Session session(MARVELLO_APP_FOLDER);
+    return bench::runOnCatalogue(argc, argv, [] {
         openCatalogue();
         gDatabase().checkUndamaged();
-        benchmark::Initialize(&argc, argv);
-        benchmark::RunSpecifiedBenchmarks();
-    } catch (const std::exception& fault) {
-        std::fprintf(stderr, "%s\n", fault.what());
-        return 2;
-    }
-    return 0;
+    });
 }

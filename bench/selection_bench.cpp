@@ -2,11 +2,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <exception>
 #include <memory>
 #include <string>
 
+#include "bench/Catalogue.h"
 #include "bench/Floor.h"
 #include "data/Session.h"
 #include "engine/clsSelections.h"
@@ -80,14 +79,5 @@ BENCHMARK(selectionAtARememberedCondition)->Unit(benchmark::kMillisecond)->UseMa
 }  // namespace
 
 int main(int argc, char** argv) {
-    try {
-        const Session session(MARVELLO_APP_FOLDER);
-        select::openCatalogue("en-EN");
-        benchmark::Initialize(&argc, argv);
-        benchmark::RunSpecifiedBenchmarks();
-    } catch (const std::exception& fault) {
-        std::fprintf(stderr, "%s\n", fault.what());
-        return 2;
-    }
-    return 0;
+    return bench::runOnCatalogue(argc, argv, [] { select::openCatalogue("en-EN"); });
 }
