@@ -56,10 +56,20 @@ struct CalculatorPool::Shared {
 
     std::vector<std::jthread> threads;  ///< The last member: they use the others.
 
+    /// Ends the threads, those of a pool that could not start all of them too.
+    ~Shared();
     void live();
     void takePart(Calculator& calculator);
     void fail(std::size_t index);
 };
+
+CalculatorPool::Shared::~Shared() {
+    {
+        const std::lock_guard held(lock);
+        isOver = true;
+    }
+    begun.notify_all();
+}
 
 /// A thread's life: a session, and a part in each run.
 void CalculatorPool::Shared::live() {
@@ -114,13 +124,7 @@ CalculatorPool::CalculatorPool(unsigned threads) : shared_(std::make_unique<Shar
     for (unsigned i = 0; i < threads; ++i) shared_->threads.emplace_back([this] { shared_->live(); });
 }
 
-CalculatorPool::~CalculatorPool() {
-    {
-        const std::lock_guard held(shared_->lock);
-        shared_->isOver = true;
-    }
-    shared_->begun.notify_all();
-}
+CalculatorPool::~CalculatorPool() = default;
 
 unsigned CalculatorPool::threads() const { return static_cast<unsigned>(shared_->threads.size()); }
 

@@ -16,7 +16,8 @@ class CalculatorPool {
   public:
     using Work = std::function<void(Calculator& calculator, std::size_t index)>;
 
-    /// With 0 as many threads as the machine has processors. Throws FluidLibraryError.
+    /// With 0 as many threads as the machine has processors. Throws FluidLibraryError, and
+    /// std::system_error if the system has no thread left.
     explicit CalculatorPool(unsigned threads = 0);
     ~CalculatorPool();
     CalculatorPool(const CalculatorPool&) = delete;

@@ -1,6 +1,7 @@
 #include "engine/Calculator.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <atomic>
 #include <chrono>
@@ -8,6 +9,7 @@
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -140,6 +142,20 @@ TEST_F(CalculatorTest, APoolPassesOnFailuresBoxesAndAborts) {
     }));
     EXPECT_LT(done, 100000);
     EXPECT_TRUE(pool.run(0, [](Calculator&, std::size_t) {}));
+}
+
+// The threads that did start end with it.
+TEST_F(CalculatorTest, APoolThatTheSystemHasNoThreadsForIsRefused) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "A sanitizer needs more addresses than the test leaves.";
+#endif
+    rlimit before{};
+    getrlimit(RLIMIT_AS, &before);
+    rlimit few = before;
+    few.rlim_cur = 2'000'000'000;  // bytes: not the stacks of so many threads
+    setrlimit(RLIMIT_AS, &few);
+    EXPECT_THROW(CalculatorPool(1000), std::system_error);
+    setrlimit(RLIMIT_AS, &before);
 }
 
 }  // namespace
