@@ -9,7 +9,7 @@
 #include "engine/clsSelections.h"
 #include "results/Columns.h"
 #include "results/ListOrder.h"
-#include "results/Verdict.h"
+#include "engine/Verdict.h"
 #include "thermo/UnitSystem.h"
 
 namespace marvello {

@@ -3,7 +3,7 @@
 #include <QString>
 
 #include "results/Messages.h"
-#include "results/Verdict.h"
+#include "engine/Verdict.h"
 
 namespace marvello {
 
