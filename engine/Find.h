@@ -75,8 +75,8 @@ struct Rejection {
 
 struct FindResult {
     std::shared_ptr<const PreparedCatalogue> catalogue;  ///< Holds the compressors.
-    std::vector<Candidate> candidates;                   ///< The best first.
-    std::vector<Rejection> rejections;                   ///< In the order of the catalogue.
+    std::vector<Candidate> candidates{};                 ///< The best first.
+    std::vector<Rejection> rejections{};                 ///< In the order of the catalogue.
     bool isAborted = false;                              ///< Then both are empty.
     long long calculations = 0;
 
