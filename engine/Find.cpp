@@ -109,7 +109,11 @@ Outcome outcomeOf(Calculator& calculator, const PreparedCompressor& compressor,
 class Examination {
   public:
     Examination(const FindRequest& request, const PreparedCompressor& compressor, Calculator& calculator)
-        : request_(request), compressor_(compressor), calculator_(calculator) {}
+        : request_(request),
+          compressor_(compressor),
+          calculator_(calculator),
+          envelope_(compressor.envelopeFor(
+              permittedConditions(compressor, request.conditions).conditions.EcoCalculateMode)) {}
 
     void run() {
         if (compressor_.hasInvert)
@@ -174,10 +178,8 @@ class Examination {
     /// That of the form, or of the line of the envelope at the operating point.
     float highest() const {
         const auto ofForm = static_cast<float>(clsInverter::maximumFrequency);
-        const bool isEconomized = request_.conditions.EcoCalculateMode != EconomizerMode::none;
-        const Envelope* envelope = isEconomized ? compressor_.envelopeEconomized : compressor_.envelope;
-        if (envelope == nullptr) return ofForm;
-        const FrequencyLimit* limit = frequencyLimit(envelope->limits.holding(
+        if (envelope_ == nullptr) return ofForm;
+        const FrequencyLimit* limit = frequencyLimit(envelope_->limits.holding(
             request_.conditions.TEvaporatingDew, request_.conditions.TCondensationDew));
         return limit == nullptr ? ofForm : std::min(ofForm, limit->hertz);
     }
@@ -192,15 +194,26 @@ class Examination {
         candidate.capacity *= machines;
         candidate.power *= machines;
         candidate.deviation = (candidate.capacity / request_.needed - 1) * 100;
+        candidate.margin = margin();
         if (candidate.deviation >= -request_.below && candidate.deviation <= request_.above)
             candidates.push_back(candidate);
         else if (!nearest_ || std::abs(candidate.deviation) < std::abs(nearest_->deviation))
             nearest_ = candidate;
     }
 
+    /// The same for all steps and frequencies of a possible compressor, which has an envelope.
+    const std::optional<Margin>& margin() {
+        if (!margin_)
+            margin_ = applicationMargin(envelope_->limits, request_.conditions.TEvaporatingDew,
+                                        request_.conditions.TCondensationDew);
+        return *margin_;
+    }
+
     const FindRequest& request_;
     const PreparedCompressor& compressor_;
     Calculator& calculator_;
+    const Envelope* envelope_;
+    std::optional<std::optional<Margin>> margin_;
     std::optional<Candidate> nearest_;
     std::string error_;
 };

@@ -11,6 +11,7 @@
 #include "catalogue/clsProjectConditions.h"
 #include "engine/Calculator.h"
 #include "engine/CalculatorPool.h"
+#include "engine/Margins.h"
 
 namespace marvello {
 
@@ -49,6 +50,7 @@ struct Candidate {
     double cop = 0;                   ///< Cooling capacity over power input, as the selection has it.
     double deviation = 0;             ///< Of the capacity from the needed one, percent.
     double dischargeTemperature = 0;  ///< With oil cooling at most its limit, degrees Celsius.
+    std::optional<Margin> margin{};   ///< To the application limit.
     bool isEconomized = false;
     bool hasWarnings = false;
 
