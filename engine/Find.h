@@ -11,6 +11,7 @@
 #include "catalogue/clsProjectConditions.h"
 #include "engine/Calculator.h"
 #include "engine/CalculatorPool.h"
+#include "engine/Margins.h"
 
 namespace marvello {
 
@@ -49,6 +50,7 @@ struct Candidate {
     double cop = 0;                   ///< Cooling capacity over power input, as the selection has it.
     double deviation = 0;             ///< Of the capacity from the needed one, percent.
     double dischargeTemperature = 0;  ///< With oil cooling at most its limit, degrees Celsius.
+    std::optional<Margin> margin{};   ///< To the application limit.
     bool isEconomized = false;
     bool hasWarnings = false;
 
@@ -75,8 +77,8 @@ struct Rejection {
 
 struct FindResult {
     std::shared_ptr<const PreparedCatalogue> catalogue;  ///< Holds the compressors.
-    std::vector<Candidate> candidates;                   ///< The best first.
-    std::vector<Rejection> rejections;                   ///< In the order of the catalogue.
+    std::vector<Candidate> candidates{};                 ///< The best first.
+    std::vector<Rejection> rejections{};                 ///< In the order of the catalogue.
     bool isAborted = false;                              ///< Then both are empty.
     long long calculations = 0;
 
