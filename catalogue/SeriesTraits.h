@@ -90,6 +90,10 @@ struct RefrigerantTraits {
 /// Returns the traits of a refrigerant, case ignored.
 const RefrigerantTraits& refrigerantTraits(std::string_view refrigerant);
 
+/// Returns the mask of the selectors that a series has with a refrigerant in the form of compressors at mains
+/// frequency: its inputs, and the motor size where there are two motors.
+unsigned permittedSelectors(const SeriesTraits& series, const RefrigerantTraits& refrigerant);
+
 /// The one that a new form begins with.
 inline constexpr std::string_view firstRefrigerant = "R134A";
 
