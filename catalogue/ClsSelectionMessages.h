@@ -49,6 +49,9 @@ class clsMessages {
     std::vector<clsMessage> messages_;
 };
 
+/// How much a message weighs, the worst first.
+enum class Severity { error, attention, information };
+
 /// What the engine has to say about one compressor.
 struct ClsSelectionMessages {
     clsMessages Error;

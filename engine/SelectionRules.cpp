@@ -232,4 +232,9 @@ void SelectionRules::flammableRefrigerant() {
     raiseWithZero(messages_.Attention, "messages.message36");
 }
 
+bool isWhateverTheInputs(std::string_view warning) {
+    return warning == "messages.message18" || warning == "messages.message20" ||
+           warning == "messages.message36";
+}
+
 }  // namespace marvello

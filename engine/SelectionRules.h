@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "catalogue/SeriesTraits.h"
 #include "catalogue/clsCompressor.h"
 #include "catalogue/clsProjectConditions.h"
@@ -64,5 +66,8 @@ class SelectionRules {
     const SeriesTraits& series_;
     const RefrigerantTraits& refrigerant_;
 };
+
+/// True for the key of a warning that follows from refrigerant, series or model, whatever the inputs are.
+bool isWhateverTheInputs(std::string_view warning);
 
 }  // namespace marvello

@@ -10,7 +10,7 @@
 
 namespace marvello {
 
-/// The mask of a series key, with the motor size added where there are two motors.
+/// The mask of the selectors that a series key has with a refrigerant.
 unsigned seriesMask(const std::string& serieKey, const std::string& refrigerantKey);
 
 /// The series of the catalogue behind a series key, and its market.

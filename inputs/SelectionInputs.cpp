@@ -81,23 +81,6 @@ bool offersAll(const InputValue& value, const std::string& keys) {
                                [&](const std::string& key) { return offers(value, key); });
 }
 
-UnitRule conversionOf(Quantity quantity) {
-    switch (quantity) {
-        case Quantity::temperature:
-            return convertedTemperature;
-        case Quantity::temperatureDifference:
-        case Quantity::power:  // Kept: the economizer's capacity is converted as a difference, there and
-                               // back.
-            return convertedDifference;
-        case Quantity::pressure:
-            return convertedPressure;
-        case Quantity::number:
-        case Quantity::frequency:
-            break;
-    }
-    return nullptr;
-}
-
 /// The name of a mode's own value among the values of a state.
 std::string economizerEntry(const std::string& mode) { return "cmbEco_K" + mode; }
 

@@ -7,8 +7,6 @@
 
 namespace marvello {
 
-enum class Severity { error, attention, information };
-
 /// A message about a compressor as people read it.
 struct ShownMessage {
     Severity severity = Severity::error;

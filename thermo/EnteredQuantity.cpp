@@ -222,6 +222,23 @@ bool beginsUnit(char sign) {
 
 }  // namespace
 
+UnitRule conversionOf(Quantity quantity) {
+    switch (quantity) {
+        case Quantity::temperature:
+            return convertedTemperature;
+        case Quantity::temperatureDifference:
+        case Quantity::power:  // Kept: the economizer's capacity is converted as a difference, there and
+                               // back.
+            return convertedDifference;
+        case Quantity::pressure:
+            return convertedPressure;
+        case Quantity::number:
+        case Quantity::frequency:
+            break;
+    }
+    return nullptr;
+}
+
 EnteredQuantity readQuantity(std::string_view text, Quantity quantity, std::string_view unit) {
     const std::vector<Spelling> spellings = spellingsOf(quantity);
     const auto spelled = [&](const std::string& wanted) {

@@ -3,6 +3,8 @@
 #include <optional>
 #include <string_view>
 
+#include "thermo/UnitSystem.h"
+
 namespace marvello {
 
 /// What a number that people enter measures.
@@ -14,6 +16,9 @@ enum class Quantity {
     power,
     frequency,
 };
+
+/// Returns how an entered number of a quantity is converted; null for one that is the same in every system.
+UnitRule conversionOf(Quantity quantity);
 
 /// What an entered text comes to.
 struct EnteredQuantity {
