@@ -35,6 +35,7 @@ std::string inputText(const SelectionInputs& inputs, Input input, const NumberMa
 }
 
 std::string unitText(const SelectionInputs& inputs, Input input) {
+    if (input == Input::toleranceBelow || input == Input::toleranceAbove) return "%";
     const bool isImperial = inputs.units() == UnitSystem::imperial;
     const auto temperature = [&] { return dictionaryText("general.variable03") + (isImperial ? 'F' : 'C'); };
     switch (inputs.quantity(input)) {

@@ -55,12 +55,14 @@ class InputFields : public QObject {
 
   private:
     void connectField(Input input);
+    void connectRefrigerants();
+    void showRefrigerants();
     void chosen(Input input);
     void typed(Input input);
     void left(Input input);
     /// Shows what was put right, and says that it was the superheat.
     void sayReplaced(bool isSuperheat);
-    bool refuseRun(AdvanceText& field);
+    bool refuseRun(QWidget& field);
 
     void showChoice(Input input);
     void showNumber(Input input);

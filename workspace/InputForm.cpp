@@ -51,7 +51,7 @@ void InputForm::makePanes() {
     Splitter1_->setObjectName(QStringLiteral("Splitter1"));
     auto* Frame1 = new QWidget(Splitter1_);
     setUpPane(*Frame1, "Frame1");
-    panel_ = new InputPanel(kind_.hasInverter, Frame1);
+    panel_ = new InputPanel(inputs_, Frame1);
     auto* inside = new QVBoxLayout(Frame1);
     inside->setContentsMargins(0, 0, 0, 0);
     inside->addWidget(panel_);
