@@ -24,6 +24,8 @@ constexpr int keyRole = Qt::UserRole;
 const QString keyPrefix = QStringLiteral("@");
 const QString allKey = QStringLiteral("@*");
 
+QString keyOf(const QListWidgetItem& item) { return item.data(keyRole).toString().mid(keyPrefix.size()); }
+
 class RowDelegate : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -54,6 +56,7 @@ class RowDelegate : public QStyledItemDelegate {
         painter->setFont(index.data(Qt::FontRole).isValid() ? index.data(Qt::FontRole).value<QFont>()
                                                             : option.font);
         painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
+        paintRowDetail(*painter, text, option.font, index);
     }
 };
 
@@ -119,6 +122,11 @@ void ctlCombo::Populate(const QString& list, const QString& keys, bool inert, bo
     if (!list_->currentItem() && list_->count() > 0 && checkBoxes) list_->setCurrentRow(0);
 }
 
+void ctlCombo::setDetails(const std::function<RowDetail(const QString& key)>& detailOf) {
+    for (int row = 0; row < list_->count(); ++row)
+        setRowDetail(*list_->item(row), detailOf(keyOf(*list_->item(row))));
+}
+
 void ctlCombo::openUnder(const QRect& box) {
     QRect place(box.bottomLeft() + QPoint(0, 3), QSize(box.width(), preferredHeight()));
     const QScreen* screen = QApplication::screenAt(box.center());
@@ -163,7 +171,7 @@ void ctlCombo::choose() {
         return;
     }
     const QListWidgetItem* item = list_->currentItem();
-    if (item) emit Choice(item->data(keyRole).toString().mid(keyPrefix.size()), item->text());
+    if (item) emit Choice(keyOf(*item), item->text());
     hide();
 }
 
@@ -173,7 +181,7 @@ void ctlCombo::chooseChecked() {
     for (int row = 0; row < list_->count(); ++row) {
         const QListWidgetItem* item = list_->item(row);
         if (item->checkState() != Qt::Checked) continue;
-        keys += item->data(keyRole).toString().mid(keyPrefix.size());
+        keys += keyOf(*item);
         texts += item->text();
     }
     if (keys.isEmpty())

@@ -10,8 +10,8 @@
 #include "controls/NumberText.h"
 #include "data/Texts.h"
 #include "inputs/InputTexts.h"
-#include "workspace/DropList.h"
 #include "workspace/InputPanel.h"
+#include "workspace/RefrigerantDetail.h"
 #include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
@@ -74,6 +74,11 @@ InputFields::InputFields(SelectionInputs& inputs, InputPanel& panel, QWidget& fo
     show();
 }
 
+DropList::Details InputFields::detailsOf(Input input) const {
+    if (input != Input::refrigerant) return {};
+    return [this](const QString& key) { return refrigerantDetail(key, inputs_.units()); };
+}
+
 void InputFields::connectField(Input input) {
     AdvanceText* const field = panel_[input];
     const auto edit = [this, input] { emit edited(panel_.captionOf(input)); };
@@ -86,7 +91,7 @@ void InputFields::connectField(Input input) {
         walkPair(input);
     });
     if (definitionOf(input).isChoice) {
-        dropList_->serve(field, input == Input::models);
+        dropList_->serve(field, input == Input::models, detailsOf(input));
         connect(field, &AdvanceText::KeyChange, this, [this, input] { chosen(input); });
         return;
     }
