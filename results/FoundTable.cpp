@@ -10,6 +10,7 @@
 
 #include "data/DictionaryTexts.h"
 #include "data/Texts.h"
+#include "results/RefrigerantTexts.h"
 
 namespace marvello {
 
@@ -22,6 +23,10 @@ const std::string times = " \u00D7 ";
 const std::string dot = " \u00B7 ";
 
 bool isOnInverter(const Candidate& candidate) { return candidate.compressor->hasInvert; }
+
+std::string modelOf(const PreparedCompressor& compressor) {
+    return compressor.Serie + '-' + compressor.Model;
+}
 
 /// Solutions of one kind, of which a short list has the best.
 using Kind = std::tuple<std::string, bool, bool>;
@@ -102,7 +107,7 @@ std::string directionText(const Candidate& candidate) {
 std::string wordsOf(const Candidate& candidate, const std::string& column) {
     if (column == foundColumn::refrigerant) return candidate.compressor->Refrigerant;
     if (column == foundColumn::nearestLimit) return directionText(candidate);
-    return nameOf(candidate.compressor->Serie, candidate.compressor->Model);
+    return modelOf(*candidate.compressor);
 }
 
 ShownValue shown(double value, const char* pattern, const NumberMarks& marks) {
@@ -117,7 +122,8 @@ ShownValue shownDeviation(double percent, const NumberMarks& marks) {
 }
 
 ShownValue shownSpeed(const Candidate& candidate, const NumberMarks& marks) {
-    if (isOpenDrive(candidate)) return {{}, formatNumber(candidate.conditions.MotorRPM, "#0", marks) + "/min"};
+    if (isOpenDrive(candidate))
+        return {{}, formatNumber(candidate.conditions.MotorRPM, "#0", marks) + "/min"};
     return shown(speedOf(candidate), onePlace, marks);
 }
 
@@ -192,7 +198,7 @@ std::vector<const Candidate*> listed(const FindResult& result, const FoundFilter
         } else {
             const std::string left = wordsOf(*first, order.column);
             const std::string right = wordsOf(*second, order.column);
-            if (left != right) return isBeforeByNumbers(left, right);
+            if (left != right) return comesBefore(left, right);
         }
         return std::abs(a->deviation) < std::abs(b->deviation);
     };
@@ -206,16 +212,17 @@ int countOf(const FindResult& result, FoundFilter filter) {
 
 std::string foundLabel(const Candidate& candidate) {
     const std::string step = std::to_string(candidate.conditions.StepCapacity);
-    const bool isPart = candidate.conditions.StepCapacity != capacitySteps.front() && !isOnInverter(candidate);
-    return std::to_string(candidate.machines) + times +
-           nameOf(candidate.compressor->Serie, candidate.compressor->Model) +
+    const bool isPart =
+        candidate.conditions.StepCapacity != capacitySteps.front() && !isOnInverter(candidate);
+    return std::to_string(candidate.machines) + times + modelOf(*candidate.compressor) +
            (isPart ? dot + step + " %" : std::string());
 }
 
 std::string foundKey(const Candidate& candidate) {
     const PreparedCompressor& compressor = *candidate.compressor;
-    return compressor.Refrigerant + '|' + compressor.Serie + '|' + compressor.Sequence + '|' + compressor.Model +
-           '|' + std::to_string(candidate.machines) + '|' + std::to_string(candidate.conditions.StepCapacity);
+    return compressor.Refrigerant + '|' + compressor.Serie + '|' + compressor.Sequence + '|' +
+           compressor.Model + '|' + std::to_string(candidate.machines) + '|' +
+           std::to_string(candidate.conditions.StepCapacity);
 }
 
 FoundRow foundRow(const FindResult& result, const Candidate& candidate, const FoundStyle& style) {
@@ -246,7 +253,7 @@ std::vector<RejectedGroup> rejectedGroups(const FindResult& result) {
     std::map<std::string, std::vector<std::string>> byReason;
     for (const Rejection& rejection : result.rejections) {
         const PreparedCompressor& compressor = *rejection.compressor;
-        std::string text = nameOf(compressor.Serie, compressor.Model) + dot + compressor.Refrigerant;
+        std::string text = modelOf(compressor) + dot + compressor.Refrigerant;
         byReason[reasonText(rejection)].push_back(std::move(text));
     }
     std::vector<RejectedGroup> groups;

@@ -13,7 +13,8 @@ namespace marvello {
 
 /// What a list of solutions leaves out. Filters add up.
 enum class FoundFilter : std::uint8_t {
-    bestOfEach,  ///< all but the best single machine, the best set and the best on an inverter of a refrigerant
+    bestOfEach,  ///< all but the best single machine, the best set and the best on an inverter of a
+                 ///< refrigerant
     withoutWarnings,
     oneMachine,
     onInverter,
@@ -67,7 +68,8 @@ struct FoundStyle {
     NumberMarks marks{};
 };
 
-/// Returns the columns with their texts in the user's language, the one of the names first. `needed` is in kW.
+/// Returns the columns with their texts in the user's language, the one of the names first. `needed` is in
+/// kW.
 std::vector<ResultColumn> foundColumns(double needed, const FoundStyle& style);
 
 /// Returns the solutions that the filters leave, in the order; equal ones nearest to the need first.

@@ -11,8 +11,8 @@
 #include "controls/TagBox.h"
 #include "data/Texts.h"
 #include "inputs/InputTexts.h"
-#include "workspace/DropList.h"
 #include "workspace/InputPanel.h"
+#include "workspace/RefrigerantDetail.h"
 #include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
@@ -86,6 +86,11 @@ InputFields::InputFields(SelectionInputs& inputs, InputPanel& panel, QWidget& fo
     show();
 }
 
+DropList::Details InputFields::detailsOf(Input input) const {
+    if (input != Input::refrigerant && input != Input::refrigerants) return {};
+    return [this](const QString& key) { return refrigerantDetail(key, inputs_.units()); };
+}
+
 void InputFields::connectField(Input input) {
     AdvanceText* const field = panel_[input];
     const auto edit = [this, input] { emit edited(panel_.captionOf(input)); };
@@ -98,7 +103,7 @@ void InputFields::connectField(Input input) {
         walkPair(input);
     });
     if (definitionOf(input).isChoice) {
-        dropList_->serve(field, definitionOf(input).isSeveral);
+        dropList_->serve(field, definitionOf(input).isSeveral, detailsOf(input));
         connect(field, &AdvanceText::KeyChange, this, [this, input] { chosen(input); });
         return;
     }
@@ -135,10 +140,9 @@ void InputFields::connectRefrigerants() {
 void InputFields::showRefrigerants() {
     TagBox* const box = panel_.refrigerants();
     if (!box) return;
-    std::vector<TagBox::Choice> choices;
-    for (const Choice& choice : inputs_[Input::refrigerants].choices)
-        choices.push_back({fromCore(choice.key), {}});
-    box->setChoices(std::move(choices));
+    QStringList choices;
+    for (const Choice& choice : inputs_[Input::refrigerants].choices) choices += fromCore(choice.key);
+    box->setChoices(choices, detailsOf(Input::refrigerants));
     const int before = box->heightForWidth(box->width());
     box->setChosen(fromCore(inputs_.key(Input::refrigerants)).split(u';', Qt::SkipEmptyParts));
     if (box->heightForWidth(box->width()) != before || box->height() != before) panel_.layOut();
