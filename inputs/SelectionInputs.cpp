@@ -43,8 +43,9 @@ const std::string capacityMode = keyOf(EconomizerMode::capacity);
 constexpr double firstCapacity = 150;  // kW
 constexpr double leastCapacity = 0.1;  // in both systems of units
 constexpr double mostCapacity = 100000;
-constexpr double mostTolerance = 100;  // percent
-constexpr double firstBelow = -5;      // percent
+constexpr double mostBelow = 100;  // percent
+constexpr double mostAbove = 1000;
+constexpr double firstBelow = -5;  // percent
 constexpr double firstAbove = 20;
 constexpr int mostMachinesOffered = 4;
 
@@ -200,6 +201,10 @@ bool SelectionInputs::isShown(Input input) const {
         case Input::evaporatingPressure:
         case Input::condensingPressure:
             return hasOneRefrigerant();
+        case Input::market:
+            return has(input) && std::ranges::any_of(keys(Input::allSeries), [](const std::string& series) {
+                       return !seriesTraits(series).markets.empty();
+                   });
         case Input::economizer:
             return key(Input::economizerMode) != noEconomizer;
         case Input::oilCooling:
@@ -488,9 +493,9 @@ std::optional<SelectionInputs::Bounds> SelectionInputs::exceededBounds(Input inp
     } else if (input == Input::capacity) {
         bounds = {leastCapacity, mostCapacity};
     } else if (input == Input::toleranceBelow) {
-        bounds = {-mostTolerance, 0};
+        bounds = {-mostBelow, 0};
     } else if (input == Input::toleranceAbove) {
-        bounds = {0, mostTolerance};
+        bounds = {0, mostAbove};
     } else {
         return std::nullopt;
     }

@@ -87,6 +87,9 @@ bool CompressorPages::select(const QString& key) {
 
 int CompressorPages::current() const { return TabStrip_->currentIndex(); }
 
+QWidget* CompressorPages::tabs() const { return TabStrip_; }
+QWidget* CompressorPages::page() const { return pages_->currentWidget(); }
+
 void CompressorPages::clear() {
     lvMessages_->clear();
     lvMessages_->setEmptyText(QString());

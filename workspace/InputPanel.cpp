@@ -182,6 +182,10 @@ void InputPanel::mode(Input kind, Input number) {
 }
 
 void InputPanel::coupled(Input dew, Input mid, Input pressure) {
+    if ((*this)[pressure]->isHidden()) {
+        single(dew);
+        return;
+    }
     if ((*this)[mid]->isHidden()) {
         pair(dew, pressure);
         return;
@@ -199,16 +203,6 @@ void InputPanel::tags() {
     const int height = refrigerants_->heightForWidth(width);
     refrigerants_->setGeometry(side - halo, rowTop_ - halo, width, height);
     rowTop_ += height - 2 * halo + pitch - AdvanceText::boxHeight;
-}
-
-// Without their pressures the temperatures share a row.
-void InputPanel::operatingPoint() {
-    if ((*this)[Input::evaporatingPressure]->isHidden()) {
-        pair(Input::evaporatingDew, Input::condensingDew);
-        return;
-    }
-    coupled(Input::evaporatingDew, Input::evaporatingMid, Input::evaporatingPressure);
-    coupled(Input::condensingDew, Input::condensingMid, Input::condensingPressure);
 }
 
 void InputPanel::layOutSubject() {
@@ -240,7 +234,8 @@ void InputPanel::layOutRows(int width) {
     rowTop_ = firstRow;
     layOutSubject();
     rowTop_ += groupGap;
-    operatingPoint();
+    coupled(Input::evaporatingDew, Input::evaporatingMid, Input::evaporatingPressure);
+    coupled(Input::condensingDew, Input::condensingMid, Input::condensingPressure);
     rowTop_ += groupGap;
     mode(Input::superheatKind, Input::superheat);
     single(Input::subcooling);

@@ -54,7 +54,6 @@ class InputPanel : public Container {
     void coupled(Input dew, Input mid, Input pressure);
     void place(AdvanceText* field, int left, int right, int captionWidth);
     void layOutRows(int width);
-    void operatingPoint();
     void layOutSubject();
     void layOutDrive();
     void tags();
