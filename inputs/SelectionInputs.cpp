@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <set>
 
 #include "catalogue/CatalogueLists.h"
 #include "catalogue/Globals.h"
@@ -265,10 +266,12 @@ void SelectionInputs::offerAllSeries() {
     InputValue& series = at(Input::allSeries);
     const std::vector<std::string> refrigerants = keys(Input::refrigerants);
     series.choices = {{allKey, {}}};
+    std::set<std::string> those;
     for (const ModelName& name : modelsOf({}))
-        if (std::ranges::find(refrigerants, name.refrigerant) != refrigerants.end() &&
-            !offers(series, name.series))
-            series.choices.push_back({name.series, name.series});
+        if (std::ranges::find(refrigerants, name.refrigerant) != refrigerants.end())
+            those.insert(name.series);
+    for (const std::string& name : seriesOf({}))
+        if (those.contains(name)) series.choices.push_back({name, name});
     translate();
     std::vector<std::string> kept = keys(Input::allSeries);
     std::erase_if(kept, [&series](const std::string& name) { return !offers(series, name); });

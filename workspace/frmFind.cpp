@@ -99,7 +99,6 @@ void frmFind::calculate() { search(); }
 
 void frmFind::search() {
     pause_->stop();
-    fields_->commit();
     if (unusableInput(inputs_)) {
         hideProgress();
         show(Shown::unusable);
