@@ -2,8 +2,8 @@
 
 #include <QString>
 
-#include "results/Messages.h"
 #include "engine/Verdict.h"
+#include "results/Messages.h"
 
 namespace marvello {
 
