@@ -80,4 +80,9 @@ const RefrigerantTraits& refrigerantTraits(std::string_view name) {
 
 std::span<const RefrigerantTraits> allRefrigerantTraits() { return refrigerants; }
 
+unsigned permittedSelectors(const SeriesTraits& series, const RefrigerantTraits& refrigerant) {
+    const bool hasSmallMotor = series.hasSmallMotor && refrigerant.hasSmallMotors;
+    return hasSmallMotor ? series.inputs | Selector::motorSize : series.inputs;
+}
+
 }  // namespace marvello

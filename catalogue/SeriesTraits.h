@@ -90,6 +90,10 @@ struct RefrigerantTraits {
 /// Returns the traits of a refrigerant, case ignored.
 const RefrigerantTraits& refrigerantTraits(std::string_view refrigerant);
 
+/// Returns the mask of `Selector` that the form of a series permits with a refrigerant. The form of
+/// compressors on an inverter permits all.
+unsigned permittedSelectors(const SeriesTraits& series, const RefrigerantTraits& refrigerant);
+
 /// The one that a new form begins with.
 inline constexpr std::string_view firstRefrigerant = "R134A";
 

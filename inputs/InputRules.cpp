@@ -3,9 +3,8 @@
 namespace marvello {
 
 unsigned seriesMask(const std::string& serieKey, const std::string& refrigerantKey) {
-    const SeriesTraits& series = seriesTraits(seriesOfMarket(uppered(trimmed(serieKey))).serie);
-    const bool hasSmallMotor = series.hasSmallMotor && refrigerantTraits(refrigerantKey).hasSmallMotors;
-    return series.inputs | (hasSmallMotor ? static_cast<unsigned>(Selector::motorSize) : 0U);
+    return permittedSelectors(seriesTraits(seriesOfMarket(uppered(trimmed(serieKey))).serie),
+                              refrigerantTraits(refrigerantKey));
 }
 
 SeriesOfMarket seriesOfMarket(const std::string& serieKey) {
