@@ -27,7 +27,7 @@ using Reason = Rejection::Reason;
 
 /// One way to run a compressor, as a plain selection has it.
 struct Plain {
-    double capacity = 0, power = 0, cop = 0;
+    double capacity = 0, power = 0, cop = 0, discharge = 0;
     bool hasWarnings = false;
     std::string error{};  ///< The key of its first error.
 };
@@ -45,7 +45,10 @@ Plain plainOf(const clsCompressor& compressor, CapacityKind kind) {
     }
     plain.hasWarnings = compressor.Messages.Attention.Count() > 0;
     const bool isHeating = kind == CapacityKind::heating;
-    if (compressor.Variables.Exist("CopEco")) {
+    const bool isEconomized = compressor.Variables.Exist("CopEco");
+    plain.discharge = number(isEconomized ? "T2" : "T21");
+    if (number("OCCalculateMode") != 0) plain.discharge = std::min(plain.discharge, number("OC"));
+    if (isEconomized) {
         plain.capacity = isHeating ? number("QcEco") : number("Q0") + number("Qeco");
         plain.power = number("PtaEco");
         plain.cop = number("CopEco");
@@ -248,6 +251,7 @@ void FindTest::expectSameOnTheMains(const FindRequest& request, const FindResult
         EXPECT_EQ(candidate.capacity, plain->second.capacity * candidate.machines);
         EXPECT_EQ(candidate.power, plain->second.power * candidate.machines);
         EXPECT_EQ(candidate.cop, plain->second.cop);
+        EXPECT_EQ(candidate.dischargeTemperature, plain->second.discharge);
         EXPECT_EQ(candidate.hasWarnings, plain->second.hasWarnings);
     }
     EXPECT_EQ(found, brute.candidates.size());
@@ -310,6 +314,7 @@ void FindTest::expectInverters(const FindRequest& request, const FindResult& res
             EXPECT_EQ(candidate->capacity, plain.capacity * machines);
             EXPECT_EQ(candidate->power, plain.power * machines);
             EXPECT_EQ(candidate->cop, plain.cop);
+            EXPECT_EQ(candidate->dischargeTemperature, plain.discharge);
             if (isBetween)
                 EXPECT_NEAR(candidate->deviation, 0, isEconomized ? 0.2 : 1e-4) << frequency;
             else
