@@ -353,12 +353,28 @@ TEST_F(FindTest, EachCompressorIsAnsweredOnceAndTheBestIsFirst) {
         EXPECT_TRUE(all.insert(rejection.compressor).second);
     }
     EXPECT_EQ(all.size(), catalogue_->compressors().size());
-    EXPECT_TRUE(std::ranges::is_sorted(result.candidates, std::ranges::greater(), &Candidate::cop));
+    EXPECT_TRUE(std::ranges::is_sorted(result.candidates, {}, [](const Candidate& candidate) {
+        return std::pair(-candidate.cop, std::abs(candidate.deviation));
+    }));
     const Candidate* const nearest = result.nearest();
     ASSERT_NE(nearest, nullptr);
     for (const Rejection& rejection : result.rejections)
         if (rejection.nearest) {
             EXPECT_LE(std::abs(nearest->deviation), std::abs(rejection.nearest->deviation));
+        }
+}
+
+TEST_F(FindTest, ANeedBeyondTheRangeEndsAtAFrequencyOfTheEnvelope) {
+    FindRequest request{.needed = 1e6, .conditions = conditionsAt(2, 40)};
+    request.inverter = InverterUse::only;
+    std::set<float> highest;
+    for (const Rejection& rejection : find(request, catalogue_, calculator_).rejections)
+        if (rejection.nearest) highest.insert(*rejection.nearest->frequency());
+    EXPECT_EQ(highest, (std::set<float>{50, 60, 70}));
+    request.needed = 0.01;
+    for (const Rejection& rejection : find(request, catalogue_, calculator_).rejections)
+        if (rejection.nearest) {
+            EXPECT_EQ(rejection.nearest->frequency(), 20.0F);
         }
 }
 
@@ -387,10 +403,13 @@ TEST_F(FindTest, SaysWhatASeriesDoesNotPermit) {
     request.above = 1000;
     request.conditions.EcoCalculateMode = EconomizerMode::approach;
     request.conditions.MotorVoltage = 380;
+    request.conditions.MotorHz = 60;
     request.series = {"TK-A", "MV-G", "GH4", "TK-D"};
     std::map<std::string, unsigned> putBack;
-    for (const Candidate& candidate : find(request, catalogue_, calculator_).candidates)
+    for (const Candidate& candidate : find(request, catalogue_, calculator_).candidates) {
         putBack[candidate.compressor->Serie] |= candidate.putBack;
+        EXPECT_EQ(candidate.conditions.MotorHz, candidate.compressor->Serie == "GH4" ? 50 : 60);
+    }
     const auto bits = [](auto... selectors) { return (0U | ... | static_cast<unsigned>(selectors)); };
     const std::map<std::string, unsigned> expected{
         {"TK-A", 0},
