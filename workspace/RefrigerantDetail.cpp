@@ -10,6 +10,8 @@ namespace marvello {
 
 RowDetail refrigerantDetail(const QString& refrigerant, UnitSystem units) {
     const RefrigerantFacts facts = factsOf(toCore(refrigerant));
+    // A catalogue from before there were facts has no texts for them either.
+    if (facts == RefrigerantFacts()) return {QString::fromLatin1(unknownFact), {}};
     const NumberMarks marks = marksOf(QLocale());
     QStringList lines{refrigerant};
     for (const TechnicalEntry& fact : factEntries(facts, units, marks))

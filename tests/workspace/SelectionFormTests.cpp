@@ -121,6 +121,7 @@ TEST_F(SelectionFormTest, TheListOfRefrigerantsHasTheirFactsAndTheFieldTheNameAl
     QTest::keyClick(refrigerant->findChild<QLineEdit*>(), Qt::Key_Down);
     auto* rows = QApplication::activePopupWidget()->findChild<QListWidget*>();
     EXPECT_EQ(rows->item(0)->data(Qt::AccessibleTextRole).toString(), "R134A, -");
+    EXPECT_EQ(rows->item(0)->toolTip(), "");
     EXPECT_EQ(rows->item(1)->data(Qt::AccessibleTextRole).toString(), "R290, A3 · GWP 3");
     EXPECT_TRUE(rows->item(1)->toolTip().contains("3 / - / 0.02"));
     EXPECT_TRUE(rows->item(1)->toolTip().contains("-42.1 °C"));
