@@ -75,6 +75,7 @@ FoundPane::FoundPane(const SelectionInputs& inputs, QWidget* parent)
     makeRejectedLine();
     addToPopUp("find.open", Needs::nothing, [this] { emit opened(); });
     veil_->hide();
+    SetMinSize1(minListHeight + around());
     connect(lvCps_, &ResultsView::headingClicked, this, &FoundPane::sortBy);
     connect(lvCps_, &ResultsView::columnMenuRequested, this, &FoundPane::openColumnMenu);
     connect(lvCps_, &QAbstractItemView::activated, this, &FoundPane::opened);
@@ -119,7 +120,11 @@ void FoundPane::makeRejectedLine() {
     row->addWidget(rejectedText_);
     row->addWidget(rejectedLink_);
     row->addStretch(1);
+    putBackText_ = new QLabel(rejectedLine_);
+    putBackText_->setStyleSheet(QStringLiteral("color: %1").arg(Look::current().muted.name()));
+    row->addWidget(putBackText_);
     listColumn_->addWidget(rejectedLine_);
+    connect(this, &ListPane::selectionChanged, this, &FoundPane::refreshPutBack);
     connect(rejectedLink_, &Link::clicked, this, &FoundPane::showRejected);
 }
 
@@ -153,6 +158,8 @@ void FoundPane::placeVeil() {
     veil_->setVisible(isOutdated_);
     if (isOutdated_) veil_->raise();
 }
+
+int FoundPane::around() const { return WrapBar::lineHeight + rejectedLineHeight; }
 
 void FoundPane::resizeEvent(QResizeEvent* event) {
     ListPane::resizeEvent(event);
@@ -244,6 +251,16 @@ void FoundPane::refreshRejected() {
     rejectedLine_->setVisible(count > 0);
     rejectedText_->setText(filled(dictionaryText(QStringLiteral("find.rejected")), {QString::number(count)}));
     rejectedLink_->setText(dictionaryText(QStringLiteral("find.rejected.show")));
+}
+
+// A series may not permit an input; its compressors are calculated without it.
+void FoundPane::refreshPutBack() {
+    QStringList inputs;
+    if (const Candidate* const candidate = selected())
+        for (const std::string& input : putBackInputs(*candidate)) inputs += fromCore(input);
+    putBackText_->setText(inputs.isEmpty() ? QString()
+                                           : filled(dictionaryText(QStringLiteral("find.putback")),
+                                                    {inputs.join(QStringLiteral(", "))}));
 }
 
 void FoundPane::showRejected() const {

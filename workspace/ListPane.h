@@ -33,6 +33,8 @@ class ListPane : public Splitter {
     /// Fills the page that is shown.
     void fillPage();
     bool selectPage(const QString& key);
+    /// The height of what is above and below the list in its half.
+    virtual int around() const { return 0; }
     /// The list, the tabs and the page, between which F6 goes.
     QList<QWidget*> parts() const;
 
