@@ -223,7 +223,9 @@ int ResultsView::fittingWidth(int column) const {
     const ResultsModel::Kind kind = model_.column(column).kind;
     if (kind == ResultsModel::Kind::deviation)
         return std::max(width, barWidth + deviationText + sidePadding + 4);
-    const int around = column == 0 ? rowIndent + markSize + markGap + sidePadding : sidePadding + 4;
+    const int around = column == 0                         ? rowIndent + markSize + markGap + sidePadding
+                       : kind == ResultsModel::Kind::words ? 2 * sidePadding
+                                                           : sidePadding + 4;
     WidthBound bound(metrics);
     for (int row = 0; row < model_.rowCount(); ++row) {
         if (column == 0 && isGroup(row)) continue;
@@ -367,6 +369,15 @@ void ResultsView::drawLabelOver(QPainter* painter, const QStyleOptionViewItem& o
     painter->fillRect(QRect(label.rect.topRight(), QSize(1, label.rect.height())),
                       Look::current().controlLine);
     itemDelegate()->paint(painter, label, index.siblingAtColumn(0));
+}
+
+void ResultsView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (rowCount() > 0 || emptyText_.isEmpty()) return;
+    QPainter painter(viewport());
+    painter.setFont(lookFont());
+    painter.setPen(Look::current().muted);
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }
 
 void ResultsView::scrollContentsBy(int dx, int dy) {

@@ -131,6 +131,7 @@ void FoundPane::makeRejectedLine() {
 void FoundPane::translate() {
     all_->setText(dictionaryText(QStringLiteral("find.filter.all")));
     for (const Chip& chip : chips_) chip.button->setText(dictionaryText(QLatin1String(chip.textKey)));
+    lvCps_->setEmptyText(dictionaryText(QStringLiteral("find.filtered")));
     ListPane::translate();
     refreshChips();
     refreshRejected();
