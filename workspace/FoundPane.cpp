@@ -31,6 +31,7 @@ namespace marvello {
 namespace {
 
 constexpr int rejectedLineHeight = 32;
+constexpr int minColumnWidth = 70;
 constexpr int markSize = 14;
 
 /// Covers what must not be read as valid.
@@ -183,7 +184,7 @@ std::vector<ResultsView::Column> FoundPane::viewColumns() const {
     for (const ResultColumn& column : columns_)
         if (!isHidden(column.key))
             columns.push_back({fromCore(column.key), fromCore(column.caption()), fromCore(column.description),
-                               kindOf(column.key), request_.below, request_.above});
+                               kindOf(column.key), request_.below, request_.above, minColumnWidth});
     return columns;
 }
 
