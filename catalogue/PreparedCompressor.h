@@ -89,6 +89,11 @@ class PreparedCompressor {
     const Envelope* envelopeEconomized = nullptr;
     const SeriesTraits* traits = nullptr;
 
+    /// With any mode of an economizer it is the economized one.
+    const Envelope* envelopeFor(EconomizerMode mode) const {
+        return mode == EconomizerMode::none ? envelope : envelopeEconomized;
+    }
+
     /// Makes `compressor` this model, ready for a calculation and without results. One that was this model
     /// before is made ready without an allocation. Throws DatabaseError for a row that cannot be read,
     /// std::invalid_argument for an envelope line that does not parse, and ArithmeticFault.

@@ -90,8 +90,8 @@ struct RefrigerantTraits {
 /// Returns the traits of a refrigerant, case ignored.
 const RefrigerantTraits& refrigerantTraits(std::string_view refrigerant);
 
-/// Returns the mask of the selectors that a series has with a refrigerant in the form of compressors at mains
-/// frequency: its inputs, and the motor size where there are two motors.
+/// Returns the mask of `Selector` that the form of a series permits with a refrigerant. The form of
+/// compressors on an inverter permits all.
 unsigned permittedSelectors(const SeriesTraits& series, const RefrigerantTraits& refrigerant);
 
 /// The one that a new form begins with.

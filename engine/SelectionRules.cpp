@@ -1,6 +1,7 @@
 #include "engine/SelectionRules.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,15 @@ void raise(clsMessages& list, std::string_view key) { list.add(key, key); }
 void raiseWithZero(clsMessages& list, std::string_view key) { list.add(key, key, {0.0}); }
 
 }  // namespace
+
+const FrequencyLimit* frequencyLimit(const HoldingLimits& around) {
+    static constexpr std::array limits{FrequencyLimit{limitType::hertz70, 70, "<= 70 Hz"},
+                                       FrequencyLimit{limitType::hertz60, 60, "<=60 Hz"},
+                                       FrequencyLimit{limitType::hertz50, 50, "<=50 Hz"}};
+    const auto* const found = std::ranges::find_if(
+        limits, [&](const auto& limit) { return around.FindLimitType(limit.limitType); });
+    return found == limits.end() ? nullptr : found;
+}
 
 SelectionRules::SelectionRules(clsCompressor& compressor, const clsProjectConditions& conditions,
                                Statements& statements)
@@ -141,16 +151,9 @@ void SelectionRules::suggestedVersion(const HoldingLimits& around) {
 
 void SelectionRules::inverterFrequency(const HoldingLimits& around) {
     if (!compressor_.hasInvert) return;
-    const auto ceiling = [this](float highest, const char* format) {
-        if (conditions_.InverterFrequency > highest) messages_.Error.add("messages.message35", format);
-    };
-    if (around.FindLimitType(limitType::hertz70)) {
-        ceiling(70, "<= 70 Hz");
-    } else if (around.FindLimitType(limitType::hertz60)) {
-        ceiling(60, "<=60 Hz");
-    } else if (around.FindLimitType(limitType::hertz50)) {
-        ceiling(50, "<=50 Hz");
-    }
+    const FrequencyLimit* limit = frequencyLimit(around);
+    if (limit != nullptr && conditions_.InverterFrequency > limit->hertz)
+        messages_.Error.add("messages.message35", limit->format);
 }
 
 void SelectionRules::subcooling() {

@@ -9,6 +9,15 @@
 
 namespace marvello {
 
+/// The highest frequency that an inverter may have inside a line of an envelope.
+struct FrequencyLimit {
+    int limitType;
+    float hertz;
+    const char* format;  ///< Of the message; kept as they are written.
+};
+/// Returns the highest of the lines that hold a point, or null if none does.
+const FrequencyLimit* frequencyLimit(const HoldingLimits& around);
+
 /// What is said about a compressor at an operating point. A rule looks at the point against the envelope, at
 /// the series, the model and the refrigerant, and adds a message. The rules run in the order of their
 /// numbers, in groups between the stages of the calculation.

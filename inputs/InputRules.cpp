@@ -3,8 +3,8 @@
 namespace marvello {
 
 unsigned seriesMask(const std::string& serieKey, const std::string& refrigerantKey) {
-    const std::string serie = seriesOfMarket(uppered(trimmed(serieKey))).serie;
-    return permittedSelectors(seriesTraits(serie), refrigerantTraits(refrigerantKey));
+    return permittedSelectors(seriesTraits(seriesOfMarket(uppered(trimmed(serieKey))).serie),
+                              refrigerantTraits(refrigerantKey));
 }
 
 SeriesOfMarket seriesOfMarket(const std::string& serieKey) {

@@ -6,10 +6,10 @@
 
 #include "catalogue/clsCompressor.h"
 #include "data/Numbers.h"
+#include "engine/Verdict.h"
 #include "engine/clsSelections.h"
 #include "results/Columns.h"
 #include "results/ListOrder.h"
-#include "results/Verdict.h"
 #include "thermo/UnitSystem.h"
 
 namespace marvello {

@@ -2,8 +2,8 @@
 
 #include <QString>
 
+#include "engine/Verdict.h"
 #include "results/Messages.h"
-#include "results/Verdict.h"
 
 namespace marvello {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/Session.h"
-#include "results/Verdict.h"
+#include "engine/Verdict.h"
 
 using namespace marvello;
 

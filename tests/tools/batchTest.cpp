@@ -335,7 +335,8 @@ TEST(batch, AnInterruptEndsItAfterWholeLines) {
         EXPECT_TRUE(written.ends_with('\n'));
         EXPECT_EQ(linesOf(textOf(errors)).back(), "marvello-select: interrupted after line 201");
     }
-    // In the midst of the calculation, wherever that is; its input stays open, so that it cannot be at its end.
+    // In the midst of the calculation, wherever that is; its input stays open, so that it cannot be at its
+    // end.
     const fs::path out = given.folder / "out";
     Running running({"--batch", "-", "--format", "csv"}, out, given.folder / "errors");
     running.feed(columns + '\n' + joined(given.lines.begin(), given.lines.end()));

@@ -13,6 +13,7 @@
 #include "results/ExportRecords.h"
 #include "results/Messages.h"
 #include "results/ResultTable.h"
+#include "tools/select/AlignedTable.h"
 #include "tools/select/JsonOutput.h"
 
 namespace marvello::select {
@@ -60,8 +61,6 @@ std::vector<std::string> texts(const clsCompressor& compressor) {
     return result;
 }
 
-using Cells = std::vector<std::string>;
-
 Cells headings() {
     Cells cells{"Compressor", ""};
     for (const Column& column : columns) cells.emplace_back(column.heading);
@@ -78,20 +77,12 @@ Cells cellsOf(const clsCompressor& compressor) {
     return cells;
 }
 
-/// The columns are as wide as usual, or as their widest cell and a blank need.
-std::vector<std::size_t> widthsOf(const std::vector<Cells>& lines) {
-    std::vector<std::size_t> widths(columns.size() + 2, 9);
-    widths.front() = 20;
-    for (const Cells& line : lines)
-        for (std::size_t i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], letterCount(line[i]) + 1);
-    return widths;
-}
+constexpr std::size_t words = 2;  // the cells in front of the figures
 
-std::string lineText(const Cells& cells, const std::vector<std::size_t>& widths) {
-    std::string text;
-    for (std::size_t i = 0; i < cells.size(); ++i) text += padded(cells[i], widths[i], i > 1);
-    return text + '\n';
+std::vector<std::size_t> usualWidths() {
+    std::vector<std::size_t> widths(columns.size() + words, 9);
+    widths.front() = 20;
+    return widths;
 }
 
 std::string pointOf(const Request& request) {
@@ -133,12 +124,12 @@ void addTable(std::string& text, const Run& run, LineNumber) {
             (count == 1 ? " compressor\n" : " compressors\n");
     std::vector<Cells> lines{headings()};
     for (const auto& compressor : *run.selection) lines.push_back(cellsOf(*compressor));
-    const auto widths = widthsOf(lines);
+    const auto widths = widthsOf(lines, usualWidths());
     auto line = lines.begin();
-    text += lineText(*line, widths);
+    text += lineText(*line, widths, words);
     auto advice = run.advice.begin();
     for (const auto& compressor : *run.selection) {
-        text += lineText(*++line, widths);
+        text += lineText(*++line, widths, words);
         if (advice == run.advice.end())
             for (const std::string& each : texts(*compressor)) text += "    " + each + '\n';
         else

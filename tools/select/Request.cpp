@@ -99,6 +99,10 @@ void readModels(Request& request, const std::string& text, const Choices&) {
     request.models = trimmed(text).empty() ? "*" : trimmed(text);
 }
 
+void need(bool given, const char* name) {
+    if (!given) throw BadRequest(std::string(name) + " is missing");
+}
+
 constexpr std::array options = {
     RequestOption{"refrigerant", "refrigerant, such as R134A",
                   [](Request& r, const std::string& text, const Choices&) { r.refrigerant = trimmed(text); }},
@@ -150,13 +154,7 @@ void readOption(Request& request, const RequestOption& option, const std::string
     }
 }
 
-void checkRequest(const Request& request) {
-    const Conditions& c = request.conditions;
-    const auto need = [](bool given, const char* name) {
-        if (!given) throw BadRequest(std::string(name) + " is missing");
-    };
-    need(!request.refrigerant.empty(), "refrigerant");
-    need(!request.series.empty(), "series");
+void checkConditions(const Conditions& c) {
     need(!std::isnan(c.TEvaporatingDew), "ted");
     need(!std::isnan(c.TCondensationDew), "tcd");
     const auto check = [](const char* name, double value, const Range& range) {
@@ -168,6 +166,19 @@ void checkRequest(const Request& request) {
     };
     check("sh", c.SuperHeat, c.SuperHeatType == SuperheatKind::difference ? superheat : suctionTemperature);
     check("eco", c.Eco, c.EcoCalculateMode == EconomizerMode::capacity ? economizerPower : approach);
+}
+
+void checkOrder(const Conditions& c) {
+    if (c.TEvaporatingDew <= c.TCondensationDew) return;
+    throw BadRequest("ted: " + quoted(storedText(c.TEvaporatingDew)) +
+                     " is above the condensing temperature; at most tcd, \"" +
+                     storedText(c.TCondensationDew) + "\", is allowed");
+}
+
+void checkRequest(const Request& request) {
+    need(!request.refrigerant.empty(), "refrigerant");
+    need(!request.series.empty(), "series");
+    checkConditions(request.conditions);
 }
 
 void checkTemperatures(const Request& request, const SaturationRange& range) {
@@ -184,9 +195,8 @@ void checkTemperatures(const Request& request, const SaturationRange& range) {
         case TemperatureFault::condensingOutside:
             throw outside("tcd", c.TCondensationDew);
         case TemperatureFault::evaporatingAboveCondensing:
-            throw BadRequest("ted: " + quoted(storedText(c.TEvaporatingDew)) +
-                             " is above the condensing temperature; at most tcd, \"" +
-                             storedText(c.TCondensationDew) + "\", is allowed");
+            checkOrder(c);
+            break;
         case TemperatureFault::none:
             break;
     }

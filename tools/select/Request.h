@@ -43,6 +43,11 @@ std::span<const RequestOption> requestOptions();
 void readOption(Request& request, const RequestOption& option, const std::string& text,
                 const Choices& choices);
 
+/// Throws BadRequest if an operating point lacks a temperature, or a value does not go with another one.
+void checkConditions(const clsProjectConditions& conditions);
+/// Throws BadRequest for an evaporating temperature above the condensing one.
+void checkOrder(const clsProjectConditions& conditions);
+
 /// Throws BadRequest if a request lacks what it needs, or a value does not go with another one.
 void checkRequest(const Request& request);
 

@@ -72,6 +72,11 @@ const std::vector<std::string>& knownSeries(const std::string& refrigerant) {
     return entryOf(known().series, refrigerant, [&] { return seriesOf({.refrigerant = refrigerant}); });
 }
 
+/// Of any refrigerant.
+const std::vector<std::string>& knownSeries() {
+    return entryOf(known().series, {}, [] { return seriesOf({}); });
+}
+
 const std::vector<std::string>& knownModels(const std::string& refrigerant, const std::string& series) {
     return entryOf(known().models, {refrigerant, series}, [&] {
         std::vector<std::string> models;
@@ -154,6 +159,13 @@ Run carryOut(Request request) {
         run.remarks.push_back(remarkOf(box.text, refprop->LastUndefined()));
     if (run.request.hasAdvice) run.advice = adviceOn(run);
     return run;
+}
+
+void checkNames(const std::vector<std::string>& refrigerants, const std::vector<std::string>& series) {
+    for (const std::string& name : refrigerants)
+        spelled(name, knownRefrigerants(), [&] { return "The catalogue has no refrigerant " + name; });
+    for (const std::string& name : series)
+        spelled(name, knownSeries(), [&] { return "The catalogue has no series " + name; });
 }
 
 std::string catalogueListing(bool inverter) {

@@ -34,6 +34,10 @@ void openCatalogue(const std::string& language);
 /// set the refrigerant up.
 Run carryOut(Request request);
 
+/// Throws NothingMatches for a refrigerant or a series, in any case of letters, that the catalogue does not
+/// have.
+void checkNames(const std::vector<std::string>& refrigerants, const std::vector<std::string>& series);
+
 /// The refrigerants, series and models of the catalogue that run at fixed speed, or on an inverter; one
 /// series a line.
 std::string catalogueListing(bool inverter);

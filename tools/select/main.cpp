@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <exception>
 #include <map>
 #include <string>
@@ -14,10 +13,10 @@
 #include "data/Numbers.h"
 #include "data/Session.h"
 #include "data/clsApplication.h"
-#include "platform/Interrupt.h"
 #include "thermo/RefpropLibrary.h"
 #include "tools/select/BatchRun.h"
-#include "tools/select/Complaint.h"
+#include "tools/select/Exit.h"
+#include "tools/select/FindCommand.h"
 #include "tools/select/Output.h"
 #include "tools/select/Request.h"
 #include "tools/select/Run.h"
@@ -25,14 +24,6 @@
 namespace marvello::select {
 
 namespace {
-
-enum ExitStatus {
-    done = 0,
-    nothingMatches = 1,
-    refused = 2,
-    someLinesBad = 3,
-    interrupted = Interrupt::status
-};
 
 struct Arguments {
     std::map<std::string, std::string> options;  ///< By name of the request option.
@@ -46,11 +37,6 @@ struct Arguments {
     bool advice = false;
     BatchOptions batch{.file = {}, .columns = {}, .language = defaultLanguage};
 };
-
-int complain(const std::string& sentence, ExitStatus status) {
-    std::fputs(complaint(sentence).c_str(), stderr);
-    return status;
-}
 
 /// Reads a whole number from 1 on.
 long long wholeNumber(const std::string& option, const std::string& text, long long most) {
@@ -165,9 +151,11 @@ int run(int argc, char** argv) {
     addBatchOptions(app, arguments);
     app.add_option("--app-folder", arguments.folder, "folder with db.mdb, the fluid library and Fluids");
     app.add_flag("--list", arguments.list, "prints refrigerants, series and models");
+    const FindCommand find(app);
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
+        if (find.isGiven()) return find.run();
     } catch (const CLI::CallForHelp&) {
         printText(app.help());
         return done;

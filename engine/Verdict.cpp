@@ -1,4 +1,4 @@
-#include "results/Verdict.h"
+#include "engine/Verdict.h"
 
 #include "catalogue/clsCompressor.h"
 

@@ -1,0 +1,291 @@
+#include "engine/Find.h"
+
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <map>
+#include <stdexcept>
+#include <string_view>
+#include <tuple>
+#include <utility>
+
+#include "catalogue/clsInverter.h"
+#include "data/Texts.h"
+#include "engine/FrequencySearch.h"
+#include "engine/PermittedConditions.h"
+#include "engine/SelectionRules.h"
+#include "engine/Verdict.h"
+#include "thermo/RefpropLibrary.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr std::string_view outsideEnvelope = "messages.message01";
+/// What a failure of a calculation is called among the errors.
+constexpr std::string_view failure = "Error...";
+
+void check(const FindRequest& request) {
+    const auto need = [](bool holds, const char* sentence) {
+        if (!holds) throw std::invalid_argument(sentence);
+    };
+    need(std::isfinite(request.needed) && request.needed > 0, "The needed capacity is not above 0 kW.");
+    need(request.below >= 0 && request.above >= 0, "A tolerance is below 0 %.");
+    need(request.minMachines >= 1 && request.maxMachines <= mostMachines &&
+             request.minMachines <= request.maxMachines,
+         "The number of machines is not from 1 to 4.");
+}
+
+bool isAmong(const std::vector<std::string>& names, const std::string& name) {
+    return names.empty() || std::ranges::any_of(names, [&](const std::string& wanted) {
+               return equalIgnoringCase(wanted, name);
+           });
+}
+
+bool takesPart(const FindRequest& request, const PreparedCompressor& compressor) {
+    if (request.inverter == InverterUse::no && compressor.hasInvert) return false;
+    if (request.inverter == InverterUse::only && !compressor.hasInvert) return false;
+    if (request.markets != 0 && (compressor.Market & request.markets) != compressor.Market) return false;
+    return isAmong(request.series, compressor.Serie) && isAmong(request.refrigerants, compressor.Refrigerant);
+}
+
+std::vector<const PreparedCompressor*> choiceOf(const FindRequest& request,
+                                                const PreparedCatalogue& catalogue) {
+    std::vector<const PreparedCompressor*> choice;
+    for (const PreparedCompressor& compressor : catalogue.compressors())
+        if (takesPart(request, compressor)) choice.push_back(&compressor);
+    return choice;
+}
+
+/// One machine at one step or frequency: a candidate without its machines, or an error.
+struct Outcome {
+    Candidate machine;
+    std::string error{};
+
+    bool isPossible() const { return error.empty(); }
+};
+
+void takeFigures(Candidate& machine, const clsVariables& v, CapacityKind kind) {
+    const bool isHeating = kind == CapacityKind::heating;
+    machine.isEconomized = v.isSet(var::CopEco);
+    if (machine.isEconomized) {
+        machine.capacity = isHeating ? v[var::QcEco] : v[var::Q0] + v[var::Qeco];
+        machine.power = v[var::PtaEco];
+        machine.cop = v[var::CopEco];
+        const bool isCooled = v[var::OCCalculateMode] != codeOf(OilCoolingMode::none);
+        machine.dischargeTemperature = isCooled ? std::min(v[var::T2], v[var::OC]) : v[var::T2];
+    } else {
+        machine.capacity = isHeating ? v[var::Qc] : v[var::Q0];
+        machine.power = v[var::Pta];
+        machine.cop = v[var::COP];
+        machine.dischargeTemperature = v.isSet(var::Tsca) ? v[var::Tsca] : v[var::T21];
+    }
+}
+
+Outcome outcomeOf(Calculator& calculator, const PreparedCompressor& compressor,
+                  const PermittedConditions& permitted, CapacityKind kind) {
+    Outcome outcome{.machine = {.compressor = &compressor,
+                                .conditions = permitted.conditions,
+                                .putBack = permitted.putBack}};
+    try {
+        const clsCompressor& calculated = calculator.calculate(compressor, permitted.conditions);
+        const Verdict verdict = verdictOf(calculated);
+        if (verdict == Verdict::notPossible) {
+            const clsMessages& errors = calculated.Messages.Error;
+            outcome.error = errors.Count() > 0 ? errors.Item(1).Name : "messages.message26";
+            return outcome;
+        }
+        outcome.machine.hasWarnings = verdict == Verdict::possibleWithWarnings;
+        takeFigures(outcome.machine, calculated.Variables, kind);
+    } catch (const FluidLibraryError&) {
+        throw;
+    } catch (const std::exception&) {
+        outcome.error = failure;
+    }
+    return outcome;
+}
+
+/// The search for one compressor.
+class Examination {
+  public:
+    Examination(const FindRequest& request, const PreparedCompressor& compressor, Calculator& calculator)
+        : request_(request),
+          compressor_(compressor),
+          calculator_(calculator),
+          envelope_(compressor.envelopeFor(
+              permittedConditions(compressor, request.conditions).conditions.EcoCalculateMode)) {}
+
+    void run() {
+        if (compressor_.hasInvert)
+            atFrequencies();
+        else
+            atSteps();
+        if (!candidates.empty()) return;
+        rejection.compressor = &compressor_;
+        rejection.nearest = nearest_;
+        if (nearest_) {
+            rejection.reason =
+                nearest_->deviation < 0 ? Rejection::Reason::tooSmall : Rejection::Reason::tooLarge;
+        } else {
+            rejection.rule = error_;
+            rejection.reason =
+                error_ == outsideEnvelope ? Rejection::Reason::envelope : Rejection::Reason::rule;
+        }
+    }
+
+    std::vector<Candidate> candidates;
+    Rejection rejection;  ///< If there is no candidate.
+    long long calculations = 0;
+
+  private:
+    Outcome calculate(const clsProjectConditions& conditions) {
+        ++calculations;
+        return outcomeOf(calculator_, compressor_, permittedConditions(compressor_, conditions),
+                         request_.kind);
+    }
+
+    void atSteps() {
+        clsProjectConditions conditions = request_.conditions;
+        const unsigned mask =
+            permittedSelectors(*compressor_.traits, refrigerantTraits(compressor_.Refrigerant));
+        const bool hasSteps = request_.steps && allows(mask, Selector::stepCapacity);
+        for (const int step : capacitySteps) {
+            conditions.StepCapacity = step;
+            const Outcome outcome = calculate(conditions);
+            for (int machines = request_.minMachines; machines <= request_.maxMachines; ++machines)
+                take(outcome, machines);
+            if (!hasSteps || outcome.error == outsideEnvelope) return;
+        }
+    }
+
+    void atFrequencies() {
+        clsProjectConditions conditions = request_.conditions;
+        conditions.StepCapacity = capacitySteps.front();
+        std::map<float, Outcome> outcomes;
+        FrequencySearch search(lowest(), highest(), [&](float frequency) {
+            conditions.InverterFrequency = frequency;
+            const Outcome& outcome = outcomes[frequency] = calculate(conditions);
+            return FrequencySearch::Trial{.isPossible = outcome.isPossible(),
+                                          .capacity = outcome.machine.capacity};
+        });
+        if (!search.isPossible()) return take(outcomes.begin()->second, 1);
+        for (int machines = request_.minMachines; machines <= request_.maxMachines; ++machines)
+            take(outcomes[search.solve(request_.needed / machines)], machines);
+    }
+
+    static float lowest() { return static_cast<float>(clsInverter::minimumFrequency); }
+
+    /// That of the form, or of the line of the envelope at the operating point.
+    float highest() const {
+        const auto ofForm = static_cast<float>(clsInverter::maximumFrequency);
+        if (envelope_ == nullptr) return ofForm;
+        const FrequencyLimit* limit = frequencyLimit(envelope_->limits.holding(
+            request_.conditions.TEvaporatingDew, request_.conditions.TCondensationDew));
+        return limit == nullptr ? ofForm : std::min(ofForm, limit->hertz);
+    }
+
+    void take(const Outcome& outcome, int machines) {
+        if (!outcome.isPossible()) {
+            if (error_.empty()) error_ = outcome.error;
+            return;
+        }
+        Candidate candidate = outcome.machine;
+        candidate.machines = machines;
+        candidate.capacity *= machines;
+        candidate.power *= machines;
+        candidate.deviation = (candidate.capacity / request_.needed - 1) * 100;
+        candidate.margin = margin();
+        if (candidate.deviation >= -request_.below && candidate.deviation <= request_.above)
+            candidates.push_back(candidate);
+        else if (!nearest_ || std::abs(candidate.deviation) < std::abs(nearest_->deviation))
+            nearest_ = candidate;
+    }
+
+    /// The same for all steps and frequencies of a possible compressor, which has an envelope.
+    const std::optional<Margin>& margin() {
+        if (!margin_)
+            margin_ = applicationMargin(envelope_->limits, request_.conditions.TEvaporatingDew,
+                                        request_.conditions.TCondensationDew);
+        return *margin_;
+    }
+
+    const FindRequest& request_;
+    const PreparedCompressor& compressor_;
+    Calculator& calculator_;
+    const Envelope* envelope_;
+    std::optional<std::optional<Margin>> margin_;
+    std::optional<Candidate> nearest_;
+    std::string error_;
+};
+
+struct Answer {
+    std::vector<Candidate> candidates;
+    Rejection rejection;
+    long long calculations = 0;
+};
+
+Answer examine(const FindRequest& request, const PreparedCompressor& compressor, Calculator& calculator) {
+    Examination examination(request, compressor, calculator);
+    examination.run();
+    return {std::move(examination.candidates), std::move(examination.rejection), examination.calculations};
+}
+
+/// The best first; equal ones in the order of the catalogue.
+void rank(std::vector<Candidate>& candidates) {
+    std::ranges::stable_sort(candidates, {}, [](const Candidate& candidate) {
+        return std::tuple(-candidate.cop, std::abs(candidate.deviation));
+    });
+}
+
+FindResult resultOf(std::shared_ptr<const PreparedCatalogue> catalogue, std::vector<Answer> answers) {
+    FindResult result{.catalogue = std::move(catalogue)};
+    for (Answer& answer : answers) {
+        result.calculations += answer.calculations;
+        result.candidates.insert(result.candidates.end(), answer.candidates.begin(), answer.candidates.end());
+        if (answer.candidates.empty()) result.rejections.push_back(std::move(answer.rejection));
+    }
+    rank(result.candidates);
+    return result;
+}
+
+}  // namespace
+
+const Candidate* FindResult::nearest() const {
+    const Candidate* best = nullptr;
+    for (const Rejection& rejection : rejections) {
+        if (!rejection.nearest) continue;
+        if (best == nullptr || std::abs(rejection.nearest->deviation) < std::abs(best->deviation))
+            best = &*rejection.nearest;
+    }
+    return best;
+}
+
+FindResult find(const FindRequest& request, std::shared_ptr<const PreparedCatalogue> catalogue,
+                Calculator& calculator, FindProgress* progress) {
+    check(request);
+    const auto choice = choiceOf(request, *catalogue);
+    if (progress != nullptr) progress->count = choice.size();
+    std::vector<Answer> answers;
+    answers.reserve(choice.size());
+    for (const PreparedCompressor* compressor : choice) {
+        answers.push_back(examine(request, *compressor, calculator));
+        if (progress != nullptr) ++progress->done;
+    }
+    return resultOf(std::move(catalogue), std::move(answers));
+}
+
+FindResult find(const FindRequest& request, std::shared_ptr<const PreparedCatalogue> catalogue,
+                CalculatorPool& pool, FindProgress* progress) {
+    check(request);
+    const auto choice = choiceOf(request, *catalogue);
+    if (progress != nullptr) progress->count = choice.size();
+    std::vector<Answer> answers(choice.size());
+    const bool isComplete = pool.run(choice.size(), [&](Calculator& calculator, std::size_t index) {
+        answers[index] = examine(request, *choice[index], calculator);
+        if (progress != nullptr) ++progress->done;
+    });
+    if (!isComplete) return {.catalogue = std::move(catalogue), .isAborted = true};
+    return resultOf(std::move(catalogue), std::move(answers));
+}
+
+}  // namespace marvello

@@ -1,0 +1,43 @@
+#include "engine/PermittedConditions.h"
+
+namespace marvello {
+
+namespace {
+
+using Conditions = clsProjectConditions;
+
+template <auto... members>
+bool putBackMembers(Conditions& conditions, const Conditions& neutral) {
+    const bool differs = ((conditions.*members != neutral.*members) || ...);
+    ((conditions.*members = neutral.*members), ...);
+    return differs;
+}
+
+struct Rule {
+    Selector selector;
+    bool (*putBack)(Conditions& conditions, const Conditions& neutral);
+};
+
+constexpr Rule rules[] = {
+    {Selector::economizer, putBackMembers<&Conditions::EcoCalculateMode>},
+    {Selector::stepCapacity, putBackMembers<&Conditions::StepCapacity>},
+    {Selector::oilCooling, putBackMembers<&Conditions::OilCoolingCalculateMode>},
+    {Selector::motorVoltage, putBackMembers<&Conditions::MotorVoltage, &Conditions::MotorHz>},
+    {Selector::motorSize, putBackMembers<&Conditions::MotorSize>},
+    {Selector::motorRpm, putBackMembers<&Conditions::MotorRPM>},
+};
+
+}  // namespace
+
+PermittedConditions permittedConditions(const PreparedCompressor& compressor, const Conditions& conditions) {
+    PermittedConditions permitted{.conditions = conditions};
+    if (compressor.hasInvert) return permitted;
+    const Conditions neutral = conditionsAt(conditions.TEvaporatingDew, conditions.TCondensationDew);
+    const unsigned mask = permittedSelectors(*compressor.traits, refrigerantTraits(compressor.Refrigerant));
+    for (const auto& [selector, putBack] : rules)
+        if (!allows(mask, selector) && putBack(permitted.conditions, neutral))
+            permitted.putBack |= static_cast<unsigned>(selector);
+    return permitted;
+}
+
+}  // namespace marvello
