@@ -10,6 +10,7 @@
 #include "controls/AdvanceText.h"
 #include "controls/FieldNote.h"
 #include "controls/ProgressBar.h"
+#include "controls/TagBox.h"
 #include "controls/ctlGraph.h"
 
 namespace marvello {
@@ -151,6 +152,39 @@ class Progress : public QAccessibleWidget, public QAccessibleValueInterface {
     ProgressBar* bar_;
 };
 
+/// A field that holds several choices.
+class Tags : public QAccessibleWidget {
+  public:
+    explicit Tags(TagBox* box) : QAccessibleWidget(box, QAccessible::ComboBox), box_(box) {}
+    ~Tags() override = default;
+    Tags(const Tags&) = delete;
+    Tags& operator=(const Tags&) = delete;
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? box_->chosen().join(QStringLiteral(", "))
+                                          : QAccessibleWidget::text(kind);
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.hasPopup = true;
+        state.expandable = true;
+        state.expanded = box_->isOpen();
+        state.collapsed = !state.expanded;
+        state.invalid = box_->isInvalid();
+        return state;
+    }
+    QStringList actionNames() const override { return {showMenuAction(), setFocusAction()}; }
+    void doAction(const QString& name) override {
+        if (name == showMenuAction())
+            box_->open();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+  private:
+    TagBox* box_;
+};
+
 /// The caller owns what is returned; null for a control that Qt knows itself.
 QAccessibleInterface* interfaceOf(const QString& className, QObject* object) {
     if (className == u"QLineEdit") {
@@ -164,6 +198,8 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object) {
     if (className == QLatin1String(ctlGraph::staticMetaObject.className())) return plain(QAccessible::Chart);
     if (className == QLatin1String(FieldNote::staticMetaObject.className()))
         return plain(QAccessible::AlertMessage);
+    if (className == QLatin1String(TagBox::staticMetaObject.className()))
+        return std::make_unique<Tags>(qobject_cast<TagBox*>(object)).release();
     if (className == QLatin1String(ProgressBar::staticMetaObject.className()))
         return std::make_unique<Progress>(qobject_cast<ProgressBar*>(object)).release();
     return nullptr;

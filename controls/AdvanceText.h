@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 
+#include "controls/FieldFrame.h"
 #include "controls/FieldState.h"
 
 class QLineEdit;
@@ -76,7 +77,7 @@ class AdvanceText : public QWidget {
     Q_PROPERTY(bool Derived READ Derived WRITE SetDerived)
 
   public:
-    static constexpr int halo = 3;
+    static constexpr int halo = FieldFrame::halo;
     static constexpr int boxHeight = 28;
     /// What KeyPress reports for both Enter keys: the carriage return.
     static constexpr int enterCode = 13;

@@ -11,6 +11,7 @@
 
 #include "controls/Accessibility.h"
 #include "controls/AdvanceText.h"
+#include "controls/FieldFrame.h"
 #include "controls/FieldNote.h"
 #include "controls/Icons.h"
 #include "controls/Look.h"
@@ -130,28 +131,13 @@ void AdvanceText::paintCaption(QPainter& painter) const {
 }
 
 void AdvanceText::paintBox(QPainter& painter) const {
-    const Look& look = Look::current();
-    const bool focused = state_.isActive();
-    const QRectF frame = boxRect().adjusted(0.5, 0.5, -0.5, -0.5);
-    if (focused && isEnabled() && !isInvalid()) {
-        painter.setPen(QPen(look.focusHalo, halo));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(boxRect().adjusted(-1.5, -1.5, 1.5, 1.5), 5.5, 5.5);
-    }
-    QColor border = orElse(textBordersColor_, state_.isHovered() ? look.text : look.controlLine);
-    QColor ground = orElse(textBackColor_, look.surface);
-    if (focused) border = look.accent;
-    if (isInvalid()) {
-        border = look.red;
-        ground = look.errorTint;
-    }
-    if (!isEnabled()) {
-        border = look.line;
-        ground = look.surfaceAlt;
-    }
-    painter.setPen(QPen(border, isInvalid() ? 2 : 1));
-    painter.setBrush(ground);
-    painter.drawRoundedRect(isInvalid() ? frame.adjusted(0.5, 0.5, -0.5, -0.5) : frame, 4, 4);
+    FieldFrame{.isFocused = state_.isActive(),
+               .isHovered = state_.isHovered(),
+               .isInvalid = isInvalid(),
+               .isEnabled = isEnabled(),
+               .border = textBordersColor_,
+               .ground = textBackColor_}
+        .paint(painter, boxRect());
 }
 
 void AdvanceText::paintUnit(QPainter& painter) const {

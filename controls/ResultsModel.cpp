@@ -26,6 +26,8 @@ QVariant ResultsModel::headerData(int section, Qt::Orientation orientation, int 
     const Column& column = columns_[static_cast<std::size_t>(section)];
     if (role == Qt::DisplayRole) return column.text;
     if (role == Qt::ToolTipRole) return column.description;
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(column.kind == Kind::words ? Qt::AlignLeft : Qt::AlignRight);
     return {};
 }
 
@@ -39,8 +41,10 @@ QString ResultsModel::spoken(const Row& row, int column) const {
     if (column == 0)
         return row.markText.isEmpty() ? row.label : row.label + QStringLiteral(", ") + row.markText;
     // A figure says what it is, as a heading far above it does for the eye.
-    const auto [name, unit] = TwoLineHeader::lines(columns_[static_cast<std::size_t>(column)].text);
+    const auto [name, unit] = TwoLineHeader::lines(this->column(column).text);
     const QString value = row.values.value(column - 1).trimmed();
+    if (this->column(column).kind == Kind::words)
+        return QStringList{name, value, row.asides.value(column).note}.join(u' ').trimmed();
     return QStringList{name, value.isEmpty() ? QStringLiteral("\u2013") : value, unit}.join(u' ').trimmed();
 }
 
@@ -48,6 +52,7 @@ void ResultsModel::clear() {
     beginResetModel();
     columns_.clear();
     rows_.clear();
+    hasGroups_ = false;
     endResetModel();
 }
 
@@ -59,6 +64,7 @@ void ResultsModel::setColumns(std::vector<Column> columns) {
 
 void ResultsModel::add(Row row) {
     beginInsertRows({}, rowCount(), rowCount());
+    hasGroups_ = hasGroups_ || row.isGroup;
     rows_.push_back(std::move(row));
     endInsertRows();
 }

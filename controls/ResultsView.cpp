@@ -9,6 +9,8 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <numeric>
 #include <utility>
 
@@ -30,6 +32,10 @@ constexpr int rowIndent = 24;
 constexpr int plainIndent = 12;
 constexpr int markGap = 8;
 constexpr int sidePadding = 10;
+constexpr int noteGap = 8;
+constexpr int barWidth = 64;
+constexpr int barHeight = 14;
+constexpr int deviationText = 58;  // the widest is "+100.0 %"
 
 /// How wide a text is at most: its signs next to each other, each asked for once. To shape a text costs a
 /// hundred times as much, and most of a column fit into its width without.
@@ -68,11 +74,12 @@ class CellDelegate : public QStyledItemDelegate {
         painter->setPen(Look::current().text);
         painter->setFont(lookFont(13, row.isGroup ? QFont::Medium : QFont::Normal));
         if (index.column() > 0) {
-            painter->drawText(option.rect.adjusted(4, 0, -sidePadding, 0), Qt::AlignRight | Qt::AlignVCenter,
-                              text);
+            paintValue(*painter, option.rect.adjusted(4, 0, -sidePadding, 0), text, row, index.column());
             return;
         }
-        const int indent = row.mark.isEmpty() ? plainIndent : row.isGroup ? groupIndent : rowIndent;
+        const int indent = row.mark.isEmpty()                   ? plainIndent
+                           : row.isGroup || !model_.hasGroups() ? groupIndent
+                                                                : rowIndent;
         QRect place = option.rect.adjusted(indent, 0, 0, 0);
         if (!row.mark.isEmpty()) {
             const int top = place.top() + (place.height() - markSize) / 2;
@@ -83,6 +90,47 @@ class CellDelegate : public QStyledItemDelegate {
     }
 
   private:
+    void paintValue(QPainter& painter, const QRect& room, const QString& text, const ResultsModel::Row& row,
+                    int number) const {
+        const ResultsModel::Column& column = model_.column(number);
+        const ResultsModel::Aside aside = row.asides.value(number);
+        if (column.kind == ResultsModel::Kind::words) {
+            const int indent = sidePadding - 4;
+            QRect place = room.adjusted(indent, 0, sidePadding, 0);
+            painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, text);
+            place.adjust(painter.fontMetrics().horizontalAdvance(text) + noteGap, 0, 0, 0);
+            painter.setPen(Look::current().muted);
+            painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, aside.note);
+            return;
+        }
+        painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, text);
+        if (column.kind == ResultsModel::Kind::deviation && !text.trimmed().isEmpty())
+            paintDeviation(painter, room, aside.deviation, column);
+        if (aside.icon.isEmpty()) return;
+        const int end = room.right() + 1 - painter.fontMetrics().horizontalAdvance(text) - noteGap;
+        const QRect place(end - markSize, room.center().y() - markSize / 2 + 1, markSize, markSize);
+        paintIcon(painter, place, aside.icon, Look::current().muted);
+    }
+
+    /// A line as long as the tolerance, a tick at the need, and a bar from there to the value.
+    static void paintDeviation(QPainter& painter, const QRect& room, double deviation,
+                               const ResultsModel::Column& column) {
+        const Look& look = Look::current();
+        const QRect bar(room.right() + 1 - deviationText - barWidth, room.center().y() - barHeight / 2,
+                        barWidth, barHeight);
+        const double whole = column.below + column.above;
+        const auto placeOf = [&](double at) {
+            const double share = whole > 0 ? (column.below + at) / whole : 0.5;
+            return bar.left() + static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * barWidth));
+        };
+        const int need = placeOf(0);
+        const int value = placeOf(deviation);
+        painter.fillRect(QRect(bar.left(), bar.center().y(), barWidth, 1), look.line);
+        painter.fillRect(QRect(std::min(need, value), bar.center().y() - 2, std::abs(value - need), 5),
+                         look.muted);
+        painter.fillRect(QRect(need, bar.top(), 1, barHeight), look.text);
+    }
+
     const ResultsModel& model_;
 };
 
@@ -151,6 +199,12 @@ void ResultsView::setSortable() {
     });
 }
 
+void ResultsView::setColumnMenu() {
+    headings_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(headings_, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& at) { emit columnMenuRequested(headings_->mapToGlobal(at)); });
+}
+
 void ResultsView::markSorted(const QString& column, bool descending) {
     headings_->setSortMark(static_cast<int>(columnKeys().indexOf(column)), descending);
 }
@@ -166,13 +220,20 @@ int ResultsView::fittingWidth(int column) const {
     const QFontMetrics metrics(lookFont());
     const QString header = columnTexts().at(column);
     int width = std::max(column == 0 ? firstWidth : otherWidth, TwoLineHeader::widthOf(header));
+    const ResultsModel::Kind kind = model_.column(column).kind;
+    if (kind == ResultsModel::Kind::deviation)
+        return std::max(width, barWidth + deviationText + sidePadding + 4);
     const int around = column == 0 ? rowIndent + markSize + markGap + sidePadding : sidePadding + 4;
     WidthBound bound(metrics);
     for (int row = 0; row < model_.rowCount(); ++row) {
         if (column == 0 && isGroup(row)) continue;
-        const QString shown = text(row, column);
-        if (bound.of(shown) + around > width)
-            width = std::max(width, metrics.horizontalAdvance(shown) + around);
+        QString shown = text(row, column);
+        const ResultsModel::Aside aside = model_.row(row).asides.value(column);
+        const int beside =
+            around + (aside.icon.isEmpty() ? 0 : markSize + noteGap) + (aside.note.isEmpty() ? 0 : noteGap);
+        shown += aside.note;
+        if (bound.of(shown) + beside > width)
+            width = std::max(width, metrics.horizontalAdvance(shown) + beside);
     }
     return width;
 }

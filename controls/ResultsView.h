@@ -32,6 +32,8 @@ class ResultsView : public QTreeView {
     void setSpokenGroup(const QString& pattern) { spokenGroup_ = pattern; }
     /// Lets a click on a heading, or its keys, ask for another order of the rows.
     void setSortable();
+    /// Lets the menu key, or the right mouse button, on the headings ask for the menu of the columns.
+    void setColumnMenu();
     /// Marks the column by which the rows are sorted; a key that no column has marks none.
     void markSorted(const QString& column, bool descending);
     void addGroup(const QString& key, const QString& text);
@@ -67,6 +69,8 @@ class ResultsView : public QTreeView {
     void rowSelected();
     /// A heading was clicked, or chosen with its keys.
     void headingClicked(const QString& column);
+    /// The menu of the columns was asked for, at a place of the screen.
+    void columnMenuRequested(const QPoint& place);
     /// The keys of copying were pressed.
     void copyRequested();
 

@@ -116,6 +116,12 @@ bool TwoLineHeader::hasUnits() const {
     return false;
 }
 
+bool TwoLineHeader::isLeftAligned(int section) const {
+    return section == 0 ||
+           model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::AlignmentFlag>() ==
+               Qt::AlignLeft;
+}
+
 bool TwoLineHeader::isOverFirst(const QMouseEvent& event) const {
     constexpr int grip = 4;  // the edge by which a column is made wider
     return count() > 0 && event.position().x() < sectionSize(0) + grip;
@@ -182,20 +188,25 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int secti
         if (section == sortSection_)
             paintArrow(*painter, {end + 10.0, rect.center().y() + 0.5}, isDescending_);
     } else {
-        const QRect inner = rect.adjusted(4, 5, -sidePadding, -5);
+        const bool isAtLeft = isLeftAligned(section);
+        const QRect inner =
+            isAtLeft ? rect.adjusted(sidePadding, 5, -4, -5) : rect.adjusted(4, 5, -sidePadding, -5);
+        const Qt::Alignment side = isAtLeft ? Qt::AlignLeft : Qt::AlignRight;
         const int unitHeight = hasUnits() ? inner.height() / 2 : 0;
-        painter->drawText(inner.adjusted(0, 0, 0, -unitHeight), Qt::AlignRight | Qt::AlignVCenter, name);
+        painter->drawText(inner.adjusted(0, 0, 0, -unitHeight), side | Qt::AlignVCenter, name);
         painter->setPen(look.muted);
         painter->setFont(unitFont());
-        painter->drawText(inner.adjusted(0, inner.height() / 2, 0, 0), Qt::AlignRight | Qt::AlignVCenter,
-                          unit);
+        painter->drawText(inner.adjusted(0, inner.height() / 2, 0, 0), side | Qt::AlignVCenter, unit);
         if (section == sortSection_) {
-            // Left of the name, which ends where the numbers do.
-            const int start = inner.right() - QFontMetrics(nameFont()).horizontalAdvance(name);
+            // Next to the name, on the side where it does not begin or end with the values.
+            const int width = QFontMetrics(nameFont()).horizontalAdvance(name);
             const double middle = inner.top() + (inner.height() - unitHeight) / 2.0;
-            paintArrow(*painter, {std::max(start - 8.0, rect.left() + 5.0), middle}, isDescending_);
+            const double left = std::max(inner.right() - width - 8.0, rect.left() + 5.0);
+            paintArrow(*painter, {isAtLeft ? inner.left() + width + 10.0 : left, middle}, isDescending_);
         }
     }
+    if (section == sortSection_)
+        painter->fillRect(QRect(rect.left(), rect.bottom() - 1, rect.width(), 2), look.accent);
     if (hasFocus() && section == sectionInUse()) {
         painter->setPen(QPen(look.accent, 2));
         painter->setBrush(Qt::NoBrush);

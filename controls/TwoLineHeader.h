@@ -7,7 +7,7 @@ namespace marvello {
 /// Paints a column text "name(unit)" in two lines, the name above the unit; an empty "()" is dropped,
 /// and a name without a unit is on the line of the other names, or in the middle if no column has a unit. The
 /// text of the model stays whole. The first column stays in place when the others scroll sideways. An arrow
-/// marks the column that the rows are sorted by.
+/// and a line mark the column that the rows are sorted by.
 class TwoLineHeader : public QHeaderView {
     Q_OBJECT
 
@@ -49,6 +49,7 @@ class TwoLineHeader : public QHeaderView {
     int sectionInUse() const;
 
     bool hasUnits() const;
+    bool isLeftAligned(int section) const;
     bool isOverFirst(const QMouseEvent& event) const;
     QMouseEvent inSections(const QMouseEvent& event) const;
 

@@ -20,6 +20,7 @@ namespace {
 constexpr int rowHeight = 26;
 constexpr int padding = 4;
 constexpr int keyRole = Qt::UserRole;
+constexpr int noteRole = Qt::UserRole + 1;
 // In front of every key: it keeps a numeric key apart from a position.
 const QString keyPrefix = QStringLiteral("@");
 const QString allKey = QStringLiteral("@*");
@@ -54,6 +55,10 @@ class RowDelegate : public QStyledItemDelegate {
         painter->setFont(index.data(Qt::FontRole).isValid() ? index.data(Qt::FontRole).value<QFont>()
                                                             : option.font);
         painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
+        if (const QString note = index.data(noteRole).toString(); !note.isEmpty()) {
+            painter->setPen(look.muted);
+            painter->drawText(text, Qt::AlignRight | Qt::AlignVCenter, note);
+        }
     }
 };
 
@@ -109,7 +114,12 @@ void ctlCombo::Populate(const QString& list, const QString& keys, bool inert, bo
     for (const QString& entry : list.split(u';', Qt::SkipEmptyParts)) {
         const qsizetype mark = entry.indexOf(u'|');
         const QString key = (mark < 0 ? entry : entry.left(mark)).trimmed();
-        auto* item = new QListWidgetItem(mark < 0 ? entry : entry.mid(mark + 1), list_);
+        const QString description = mark < 0 ? entry : entry.mid(mark + 1);
+        auto* item = new QListWidgetItem(description.section(noteMark, 0, 0), list_);
+        if (const QString note = description.section(noteMark, 1); !note.isEmpty()) {
+            item->setData(noteRole, note);
+            item->setData(Qt::AccessibleTextRole, item->text() + QStringLiteral(", ") + note);
+        }
         item->setData(keyRole, keyPrefix + key);
         const bool isChosen = chosen.contains(key, Qt::CaseInsensitive);
         if (checkBoxes) item->setCheckState(isChosen ? Qt::Checked : Qt::Unchecked);

@@ -19,6 +19,9 @@ class ctlCombo : public QFrame {
     Q_PROPERTY(int ListCount READ ListCount)
 
   public:
+    /// In a description it parts the text of a row from what is said behind it, quieter.
+    static constexpr QChar noteMark = u'\t';
+
     explicit ctlCombo(QWidget* parent = nullptr);
 
     /// Fills the list. `keys` are the chosen keys joined by ";". With `inert` a click chooses nothing by

@@ -27,7 +27,7 @@ std::span<const CommandDefinition> allCommands() {
         {exportList, "mnu_tools_export_cps", "mdimain.menu.tools.export.cps", nullptr, QKeySequence::Save,
          Needs::results},
         {exportPolynomials, "mnu_tools_export_polynomials", "mdimain.menu.tools.export.polynomials", nullptr,
-         Qt::CTRL | Qt::SHIFT | Qt::Key_S, Needs::results},
+         Qt::CTRL | Qt::SHIFT | Qt::Key_S, Needs::selectionResults},
         {copy, "mnu_tools_copytoclipboard", "mdimain.menu.tools.copytoclipboard", "copy", QKeySequence::Copy,
          Needs::copyableRow, "mnu_cpspopup_copyclipboard", "mdimain.menu.cpspopup.copytoclipboard"},
         {collapseInputs, "frameresize", "mdimain.toolbar.frameresize", "panel", Qt::Key_F9, Needs::form},

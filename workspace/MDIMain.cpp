@@ -74,7 +74,7 @@ MDIMain::~MDIMain() {
     // The forms report their end to this window: they go first.
     disconnect(area_, nullptr, this, nullptr);
     for (QMdiSubWindow* window : area_->subWindowList()) disconnect(window, nullptr, this, nullptr);
-    for (SelectionForm* form : forms()) disconnect(form, nullptr, this, nullptr);
+    for (InputForm* form : forms()) disconnect(form, nullptr, this, nullptr);
 }
 
 void MDIMain::makeWorkArea() {
@@ -96,7 +96,7 @@ void MDIMain::makeWorkArea() {
     connect(area_, &QMdiArea::subWindowActivated, this, &MDIMain::activated);
     connect(TabStrip_, &QTabBar::currentChanged, this, [this](int tab) {
         for (QMdiSubWindow* window : area_->subWindowList())
-            if (const auto* form = qobject_cast<SelectionForm*>(window->widget());
+            if (const auto* form = qobject_cast<InputForm*>(window->widget());
                 form && form->Key() == TabStrip_->key(tab) && area_->activeSubWindow() != window)
                 area_->setActiveSubWindow(window);
     });
@@ -160,7 +160,7 @@ void MDIMain::chooseLanguage(const QString& language) {
     user.language = toCore(language);
     gApplication().SaveUserInformation(user);
     Traduci();
-    for (SelectionForm* form : forms()) {
+    for (InputForm* form : forms()) {
         form->Traduci();
         describe(*form);
         TabStrip_->setTabText(TabStrip_->indexOf(form->Key()), form->Description());
@@ -191,23 +191,24 @@ void MDIMain::newForm() {
     }
 }
 
-SelectionForm* MDIMain::newSelection() {
+SelectionForm* MDIMain::newSelection() { return openNew<frmSelection>(); }
+
+SelectionForm* MDIMain::newInverterSelection() { return openNew<frmselectionInverter>(); }
+
+template <class Form>
+Form* MDIMain::openNew() {
     const WaitCursor wait;
-    return open(std::make_unique<frmSelection>());
+    // The frame of the form owns it.
+    Form* form = std::make_unique<Form>().release();
+    open(form);
+    return form;
 }
 
-SelectionForm* MDIMain::newInverterSelection() {
-    const WaitCursor wait;
-    return open(std::make_unique<frmselectionInverter>());
-}
-
-// The frame of the form owns it from here on.
-SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made) {
-    SelectionForm* form = made.release();
+void MDIMain::open(InputForm* form) {
     QWidget* const firstInUse = form->focusWidget();
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
     // From the form at hand, of either kind; the first form goes on where the one before it ended.
-    const SelectionForm* active = ActiveForm();
+    const InputForm* active = ActiveForm();
     form->takeOver(active ? active->state() : keptFormState(form->objectName()));
     const QString number = QString::number(++formNumber_);
     const QIcon picture =
@@ -219,10 +220,10 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made) {
     form->setSizes({settings::panelWidth.value(), settings::listHeight.value()});
 
     const QString key = form->Key();
-    connect(form, &SelectionForm::stateChanged, this, &MDIMain::refreshState);
-    connect(form, &SelectionForm::sizesChanged, this, [this, form] { keepSizes(*form); });
-    connect(form, &SelectionForm::guideRequested, this, &MDIMain::showGuide);
-    connect(form, &SelectionForm::exported, this, [this](const QString& note) {
+    connect(form, &InputForm::stateChanged, this, &MDIMain::refreshState);
+    connect(form, &InputForm::sizesChanged, this, [this, form] { keepSizes(*form); });
+    connect(form, &InputForm::guideRequested, this, &MDIMain::showGuide);
+    connect(form, &InputForm::exported, this, [this](const QString& note) {
         constexpr int shown = 15000;  // milliseconds
         statusBar()->showMessage(note, shown);
     });
@@ -238,14 +239,14 @@ SelectionForm* MDIMain::open(std::unique_ptr<SelectionForm> made) {
     // The menu of the program closes forms; two holders of one key would leave it without effect.
     for (QAction* action : window->systemMenu()->actions()) action->setShortcuts({});
     connect(window, &QMdiSubWindow::windowStateChanged, this, &MDIMain::hideChildControls);
-    form->populateLVCPS(cmbGroupBy_->Key().toInt());
+    if (auto* selection = qobject_cast<SelectionForm*>(form))
+        selection->populateLVCPS(cmbGroupBy_->Key().toInt());
     window->showMaximized();
     TabStrip_->setCurrentIndex(tab);
     OpenForms();
-    return form;
 }
 
-void MDIMain::describe(SelectionForm& form) {
+void MDIMain::describe(InputForm& form) {
     const QString number = form.Key().chopped(QStringLiteral("Selection").size());
     const QString what =
         dictionaryText(form.TypeForm() == onInverter.typeForm ? QStringLiteral("formselection.inverter")
@@ -253,20 +254,20 @@ void MDIMain::describe(SelectionForm& form) {
     form.setDescription(number + u' ' + what.trimmed());
 }
 
-SelectionForm* MDIMain::ActiveForm() const {
+InputForm* MDIMain::ActiveForm() const {
     const QMdiSubWindow* window = area_->currentSubWindow();
-    return window ? qobject_cast<SelectionForm*>(window->widget()) : nullptr;
+    return window ? qobject_cast<InputForm*>(window->widget()) : nullptr;
 }
 
-QList<SelectionForm*> MDIMain::forms() const {
-    QList<SelectionForm*> result;
+QList<InputForm*> MDIMain::forms() const {
+    QList<InputForm*> result;
     for (const QMdiSubWindow* window : area_->subWindowList())
-        if (auto* form = qobject_cast<SelectionForm*>(window->widget())) result += form;
+        if (auto* form = qobject_cast<InputForm*>(window->widget())) result += form;
     return result;
 }
 
 void MDIMain::activated(QMdiSubWindow* window) {
-    if (const auto* form = window ? qobject_cast<SelectionForm*>(window->widget()) : nullptr)
+    if (const auto* form = window ? qobject_cast<InputForm*>(window->widget()) : nullptr)
         TabStrip_->setCurrentIndex(TabStrip_->indexOf(form->Key()));
     hideChildControls();
     refreshState();
@@ -287,20 +288,22 @@ void MDIMain::OpenForms() {
 }
 
 void MDIMain::refreshState() {
-    const SelectionForm* form = TabStrip_->count() > 0 ? ActiveForm() : nullptr;
+    const InputForm* form = TabStrip_->count() > 0 ? ActiveForm() : nullptr;
     const bool hasResults = form && form->hasResults();
+    const bool isSelection = qobject_cast<const SelectionForm*>(form) != nullptr;
     commands_.enable(Needs::results, hasResults);
+    commands_.enable(Needs::selectionResults, hasResults && isSelection);
     commands_.enable(Needs::copyableRow, form && form->results().canCopy());
     commands_.enable(Needs::printableRow, form && form->results().canPrint());
     commands_[Command::collapseInputs]->setChecked(form && form->isCollapsed());
-    cmbGroupBy_->setEnabled(hasResults);
+    cmbGroupBy_->setEnabled(hasResults && isSelection);
     cmbmeasureunits_->setEnabled(form != nullptr);
     // Each form keeps its own system of units.
     if (form) showKey(cmbmeasureunits_, QString::number(form->MeasureUnit()));
     refreshStatus(form);
 }
 
-void MDIMain::refreshStatus(const SelectionForm* form) {
+void MDIMain::refreshStatus(const InputForm* form) {
     subject_->setText(form ? form->subject() : dictionaryText(QStringLiteral("mdimain.status.ready")));
     separator_->setVisible(form != nullptr);
     if (!form) {
@@ -308,18 +311,13 @@ void MDIMain::refreshStatus(const SelectionForm* form) {
     } else if (!form->hasResults()) {
         counts_->setText(dictionaryText(QStringLiteral("mdimain.status.notcalculated")));
     } else {
-        const int good = form->results().countOf(Verdict::possible);
-        const int warned = form->results().countOf(Verdict::possibleWithWarnings);
-        const int stopped = form->results().countOf(Verdict::notPossible);
-        counts_->setText(filled(dictionaryText(QStringLiteral("mdimain.status.counts")),
-                                {QString::number(good + warned + stopped), QString::number(good),
-                                 QString::number(warned), QString::number(stopped)}));
+        counts_->setText(form->counts());
     }
 }
 
 void MDIMain::closeAll() {
     // Kept: forms of inverter compressors stay open: the command closes the others alone.
-    for (SelectionForm* form : forms())
+    for (InputForm* form : forms())
         if (qobject_cast<frmSelection*>(form)) form->Quit();
 }
 
@@ -330,7 +328,7 @@ void MDIMain::restoreSizes() {
     showKey(cmbGroupBy_, QString::number(settings::groupBy.value()));
 }
 
-void MDIMain::keepSizes(const SelectionForm& form) {
+void MDIMain::keepSizes(const InputForm& form) {
     QSettings store = userSettings();
     settings::panelWidth.keep(form.sizes().panelWidth, store);
     settings::listHeight.keep(form.sizes().listHeight, store);
@@ -341,7 +339,7 @@ void MDIMain::closeEvent(QCloseEvent* event) {
     settings::frame.keep(saveGeometry(), store);
     settings::measureUnit.keep(cmbmeasureunits_->Key().toInt(), store);
     settings::groupBy.keep(cmbGroupBy_->Key().toInt(), store);
-    if (const SelectionForm* form = ActiveForm()) keepFormState(form->objectName(), form->state());
+    if (const InputForm* form = ActiveForm()) keepFormState(form->objectName(), form->state());
     QMainWindow::closeEvent(event);
 }
 
@@ -356,7 +354,7 @@ bool MDIMain::eventFilter(QObject* watched, QEvent* event) {
 // The keys of a form, where the focus is in the tool bar, the tabs or the frame itself. In a form they are
 // its own.
 bool MDIMain::tookKey(const QWidget& focused, const QKeyEvent& key) {
-    SelectionForm* form = ActiveForm();
+    InputForm* form = ActiveForm();
     // A key that no control took goes up to the frame as well: it counts where it was pressed.
     if (key.modifiers() != Qt::NoModifier || focused.window() != this || !focused.hasFocus() ||
         (form && form->isAncestorOf(&focused)))

@@ -21,6 +21,7 @@ class DropList;
 class FormFocus;
 class TabBand;
 class TabStrip;
+class InputForm;
 class SelectionForm;
 class WorkArea;
 
@@ -40,8 +41,8 @@ class MDIMain : public QMainWindow {
     /// Open a new form with its tab.
     SelectionForm* newSelection();
     SelectionForm* newInverterSelection();
-    SelectionForm* ActiveForm() const;
-    QList<SelectionForm*> forms() const;
+    InputForm* ActiveForm() const;
+    QList<InputForm*> forms() const;
 
     /// Loads the dictionary of a language against the default language.
     void populateDictionary(const QString& language);
@@ -56,21 +57,23 @@ class MDIMain : public QMainWindow {
 
   private:
     // MDIMain.cpp
-    SelectionForm* open(std::unique_ptr<SelectionForm> made);
+    template <class Form>
+    Form* openNew();
+    void open(InputForm* form);
     /// Describes a form by its number and what it is, in the user's language.
-    static void describe(SelectionForm& form);
+    static void describe(InputForm& form);
     void makeWorkArea();
     void makeStatusBar();
     void makeAlphaStamp();
     void populateLanguages();
     void OpenForms();
     void refreshState();
-    void refreshStatus(const SelectionForm* form);
+    void refreshStatus(const InputForm* form);
     void activated(QMdiSubWindow* window);
     void hideChildControls();
     void closeAll();
     void restoreSizes();
-    void keepSizes(const SelectionForm& form);
+    void keepSizes(const InputForm& form);
     bool turnedWheel(int delta);
     bool tookKey(const QWidget& focused, const QKeyEvent& key);
 

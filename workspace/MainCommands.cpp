@@ -107,26 +107,28 @@ void MDIMain::makeCommands() {
     };
     const auto onForm = [this, &on](Command command, auto act) {
         on(command, [this, act] {
-            if (SelectionForm* form = ActiveForm()) act(*form);
+            if (InputForm* form = ActiveForm()) act(*form);
         });
     };
     on(Command::newSelection, [this] { newForm(); });
-    onForm(Command::closeForm, [](SelectionForm& form) { form.Quit(); });
+    onForm(Command::closeForm, [](InputForm& form) { form.Quit(); });
     on(Command::closeAll, [this] { closeAll(); });
     on(Command::exit, [this] { close(); });
     // The key belongs to what has the focus: the list copies its rows, a field its text.
     commands_[Command::copy]->setShortcutContext(Qt::WidgetShortcut);
-    onForm(Command::copy, [](SelectionForm& form) { form.CopyToClipBoard(); });
-    onForm(Command::print, [](SelectionForm& form) { form.PrintReport(false); });
-    onForm(Command::printPreview, [](SelectionForm& form) { form.PrintReport(true); });
-    onForm(Command::exportList, [](SelectionForm& form) { form.ExportCPS(); });
-    onForm(Command::exportPolynomials, [](SelectionForm& form) { form.ExportPolynomials(); });
+    onForm(Command::copy, [](InputForm& form) { form.CopyToClipBoard(); });
+    onForm(Command::print, [](InputForm& form) { form.PrintReport(false); });
+    onForm(Command::printPreview, [](InputForm& form) { form.PrintReport(true); });
+    onForm(Command::exportList, [](InputForm& form) { form.ExportCPS(); });
+    onForm(Command::exportPolynomials, [](InputForm& form) {
+        if (auto* selection = qobject_cast<SelectionForm*>(&form)) selection->ExportPolynomials();
+    });
     commands_[Command::collapseInputs]->setCheckable(true);
     connect(commands_[Command::collapseInputs], &QAction::toggled, this, [this](bool collapse) {
-        if (SelectionForm* form = ActiveForm()) form->CloseFrame(collapse);
+        if (InputForm* form = ActiveForm()) form->CloseFrame(collapse);
     });
-    onForm(Command::previousRow, [](SelectionForm& form) { form.results().moveSelection(-1); });
-    onForm(Command::nextRow, [](SelectionForm& form) { form.results().moveSelection(1); });
+    onForm(Command::previousRow, [](InputForm& form) { form.results().moveSelection(-1); });
+    onForm(Command::nextRow, [](InputForm& form) { form.results().moveSelection(1); });
     on(Command::cascade, [this] { area_->cascadeSubWindows(); });
     on(Command::tileHorizontal, [this] { area_->tile(Qt::Vertical); });
     on(Command::tileVertical, [this] { area_->tile(Qt::Horizontal); });
@@ -209,13 +211,15 @@ QWidget* MDIMain::makeSelectors() {
     cmbmeasureunits_ = selector("cmbmeasureunits", selectors);
     cmbGroupBy_ = selector("cmbGroupBy", selectors);
     connect(cmbmeasureunits_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
-        SelectionForm* form = ActiveForm();
+        InputForm* form = ActiveForm();
         if (form && form->MeasureUnit() != key.toInt()) form->MeasureUnits(key.toInt(), true);
     });
     connect(cmbGroupBy_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
         // The other forms take it with their next list.
-        for (SelectionForm* form : forms()) form->results().setGrouping(static_cast<Grouping>(key.toInt()));
-        if (SelectionForm* form = ActiveForm()) form->results().relist();
+        for (InputForm* form : forms())
+            if (auto* selection = qobject_cast<SelectionForm*>(form))
+                selection->results().setGrouping(static_cast<Grouping>(key.toInt()));
+        if (InputForm* form = ActiveForm()) form->results().relist();
     });
     row->addWidget(cmbmeasureunits_);
     row->addWidget(cmbGroupBy_);

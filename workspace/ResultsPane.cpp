@@ -1,18 +1,12 @@
 #include "workspace/ResultsPane.h"
 
-#include <QAction>
-#include <QActionGroup>
-#include <QHeaderView>
-#include <QMenu>
 #include <QScrollBar>
-#include <QVBoxLayout>
 #include <algorithm>
 
 #include "controls/NumberText.h"
 #include "controls/ResultsView.h"
 #include "workspace/CompressorPages.h"
 #include "workspace/CopiedTable.h"
-#include "workspace/Pane.h"
 #include "workspace/ReportPreview.h"
 #include "workspace/ResultMarks.h"
 #include "workspace/SelectionReport.h"
@@ -21,8 +15,6 @@
 namespace marvello {
 
 namespace {
-
-constexpr int minPageHeight = 64;
 
 ResultsView::Row viewRowOf(const ResultRow& row) {
     QStringList values;
@@ -34,91 +26,13 @@ ResultsView::Row viewRowOf(const ResultRow& row) {
 }  // namespace
 
 ResultsPane::ResultsPane(SelectionRun& run, const SelectionInputs& inputs, QWidget* parent)
-    : Splitter(parent), run_(run), inputs_(inputs) {
-    setObjectName(QStringLiteral("Splitter2"));
-    makeList();
-    pages_ = new CompressorPages(inputs, this);
-    setUpPane(*pages_, "Frame4");
-    makePopUp();
-    SetOrientation(1);
-    SetMinSize1(minListHeight);
-    SetMinSize2(minPageHeight);
-    SetChild1(QStringLiteral("Frame3"));
-    SetChild2(QStringLiteral("Frame4"));
-    SetSplitterPos(listHeightAtStart);
-
-    const auto pageChanged = [this] {
-        mnu_cpspopup_->actions().at(pages_->current())->setChecked(true);
-        fillPage();
-    };
-    connect(pages_, &CompressorPages::pageChanged, this, pageChanged);
-    pageChanged();
-}
-
-void ResultsPane::makeList() {
-    auto* frame3 = new QWidget(this);
-    setUpPane(*frame3, "frame3");
-    lvCps_ = new ResultsView(frame3);
-    lvCps_->setObjectName(QStringLiteral("lvCps"));
-    lvCps_->setContextMenuPolicy(Qt::CustomContextMenu);
-    lvCps_->setSortable();
-    auto* column = new QVBoxLayout(frame3);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(lvCps_);
-    connect(lvCps_, &ResultsView::rowSelected, this, [this] {
-        fillPage();
-        emit selectionChanged();
-    });
-    connect(lvCps_, &QWidget::customContextMenuRequested, this, &ResultsPane::openPopUp);
+    : ListPane(inputs, parent), run_(run) {
     connect(lvCps_, &ResultsView::headingClicked, this, &ResultsPane::sortBy);
-    connect(lvCps_, &ResultsView::copyRequested, this, &ResultsPane::copy);
-}
-
-void ResultsPane::makePopUp() {
-    mnu_cpspopup_ = new QMenu(this);
-    mnu_cpspopup_->setObjectName(QStringLiteral("mnu_cpspopup"));
-    auto* shown = new QActionGroup(mnu_cpspopup_);
-    for (const CompressorPages::Page& page : CompressorPages::all()) {
-        QAction* entry = shown->addAction(mnu_cpspopup_->addAction(QString()));
-        entry->setObjectName(QStringLiteral("mnu_cpspopup_") + QLatin1String(page.key));
-        entry->setCheckable(true);
-        connect(entry, &QAction::triggered, this, [this, key = page.key] { selectPage(QLatin1String(key)); });
-        popUpEntries_.push_back({entry, page.menuTextKey, Needs::nothing});
-    }
-    mnu_cpspopup_->addSeparator();
-    addToPopUp(Command::copy, [this] { copy(); });
-    addToPopUp(Command::printPreview, [this] { print(true); });
-    addToPopUp(Command::print, [this] { print(false); });
-}
-
-void ResultsPane::addToPopUp(Command command, const std::function<void()>& act) {
-    const CommandDefinition& definition = definitionOf(command);
-    QAction* entry = mnu_cpspopup_->addAction(QString());
-    entry->setObjectName(QLatin1String(definition.popUpName));
-    // Only shown here: the list and the main window listen to the keys.
-    entry->setShortcutContext(Qt::WidgetShortcut);
-    entry->setShortcut(definition.keys);
-    entry->setShortcutVisibleInContextMenu(true);
-    connect(entry, &QAction::triggered, this, act);
-    popUpEntries_.push_back({entry, definition.popUpTextKey, definition.needs});
-}
-
-void ResultsPane::openPopUp(const QPoint& place) {
-    if (!selected()) return;
-    for (const PopUpEntry& entry : popUpEntries_)
-        if (entry.needs == Needs::printableRow) entry.action->setEnabled(canPrint());
-    mnu_cpspopup_->popup(lvCps_->viewport()->mapToGlobal(place));
 }
 
 void ResultsPane::translate() {
     columns_ = catalogueColumns();
-    lvCps_->header()->setAccessibleName(dictionaryText(QStringLiteral("frmselection.headings")));
-    lvCps_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.list")));
-    lvCps_->setSpokenGroup(dictionaryText(QStringLiteral("frmselection.list.group")));
-    for (const PopUpEntry& entry : popUpEntries_)
-        entry.action->setText(dictionaryText(QLatin1String(entry.textKey)));
-    pages_->translate();
-    relist();
+    ListPane::translate();
 }
 
 void ResultsPane::open() {
@@ -180,25 +94,16 @@ void ResultsPane::selectCompressor() {
     lvCps_->selectRow(first == run_.rows().end() ? 1 : static_cast<int>(first - run_.rows().begin()));
 }
 
-void ResultsPane::fillPage() {
-    if (!run_.hasResults()) return;
-    const int row = lvCps_->selectedRow();
-    const ResultRow* const result = selected();
-    pages_->showCompressor(result ? result->compressor.get() : nullptr,
-                           row >= 0 && lvCps_->isGroup(row) ? lvCps_->text(row, 0) : QString());
-}
-
-bool ResultsPane::selectPage(const QString& key) { return pages_->select(key); }
-
 const ResultRow* ResultsPane::selected() const { return run_.row(lvCps_->selectedRow()); }
+
+const clsCompressor* ResultsPane::selectedCompressor() const {
+    const ResultRow* const result = selected();
+    return result ? result->compressor.get() : nullptr;
+}
 
 bool ResultsPane::canPrint() const {
     const ResultRow* const result = selected();
     return result && result->compressor->Messages.Error.Count() == 0;
-}
-
-void ResultsPane::moveSelection(int rows) {
-    if (const int row = lvCps_->selectedRow(); row >= 0) lvCps_->selectRow(row + rows);
 }
 
 std::optional<ReportContent> ResultsPane::report() const {
@@ -234,8 +139,5 @@ void ResultsPane::copy() const {
     }
     copyTable(text, table);
 }
-
-QHash<QString, int> ResultsPane::chosenWidths() const { return lvCps_->chosenWidths(); }
-void ResultsPane::setChosenWidths(const QHash<QString, int>& widths) { lvCps_->setChosenWidths(widths); }
 
 }  // namespace marvello

@@ -108,7 +108,8 @@ TEST_P(ScenePicture, IsThatOfTheReference) {
 INSTANTIATE_TEST_SUITE_P(
     All, ScenePicture,
     ::testing::Values(Variant{scenes::controlScene(), false, 1}, Variant{scenes::controlScene(), true, 1},
-                      Variant{scenes::listScene(), false, 2}, Variant{scenes::graphScene(), true, 1},
+                      Variant{scenes::listScene(), false, 2}, Variant{scenes::filterScene(), false, 1},
+                      Variant{scenes::filterScene(), true, 1}, Variant{scenes::graphScene(), true, 1},
                       Variant{scenes::envelopeScene(), false, 2}, Variant{scenes::metafileScene(), false, 2},
                       Variant{scenes::pageScene(), false, 1}, Variant{scenes::reportScene(), false, 1},
                       Variant{scenes::fieldScene(), false, 2}, Variant{scenes::richTextScene(), false, 1},

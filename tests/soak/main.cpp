@@ -102,8 +102,8 @@ class Soak {
         return list[static_cast<decltype(std::size(list))>(random(static_cast<int>(std::size(list))))];
     }
     static void say(const QString& text) { std::cout << ' ' << text.toStdString() << std::flush; }
-    SelectionForm* form() const { return real_.window->ActiveForm(); }
-    static ResultsView& listOf(const SelectionForm& form) { return *form.findChild<ResultsView*>("lvCps"); }
+    InputForm* form() const { return real_.window->ActiveForm(); }
+    static ResultsView& listOf(const InputForm& form) { return *form.findChild<ResultsView*>("lvCps"); }
     void trigger(const char* command) {
         say(command);
         real_.window->findChild<QAction*>(QLatin1String(command))->trigger();
@@ -127,7 +127,7 @@ class Soak {
         const auto forms = real_.window->forms();
         demand(forms.size() == forms_,
                QString("There are %1 forms and not %2.").arg(forms.size()).arg(forms_));
-        for (const SelectionForm* each : forms) {
+        for (const InputForm* each : forms) {
             const bool isShown = each->hasResults();
             demand(isShown == (listOf(*each).rowCount() > 0),
                    "An empty list is shown, or one is kept where none is shown.");
@@ -270,9 +270,10 @@ class Soak {
     }
 
     void saveReportFile() {
+        const auto* selection = qobject_cast<SelectionForm*>(form());
         if (!form()->results().canPrint()) return;
         const QString file = folder_.filePath("report.pdf");
-        demand(saveReport(file, reportLayout(), *form()->results().report()).isEmpty(),
+        demand(saveReport(file, reportLayout(), *selection->results().report()).isEmpty(),
                "The report cannot be saved.");
         demandWhole(file);
     }
@@ -315,7 +316,7 @@ class Soak {
 
     void closeForm() {
         const bool isAll = random(8) == 0;
-        for (const SelectionForm* each : real_.window->forms())
+        for (const InputForm* each : real_.window->forms())
             forms_ -=
                 isAll ? each->TypeForm() == 0 : each == form();  // closing all leaves the forms of inverters
         trigger(isAll ? "mnu_file_closeall" : "mnu_file_close");

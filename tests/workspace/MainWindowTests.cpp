@@ -195,7 +195,7 @@ TEST_F(MainWindowTest, EveryFormHasItsTabAndItsKeys) {
     }
     EXPECT_EQ(tabs()->tabText(0), "1 Selection");
     EXPECT_EQ(tabs()->currentKey(), "2Selection");
-    SelectionForm* second = window->ActiveForm();
+    InputForm* second = window->ActiveForm();
     tabs()->setCurrentIndex(0);
     ASSERT_NE(window->ActiveForm(), second);
     const auto* splitter = control<Splitter>(*window->ActiveForm(), "Splitter1");

@@ -12,6 +12,7 @@
 #include "controls/AdvanceText.h"
 #include "controls/ContainerOld.h"
 #include "controls/FieldNote.h"
+#include "controls/FilterChip.h"
 #include "controls/Icons.h"
 #include "controls/Link.h"
 #include "controls/Look.h"
@@ -22,6 +23,8 @@
 #include "controls/ResultsView.h"
 #include "controls/Splitter.h"
 #include "controls/TabStrip.h"
+#include "controls/TagBox.h"
+#include "controls/WrapBar.h"
 #include "controls/ctlBtn.h"
 #include "controls/ctlCombo.h"
 #include "controls/ctlRoundRectangle.h"
@@ -346,7 +349,93 @@ std::unique_ptr<QWidget> moreFields() {
     return whole;
 }
 
+FilterChip* chip(WrapBar* bar, const char* caption, int count, bool isOn) {
+    auto* result = new FilterChip(bar);
+    result->setFilter(caption, count);
+    result->setChecked(isOn);
+    bar->add(result, FilterChip::ring);
+    return result;
+}
+
+TagBox* tags(QWidget* page, const char* caption, const QStringList& chosen) {
+    auto* box = new TagBox(page);
+    box->setCaption(caption, 112);
+    box->setEmptyText("Choose at least one");
+    box->setChoices({{"R134A", "A1"},
+                     {"R513A", "A1"},
+                     {"R450A", "A1"},
+                     {"R1234ZE", "A2L"},
+                     {"R1234YF", "A2L"},
+                     {"R290", "A3"}});
+    box->setChosen(chosen);
+    box->setFixedSize(374, box->heightForWidth(374));
+    return box;
+}
+
+ResultsView* found(QWidget* page) {
+    using Kind = ResultsModel::Kind;
+    auto* view = new ResultsView(page);
+    view->setColumns({{"compressor", "Compressor", ""},
+                      {"refrigerant", "Refrigerant(safety class, GWP)", "", Kind::words},
+                      {"capacity", "Capacity(kW)", ""},
+                      {"deviation", "Deviation(from 150 kW)", "", Kind::deviation, 0.05, 0.20},
+                      {"cop", "COP()", ""},
+                      {"speed", "Speed(Hz)", ""},
+                      {"limit", "Nearest limit()", "", Kind::words}});
+    const auto row = [view](const char* key, const char* label, const QString& itsMark,
+                            const char* refrigerant, const char* note, const QStringList& values,
+                            double deviation, bool isInverter) {
+        ResultsView::Row made{
+            key, label, itsMark, "", {refrigerant, values[0], values[1], values[2], values[3], values[4]}};
+        made.asides[1].note = note;
+        made.asides[3].deviation = deviation;
+        if (isInverter) made.asides[5].icon = "inverter";
+        view->addRow(made);
+    };
+    row("1", "1 \u00D7 GH4-240S", mark::possible, "R134A", "A1 \u00B7 GWP 1430",
+        {"143.5", "-4.4 %", "4.33", "50.0", "T. E. higher"}, -0.044, false);
+    row("2", "1 \u00D7 TK-E-335", mark::withWarnings, "R450A", "A1 \u00B7 GWP 605",
+        {"175.8", "+17.2 %", "4.28", "50.0", "T. E. higher"}, 0.172, false);
+    row("3", "1 \u00D7 TK-D-190", mark::possible, "R290", "A3 \u00B7 GWP 3",
+        {"150.0", "0.0 %", "4.21", "43.7", "T. C. lower"}, 0, true);
+    view->markSorted("cop", true);
+    view->fitColumns();
+    view->selectRow(1);
+    view->setFixedHeight(120);
+    return view;
+}
+
+/// What a search over refrigerants has besides: filters, tags, and a list with bars and quieter words.
+std::unique_ptr<QWidget> filters() {
+    auto whole = std::make_unique<QWidget>();
+    QWidget* const page = whole.get();
+    page->setFixedSize(800, 440);
+    auto* all = new QVBoxLayout(page);
+    for (const int width : {776, 420}) {
+        auto* bar = new WrapBar(page);
+        bar->setFixedWidth(width);
+        chip(bar, "Best of each refrigerant", 18, true)->setObjectName("focusedChip");
+        chip(bar, "All", 271, false);
+        bar->addSeparator();
+        chip(bar, "Without warnings", 241, true);
+        chip(bar, "One machine", 129, false);
+        chip(bar, "Inverter", 132, false)->setEnabled(false);
+        bar->layOut();
+        all->addWidget(bar);
+    }
+    all->addWidget(tags(page, "Refrigerants", {"R134A", "R513A", "R450A", "R1234ZE", "R1234YF", "R290"}));
+    all->addWidget(tags(page, "Refrigerants", {}));
+    all->addWidget(found(page));
+    all->addStretch(1);
+    return whole;
+}
+
 }  // namespace
+
+Scene filterScene() {
+    return {"filters", filters,
+            [](QWidget& page) { page.findChild<FilterChip*>("focusedChip")->setFocus(); }};
+}
 
 Scene fieldScene() { return {"fields", moreFields}; }
 

@@ -20,6 +20,7 @@ struct Scene {
 Scene controlScene();
 Scene fieldScene();
 Scene listScene();
+Scene filterScene();
 Scene graphScene();
 Scene pageScene();
 Scene reportScene();

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QAbstractButton>
+
+namespace marvello {
+
+/// A filter of a list that is on or off, with the count of what it would leave. On, it has a tick and a tint;
+/// Space and a click switch it.
+class FilterChip : public QAbstractButton {
+    Q_OBJECT
+
+  public:
+    /// Room around the frame for the focus ring.
+    static constexpr int ring = 3;
+    static constexpr int chipHeight = 26;
+
+    explicit FilterChip(QWidget* parent = nullptr);
+
+    /// The caption, and how many rows there are with it.
+    void setFilter(const QString& caption, int count);
+
+    QSize sizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    int count_ = 0;
+};
+
+}  // namespace marvello

@@ -1,0 +1,65 @@
+#include "controls/WrapBar.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "controls/Hairline.h"
+#include "controls/Look.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int side = 12;
+constexpr int gap = 6;
+constexpr int rowGap = 8;
+constexpr int separatorHeight = 20;
+
+}  // namespace
+
+WrapBar::WrapBar(QWidget* parent) : QWidget(parent) { setFixedHeight(lineHeight); }
+
+void WrapBar::add(QWidget* control, int ring) {
+    control->setParent(this);
+    entries_ += Entry{control, ring, false};
+}
+
+void WrapBar::addSeparator() {
+    auto* line = new Hairline(this);
+    line->setFixedSize(1 + 2 * gap, separatorHeight);
+    entries_ += Entry{line, 0, true};
+}
+
+void WrapBar::layOut() {
+    int left = side;
+    int middle = lineHeight / 2;
+    int rowHeight = 0;
+    for (qsizetype i = 0; i < entries_.size(); ++i) {
+        const auto& [control, ring, isSeparator] = entries_[i];
+        if (control->isHidden() && !isSeparator) continue;
+        const QSize size = isSeparator ? control->size() : control->sizeHint();
+        const int width = size.width() - 2 * ring;
+        if (!isSeparator && left > side && left + width > this->width() - side) {
+            // A separator at the end of a line separates nothing.
+            if (i > 0 && entries_[i - 1].isSeparator) entries_[i - 1].control->hide();
+            left = side;
+            middle += rowHeight + rowGap;
+        } else if (isSeparator) {
+            control->show();
+        }
+        if (!isSeparator) rowHeight = std::max(rowHeight, size.height() - 2 * ring);
+        control->setGeometry(left - ring, middle - size.height() / 2, size.width(), size.height());
+        left += width + gap;
+    }
+    setFixedHeight(middle + lineHeight - lineHeight / 2);
+}
+
+void WrapBar::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Look::current().surface);
+    painter.fillRect(QRect(0, height() - 1, width(), 1), Look::current().line);
+}
+
+void WrapBar::resizeEvent(QResizeEvent*) { layOut(); }
+
+}  // namespace marvello

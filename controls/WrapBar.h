@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QWidget>
+
+namespace marvello {
+
+/// A bar above a page or a list: its controls next to each other, in as many lines as its width asks for,
+/// with a hairline below. It is as high as its lines.
+class WrapBar : public QWidget {
+    Q_OBJECT
+
+  public:
+    static constexpr int lineHeight = 44;
+
+    explicit WrapBar(QWidget* parent = nullptr);
+
+    /// Adds a control at the end, whose size hint holds. `ring` is the room around its frame.
+    void add(QWidget* control, int ring);
+    /// Adds a line between two groups.
+    void addSeparator();
+    /// Places the controls anew; to be called when one of them became wider or is hidden.
+    void layOut();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    struct Entry {
+        QWidget* control;
+        int ring;
+        bool isSeparator;
+    };
+    QList<Entry> entries_;
+};
+
+}  // namespace marvello

@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QTest>
+#include <algorithm>
+
+#include "controls/Accessibility.h"
+#include "controls/FilterChip.h"
+#include "controls/Look.h"
+#include "controls/TagBox.h"
+#include "controls/WrapBar.h"
+
+using namespace marvello;
+
+namespace {
+
+class TagBoxTest : public testing::Test {
+  protected:
+    TagBoxTest() {
+        installAccessibility();
+        box.setCaption("Refrigerants", 112);
+        box.setChoices({{"R134A", "A1"}, {"R290", "A3"}, {"R513A", "A1"}, {"R1234YF", "A2L"}});
+        box.resize(374, 34);
+        box.show();
+    }
+    QListWidget* list() { return box.findChild<QListWidget*>(); }
+
+    TagBox box;
+    QSignalSpy changes{&box, &TagBox::chosenByUser};
+};
+
+/// The cross of the first tag, by the measures of the box: 112 of caption, 3 of halo, 4 inside.
+QPoint firstCross(const QString& tag) {
+    const int text = QFontMetrics(lookFont(12)).horizontalAdvance(tag);
+    return {3 + 112 + 4 + 7 + text + 10, 3 + 14};
+}
+
+}  // namespace
+
+TEST(FilterChip, SpaceAndAClickSwitchIt) {
+    FilterChip chip;
+    chip.setFilter("Without warnings", 241);
+    chip.show();
+    QSignalSpy switched(&chip, &FilterChip::toggled);
+    const int width = chip.sizeHint().width();
+    QTest::keyClick(&chip, Qt::Key_Space);
+    EXPECT_TRUE(chip.isChecked());
+    EXPECT_GT(chip.sizeHint().width(), width) << "the tick has no room";
+    QTest::mouseClick(&chip, Qt::LeftButton);
+    EXPECT_FALSE(chip.isChecked());
+    EXPECT_EQ(switched.count(), 2);
+}
+
+TEST(FilterChip, IsACheckBoxWithItsCountForAScreenReader) {
+    FilterChip chip;
+    chip.setFilter("Without warnings", 241);
+    chip.setChecked(true);
+    QAccessibleInterface* known = QAccessible::queryAccessibleInterface(&chip);
+    ASSERT_TRUE(known);
+    EXPECT_EQ(known->role(), QAccessible::CheckBox);
+    EXPECT_EQ(known->text(QAccessible::Name), "Without warnings, 241");
+    EXPECT_TRUE(known->state().checked);
+}
+
+TEST(WrapBar, GrowsByLinesAndHoldsEveryControl) {
+    WrapBar bar;
+    QList<FilterChip*> chips;
+    for (const char* name :
+         {"Best of each refrigerant", "All", "Without warnings", "One machine", "Inverter"}) {
+        chips += new FilterChip;
+        chips.back()->setFilter(name, 100);
+        bar.add(chips.back(), FilterChip::ring);
+        if (chips.size() == 2) bar.addSeparator();
+    }
+    bar.resize(2000, WrapBar::lineHeight);
+    bar.show();
+    bar.layOut();
+    EXPECT_EQ(bar.height(), WrapBar::lineHeight);
+    for (const int width : {500, 300, 230}) {
+        bar.resize(width, bar.height());
+        bar.layOut();
+        EXPECT_GT(bar.height(), WrapBar::lineHeight);
+        for (const FilterChip* chip : chips) {
+            EXPECT_TRUE(bar.rect().contains(chip->geometry())) << width << chip->text().toStdString();
+            EXPECT_TRUE(std::ranges::none_of(chips, [chip](const FilterChip* other) {
+                const int ring = FilterChip::ring;
+                return other != chip &&
+                       other->geometry().intersects(chip->geometry().adjusted(ring, ring, -ring, -ring));
+            }));
+        }
+    }
+}
+
+TEST_F(TagBoxTest, BackspaceTakesTheLastTagOffUntilTheBoxIsInvalid) {
+    box.setChosen({"R513A", "R134A", "R22"});
+    EXPECT_EQ(box.chosen(), (QStringList{"R134A", "R513A"}))
+        << "in the order of the choices, those that there are";
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    EXPECT_EQ(box.chosen(), QStringList{"R134A"});
+    EXPECT_FALSE(box.isInvalid());
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    EXPECT_TRUE(box.isInvalid());
+    EXPECT_EQ(changes.count(), 2) << "without a tag there is nothing to take off";
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(&box)->state().invalid);
+}
+
+TEST_F(TagBoxTest, TheCrossOfATagTakesItOff) {
+    box.setChosen({"R290", "R513A"});
+    QTest::mouseClick(&box, Qt::LeftButton, {}, firstCross("R290"));
+    EXPECT_EQ(box.chosen(), QStringList{"R513A"});
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_FALSE(box.isOpen());
+}
+
+TEST_F(TagBoxTest, TheListChecksWhatHasATagAndGivesBackWhatIsChecked) {
+    box.setChosen({"R290"});
+    QTest::keyClick(&box, Qt::Key_Down);
+    ASSERT_TRUE(box.isOpen());
+    EXPECT_EQ(list()->item(1)->checkState(), Qt::Checked);
+    EXPECT_EQ(list()->item(3)->data(Qt::AccessibleTextRole), "R1234YF, A2L");
+    list()->setCurrentRow(3);
+    QTest::keyClick(list(), Qt::Key_Space);
+    QTest::keyClick(list(), Qt::Key_Return);
+    EXPECT_EQ(box.chosen(), (QStringList{"R290", "R1234YF"}));
+    box.open();
+    for (const int row : {1, 3}) {
+        list()->setCurrentRow(row);
+        QTest::keyClick(list(), Qt::Key_Space);
+    }
+    QTest::keyClick(list(), Qt::Key_Return);
+    EXPECT_TRUE(box.isInvalid()) << "nothing checked is nothing chosen here";
+}
+
+TEST_F(TagBoxTest, MoreTagsThanItHasLinesForAreCounted) {
+    std::vector<TagBox::Choice> many;
+    QStringList all;
+    for (int i = 100; i < 126; ++i) {
+        many.push_back({QStringLiteral("R1234-%1").arg(i), {}});
+        all += many.back().key;
+    }
+    box.setChoices(many);
+    EXPECT_EQ(box.heightForWidth(374), 34);
+    box.setChosen(all);
+    EXPECT_EQ(box.heightForWidth(374), 34 + 2 * 26);
+    EXPECT_EQ(box.chosen().size(), 26);
+    EXPECT_EQ(box.heightForWidth(5000), 34) << "in a wide box all are on one line";
+}

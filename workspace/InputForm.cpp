@@ -1,0 +1,200 @@
+#include "workspace/InputForm.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "controls/Link.h"
+#include "controls/Splitter.h"
+#include "controls/ctlBtn.h"
+#include "data/Session.h"
+#include "workspace/ApplyFormParameters.h"
+#include "workspace/EmptyPage.h"
+#include "workspace/InputFields.h"
+#include "workspace/InputPanel.h"
+#include "workspace/InputSummary.h"
+#include "workspace/InputsFold.h"
+#include "workspace/ListPane.h"
+#include "workspace/Pane.h"
+#include "workspace/Settings.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int wideCaptionWidth = 116;
+
+}  // namespace
+
+InputForm::InputForm(const SelectionKind& kind, QWidget* parent)
+    : QWidget(parent), kind_(kind), inputs_(kind) {
+    setObjectName(QLatin1String(kind.name));
+    setMinimumSize(360, 180);
+    makePanes();
+    const auto onKey = [this](Qt::Key key, auto act) {
+        auto* shortcut = new QShortcut(QKeySequence(key), this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    onKey(Qt::Key_F5, [this] { lnkCalculate_Click(); });
+    onKey(Qt::Key_F1, [this] {
+        if (!fields_->showHelp()) emit guideRequested();
+    });
+}
+
+InputForm::~InputForm() = default;
+
+void InputForm::makePanes() {
+    Splitter1_ = new Splitter(this);
+    Splitter1_->setObjectName(QStringLiteral("Splitter1"));
+    auto* Frame1 = new QWidget(Splitter1_);
+    setUpPane(*Frame1, "Frame1");
+    panel_ = new InputPanel(kind_.hasInverter, Frame1);
+    auto* inside = new QVBoxLayout(Frame1);
+    inside->setContentsMargins(0, 0, 0, 0);
+    inside->addWidget(panel_);
+    frame2_ = new EmptyPage(Splitter1_);
+    frame2_->setObjectName(QStringLiteral("frame2"));
+    Splitter1_->SetChild2(QStringLiteral("frame2"));
+
+    fields_ = new InputFields(inputs_, *panel_, *this, kind_.hasFieldHelp);
+    summary_ = new InputSummary(inputs_, *panel_, this);
+    fold_ = new InputsFold(*this, *Splitter1_, *Frame1, *summary_);
+}
+
+void InputForm::setUp(ListPane& results) {
+    results.hide();
+    connectPanes();
+    connect(&results, &ListPane::selectionChanged, this, &InputForm::stateChanged);
+    connect(&results, &Splitter::moved, this, &InputForm::sizesChanged);
+    Traduci();
+    if (kind_.hasInverter) {
+        applySet("Init");
+        fields_->read();
+    }
+    defaults_ = state();
+}
+
+void InputForm::connectPanes() {
+    connect(panel_->lnkCalculate, &ctlBtn::clicked, this, &InputForm::lnkCalculate_Click);
+    connect(panel_->lnkDefaults, &Link::clicked, this, [this] { takeOver(defaults_); });
+    connect(fields_, &InputFields::edited, this, &InputForm::edited);
+    connect(fields_, &InputFields::subjectChanged, this, &InputForm::stateChanged);
+    connect(fields_, &InputFields::wantsRoom, fold_, &InputsFold::show);
+    connect(fold_, &InputsFold::changed, this, &InputForm::stateChanged);
+    connect(this, &InputForm::stateChanged, summary_, &InputSummary::refresh);
+    connect(summary_, &InputSummary::calculateClicked, this, &InputForm::lnkCalculate_Click);
+    connect(Splitter1_, &Splitter::moved, this, &InputForm::sizesChanged);
+}
+
+// All forms have the sets, and the texts, of one.
+void InputForm::applySet(const char* key) {
+    ApplyFormParameters(QStringLiteral("frm"), QStringLiteral("frmselection"), QLatin1String(key), *this);
+}
+
+void InputForm::setKey(const QString& key) {
+    key_ = key;
+    setWindowTitle(description_.isEmpty() ? key : description_);
+}
+
+void InputForm::setDescription(const QString& description) {
+    description_ = description;
+    setWindowTitle(description);
+}
+
+void InputForm::Traduci() {
+    const bool isChinese = gApplication().User().language == "cn-CN";
+    panel_->ResizeControls(isChinese ? wideCaptionWidth : InputPanel::usualCaptionWidth);
+    applySet("populate");
+    panel_->lnkCalculate->setText(dictionaryText(QStringLiteral("frmselection.lnkcalculate.caption")));
+    panel_->SetCaptionText(dictionaryText(QStringLiteral("frmselection.coolframe1.captiontext")));
+    panel_->lnkDefaults->setText(dictionaryText(QStringLiteral("frmselection.lnkdefaults.caption")));
+    summary_->setTexts(panel_->property("CaptionText").toString().trimmed(),
+                       dictionaryText(QStringLiteral("frmselection.summary.edit")),
+                       panel_->lnkCalculate->text());
+    fields_->translate();
+    summary_->refresh();
+    panel_->layOut();
+    results().translate();
+}
+
+void InputForm::PopulateFrame4() { results().fillPage(); }
+
+void InputForm::MeasureUnits(int unit, bool refresh) {
+    const UnitSystem before = inputs_.units();
+    fields_->setUnits(unit == 1 ? UnitSystem::imperial : UnitSystem::metric);
+    if (inputs_.units() != before && refresh) results().relist();
+}
+
+void InputForm::CloseFrame(bool collapse) { fold_->collapse(collapse); }
+bool InputForm::isCollapsed() const { return fold_->isCollapsed(); }
+
+void InputForm::MnuPopUp(const QString& name) {
+    results().selectPage(name);
+    if (name == u"copytoclipboard") CopyToClipBoard();
+    if (name == u"print" || name == u"printpreview") PrintReport(name == u"printpreview");
+}
+
+void InputForm::CopyToClipBoard() { results().copy(); }
+
+void InputForm::PrintReport(bool preview) { results().print(preview); }
+
+void InputForm::Quit() {
+    if (QWidget* window = parentWidget())
+        window->close();
+    else
+        close();
+}
+
+void InputForm::lnkCalculate_Click() {
+    if (!isBusy() && fields_->check()) calculate();
+}
+
+void InputForm::showResults(bool show) {
+    Splitter1_->SetChild2(show ? results().objectName() : frame2_->objectName());
+    frame2_->setVisible(!show);
+    if (!show) results().hide();
+    fold_->setHasResults(show);
+}
+
+bool InputForm::WheelMoved(int step) { return fields_->turnWheel(step); }
+
+bool InputForm::hasResults() const { return !results().isHidden(); }
+
+FormState InputForm::state() const { return {inputs_.state(), results().chosenWidths()}; }
+
+void InputForm::takeOver(const FormState& state) {
+    fields_->commit();
+    inputs_.takeOver(state.inputs);
+    fields_->show();
+    results().setChosenWidths(state.columnWidths);
+    emit stateChanged();
+}
+
+InputForm::Sizes InputForm::sizes() const { return {fold_->panelWidth(), results().SplitterPos()}; }
+
+void InputForm::setSizes(const Sizes& sizes) {
+    fold_->setPanelWidth(sizes.panelWidth);
+    results().SetSplitterPos(sizes.listHeight);
+}
+
+void InputForm::resizeEvent(QResizeEvent*) { fold_->layOut(); }
+
+void InputForm::keyPressEvent(QKeyEvent* event) {
+    // Enter leaves no field: the calculation is started by its own key.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+    if (event->key() == Qt::Key_Escape && fold_->isNarrow() && hasResults()) {
+        fold_->collapse(true);
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void InputForm::closeEvent(QCloseEvent* event) {
+    keepFormState(objectName(), state());
+    QWidget::closeEvent(event);
+}
+
+}  // namespace marvello

@@ -1,0 +1,128 @@
+#include "workspace/ListPane.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QHeaderView>
+#include <QMenu>
+#include <QVBoxLayout>
+
+#include "controls/ResultsView.h"
+#include "workspace/CompressorPages.h"
+#include "workspace/Pane.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int minPageHeight = 64;
+
+}  // namespace
+
+ListPane::ListPane(const SelectionInputs& inputs, QWidget* parent) : Splitter(parent), inputs_(inputs) {
+    setObjectName(QStringLiteral("Splitter2"));
+    makeList();
+    pages_ = new CompressorPages(inputs, this);
+    setUpPane(*pages_, "Frame4");
+    makePopUp();
+    SetOrientation(1);
+    SetMinSize1(minListHeight);
+    SetMinSize2(minPageHeight);
+    SetChild1(QStringLiteral("Frame3"));
+    SetChild2(QStringLiteral("Frame4"));
+    SetSplitterPos(listHeightAtStart);
+    const auto markPage = [this] { mnu_cpspopup_->actions().at(pages_->current())->setChecked(true); };
+    connect(pages_, &CompressorPages::pageChanged, this, [this, markPage] {
+        markPage();
+        fillPage();
+    });
+    markPage();
+}
+
+void ListPane::makeList() {
+    auto* frame3 = new QWidget(this);
+    setUpPane(*frame3, "frame3");
+    lvCps_ = new ResultsView(frame3);
+    lvCps_->setObjectName(QStringLiteral("lvCps"));
+    lvCps_->setContextMenuPolicy(Qt::CustomContextMenu);
+    lvCps_->setSortable();
+    listColumn_ = new QVBoxLayout(frame3);
+    listColumn_->setContentsMargins(0, 0, 0, 0);
+    listColumn_->setSpacing(0);
+    listColumn_->addWidget(lvCps_);
+    connect(lvCps_, &ResultsView::rowSelected, this, [this] {
+        fillPage();
+        emit selectionChanged();
+    });
+    connect(lvCps_, &QWidget::customContextMenuRequested, this, &ListPane::openPopUp);
+    connect(lvCps_, &ResultsView::copyRequested, this, [this] { copy(); });
+}
+
+void ListPane::makePopUp() {
+    mnu_cpspopup_ = new QMenu(this);
+    mnu_cpspopup_->setObjectName(QStringLiteral("mnu_cpspopup"));
+    auto* shown = new QActionGroup(mnu_cpspopup_);
+    for (const CompressorPages::Page& page : CompressorPages::all()) {
+        QAction* entry = addToPopUp(page.menuTextKey, Needs::nothing,
+                                    [this, key = page.key] { selectPage(QLatin1String(key)); });
+        shown->addAction(entry);
+        entry->setObjectName(QStringLiteral("mnu_cpspopup_") + QLatin1String(page.key));
+        entry->setCheckable(true);
+    }
+    mnu_cpspopup_->addSeparator();
+    addToPopUp(Command::copy, [this] { copy(); });
+    addToPopUp(Command::printPreview, [this] { print(true); });
+    addToPopUp(Command::print, [this] { print(false); });
+}
+
+QAction* ListPane::addToPopUp(const char* textKey, Needs needs, const std::function<void()>& act) {
+    QAction* entry = mnu_cpspopup_->addAction(QString());
+    connect(entry, &QAction::triggered, this, act);
+    popUpEntries_.push_back({entry, textKey, needs});
+    return entry;
+}
+
+void ListPane::addToPopUp(Command command, const std::function<void()>& act) {
+    const CommandDefinition& definition = definitionOf(command);
+    QAction* entry = addToPopUp(definition.popUpTextKey, definition.needs, act);
+    entry->setObjectName(QLatin1String(definition.popUpName));
+    // Only shown here: the list and the main window listen to the keys.
+    entry->setShortcutContext(Qt::WidgetShortcut);
+    entry->setShortcut(definition.keys);
+    entry->setShortcutVisibleInContextMenu(true);
+}
+
+void ListPane::openPopUp(const QPoint& place) {
+    if (!canCopy()) return;
+    for (const PopUpEntry& entry : popUpEntries_)
+        if (entry.needs == Needs::printableRow) entry.action->setEnabled(canPrint());
+    mnu_cpspopup_->popup(lvCps_->viewport()->mapToGlobal(place));
+}
+
+void ListPane::translate() {
+    lvCps_->header()->setAccessibleName(dictionaryText(QStringLiteral("frmselection.headings")));
+    lvCps_->setAccessibleName(dictionaryText(QStringLiteral("frmselection.list")));
+    lvCps_->setSpokenGroup(dictionaryText(QStringLiteral("frmselection.list.group")));
+    for (const PopUpEntry& entry : popUpEntries_)
+        entry.action->setText(dictionaryText(QLatin1String(entry.textKey)));
+    pages_->translate();
+    relist();
+}
+
+void ListPane::fillPage() {
+    if (!hasRows()) return;
+    const int row = lvCps_->selectedRow();
+    pages_->showCompressor(selectedCompressor(),
+                           row >= 0 && lvCps_->isGroup(row) ? lvCps_->text(row, 0) : QString());
+}
+
+bool ListPane::selectPage(const QString& key) { return pages_->select(key); }
+
+void ListPane::moveSelection(int rows) {
+    if (const int row = lvCps_->selectedRow(); row >= 0) lvCps_->selectRow(row + rows);
+}
+
+QHash<QString, int> ListPane::chosenWidths() const { return lvCps_->chosenWidths(); }
+void ListPane::setChosenWidths(const QHash<QString, int>& widths) { lvCps_->setChosenWidths(widths); }
+
+}  // namespace marvello

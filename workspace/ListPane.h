@@ -1,0 +1,82 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "controls/Splitter.h"
+#include "inputs/SelectionInputs.h"
+#include "workspace/Commands.h"
+
+class QMenu;
+class QVBoxLayout;
+
+namespace marvello {
+
+class CompressorPages;
+class ResultsView;
+class clsCompressor;
+
+/// A list of compressors, and below it the pages of the selected one, with the pop-up menu of both. What the
+/// list holds is up to the class below.
+class ListPane : public Splitter {
+    Q_OBJECT
+
+  public:
+    /// The height of the list, in logical pixels: headings and two rows at least.
+    static constexpr int minListHeight = 92;
+    static constexpr int listHeightAtStart = 338;
+
+    /// Says all texts in the user's language; lists the results anew.
+    virtual void translate();
+    /// Lists the results anew, if there are any; with the same row selected if it was.
+    virtual void relist() = 0;
+    /// Fills the page that is shown.
+    void fillPage();
+    bool selectPage(const QString& key);
+
+    virtual bool canCopy() const = 0;
+    virtual bool canPrint() const = 0;
+    /// Moves the selection by `rows`.
+    void moveSelection(int rows);
+    /// Copies the selected rows with their values, separated by tabs.
+    virtual void copy() const = 0;
+    virtual void print(bool preview) const = 0;
+
+    QHash<QString, int> chosenWidths() const;
+    void setChosenWidths(const QHash<QString, int>& widths);
+
+  signals:
+    void selectionChanged();
+
+  protected:
+    /// The pages show numbers and the operating point of the inputs.
+    ListPane(const SelectionInputs& inputs, QWidget* parent);
+
+    /// Tells whether the pages show anything at all.
+    virtual bool hasRows() const = 0;
+    /// The compressor of the selected row; null without one.
+    virtual const clsCompressor* selectedCompressor() const = 0;
+    /// Adds an entry to the pop-up menu, with the text of a dictionary key.
+    QAction* addToPopUp(const char* textKey, Needs needs, const std::function<void()>& act);
+
+    const SelectionInputs& inputs_;
+    ResultsView* lvCps_;
+    QVBoxLayout* listColumn_;  ///< holds the list, and what is above and below it
+    CompressorPages* pages_;
+
+  private:
+    void makeList();
+    void makePopUp();
+    void addToPopUp(Command command, const std::function<void()>& act);
+    void openPopUp(const QPoint& place);
+
+    QMenu* mnu_cpspopup_;
+    struct PopUpEntry {
+        QAction* action;
+        const char* textKey;
+        Needs needs;
+    };
+    std::vector<PopUpEntry> popUpEntries_;
+};
+
+}  // namespace marvello
