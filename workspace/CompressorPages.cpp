@@ -8,13 +8,12 @@
 #include "controls/Metafile.h"
 #include "controls/NumberText.h"
 #include "controls/TabStrip.h"
-#include "results/Messages.h"
 #include "results/TechnicalData.h"
+#include "workspace/AdvisedMessages.h"
 #include "workspace/CompressorFiles.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/PolynomialsPage.h"
-#include "workspace/ResultMarks.h"
 #include "workspace/SelectionReport.h"
 #include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
@@ -45,6 +44,8 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     pages_ = new QStackedWidget(this);
     lvMessages_ = new MessagesView(pages_);
     lvMessages_->setObjectName(QStringLiteral("lvMessages"));
+    messages_ = new AdvisedMessages(*lvMessages_);
+    connect(messages_, &AdvisedMessages::used, this, &CompressorPages::adviceUsed);
     technical_ = new TechnicalPage(pages_);
     polynomials_ = new PolynomialsPage(pages_);
     dimension_ = new DimensionPage(pages_);
@@ -88,20 +89,22 @@ bool CompressorPages::select(const QString& key) {
 int CompressorPages::current() const { return TabStrip_->currentIndex(); }
 
 void CompressorPages::clear() {
-    lvMessages_->clear();
-    lvMessages_->setEmptyText(QString());
+    messages_->clear();
     technical_->clear();
     polynomials_->clear();
     dimension_->clear();
     limits_->clear();
 }
 
-void CompressorPages::showCompressor(const clsCompressor* compressor, const QString& group) {
+void CompressorPages::focusPage() { pages_->currentWidget()->setFocus(); }
+
+void CompressorPages::showCompressor(const clsCompressor* compressor, const QString& group,
+                                     const std::shared_ptr<const clsProjectConditions>& conditions) {
     clear();
     TabStrip_->setToolTip(group);
     if (!compressor) return;
     const QString page = TabStrip_->currentKey();
-    if (page == u"messages") fillMessages(*compressor);
+    if (page == u"messages") messages_->show(*compressor, conditions, inputs_.units());
     if (page == u"tecnic") fillTechnical(*compressor);
     if (page == u"polynomials") {
         polynomials_->addPolynomial(QStringLiteral("Pta"), compressor->polynomialPta.c);
@@ -109,16 +112,6 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
     }
     if (page == u"dimension") fillDimension(*compressor);
     if (page == u"limits") fillLimits(*compressor);
-}
-
-void CompressorPages::fillMessages(const clsCompressor& compressor) {
-    lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
-    for (const ShownMessage& message : messagesOf(compressor)) {
-        const QString mark = markOf(message.severity);
-        QStringList causes;
-        for (const std::string& cause : message.causes) causes += fromCore(cause);
-        lvMessages_->addMessage(mark, markText(mark), fromCore(message.text), fromCore(message.key), causes);
-    }
 }
 
 void CompressorPages::fillTechnical(const clsCompressor& compressor) {

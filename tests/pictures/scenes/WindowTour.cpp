@@ -17,6 +17,7 @@
 #include "controls/MessageBox.h"
 #include "controls/ResultsView.h"
 #include "data/Texts.h"
+#include "workspace/AdviceSearch.h"
 #include "workspace/Frmsplash.h"
 #include "workspace/MDIMain.h"
 #include "workspace/ReportPreview.h"
@@ -82,7 +83,9 @@ void WindowTour::show(const char* name, QWidget& window) const {
 }
 
 void WindowTour::show(const char* name, const SelectionForm& form, const char* part) const {
-    QApplication::processEvents();
+    const auto* const advice = form.findChild<AdviceSearch*>();
+    do QApplication::processEvents();
+    while (advice->isSearching());
     picture_(QLatin1String(name), window_, *form.findChild<QWidget*>(QLatin1String(part)));
 }
 
