@@ -45,6 +45,7 @@ PreparedCatalogue::PreparedCatalogue(clsDatabase& db) {
     readMotors(db);
     readEnvelopes(db);
     readCompressors(db);
+    readFacts(db);
 }
 
 void PreparedCatalogue::readSurfaces(clsDatabase& db) {
@@ -97,6 +98,30 @@ void PreparedCatalogue::readCompressors(clsDatabase& db) {
             nameOf(row.text("fRefrigerantID"), row.text("fSerieID"), row.text("fModelID"));
         byName_.emplace(name, compressors_.size() - 1);
     }
+}
+
+void PreparedCatalogue::readFacts(clsDatabase& db) {
+    if (!db.hasTable("tRefrigerantFacts")) return;  // a catalogue from before there were facts
+    for (RecordSet row = db.Execute("Select * from tRefrigerantFacts"); !row.eof(); row.moveNext()) {
+        std::string unread;  // a row at fault is as good as none: facts are shown, and nothing is calculated
+        readSoundly(unread, [&] {
+            facts_[lowered(row.text("fRefrigeranteId"))] = {
+                .safetyClass = row.NullToDefault("fSafetyClass", ""),
+                .gwpAr4 = row.optionalNumber("fGwpAr4"),
+                .gwpAr5 = row.optionalNumber("fGwpAr5"),
+                .gwpAr6 = row.optionalNumber("fGwpAr6"),
+                .odp = row.optionalNumber("fOdp"),
+                .boilingPoint = row.optionalNumber("fBoilingPoint"),
+                .glide = row.optionalNumber("fGlide"),
+                .criticalTemperature = row.optionalNumber("fCriticalTemperature")};
+        });
+    }
+}
+
+const RefrigerantFacts& PreparedCatalogue::factsOf(std::string_view refrigerant) const {
+    static const RefrigerantFacts none;
+    const auto found = facts_.find(lowered(refrigerant));
+    return found == facts_.end() ? none : found->second;
 }
 
 PreparedCompressor PreparedCatalogue::compressorOf(const RecordSet& row) const {

@@ -10,12 +10,13 @@
 #include <vector>
 
 #include "catalogue/PreparedCompressor.h"
+#include "catalogue/RefrigerantFacts.h"
 #include "data/clsDatabase.h"
 
 namespace marvello {
 
-/// All compressors of a catalogue with what belongs to them, in memory. It does not change: several threads
-/// may use it, and it outlives the file that it was read from.
+/// All compressors of a catalogue with what belongs to them, and the facts of its refrigerants, in memory. It
+/// does not change: several threads may use it, and it outlives the file that it was read from.
 class PreparedCatalogue {
   public:
     /// Reads the tables of an open catalogue. A row that cannot be read is a fault of those who need it.
@@ -31,11 +32,15 @@ class PreparedCatalogue {
     const PreparedCompressor* find(std::string_view refrigerant, std::string_view serie,
                                    std::string_view model) const;
 
+    /// The facts of a refrigerant, case ignored; empty ones for a refrigerant that the file does not know.
+    const RefrigerantFacts& factsOf(std::string_view refrigerant) const;
+
   private:
     void readSurfaces(clsDatabase& db);
     void readMotors(clsDatabase& db);
     void readEnvelopes(clsDatabase& db);
     void readCompressors(clsDatabase& db);
+    void readFacts(clsDatabase& db);
     PreparedCompressor compressorOf(const RecordSet& row) const;
 
     std::span<const SurfaceRow> surfaces(const std::string& id, int type) const;
@@ -48,10 +53,11 @@ class PreparedCatalogue {
     std::unordered_map<std::string, Envelope> envelopes_;
     std::vector<PreparedCompressor> compressors_;
     std::unordered_map<std::string, std::size_t> byName_;
+    std::unordered_map<std::string, RefrigerantFacts> facts_;
 };
 
-/// The compressors of the open file, read once for each state of it: a file that was replaced or written to
-/// is opened anew and read again. Connections to one catalogue share them. Throws DatabaseError.
+/// The catalogue of the open file, read once for each state of it: a file that was replaced or written to is
+/// opened anew and read again. Connections to one catalogue share it. Throws DatabaseError.
 std::shared_ptr<const PreparedCatalogue> preparedCatalogue(clsDatabase& db);
 
 }  // namespace marvello

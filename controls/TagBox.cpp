@@ -52,15 +52,16 @@ void TagBox::setEmptyText(const QString& text) {
     setChosen(chosen_);
 }
 
-void TagBox::setChoices(std::vector<Choice> choices) {
-    choices_ = std::move(choices);
+void TagBox::setChoices(const QStringList& keys, const Details& details) {
+    choices_ = keys;
+    details_ = details;
     setChosen(chosen_);
 }
 
 void TagBox::setChosen(const QStringList& keys) {
     chosen_.clear();
-    for (const Choice& choice : choices_)
-        if (keys.contains(choice.key, Qt::CaseInsensitive)) chosen_ += choice.key;
+    for (const QString& choice : choices_)
+        if (keys.contains(choice, Qt::CaseInsensitive)) chosen_ += choice;
     hovered_ = pressed_ = -1;
     setAccessibleDescription(isInvalid() ? emptyText_ : chosen_.join(QStringLiteral(", ")));
     updateGeometry();
@@ -69,10 +70,7 @@ void TagBox::setChosen(const QStringList& keys) {
     QAccessible::updateAccessibility(&changed);
 }
 
-QString TagBox::noteOf(const QString& key) const {
-    const auto found = std::ranges::find(choices_, key, &Choice::key);
-    return found == choices_.end() ? QString() : found->note;
-}
+RowDetail TagBox::detailOf(const QString& key) const { return details_ ? details_(key) : RowDetail{}; }
 
 void TagBox::choose(const QStringList& keys) {
     if (keys == chosen_) return;
@@ -195,10 +193,8 @@ void TagBox::open() {
                 [this](const QString& keys) { choose(keys.split(u';', Qt::SkipEmptyParts)); });
         connect(combo_, &ctlCombo::Closed, this, qOverload<>(&QWidget::update));
     }
-    QStringList entries;
-    for (const Choice& choice : choices_)
-        entries += choice.key + u'|' + choice.key + ctlCombo::noteMark + choice.note;
-    combo_->Populate(entries.join(u';'), chosen_.join(u';'), false, true);
+    combo_->Populate(choices_.join(u';'), chosen_.join(u';'), false, true);
+    if (details_) combo_->setDetails(details_);
     combo_->SetCaption(caption_);
     combo_->setApplyText(applyText_);
     const QRect place = box();
@@ -211,7 +207,8 @@ bool TagBox::event(QEvent* event) {
     const QPoint at = static_cast<QHelpEvent*>(event)->pos();
     QString said;
     for (const Tag& tag : tagsIn(width()))
-        if (tag.place.contains(at)) said = tag.isRest ? chosen_.join(QStringLiteral(", ")) : noteOf(tag.text);
+        if (tag.place.contains(at))
+            said = tag.isRest ? chosen_.join(QStringLiteral(", ")) : detailOf(tag.text).toolTip;
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), said, this);
     return true;
 }

@@ -3,9 +3,11 @@
 #include <QString>
 #include <QStringList>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 #include "controls/FieldFrame.h"
+#include "controls/RowDetail.h"
 
 namespace marvello {
 
@@ -18,10 +20,6 @@ class TagBox : public QWidget {
     Q_OBJECT
 
   public:
-    struct Choice {
-        QString key;
-        QString note;  ///< said next to it in the list, quieter
-    };
     /// More lines of tags than this end in a tag with the number of the others.
     static constexpr int maxLines = 3;
 
@@ -33,7 +31,9 @@ class TagBox : public QWidget {
     void setApplyText(const QString& text) { applyText_ = text; }
     /// What is said of the box without a tag.
     void setEmptyText(const QString& text);
-    void setChoices(std::vector<Choice> choices);
+    using Details = std::function<RowDetail(const QString& key)>;
+    /// The keys, which are the texts too, and what the rows of the list say besides.
+    void setChoices(const QStringList& keys, const Details& details = {});
     /// The keys of the tags. Keys that are not offered have no tag.
     void setChosen(const QStringList& keys);
     QStringList chosen() const { return chosen_; }
@@ -72,7 +72,7 @@ class TagBox : public QWidget {
     QRect crossOf(const Tag& tag) const;
     /// The tag whose cross is at a place, -1 without one.
     int crossAt(const QPoint& at) const;
-    QString noteOf(const QString& key) const;
+    RowDetail detailOf(const QString& key) const;
     void takeOff(qsizetype tag);
     void choose(const QStringList& keys);
 
@@ -80,7 +80,8 @@ class TagBox : public QWidget {
     int captionWidth_ = 0;
     QString applyText_;
     QString emptyText_;
-    std::vector<Choice> choices_;
+    QStringList choices_;
+    Details details_;
     QStringList chosen_;
     ctlCombo* combo_ = nullptr;  ///< made at its first opening
     int hovered_ = -1;           ///< the tag whose cross is under the mouse

@@ -20,10 +20,11 @@ namespace {
 constexpr int rowHeight = 26;
 constexpr int padding = 4;
 constexpr int keyRole = Qt::UserRole;
-constexpr int noteRole = Qt::UserRole + 1;
 // In front of every key: it keeps a numeric key apart from a position.
 const QString keyPrefix = QStringLiteral("@");
 const QString allKey = QStringLiteral("@*");
+
+QString keyOf(const QListWidgetItem& item) { return item.data(keyRole).toString().mid(keyPrefix.size()); }
 
 class RowDelegate : public QStyledItemDelegate {
   public:
@@ -55,10 +56,7 @@ class RowDelegate : public QStyledItemDelegate {
         painter->setFont(index.data(Qt::FontRole).isValid() ? index.data(Qt::FontRole).value<QFont>()
                                                             : option.font);
         painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
-        if (const QString note = index.data(noteRole).toString(); !note.isEmpty()) {
-            painter->setPen(look.muted);
-            painter->drawText(text, Qt::AlignRight | Qt::AlignVCenter, note);
-        }
+        paintRowDetail(*painter, text, option.font, index);
     }
 };
 
@@ -114,12 +112,7 @@ void ctlCombo::Populate(const QString& list, const QString& keys, bool inert, bo
     for (const QString& entry : list.split(u';', Qt::SkipEmptyParts)) {
         const qsizetype mark = entry.indexOf(u'|');
         const QString key = (mark < 0 ? entry : entry.left(mark)).trimmed();
-        const QString description = mark < 0 ? entry : entry.mid(mark + 1);
-        auto* item = new QListWidgetItem(description.section(noteMark, 0, 0), list_);
-        if (const QString note = description.section(noteMark, 1); !note.isEmpty()) {
-            item->setData(noteRole, note);
-            item->setData(Qt::AccessibleTextRole, item->text() + QStringLiteral(", ") + note);
-        }
+        auto* item = new QListWidgetItem(mark < 0 ? entry : entry.mid(mark + 1), list_);
         item->setData(keyRole, keyPrefix + key);
         const bool isChosen = chosen.contains(key, Qt::CaseInsensitive);
         if (checkBoxes) item->setCheckState(isChosen ? Qt::Checked : Qt::Unchecked);
@@ -127,6 +120,11 @@ void ctlCombo::Populate(const QString& list, const QString& keys, bool inert, bo
         if (isChosen) list_->setCurrentItem(item);
     }
     if (!list_->currentItem() && list_->count() > 0 && checkBoxes) list_->setCurrentRow(0);
+}
+
+void ctlCombo::setDetails(const std::function<RowDetail(const QString& key)>& detailOf) {
+    for (int row = 0; row < list_->count(); ++row)
+        setRowDetail(*list_->item(row), detailOf(keyOf(*list_->item(row))));
 }
 
 void ctlCombo::openUnder(const QRect& box) {
@@ -173,7 +171,7 @@ void ctlCombo::choose() {
         return;
     }
     const QListWidgetItem* item = list_->currentItem();
-    if (item) emit Choice(item->data(keyRole).toString().mid(keyPrefix.size()), item->text());
+    if (item) emit Choice(keyOf(*item), item->text());
     hide();
 }
 
@@ -183,7 +181,7 @@ void ctlCombo::chooseChecked() {
     for (int row = 0; row < list_->count(); ++row) {
         const QListWidgetItem* item = list_->item(row);
         if (item->checkState() != Qt::Checked) continue;
-        keys += item->data(keyRole).toString().mid(keyPrefix.size());
+        keys += keyOf(*item);
         texts += item->text();
     }
     if (keys.isEmpty())

@@ -2,6 +2,9 @@
 
 #include <QFrame>
 #include <QString>
+#include <functional>
+
+#include "controls/RowDetail.h"
 
 class QListWidgetItem;
 
@@ -19,14 +22,14 @@ class ctlCombo : public QFrame {
     Q_PROPERTY(int ListCount READ ListCount)
 
   public:
-    /// In a description it parts the text of a row from what is said behind it, quieter.
-    static constexpr QChar noteMark = u'\t';
-
     explicit ctlCombo(QWidget* parent = nullptr);
 
     /// Fills the list. `keys` are the chosen keys joined by ";". With `inert` a click chooses nothing by
     /// itself: only Enter and Tab do. With `checkBoxes` rows are checked and the row "*" excludes all others.
     void Populate(const QString& list, const QString& keys, bool inert, bool checkBoxes);
+
+    /// Gives the rows what comes after their names, by their keys.
+    void setDetails(const std::function<RowDetail(const QString& key)>& detailOf);
 
     /// Names the list for a screen reader.
     void SetCaption(const QString& caption);

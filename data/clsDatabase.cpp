@@ -264,6 +264,11 @@ std::string RecordSet::text(std::string_view column) const {
 
 bool RecordSet::isNull(std::string_view column) const { return implementation_->value(column).isNull(); }
 
+std::optional<double> RecordSet::optionalNumber(std::string_view column) const {
+    if (isNull(column)) return std::nullopt;
+    return number(column);
+}
+
 std::string RecordSet::NullToDefault(std::string_view column, std::string_view defaultText) const {
     const SQLite::Column value = implementation_->value(column);
     if (value.isNull()) return std::string(defaultText);
@@ -329,6 +334,12 @@ RecordSet clsDatabase::Execute(const std::string& sql) {
     } catch (const SQLite::Exception& failure) {
         throw failureOf(sql, failure, connection_->file);
     }
+}
+
+bool clsDatabase::hasTable(const std::string& name) {
+    return !Execute("Select name from sqlite_schema where type='table' and name=" + sqlText(name) +
+                    " collate nocase")
+                .eof();
 }
 
 void clsDatabase::checkUndamaged() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -39,6 +40,8 @@ class RecordSet {
     std::string text(std::string_view column) const;
 
     bool isNull(std::string_view column) const;
+    /// The number, or none for NULL. Throws as number() does otherwise.
+    std::optional<double> optionalNumber(std::string_view column) const;
     /// The value as text, or `defaultText` for NULL.
     std::string NullToDefault(std::string_view column, std::string_view defaultText) const;
 
@@ -76,6 +79,9 @@ class clsDatabase {
     RecordSet Execute(const std::string& sql);
 
     bool isOpen() const { return connection_ != nullptr; }
+
+    /// Whether the open file has the table, case ignored. Throws DatabaseError as Execute() does.
+    bool hasTable(const std::string& name);
 
     /// Opens the file anew if another one bears its name now, or if it was written to, since it was opened;
     /// true if it did. A file that is gone stays open. Throws DatabaseError if the new one is no catalogue,

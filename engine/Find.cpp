@@ -105,6 +105,13 @@ Outcome outcomeOf(Calculator& calculator, const PreparedCompressor& compressor,
     return outcome;
 }
 
+/// What a search says of one compressor.
+struct Answer {
+    std::vector<Candidate> candidates;
+    Rejection rejection;  ///< If there is no candidate.
+    long long calculations = 0;
+};
+
 /// The search for one compressor.
 class Examination {
   public:
@@ -115,31 +122,29 @@ class Examination {
           envelope_(compressor.envelopeFor(
               permittedConditions(compressor, request.conditions).conditions.EcoCalculateMode)) {}
 
-    void run() {
+    Answer run() {
         if (compressor_.hasInvert)
             atFrequencies();
         else
             atSteps();
-        if (!candidates.empty()) return;
-        rejection.compressor = &compressor_;
-        rejection.nearest = nearest_;
-        if (nearest_) {
-            rejection.reason =
-                nearest_->deviation < 0 ? Rejection::Reason::tooSmall : Rejection::Reason::tooLarge;
-        } else {
-            rejection.rule = error_;
-            rejection.reason =
-                error_ == outsideEnvelope ? Rejection::Reason::envelope : Rejection::Reason::rule;
-        }
+        if (answer_.candidates.empty()) answer_.rejection = rejection();
+        return std::move(answer_);
     }
 
-    std::vector<Candidate> candidates;
-    Rejection rejection;  ///< If there is no candidate.
-    long long calculations = 0;
-
   private:
+    Rejection rejection() const {
+        using Reason = Rejection::Reason;
+        if (nearest_)
+            return {.reason = nearest_->deviation < 0 ? Reason::tooSmall : Reason::tooLarge,
+                    .compressor = &compressor_,
+                    .nearest = nearest_};
+        return {.reason = error_ == outsideEnvelope ? Reason::envelope : Reason::rule,
+                .rule = error_,
+                .compressor = &compressor_};
+    }
+
     Outcome calculate(const clsProjectConditions& conditions) {
-        ++calculations;
+        ++answer_.calculations;
         return outcomeOf(calculator_, compressor_, permittedConditions(compressor_, conditions),
                          request_.kind);
     }
@@ -196,7 +201,7 @@ class Examination {
         candidate.deviation = (candidate.capacity / request_.needed - 1) * 100;
         candidate.margin = margin();
         if (candidate.deviation >= -request_.below && candidate.deviation <= request_.above)
-            candidates.push_back(candidate);
+            answer_.candidates.push_back(candidate);
         else if (!nearest_ || std::abs(candidate.deviation) < std::abs(nearest_->deviation))
             nearest_ = candidate;
     }
@@ -216,19 +221,8 @@ class Examination {
     std::optional<std::optional<Margin>> margin_;
     std::optional<Candidate> nearest_;
     std::string error_;
+    Answer answer_;
 };
-
-struct Answer {
-    std::vector<Candidate> candidates;
-    Rejection rejection;
-    long long calculations = 0;
-};
-
-Answer examine(const FindRequest& request, const PreparedCompressor& compressor, Calculator& calculator) {
-    Examination examination(request, compressor, calculator);
-    examination.run();
-    return {std::move(examination.candidates), std::move(examination.rejection), examination.calculations};
-}
 
 /// The best first; equal ones in the order of the catalogue.
 void rank(std::vector<Candidate>& candidates) {
@@ -268,7 +262,7 @@ FindResult find(const FindRequest& request, std::shared_ptr<const PreparedCatalo
     std::vector<Answer> answers;
     answers.reserve(choice.size());
     for (const PreparedCompressor* compressor : choice) {
-        answers.push_back(examine(request, *compressor, calculator));
+        answers.push_back(Examination(request, *compressor, calculator).run());
         if (progress != nullptr) ++progress->done;
     }
     return resultOf(std::move(catalogue), std::move(answers));
@@ -281,7 +275,7 @@ FindResult find(const FindRequest& request, std::shared_ptr<const PreparedCatalo
     if (progress != nullptr) progress->count = choice.size();
     std::vector<Answer> answers(choice.size());
     const bool isComplete = pool.run(choice.size(), [&](Calculator& calculator, std::size_t index) {
-        answers[index] = examine(request, *choice[index], calculator);
+        answers[index] = Examination(request, *choice[index], calculator).run();
         if (progress != nullptr) ++progress->done;
     });
     if (!isComplete) return {.catalogue = std::move(catalogue), .isAborted = true};

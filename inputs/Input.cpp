@@ -12,10 +12,19 @@ namespace {
 constexpr bool choice = true;
 constexpr bool number = false;
 
+constexpr bool several = true;
+
 constexpr std::array<InputDefinition, inputCount> inputs{{
-    {Input::refrigerant, "lstRefrigerants", choice},
-    {Input::series, "lstSeries", choice},
-    {Input::models, "lstModels", choice},
+    {Input::refrigerant, "lstRefrigerants", choice, Asked::inSelections},
+    {Input::series, "lstSeries", choice, Asked::inSelections},
+    {Input::models, "lstModels", choice, Asked::inSelections, several},
+    {Input::capacityKind, "cmbCapacity", choice, Asked::inSearch},
+    {Input::capacity, "txtCapacity", number, Asked::inSearch},
+    {Input::toleranceBelow, "txtBelow", number, Asked::inSearch},
+    {Input::toleranceAbove, "txtAbove", number, Asked::inSearch},
+    {Input::refrigerants, "lstAllRefrigerants", choice, Asked::inSearch, several},
+    {Input::allSeries, "lstAllSeries", choice, Asked::inSearch, several},
+    {Input::market, "cmbMarket", choice, Asked::inSearch},
     {Input::evaporatingDew, "txtTED", number},
     {Input::evaporatingMid, "txtTEM", number},
     {Input::evaporatingPressure, "txtPE", number},
@@ -25,15 +34,19 @@ constexpr std::array<InputDefinition, inputCount> inputs{{
     {Input::superheatKind, "cmbSh", choice},
     {Input::superheat, "txtSH", number},
     {Input::subcooling, "txtSC", number},
-    {Input::economizerMode, "cmbEco", choice, Selector::economizer},
+    {Input::economizerMode, "cmbEco", choice, Asked::always, !several, Selector::economizer},
     {Input::economizer, "txtEco", number},
-    {Input::oilCoolingMode, "cmbOilCooling", choice, Selector::oilCooling},
+    {Input::oilCoolingMode, "cmbOilCooling", choice, Asked::always, !several, Selector::oilCooling},
     {Input::oilCooling, "txtOilCooling", number},
-    {Input::frequency, "txtFrequency", number},
-    {Input::motorVoltage, "cmbMotorVoltage", choice, Selector::motorVoltage},
-    {Input::motorSize, "cmbMotorSize", choice, Selector::motorSize},
-    {Input::motorSpeed, "cmbMotorRPM", choice, Selector::motorRpm},
-    {Input::capacityStep, "cmbStepCapacity", choice, Selector::stepCapacity},
+    {Input::frequency, "txtFrequency", number, Asked::onInverter},
+    {Input::motorVoltage, "cmbMotorVoltage", choice, Asked::always, !several, Selector::motorVoltage},
+    {Input::motorSize, "cmbMotorSize", choice, Asked::always, !several, Selector::motorSize},
+    {Input::motorSpeed, "cmbMotorRPM", choice, Asked::always, !several, Selector::motorRpm},
+    {Input::capacityStep, "cmbStepCapacity", choice, Asked::inSelections, !several, Selector::stepCapacity},
+    {Input::minMachines, "cmbMachinesFrom", choice, Asked::inSearch},
+    {Input::maxMachines, "cmbMachinesTo", choice, Asked::inSearch},
+    {Input::usesSteps, "cmbUsesSteps", choice, Asked::inSearch},
+    {Input::inverterUse, "cmbInverterUse", choice, Asked::inSearch},
 }};
 
 constexpr std::array evaporatingCouple{Input::evaporatingDew, Input::evaporatingMid,

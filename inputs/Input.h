@@ -10,11 +10,18 @@
 
 namespace marvello {
 
-/// The inputs of a selection form.
+/// The inputs of the forms.
 enum class Input : std::uint8_t {
     refrigerant,
     series,
     models,
+    capacityKind,
+    capacity,
+    toleranceBelow,
+    toleranceAbove,
+    refrigerants,
+    allSeries,
+    market,
     evaporatingDew,
     evaporatingMid,
     evaporatingPressure,
@@ -33,13 +40,22 @@ enum class Input : std::uint8_t {
     motorSize,
     motorSpeed,
     capacityStep,
+    minMachines,
+    maxMachines,
+    usesSteps,
+    inverterUse,
 };
-inline constexpr std::size_t inputCount = static_cast<std::size_t>(Input::capacityStep) + 1;
+inline constexpr std::size_t inputCount = static_cast<std::size_t>(Input::inverterUse) + 1;
+
+/// Which forms ask for an input.
+enum class Asked : std::uint8_t { always, inSelections, onInverter, inSearch };
 
 struct InputDefinition {
     Input input;
-    std::string_view name;               ///< of its field; parameter sets, help texts and kept forms know it
-    bool isChoice = false;               ///< a key of a list, otherwise a number
+    std::string_view name;  ///< of its field; parameter sets, help texts and kept forms know it
+    bool isChoice = false;  ///< a key of a list, otherwise a number
+    Asked asked = Asked::always;
+    bool isSeveral = false;              ///< a choice of several keys, joined with ";"
     std::optional<Selector> selector{};  ///< what a series has to allow for it
 };
 

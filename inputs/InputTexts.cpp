@@ -35,6 +35,7 @@ std::string inputText(const SelectionInputs& inputs, Input input, const NumberMa
 }
 
 std::string unitText(const SelectionInputs& inputs, Input input) {
+    if (input == Input::toleranceBelow || input == Input::toleranceAbove) return "%";
     return unitText(inputs.quantity(input), inputs.units());
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <set>
 
 #include "catalogue/CatalogueLists.h"
 #include "catalogue/Globals.h"
@@ -40,13 +41,35 @@ const std::string noEconomizer = keyOf(EconomizerMode::none);
 const std::string approachMode = keyOf(EconomizerMode::approach);
 const std::string capacityMode = keyOf(EconomizerMode::capacity);
 
+constexpr double firstCapacity = 150;  // kW
+constexpr double leastCapacity = 0.1;  // in both systems of units
+constexpr double mostCapacity = 100000;
+constexpr double mostBelow = 100;  // percent
+constexpr double mostAbove = 1000;
+constexpr double firstBelow = -5;  // percent
+constexpr double firstAbove = 20;
+constexpr int mostMachinesOffered = 4;
+
+/// A search without a filter of its own takes everything.
+constexpr const char* allKey = "*";
+
 /// The key of a choice in a new form, and while a series does not offer another.
 std::string neutralKey(Input input) {
     switch (input) {
         case Input::refrigerant:
             return std::string(firstRefrigerant);
         case Input::models:
-            return "*";  // all
+        case Input::allSeries:
+            return allKey;
+        case Input::capacityKind:
+        case Input::market:
+        case Input::usesSteps:
+        case Input::inverterUse:
+            return "0";
+        case Input::minMachines:
+            return "1";
+        case Input::maxMachines:
+            return std::to_string(mostMachinesOffered);
         case Input::superheatKind:
             return keyOf(atFirst.SuperHeatType);
         case Input::economizerMode:
@@ -70,6 +93,12 @@ std::vector<Choice> namesAsChoices(const std::vector<std::string>& names) {
     std::vector<Choice> choices;
     for (const std::string& name : names) choices.push_back({name, name});
     return choices;
+}
+
+std::string joined(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names) text += (text.empty() ? "" : ";") + name;
+    return text;
 }
 
 bool offers(const InputValue& value, const std::string& key) {
@@ -100,9 +129,29 @@ SelectionInputs::SelectionInputs(const SelectionKind& kind) : kind_(kind) {
     set(Input::economizer, atFirst.Eco);
     set(Input::oilCooling, atFirst.OilCooling);
     if (kind.hasInverter) set(Input::frequency, static_cast<double>(atFirst.InverterFrequency));
+    set(Input::capacity, firstCapacity);
+    set(Input::toleranceBelow, firstBelow);
+    set(Input::toleranceAbove, firstAbove);
+    for (int machines = 1; machines <= mostMachinesOffered; ++machines)
+        for (const Input limit : {Input::minMachines, Input::maxMachines})
+            at(limit).choices.push_back({std::to_string(machines), std::to_string(machines)});
     keepEconomizerValue(approachMode);
     offerRefrigerants();
     followLeaders();
+}
+
+bool SelectionInputs::has(Input input) const {
+    switch (definitionOf(input).asked) {
+        case Asked::inSelections:
+            return !kind_.isSearch;
+        case Asked::inSearch:
+            return kind_.isSearch;
+        case Asked::onInverter:
+            return kind_.hasInverter;
+        case Asked::always:
+            break;
+    }
+    return true;
 }
 
 void SelectionInputs::set(Input input, double value) {
@@ -133,6 +182,11 @@ Quantity SelectionInputs::quantity(Input input) const {
                                                               : Quantity::temperatureDifference;
         case Input::frequency:
             return Quantity::frequency;
+        case Input::capacity:
+            return Quantity::power;
+        case Input::toleranceBelow:
+        case Input::toleranceAbove:
+            return Quantity::number;
         default:
             return Quantity::temperature;
     }
@@ -145,19 +199,34 @@ bool SelectionInputs::isShown(Input input) const {
         case Input::evaporatingMid:
         case Input::condensingMid:
             return hasMidTemperatures();
+        case Input::evaporatingPressure:
+        case Input::condensingPressure:
+            return hasOneRefrigerant();
+        case Input::market:
+            return has(input) && std::ranges::any_of(keys(Input::allSeries), [](const std::string& series) {
+                       return !seriesTraits(series).markets.empty();
+                   });
         case Input::economizer:
             return key(Input::economizerMode) != noEconomizer;
         case Input::oilCooling:
             return wholeNumber(key(Input::oilCoolingMode)) >= codeOf(OilCoolingMode::givenLimit);
-        case Input::frequency:
-            return kind_.hasInverter;
         default:
-            return true;
+            return has(input);
     }
 }
 
+std::vector<std::string> SelectionInputs::keys(Input input) const {
+    std::vector<std::string> names = splitText(key(input), ';');
+    std::erase(names, std::string());
+    return names;
+}
+
+bool SelectionInputs::hasOneRefrigerant() const {
+    return !kind_.isSearch || keys(Input::refrigerants).size() == 1;
+}
+
 bool SelectionInputs::hasMidTemperatures() const {
-    return refrigerantTraits(key(Input::refrigerant)).hasMidTemperatures();
+    return hasOneRefrigerant() && refrigerantTraits(key(Input::refrigerant)).hasMidTemperatures();
 }
 
 std::optional<Input> SelectionInputs::leaderOf(Input input) const {
@@ -176,12 +245,52 @@ void SelectionInputs::offer(Input input, std::vector<Choice> choices) {
 }
 
 void SelectionInputs::translate() {
-    at(Input::models).choices.front().caption = dictionaryText("frmselection.models.all");
+    for (const Input input : {Input::models, Input::allSeries})
+        if (has(input)) at(input).choices.front().caption = dictionaryText("frmselection.models.all");
 }
 
 void SelectionInputs::offerRefrigerants() {
-    offer(Input::refrigerant, namesAsChoices(refrigerantsOf({.onInverter = kind_.hasInverter})));
-    offerSeries();
+    if (!kind_.isSearch) {
+        offer(Input::refrigerant, namesAsChoices(refrigerantsOf({.onInverter = kind_.hasInverter})));
+        offerSeries();
+        return;
+    }
+    const std::vector<std::string> names = refrigerantsOf();
+    offer(Input::refrigerants, namesAsChoices(names));
+    at(Input::refrigerants).key = joined(names);
+    offerAllSeries();
+}
+
+// The series that have one of the refrigerants.
+void SelectionInputs::offerAllSeries() {
+    InputValue& series = at(Input::allSeries);
+    const std::vector<std::string> refrigerants = keys(Input::refrigerants);
+    series.choices = {{allKey, {}}};
+    std::set<std::string> those;
+    for (const ModelName& name : modelsOf({}))
+        if (std::ranges::find(refrigerants, name.refrigerant) != refrigerants.end())
+            those.insert(name.series);
+    for (const std::string& name : seriesOf({}))
+        if (those.contains(name)) series.choices.push_back({name, name});
+    translate();
+    std::vector<std::string> kept = keys(Input::allSeries);
+    std::erase_if(kept, [&series](const std::string& name) { return !offers(series, name); });
+    series.key = kept.empty() ? allKey : joined(kept);
+}
+
+// What belongs to one refrigerant alone is asked for while there is but one.
+void SelectionInputs::chooseRefrigerants() {
+    offerAllSeries();
+    leaders_.reset();
+    if (hasOneRefrigerant()) at(Input::refrigerant).key = key(Input::refrigerants);
+    followLeaders();
+}
+
+// The other limit goes with the one that was chosen.
+void SelectionInputs::orderMachines(Input chosen) {
+    if (wholeNumber(key(Input::minMachines)) <= wholeNumber(key(Input::maxMachines))) return;
+    const Input other = chosen == Input::minMachines ? Input::maxMachines : Input::minMachines;
+    at(other).key = key(chosen);
 }
 
 void SelectionInputs::offerSeries() {
@@ -247,6 +356,13 @@ void SelectionInputs::choose(Input input, const std::string& newKey) {
         case Input::superheatKind:
             limitSuperheat();
             break;
+        case Input::refrigerants:
+            chooseRefrigerants();
+            break;
+        case Input::minMachines:
+        case Input::maxMachines:
+            orderMachines(input);
+            break;
         default:
             break;
     }
@@ -273,9 +389,10 @@ void SelectionInputs::type(Input input, std::optional<double> value) {
 
 void SelectionInputs::settle(Input input, double value) {
     const std::string& mode = key(Input::economizerMode);
-    const bool hasNoSign = input == Input::subcooling ||
+    const bool hasNoSign = input == Input::subcooling || input == Input::toleranceAbove ||
                            (input == Input::economizer && (mode == approachMode || mode == capacityMode));
-    set(input, hasNoSign ? std::abs(value) : value);
+    const bool isBelow = input == Input::toleranceBelow;
+    set(input, isBelow ? -std::abs(value) : hasNoSign ? std::abs(value) : value);
     if (input == Input::economizer && isShown(input)) keepEconomizerValue(mode);
 }
 
@@ -302,6 +419,10 @@ void SelectionInputs::synchronize(Input leader) {
                                  Entry{Input::condensingMid, &CoupledFields::TCM},
                                  Entry{Input::condensingPressure, &CoupledFields::PC},
                                  Entry{Input::subcooling, &CoupledFields::SC}};
+    if (!hasOneRefrigerant()) {
+        refuse(leader, std::nullopt);
+        return;
+    }
     CoupledFields fields;
     for (const auto& [input, value] : entries)
         fields.*value = conversionOf(quantity(input))(number(input), units_, UnitSystem::metric);
@@ -350,7 +471,8 @@ void SelectionInputs::followLeaders() {
 }
 
 SuperheatRange SelectionInputs::superheatRange() const {
-    return marvello::superheatRange(key(Input::refrigerant), units_,
+    // Of several the narrowest, which is that of one without a range of its own.
+    return marvello::superheatRange(hasOneRefrigerant() ? key(Input::refrigerant) : std::string(), units_,
                                     quantity(Input::superheat) == Quantity::temperatureDifference,
                                     number(Input::evaporatingDew));
 }
@@ -378,6 +500,12 @@ std::optional<SelectionInputs::Bounds> SelectionInputs::exceededBounds(Input inp
         bounds = {range.low, range.high};
     } else if (input == Input::frequency) {
         bounds = {clsInverter::minimumFrequency, clsInverter::maximumFrequency};
+    } else if (input == Input::capacity) {
+        bounds = {leastCapacity, mostCapacity};
+    } else if (input == Input::toleranceBelow) {
+        bounds = {-mostBelow, 0};
+    } else if (input == Input::toleranceAbove) {
+        bounds = {0, mostAbove};
     } else {
         return std::nullopt;
     }
@@ -391,11 +519,16 @@ bool SelectionInputs::temperaturesCross() const {
     return evaporating && condensing && *evaporating > *condensing;
 }
 
+// Kept: the capacity of an economizer follows the rule of its quantity, which converts it as a difference.
+UnitRule SelectionInputs::conversionFor(Input input) const {
+    return input == Input::capacity ? convertedCapacity : conversionOf(quantity(input));
+}
+
 void SelectionInputs::setUnits(UnitSystem units) {
     if (units == units_) return;
     for (const InputDefinition& definition : allInputs()) {
         InputValue& value = at(definition.input);
-        const UnitRule rule = conversionOf(quantity(definition.input));
+        const UnitRule rule = conversionFor(definition.input);
         if (rule && value.number)
             value.number = entered_[static_cast<std::size_t>(definition.input)].shownIn(units, *value.number,
                                                                                         units_, rule);
@@ -431,6 +564,8 @@ InputState SelectionInputs::state() const {
     InputState state{.units = units_, .keys = {}, .values = {}, .leaders = leaders_};
     for (const InputDefinition& definition : allInputs()) {
         const InputValue& value = (*this)[definition.input];
+        const bool isOnlyRefrigerant = definition.input == Input::refrigerant && hasOneRefrigerant();
+        if (!has(definition.input) && !isOnlyRefrigerant) continue;
         if (definition.isChoice)
             state.keys[std::string(definition.name)] = value.key;
         else if (value.number)
@@ -441,22 +576,27 @@ InputState SelectionInputs::state() const {
     return state;
 }
 
-void SelectionInputs::takeOver(const InputState& state) {
-    if (state.isEmpty()) return;
-    const UnitSystem shown = units_;
-    setUnits(state.units);
+void SelectionInputs::takeOverChoices(const InputState& state) {
     // In their order: a refrigerant offers its series, a series its models and its selectors. What the
     // catalogue does not offer any more is left as it is.
     for (const InputDefinition& definition : allInputs()) {
         const auto kept = state.keys.find(std::string(definition.name));
         const InputValue& value = (*this)[definition.input];
-        if (!definition.isChoice || !value.isEnabled || kept == state.keys.end()) continue;
+        if (!definition.isChoice || !has(definition.input) || !value.isEnabled || kept == state.keys.end())
+            continue;
         if (kept->second != value.key && offersAll(value, kept->second))
             choose(definition.input, kept->second);
     }
+}
+
+void SelectionInputs::takeOver(const InputState& state) {
+    if (state.isEmpty()) return;
+    const UnitSystem shown = units_;
+    setUnits(state.units);
+    takeOverChoices(state);
     for (const InputDefinition& definition : allInputs())
         if (const auto kept = state.values.find(std::string(definition.name));
-            kept != state.values.end() && (definition.input != Input::frequency || kind_.hasInverter))
+            kept != state.values.end() && has(definition.input))
             set(definition.input, kept->second);
     if (isShown(Input::economizer)) keepEconomizerValue(key(Input::economizerMode));
     for (const std::string& mode : {approachMode, capacityMode})
@@ -466,7 +606,8 @@ void SelectionInputs::takeOver(const InputState& state) {
         }
     // What another refrigerant has at the same pressure is another operating point.
     const auto fluid = state.keys.find(std::string(definitionOf(Input::refrigerant).name));
-    const bool isSameFluid = fluid != state.keys.end() && fluid->second == key(Input::refrigerant);
+    const bool isSameFluid =
+        fluid != state.keys.end() && fluid->second == key(Input::refrigerant) && hasOneRefrigerant();
     leaders_ = isSameFluid ? state.leaders : CoupleLeaders();
     followLeaders();
     setUnits(shown);

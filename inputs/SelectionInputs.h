@@ -47,13 +47,16 @@ struct InputState {
     bool isEmpty() const { return keys.empty(); }
 };
 
-/// The inputs of a selection form: what they offer, how they follow one another, their ranges and units, and
+/// The inputs of a form: what they offer, how they follow one another, their ranges and units, and
 /// the conditions that a calculation gets from them. Numbers are in `units()`. The lists of refrigerants,
 /// series and models are read from gDatabase(); other lists are offered by the form, in the user's language.
 class SelectionInputs {
   public:
     /// The inputs of a new form. Throws DatabaseError.
     explicit SelectionInputs(const SelectionKind& kind);
+
+    /// False for an input that this kind of form does not ask for.
+    bool has(Input input) const;
 
     UnitSystem units() const { return units_; }
     /// Shows all numbers in another system. A value that was entered in it is the same again.
@@ -73,6 +76,10 @@ class SelectionInputs {
     /// False for an input that does not go with the others.
     bool isShown(Input input) const;
     bool hasMidTemperatures() const;
+    /// False for a search over several refrigerants: temperatures and pressures have nothing to follow then.
+    bool hasOneRefrigerant() const;
+    /// The keys of an input of several.
+    std::vector<std::string> keys(Input input) const;
     /// The input that leads the couple of this one; none outside a couple.
     std::optional<Input> leaderOf(Input input) const;
     /// The series of the catalogue that is chosen, and its market.
@@ -117,7 +124,12 @@ class SelectionInputs {
   private:
     InputValue& at(Input input) { return values_[static_cast<std::size_t>(input)]; }
     void set(Input input, double value);
+    UnitRule conversionFor(Input input) const;
     void offerRefrigerants();
+    void offerAllSeries();
+    void chooseRefrigerants();
+    void orderMachines(Input chosen);
+    void takeOverChoices(const InputState& state);
     void offerSeries();
     void offerModels();
     void applySeriesRules();

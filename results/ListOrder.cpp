@@ -41,8 +41,9 @@ std::string_view takeDigits(std::string_view& text) {
     return digits;
 }
 
-/// Whether `a` comes before `b` without regard to case, with "TK-A-90" before "TK-A-120".
-bool isBefore(std::string_view a, std::string_view b) {
+}  // namespace
+
+bool comesBefore(std::string_view a, std::string_view b) {
     while (!a.empty() && !b.empty()) {
         if (isDigit(a.front()) && isDigit(b.front())) {
             const std::string_view first = takeDigits(a);
@@ -57,8 +58,6 @@ bool isBefore(std::string_view a, std::string_view b) {
     }
     return a.empty() && !b.empty();
 }
-
-}  // namespace
 
 void ListOrder::clicked(const std::string& column) {
     if (column != column_) {
@@ -85,7 +84,7 @@ void ListOrder::sort(ResultTable& table) const {
         if (a.rank() == Sortable::withoutValue) return false;
         const Sortable& first = isDescending_ ? b : a;
         const Sortable& second = isDescending_ ? a : b;
-        return first.number ? *first.number < *second.number : isBefore(first.text, second.text);
+        return first.number ? *first.number < *second.number : comesBefore(first.text, second.text);
     };
     for (ResultGroup& group : table.groups) std::ranges::stable_sort(group.rows, comesFirst);
 }

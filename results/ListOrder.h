@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace marvello {
 
@@ -8,6 +9,9 @@ struct ResultTable;
 
 /// The column that holds the names of the compressors.
 inline const std::string nameColumn = "compressor";
+
+/// Whether `a` comes before `b` without regard to case, with "TK-A-90" before "TK-A-120".
+bool comesBefore(std::string_view a, std::string_view b);
 
 /// The order of the rows within the groups of a results list: that of the catalogue, or by the values of one
 /// column.

@@ -74,7 +74,7 @@ std::vector<ReportLine> resultLines(const ResultTable& table, const ResultRow& r
 
 std::vector<ReportLine> technicalLines(const std::vector<TechnicalEntry>& entries) {
     std::vector<ReportLine> lines{heading("report.technicaldata.caption")};
-    for (const auto& [caption, value] : entries) lines.push_back({caption, value});
+    for (const TechnicalEntry& entry : entries) lines.push_back({entry.caption, entry.value});
     return lines;
 }
 

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <regex>
 #include <string_view>
 
 #include "data/DictionaryTexts.h"
 #include "data/ParameterSets.h"
 #include "data/Texts.h"
+#include "results/RefrigerantTexts.h"
 #include "results/ResultTable.h"
 #include "thermo/UnitFamilies.h"
 
@@ -96,6 +98,10 @@ std::vector<TechnicalEntry> technicalData(const clsCompressor& compressor, UnitS
         if (value.find('@') != std::string::npos) value = trimmed(MotorDescription(value, compressor, marks));
         if (units == UnitSystem::imperial) value = technicalInImperial(value, marks);
         entries.push_back({trimmed(std::string_view(piece).substr(0, bar)), std::move(value)});
+    }
+    if (const RefrigerantFacts facts = factsOf(compressor.Refrigerant); facts != RefrigerantFacts()) {
+        entries.push_back({dictionaryText("report.refrigerant.caption"), compressor.Refrigerant, true});
+        std::ranges::move(factEntries(facts, units, marks), std::back_inserter(entries));
     }
     return entries;
 }

@@ -12,10 +12,12 @@ namespace marvello {
 struct TechnicalEntry {
     std::string caption;
     std::string value;
+    bool beginsBlock = false;  ///< of lines that belong together
 };
 
 /// Returns the technical data of a model from the catalogue, in its order, with what the motor of the
-/// calculated compressor has to say. Empty for a model without technical data.
+/// calculated compressor has to say, and after them the facts of its refrigerant. Empty for a model without
+/// technical data whose refrigerant the catalogue knows no facts of.
 std::vector<TechnicalEntry> technicalData(const clsCompressor& compressor, UnitSystem units,
                                           const NumberMarks& marks = {});
 

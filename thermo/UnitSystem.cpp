@@ -32,6 +32,12 @@ double convertedDifference(double value, UnitSystem from, UnitSystem to) {
     return withoutNoise(to == UnitSystem::imperial ? value * fahrenheitInKelvin : value / fahrenheitInKelvin);
 }
 
+double convertedCapacity(double value, UnitSystem from, UnitSystem to) {
+    if (from == to) return value;
+    return withoutNoise(clsConvert().ConvertValue(
+        value, to == UnitSystem::imperial ? conversion::kilowattsToTons : conversion::tonsToKilowatts));
+}
+
 double convertedPressure(double value, UnitSystem from, UnitSystem to) {
     if (from == to) return value;
     // The numbers of the systems are those of the unit sets.

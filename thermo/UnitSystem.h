@@ -12,6 +12,8 @@ using UnitRule = double (*)(double value, UnitSystem from, UnitSystem to);
 double convertedTemperature(double value, UnitSystem from, UnitSystem to);
 /// A difference of temperatures between K and degrees Fahrenheit.
 double convertedDifference(double value, UnitSystem from, UnitSystem to);
+/// A cooling or heating capacity between kW and tons of refrigeration.
+double convertedCapacity(double value, UnitSystem from, UnitSystem to);
 /// An absolute pressure between bar and psi.
 double convertedPressure(double value, UnitSystem from, UnitSystem to);
 

@@ -47,9 +47,17 @@ void paintInverter(QPainter& painter) {
     painter.drawPath(wave);
 }
 
+void paintMagnifier(QPainter& painter) {
+    painter.drawEllipse(QPointF(60, 46), 17, 17);
+    painter.drawLine(QPointF(72.5, 58.5), QPointF(86, 72));
+    painter.drawLine(QPointF(53, 46), QPointF(67, 46));
+    painter.drawLine(QPointF(60, 39), QPointF(60, 53));
+}
+
 }  // namespace
 
-void paintCompressor(QPainter& painter, const QRectF& place, const ArtColours& colours, bool hasInverter) {
+void paintCompressor(QPainter& painter, const QRectF& place, const ArtColours& colours,
+                     ArtAddition addition) {
     const double scale = std::min(place.width() / room.width(), place.height() / room.height());
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -67,7 +75,8 @@ void paintCompressor(QPainter& painter, const QRectF& place, const ArtColours& c
     painter.drawEllipse(QPointF(220, 119), 14, 14);
     for (const double y : {96, 108, 120, 132, 144}) painter.drawLine(QPointF(74, y), QPointF(162, y));
     painter.setPen(line);
-    if (hasInverter) paintInverter(painter);
+    if (addition == ArtAddition::inverter) paintInverter(painter);
+    if (addition == ArtAddition::search) paintMagnifier(painter);
     painter.restore();
 }
 

@@ -14,7 +14,10 @@ struct ArtColours {
     QColor fill;
 };
 
-/// Draws a compressor in lines, fitted into `place`; with an inverter above its terminal box.
-void paintCompressor(QPainter& painter, const QRectF& place, const ArtColours& colours, bool hasInverter);
+/// What is next to the terminal box of the drawing.
+enum class ArtAddition { none, inverter, search };
+
+/// Draws a compressor in lines, fitted into `place`.
+void paintCompressor(QPainter& painter, const QRectF& place, const ArtColours& colours, ArtAddition addition);
 
 }  // namespace marvello

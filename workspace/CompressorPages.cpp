@@ -88,6 +88,9 @@ bool CompressorPages::select(const QString& key) {
 
 int CompressorPages::current() const { return TabStrip_->currentIndex(); }
 
+QWidget* CompressorPages::tabs() const { return TabStrip_; }
+QWidget* CompressorPages::page() const { return pages_->currentWidget(); }
+
 void CompressorPages::clear() {
     messages_->clear();
     technical_->clear();

@@ -45,6 +45,9 @@ class CompressorPages : public QWidget {
     /// Selects a page by its key. False for a key that no page has.
     bool select(const QString& key);
     int current() const;
+    /// The row of tabs, and the page that is shown.
+    QWidget* tabs() const;
+    QWidget* page() const;
 
   signals:
     void pageChanged();

@@ -19,10 +19,11 @@ void DropList::makeCombo() {
     connect(combo_, &ctlCombo::Closed, this, &DropList::close);
 }
 
-void DropList::serve(AdvanceText* field, bool checkBoxes) {
+void DropList::serve(AdvanceText* field, bool checkBoxes, const Details& details) {
     // A letter that opens the list is the first of the name that is meant.
     field->focusProxy()->installEventFilter(this);
-    connect(field, &AdvanceText::ButtonClick, this, [this, field, checkBoxes] { open(field, checkBoxes); });
+    connect(field, &AdvanceText::ButtonClick, this,
+            [this, field, checkBoxes, details] { open(field, checkBoxes, details); });
 }
 
 bool DropList::eventFilter(QObject* watched, QEvent* event) {
@@ -34,12 +35,13 @@ bool DropList::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-void DropList::open(AdvanceText* field, bool checkBoxes) {
+void DropList::open(AdvanceText* field, bool checkBoxes, const Details& details) {
     if (!combo_) makeCombo();
     combo_->hide();
     field_ = field;
     checkBoxes_ = checkBoxes;
     combo_->Populate(field->Tag1(), field->Key(), false, checkBoxes);
+    if (details) combo_->setDetails(details);
     combo_->SetCaption(field->CaptionText());
     if (checkBoxes) combo_->setApplyText(dictionaryText(QStringLiteral("frmselection.apply")));
     combo_->openUnder(field->globalBox());

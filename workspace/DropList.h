@@ -2,6 +2,9 @@
 
 #include <QObject>
 #include <QPointer>
+#include <functional>
+
+#include "controls/RowDetail.h"
 
 namespace marvello {
 
@@ -16,15 +19,19 @@ class DropList : public QObject {
   public:
     explicit DropList(QWidget* window);
 
-    /// Lets the button of `field` open the list, with check boxes when several keys may be chosen.
-    void serve(AdvanceText* field, bool checkBoxes = false);
+    /// What comes after the name of a row, by its key.
+    using Details = std::function<RowDetail(const QString& key)>;
+
+    /// Lets the button of `field` open the list, with check boxes when several keys may be chosen, and with
+    /// `details` where the rows have some.
+    void serve(AdvanceText* field, bool checkBoxes = false, const Details& details = {});
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void makeCombo();
-    void open(AdvanceText* field, bool checkBoxes);
+    void open(AdvanceText* field, bool checkBoxes, const Details& details);
     void take(const QString& key, const QString& text);
     void close();
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/Link.h"
 #include "controls/Look.h"
 #include "workspace/WindowTexts.h"
 
@@ -18,6 +19,9 @@ constexpr double drawingHeight = 112;
 constexpr double sentenceWidth = 380;
 constexpr double lineHeight = 18;
 constexpr double chipPadding = 5;
+constexpr double textTop = drawingHeight + 16 + 20 + 4;  // of the sentence, below the drawing and the title
+constexpr double linkHeight = 34;
+constexpr int linkGap = 24;
 
 QFont fontOf(bool strong, bool key) {
     if (key) return lookFont(11, QFont::Medium);
@@ -78,9 +82,8 @@ void EmptyPage::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), look.surface);
-    const auto lines = wrapped(std::min(sentenceWidth, width() - 32.0));
-    const double whole = drawingHeight + 16 + 20 + 4 + lineHeight * static_cast<double>(lines.size());
-    double top = std::max(8.0, (height() - whole) / 2);
+    const auto lines = wrappedHere();
+    double top = topOf(lines.size());
     paintDrawing(painter, {std::round((width() - drawingWidth) / 2), std::round(top)});
     top += drawingHeight + 16;
     painter.setFont(lookFont(15, QFont::Medium));
@@ -92,6 +95,51 @@ void EmptyPage::paintEvent(QPaintEvent*) {
         top += lineHeight;
     }
 }
+
+QList<QList<EmptyPage::Word>> EmptyPage::wrappedHere() const {
+    return wrapped(std::min(sentenceWidth, width() - 32.0));
+}
+
+// The whole is in the middle of the page.
+double EmptyPage::topOf(qsizetype lines) const {
+    const double whole =
+        textTop + lineHeight * static_cast<double>(lines) + (links_.isEmpty() ? 0 : linkHeight);
+    return std::max(8.0, (height() - whole) / 2);
+}
+
+void EmptyPage::setLinks(const QStringList& texts) {
+    while (links_.size() > texts.size()) links_.takeLast()->deleteLater();
+    while (links_.size() < texts.size()) {
+        const auto number = static_cast<int>(links_.size());
+        links_ += new Link(QString(), this);
+        links_.back()->setObjectName(QStringLiteral("link%1").arg(number));
+        connect(links_.back(), &Link::clicked, this, [this, number] { emit linkClicked(number); });
+    }
+    for (qsizetype i = 0; i < texts.size(); ++i) {
+        links_[i]->setText(texts[i]);
+        links_[i]->setVisible(!texts[i].isEmpty());
+    }
+    placeLinks();
+    update();
+}
+
+// In a row below the sentence.
+void EmptyPage::placeLinks() {
+    int whole = 0;
+    for (const Link* link : links_)
+        if (!link->text().isEmpty()) whole += link->sizeHint().width() + (whole > 0 ? linkGap : 0);
+    const qsizetype lines = wrappedHere().size();
+    int left = (width() - whole) / 2;
+    const int top =
+        static_cast<int>(topOf(lines) + textTop + lineHeight * static_cast<double>(lines)) + linkGap / 2;
+    for (Link* link : links_) {
+        if (link->text().isEmpty()) continue;
+        link->setGeometry(QRect({left, top}, link->sizeHint()));
+        left += link->width() + linkGap;
+    }
+}
+
+void EmptyPage::resizeEvent(QResizeEvent*) { placeLinks(); }
 
 void EmptyPage::paintLine(QPainter& painter, const QList<Word>& line, double top) const {
     const Look& look = Look::current();

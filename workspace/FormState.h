@@ -2,16 +2,18 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include "inputs/SelectionInputs.h"
 
 namespace marvello {
 
-/// What a selection form leaves to the next one: its inputs, and how wide the user made the columns of its
-/// list, by their keys.
+/// What a form leaves to the next one of its kind: its inputs, and what the user made of its list.
 struct FormState {
     InputState inputs;
-    QHash<QString, int> columnWidths;
+    QHash<QString, int> columnWidths;  ///< by the keys of the columns
+    QStringList hiddenColumns{};       ///< of a list whose columns can be hidden
+    QStringList filters{};             ///< of a list with filters
 
     bool isEmpty() const { return inputs.isEmpty(); }
 };

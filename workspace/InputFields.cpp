@@ -8,10 +8,11 @@
 #include "controls/AdvanceText.h"
 #include "controls/MessageBox.h"
 #include "controls/NumberText.h"
+#include "controls/TagBox.h"
 #include "data/Texts.h"
 #include "inputs/InputTexts.h"
-#include "workspace/DropList.h"
 #include "workspace/InputPanel.h"
+#include "workspace/RefrigerantDetail.h"
 #include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
@@ -26,7 +27,8 @@ constexpr std::array pairs{std::pair{Input::evaporatingDew, Input::condensingDew
 
 /// True for the lists that follow from the catalogue.
 bool isCatalogueList(Input input) {
-    return input == Input::refrigerant || input == Input::series || input == Input::models;
+    return input == Input::refrigerant || input == Input::series || input == Input::models ||
+           input == Input::refrigerants || input == Input::allSeries;
 }
 
 QString listText(const std::vector<Choice>& choices) {
@@ -40,6 +42,14 @@ QString helpKeyOf(Input input) {
     switch (input) {
         case Input::refrigerant:
             return QStringLiteral("formselection.help.refrigerants.caption");
+        case Input::refrigerants:
+            return QStringLiteral("find.help.refrigerants");
+        case Input::capacity:
+            return helpKeyOf(Input::capacityKind);
+        case Input::toleranceAbove:
+            return helpKeyOf(Input::toleranceBelow);
+        case Input::maxMachines:
+            return helpKeyOf(Input::minMachines);
         case Input::condensingMid:
             return QStringLiteral("frmselections.help.txttcm.caption");
         case Input::economizer:
@@ -69,9 +79,16 @@ InputFields::InputFields(SelectionInputs& inputs, InputPanel& panel, QWidget& fo
       dropList_(new DropList(&form)) {
     for (const InputDefinition& definition : allInputs())
         if (panel_[definition.input]) connectField(definition.input);
-    panel_[Input::capacityStep]->SetTag1(listText(inputs_[Input::capacityStep].choices));
+    for (const Input input : {Input::capacityStep, Input::minMachines, Input::maxMachines})
+        if (panel_[input]) panel_[input]->SetTag1(listText(inputs_[input].choices));
+    if (panel_.refrigerants()) connectRefrigerants();
     walkPair(Input::evaporatingDew);
     show();
+}
+
+DropList::Details InputFields::detailsOf(Input input) const {
+    if (input != Input::refrigerant && input != Input::refrigerants) return {};
+    return [this](const QString& key) { return refrigerantDetail(key, inputs_.units()); };
 }
 
 void InputFields::connectField(Input input) {
@@ -86,7 +103,7 @@ void InputFields::connectField(Input input) {
         walkPair(input);
     });
     if (definitionOf(input).isChoice) {
-        dropList_->serve(field, input == Input::models);
+        dropList_->serve(field, definitionOf(input).isSeveral, detailsOf(input));
         connect(field, &AdvanceText::KeyChange, this, [this, input] { chosen(input); });
         return;
     }
@@ -105,11 +122,38 @@ void InputFields::connectField(Input input) {
         connect(field, &AdvanceText::TextLostFocus, this, [this] { sayReplaced(inputs_.limitSuperheat()); });
 }
 
+void InputFields::connectRefrigerants() {
+    TagBox* const box = panel_.refrigerants();
+    connect(box, &TagBox::chosenByUser, this, [this, box] {
+        inputs_.choose(Input::refrigerants, toCore(box->chosen().join(u';')));
+        walkPair(Input::evaporatingDew);
+        show();
+        emit edited(box->caption());
+        emit subjectChanged();
+    });
+    connect(box, &TagBox::gotFocus, this, [this] {
+        helped_ = Input::refrigerants;
+        showFieldHelp();
+    });
+}
+
+void InputFields::showRefrigerants() {
+    TagBox* const box = panel_.refrigerants();
+    if (!box) return;
+    QStringList choices;
+    for (const Choice& choice : inputs_[Input::refrigerants].choices) choices += fromCore(choice.key);
+    box->setChoices(choices, detailsOf(Input::refrigerants));
+    const int before = box->heightForWidth(box->width());
+    box->setChosen(fromCore(inputs_.key(Input::refrigerants)).split(u';', Qt::SkipEmptyParts));
+    if (box->heightForWidth(box->width()) != before || box->height() != before) panel_.layOut();
+}
+
 void InputFields::chosen(Input input) {
     inputs_.choose(input, toCore(panel_[input]->Key()));
     if (input == Input::refrigerant) walkPair(Input::evaporatingDew);
     show();
-    if (input == Input::refrigerant || input == Input::series) emit subjectChanged();
+    if (input == Input::refrigerant || input == Input::series || input == Input::allSeries)
+        emit subjectChanged();
 }
 
 void InputFields::typed(Input input) {
@@ -155,9 +199,14 @@ void InputFields::read() {
 
 void InputFields::translate() {
     for (const InputDefinition& definition : allInputs())
-        if (definition.isChoice && !isCatalogueList(definition.input))
+        if (definition.isChoice && !isCatalogueList(definition.input) && panel_[definition.input])
             inputs_.offer(definition.input, choicesIn(toCore(panel_[definition.input]->Tag1())));
     inputs_.translate();
+    if (TagBox* box = panel_.refrigerants()) {
+        box->setCaption(dictionaryText(QStringLiteral("find.refrigerants")), InputPanel::usualCaptionWidth);
+        box->setEmptyText(dictionaryText(QStringLiteral("find.refrigerants.none")));
+        box->setApplyText(dictionaryText(QStringLiteral("frmselection.apply")));
+    }
     show();
     showFieldHelp();
 }
@@ -174,7 +223,7 @@ void InputFields::setUnits(UnitSystem units) {
     showFieldHelp();
 }
 
-bool InputFields::refuseRun(AdvanceText& field) {
+bool InputFields::refuseRun(QWidget& field) {
     emit wantsRoom();
     field.setFocus();
     return false;
@@ -195,11 +244,13 @@ bool InputFields::check() {
         }
         if (!definition.isChoice && !field->isHidden() && !field->validate()) return refuseRun(*field);
     }
-    return true;
+    TagBox* const box = panel_.refrigerants();
+    return !box || !box->isInvalid() || refuseRun(*box);
 }
 
 void InputFields::show() {
     bool isOther = false;
+    showRefrigerants();
     for (const InputDefinition& definition : allInputs()) {
         const Input input = definition.input;
         AdvanceText* const field = panel_[input];

@@ -5,13 +5,13 @@
 #include <optional>
 
 #include "inputs/SelectionInputs.h"
+#include "workspace/DropList.h"
 
 class QWidget;
 
 namespace marvello {
 
 class AdvanceText;
-class DropList;
 class InputPanel;
 
 /// Shows the inputs of a form in the fields of its panel, and tells the inputs what is typed and chosen
@@ -55,12 +55,16 @@ class InputFields : public QObject {
 
   private:
     void connectField(Input input);
+    void connectRefrigerants();
+    void showRefrigerants();
+    /// What the rows of the input's list say besides their names; none where they do not.
+    DropList::Details detailsOf(Input input) const;
     void chosen(Input input);
     void typed(Input input);
     void left(Input input);
     /// Shows what was put right, and says that it was the superheat.
     void sayReplaced(bool isSuperheat);
-    bool refuseRun(AdvanceText& field);
+    bool refuseRun(QWidget& field);
 
     void showChoice(Input input);
     void showNumber(Input input);

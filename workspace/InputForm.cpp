@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/Link.h"
 #include "controls/Splitter.h"
@@ -26,6 +27,18 @@ namespace {
 
 constexpr int wideCaptionWidth = 116;
 
+/// The control of a part of the form that the tab key reaches first; null without one.
+QWidget* firstToFocus(QWidget& part) {
+    const auto takesFocus = [](const QWidget& control) {
+        return control.isVisible() && control.isEnabled() && (control.focusPolicy() & Qt::TabFocus) &&
+               !control.focusProxy();
+    };
+    if (takesFocus(part)) return &part;
+    for (QWidget* next = part.nextInFocusChain(); next != &part; next = next->nextInFocusChain())
+        if (part.isAncestorOf(next) && takesFocus(*next)) return next;
+    return nullptr;
+}
+
 }  // namespace
 
 InputForm::InputForm(const SelectionKind& kind, QWidget* parent)
@@ -39,6 +52,7 @@ InputForm::InputForm(const SelectionKind& kind, QWidget* parent)
         connect(shortcut, &QShortcut::activated, this, act);
     };
     onKey(Qt::Key_F5, [this] { lnkCalculate_Click(); });
+    onKey(Qt::Key_F6, [this] { goRound(); });
     onKey(Qt::Key_F1, [this] {
         if (!fields_->showHelp()) emit guideRequested();
     });
@@ -51,7 +65,7 @@ void InputForm::makePanes() {
     Splitter1_->setObjectName(QStringLiteral("Splitter1"));
     auto* Frame1 = new QWidget(Splitter1_);
     setUpPane(*Frame1, "Frame1");
-    panel_ = new InputPanel(kind_.hasInverter, Frame1);
+    panel_ = new InputPanel(inputs_, Frame1);
     auto* inside = new QVBoxLayout(Frame1);
     inside->setContentsMargins(0, 0, 0, 0);
     inside->addWidget(panel_);
@@ -159,17 +173,38 @@ void InputForm::showResults(bool show) {
     fold_->setHasResults(show);
 }
 
+// Goes on to the next part of the form that can have the focus: inputs, list, tabs, page.
+void InputForm::goRound() {
+    QList<QWidget*> parts{panel_};
+    if (hasResults()) parts += results().parts();
+    const QWidget* const now = focusWidget();
+    const auto holds = [now](const QWidget* part) { return part == now || (now && part->isAncestorOf(now)); };
+    const auto current = std::ranges::find_if(parts, holds) - parts.begin();
+    for (qsizetype step = 1; step <= parts.size(); ++step)
+        if (QWidget* const first = firstToFocus(*parts[(current + step) % parts.size()])) {
+            if (first->isVisible()) first->setFocus(Qt::ShortcutFocusReason);
+            return;
+        }
+}
+
 bool InputForm::WheelMoved(int step) { return fields_->turnWheel(step); }
 
 bool InputForm::hasResults() const { return !results().isHidden(); }
 
-FormState InputForm::state() const { return {inputs_.state(), results().chosenWidths()}; }
+FormState InputForm::state() const {
+    return {.inputs = inputs_.state(), .columnWidths = results().chosenWidths()};
+}
 
 void InputForm::takeOver(const FormState& state) {
-    fields_->commit();
-    inputs_.takeOver(state.inputs);
-    fields_->show();
+    if (state.isEmpty()) return;
+    takeOverInputs(state.inputs);
     results().setChosenWidths(state.columnWidths);
+}
+
+void InputForm::takeOverInputs(const InputState& inputs) {
+    fields_->commit();
+    inputs_.takeOver(inputs);
+    fields_->show();
     emit stateChanged();
 }
 

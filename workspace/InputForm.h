@@ -57,10 +57,12 @@ class InputForm : public QWidget {
     bool WheelMoved(int step);
 
     /// What the next form of this kind starts with.
-    FormState state() const;
-    /// Takes over the inputs of another form, in its own system of units, as far as the catalogue offers
-    /// them.
+    virtual FormState state() const;
+    /// Takes over what a form of this kind left.
     virtual void takeOver(const FormState& state);
+    /// Takes over the inputs of another form of any kind, in its own system of units, as far as the catalogue
+    /// offers them.
+    virtual void takeOverInputs(const InputState& inputs);
 
     /// True with a list that belongs to the inputs.
     virtual bool hasResults() const;
@@ -123,6 +125,7 @@ class InputForm : public QWidget {
   private:
     void makePanes();
     void connectPanes();
+    void goRound();
 
     QString key_;
     QString description_;

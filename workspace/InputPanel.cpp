@@ -11,6 +11,7 @@
 #include "controls/CoreText.h"
 #include "controls/Link.h"
 #include "controls/Look.h"
+#include "controls/TagBox.h"
 #include "controls/ctlBtn.h"
 #include "inputs/InputTexts.h"
 
@@ -34,9 +35,9 @@ constexpr int buttonHeight = 32;
 constexpr int helpGap = 16;
 
 /// The numbers next to the selector that says how they are meant; they have no caption of their own.
-constexpr std::array besideSelectors{std::pair{Input::superheat, Input::superheatKind},
-                                     std::pair{Input::economizer, Input::economizerMode},
-                                     std::pair{Input::oilCooling, Input::oilCoolingMode}};
+constexpr std::array besideSelectors{
+    std::pair{Input::capacity, Input::capacityKind}, std::pair{Input::superheat, Input::superheatKind},
+    std::pair{Input::economizer, Input::economizerMode}, std::pair{Input::oilCooling, Input::oilCoolingMode}};
 
 /// Empty where there is but one sentence.
 QString withoutLastSentence(const QString& text) {
@@ -46,7 +47,7 @@ QString withoutLastSentence(const QString& text) {
 
 }  // namespace
 
-InputPanel::InputPanel(bool hasFrequency, QWidget* parent)
+InputPanel::InputPanel(const SelectionInputs& inputs, QWidget* parent)
     : Container(parent),
       scroll_(new QScrollArea(this)),
       PicInput_(new QWidget),
@@ -63,10 +64,16 @@ InputPanel::InputPanel(bool hasFrequency, QWidget* parent)
     scroll_->setWidget(PicInput_);
 
     for (const InputDefinition& definition : allInputs())
-        if (hasFrequency || definition.input != Input::frequency)
+        if (inputs.has(definition.input) && definition.input != Input::refrigerants)
             fields_[static_cast<std::size_t>(definition.input)] = newField(definition);
-    if (hasFrequency) (*this)[Input::frequency]->SetUnitCaptiontext(QStringLiteral(" Hz"));
+    if (inputs.has(Input::refrigerants)) {
+        refrigerants_ = new TagBox(PicInput_);
+        refrigerants_->setObjectName(fromCore(definitionOf(Input::refrigerants).name));
+    }
+    if (AdvanceText* frequency = (*this)[Input::frequency])
+        frequency->SetUnitCaptiontext(QStringLiteral(" Hz"));
     for (const auto& [value, selector] : besideSelectors) {
+        if (!(*this)[value]) continue;
         (*this)[value]->SetNamedBy((*this)[selector]);
         (*this)[value]->setProperty("CaptionVisible", false);
     }
@@ -108,12 +115,14 @@ AdvanceText* InputPanel::newField(const InputDefinition& definition) {
 QString InputPanel::captionOf(Input input) const {
     for (const auto& [value, selector] : besideSelectors)
         if (value == input) return captionOf(selector);
-    return (*this)[input]->CaptionText();
+    return input == Input::refrigerants ? refrigerants_->caption() : (*this)[input]->CaptionText();
 }
 
 void InputPanel::makeTabOrder() {
     QWidget* previous = nullptr;
-    for (QWidget* next : fields_) {
+    for (const InputDefinition& definition : allInputs()) {
+        QWidget* next = (*this)[definition.input];
+        if (definition.input == Input::refrigerants) next = refrigerants_;
         if (!next) continue;
         if (previous) QWidget::setTabOrder(previous, next);
         previous = next;
@@ -145,6 +154,7 @@ void InputPanel::single(Input input) {
 void InputPanel::pair(Input first, Input second) {
     AdvanceText* const left = (*this)[first];
     AdvanceText* const right = (*this)[second];
+    if (!left || !right) return;
     const int edge = side + captionWidth_ + temperatureBox;
     left->setProperty("UnitCaptionWidth", narrowUnit);
     place(left, side, edge, captionWidth_);
@@ -159,6 +169,7 @@ void InputPanel::pair(Input first, Input second) {
 void InputPanel::mode(Input kind, Input number) {
     AdvanceText* const selector = (*this)[kind];
     AdvanceText* const value = (*this)[number];
+    if (!selector) return;
     const int right = rowWidth_ - side;
     if (value->isHidden()) {
         place(selector, side, right, captionWidth_);
@@ -171,6 +182,10 @@ void InputPanel::mode(Input kind, Input number) {
 }
 
 void InputPanel::coupled(Input dew, Input mid, Input pressure) {
+    if ((*this)[pressure]->isHidden()) {
+        single(dew);
+        return;
+    }
     if ((*this)[mid]->isHidden()) {
         pair(dew, pressure);
         return;
@@ -179,12 +194,45 @@ void InputPanel::coupled(Input dew, Input mid, Input pressure) {
     single(pressure);
 }
 
-void InputPanel::layOutRows(int width) {
-    rowWidth_ = width;
-    rowTop_ = firstRow;
+// The tags take as many lines as they need.
+void InputPanel::tags() {
+    if (!refrigerants_) return;
+    const int halo = FieldFrame::halo;
+    const int width = rowWidth_ - 2 * side + 2 * halo;
+    refrigerants_->setCaption(refrigerants_->caption(), captionWidth_);
+    const int height = refrigerants_->heightForWidth(width);
+    refrigerants_->setGeometry(side - halo, rowTop_ - halo, width, height);
+    rowTop_ += height - 2 * halo + pitch - AdvanceText::boxHeight;
+}
+
+void InputPanel::layOutSubject() {
     single(Input::refrigerant);
     single(Input::series);
     single(Input::models);
+    mode(Input::capacityKind, Input::capacity);
+    pair(Input::toleranceBelow, Input::toleranceAbove);
+    if (refrigerants_) rowTop_ += groupGap;
+    tags();
+    single(Input::allSeries);
+    single(Input::market);
+}
+
+void InputPanel::layOutDrive() {
+    single(Input::frequency);
+    single(Input::motorVoltage);
+    single(Input::motorSize);
+    single(Input::motorSpeed);
+    single(Input::capacityStep);
+    if (refrigerants_) rowTop_ += groupGap;
+    pair(Input::minMachines, Input::maxMachines);
+    single(Input::usesSteps);
+    single(Input::inverterUse);
+}
+
+void InputPanel::layOutRows(int width) {
+    rowWidth_ = width;
+    rowTop_ = firstRow;
+    layOutSubject();
     rowTop_ += groupGap;
     coupled(Input::evaporatingDew, Input::evaporatingMid, Input::evaporatingPressure);
     coupled(Input::condensingDew, Input::condensingMid, Input::condensingPressure);
@@ -194,11 +242,7 @@ void InputPanel::layOutRows(int width) {
     mode(Input::economizerMode, Input::economizer);
     mode(Input::oilCoolingMode, Input::oilCooling);
     rowTop_ += groupGap;
-    single(Input::frequency);
-    single(Input::motorVoltage);
-    single(Input::motorSize);
-    single(Input::motorSpeed);
-    single(Input::capacityStep);
+    layOutDrive();
 }
 
 void InputPanel::layOut() {

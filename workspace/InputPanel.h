@@ -5,7 +5,7 @@
 #include <array>
 
 #include "controls/Container.h"
-#include "inputs/Input.h"
+#include "inputs/SelectionInputs.h"
 
 class QLabel;
 class QScrollArea;
@@ -14,9 +14,10 @@ namespace marvello {
 
 class AdvanceText;
 class Link;
+class TagBox;
 class ctlBtn;
 
-/// The inputs of a selection form, laid out in rows, with the button that starts the calculation and the help
+/// The inputs of a form, laid out in rows, with the button that starts the calculation and the help
 /// of the field in use. Knows what stands where, and nothing of what the fields mean to one another.
 class InputPanel : public Container {
     Q_OBJECT
@@ -24,13 +25,15 @@ class InputPanel : public Container {
   public:
     static constexpr int usualCaptionWidth = 112;
 
-    /// `hasFrequency` adds the frequency of an inverter.
-    InputPanel(bool hasFrequency, QWidget* parent);
+    /// Makes a field for each input that `inputs` have.
+    InputPanel(const SelectionInputs& inputs, QWidget* parent);
 
     ctlBtn* lnkCalculate;
     Link* lnkDefaults;  ///< gives all inputs their first values again
 
-    /// The field of an input; null for the frequency of an inverter where there is none.
+    /// The refrigerants of a search; null in the other forms.
+    TagBox* refrigerants() const { return refrigerants_; }
+    /// The field of an input; null for one that the form does not have, and for the refrigerants of a search.
     AdvanceText* operator[](Input input) const { return fields_[static_cast<std::size_t>(input)]; }
     /// What a field is called; the name of its selector for one that has no caption of its own.
     QString captionOf(Input input) const;
@@ -51,6 +54,9 @@ class InputPanel : public Container {
     void coupled(Input dew, Input mid, Input pressure);
     void place(AdvanceText* field, int left, int right, int captionWidth);
     void layOutRows(int width);
+    void layOutSubject();
+    void layOutDrive();
+    void tags();
     void layOutHelp(const QRect& room);
     void makeTabOrder();
 
@@ -68,6 +74,7 @@ class InputPanel : public Container {
     Help fittedHelp_;
     int helpHeight_ = 0;
     std::array<AdvanceText*, inputCount> fields_{};
+    TagBox* refrigerants_ = nullptr;
     int captionWidth_;
     int rowTop_ = 0;
     int rowWidth_ = 0;

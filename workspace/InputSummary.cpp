@@ -12,6 +12,7 @@
 #include "controls/ctlBtn.h"
 #include "inputs/InputTexts.h"
 #include "workspace/InputPanel.h"
+#include "workspace/SearchTexts.h"
 #include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
@@ -25,26 +26,33 @@ constexpr int around = 10;  // at each side of a separator
 constexpr int minWidthWithWords = 560;
 constexpr int iconButtonWidth = 40;
 
-QStringList summaryOf(const SelectionInputs& inputs, const InputPanel& panel) {
+/// What a selection asks for and its operating point.
+QStringList selectionTexts(const SelectionInputs& inputs) {
     const NumberMarks marks = marksOf(QLocale());
     const auto text = [&](Input input) { return fromCore(inputText(inputs, input, marks)); };
     const auto entry = [&](const char* key, Input input) {
         return filled(dictionaryText(QLatin1String(key)), {withUnit(inputs, input)});
     };
     const bool isDifference = inputs.quantity(Input::superheat) == Quantity::temperatureDifference;
-    QStringList summary{
-        text(Input::refrigerant), text(Input::series),
-        text(Input::evaporatingDew) + QStringLiteral(" / ") + withUnit(inputs, Input::condensingDew),
-        entry(isDifference ? "frmselection.summary.superheat" : "frmselection.summary.suction",
-              Input::superheat),
-        entry("frmselection.summary.subcooling", Input::subcooling)};
+    return {text(Input::refrigerant), text(Input::series),
+            text(Input::evaporatingDew) + QStringLiteral(" / ") + withUnit(inputs, Input::condensingDew),
+            entry(isDifference ? "frmselection.summary.superheat" : "frmselection.summary.suction",
+                  Input::superheat),
+            entry("frmselection.summary.subcooling", Input::subcooling)};
+}
+
+QStringList summaryOf(const SelectionInputs& inputs, const InputPanel& panel) {
+    const NumberMarks marks = marksOf(QLocale());
+    const auto text = [&](Input input) { return fromCore(inputText(inputs, input, marks)); };
+    QStringList summary = inputs.has(Input::capacity) ? searchTexts(inputs) : selectionTexts(inputs);
     if (inputs.isShown(Input::frequency)) summary += withUnit(inputs, Input::frequency);
     summary += text(Input::motorVoltage);
-    if (!inputs.isNeutral(Input::models)) summary += text(Input::models);
+    if (inputs.has(Input::models) && !inputs.isNeutral(Input::models)) summary += text(Input::models);
     for (const auto& [mode, value] :
          {std::pair{Input::economizerMode, Input::economizer}, {Input::oilCoolingMode, Input::oilCooling}})
         if (inputs.isShown(value)) summary += panel.captionOf(mode) + u' ' + withUnit(inputs, value);
-    if (!inputs.isNeutral(Input::capacityStep)) summary += text(Input::capacityStep);
+    if (inputs.has(Input::capacityStep) && !inputs.isNeutral(Input::capacityStep))
+        summary += text(Input::capacityStep);
     return summary;
 }
 

@@ -119,6 +119,8 @@ void ListPane::fillPage() {
 
 bool ListPane::selectPage(const QString& key) { return pages_->select(key); }
 
+QList<QWidget*> ListPane::parts() const { return {lvCps_, pages_->tabs(), pages_->page()}; }
+
 void ListPane::moveSelection(int rows) {
     if (const int row = lvCps_->selectedRow(); row >= 0) lvCps_->selectRow(row + rows);
 }

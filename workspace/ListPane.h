@@ -35,6 +35,8 @@ class ListPane : public Splitter {
     /// Fills the page that is shown.
     void fillPage();
     bool selectPage(const QString& key);
+    /// The list, the tabs and the page, between which F6 goes.
+    QList<QWidget*> parts() const;
 
     virtual bool canCopy() const = 0;
     virtual bool canPrint() const = 0;

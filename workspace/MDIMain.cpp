@@ -31,6 +31,7 @@
 #include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/WorkArea.h"
+#include "workspace/frmFind.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmSelection.h"
 #include "workspace/frmselectionInverter.h"
@@ -46,6 +47,17 @@ struct WaitCursor {
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
+
+/// How a form is told from those of other kinds.
+struct FormFace {
+    const char* icon;
+    const char* textKey;
+};
+FormFace faceOf(const InputForm& form) {
+    if (form.kind().isSearch) return {"find", "formselection.find"};
+    return form.kind().hasInverter ? FormFace{"inverter", "formselection.inverter"}
+                                   : FormFace{"form", "formselection.description"};
+}
 
 }  // namespace
 
@@ -186,6 +198,9 @@ void MDIMain::newForm() {
         case frmMenu::inverter:
             newInverterSelection();
             break;
+        case frmMenu::find:
+            newFind();
+            break;
         default:
             break;
     }
@@ -194,6 +209,19 @@ void MDIMain::newForm() {
 SelectionForm* MDIMain::newSelection() { return openNew<frmSelection>(); }
 
 SelectionForm* MDIMain::newInverterSelection() { return openNew<frmselectionInverter>(); }
+
+frmFind* MDIMain::newFind() {
+    auto* form = openNew<frmFind>();
+    connect(form, &frmFind::opened, this, &MDIMain::openSolution);
+    return form;
+}
+
+void MDIMain::openSolution(const SelectionOfCandidate& solution, const QString& compressor) {
+    SelectionForm* form = solution.kind->hasInverter ? newInverterSelection() : newSelection();
+    form->takeOverInputs(solution.inputs);
+    form->keepSelection(compressor);
+    form->lnkCalculate_Click();
+}
 
 template <class Form>
 Form* MDIMain::openNew() {
@@ -207,12 +235,14 @@ Form* MDIMain::openNew() {
 void MDIMain::open(InputForm* form) {
     QWidget* const firstInUse = form->focusWidget();
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
-    // From the form at hand, of either kind; the first form goes on where the one before it ended.
+    // From the form at hand; the first form goes on where the one before it ended. A search has more to ask
+    // than a selection, and goes on with that in any case.
     const InputForm* active = ActiveForm();
-    form->takeOver(active ? active->state() : keptFormState(form->objectName()));
+    const bool isLike = active && active->kind().isSearch == form->kind().isSearch;
+    form->takeOver(isLike ? active->state() : keptFormState(form->objectName()));
+    if (active && !isLike) form->takeOverInputs(active->state().inputs);
     const QString number = QString::number(++formNumber_);
-    const QIcon picture =
-        icon(form->TypeForm() == onInverter.typeForm ? QStringLiteral("inverter") : QStringLiteral("form"));
+    const QIcon picture = icon(QLatin1String(faceOf(*form).icon));
     form->setKey(number + QStringLiteral("Selection"));
     describe(*form);
     form->setAttribute(Qt::WA_DeleteOnClose);
@@ -248,9 +278,7 @@ void MDIMain::open(InputForm* form) {
 
 void MDIMain::describe(InputForm& form) {
     const QString number = form.Key().chopped(QStringLiteral("Selection").size());
-    const QString what =
-        dictionaryText(form.TypeForm() == onInverter.typeForm ? QStringLiteral("formselection.inverter")
-                                                              : QStringLiteral("formselection.description"));
+    const QString what = dictionaryText(QLatin1String(faceOf(form).textKey));
     form.setDescription(number + u' ' + what.trimmed());
 }
 
@@ -318,7 +346,7 @@ void MDIMain::refreshStatus(const InputForm* form) {
 void MDIMain::closeAll() {
     // Kept: forms of inverter compressors stay open: the command closes the others alone.
     for (InputForm* form : forms())
-        if (qobject_cast<frmSelection*>(form)) form->Quit();
+        if (!form->kind().hasInverter) form->Quit();
 }
 
 void MDIMain::restoreSizes() {
@@ -369,8 +397,8 @@ bool MDIMain::tookKey(const QWidget& focused, const QKeyEvent& key) {
 bool MDIMain::turnedWheel(int delta) {
     constexpr int turn = 120;
     // Kept: the wheel does not reach a form of inverter compressors, where scrolling changes no value.
-    auto* form = qobject_cast<frmSelection*>(ActiveForm());
-    if (!form) return false;
+    InputForm* form = ActiveForm();
+    if (!form || form->kind().hasInverter) return false;
     wheel_ += delta;
     const int count = wheel_ / turn;
     wheel_ %= turn;

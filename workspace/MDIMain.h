@@ -24,6 +24,8 @@ class TabStrip;
 class InputForm;
 class SelectionForm;
 class WorkArea;
+class frmFind;
+struct SelectionOfCandidate;
 
 /// The program's frame: holds any number of selection forms, each with its tab.
 class MDIMain : public QMainWindow {
@@ -41,6 +43,7 @@ class MDIMain : public QMainWindow {
     /// Open a new form with its tab.
     SelectionForm* newSelection();
     SelectionForm* newInverterSelection();
+    frmFind* newFind();
     InputForm* ActiveForm() const;
     QList<InputForm*> forms() const;
 
@@ -60,6 +63,8 @@ class MDIMain : public QMainWindow {
     template <class Form>
     Form* openNew();
     void open(InputForm* form);
+    /// Opens a solution of a search as a selection, and calculates it.
+    void openSolution(const SelectionOfCandidate& solution, const QString& compressor);
     /// Describes a form by its number and what it is, in the user's language.
     static void describe(InputForm& form);
     void makeWorkArea();

@@ -27,10 +27,12 @@ QString exportTo(const ExportFile& file, const RowSet& records, int compressors,
 }  // namespace
 
 QString exportResults(const SelectionRun& run, QWidget* parent) {
+    return exportRecords(resultsRecords(run.table()), parent);
+}
+
+QString exportRecords(const RowSet& records, QWidget* parent) {
     const auto file = chooseExportFile(parent);
-    if (!file) return {};
-    const RowSet records = resultsRecords(run.table());
-    return exportTo(*file, records, records.rowCount(), parent);
+    return file ? exportTo(*file, records, records.rowCount(), parent) : QString();
 }
 
 QString exportPolynomials(const SelectionRun& run, QWidget* parent) {

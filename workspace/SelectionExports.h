@@ -6,6 +6,7 @@ class QWidget;
 
 namespace marvello {
 
+class RowSet;
 class SelectionRun;
 
 /// Ask for a file and write the compressors of the list with their values, or their performance polynomials.
@@ -13,5 +14,7 @@ class SelectionRun;
 /// said unless the user gave up.
 QString exportResults(const SelectionRun& run, QWidget* parent);
 QString exportPolynomials(const SelectionRun& run, QWidget* parent);
+/// The same with records that are at hand, one for each compressor.
+QString exportRecords(const RowSet& records, QWidget* parent);
 
 }  // namespace marvello

@@ -147,10 +147,9 @@ void SelectionForm::closesplitter34(const QString& editedField) {
     emit stateChanged();
 }
 
-void SelectionForm::takeOver(const FormState& state) {
-    if (state.isEmpty()) return;
+void SelectionForm::takeOverInputs(const InputState& inputs) {
     if (hasResults()) closesplitter34();
-    InputForm::takeOver(state);
+    InputForm::takeOverInputs(inputs);
 }
 
 QString SelectionForm::subject() const {

@@ -24,7 +24,9 @@ class SelectionForm : public InputForm {
     /// Asks for a file and writes the performance polynomials of the compressors of the list.
     void ExportPolynomials();
 
-    void takeOver(const FormState& state) override;
+    void takeOverInputs(const InputState& inputs) override;
+    /// Selects the compressor of a key in the next list.
+    void keepSelection(const QString& compressor) { results_->keepSelection(compressor); }
 
     ResultsPane& results() const override;
     /// The choice of the inputs, as "R134A · TK-A", with the frequency of an inverter behind it.

@@ -139,6 +139,8 @@ void keepFormState(const QString& form, const FormState& state) {
     of.keys.keep(keys, store);
     of.values.keep(values, store);
     of.columnWidths.keep(state.columnWidths, store);
+    of.hiddenColumns.keep(state.hiddenColumns, store);
+    of.filters.keep(state.filters, store);
 }
 
 FormState keptFormState(const QString& form) {
@@ -157,6 +159,8 @@ FormState keptFormState(const QString& form) {
     for (auto value = values.begin(); value != values.end(); ++value)
         state.inputs.values[toCore(value.key())] = *value;
     state.columnWidths = of.columnWidths.value(store);
+    state.hiddenColumns = of.hiddenColumns.value(store);
+    state.filters = of.filters.value(store);
     return state;
 }
 

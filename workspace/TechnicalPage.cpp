@@ -14,6 +14,8 @@ namespace {
 
 constexpr int photoWidth = 270;
 constexpr int margin = 16;
+/// Above a block of lines.
+constexpr int blockGap = 14;
 /// Below this width the text needs all the room.
 constexpr int minWidthWithPhoto = 580;
 
@@ -90,15 +92,16 @@ void TechnicalPage::setEntries(const QString& title, const std::vector<Technical
             "<td colspan='2' align='center' style='font-size: 20px; padding-bottom: 10px'>%1</td></tr>")
             .arg(title.toHtmlEscaped());
     const QString row = QStringLiteral(
-        "<tr><td width='50%' align='right' style='color: %1; padding: 2px 6px 2px 0'>%2</td>"
-        "<td width='50%' style='font-weight: 500; padding: 2px 0 2px 6px'>%3</td></tr>");
-    for (const auto& [caption, value] : entries)
-        text += row.arg(Look::current().muted.name(), fromCore(caption).toHtmlEscaped(),
-                        fromCore(value).toHtmlEscaped());
+        "<tr><td width='50%' align='right' style='color: %1; padding: %2px 6px 2px 0'>%3</td>"
+        "<td width='50%' style='font-weight: 500; padding: %2px 0 2px 6px'>%4</td></tr>");
+    for (const TechnicalEntry& entry : entries)
+        text += row.arg(Look::current().muted.name(), QString::number(entry.beginsBlock ? blockGap : 2),
+                        fromCore(entry.caption).toHtmlEscaped(), fromCore(entry.value).toHtmlEscaped());
     picTecnic_->setText(text + QStringLiteral("</table>"));
     picTecnic_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     QStringList plain{title};
-    for (const auto& [caption, value] : entries) plain += fromCore(caption) + u' ' + fromCore(value);
+    for (const TechnicalEntry& entry : entries)
+        plain += fromCore(entry.caption) + u' ' + fromCore(entry.value);
     picTecnic_->setAccessibleName(plain.join(QStringLiteral(", ")));
     ImageCPS_->setAccessibleName(title);
 }

@@ -19,13 +19,13 @@ namespace marvello {
 
 namespace {
 
-constexpr double panelWidth = 676;
 constexpr double panelHeight = 404;
 constexpr double margin = 28;
 constexpr double cardTop = 70;
-constexpr double cardWidth = 300;
+constexpr double cardWidth = 272;
 constexpr double cardHeight = 280;
 constexpr double cardGap = 20;
+constexpr double panelWidth = 2 * margin + 3 * cardWidth + 2 * cardGap;
 constexpr double hintsTop = cardTop + cardHeight + 16;
 constexpr double hintHeight = 22;
 constexpr double dimming = 0.28;
@@ -33,9 +33,27 @@ constexpr int fadeTime = 150;  // milliseconds
 
 constexpr QRectF panel(0, 0, panelWidth, panelHeight);
 
+/// What a card shows.
+struct CardFace {
+    frmMenu::Choice choice;
+    const char* titleKey;
+    const char* textKey;
+    ArtAddition addition;
+};
+constexpr std::array faces{
+    CardFace{frmMenu::selection, "frmmenu.selection", "frmmenu.selection.text", ArtAddition::none},
+    CardFace{frmMenu::inverter, "frmmenu.inverter", "frmmenu.inverter.text", ArtAddition::inverter},
+    CardFace{frmMenu::find, "frmmenu.find", "frmmenu.find.text", ArtAddition::search}};
+
+constexpr std::size_t placeIn(frmMenu::Choice choice) {
+    return static_cast<std::size_t>(choice - frmMenu::selection);
+}
+const CardFace& faceOf(frmMenu::Choice choice) { return faces.at(placeIn(choice)); }
+
 /// Where the card of a choice is in the panel.
 QRectF cardOf(frmMenu::Choice choice) {
-    return {margin + (choice == frmMenu::inverter ? cardWidth + cardGap : 0), cardTop, cardWidth, cardHeight};
+    return {margin + (cardWidth + cardGap) * static_cast<double>(placeIn(choice)), cardTop, cardWidth,
+            cardHeight};
 }
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
@@ -71,14 +89,13 @@ frmMenu::frmMenu(QWidget* frame)
 }
 
 void frmMenu::makeCards() {
-    for (const Choice choice : {selection, inverter}) {
+    for (const CardFace& face : faces) {
         auto* card = new Card(this);
-        card->setAccessibleName(text(choice == inverter ? "frmmenu.inverter" : "frmmenu.selection"));
-        card->setAccessibleDescription(
-            text(choice == inverter ? "frmmenu.inverter.text" : "frmmenu.selection.text"));
-        card->setGeometry(placeOf(choice).toRect());
-        connect(card, &QAbstractButton::clicked, this, [this, choice] { done(choice); });
-        cards_[static_cast<std::size_t>(choice - selection)] = card;
+        card->setAccessibleName(text(face.titleKey));
+        card->setAccessibleDescription(text(face.textKey));
+        card->setGeometry(placeOf(face.choice).toRect());
+        connect(card, &QAbstractButton::clicked, this, [this, choice = face.choice] { done(choice); });
+        cards_[placeIn(face.choice)] = card;
     }
 }
 
@@ -99,15 +116,15 @@ QTransform frmMenu::toWindow() const {
 QRectF frmMenu::placeOf(Choice choice) const { return toWindow().mapRect(cardOf(choice)); }
 
 frmMenu::Choice frmMenu::choiceAt(const QPointF& at) const {
-    for (const Choice choice : {selection, inverter})
-        if (placeOf(choice).contains(at)) return choice;
+    for (const CardFace& face : faces)
+        if (placeOf(face.choice).contains(at)) return face.choice;
     return none;
 }
 
 void frmMenu::turnOn(Choice choice) {
     on_ = choice;
-    setAccessibleDescription(text(choice == inverter ? "frmmenu.inverter" : "frmmenu.selection"));
-    QAccessibleEvent turned(cards_[static_cast<std::size_t>(choice - selection)], QAccessible::Focus);
+    setAccessibleDescription(text(faceOf(choice).titleKey));
+    QAccessibleEvent turned(cards_.at(placeIn(choice)), QAccessible::Focus);
     QAccessible::updateAccessibility(&turned);
     update();
 }
@@ -130,14 +147,16 @@ void frmMenu::mouseReleaseEvent(QMouseEvent* event) {
 void frmMenu::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Left:
-            turnOn(selection);
+            turnOn(static_cast<Choice>(std::max<int>(on_ - 1, selection)));
             break;
         case Qt::Key_Right:
-            turnOn(inverter);
+            turnOn(static_cast<Choice>(std::min<int>(on_ + 1, find)));
             break;
         case Qt::Key_Tab:
+            turnOn(on_ == find ? selection : static_cast<Choice>(on_ + 1));
+            break;
         case Qt::Key_Backtab:
-            turnOn(on_ == selection ? inverter : selection);
+            turnOn(on_ == selection ? find : static_cast<Choice>(on_ - 1));
             break;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -164,8 +183,7 @@ void frmMenu::paintEvent(QPaintEvent*) {
     painter.setOpacity(shown);
     painter.setTransform(toWindow(), true);
     paintPanel(painter);
-    paintChoice(painter, selection);
-    paintChoice(painter, inverter);
+    for (const CardFace& face : faces) paintChoice(painter, face.choice);
     paintHints(painter);
 }
 
@@ -204,7 +222,7 @@ void frmMenu::paintChoice(QPainter& painter, Choice choice) const {
     soft.setAlphaF(0.25F);
     const ArtColours colours{isOn ? look.accent : look.controlLine, isOn ? soft : look.line,
                              look.isDark ? look.surfaceAlt : look.surface};
-    paintCompressor(painter, place.adjusted(40, 24, -40, -92), colours, choice == inverter);
+    paintCompressor(painter, place.adjusted(40, 24, -40, -92), colours, faceOf(choice).addition);
     const auto line = [&](const char* key, double bottom, const QFont& font, const QColor& colour) {
         painter.setFont(font);
         painter.setPen(colour);
@@ -213,9 +231,8 @@ void frmMenu::paintChoice(QPainter& painter, Choice choice) const {
             room, Qt::AlignCenter,
             painter.fontMetrics().elidedText(text(key), Qt::ElideRight, static_cast<int>(room.width())));
     };
-    line(choice == inverter ? "frmmenu.inverter" : "frmmenu.selection", 66, lookFont(15, QFont::Medium),
-         look.text);
-    line(choice == inverter ? "frmmenu.inverter.text" : "frmmenu.selection.text", 44, lookFont(), look.muted);
+    line(faceOf(choice).titleKey, 66, lookFont(15, QFont::Medium), look.text);
+    line(faceOf(choice).textKey, 44, lookFont(), look.muted);
 }
 
 void frmMenu::paintHints(QPainter& painter) const {

@@ -2,13 +2,35 @@
 
 #include <QListWidget>
 #include <QStringList>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include "catalogue/CatalogueLists.h"
 #include "controls/ctlBtn.h"
+#include "workspace/RefrigerantDetail.h"
+#include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
+
+namespace {
+
+/// A row with its check box and, after the name, its detail.
+class DetailDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        QStyleOptionViewItem row = option;
+        initStyleOption(&row, index);
+        const QRect room = row.widget->style()->subElementRect(QStyle::SE_ItemViewItemText, &row, row.widget);
+        paintRowDetail(*painter, room, row.font, index);
+    }
+};
+
+}  // namespace
 
 frmRefrigerant::frmRefrigerant(QWidget* parent)
     : DialogFrame(dictionaryText(QStringLiteral("frmrefrigerant.caption")), parent),
@@ -17,6 +39,7 @@ frmRefrigerant::frmRefrigerant(QWidget* parent)
     lv_->setObjectName(QStringLiteral("lv"));
     lv_->setAccessibleName(windowTitle());
     lv_->setFrameShape(QFrame::NoFrame);
+    lv_->setItemDelegate(new DetailDelegate(lv_));
     lv_->setMinimumHeight(300);
     body()->addWidget(lv_);
     auto* cmdOK = new ctlBtn(QStringLiteral("OK"), true, this);
@@ -38,11 +61,13 @@ std::optional<clsParametersForm> frmRefrigerant::OpenForm(clsParametersForm choi
 }
 
 void frmRefrigerant::fill(const QString& chosen) {
+    const auto units = static_cast<UnitSystem>(settings::measureUnit.value());
     const QStringList keys = chosen.split(u';', Qt::SkipEmptyParts);
     lv_->clear();
     for (const std::string& name : refrigerantsOf()) {
         const QString key = fromCore(name);
         auto* item = new QListWidgetItem(key, lv_);
+        setRowDetail(*item, refrigerantDetail(key, units));
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         item->setCheckState(keys.contains(key, Qt::CaseInsensitive) ? Qt::Checked : Qt::Unchecked);
     }

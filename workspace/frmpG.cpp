@@ -70,6 +70,7 @@ void frmpG::showPercent(int percent) {
 void frmpG::abort() {
     btnAbort_->setEnabled(false);
     AbortRequested() = true;
+    emit aborted();
 }
 
 void frmpG::reject() { abort(); }

@@ -22,6 +22,10 @@ class frmpG : public DialogFrame {
     /// Sets the bar, 0 to 100, as often as an eye can follow.
     void setPercent(int percent);
 
+  signals:
+    /// The run was asked to stop.
+    void aborted();
+
   protected:
     /// Escape and the close button abort too; the window goes when the run has ended.
     void reject() override;

@@ -81,6 +81,23 @@ TEST_F(PreparedCatalogueTest, SessionsShareTheCompressorsOfACheckedFile) {
     EXPECT_EQ(preparedCatalogue(gDatabase()), mine);
 }
 
+TEST_F(PreparedCatalogueTest, KnowsTheFactsOfRefrigerantsAndNothingOfOthers) {
+    catalogue.exec(
+        "insert into tRefrigerantFacts(fRefrigeranteId,fSafetyClass,fGwpAr4,fGlide)"
+        "values('R134A','A1',1430,0),('R290','A3',9e999,0)");
+    const auto prepared = preparedCatalogue(gDatabase());
+    EXPECT_EQ(prepared->factsOf("r134a"),
+              (RefrigerantFacts{.safetyClass = "A1", .gwpAr4 = 1430, .glide = 0}));
+    EXPECT_EQ(prepared->factsOf("R290"), RefrigerantFacts());  // an infinite number is none
+    EXPECT_EQ(prepared->factsOf("R32"), RefrigerantFacts());
+
+    catalogue.exec("update tRefrigerantFacts set fSafetyClass='A2L'");
+    EXPECT_EQ(factsOf("R134A").safetyClass, "A2L");
+    catalogue.exec("drop table tRefrigerantFacts");
+    EXPECT_EQ(factsOf("R134A"), RefrigerantFacts());
+    EXPECT_EQ(preparedCatalogue(gDatabase())->compressors().size(), 2U);
+}
+
 TEST_F(PreparedCatalogueTest, AFaultyRowIsAFaultOfThoseWhoNeedIt) {
     catalogue.exec("update tPolynomials set fC1=9e999 where fType=1");
     const auto prepared = preparedCatalogue(gDatabase());

@@ -47,6 +47,25 @@ TEST_F(ComboTest, AClickChoosesAndCloses) {
     EXPECT_EQ(closings.count(), 1);
 }
 
+TEST_F(ComboTest, ADetailIsShownAndReadAndChangesNoName) {
+    combo.Populate("R22|R22;R290|R290", "R22", false, false);
+    const auto picture = [this] {
+        combo.openUnder(QRect(10, 10, 200, 28));
+        return combo.grab().toImage();
+    };
+    const QImage plain = picture();
+    combo.setDetails([](const QString& key) { return RowDetail{"class of " + key, "tip of " + key}; });
+    EXPECT_NE(picture(), plain);
+    EXPECT_EQ(list()->item(1)->text(), "R290");
+    EXPECT_EQ(list()->item(1)->data(Qt::AccessibleTextRole), "R290, class of R290");
+    EXPECT_EQ(list()->item(1)->toolTip(), "tip of R290");
+    QTest::keyClicks(list(), "R29");
+    QTest::keyClick(list(), Qt::Key_Return);
+    ASSERT_EQ(choices.count(), 1);
+    EXPECT_EQ(choices[0], (QVariantList{"R290", "R290"}));
+    EXPECT_EQ(picture().size(), plain.size());
+}
+
 TEST_F(ComboTest, KeysChooseAndEscapeOnlyCloses) {
     open("1|one;2|two", "1", false);
     QTest::keyClick(list(), Qt::Key_Down);

@@ -27,7 +27,7 @@ using Reason = Rejection::Reason;
 
 /// One way to run a compressor, as a plain selection has it.
 struct Plain {
-    double capacity = 0, power = 0, cop = 0;
+    double capacity = 0, power = 0, cop = 0, discharge = 0;
     bool hasWarnings = false;
     std::string error{};  ///< The key of its first error.
 };
@@ -45,7 +45,10 @@ Plain plainOf(const clsCompressor& compressor, CapacityKind kind) {
     }
     plain.hasWarnings = compressor.Messages.Attention.Count() > 0;
     const bool isHeating = kind == CapacityKind::heating;
-    if (compressor.Variables.Exist("CopEco")) {
+    const bool isEconomized = compressor.Variables.Exist("CopEco");
+    plain.discharge = number(isEconomized ? "T2" : "T21");
+    if (number("OCCalculateMode") != 0) plain.discharge = std::min(plain.discharge, number("OC"));
+    if (isEconomized) {
         plain.capacity = isHeating ? number("QcEco") : number("Q0") + number("Qeco");
         plain.power = number("PtaEco");
         plain.cop = number("CopEco");
@@ -248,6 +251,7 @@ void FindTest::expectSameOnTheMains(const FindRequest& request, const FindResult
         EXPECT_EQ(candidate.capacity, plain->second.capacity * candidate.machines);
         EXPECT_EQ(candidate.power, plain->second.power * candidate.machines);
         EXPECT_EQ(candidate.cop, plain->second.cop);
+        EXPECT_EQ(candidate.dischargeTemperature, plain->second.discharge);
         EXPECT_EQ(candidate.hasWarnings, plain->second.hasWarnings);
     }
     EXPECT_EQ(found, brute.candidates.size());
@@ -310,6 +314,7 @@ void FindTest::expectInverters(const FindRequest& request, const FindResult& res
             EXPECT_EQ(candidate->capacity, plain.capacity * machines);
             EXPECT_EQ(candidate->power, plain.power * machines);
             EXPECT_EQ(candidate->cop, plain.cop);
+            EXPECT_EQ(candidate->dischargeTemperature, plain.discharge);
             if (isBetween)
                 EXPECT_NEAR(candidate->deviation, 0, isEconomized ? 0.2 : 1e-4) << frequency;
             else
@@ -348,12 +353,28 @@ TEST_F(FindTest, EachCompressorIsAnsweredOnceAndTheBestIsFirst) {
         EXPECT_TRUE(all.insert(rejection.compressor).second);
     }
     EXPECT_EQ(all.size(), catalogue_->compressors().size());
-    EXPECT_TRUE(std::ranges::is_sorted(result.candidates, std::ranges::greater(), &Candidate::cop));
+    EXPECT_TRUE(std::ranges::is_sorted(result.candidates, {}, [](const Candidate& candidate) {
+        return std::pair(-candidate.cop, std::abs(candidate.deviation));
+    }));
     const Candidate* const nearest = result.nearest();
     ASSERT_NE(nearest, nullptr);
     for (const Rejection& rejection : result.rejections)
         if (rejection.nearest) {
             EXPECT_LE(std::abs(nearest->deviation), std::abs(rejection.nearest->deviation));
+        }
+}
+
+TEST_F(FindTest, ANeedBeyondTheRangeEndsAtAFrequencyOfTheEnvelope) {
+    FindRequest request{.needed = 1e6, .conditions = conditionsAt(2, 40)};
+    request.inverter = InverterUse::only;
+    std::set<float> highest;
+    for (const Rejection& rejection : find(request, catalogue_, calculator_).rejections)
+        if (rejection.nearest) highest.insert(*rejection.nearest->frequency());
+    EXPECT_EQ(highest, (std::set<float>{50, 60, 70}));
+    request.needed = 0.01;
+    for (const Rejection& rejection : find(request, catalogue_, calculator_).rejections)
+        if (rejection.nearest) {
+            EXPECT_EQ(rejection.nearest->frequency(), 20.0F);
         }
 }
 
@@ -382,10 +403,13 @@ TEST_F(FindTest, SaysWhatASeriesDoesNotPermit) {
     request.above = 1000;
     request.conditions.EcoCalculateMode = EconomizerMode::approach;
     request.conditions.MotorVoltage = 380;
+    request.conditions.MotorHz = 60;
     request.series = {"TK-A", "MV-G", "GH4", "TK-D"};
     std::map<std::string, unsigned> putBack;
-    for (const Candidate& candidate : find(request, catalogue_, calculator_).candidates)
+    for (const Candidate& candidate : find(request, catalogue_, calculator_).candidates) {
         putBack[candidate.compressor->Serie] |= candidate.putBack;
+        EXPECT_EQ(candidate.conditions.MotorHz, candidate.compressor->Serie == "GH4" ? 50 : 60);
+    }
     const auto bits = [](auto... selectors) { return (0U | ... | static_cast<unsigned>(selectors)); };
     const std::map<std::string, unsigned> expected{
         {"TK-A", 0},

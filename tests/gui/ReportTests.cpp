@@ -165,7 +165,7 @@ TEST_P(ReportTest, TheEnvelopeIsLeftOutWithWarningsAtAnotherSuperheat) {
     EXPECT_GT(inkIn(report, envelope), 1000);
     EXPECT_GT(inkIn(report, {15, 240, 180, 15}), 1000);
     report.hasWarnings = false;
-    EXPECT_EQ(inkIn(report, {15, 238, 180, 34}), 0);
+    EXPECT_EQ(inkIn(report, {15, 238, 84, 34}), 0);  // next to the table, which may end below it
 
     type("txtSH", "8");
     RealForm::calculate();

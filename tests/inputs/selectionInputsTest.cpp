@@ -145,3 +145,60 @@ TEST_F(SelectionInputsTest, TextsAreThoseOfTheUserAndTypedUnitsAreRead) {
     EXPECT_NEAR(*readInput(inputs, Input::evaporatingDew, "-10 C").value, 14, 1e-9);
     EXPECT_FALSE(readInput(inputs, Input::economizer, "5 K").value) << "a plain number";
 }
+
+TEST_F(SelectionInputsTest, ASearchAsksForPressuresWhileItHasOneRefrigerant) {
+    SelectionInputs inputs(searching);
+    EXPECT_EQ(inputs.key(Input::refrigerants), "R134A;R290");
+    EXPECT_EQ(keysOf(inputs, Input::allSeries),
+              (std::vector<std::string>{"*", "DZ", "MV-H", "NL-H", "TK-A"}));
+    EXPECT_FALSE(inputs.isShown(Input::evaporatingPressure));
+    inputs.type(Input::evaporatingDew, -60);
+    EXPECT_FALSE(inputs[Input::evaporatingDew].refusal);
+    inputs.type(Input::evaporatingDew, 0);
+    inputs.choose(Input::allSeries, "MV-H;NL-H");
+    inputs.choose(Input::refrigerants, "R290");
+    EXPECT_EQ(inputs.key(Input::allSeries), "NL-H") << "there is no MV-H";
+    EXPECT_TRUE(inputs.isShown(Input::evaporatingPressure));
+    EXPECT_NEAR(inputs.number(Input::evaporatingPressure), 4.745, 0.01) << "of propane at 0 degrees Celsius";
+    inputs.choose(Input::refrigerants, "");
+    EXPECT_FALSE(inputs.isShown(Input::evaporatingPressure));
+    EXPECT_TRUE(inputs.keys(Input::refrigerants).empty());
+}
+
+TEST_F(SelectionInputsTest, ASearchKeepsItsLimitsInOrderAndItsCapacityInBothSystems) {
+    SelectionInputs inputs(searching);
+    inputs.choose(Input::maxMachines, "2");
+    inputs.choose(Input::minMachines, "3");
+    EXPECT_EQ(inputs.key(Input::maxMachines), "3");
+    inputs.choose(Input::maxMachines, "1");
+    EXPECT_EQ(inputs.key(Input::minMachines), "1");
+    inputs.settle(Input::toleranceBelow, 10);
+    EXPECT_EQ(inputs.number(Input::toleranceBelow), -10);
+    inputs.type(Input::capacity, 351.6853);
+    inputs.setUnits(UnitSystem::imperial);
+    EXPECT_NEAR(inputs.number(Input::capacity), 100, 0.01) << "tons of refrigeration";
+    EXPECT_EQ(unitText(inputs, Input::capacity), "Tons");
+    inputs.setUnits(UnitSystem::metric);
+    EXPECT_EQ(inputs.number(Input::capacity), 351.6853);
+    for (const double beyond : {0.0, -1.0, 1e6}) {
+        inputs.type(Input::capacity, beyond);
+        EXPECT_TRUE(inputs.exceededBounds(Input::capacity)) << beyond;
+    }
+}
+
+TEST_F(SelectionInputsTest, ASearchAndASelectionLeaveEachOtherTheOperatingPoint) {
+    SelectionInputs selection(fixedSpeed);
+    selection.choose(Input::refrigerant, "R290");
+    selection.type(Input::evaporatingDew, -7);
+    SelectionInputs search(searching);
+    search.type(Input::capacity, 80);
+    search.takeOver(selection.state());
+    EXPECT_EQ(search.number(Input::evaporatingDew), -7);
+    EXPECT_EQ(search.number(Input::capacity), 80);
+    EXPECT_EQ(search.key(Input::refrigerants), "R134A;R290");
+    search.type(Input::condensingDew, 33);
+    SelectionInputs next(fixedSpeed);
+    next.takeOver(search.state());
+    EXPECT_EQ(next.number(Input::condensingDew), 33);
+    EXPECT_EQ(next.key(Input::refrigerant), "R134A") << "several are no choice of one";
+}

@@ -85,6 +85,7 @@ const char* const pol = "tPolynomials.csv";
 const char* const lim = "tLimits.csv";
 const char* const mot = "tMotors.csv";
 const char* const flu = "tFluidi.csv";
+const char* const fac = "tRefrigerantFacts.csv";
 const char* const english = "tDictionary.en-EN.csv";
 const char* const italian = "tDictionary.it-IT.csv";
 const char* const head = "tParametersHead.csv";
@@ -258,6 +259,36 @@ std::vector<Fault> faultsOfParameterSets() {
     };
 }
 
+std::vector<Fault> faultsOfRefrigerantFacts() {
+    const char* const blend = "R407C,";
+    return {
+        {fac, "R134A,", "fRefrigeranteId", "R13", "fRefrigeranteId: there is no refrigerant \"R13\""},
+        {fac, blend, "fSafetyClass", "A4", "fSafetyClass: \"A4\" is no safety class"},
+        {fac, blend, "fGwpAr4", "many", "fGwpAr4: \"many\" is not a number"},
+        {fac, "R134A,", "fGwpAr6", "-1", "fGwpAr6: -1 is outside 0 to 30000"},
+        {fac, "R134A,", "fGwpAr4Source", "", "fGwpAr4: the value has no source"},
+        {fac, "R600A,", "fGwpAr6Source", "AR6", "fGwpAr6: there is a source and no value"},
+        {fac, "R134A,", "fOdpSource", "AR7", "fOdpSource: there is no source \"AR7\"; add it to tSources"},
+        // 0.23 R32 + 0.25 R125 + 0.52 R134a: 1773.85 from 675, 3500 and 1430; 1624.21 from 677, 3170 and 1300
+        {fac, blend, "fGwpAr4", "1775", "fGwpAr4: 1775 is not what the components give by mass, 1773.85"},
+        {fac, blend, "fGwpAr5", "1625", "fGwpAr5: 1625 is not what the components give by mass, 1624.21"},
+        {fac, blend, "fOdp", "0.05", "fOdp: 0.05 is not what the components give by mass, 0"},
+        {fac, "R125,", "fGwpAr6", "3749", "fGwpAr6: 4728 is not what the components give by mass",
+         "tRefrigerantFacts.csv:15:"},  // R404A
+        {fac, "R32,", "remove", "", "warning: fGwpAr4: not compared with the components",
+         "tRefrigerantFacts.csv:"},
+        {fac, "R134A,", "remove", "", "warning: the refrigerant has no row in tRefrigerantFacts",
+         "tRefrigeranti.csv:2:"},
+        {fac, blend, "fBoilingPoint", "-43.5",
+         "warning: fBoilingPoint: -43.5 is not what the property library has"},
+        {fac, blend, "fGlide", "7.1", "warning: fGlide: 7.1 is not what the property library has"},
+        {fac, "R744,", "fBoilingPoint", "-78.5",
+         "warning: fBoilingPoint: -78.5 is not what the property library has"},
+        {fac, "R134A,", "fCriticalTemperature", "101.2",
+         "warning: fCriticalTemperature: 101.2 is not that of"},
+    };
+}
+
 class CatalogueCheck : public ::testing::Test {
   protected:
     CatalogueCheck() {
@@ -300,6 +331,7 @@ TEST_F(CatalogueCheck, NamesFaultsOfFields) { expectTold(faultsOfFields()); }
 TEST_F(CatalogueCheck, NamesFaultsOfCompressors) { expectTold(faultsOfCompressors()); }
 TEST_F(CatalogueCheck, NamesFaultsOfSurfaces) { expectTold(faultsOfSurfaces()); }
 TEST_F(CatalogueCheck, NamesFaultsOfLimitsAndFluids) { expectTold(faultsOfLimitsAndFluids()); }
+TEST_F(CatalogueCheck, NamesFaultsOfRefrigerantFacts) { expectTold(faultsOfRefrigerantFacts()); }
 TEST_F(CatalogueCheck, NamesFaultsOfTexts) { expectTold(faultsOfTexts()); }
 TEST_F(CatalogueCheck, NamesFaultsOfParameterSets) { expectTold(faultsOfParameterSets()); }
 

@@ -91,6 +91,12 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
     EXPECT_EQ(call("--help >/dev/full").status, 2);
     EXPECT_EQ(call("--version").out, "marvello-select " MARVELLO_VERSION "\n");
     EXPECT_NE(call("--list --inverter").out.find("R134A  TK-D  140;"), std::string::npos);
+    const std::string refrigerants = call("--list-refrigerants").out;
+    EXPECT_NE(refrigerants.find(
+                  "\nR22         A1        1810    1760    1960 0.055     -40.8     0.0       96.2\n"),
+              std::string::npos);
+    EXPECT_NE(refrigerants.find("\nR290        A3           3       -    0.02"), std::string::npos);
+    EXPECT_EQ(call("--list-refrigerants --inverter").out.find("R22 "), std::string::npos);
 }
 
 TEST(marvelloSelect, AnOptionThatCannotBeIsRefusedWithWhatCan) {

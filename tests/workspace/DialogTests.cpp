@@ -99,12 +99,16 @@ TEST_F(DialogTest, AListOfBuildsThatGrewIsNews) {
 }
 
 TEST_F(DialogTest, RefrigerantsAreCheckedAndGivenBack) {
+    catalogue.exec(
+        "insert into tRefrigerantFacts(fRefrigeranteId,fSafetyClass,fGwpAr4) values('R134A','A1',1430)");
     frmRefrigerant dialog(nullptr);
     auto* list = control<QListWidget>(dialog, "lv");
     onceOpen(dialog, [&] {
         ASSERT_EQ(list->count(), 2);
         EXPECT_EQ(list->item(0)->checkState(), Qt::Unchecked);  // R134A
         EXPECT_EQ(list->item(1)->checkState(), Qt::Checked);    // R290
+        EXPECT_EQ(list->item(0)->data(Qt::AccessibleTextRole).toString(), "R134A, A1 · GWP 1430");
+        EXPECT_EQ(list->item(1)->data(Qt::AccessibleTextRole).toString(), "R290, -");
         QTest::keyClick(list, Qt::Key_Space);
         QTest::keyClick(&dialog, Qt::Key_Return);
     });

@@ -113,6 +113,27 @@ TEST_F(SelectionFormTest, AChangeOfRefrigerantKeepsASeriesThatIsStillThere) {
     EXPECT_EQ(field(*form, "lstSeries")->Key(), "DZ1");
 }
 
+TEST_F(SelectionFormTest, TheListOfRefrigerantsHasTheirFactsAndTheFieldTheNameAlone) {
+    catalogue.exec(
+        "insert into tRefrigerantFacts(fRefrigeranteId,fSafetyClass,fGwpAr4,fGwpAr6,fBoilingPoint) "
+        "values('R290','A3',3,0.02,-42.11)");
+    auto* refrigerant = field(*form, "lstRefrigerants");
+    QTest::keyClick(refrigerant->findChild<QLineEdit*>(), Qt::Key_Down);
+    auto* rows = QApplication::activePopupWidget()->findChild<QListWidget*>();
+    EXPECT_EQ(rows->item(0)->data(Qt::AccessibleTextRole).toString(), "R134A, -");
+    EXPECT_EQ(rows->item(0)->toolTip(), "");
+    EXPECT_EQ(rows->item(1)->data(Qt::AccessibleTextRole).toString(), "R290, A3 · GWP 3");
+    EXPECT_TRUE(rows->item(1)->toolTip().contains("3 / - / 0.02"));
+    EXPECT_TRUE(rows->item(1)->toolTip().contains("-42.1 °C"));
+    QTest::keyClicks(rows, "R29");
+    QTest::keyClick(rows, Qt::Key_Return);
+    EXPECT_EQ(text("lstRefrigerants"), "R290");
+    // The one list serves the other fields as well.
+    QTest::keyClick(field(*form, "lstSeries")->findChild<QLineEdit*>(), Qt::Key_Down);
+    EXPECT_TRUE(rows->item(0)->toolTip().isEmpty());
+    QTest::keyClick(rows, Qt::Key_Escape);
+}
+
 TEST_F(SelectionFormTest, SwitchesSelectorsOffAtTheirNeutralKeys) {
     choose(*form, "lstSeries", "TK-A");
     EXPECT_TRUE(field(*form, "cmbMotorSize")->isEnabled());

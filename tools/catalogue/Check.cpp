@@ -12,6 +12,7 @@ void checkContent(const Content& content, const std::optional<std::filesystem::p
     checkSurfaces(content, faults);
     checkEnvelopes(content, faults);
     checkPerformance(content, faults);
+    checkRefrigerantFacts(content, faults);
     checkTexts(content, faults);
     checkParameterSets(content, faults);
     checkPictures(content, pictures, faults);

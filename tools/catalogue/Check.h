@@ -29,6 +29,9 @@ void checkSurfaces(const Content& content, Faults& faults);
 void checkEnvelopes(const Content& content, Faults& faults);
 /// Capacity, power, COP, discharge temperature, current and economizer of each compressor over its envelope.
 void checkPerformance(const Content& content, Faults& faults);
+/// The facts of the refrigerants: sources, blends against their components, temperatures against the property
+/// library.
+void checkRefrigerantFacts(const Content& content, Faults& faults);
 void checkTexts(const Content& content, Faults& faults);
 void checkParameterSets(const Content& content, Faults& faults);
 void checkPictures(const Content& content, const std::filesystem::path& pictures, Faults& faults);

@@ -71,7 +71,8 @@ Parsed parsedPoints(const std::string& field) {
 }
 
 Parsed parsed(const std::string& field, ColumnKind kind) {
-    const bool mayBeEmpty = kind == ColumnKind::nullable || kind == ColumnKind::freeText;
+    const bool mayBeEmpty =
+        kind == ColumnKind::nullable || kind == ColumnKind::freeText || kind == ColumnKind::optionalReal;
     if (trimmed(field).empty() && !mayBeEmpty) return {{}, "the value is missing"};
     switch (kind) {
         case ColumnKind::name:
@@ -86,6 +87,8 @@ Parsed parsed(const std::string& field, ColumnKind kind) {
             return parsedInteger(field, kind);
         case ColumnKind::real:
             return parsedReal(field);
+        case ColumnKind::optionalReal:
+            return trimmed(field).empty() ? Parsed{} : parsedReal(field);
         case ColumnKind::points:
             return parsedPoints(field);
         case ColumnKind::boolean:
@@ -279,7 +282,7 @@ Content readContent(const fs::path& folder, Faults& faults) {
                 found = true;
             }
         }
-        if (!found)
+        if (!found && !tableContent.table->isOptional)
             faults.add(folder.string(), "the table " + std::string(tableContent.table->name) + " is missing");
     }
     for (const auto& file : files) {
@@ -300,6 +303,16 @@ int TableContent::integer(const Record& record, std::string_view column) const {
 
 double TableContent::real(const Record& record, std::string_view column) const {
     return std::get<double>(record.values[table->columnIndex(column)]);
+}
+
+std::optional<double> TableContent::optionalReal(const Record& record, std::string_view column) const {
+    const auto* const value = std::get_if<double>(&record.values[table->columnIndex(column)]);
+    return value ? std::optional(*value) : std::nullopt;
+}
+
+std::string TableContent::optionalText(const Record& record, std::string_view column) const {
+    const auto* const value = std::get_if<std::string>(&record.values[table->columnIndex(column)]);
+    return value ? *value : std::string();
 }
 
 const TableContent& Content::table(std::string_view name) const {

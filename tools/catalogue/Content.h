@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -29,6 +30,9 @@ struct TableContent {
     const std::string& text(const Record& record, std::string_view column) const;
     int integer(const Record& record, std::string_view column) const;
     double real(const Record& record, std::string_view column) const;
+    /// Of a column that may be empty.
+    std::optional<double> optionalReal(const Record& record, std::string_view column) const;
+    std::string optionalText(const Record& record, std::string_view column) const;
 };
 
 /// The content of a catalogue, by table in the order of schemaTables().

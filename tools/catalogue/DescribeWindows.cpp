@@ -24,6 +24,7 @@
 #include "workspace/ApplyFormParameters.h"
 #include "workspace/MDIMain.h"
 #include "workspace/WindowTexts.h"
+#include "workspace/frmFind.h"
 #include "workspace/frmSelection.h"
 #include "workspace/frmselectionInverter.h"
 
@@ -94,6 +95,7 @@ int describe(const char* file) {
     description.addPages(*form.findChild<TabStrip*>());
     description.addMarks(mark::withText);
     description.add(frmselectionInverter());
+    description.add(frmFind());
     std::ofstream output(file);
     output << description.all().dump(1) << '\n';
     return output.flush() ? 0 : 1;

@@ -31,6 +31,8 @@ Value storedValue(const SQLite::Column& column, ColumnKind kind) {
             return column.getDouble();
         case ColumnKind::nullable:
             return column.isNull() ? Value() : Value(column.getString());
+        case ColumnKind::optionalReal:
+            return column.isNull() ? Value() : Value(column.getDouble());
         case ColumnKind::name:
         case ColumnKind::text:
         case ColumnKind::freeText:
@@ -42,6 +44,7 @@ Value storedValue(const SQLite::Column& column, ColumnKind kind) {
 
 TableContent readTable(SQLite::Database& database, const fs::path& file, const Table& table) {
     TableContent content{&table, {}};
+    if (table.isOptional && !database.tableExists(std::string(table.name))) return content;
     std::string columns;
     for (const auto& column : table.columns)
         columns += (columns.empty() ? "" : ",") + std::string(column.name);

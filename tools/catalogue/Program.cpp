@@ -11,7 +11,7 @@ namespace marvello {
 std::span<const AppliedSet> appliedSets() {
     static const std::vector<AppliedSet> all{
         {"MDIMain", "eng", true, {"MDIMain"}, true},
-        {"frmSelection", "populate", true, {"frmSelection", "frmselectionInverter"}},
+        {"frmSelection", "populate", true, {"frmSelection", "frmselectionInverter", "frmFind"}},
         {"frmSelection", "Init", true, {"frmselectionInverter"}},
         {"frmSelection", "refresh", false, {"frmSelection", "frmselectionInverter"}},
     };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,11 @@ struct Row {
     std::string key(std::string_view column) const { return lowered(text(column)); }
     int integer(std::string_view column) const { return table.integer(record, column); }
     double real(std::string_view column) const { return table.real(record, column); }
+    /// None and "" for an empty field.
+    std::optional<double> optionalReal(std::string_view column) const {
+        return table.optionalReal(record, column);
+    }
+    std::string optionalText(std::string_view column) const { return table.optionalText(record, column); }
 
     /// File and line, for a remark at another place.
     std::string place() const { return record.file + ":" + std::to_string(record.line); }

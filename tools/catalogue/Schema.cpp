@@ -57,6 +57,21 @@ const std::vector<Table>& tables() {
          .key = {"fRefrigeranteId", "fFluido"},
          .index = {"fRefrigeranteId"},
          .keepsOrder = true},
+        {.name = "tRefrigerantFacts",
+         .columns = {
+             {"fRefrigeranteId", name},
+             {"fSafetyClass", nullable}, {"fSafetyClassSource", nullable},
+             {"fOdp", optionalReal}, {"fOdpSource", nullable},
+             {"fGwpAr4", optionalReal}, {"fGwpAr4Source", nullable},
+             {"fGwpAr5", optionalReal}, {"fGwpAr5Source", nullable},
+             {"fGwpAr6", optionalReal}, {"fGwpAr6Source", nullable},
+             {"fBoilingPoint", optionalReal}, {"fGlide", optionalReal}, {"fCriticalTemperature", optionalReal}},
+         .key = {"fRefrigeranteId"},
+         .isOptional = true},
+        {.name = "tSources",
+         .columns = {{"fSourceId", name}, {"fCitation", text}},
+         .key = {"fSourceId"},
+         .isOptional = true},
         {.name = "tLanguages",
          .columns = {{"fLanguage", name}, {"fDescription", text}},
          .key = {"fLanguage"}},
@@ -98,6 +113,8 @@ std::string declaration(ColumnKind kind) {
             return "INTEGER NOT NULL";
         case real:
             return "REAL NOT NULL";
+        case optionalReal:
+            return "REAL";
     }
     return {};
 }

@@ -16,8 +16,9 @@ enum class ColumnKind {
     integer,   ///< 32 bits with sign.
     byte,      ///< 0 to 255.
     real,
-    boolean,  ///< "True" or "False", stored as 1 or 0.
-    points,   ///< A polyline of at least four points, "x,y;x,y;...", with any "(" and ")".
+    optionalReal,  ///< A number; an empty field is NULL.
+    boolean,       ///< "True" or "False", stored as 1 or 0.
+    points,        ///< A polyline of at least four points, "x,y;x,y;...", with any "(" and ")".
 };
 
 struct Column {
@@ -42,6 +43,8 @@ struct Table {
     bool keepsOrder = false;
     /// The column that a file gives by its name, "table.language.csv", instead of in each row.
     std::string_view languageColumn{};
+    /// Catalogues of this schema may lack the table: a program reads that as a table without rows.
+    bool isOptional = false;
     // NOLINTEND(readability-redundant-member-init)
 
     /// The position of a column, found without regard to case; the count of columns when there is none.

@@ -3,7 +3,7 @@ cmake_minimum_required(VERSION 3.25)
 # Writes the source file OUTPUT with the dictionary keys that stand as literals in the files listed in SOURCES (one a
 # line): the whole ones, and those that the program completes, which end in "." or hold "%1".
 # The first words of keys; each window has one of its own.
-set(areas "messages|general|variables|technicaldata|formselection|frm[a-z]*|mdimain|report|help")
+set(areas "messages|general|variables|technicaldata|formselection|frm[a-z]*|mdimain|report|help|find")
 set(literal "\"(${areas})(\\.[A-Za-z0-9_%-]+)*\\.?\"")
 set(whole "")
 set(completed "")

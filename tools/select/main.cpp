@@ -18,6 +18,7 @@
 #include "tools/select/Exit.h"
 #include "tools/select/FindCommand.h"
 #include "tools/select/Output.h"
+#include "tools/select/RefrigerantListing.h"
 #include "tools/select/Request.h"
 #include "tools/select/Run.h"
 
@@ -32,6 +33,7 @@ struct Arguments {
     std::string firstLine = "1";
     std::string folder;
     bool list = false;
+    bool listRefrigerants = false;
     bool inverter = false;
     bool isBatch = false;
     bool advice = false;
@@ -106,8 +108,9 @@ int select(const Arguments& arguments) {
         const auto given = arguments.options.find(std::string(option.name));
         if (given != arguments.options.end()) readOption(base, option, given->second, choices);
     }
-    if (arguments.list) {
-        printText(catalogueListing(arguments.inverter));
+    if (arguments.list || arguments.listRefrigerants) {
+        printText(arguments.list ? catalogueListing(arguments.inverter)
+                                 : refrigerantListing(arguments.inverter));
         return done;
     }
     if (!arguments.isBatch) return selectOne(format, base);
@@ -142,7 +145,7 @@ int run(int argc, char** argv) {
         const std::string name(option.name);
         app.add_option("--" + name, given[name], std::string(option.help));
     }
-    app.add_flag("--inverter", arguments.inverter, "with --list: what runs on an inverter");
+    app.add_flag("--inverter", arguments.inverter, "with either list: what runs on an inverter");
     app.add_option("--language", arguments.batch.language, "language of the texts (en-EN)");
     app.add_option("--format", arguments.format,
                    "table, csv, json or jsonl, or the list as the window exports it: xml or list-csv");
@@ -151,6 +154,8 @@ int run(int argc, char** argv) {
     addBatchOptions(app, arguments);
     app.add_option("--app-folder", arguments.folder, "folder with db.mdb, the fluid library and Fluids");
     app.add_flag("--list", arguments.list, "prints refrigerants, series and models");
+    app.add_flag("--list-refrigerants", arguments.listRefrigerants,
+                 "prints the refrigerants with safety class, GWP, ODP and temperatures");
     const FindCommand find(app);
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {

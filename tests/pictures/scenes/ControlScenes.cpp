@@ -361,12 +361,7 @@ TagBox* tags(QWidget* page, const char* caption, const QStringList& chosen) {
     auto* box = new TagBox(page);
     box->setCaption(caption, 112);
     box->setEmptyText("Choose at least one");
-    box->setChoices({{"R134A", "A1"},
-                     {"R513A", "A1"},
-                     {"R450A", "A1"},
-                     {"R1234ZE", "A2L"},
-                     {"R1234YF", "A2L"},
-                     {"R290", "A3"}});
+    box->setChoices({"R134A", "R513A", "R450A", "R1234ZE", "R1234YF", "R290"});
     box->setChosen(chosen);
     box->setFixedSize(374, box->heightForWidth(374));
     return box;

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <QStringList>
+#include <array>
+#include <memory>
+
+#include "controls/ResultsView.h"
+#include "engine/Calculator.h"
+#include "results/FoundTable.h"
+#include "workspace/ListPane.h"
+
+class QLabel;
+
+namespace marvello {
+
+class FilterChip;
+class Link;
+class WrapBar;
+
+/// The solutions of a search: filters, the list, how many compressors are not possible, and the pages of the
+/// selected compressor. A list that belongs to other inputs is dimmed and takes no commands.
+class FoundPane : public ListPane {
+    Q_OBJECT
+
+  public:
+    FoundPane(const SelectionInputs& inputs, QWidget* parent);
+
+    void translate() override;
+    void relist() override;
+    /// Lists the solutions for a request, with the one selected that was selected before, else the first.
+    void showResult(const std::shared_ptr<const FindResult>& result, const FindRequest& request);
+    /// Dims the list while it does not belong to the inputs.
+    void setOutdated(bool isOutdated);
+    bool isCurrent() const { return result_ && !isOutdated_; }
+    /// The result that is listed; null before the first.
+    const FindResult* result() const { return result_.get(); }
+
+    /// The selected solution; null without one.
+    const Candidate* selected() const;
+    bool canCopy() const override { return isCurrent() && selected() != nullptr; }
+    bool canPrint() const override { return isCurrent() && !rows_.empty(); }
+    void copy() const override;
+    void print(bool preview) const override;
+    /// The rows of the list for a file.
+    RowSet records() const;
+    /// Shows the compressors that are not possible, by reason.
+    void showRejected() const;
+
+    /// What the user made of the list.
+    QStringList filters() const;
+    void setFilters(const QStringList& names);
+    QStringList hiddenColumns() const { return hidden_; }
+    void setHiddenColumns(const QStringList& keys);
+
+  signals:
+    /// The selected solution is to be opened as a selection.
+    void opened();
+
+  protected:
+    bool hasRows() const override { return result_ != nullptr; }
+    const clsCompressor* selectedCompressor() const override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    struct Chip {
+        FoundFilter filter;
+        const char* name;  ///< in settings
+        const char* textKey;
+        FilterChip* button;
+    };
+    void makeChips();
+    void makeRejectedLine();
+    void placeVeil();
+    FoundFilters chosenFilters() const;
+    FoundStyle style() const;
+    std::vector<ResultsView::Column> viewColumns() const;
+    ResultsView::Row viewRow(const FoundRow& row) const;
+    bool isHidden(const std::string& column) const;
+    QStringList captions() const;
+    QStringList cellsOf(const Candidate& candidate) const;
+    void refreshChips();
+    void refreshRejected();
+    void sortBy(const QString& column);
+    void openColumnMenu(const QPoint& place);
+
+    std::shared_ptr<const FindResult> result_;
+    FindRequest request_;
+    std::vector<ResultColumn> columns_;   ///< hidden ones too
+    std::vector<const Candidate*> rows_;  ///< of the list
+    FoundOrder order_;
+    QStringList hidden_;  ///< columns, by their keys
+    QString kept_;        ///< the solution selected when the list was replaced
+    bool isOutdated_ = false;
+    mutable Calculator calculator_;  ///< of the selected compressor
+
+    WrapBar* bar_;
+    std::array<Chip, 6> chips_;
+    FilterChip* all_;
+    QWidget* rejectedLine_;
+    QLabel* rejectedText_;
+    Link* rejectedLink_;
+    QWidget* veil_;
+};
+
+}  // namespace marvello

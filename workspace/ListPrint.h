@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QList>
+#include <QStringList>
+
+class QWidget;
+
+namespace marvello {
+
+/// A list on paper.
+struct PrintedList {
+    QString title;
+    QStringList conditions;  ///< below the title
+    QStringList columns;
+    QList<QStringList> rows;
+    QList<int> wordColumns;  ///< columns of words; the others hold numbers
+};
+
+/// Prints a list on A4 sheets across, on a printer that the user chooses, or shows it in a window first.
+void printList(const PrintedList& list, bool preview, QWidget* window);
+
+}  // namespace marvello

@@ -1,0 +1,60 @@
+#include "workspace/SearchTexts.h"
+
+#include "controls/NumberText.h"
+#include "inputs/InputTexts.h"
+#include "workspace/UnitTexts.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr int mostNames = 2;
+
+/// A few names, or how many there are.
+QString namesOrCount(const std::vector<std::string>& names, const QString& counted) {
+    if (std::ssize(names) > mostNames) return filled(counted, {QString::number(names.size())});
+    QStringList list;
+    for (const std::string& name : names) list += fromCore(name);
+    return list.join(QStringLiteral(", "));
+}
+
+QString refrigerantsText(const SelectionInputs& inputs) {
+    return namesOrCount(inputs.keys(Input::refrigerants),
+                        dictionaryText(QStringLiteral("find.subject.refrigerants")));
+}
+
+QString seriesText(const SelectionInputs& inputs) {
+    if (inputs.isNeutral(Input::allSeries)) return dictionaryText(QStringLiteral("find.subject.allseries"));
+    return namesOrCount(inputs.keys(Input::allSeries), dictionaryText(QStringLiteral("find.subject.series")));
+}
+
+}  // namespace
+
+QString searchSubject(const SelectionInputs& inputs) {
+    return refrigerantsText(inputs) + QStringLiteral(" \u00B7 ") + seriesText(inputs);
+}
+
+QStringList searchTexts(const SelectionInputs& inputs) {
+    const NumberMarks marks = marksOf(QLocale());
+    const auto text = [&](Input input) { return fromCore(inputText(inputs, input, marks)); };
+    const auto percent = [&](Input input) {
+        const double value = inputs.number(input);
+        return (value > 0 ? QStringLiteral("+") : QString()) + formatNumber(value, u"#0.##");
+    };
+    const bool isDifference = inputs.quantity(Input::superheat) == Quantity::temperatureDifference;
+    const auto entry = [&](const char* key, Input input) {
+        return filled(dictionaryText(QLatin1String(key)), {withUnit(inputs, input)});
+    };
+    return {withUnit(inputs, Input::capacity),
+            percent(Input::toleranceBelow) + QStringLiteral(" / ") + percent(Input::toleranceAbove) +
+                QStringLiteral(" %"),
+            refrigerantsText(inputs),
+            seriesText(inputs),
+            text(Input::evaporatingDew) + QStringLiteral(" / ") + withUnit(inputs, Input::condensingDew),
+            entry(isDifference ? "frmselection.summary.superheat" : "frmselection.summary.suction",
+                  Input::superheat),
+            entry("frmselection.summary.subcooling", Input::subcooling)};
+}
+
+}  // namespace marvello
