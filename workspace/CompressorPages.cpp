@@ -8,6 +8,7 @@
 #include "controls/Metafile.h"
 #include "controls/NumberText.h"
 #include "controls/TabStrip.h"
+#include "results/MarginTexts.h"
 #include "results/TechnicalData.h"
 #include "workspace/AdvisedMessages.h"
 #include "workspace/CompressorFiles.h"
@@ -114,7 +115,7 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
         polynomials_->addPolynomial(QStringLiteral("Q0"), compressor->PolynomialQ0.c);
     }
     if (page == u"dimension") fillDimension(*compressor);
-    if (page == u"limits") fillLimits(*compressor);
+    if (page == u"limits") fillLimits(*compressor, conditions.get());
 }
 
 void CompressorPages::fillTechnical(const clsCompressor& compressor) {
@@ -129,11 +130,18 @@ void CompressorPages::fillDimension(const clsCompressor& compressor) {
                            dictionaryText(QStringLiteral("frmselection.dimension.empty")));
 }
 
-void CompressorPages::fillLimits(const clsCompressor& compressor) {
+void CompressorPages::fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions) {
     const EnvelopeDrawing drawing = envelopeOf(compressor, inputs_);
     limits_->setTexts(drawing.textX, drawing.textY, tabText(limits_),
                       dictionaryText(QStringLiteral("frmselection.limitreport.point")));
     limits_->setLimits(drawing.limits, *drawing.point);
+    if (!conditions) return;
+    std::vector<LimitDistances::Row> rows;
+    for (const ShownMargin& margin :
+         shownMargins(compressor, *conditions, inputs_.units(), marksOf(QLocale())))
+        rows.push_back(
+            {margin.limitType, fromCore(margin.name), fromCore(margin.distance), fromCore(margin.direction)});
+    limits_->setDistances(dictionaryText(QStringLiteral("frmselection.limits.distance")), std::move(rows));
 }
 
 }  // namespace marvello

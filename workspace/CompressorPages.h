@@ -59,7 +59,8 @@ class CompressorPages : public QWidget {
     void clear();
     void fillTechnical(const clsCompressor& compressor);
     void fillDimension(const clsCompressor& compressor);
-    void fillLimits(const clsCompressor& compressor);
+    /// Without conditions the distances are left out.
+    void fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions);
 
     const SelectionInputs& inputs_;
     TabStrip* TabStrip_;
