@@ -36,6 +36,7 @@ void GraphLegend::setTexts(const QString& title, const QString& point) {
 void GraphLegend::setLimits(const clsLimits& limits, bool hasPoint) {
     limits_ = limits;
     hasPoint_ = hasPoint;
+    updateGeometry();
     update();
 }
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "catalogue/SeriesTraits.h"
+#include "data/Arithmetic.h"
 #include "data/CollectedBoxes.h"
 #include "engine/SelectionRules.h"
 
@@ -50,7 +51,7 @@ double valueAt(long point) { return static_cast<double>(point) / gridPoints; }
 struct Range {
     AdvisedInput input;
     double low, high;
-    double step;  ///< Of the first, coarse search.
+    long step;  ///< Of the first, coarse search, in grid points.
 };
 
 /// The grid points from the present value of an input to one end of its range.
@@ -141,11 +142,11 @@ class Adviser {
                });
     }
 
-    void addAdvice(MessageAdvice& asked, AdvisedInput input, double value, double change,
-                   const Said& said) const {
-        Said ends = without(said_, said);
-        std::erase(ends, asked.message);
-        asked.advice.push_back({input, value, change, std::move(ends), without(said, said_)});
+    Advice adviceOn(const MessageId& message, AdvisedInput input, double value, const Said& said) const {
+        Advice advice{
+            .input = input, .value = value, .ends = without(said_, said), .brings = without(said, said_)};
+        std::erase(advice.ends, message);
+        return advice;
     }
 
     void choose(AdvisedInput input, const std::vector<int>& codes) {
@@ -154,7 +155,7 @@ class Adviser {
             const auto said = trial(input, code);
             for (std::size_t i = 0; i < asked_.size(); ++i) {
                 if (!isOpen[i] || !isCured(asked_[i].message, said)) continue;
-                addAdvice(asked_[i], input, code, 0, *said);
+                asked_[i].advice.push_back(adviceOn(asked_[i].message, input, code, *said));
                 isOpen[i] = false;
             }
         }
@@ -174,11 +175,11 @@ class Adviser {
 };
 
 std::vector<Range> Adviser::rangesFor(const clsCompressor& calculated) const {
-    constexpr double temperatureStep = 0.5;
-    constexpr double otherStep = 1;
+    constexpr long temperatureStep = 5;
+    constexpr long otherStep = 10;
     constexpr double mostSubcooling = 30;  // K; the rules say what is too much
     std::vector<Range> ranges;
-    const auto add = [&](AdvisedInput input, double low, double high, double step) {
+    const auto add = [&](AdvisedInput input, double low, double high, long step) {
         ranges.push_back({input, shown(input, low), shown(input, high), step});
     };
     const auto& left = calculated.limits.getLeftPoint();
@@ -205,12 +206,12 @@ std::optional<Range> Adviser::economizerRange(const clsCompressor& calculated) c
     if (!compressor_.Economizer.hasPort() || !permits(Selector::economizer)) return std::nullopt;
     const auto input = AdvisedInput::economizer;
     if (conditions_.EcoCalculateMode == EconomizerMode::approach)
-        return Range{input, shown(input, minApproach), shown(input, maxApproach), 1};
+        return Range{input, shown(input, minApproach), shown(input, maxApproach), 10};
     if (conditions_.EcoCalculateMode != EconomizerMode::capacity || !calculated.Variables.isSet(var::Q0))
         return std::nullopt;
     // An economizer adds to the capacity, and never doubles it.
     const double low = shown(input, calculated.Variables[var::Q0]);
-    return Range{input, low, 2 * low, low / steps};
+    return Range{input, low, 2 * low, std::max(1L, std::lround(low * gridPoints / steps))};
 }
 
 std::vector<std::pair<AdvisedInput, std::vector<int>>> Adviser::choicesFor(
@@ -239,8 +240,7 @@ std::vector<std::pair<AdvisedInput, std::vector<int>>> Adviser::choicesFor(
 /// before it for the first point that is a cure.
 void Adviser::search(const Range& range) {
     constexpr double rounding = 1e-9;
-    const double value = valueOf(range.input, conditions_, units_);
-    const double present = value * gridPoints;
+    const double present = valueOf(range.input, conditions_, units_) * gridPoints;
     const long low = std::lround(std::ceil(range.low * gridPoints - rounding));
     const long high = std::lround(std::floor(range.high * gridPoints + rounding));
     const auto way = [&](long first, long end, int sign) {
@@ -254,11 +254,17 @@ void Adviser::search(const Range& range) {
             down.isOver() || (!up.isOver() && static_cast<double>(up.point + down.point) <= 2 * present);
         lookFurther(range, present, isUp ? up : down, cures);
     }
-    for (std::size_t i = 0; i < asked_.size(); ++i)
-        if (cures[i]) {
-            const double advised = valueAt(cures[i]->point);
-            addAdvice(asked_[i], range.input, advised, advised - value, cures[i]->said);
-        }
+    for (std::size_t i = 0; i < asked_.size(); ++i) {
+        if (!cures[i]) continue;
+        const auto& [point, said] = *cures[i];
+        const MessageId& message = asked_[i].message;
+        Advice advice = adviceOn(message, range.input, valueAt(point), said);
+        advice.change = roundedToPlaces(valueAt(point) - present / gridPoints, 9);
+        const long further = point + (advice.change > 0 ? range.step : -range.step);
+        advice.isLasting =
+            further >= low && further <= high && isCured(message, trial(range.input, valueAt(further)));
+        asked_[i].advice.push_back(std::move(advice));
+    }
 }
 
 void Adviser::lookFurther(const Range& range, double present, Way& way,
@@ -278,7 +284,7 @@ void Adviser::lookFurther(const Range& range, double present, Way& way,
         if (!cures[i] || distanceOf(cure.point) < distanceOf(cures[i]->point)) cures[i] = std::move(cure);
     }
     if (isAnyOpen)
-        way.goOn(std::max(1L, std::lround(range.step * gridPoints)));
+        way.goOn(range.step);
     else
         way.leave();
 }

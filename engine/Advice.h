@@ -23,8 +23,9 @@ struct MessageId {
 /// The change of one input that ends a message, the others left as they are.
 struct Advice {
     AdvisedInput input{};
-    double value = 0;   ///< What to set, in the system of units asked for: a multiple of 0.1, or a code.
-    double change = 0;  ///< From the present value; 0 for a choice.
+    double value = 0;        ///< What to set, in the system of units asked for: a multiple of 0.1, or a code.
+    double change = 0;       ///< From the present value; 0 for a choice.
+    bool isLasting = false;  ///< A number further on, up to the next step of the search, ends it too.
     std::vector<MessageId> ends{};    ///< Other messages that end with it.
     std::vector<MessageId> brings{};  ///< Messages of less weight that it brings.
 };
@@ -40,7 +41,7 @@ struct MessageAdvice {
 /// the same weight or more. Each value is checked by a calculation at it. A message that no single input
 /// ends has no advice.
 ///
-/// The numbers are multiples of 0.1 in `units`. A cure that lasts for less than 0.5 K of a temperature, or
+/// The numbers are multiples of 0.1 in `units`. A cure that lasts for less than 0.5 of a temperature, or
 /// 1 of any other number, may be missed in favour of one further away. Takes some hundred calculations;
 /// returns early, with nothing, once `isWanted` says no. Throws what Calculator::calculate throws at the
 /// present conditions.

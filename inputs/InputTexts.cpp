@@ -36,23 +36,7 @@ std::string inputText(const SelectionInputs& inputs, Input input, const NumberMa
 
 std::string unitText(const SelectionInputs& inputs, Input input) {
     if (input == Input::toleranceBelow || input == Input::toleranceAbove) return "%";
-    const bool isImperial = inputs.units() == UnitSystem::imperial;
-    const auto temperature = [&] { return dictionaryText("general.variable03") + (isImperial ? 'F' : 'C'); };
-    switch (inputs.quantity(input)) {
-        case Quantity::temperature:
-            return temperature();
-        case Quantity::temperatureDifference:
-            return isImperial ? temperature() : "K";
-        case Quantity::pressure:
-            return isImperial ? "psia" : "bar abs";
-        case Quantity::power:
-            return isImperial ? "Tons" : "kW";
-        case Quantity::frequency:
-            return "Hz";
-        case Quantity::number:
-            break;
-    }
-    return {};
+    return unitText(inputs.quantity(input), inputs.units());
 }
 
 EnteredQuantity readInput(const SelectionInputs& inputs, Input input, std::string_view text) {

@@ -396,6 +396,13 @@ void SelectionInputs::settle(Input input, double value) {
     if (input == Input::economizer && isShown(input)) keepEconomizerValue(mode);
 }
 
+void SelectionInputs::change(Input input, double value) {
+    const double evaporating = number(Input::evaporatingDew);
+    type(input, value);
+    if (input != Input::evaporatingDew && number(Input::evaporatingDew) != evaporating)
+        type(Input::evaporatingDew, evaporating);
+}
+
 void SelectionInputs::follow(Input input) {
     synchronize(input == Input::subcooling ? Input::evaporatingDew : input);
 }

@@ -21,6 +21,7 @@ struct ReportContent {
     QString date;
     QImage photo;  ///< null leaves its place empty
     EnvelopeDrawing envelope;
+    QString margin;  ///< how far the point is from its limit, below the envelope
     std::vector<ReportLine> lines;
     bool hasWarnings = false;
     bool showsEnvelope = true;

@@ -136,6 +136,9 @@ class Page {
                  Qt::AlignLeft | Qt::AlignVCenter, 7 * point, QString::fromStdString(entries[i]->Description),
                  ink);
         }
+        const double rows = std::ceil(static_cast<double>(entries.size()) / columns);
+        text({side, top + step * rows, leftWidth, step}, Qt::AlignLeft | Qt::AlignVCenter, 7 * point,
+             content_.margin, quiet);
     }
 
     /// Where the data may end: above the warnings, or above the foot.

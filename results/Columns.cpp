@@ -6,11 +6,14 @@
 #include "data/DictionaryTexts.h"
 #include "data/ParameterSets.h"
 #include "data/Texts.h"
+#include "engine/Margins.h"
 #include "thermo/clsConvert.h"
 
 namespace marvello {
 
 namespace {
+
+constexpr std::string_view marginColumn = "@margin";
 
 std::string_view patternOf(std::string_view key) {
     if (key == "cop" || key == "copeco") return "#0.00";
@@ -36,12 +39,20 @@ double powerPerTon(const clsCompressor& compressor) {
     return compressor.Variables[var::Pta] / tons;
 }
 
+/// To the application limit; below 0 outside of it.
+double marginOf(const clsCompressor& compressor) {
+    const clsVariables& v = compressor.Variables;
+    const auto margin = applicationMargin(compressor.limits, v[var::Ted], v[var::Tcd]);
+    if (!margin) throw VariableError("There is no margin.");
+    return margin->kelvin;
+}
+
 /// The columns that are not a variable of the calculation as it is.
 struct OwnColumn {
     std::string_view key;
     double (*value)(const clsCompressor& compressor);
 };
-constexpr std::array<OwnColumn, 7> ownColumns{{
+constexpr std::array<OwnColumn, 8> ownColumns{{
     {"q0btu", [](const clsCompressor& c) { return c.Variables[var::Q0]; }},
     {"qecobtu", withEconomizer},
     {"qeco", withEconomizer},
@@ -49,6 +60,7 @@ constexpr std::array<OwnColumn, 7> ownColumns{{
     {"@fla", [](const clsCompressor& c) { return c.Fla; }},
     {"@lra1", [](const clsCompressor& c) { return c.Variables[var::Lra1]; }},
     {"@lra2", [](const clsCompressor& c) { return c.Variables[var::Lra2]; }},
+    {marginColumn, marginOf},
 }};
 
 /// Throws VariableError for a value that is not there.
@@ -129,7 +141,7 @@ ShownValue calculatedValue(const clsCompressor& compressor, const clsOutput& col
     const bool isAbsent = needsEconomizerPort(key) && !compressor.Economizer.hasPort();
     double value = isAbsent ? 0 : metricValue(compressor, key);
     if (units == UnitSystem::imperial && !isAbsent) value = imperialValue(value, column);
-    if (value == 0 && key == "pra") return {0, "0"};
+    if (value == 0 && (key == "pra" || key == marginColumn)) return {0, "0"};
     if (value == 0) return {.text = "-"};
     return {shownValue(value, patternOf(key)), formatNumber(value, patternOf(key), marks)};
 }
@@ -172,6 +184,8 @@ bool isShown(int visibility, UnitSystem units, bool hasEconomizer) {
             return isImperial;
         case 4:
             return isImperial && hasEconomizer;
+        case 5:
+            return false;
         default:
             return true;
     }

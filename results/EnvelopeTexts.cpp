@@ -28,14 +28,19 @@ constexpr std::array<LimitName, 9> limitNames{{{limitType::over, "frmselection.l
 
 }  // namespace
 
+std::string nameOfLimit(const clsLimit& limit) {
+    if (limit.LimitType == limitType::forbidden) return dictionaryText("frmselection.limits.forbidden");
+    if (limit.Description.empty()) return dictionaryText("report.stepcapacity.caption") + ' ' + limit.Caption;
+    const auto* const name = std::ranges::find(limitNames, limit.LimitType, &LimitName::type);
+    const std::string text = name == limitNames.end() ? std::string() : dictionaryTextIfAny(name->key);
+    return text.empty() ? limit.Description : text;
+}
+
 clsLimits namedLimits(const clsLimits& limits) {
     clsLimits result;
     for (const auto& limit : limits) {
         auto copy = std::make_shared<clsLimit>(*limit);
-        const auto* const name = std::ranges::find(limitNames, copy->LimitType, &LimitName::type);
-        if (name != limitNames.end() && !copy->Description.empty())
-            if (std::string text = dictionaryTextIfAny(name->key); !text.empty())
-                copy->Description = std::move(text);
+        if (!copy->Description.empty()) copy->Description = nameOfLimit(*limit);
         result.add(std::move(copy));
     }
     return result;

@@ -11,6 +11,7 @@
 
 #include "data/DictionaryTexts.h"
 #include "data/Texts.h"
+#include "results/MarginTexts.h"
 #include "results/RefrigerantTexts.h"
 
 namespace marvello {
@@ -98,16 +99,13 @@ std::function<double(const Candidate&)> numberOf(const std::string& column) {
     return {};
 }
 
-std::string directionText(const Candidate& candidate) {
-    if (!candidate.margin) return {};
-    constexpr std::array<const char*, 4> keys{"find.margin.tedup", "find.margin.teddown", "find.margin.tcdup",
-                                              "find.margin.tcddown"};
-    return dictionaryText(keys.at(static_cast<std::size_t>(candidate.margin->direction)));
+std::string directionTextOf(const Candidate& candidate) {
+    return candidate.margin ? directionText(candidate.margin->direction) : std::string();
 }
 
 std::string wordsOf(const Candidate& candidate, const std::string& column) {
     if (column == foundColumn::refrigerant) return candidate.compressor->Refrigerant;
-    if (column == foundColumn::nearestLimit) return directionText(candidate);
+    if (column == foundColumn::nearestLimit) return directionTextOf(candidate);
     return modelOf(*candidate.compressor);
 }
 
@@ -259,7 +257,7 @@ FoundRow foundRow(const FindResult& result, const Candidate& candidate, const Fo
         shown(in(convertedTemperature, candidate.dischargeTemperature), onePlace, marks),
         candidate.margin ? shown(in(convertedDifference, candidate.margin->kelvin), onePlace, marks)
                          : ShownValue{{}, "-"},
-        {{}, directionText(candidate)},
+        {{}, directionTextOf(candidate)},
     };
     return row;
 }

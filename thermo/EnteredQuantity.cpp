@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/Constants.h"
+#include "data/DictionaryTexts.h"
 #include "data/Numbers.h"
 #include "thermo/UnitFamilies.h"
 #include "thermo/clsConvert.h"
@@ -237,6 +238,26 @@ UnitRule conversionOf(Quantity quantity) {
             break;
     }
     return nullptr;
+}
+
+std::string unitText(Quantity quantity, UnitSystem units) {
+    const bool isImperial = units == UnitSystem::imperial;
+    const auto temperature = [&] { return dictionaryText("general.variable03") + (isImperial ? 'F' : 'C'); };
+    switch (quantity) {
+        case Quantity::temperature:
+            return temperature();
+        case Quantity::temperatureDifference:
+            return isImperial ? temperature() : "K";
+        case Quantity::pressure:
+            return isImperial ? "psia" : "bar abs";
+        case Quantity::power:
+            return isImperial ? "Tons" : "kW";
+        case Quantity::frequency:
+            return "Hz";
+        case Quantity::number:
+            break;
+    }
+    return {};
 }
 
 EnteredQuantity readQuantity(std::string_view text, Quantity quantity, std::string_view unit) {

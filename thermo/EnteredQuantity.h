@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "thermo/UnitSystem.h"
@@ -19,6 +20,9 @@ enum class Quantity {
 
 /// Returns how an entered number of a quantity is converted; null for one that is the same in every system.
 UnitRule conversionOf(Quantity quantity);
+
+/// Returns the unit of a quantity as the user reads it, such as "bar abs"; empty for a plain number.
+std::string unitText(Quantity quantity, UnitSystem units);
 
 /// What an entered text comes to.
 struct EnteredQuantity {

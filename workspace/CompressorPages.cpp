@@ -8,13 +8,13 @@
 #include "controls/Metafile.h"
 #include "controls/NumberText.h"
 #include "controls/TabStrip.h"
-#include "results/Messages.h"
+#include "results/MarginTexts.h"
 #include "results/TechnicalData.h"
+#include "workspace/AdvisedMessages.h"
 #include "workspace/CompressorFiles.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/PolynomialsPage.h"
-#include "workspace/ResultMarks.h"
 #include "workspace/SelectionReport.h"
 #include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
@@ -45,6 +45,8 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     pages_ = new QStackedWidget(this);
     lvMessages_ = new MessagesView(pages_);
     lvMessages_->setObjectName(QStringLiteral("lvMessages"));
+    messages_ = new AdvisedMessages(*lvMessages_);
+    connect(messages_, &AdvisedMessages::used, this, &CompressorPages::adviceUsed);
     technical_ = new TechnicalPage(pages_);
     polynomials_ = new PolynomialsPage(pages_);
     dimension_ = new DimensionPage(pages_);
@@ -91,37 +93,29 @@ QWidget* CompressorPages::tabs() const { return TabStrip_; }
 QWidget* CompressorPages::page() const { return pages_->currentWidget(); }
 
 void CompressorPages::clear() {
-    lvMessages_->clear();
-    lvMessages_->setEmptyText(QString());
+    messages_->clear();
     technical_->clear();
     polynomials_->clear();
     dimension_->clear();
     limits_->clear();
 }
 
-void CompressorPages::showCompressor(const clsCompressor* compressor, const QString& group) {
+void CompressorPages::focusPage() { pages_->currentWidget()->setFocus(); }
+
+void CompressorPages::showCompressor(const clsCompressor* compressor, const QString& group,
+                                     const std::shared_ptr<const clsProjectConditions>& conditions) {
     clear();
     TabStrip_->setToolTip(group);
     if (!compressor) return;
     const QString page = TabStrip_->currentKey();
-    if (page == u"messages") fillMessages(*compressor);
+    if (page == u"messages") messages_->show(*compressor, conditions, inputs_.units());
     if (page == u"tecnic") fillTechnical(*compressor);
     if (page == u"polynomials") {
         polynomials_->addPolynomial(QStringLiteral("Pta"), compressor->polynomialPta.c);
         polynomials_->addPolynomial(QStringLiteral("Q0"), compressor->PolynomialQ0.c);
     }
     if (page == u"dimension") fillDimension(*compressor);
-    if (page == u"limits") fillLimits(*compressor);
-}
-
-void CompressorPages::fillMessages(const clsCompressor& compressor) {
-    lvMessages_->setEmptyText(dictionaryText(QStringLiteral("frmselection.messages.empty")));
-    for (const ShownMessage& message : messagesOf(compressor)) {
-        const QString mark = markOf(message.severity);
-        QStringList causes;
-        for (const std::string& cause : message.causes) causes += fromCore(cause);
-        lvMessages_->addMessage(mark, markText(mark), fromCore(message.text), fromCore(message.key), causes);
-    }
+    if (page == u"limits") fillLimits(*compressor, conditions.get());
 }
 
 void CompressorPages::fillTechnical(const clsCompressor& compressor) {
@@ -136,11 +130,18 @@ void CompressorPages::fillDimension(const clsCompressor& compressor) {
                            dictionaryText(QStringLiteral("frmselection.dimension.empty")));
 }
 
-void CompressorPages::fillLimits(const clsCompressor& compressor) {
+void CompressorPages::fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions) {
     const EnvelopeDrawing drawing = envelopeOf(compressor, inputs_);
     limits_->setTexts(drawing.textX, drawing.textY, tabText(limits_),
                       dictionaryText(QStringLiteral("frmselection.limitreport.point")));
     limits_->setLimits(drawing.limits, *drawing.point);
+    if (!conditions) return;
+    std::vector<LimitDistances::Row> rows;
+    for (const ShownMargin& margin :
+         shownMargins(compressor, *conditions, inputs_.units(), marksOf(QLocale())))
+        rows.push_back(
+            {margin.limitType, fromCore(margin.name), fromCore(margin.distance), fromCore(margin.direction)});
+    limits_->setDistances(dictionaryText(QStringLiteral("frmselection.limits.distance")), std::move(rows));
 }
 
 }  // namespace marvello

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 
+#include "engine/AdvisedInput.h"
 #include "inputs/SelectionInputs.h"
 
 class QStackedWidget;
 
 namespace marvello {
 
+class AdvisedMessages;
 class DimensionPage;
 class LimitsPage;
 class MessagesView;
@@ -34,8 +37,11 @@ class CompressorPages : public QWidget {
     /// Says all texts in the user's language.
     void translate();
     /// Empties all pages, and shows those of a compressor, null for none. `group` is the tool tip of the
-    /// tabs.
-    void showCompressor(const clsCompressor* compressor, const QString& group = QString());
+    /// tabs. What to do about its messages is shown if the `conditions` of its calculation are there.
+    void showCompressor(const clsCompressor* compressor, const QString& group = QString(),
+                        const std::shared_ptr<const clsProjectConditions>& conditions = nullptr);
+    /// Gives the focus to the page that is shown.
+    void focusPage();
     /// Selects a page by its key. False for a key that no page has.
     bool select(const QString& key);
     int current() const;
@@ -45,19 +51,22 @@ class CompressorPages : public QWidget {
 
   signals:
     void pageChanged();
+    /// An advice on the page of messages is to be followed; the value is in the units of the inputs.
+    void adviceUsed(marvello::AdvisedInput input, double value);
 
   private:
     QString tabText(QWidget* page) const;
     void clear();
-    void fillMessages(const clsCompressor& compressor);
     void fillTechnical(const clsCompressor& compressor);
     void fillDimension(const clsCompressor& compressor);
-    void fillLimits(const clsCompressor& compressor);
+    /// Without conditions the distances are left out.
+    void fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions);
 
     const SelectionInputs& inputs_;
     TabStrip* TabStrip_;
     QStackedWidget* pages_;
     MessagesView* lvMessages_;
+    AdvisedMessages* messages_;
     TechnicalPage* technical_;
     PolynomialsPage* polynomials_;
     DimensionPage* dimension_;

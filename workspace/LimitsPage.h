@@ -1,8 +1,12 @@
 #pragma once
 
 #include <QWidget>
+#include <vector>
 
 #include "catalogue/clsLimits.h"
+#include "controls/LimitDistances.h"
+
+class QScrollArea;
 
 namespace marvello {
 
@@ -20,6 +24,8 @@ class LimitsPage : public QWidget {
     void setTexts(const QString& x, const QString& y, const QString& legend, const QString& point);
     void clear();
     void setLimits(const clsLimits& limits, const clsPoint& point);
+    /// Says below the legend how far the point is from the lines that were set.
+    void setDistances(const QString& title, std::vector<LimitDistances::Row> rows);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -30,7 +36,9 @@ class LimitsPage : public QWidget {
     ctlGraph* limitgraph_;
     QWidget* between_;
     bool isFilled_ = false;
+    QScrollArea* side_;
     GraphLegend* picGraphLbl_;
+    LimitDistances* distances_;
 };
 
 }  // namespace marvello

@@ -37,6 +37,7 @@ ListPane::ListPane(const SelectionInputs& inputs, QWidget* parent) : Splitter(pa
         fillPage();
     });
     markPage();
+    connect(pages_, &CompressorPages::adviceUsed, this, &ListPane::adviceUsed);
 }
 
 void ListPane::makeList() {
@@ -113,7 +114,7 @@ void ListPane::fillPage() {
     if (!hasRows()) return;
     const int row = lvCps_->selectedRow();
     pages_->showCompressor(selectedCompressor(),
-                           row >= 0 && lvCps_->isGroup(row) ? lvCps_->text(row, 0) : QString());
+                           row >= 0 && lvCps_->isGroup(row) ? lvCps_->text(row, 0) : QString(), conditions());
 }
 
 bool ListPane::selectPage(const QString& key) { return pages_->select(key); }

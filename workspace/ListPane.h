@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "controls/Splitter.h"
+#include "engine/AdvisedInput.h"
 #include "inputs/SelectionInputs.h"
 #include "workspace/Commands.h"
 
@@ -51,6 +53,8 @@ class ListPane : public Splitter {
 
   signals:
     void selectionChanged();
+    /// An advice on a message is to be followed; the value is in the units of the inputs.
+    void adviceUsed(marvello::AdvisedInput input, double value);
 
   protected:
     /// The pages show numbers and the operating point of the inputs.
@@ -60,6 +64,8 @@ class ListPane : public Splitter {
     virtual bool hasRows() const = 0;
     /// The compressor of the selected row; null without one.
     virtual const clsCompressor* selectedCompressor() const = 0;
+    /// What the selected compressor was calculated for; null if nothing is to be advised on its messages.
+    virtual std::shared_ptr<const clsProjectConditions> conditions() const { return nullptr; }
     /// Adds an entry to the pop-up menu, with the text of a dictionary key.
     QAction* addToPopUp(const char* textKey, Needs needs, const std::function<void()>& act);
 

@@ -44,7 +44,18 @@ void ResultsPane::open() {
     fillPage();
 }
 
+void ResultsPane::openAgain() {
+    list();
+    show();
+    selectCompressor();
+    fillPage();
+    lvCps_->horizontalScrollBar()->setValue(keptScroll_.x());
+    lvCps_->verticalScrollBar()->setValue(keptScroll_.y());
+    pages_->focusPage();
+}
+
 void ResultsPane::clear() {
+    keptScroll_ = {lvCps_->horizontalScrollBar()->value(), lvCps_->verticalScrollBar()->value()};
     if (const int row = lvCps_->selectedRow(); row >= 0)
         keptSelection_ = run_.row(row) ? lvCps_->key(row) : QString();
     lvCps_->clear();

@@ -20,6 +20,8 @@ class ResultsPane : public ListPane {
     /// Shows the list of a new run, with the compressor selected that was selected before, else the first
     /// that is possible.
     void open();
+    /// The same at the place where the list was put away: scrolled as it was, with the focus on the page.
+    void openAgain();
     /// Takes away all rows, and keeps which compressor was selected.
     void clear();
     /// Lists the results anew, if there are any; with the same row selected if it was.
@@ -46,14 +48,17 @@ class ResultsPane : public ListPane {
   protected:
     bool hasRows() const override { return run_.hasResults(); }
     const clsCompressor* selectedCompressor() const override;
+    std::shared_ptr<const clsProjectConditions> conditions() const override { return run_.conditions(); }
 
   private:
     void sortBy(const QString& column);
     void selectCompressor();
 
     SelectionRun& run_;
-    clsOutputs columns_;     ///< of the list, in the user's language
-    QString keptSelection_;  ///< the compressor selected when the list was put away
+    clsOutputs columns_;  ///< of the list, in the user's language
+    // What the list was when it was put away.
+    QString keptSelection_;  ///< the compressor selected
+    QPoint keptScroll_;
 };
 
 }  // namespace marvello

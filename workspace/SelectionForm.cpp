@@ -6,6 +6,7 @@
 #include "controls/MessageBox.h"
 #include "controls/Splitter.h"
 #include "controls/ctlBtn.h"
+#include "data/Numbers.h"
 #include "workspace/EmptyPage.h"
 #include "workspace/InputFields.h"
 #include "workspace/InputPanel.h"
@@ -30,11 +31,37 @@ void invite(EmptyPage& page, const QString& button, const QString& edited = QStr
     page.setTexts(title, sentence, button, QStringLiteral("F5"), edited);
 }
 
+Input inputOf(AdvisedInput advised) {
+    switch (advised) {
+        case AdvisedInput::evaporating:
+            return Input::evaporatingDew;
+        case AdvisedInput::condensing:
+            return Input::condensingDew;
+        case AdvisedInput::superheat:
+            return Input::superheat;
+        case AdvisedInput::subcooling:
+            return Input::subcooling;
+        case AdvisedInput::economizer:
+            return Input::economizer;
+        case AdvisedInput::frequency:
+            return Input::frequency;
+        case AdvisedInput::motorSize:
+            return Input::motorSize;
+        case AdvisedInput::oilCoolingMode:
+            return Input::oilCoolingMode;
+        case AdvisedInput::capacityStep:
+            break;
+    }
+    return Input::capacityStep;
+}
+
 }  // namespace
 
 SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
     : InputForm(kind, parent), results_(new ResultsPane(run_, inputs_, Splitter1_)) {
     setUp(*results_);
+    // Queued: the line that is followed goes with the old results.
+    connect(results_, &ListPane::adviceUsed, this, &SelectionForm::follow, Qt::QueuedConnection);
     (*panel_)[Input::evaporatingDew]->setFocus();
 }
 
@@ -61,6 +88,29 @@ void SelectionForm::ExportPolynomials() {
 }
 
 void SelectionForm::calculate() {
+    run();
+    if (run_.hasResults()) results_->open();
+    emit stateChanged();
+}
+
+void SelectionForm::follow(AdvisedInput advised, double value) {
+    if (isBusy()) return;
+    const Input input = inputOf(advised);
+    // The old results stay in sight until the new ones are there.
+    Splitter1_->setUpdatesEnabled(false);
+    panel_->lnkCalculate->setFocus();  // a field would show its help when the results go
+    fields_->commit();
+    if (definitionOf(input).isChoice)
+        inputs_.choose(input, storedText(value));
+    else
+        inputs_.change(input, value);
+    run();
+    if (run_.hasResults()) results_->openAgain();
+    Splitter1_->setUpdatesEnabled(true);
+    emit stateChanged();
+}
+
+void SelectionForm::run() {
     closesplitter34();
     fields_->prepareRun();
     progress_ = std::make_unique<frmpG>(window());
@@ -80,12 +130,10 @@ void SelectionForm::calculate() {
     keepFormState(objectName(), state());
     if (run_.hasResults()) {
         showResults(true);
-        results_->open();
     } else if (outcome.fault.empty() && !outcome.isAborted) {
         MessageBox::show(this, MessageBox::Mark::information,
                          dictionaryText(QStringLiteral("messages.message22")));
     }
-    emit stateChanged();
 }
 
 void SelectionForm::edited(const QString& caption) {

@@ -41,6 +41,10 @@ class SelectionForm : public InputForm {
     void edited(const QString& caption) override;
 
   private:
+    /// Sets an input as an advice has it and calculates; list and page stay where they are.
+    void follow(AdvisedInput advised, double value);
+    /// Calculates in place of the results.
+    void run();
     void closesplitter34(const QString& editedField = QString());
 
     SelectionRun run_;

@@ -9,6 +9,7 @@
 #include "inputs/InputTexts.h"
 #include "reports/ReportOutput.h"
 #include "results/EnvelopeTexts.h"
+#include "results/MarginTexts.h"
 #include "workspace/CompressorFiles.h"
 #include "workspace/ReportPreview.h"
 #include "workspace/WindowTexts.h"
@@ -68,6 +69,7 @@ ReportContent reportOf(const ResultTable& table, const ResultRow& row, const Sel
     report.date = userLocale().toString(QDate::currentDate(), QLocale::LongFormat);
     report.photo = readPhoto(fromCore(compressor.Serie), fromCore(compressor.Model));
     report.envelope = envelopeOf(compressor, inputs);
+    report.margin = fromCore(marginLine(compressor, inputs.units(), marksOf(QLocale())));
     for (const auto& lines : {conditionLines(conditionsOf(inputs, compressor)), resultLines(table, row),
                               technicalLines(technicalData(compressor, inputs.units(), marksOf(QLocale())))})
         report.lines.insert(report.lines.end(), lines.begin(), lines.end());

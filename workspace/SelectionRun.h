@@ -28,6 +28,10 @@ class SelectionRun {
     /// Lists the results with `columns`, as the inputs say.
     void list(const SelectionInputs& inputs, const clsOutputs& columns, const NumberMarks& marks);
     bool hasResults() const { return selections_->Count() > 0; }
+    /// The conditions that the results were calculated for; null without any.
+    const std::shared_ptr<const clsProjectConditions>& conditions() const {
+        return selections_->ProjectConditions;
+    }
     int count() const { return selections_->Count(); }
     const ResultTable& table() const { return table_; }
     /// The rows of the list; null for the heading of a group.

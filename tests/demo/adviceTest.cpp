@@ -128,7 +128,7 @@ TEST_F(AdviceOnTheCatalogue, EndsItsMessageAndALittleLessDoesNot) {
             ++messages;
             advised += about.advice.empty() ? 0 : 1;
             ASSERT_TRUE(before.contains({about.message.severity, about.message.key}));
-            for (const auto& [input, value, change, ends, brings] : about.advice) {
+            for (const auto& [input, value, change, isLasting, ends, brings] : about.advice) {
                 SCOPED_TRACE(compressor.Model + " " + about.message.key + " " + std::string(nameOf(input)));
                 EXPECT_TRUE(helps(about, input, value)) << value;
                 const double less = value - std::copysign(0.2, change);

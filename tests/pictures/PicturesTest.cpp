@@ -111,6 +111,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Variant{scenes::listScene(), false, 2}, Variant{scenes::filterScene(), false, 1},
                       Variant{scenes::filterScene(), true, 1}, Variant{scenes::graphScene(), true, 1},
                       Variant{scenes::envelopeScene(), false, 2}, Variant{scenes::metafileScene(), false, 2},
+                      Variant{scenes::adviceScene(), false, 1}, Variant{scenes::adviceScene(), true, 1},
                       Variant{scenes::pageScene(), false, 1}, Variant{scenes::reportScene(), false, 1},
                       Variant{scenes::fieldScene(), false, 2}, Variant{scenes::richTextScene(), false, 1},
                       Variant{scenes::richTextScene(), true, 1}),

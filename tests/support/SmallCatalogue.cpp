@@ -23,7 +23,8 @@ SmallCatalogue::SmallCatalogue() : session(MARVELLO_APP_FOLDER) {
 
 void SmallCatalogue::exec(const std::string& sql) {
     // The file lives for a test: nothing waits for the disk.
-    SQLite::Database((folder_ / "db.mdb").string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+    constexpr int patience = 5000;  // ms, while a thread of a window reads
+    SQLite::Database((folder_ / "db.mdb").string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, patience)
         .exec("PRAGMA synchronous=OFF;" + sql);
     sealCatalogue(folder_ / "db.mdb");
 }

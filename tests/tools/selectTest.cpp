@@ -77,6 +77,7 @@ TEST(marvelloSelect, StatusesAndOneLineOfReason) {
              Refusal{"--refrigerant R999 --series TK-A --ted 2 --tcd 40", "no refrigerant R999", 1},
              Refusal{"--refrigerant R134A --series \"O'Neill\" --ted 2 --tcd 40", "no series O'Neill", 1},
              Refusal{at + " --models \"120;9999\"", "no model 9999", 1},
+             Refusal{at + " --advice --format csv", "the format csv has no place for it"},
              Refusal{"--batch /nowhere.csv", "/nowhere.csv cannot be read"},
              Refusal{"--batch /", "the file / cannot be read"},
          }) {
@@ -167,6 +168,41 @@ TEST(marvelloSelect, AStateWithoutAResultIsSaidWithItsCause) {
         << answer.out;
     EXPECT_NE(answer.out.find("Cause: Temperature("), std::string::npos) << answer.out;
     EXPECT_NE(answer.out.find("outside the temperature range of R134a"), std::string::npos) << answer.out;
+}
+
+/// Of the only compressor, by the key of the warning.
+Json warnings(const Answer& answer) {
+    const Json run = Json::parse(answer.out);
+    Json byKey;
+    for (const Json& warning : run["compressors"][0]["messages"]["attention"])
+        byKey[warning["name"].get<std::string>()] = warning;
+    return byKey;
+}
+
+TEST(marvelloSelect, AdviceNamesOptionsThatEndTheMessage) {
+    const std::string model = "--refrigerant R134A --series TK-A --models 120 --format json";
+    const std::string here = model + " --ted -8 --tcd 57";
+    const Json before = warnings(call(here + " --advice"));
+    ASSERT_EQ(before.size(), 2U);
+    for (const auto& [key, warning] : before.items()) {
+        ASSERT_FALSE(warning["advice"].empty()) << key;
+        for (const Json& advice : warning["advice"]) {
+            const std::string option =
+                " --" + advice["input"].get<std::string>() + " " + advice["value"].dump();
+            const std::string others = (advice["input"] == "ted" ? "" : " --ted -8") +
+                                       std::string(advice["input"] == "tcd" ? "" : " --tcd 57");
+            const Json after = warnings(call(model + option + others));
+            EXPECT_FALSE(after.contains(key)) << option;
+            EXPECT_EQ(after.size(), 1 - advice["ends"].size()) << option;
+        }
+    }
+    EXPECT_FALSE(warnings(call(here)).front().contains("advice"));
+
+    const std::string table =
+        call("--refrigerant R134A --series TK-A --models 120 --ted -8 --tcd 57 --advice").out;
+    EXPECT_NE(table.find("        Superheat 5.7 K or lower (-4.3 K); the other message stays\n"),
+              std::string::npos)
+        << table;
 }
 
 TEST(marvelloSelect, NamesAreFoundInAnyCaseOfLetters) {

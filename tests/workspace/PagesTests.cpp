@@ -11,6 +11,8 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include "controls/AdvanceText.h"
+#include "controls/Link.h"
 #include "controls/Marks.h"
 #include "controls/MessagesView.h"
 #include "controls/TabStrip.h"
@@ -88,6 +90,36 @@ TEST_F(PagesTest, TheTabChoosesWhatIsShownOfTheSelectedRow) {
     EXPECT_EQ(tabs()->toolTip(), "");
     form->lnkCalculate_Click();
     EXPECT_EQ(tabs()->currentKey(), "messages");
+}
+
+// Oil is filtered above 1.03 degrees Celsius, which are 33.854 degrees Fahrenheit.
+TEST_F(PagesTest, AnAdviceIsFollowedWhereItStands) {
+    catalogue.limit("E", 7, "1.03,0;40,0;40,90;1.03,90;1.03,0");
+    form->lnkCalculate_Click();
+    list()->selectRow(3);
+    const auto links = [this] { return messages()->viewport()->findChildren<Link*>(); };
+    const auto isAdvised = [&](const QString& text) {
+        return QTest::qWaitFor(
+            [&] { return links().size() == 1 && links().front()->accessibleName() == text; });
+    };
+    ASSERT_TRUE(isAdvised(QString::fromUtf8("Use: Evaporating temperature 1.0 °C or lower")));
+    form->MeasureUnits(1, true);
+    ASSERT_TRUE(isAdvised(QString::fromUtf8("Use: Evaporating temperature 33.8 °F or lower")));
+    const int warnings = messages()->count();
+    activate();
+    messages()->setFocus();
+    QTest::keyClick(messages(), Qt::Key_Tab);
+    EXPECT_TRUE(links().front()->hasFocus()) << "the tab key leads to it";
+    QTest::keyClick(links().front(), Qt::Key_Space);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return field(*form, "txtTED")->number() == 33.8; }));
+    EXPECT_EQ(list()->selectedRow(), 3);
+    EXPECT_EQ(tabs()->currentKey(), "messages");
+    EXPECT_EQ(form->focusWidget(), messages());
+    EXPECT_LT(messages()->count(), warnings);
+    EXPECT_TRUE(links().isEmpty());
+
+    list()->selectRow(2);  // whose limits end at -20 degrees Celsius, far from the point
+    EXPECT_TRUE(isAdvised(QString::fromUtf8("Use: Evaporating temperature -4.0 °F or lower")));
 }
 
 // A power input of 0.04 kW shows as 0.0: COP divides by it, and EER has no COP.

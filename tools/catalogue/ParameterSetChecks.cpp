@@ -65,7 +65,7 @@ std::string faultOfColumns(const std::string& list) {
             return "the column \"" + trimmed(parts[0]) +
                    "\" is no variable of the calculation; docs/variables.md lists them";
         const std::string when = trimmed(parts[4]);
-        if (when.size() != 1 || when[0] < '0' || when[0] > '4')
+        if (when.size() != 1 || when[0] < '0' || when[0] > '5')
             return "the column \"" + trimmed(parts[0]) + "\" is shown when \"" + when +
                    "\"; 0 always, 1 with economizer, 2 without, 3 imperial, 4 imperial with economizer";
         if (!keys.insert(lowered(trimmed(parts[0]))).second)

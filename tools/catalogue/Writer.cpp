@@ -129,7 +129,8 @@ void checkHasNoJournal(const fs::path& file) {
 
 void sealCatalogue(const fs::path& file) {
     const std::string blank(digestLength, '0');
-    SQLite::Database(file.string(), SQLite::OPEN_READWRITE)
+    constexpr int patience = 5000;  // ms, while a program reads it
+    SQLite::Database(file.string(), SQLite::OPEN_READWRITE, patience)
         .exec(std::string("PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; DROP TABLE IF EXISTS ") +
               digestTable + "; CREATE TABLE " + digestTable +
               " (fDigest TEXT NOT NULL) STRICT; INSERT INTO " + digestTable + " VALUES ('" + blank + "')");

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <utility>
 
 #include "data/Texts.h"
@@ -72,16 +73,46 @@ Json ofVariables(const clsVariables& variables) {
     return list;
 }
 
-Json ofMessages(const clsMessages& messages) {
+const char* directionOf(const Advice& advice) {
+    if (isChoice(advice.input)) return "choice";
+    if (!advice.isLasting) return "exactly";
+    return advice.change < 0 ? "lower" : "higher";
+}
+
+Json keysOf(const std::vector<MessageId>& messages) {
+    Json keys = Json::array();
+    for (const MessageId& message : messages) keys.push_back(message.key);
+    return keys;
+}
+
+Json ofAdvice(const std::vector<Advice>& advice) {
     Json list = Json::array();
-    for (const clsMessage& message : messages) {
-        list.push_back({{"name", message.Name}, {"description", message.Description()}});
-        if (!message.Cause.empty()) list.back()["cause"] = message.Cause;
+    for (const Advice& each : advice) {
+        list.push_back({{"input", nameOf(each.input)},
+                        {"value", each.value},
+                        {"change", isChoice(each.input) ? Json() : Json(each.change)},
+                        {"direction", directionOf(each)},
+                        {"ends", keysOf(each.ends)},
+                        {"brings", keysOf(each.brings)}});
     }
     return list;
 }
 
-Json ofCompressor(const clsCompressor& c) {
+Json ofMessages(Severity severity, const clsMessages& messages, const std::vector<MessageAdvice>* advice) {
+    Json list = Json::array();
+    for (const clsMessage& message : messages) {
+        list.push_back({{"name", message.Name}, {"description", message.Description()}});
+        if (!message.Cause.empty()) list.back()["cause"] = message.Cause;
+        if (!advice) continue;
+        const auto about =
+            std::ranges::find(*advice, MessageId{severity, message.Name}, &MessageAdvice::message);
+        if (about != advice->end()) list.back()["advice"] = ofAdvice(about->advice);
+    }
+    return list;
+}
+
+/// `advice` is null if none was asked for.
+Json ofCompressor(const clsCompressor& c, const std::vector<MessageAdvice>* advice) {
     return {{"key", c.Key()},
             {"refrigerant", c.Refrigerant},
             {"serie", c.Serie},
@@ -104,9 +135,9 @@ Json ofCompressor(const clsCompressor& c) {
             {"limits", ofLimits(c.limits)},
             {"variables", ofVariables(c.Variables)},
             {"messages",
-             {{"error", ofMessages(c.Messages.Error)},
-              {"attention", ofMessages(c.Messages.Attention)},
-              {"information", ofMessages(c.Messages.Information)}}}};
+             {{"error", ofMessages(Severity::error, c.Messages.Error, advice)},
+              {"attention", ofMessages(Severity::attention, c.Messages.Attention, advice)},
+              {"information", ofMessages(Severity::information, c.Messages.Information, advice)}}}};
 }
 
 Json ofRun(const Run& run, LineNumber line) {
@@ -116,7 +147,9 @@ Json ofRun(const Run& run, LineNumber line) {
     object["aborted"] = run.selection->isAborted();
     object["count"] = run.selection->Count();
     Json& compressors = object["compressors"] = Json::array();
-    for (const auto& compressor : *run.selection) compressors.push_back(ofCompressor(*compressor));
+    auto advice = run.advice.begin();
+    for (const auto& compressor : *run.selection)
+        compressors.push_back(ofCompressor(*compressor, advice == run.advice.end() ? nullptr : &*advice++));
     return object;
 }
 

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
+#include <utility>
 
 #include "data/Csv.h"
 #include "data/Numbers.h"
 #include "data/Texts.h"
 #include "platform/UserLocale.h"
+#include "results/AdviceTexts.h"
 #include "results/ExportRecords.h"
 #include "results/Messages.h"
 #include "results/ResultTable.h"
@@ -44,13 +47,17 @@ bool isListed(const clsCompressor& compressor, Verdict verdict, const Column& co
     return verdict != Verdict::notPossible && compressor.Variables.isSet(column.variable);
 }
 
-/// The messages, each with the first of its causes.
+/// A message with the first of its causes.
+std::vector<std::string> linesOf(const ShownMessage& message) {
+    std::vector<std::string> lines{message.text};
+    if (!message.causes.empty()) lines.push_back("Cause: " + message.causes.front());
+    return lines;
+}
+
 std::vector<std::string> texts(const clsCompressor& compressor) {
     std::vector<std::string> result;
-    for (const ShownMessage& message : messagesOf(compressor)) {
-        result.push_back(message.text);
-        if (!message.causes.empty()) result.push_back("Cause: " + message.causes.front());
-    }
+    for (const ShownMessage& message : messagesOf(compressor))
+        for (std::string& line : linesOf(message)) result.push_back(std::move(line));
     return result;
 }
 
@@ -84,6 +91,31 @@ std::string pointOf(const Request& request) {
            storedText(c.TCondensationDew) + " C";
 }
 
+/// Three for a message at most, as the window shows them.
+void addAdvice(std::string& text, const std::vector<MessageAdvice>& all, const MessageAdvice& about,
+               const clsProjectConditions& conditions) {
+    const std::string indent(8, ' ');
+    if (about.advice.empty()) text += indent + noAdviceText() + '\n';
+    for (const Advice& each : about.advice | std::views::take(mostShownAdvice)) {
+        const ShownAdvice shown =
+            shownAdvice(all, about.message, each, conditions, UnitSystem::metric, NumberMarks());
+        text += indent + shown.text;
+        if (!shown.step.empty()) text += " (" + shown.step + ')';
+        if (!shown.effect.empty()) text += "; " + shown.effect;
+        text += '\n';
+    }
+}
+
+void addWithAdvice(std::string& text, const clsCompressor& compressor,
+                   const std::vector<MessageAdvice>& advice, const clsProjectConditions& conditions) {
+    for (const ShownMessage& message : messagesOf(compressor)) {
+        for (const std::string& line : linesOf(message)) text += "    " + line + '\n';
+        const auto about =
+            std::ranges::find(advice, MessageId{message.severity, message.key}, &MessageAdvice::message);
+        if (about != advice.end()) addAdvice(text, advice, *about, conditions);
+    }
+}
+
 Frame noFrame(bool, bool) { return {}; }
 
 void addTable(std::string& text, const Run& run, LineNumber) {
@@ -95,9 +127,13 @@ void addTable(std::string& text, const Run& run, LineNumber) {
     const auto widths = widthsOf(lines, usualWidths());
     auto line = lines.begin();
     text += lineText(*line, widths, words);
+    auto advice = run.advice.begin();
     for (const auto& compressor : *run.selection) {
         text += lineText(*++line, widths, words);
-        for (const std::string& each : texts(*compressor)) text += "    " + each + '\n';
+        if (advice == run.advice.end())
+            for (const std::string& each : texts(*compressor)) text += "    " + each + '\n';
+        else
+            addWithAdvice(text, *compressor, *advice++, run.request.conditions);
     }
 }
 
@@ -145,9 +181,12 @@ void addListCsv(std::string& text, const Run& run, LineNumber) {
 }
 
 constexpr std::array allFormats = {
-    Format{"table", true, 64, noFrame, addTable}, Format{"csv", true, 64, csvFrame, addCsv},
-    Format{"json", true, 8, jsonFrame, addJson},  Format{"jsonl", true, 8, noFrame, addJsonLine},
-    Format{"xml", false, 0, noFrame, addListXml}, Format{"list-csv", false, 0, noFrame, addListCsv},
+    Format{"table", true, true, 64, noFrame, addTable},
+    Format{"csv", true, false, 64, csvFrame, addCsv},
+    Format{"json", true, true, 8, jsonFrame, addJson},
+    Format{"jsonl", true, true, 8, noFrame, addJsonLine},
+    Format{"xml", false, false, 0, noFrame, addListXml},
+    Format{"list-csv", false, false, 0, noFrame, addListCsv},
 };
 
 }  // namespace

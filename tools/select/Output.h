@@ -22,6 +22,7 @@ struct Frame {
 struct Format {
     std::string_view name;
     bool isForBatches;
+    bool hasAdvice;   ///< Has a place for what ends a message.
     int linesAtOnce;  ///< Of a batch, for a thread: few where the text of a line is long.
     Frame (*frame)(bool isBatch, bool hasHeading);
     /// Writes a run at the end of a text.

@@ -25,6 +25,7 @@ struct Request {
     std::string models = "*";
     int market = 0;
     clsProjectConditions conditions;
+    bool hasAdvice = false;  ///< What ends each message is looked for too.
 
     Request();
 };

@@ -6,6 +6,7 @@
 
 #include "catalogue/CatalogueLists.h"
 #include "catalogue/Globals.h"
+#include "catalogue/PreparedCatalogue.h"
 #include "data/CollectedBoxes.h"
 #include "data/DictionaryTexts.h"
 #include "data/Session.h"
@@ -117,6 +118,18 @@ std::string remarkOf(const std::string& box, const std::string& undefinedState) 
            undefinedState;
 }
 
+std::vector<std::vector<MessageAdvice>> adviceOn(const Run& run) {
+    const auto catalogue = preparedCatalogue(gDatabase());
+    Calculator calculator;
+    std::vector<std::vector<MessageAdvice>> advice;
+    for (const auto& compressor : *run.selection) {
+        const PreparedCompressor* const prepared =
+            catalogue->find(compressor->Refrigerant, compressor->Serie, compressor->Model);
+        advice.push_back(adviseOn(calculator, *prepared, run.request.conditions));
+    }
+    return advice;
+}
+
 }  // namespace
 
 void openCatalogue(const std::string& language) {
@@ -134,7 +147,7 @@ Run carryOut(Request request) {
     spellNames(request);
     checkTemperatures(request, saturationRange(request.refrigerant));
     const auto selection = freeSelection();
-    Run run{std::move(request), selection, {}};
+    Run run{std::move(request), selection, {}, {}};
     AbortRequested() = false;
     const auto refprop = SharedRefprop(run.request.refrigerant);
     refprop->clearLastUndefined();
@@ -144,6 +157,7 @@ Run carryOut(Request request) {
                          static_cast<std::uint8_t>(run.request.market));
     for (const CollectedBoxes::Box& box : said.boxes())
         run.remarks.push_back(remarkOf(box.text, refprop->LastUndefined()));
+    if (run.request.hasAdvice) run.advice = adviceOn(run);
     return run;
 }
 

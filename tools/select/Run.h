@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/Advice.h"
 #include "engine/clsSelections.h"
 #include "tools/select/Request.h"
 
@@ -20,7 +21,8 @@ class NothingMatches : public std::runtime_error {
 struct Run {
     Request request;
     std::shared_ptr<const clsSelections> selection;
-    std::vector<std::string> remarks;  ///< What the run had to say in message boxes, each once.
+    std::vector<std::string> remarks;                ///< What the run had to say in message boxes, each once.
+    std::vector<std::vector<MessageAdvice>> advice;  ///< By compressor, if it was asked for.
 };
 
 /// Opens the catalogue of the application folder and reads the texts of a language. Throws DatabaseError, and

@@ -36,6 +36,7 @@ struct Arguments {
     bool listRefrigerants = false;
     bool inverter = false;
     bool isBatch = false;
+    bool advice = false;
     BatchOptions batch{.file = {}, .columns = {}, .language = defaultLanguage};
 };
 
@@ -92,6 +93,9 @@ int select(const Arguments& arguments) {
     if (arguments.isBatch && !format.isForBatches)
         throw BadRequest("format: " + arguments.format +
                          " is the list of one selection; a batch has table, csv, json and jsonl");
+    if (arguments.advice && !format.hasAdvice)
+        throw BadRequest("advice: the format " + arguments.format +
+                         " has no place for it; table, json and jsonl have");
     BatchOptions batch = arguments.batch;
     batch.jobs = jobsOf(arguments.jobs);
     batch.firstLine = wholeNumber("first-line", arguments.firstLine, 1'000'000'000'000'000);
@@ -99,6 +103,7 @@ int select(const Arguments& arguments) {
     openCatalogue(batch.language);
     const Choices choices = catalogueChoices();
     Request base;
+    base.hasAdvice = arguments.advice;
     for (const RequestOption& option : requestOptions()) {
         const auto given = arguments.options.find(std::string(option.name));
         if (given != arguments.options.end()) readOption(base, option, given->second, choices);
@@ -144,6 +149,8 @@ int run(int argc, char** argv) {
     app.add_option("--language", arguments.batch.language, "language of the texts (en-EN)");
     app.add_option("--format", arguments.format,
                    "table, csv, json or jsonl, or the list as the window exports it: xml or list-csv");
+    app.add_flag("--advice", arguments.advice,
+                 "adds to each message which input ends it, at which value (table, json and jsonl)");
     addBatchOptions(app, arguments);
     app.add_option("--app-folder", arguments.folder, "folder with db.mdb, the fluid library and Fluids");
     app.add_flag("--list", arguments.list, "prints refrigerants, series and models");

@@ -3,6 +3,8 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "controls/Marks.h"
+#include "controls/MessagesView.h"
 #include "controls/Metafile.h"
 #include "tests/pictures/scenes/Scenes.h"
 #include "workspace/DimensionPage.h"
@@ -40,8 +42,33 @@ std::unique_ptr<QWidget> pages() {
     return whole;
 }
 
+/// Messages with what to do about them, where there is room for all in a line and where there is not.
+std::unique_ptr<QWidget> advice() {
+    auto whole = std::make_unique<QWidget>();
+    auto* all = new QVBoxLayout(whole.get());
+    for (const QSize& size : {QSize(980, 270), QSize(430, 400)}) {
+        auto* view = new MessagesView(whole.get());
+        view->setFixedSize(size);
+        view->addMessage(mark::error, "error", "The operating point lies outside of the limits.", "01", {},
+                         "0.5 K beyond the limit");
+        view->addMessage(mark::attention, "warning", "This is so whatever is done.", "16");
+        view->addMessage(mark::information, "note", "Nothing is to be done about a note.", "30");
+        view->setAdvice(
+            mark::error, "01",
+            {{"Motor size: Full", "", "Use",
+              "then: A message of less weight that is long enough to need a second line"},
+             {"Condensing temperature 50.8 °C or lower", "-6.2 K", "Use", "the other message stays"},
+             {"Evaporating temperature -0.7 °C or higher", "+17.3 K", "Use", ""}});
+        view->setAdvice(mark::attention, "16", {{"No single input ends this.", "", "", ""}});
+        view->setNote("Each line changes one input and leaves the others as they are; what it says is long.");
+        all->addWidget(view);
+    }
+    return whole;
+}
+
 }  // namespace
 
+Scene adviceScene() { return {"advice", advice}; }
 Scene pageScene() { return {"pages", pages}; }
 
 }  // namespace marvello::scenes

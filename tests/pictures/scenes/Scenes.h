@@ -23,6 +23,7 @@ Scene listScene();
 Scene filterScene();
 Scene graphScene();
 Scene pageScene();
+Scene adviceScene();
 Scene reportScene();
 /// Envelopes on paper, as the report has them, and what the mouse finds of them.
 Scene envelopeScene();

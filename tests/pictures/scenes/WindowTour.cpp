@@ -18,6 +18,7 @@
 #include "controls/MessageBox.h"
 #include "controls/ResultsView.h"
 #include "data/Texts.h"
+#include "workspace/AdviceSearch.h"
 #include "workspace/Frmsplash.h"
 #include "workspace/MDIMain.h"
 #include "workspace/ReportPreview.h"
@@ -85,7 +86,9 @@ void WindowTour::show(const char* name, QWidget& window) const {
 }
 
 void WindowTour::show(const char* name, const QWidget& form, const char* part) const {
-    QApplication::processEvents();
+    const auto* const advice = form.findChild<AdviceSearch*>();
+    do QApplication::processEvents();
+    while (advice->isSearching());
     picture_(QLatin1String(name), window_, *form.findChild<QWidget*>(QLatin1String(part)));
 }
 
