@@ -25,6 +25,7 @@ class ResultsModel : public QAbstractTableModel {
         Kind kind = Kind::number;
         double below = 0;  ///< the tolerance of a deviation at both sides, positive
         double above = 0;
+        int minWidth = 83;  ///< after the first column
     };
     /// What a cell has besides its value.
     struct Aside {

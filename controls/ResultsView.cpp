@@ -25,7 +25,6 @@ namespace {
 
 constexpr int rowHeight = 26;
 constexpr int firstWidth = 120;
-constexpr int otherWidth = 83;
 constexpr int markSize = 14;
 constexpr int groupIndent = 10;
 constexpr int rowIndent = 24;
@@ -178,7 +177,8 @@ void ResultsView::clear() {
 
 void ResultsView::setColumns(const std::vector<Column>& columns) {
     model_.setColumns(columns);
-    for (int i = 0; i < model_.columnCount(); ++i) setWidth(i, i == 0 ? firstWidth : otherWidth);
+    for (int i = 0; i < model_.columnCount(); ++i)
+        setWidth(i, i == 0 ? firstWidth : model_.column(i).minWidth);
 }
 
 void ResultsView::setSortable() {
@@ -219,11 +219,14 @@ void ResultsView::addRow(Row row) { model_.add(std::move(row)); }
 int ResultsView::fittingWidth(int column) const {
     const QFontMetrics metrics(lookFont());
     const QString header = columnTexts().at(column);
-    int width = std::max(column == 0 ? firstWidth : otherWidth, TwoLineHeader::widthOf(header));
+    int width =
+        std::max(column == 0 ? firstWidth : model_.column(column).minWidth, TwoLineHeader::widthOf(header));
     const ResultsModel::Kind kind = model_.column(column).kind;
     if (kind == ResultsModel::Kind::deviation)
         return std::max(width, barWidth + deviationText + sidePadding + 4);
-    const int around = column == 0 ? rowIndent + markSize + markGap + sidePadding : sidePadding + 4;
+    const int around = column == 0                         ? rowIndent + markSize + markGap + sidePadding
+                       : kind == ResultsModel::Kind::words ? 2 * sidePadding
+                                                           : sidePadding + 4;
     WidthBound bound(metrics);
     for (int row = 0; row < model_.rowCount(); ++row) {
         if (column == 0 && isGroup(row)) continue;
@@ -367,6 +370,15 @@ void ResultsView::drawLabelOver(QPainter* painter, const QStyleOptionViewItem& o
     painter->fillRect(QRect(label.rect.topRight(), QSize(1, label.rect.height())),
                       Look::current().controlLine);
     itemDelegate()->paint(painter, label, index.siblingAtColumn(0));
+}
+
+void ResultsView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (rowCount() > 0 || emptyText_.isEmpty()) return;
+    QPainter painter(viewport());
+    painter.setFont(lookFont());
+    painter.setPen(Look::current().muted);
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }
 
 void ResultsView::scrollContentsBy(int dx, int dy) {

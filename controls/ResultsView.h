@@ -30,6 +30,8 @@ class ResultsView : public QTreeView {
     void setColumns(const std::vector<Column>& columns);
     /// What a screen reader says of a group row, with "{0}" for its text.
     void setSpokenGroup(const QString& pattern) { spokenGroup_ = pattern; }
+    /// What is said in the middle of a list without rows.
+    void setEmptyText(const QString& text) { emptyText_ = text; }
     /// Lets a click on a heading, or its keys, ask for another order of the rows.
     void setSortable();
     /// Lets the menu key, or the right mouse button, on the headings ask for the menu of the columns.
@@ -77,6 +79,7 @@ class ResultsView : public QTreeView {
   protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& options,
                  const QModelIndex& index) const override;
+    void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -93,6 +96,7 @@ class ResultsView : public QTreeView {
     ResultsModel model_;
     TwoLineHeader* headings_;
     QString spokenGroup_ = QStringLiteral("{0}");
+    QString emptyText_;
     QHash<QString, int> chosenWidths_;
     bool isArranging_ = false;  // widths are set by the program
 };

@@ -30,6 +30,8 @@ constexpr int crossRoom = 5 + crossSide + 5;
 constexpr int buttonWidth = 26;
 constexpr int captionGap = 8;
 
+const QString allKey = QStringLiteral("*");
+
 QFont tagFont() { return lookFont(12); }
 
 }  // namespace
@@ -186,17 +188,28 @@ void TagBox::paintEvent(QPaintEvent*) {
 
 bool TagBox::isOpen() const { return combo_ && combo_->isVisible(); }
 
+// While all are chosen only the row for all is checked, so that one click more leaves a single one.
+void TagBox::fillList() {
+    const bool isAll = chosen_.size() == choices_.size();
+    combo_->Populate(allKey + u'|' + allText_ + u';' + choices_.join(u';'),
+                     isAll ? allKey : chosen_.join(u';'), false, true);
+    if (details_)
+        combo_->setDetails(
+            [this](const QString& key) { return key == allKey ? RowDetail{} : details_(key); });
+    combo_->SetCaption(caption_);
+    combo_->setApplyText(applyText_);
+}
+
 void TagBox::open() {
     if (!combo_) {
         combo_ = new ctlCombo(this);
-        connect(combo_, &ctlCombo::Choice, this,
-                [this](const QString& keys) { choose(keys.split(u';', Qt::SkipEmptyParts)); });
+        combo_->setNoneAllowed(true);
+        connect(combo_, &ctlCombo::Choice, this, [this](const QString& keys) {
+            choose(keys == allKey ? choices_ : keys.split(u';', Qt::SkipEmptyParts));
+        });
         connect(combo_, &ctlCombo::Closed, this, qOverload<>(&QWidget::update));
     }
-    combo_->Populate(choices_.join(u';'), chosen_.join(u';'), false, true);
-    if (details_) combo_->setDetails(details_);
-    combo_->SetCaption(caption_);
-    combo_->setApplyText(applyText_);
+    fillList();
     const QRect place = box();
     combo_->openUnder({mapToGlobal(place.topLeft()), place.size()});
     update();

@@ -29,6 +29,8 @@ class TagBox : public QWidget {
     QString caption() const { return caption_; }
     /// What the row of the list says that takes what is checked.
     void setApplyText(const QString& text) { applyText_ = text; }
+    /// The text of the row of the list that stands for all choices.
+    void setAllText(const QString& text) { allText_ = text; }
     /// What is said of the box without a tag.
     void setEmptyText(const QString& text);
     using Details = std::function<RowDetail(const QString& key)>;
@@ -75,10 +77,12 @@ class TagBox : public QWidget {
     RowDetail detailOf(const QString& key) const;
     void takeOff(qsizetype tag);
     void choose(const QStringList& keys);
+    void fillList();
 
     QString caption_;
     int captionWidth_ = 0;
     QString applyText_;
+    QString allText_;
     QString emptyText_;
     QStringList choices_;
     Details details_;

@@ -184,7 +184,7 @@ void ctlCombo::chooseChecked() {
         keys += keyOf(*item);
         texts += item->text();
     }
-    if (keys.isEmpty())
+    if (keys.isEmpty() && !noneAllowed_)
         emit Choice(QStringLiteral("*"), QStringLiteral("All"));
     else
         emit Choice(keys.join(u';'), texts.join(u';'));

@@ -39,6 +39,8 @@ class ctlCombo : public QFrame {
     /// The preferred height for the number of rows.
     int preferredHeight() const;
 
+    /// Lets nothing be chosen where no row is checked; otherwise that chooses all.
+    void setNoneAllowed(bool isAllowed) { noneAllowed_ = isAllowed; }
     /// The text of the row that takes what is checked.
     void setApplyText(const QString& text);
     /// Goes to the row that is meant by what was typed.
@@ -71,6 +73,7 @@ class ctlCombo : public QFrame {
     QWidget* picresize_;
     bool inert_ = false;
     bool checkBoxes_ = false;
+    bool noneAllowed_ = false;
 };
 
 }  // namespace marvello

@@ -7,6 +7,7 @@
 #include <limits>
 #include <map>
 #include <tuple>
+#include <utility>
 
 #include "data/DictionaryTexts.h"
 #include "data/Texts.h"
@@ -214,6 +215,20 @@ std::string foundLabel(const Candidate& candidate) {
         candidate.conditions.StepCapacity != capacitySteps.front() && !isOnInverter(candidate);
     return std::to_string(candidate.machines) + times + modelOf(*candidate.compressor) +
            (isPart ? dot + step + " %" : std::string());
+}
+
+std::vector<std::string> putBackInputs(const Candidate& candidate) {
+    constexpr std::array<std::pair<Selector, const char*>, 6> captions{
+        {{Selector::economizer, "frmselection.cmbeco.captiontext"},
+         {Selector::stepCapacity, "frmselection.cmbstepcapacity.captiontext"},
+         {Selector::oilCooling, "frmselection.cmboilcooling.captiontext"},
+         {Selector::motorVoltage, "frmselection.cmbmotorvoltage.captiontext"},
+         {Selector::motorSize, "frmselection.cmbmotorsize.captiontext"},
+         {Selector::motorRpm, "frmselection.cmbmotorrpm.captiontext"}}};
+    std::vector<std::string> inputs;
+    for (const auto& [selector, caption] : captions)
+        if (allows(candidate.putBack, selector)) inputs.push_back(dictionaryText(caption));
+    return inputs;
 }
 
 std::string foundKey(const Candidate& candidate) {

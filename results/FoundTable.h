@@ -81,6 +81,8 @@ int countOf(const FindResult& result, FoundFilter filter);
 FoundRow foundRow(const FindResult& result, const Candidate& candidate, const FoundStyle& style);
 /// Returns "2 × TK-E-130", with a capacity step below 100 % behind it.
 std::string foundLabel(const Candidate& candidate);
+/// Returns the inputs that the series of a solution does not permit, with which it was not calculated.
+std::vector<std::string> putBackInputs(const Candidate& candidate);
 /// Tells a solution from the others of all searches.
 std::string foundKey(const Candidate& candidate);
 

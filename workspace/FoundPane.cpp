@@ -31,6 +31,7 @@ namespace marvello {
 namespace {
 
 constexpr int rejectedLineHeight = 32;
+constexpr int minColumnWidth = 70;
 constexpr int markSize = 14;
 
 /// Covers what must not be read as valid.
@@ -75,6 +76,7 @@ FoundPane::FoundPane(const SelectionInputs& inputs, QWidget* parent)
     makeRejectedLine();
     addToPopUp("find.open", Needs::nothing, [this] { emit opened(); });
     veil_->hide();
+    SetMinSize1(minListHeight + around());
     connect(lvCps_, &ResultsView::headingClicked, this, &FoundPane::sortBy);
     connect(lvCps_, &ResultsView::columnMenuRequested, this, &FoundPane::openColumnMenu);
     connect(lvCps_, &QAbstractItemView::activated, this, &FoundPane::opened);
@@ -119,13 +121,18 @@ void FoundPane::makeRejectedLine() {
     row->addWidget(rejectedText_);
     row->addWidget(rejectedLink_);
     row->addStretch(1);
+    putBackText_ = new QLabel(rejectedLine_);
+    putBackText_->setStyleSheet(QStringLiteral("color: %1").arg(Look::current().muted.name()));
+    row->addWidget(putBackText_);
     listColumn_->addWidget(rejectedLine_);
+    connect(this, &ListPane::selectionChanged, this, &FoundPane::refreshPutBack);
     connect(rejectedLink_, &Link::clicked, this, &FoundPane::showRejected);
 }
 
 void FoundPane::translate() {
     all_->setText(dictionaryText(QStringLiteral("find.filter.all")));
     for (const Chip& chip : chips_) chip.button->setText(dictionaryText(QLatin1String(chip.textKey)));
+    lvCps_->setEmptyText(dictionaryText(QStringLiteral("find.filtered")));
     ListPane::translate();
     refreshChips();
     refreshRejected();
@@ -154,6 +161,8 @@ void FoundPane::placeVeil() {
     if (isOutdated_) veil_->raise();
 }
 
+int FoundPane::around() const { return WrapBar::lineHeight + rejectedLineHeight; }
+
 void FoundPane::resizeEvent(QResizeEvent* event) {
     ListPane::resizeEvent(event);
     placeVeil();
@@ -175,7 +184,7 @@ std::vector<ResultsView::Column> FoundPane::viewColumns() const {
     for (const ResultColumn& column : columns_)
         if (!isHidden(column.key))
             columns.push_back({fromCore(column.key), fromCore(column.caption()), fromCore(column.description),
-                               kindOf(column.key), request_.below, request_.above});
+                               kindOf(column.key), request_.below, request_.above, minColumnWidth});
     return columns;
 }
 
@@ -246,6 +255,16 @@ void FoundPane::refreshRejected() {
     rejectedLink_->setText(dictionaryText(QStringLiteral("find.rejected.show")));
 }
 
+// A series may not permit an input; its compressors are calculated without it.
+void FoundPane::refreshPutBack() {
+    QStringList inputs;
+    if (const Candidate* const candidate = selected())
+        for (const std::string& input : putBackInputs(*candidate)) inputs += fromCore(input);
+    putBackText_->setText(inputs.isEmpty() ? QString()
+                                           : filled(dictionaryText(QStringLiteral("find.putback")),
+                                                    {inputs.join(QStringLiteral(", "))}));
+}
+
 void FoundPane::showRejected() const {
     if (result_) RejectedCompressors(rejectedGroups(*result_), window()).exec();
 }
@@ -287,6 +306,11 @@ const clsCompressor* FoundPane::selectedCompressor() const {
     if (!candidate) return nullptr;
     const CollectedBoxes said;  // the messages of the compressor say it
     return &calculator_.calculate(*candidate->compressor, candidate->conditions);
+}
+
+std::shared_ptr<const clsProjectConditions> FoundPane::conditions() const {
+    const Candidate* const candidate = selected();
+    return candidate ? std::make_shared<clsProjectConditions>(candidate->conditions) : nullptr;
 }
 
 void FoundPane::copy() const {

@@ -27,6 +27,7 @@ class FoundPane : public ListPane {
 
     void translate() override;
     void relist() override;
+    int around() const override;
     /// Lists the solutions for a request, with the one selected that was selected before, else the first.
     void showResult(const std::shared_ptr<const FindResult>& result, const FindRequest& request);
     /// Dims the list while it does not belong to the inputs.
@@ -59,6 +60,7 @@ class FoundPane : public ListPane {
   protected:
     bool hasRows() const override { return result_ != nullptr; }
     const clsCompressor* selectedCompressor() const override;
+    std::shared_ptr<const clsProjectConditions> conditions() const override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
@@ -80,6 +82,7 @@ class FoundPane : public ListPane {
     QStringList cellsOf(const Candidate& candidate) const;
     void refreshChips();
     void refreshRejected();
+    void refreshPutBack();
     void sortBy(const QString& column);
     void openColumnMenu(const QPoint& place);
 
@@ -98,6 +101,7 @@ class FoundPane : public ListPane {
     FilterChip* all_;
     QWidget* rejectedLine_;
     QLabel* rejectedText_;
+    QLabel* putBackText_;  ///< of the selected solution
     Link* rejectedLink_;
     QWidget* veil_;
 };

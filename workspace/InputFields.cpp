@@ -204,6 +204,7 @@ void InputFields::translate() {
     inputs_.translate();
     if (TagBox* box = panel_.refrigerants()) {
         box->setCaption(dictionaryText(QStringLiteral("find.refrigerants")), InputPanel::usualCaptionWidth);
+        box->setAllText(dictionaryText(QStringLiteral("frmselection.models.all")));
         box->setEmptyText(dictionaryText(QStringLiteral("find.refrigerants.none")));
         box->setApplyText(dictionaryText(QStringLiteral("frmselection.apply")));
     }

@@ -208,11 +208,13 @@ void InputForm::takeOverInputs(const InputState& inputs) {
     emit stateChanged();
 }
 
-InputForm::Sizes InputForm::sizes() const { return {fold_->panelWidth(), results().SplitterPos()}; }
+InputForm::Sizes InputForm::sizes() const {
+    return {fold_->panelWidth(), results().SplitterPos() - results().around()};
+}
 
 void InputForm::setSizes(const Sizes& sizes) {
     fold_->setPanelWidth(sizes.panelWidth);
-    results().SetSplitterPos(sizes.listHeight);
+    results().SetSplitterPos(sizes.listHeight + results().around());
 }
 
 void InputForm::resizeEvent(QResizeEvent*) { fold_->layOut(); }

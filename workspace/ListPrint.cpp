@@ -7,25 +7,32 @@
 #include <QTextDocument>
 
 #include "controls/Look.h"
+#include "controls/TwoLineHeader.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
 
 namespace {
 
-constexpr double margin = 15;  // mm
-
-QString cell(const char* tag, const QString& text, bool isWords) {
+QString cell(const char* tag, const QString& html, bool isWords) {
     return QStringLiteral("<%1 align=\"%2\">%3</%1>")
-        .arg(QLatin1String(tag), isWords ? QStringLiteral("left") : QStringLiteral("right"),
-             text.toHtmlEscaped());
+        .arg(QLatin1String(tag), isWords ? QStringLiteral("left") : QStringLiteral("right"), html);
+}
+
+/// The name of a column above its unit.
+QString heading(const QString& column) {
+    const auto [name, unit] = TwoLineHeader::lines(column);
+    return name.toHtmlEscaped() + QStringLiteral("<br><span style=\"font-weight:400\">") +
+           unit.toHtmlEscaped() + QStringLiteral("</span>");
 }
 
 QString htmlOf(const PrintedList& list) {
     const auto line = [&list](const char* tag, const QStringList& texts) {
         QString cells;
+        const bool isHead = &texts == &list.columns;
         for (int column = 0; column < texts.size(); ++column)
-            cells += cell(tag, texts[column], list.wordColumns.contains(column));
+            cells += cell(tag, isHead ? heading(texts[column]) : texts[column].toHtmlEscaped(),
+                          list.wordColumns.contains(column));
         return QStringLiteral("<tr>") + cells + QStringLiteral("</tr>");
     };
     QString html = QStringLiteral("<h2>") + list.title.toHtmlEscaped() + QStringLiteral("</h2><p>") +
@@ -40,10 +47,8 @@ QString htmlOf(const PrintedList& list) {
 
 void printList(const PrintedList& list, bool preview, QWidget* window) {
     QPrinter printer(QPrinter::HighResolution);
-    printer.setPageLayout({QPageSize(QPageSize::A4),
-                           QPageLayout::Landscape,
-                           {margin, margin, margin, margin},
-                           QPageLayout::Millimeter});
+    // The document has margins of its own.
+    printer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()});
     printer.setDocName(list.title);
     const auto paint = [&list](QPrinter* to) {
         QTextDocument document;

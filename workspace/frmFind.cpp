@@ -1,5 +1,7 @@
 #include "workspace/frmFind.h"
 
+#include <QKeyEvent>
+
 #include "controls/AdvanceText.h"
 #include "controls/NumberText.h"
 #include "controls/Splitter.h"
@@ -122,6 +124,13 @@ void frmFind::abort() {
     run_.abort();
     hideProgress();
     show(Shown::aborted);
+}
+
+void frmFind::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && run_.isRunning())
+        abort();
+    else
+        InputForm::keyPressEvent(event);
 }
 
 void frmFind::show(Shown what) {

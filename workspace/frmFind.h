@@ -43,6 +43,7 @@ class frmFind : public InputForm {
   protected:
     void calculate() override;
     void edited(const QString& caption) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     /// What is next to the inputs.

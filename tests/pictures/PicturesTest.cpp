@@ -214,23 +214,26 @@ bool isOwn(const QString& step) {
                         "report-inverter",
                         "start-menu-inverter",
                         "report-economizer",
-                        "report-imperial"}
+                        "report-imperial",
+                        "find-outdated",
+                        "find-page-limits"}
                 .contains(step) &&
            (!step.endsWith(u"-preview") || step == u"report-warnings-preview");
 }
 
 INSTANTIATE_TEST_SUITE_P(
     All, WindowPictures,
-    ::testing::Values(Tour{"window", Look::light, "en-EN", 1, isOwn},
-                      Tour{"window-dark", Look::dark, "en-EN", 1,
-                           [](const QString& step) {
-                               return QStringList{"start-menu-inverter", "about", "page-messages"}.contains(
-                                   step);
-                           }},
-                      Tour{"window-200", Look::light, "de-DE", 2,
-                           [](const QString& step) {
-                               return QStringList{"drop-list", "page-menu", "box", "progress"}.contains(step);
-                           }}),
+    ::testing::Values(
+        Tour{"window", Look::light, "en-EN", 1, isOwn},
+        Tour{"window-dark", Look::dark, "en-EN", 1,
+             [](const QString& step) {
+                 return QStringList{"start-menu-inverter", "about", "page-messages", "find"}.contains(step);
+             }},
+        Tour{"window-200", Look::light, "de-DE", 2,
+             [](const QString& step) {
+                 return QStringList{"drop-list", "page-menu", "box", "progress", "find-inputs"}.contains(
+                     step);
+             }}),
     [](const auto& tour) { return QString(tour.param.name).remove(u'-').toStdString(); });
 
 }  // namespace

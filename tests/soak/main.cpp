@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDialogButtonBox>
+#include <QEventLoop>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
@@ -30,6 +31,7 @@
 #include "app/Application.h"
 #include "app/InstallHooks.h"
 #include "controls/AdvanceText.h"
+#include "controls/FilterChip.h"
 #include "controls/Link.h"
 #include "controls/ResultsView.h"
 #include "controls/TabStrip.h"
@@ -42,6 +44,7 @@
 #include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
+#include "workspace/frmFind.h"
 
 namespace marvello {
 
@@ -94,7 +97,8 @@ class Soak {
         bool isRun;  ///< starts a calculation
         void (Soak::*act)();
     };
-    static const Action actions[21];
+    static constexpr int most = 6;  ///< forms
+    static const Action actions[22];
 
     int random(qsizetype below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
     template <class List>
@@ -103,6 +107,12 @@ class Soak {
     }
     static void say(const QString& text) { std::cout << ' ' << text.toStdString() << std::flush; }
     InputForm* form() const { return real_.window->ActiveForm(); }
+    frmFind* search() const { return qobject_cast<frmFind*>(form()); }
+    /// Lets a search end, which goes on in a thread of its own.
+    void settle() const {
+        while (search() && search()->isSearching())
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
     static ResultsView& listOf(const InputForm& form) { return *form.findChild<ResultsView*>("lvCps"); }
     void trigger(const char* command) {
         say(command);
@@ -129,6 +139,10 @@ class Soak {
                QString("There are %1 forms and not %2.").arg(forms.size()).arg(forms_));
         for (const InputForm* each : forms) {
             const bool isShown = each->hasResults();
+            if (const auto* search = qobject_cast<const frmFind*>(each)) {
+                demand(!isShown || !search->isSearching(), "Solutions of other inputs look valid.");
+                continue;
+            }
             demand(isShown == (listOf(*each).rowCount() > 0),
                    "An empty list is shown, or one is kept where none is shown.");
             demand(isShown != each->findChild<QWidget*>("frame2")->isVisibleTo(each),
@@ -136,7 +150,7 @@ class Soak {
             demand(each->results().canCopy() || !each->results().canPrint(),
                    "What can be printed cannot be copied.");
         }
-        if (!form() || !form()->hasResults()) return;
+        if (!form() || !form()->hasResults() || search()) return;
         const auto rows = QString::number(compressorsOf(listOf(*form())).size());
         demand(real_.window->findChild<QLabel*>("statusCounts")->text().contains(rows),
                "The status line miscounts.");
@@ -211,12 +225,15 @@ class Soak {
 
     // A list that is shown belongs to the inputs next to it: calculated once more, it is the same.
     void calculate() {
+        settle();
         const bool wasShown = form()->hasResults();
         const QStringList before = compressorsOf(listOf(*form()));
         QTest::keyClick(form(), Qt::Key_F5);
+        settle();
         if (!form()->hasResults() && random(3) != 0) {  // inputs that nothing comes of
             form()->findChild<Link*>("lnkDefaults")->click();
             QTest::keyClick(form(), Qt::Key_F5);
+            settle();
         }
         const QStringList after = compressorsOf(listOf(*form()));
         say(QString::number(after.size()));
@@ -265,13 +282,13 @@ class Soak {
         const QString name =
             folder_.filePath(QString("export %1.").arg(random(500))) + (random(2) == 0 ? "csv" : "xml");
         file_ = name;
-        trigger(random(2) == 0 ? "mnu_tools_export_cps" : "mnu_tools_export_polynomials");
+        trigger(search() || random(2) == 0 ? "mnu_tools_export_cps" : "mnu_tools_export_polynomials");
         demandWhole(name);
     }
 
     void saveReportFile() {
         const auto* selection = qobject_cast<SelectionForm*>(form());
-        if (!form()->results().canPrint()) return;
+        if (!selection || !selection->results().canPrint()) return;
         const QString file = folder_.filePath("report.pdf");
         demand(saveReport(file, reportLayout(), *selection->results().report()).isEmpty(),
                "The report cannot be saved.");
@@ -308,17 +325,25 @@ class Soak {
     }
 
     void openForm() {
-        constexpr int most = 6;
         if (forms_ == most) return changeForm();
         ++forms_;
-        random(3) == 0 ? real_.window->newInverterSelection() : real_.window->newSelection();
+        switch (random(4)) {
+            case 0:
+                real_.window->newInverterSelection();
+                break;
+            case 1:
+                real_.window->newFind();
+                break;
+            default:
+                real_.window->newSelection();
+        }
     }
 
     void closeForm() {
         const bool isAll = random(8) == 0;
         for (const InputForm* each : real_.window->forms())
-            forms_ -=
-                isAll ? each->TypeForm() == 0 : each == form();  // closing all leaves the forms of inverters
+            forms_ -= isAll ? !each->kind().hasInverter
+                            : each == form();  // closing all leaves the forms of inverters
         trigger(isAll ? "mnu_file_closeall" : "mnu_file_close");
     }
 
@@ -334,10 +359,24 @@ class Soak {
                                         Qt::Key_End, Qt::Key_A,    Qt::Key_Left,     Qt::Key_Menu};
         if (!form()->hasResults()) return;
         ResultsView& list = listOf(*form());
+        if (list.rowCount() == 0) return;  // all filtered
         if (random(3) == 0) list.selectRow(random(list.rowCount()));
         QTest::keyClick(&list, oneOf(keys), random(4) == 0 ? Qt::ShiftModifier : Qt::ControlModifier);
         if (random(4) == 0) emit list.customContextMenuRequested(QPoint(20, 40));
         if (random(4) == 0) trigger(random(2) == 0 ? "frecciaup" : "frecciadown");
+    }
+
+    // Filters, another order, and a solution that is opened; some while the search goes on.
+    void workSolutions() {
+        if (!search()) return;
+        if (random(2) == 0) settle();
+        oneOf(form()->findChildren<FilterChip*>())->click();
+        ResultsView& list = listOf(*form());
+        if (!list.columnKeys().isEmpty()) emit list.headingClicked(oneOf(list.columnKeys()));
+        if (random(3) != 0 || forms_ >= most || !form()->hasResults() || list.rowCount() == 0) return;
+        list.selectRow(random(list.rowCount()));
+        QTest::keyClick(&list, Qt::Key_Return);
+        ++forms_;
     }
 
     void hoverGraph() {
@@ -369,7 +408,7 @@ class Soak {
     QString file_;  ///< what the next file dialog is answered with; it is cancelled when blank
 };
 
-const Soak::Action Soak::actions[21]{
+const Soak::Action Soak::actions[22]{
     {"open form", 4, false, &Soak::openForm},
     {"type", 24, false, &Soak::type},
     {"choose", 22, false, &Soak::choose},
@@ -389,6 +428,7 @@ const Soak::Action Soak::actions[21]{
     {"change form", 5, false, &Soak::changeForm},
     {"change page", 10, false, &Soak::changePage},
     {"select rows", 10, false, &Soak::selectRows},
+    {"work solutions", 10, true, &Soak::workSolutions},
     {"hover graph", 5, false, &Soak::hoverGraph},
     {"wheel, defaults", 8, false, &Soak::wheelAndDefaults},
 };

@@ -4,15 +4,18 @@
 #include <QTimer>
 #include <functional>
 
+#include "controls/TagBox.h"
 #include "controls/ctlBtn.h"
 #include "data/Hooks.h"
 #include "tests/workspace/WorkspaceFixture.h"
 #include "workspace/MDIMain.h"
+#include "workspace/RejectedCompressors.h"
 #include "workspace/ReportPreview.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/formBuilds.h"
 #include "workspace/formGuide.h"
 #include "workspace/frmAbout.h"
+#include "workspace/frmFind.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmRefrigerant.h"
 #include "workspace/frmpG.h"
@@ -144,6 +147,26 @@ TEST_F(AccessibilityTest, TheListReadsItsGroupsMarksAndFigures) {
     EXPECT_TRUE(messages[0].startsWith("error: The operating point")) << messages[0].toStdString();
 }
 
+TEST_F(AccessibilityTest, EveryControlOfASearchHasANameInEveryState) {
+    frmFind* form = window.newFind();
+    const auto search = [form](const char* capacity) {
+        type(*form, "txtCapacity", QLatin1String(capacity));
+        return QTest::qWaitFor([form] { return !form->isSearching(); });
+    };
+    ASSERT_TRUE(search("90000"));
+    ASSERT_FALSE(form->hasResults());
+    expectNames(window, "without a solution");
+    ASSERT_TRUE(search("150"));
+    ASSERT_TRUE(form->hasResults());
+    expectNames(window, "with solutions");
+    QAccessibleInterface* tags = QAccessible::queryAccessibleInterface(form->findChild<TagBox*>());
+    EXPECT_EQ(tags->role(), QAccessible::ComboBox);
+    EXPECT_EQ(tags->text(QAccessible::Value), "R134A, R290");
+    RejectedCompressors rejected(rejectedGroups(*form->results().result()), &window);
+    rejected.show();
+    expectNames(rejected, "not possible");
+}
+
 TEST_F(AccessibilityTest, EveryControlOfTheOtherWindowsHasAName) {
     frmMenu menu(&window);
     frmAbout about("1.0.0", &window);
@@ -169,7 +192,7 @@ TEST_F(AccessibilityTest, EveryControlOfTheOtherWindowsHasAName) {
     walk(QAccessible::queryAccessibleInterface(&menu), [&](QAccessibleInterface* node) {
         if (node->role() == QAccessible::Button) choices += name(node);
     });
-    EXPECT_EQ(choices.size(), 2) << "the choices are painted, and named all the same";
+    EXPECT_EQ(choices.size(), 3) << "the choices are painted, and named all the same";
 
     progress.setPercent(62);
     QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(control<QWidget>(progress, "pg"));

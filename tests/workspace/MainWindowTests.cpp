@@ -152,11 +152,9 @@ TEST_F(MainWindowTest, TheStartMenuOpensTheFormChosen) {
     answer([](frmMenu& menu) { QTest::mouseClick(&menu, Qt::LeftButton, {}, QPoint(5, 5)); });
     EXPECT_EQ(tabs()->count(), 0);
     answer([](frmMenu& menu) {
-        QTest::keyClick(&menu, Qt::Key_Right);
-        QTest::keyClick(&menu, Qt::Key_Right);
-        QTest::keyClick(&menu, Qt::Key_Left);
-        QTest::keyClick(&menu, Qt::Key_Tab);
-        QTest::keyClick(&menu, Qt::Key_Space);
+        for (const auto key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_Tab,
+                               Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Space})
+            QTest::keyClick(&menu, key);
     });
     ASSERT_EQ(tabs()->count(), 1);
     EXPECT_EQ(tabs()->tabText(0), "1 inverter");
@@ -168,6 +166,11 @@ TEST_F(MainWindowTest, TheStartMenuOpensTheFormChosen) {
     });
     EXPECT_EQ(tabs()->tabText(1), "2 Selection");
     EXPECT_EQ(window->ActiveForm()->TypeForm(), 0);
+    answer([](frmMenu& menu) {
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.placeOf(frmMenu::find).center().toPoint());
+    });
+    EXPECT_EQ(tabs()->tabText(2), "3 Find");
+    EXPECT_EQ(window->ActiveForm()->TypeForm(), 2);
     // Kept: all but the inverter's form.
     action("mnu_file_closeall")->trigger();
     settle();

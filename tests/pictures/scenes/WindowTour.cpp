@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDate>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
@@ -24,6 +25,7 @@
 #include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
+#include "workspace/frmFind.h"
 #include "workspace/frmRefrigerant.h"
 
 namespace marvello::scenes {
@@ -42,7 +44,7 @@ void press(QWidget& widget, int key, const QString& text = {}) {
 }
 
 /// Types over the text of a field.
-void typeOver(const SelectionForm& form, const char* name, const QString& text) {
+void typeOver(const QWidget& form, const char* name, const QString& text) {
     auto* edit = form.findChild<AdvanceText*>(QLatin1String(name))->findChild<QLineEdit*>();
     edit->setFocus();
     edit->selectAll();
@@ -73,6 +75,7 @@ void WindowTour::run() {
     showWarnings();
     showOtherInputs();
     showForms();
+    showFind();
 }
 
 void WindowTour::show(const char* name) const { show(name, window_); }
@@ -82,10 +85,10 @@ void WindowTour::show(const char* name, QWidget& window) const {
     picture_(QLatin1String(name), window, window);
 }
 
-void WindowTour::show(const char* name, const SelectionForm& form, const char* part) const {
+void WindowTour::show(const char* name, const QWidget& form, const char* part) const {
     const auto* const advice = form.findChild<AdviceSearch*>();
     do QApplication::processEvents();
-    while (advice->isSearching());
+    while (advice && advice->isSearching());
     picture_(QLatin1String(name), window_, *form.findChild<QWidget*>(QLatin1String(part)));
 }
 
@@ -235,6 +238,31 @@ void WindowTour::showForms() const {
     });
     MessageBox::show(&window_, MessageBox::Mark::critical,
                      QStringLiteral("SuperHeat value out of range. The default value has been set instead."));
+}
+
+void WindowTour::showFind() const {
+    for (InputForm* open : window_.forms()) open->parentWidget()->close();
+    frmFind* form = window_.newFind();
+    form->MeasureUnits(0, true);
+    const auto search = [form] {
+        while (form->isSearching()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QApplication::processEvents();
+    };
+    search();
+    show("find");
+    show("find-inputs", *form, inputs);
+    form->results().selectPage(QStringLiteral("limits"));
+    show("find-page-limits", *form, pages);
+    form->MeasureUnits(1, true);
+    show("find-imperial", *form, list);
+    form->MeasureUnits(0, true);
+    typeOver(*form, "txtCapacity", QStringLiteral("90000"));
+    show("find-outdated", *form, results);
+    search();
+    show("find-nothing", *form, empty);
+    typeOver(*form, "txtCapacity", QStringLiteral("-5"));
+    search();
+    show("find-unusable");
 }
 
 /// Calculates; what the program has to say is printed, since no one is there to read a box.

@@ -29,7 +29,7 @@ class WindowTour {
   private:
     void show(const char* name) const;
     void show(const char* name, QWidget& window) const;
-    void show(const char* name, const SelectionForm& form, const char* part) const;
+    void show(const char* name, const QWidget& form, const char* part) const;
     void showDialog(const char* command, const char* name, int tab = 0) const;
     void showReport(SelectionForm& form, const char* name) const;
 
@@ -39,6 +39,7 @@ class WindowTour {
     void showWarnings() const;
     void showOtherInputs() const;
     void showForms() const;
+    void showFind() const;
 
     void calculate(SelectionForm& form) const;
     void selectWarning() const;
