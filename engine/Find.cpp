@@ -14,6 +14,7 @@
 #include "engine/FrequencySearch.h"
 #include "engine/PermittedConditions.h"
 #include "engine/SelectionRules.h"
+#include "engine/Statements.h"
 #include "engine/Verdict.h"
 #include "thermo/RefpropLibrary.h"
 
@@ -22,8 +23,6 @@ namespace marvello {
 namespace {
 
 constexpr std::string_view outsideEnvelope = "messages.message01";
-/// What a failure of a calculation is called among the errors.
-constexpr std::string_view failure = "Error...";
 
 void check(const FindRequest& request) {
     const auto need = [](bool holds, const char* sentence) {
@@ -100,7 +99,7 @@ Outcome outcomeOf(Calculator& calculator, const PreparedCompressor& compressor,
     } catch (const FluidLibraryError&) {
         throw;
     } catch (const std::exception&) {
-        outcome.error = failure;
+        outcome.error = failureName;
     }
     return outcome;
 }

@@ -69,7 +69,7 @@ struct Rejection {
         rule       ///< Another error.
     };
     Reason reason{};
-    std::string rule{};  ///< The key of the error's message.
+    std::string rule{};  ///< The key of the error's message, or failureName.
     const PreparedCompressor* compressor = nullptr;
     /// Of a compressor that is too small or too large: what comes nearest to the need.
     std::optional<Candidate> nearest{};

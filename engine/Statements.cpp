@@ -21,7 +21,7 @@ void Statements::noteFailure(std::string_view name, std::string_view sentence) {
         cause = sentence;
     else
         cause.append(": ").append(sentence);
-    messages_.Error.add("Error...", "", {0.0}, cause);
+    messages_.Error.add(failureName, "", {0.0}, cause);
 }
 
 std::string Statements::undefinedStates() const {

@@ -11,6 +11,9 @@
 
 namespace marvello {
 
+/// The name of an error that a statement failed with; it is no key of the dictionary.
+inline constexpr std::string_view failureName = "Error...";
+
 /// How a calculation writes its variables, and goes on after a failure: a statement that fails adds one entry
 /// to the errors, writes nothing and is followed by the next one. The entry has no text of its own; its cause
 /// says what failed.

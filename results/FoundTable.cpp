@@ -11,6 +11,7 @@
 
 #include "data/DictionaryTexts.h"
 #include "data/Texts.h"
+#include "engine/Statements.h"
 #include "results/MarginTexts.h"
 #include "results/RefrigerantTexts.h"
 
@@ -145,8 +146,7 @@ std::string reasonText(const Rejection& rejection) {
         case Rejection::Reason::rule:
             break;
     }
-    const bool isMessage = rejection.rule.starts_with("messages.");
-    return dictionaryText(isMessage ? rejection.rule : "find.rejected.failed");
+    return dictionaryText(rejection.rule == failureName ? "find.rejected.failed" : rejection.rule);
 }
 
 }  // namespace

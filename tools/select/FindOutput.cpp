@@ -11,6 +11,7 @@
 #include "data/Csv.h"
 #include "data/DictionaryTexts.h"
 #include "data/Numbers.h"
+#include "engine/Statements.h"
 #include "results/Messages.h"
 #include "tools/select/AlignedTable.h"
 
@@ -132,7 +133,7 @@ std::string reasonsText(const FindResult& result) {
     add(counts.tooLarge, "too large");
     add(counts.envelope, "outside the application limits");
     for (const auto& [rule, count] : counts.rules)
-        add(count, rule.starts_with("messages.") ? dictionaryText(rule) : "not calculated");
+        add(count, rule == failureName ? "not calculated" : dictionaryText(rule));
     return text.empty() ? text : counted(result.rejections.size(), "compressor") + " not possible:\n" + text;
 }
 
