@@ -145,8 +145,9 @@ std::string reasonText(const Rejection& rejection) {
         case Rejection::Reason::rule:
             break;
     }
-    const bool isMessage = rejection.rule.starts_with("messages.");
-    return dictionaryText(isMessage ? rejection.rule : "find.rejected.failed");
+    // A failure of the calculation has no text of its own.
+    const std::string message = dictionaryTextIfAny(rejection.rule);
+    return message.empty() ? dictionaryText("find.rejected.failed") : message;
 }
 
 }  // namespace
