@@ -108,7 +108,7 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
     TabStrip_->setToolTip(group);
     if (!compressor) return;
     const QString page = TabStrip_->currentKey();
-    if (page == u"messages") messages_->show(*compressor, conditions, inputs_.units());
+    if (page == u"messages") messages_->show(*compressor, isAdvised_ ? conditions : nullptr, inputs_.units());
     if (page == u"tecnic") fillTechnical(*compressor);
     if (page == u"polynomials") {
         polynomials_->addPolynomial(QStringLiteral("Pta"), compressor->polynomialPta.c);

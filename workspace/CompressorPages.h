@@ -37,9 +37,11 @@ class CompressorPages : public QWidget {
     /// Says all texts in the user's language.
     void translate();
     /// Empties all pages, and shows those of a compressor, null for none. `group` is the tool tip of the
-    /// tabs. What to do about its messages is shown if the `conditions` of its calculation are there.
+    /// tabs. The `conditions` are those of its calculation.
     void showCompressor(const clsCompressor* compressor, const QString& group = QString(),
                         const std::shared_ptr<const clsProjectConditions>& conditions = nullptr);
+    /// Shows from now on what to do about messages, and says with adviceUsed() what the user follows.
+    void setAdvised() { isAdvised_ = true; }
     /// Gives the focus to the page that is shown.
     void focusPage();
     /// Selects a page by its key. False for a key that no page has.
@@ -67,6 +69,7 @@ class CompressorPages : public QWidget {
     QStackedWidget* pages_;
     MessagesView* lvMessages_;
     AdvisedMessages* messages_;
+    bool isAdvised_ = false;
     TechnicalPage* technical_;
     PolynomialsPage* polynomials_;
     DimensionPage* dimension_;

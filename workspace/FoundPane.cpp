@@ -314,6 +314,11 @@ const clsCompressor* FoundPane::selectedCompressor() const {
     return &calculator_.calculate(*candidate->compressor, candidate->conditions);
 }
 
+std::shared_ptr<const clsProjectConditions> FoundPane::conditions() const {
+    const Candidate* const candidate = selected();
+    return candidate ? std::make_shared<clsProjectConditions>(candidate->conditions) : nullptr;
+}
+
 void FoundPane::copy() const {
     if (!canCopy()) return;
     const QString lineEnd = QStringLiteral("\r\n");

@@ -62,6 +62,7 @@ class FoundPane : public ListPane {
   protected:
     bool hasRows() const override { return result_ != nullptr; }
     const clsCompressor* selectedCompressor() const override;
+    std::shared_ptr<const clsProjectConditions> conditions() const override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:

@@ -64,8 +64,8 @@ class ListPane : public Splitter {
     virtual bool hasRows() const = 0;
     /// The compressor of the selected row; null without one.
     virtual const clsCompressor* selectedCompressor() const = 0;
-    /// What the selected compressor was calculated for; null if nothing is to be advised on its messages.
-    virtual std::shared_ptr<const clsProjectConditions> conditions() const { return nullptr; }
+    /// What the selected compressor was calculated for; null without one.
+    virtual std::shared_ptr<const clsProjectConditions> conditions() const = 0;
     /// Adds an entry to the pop-up menu, with the text of a dictionary key.
     QAction* addToPopUp(const char* textKey, Needs needs, const std::function<void()>& act);
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "catalogue/Globals.h"
 #include "data/clsDatabase.h"
 #include "inputs/InputTexts.h"
 #include "tests/support/SmallCatalogue.h"
@@ -93,6 +94,29 @@ TEST_F(SelectionInputsTest, ALeaderBeyondTheFluidIsRefusedUntilItIsMended) {
     inputs.type(Input::condensingPressure, 10.166);
     EXPECT_NEAR(inputs.number(Input::condensingDew), 40, 0.02);
     EXPECT_TRUE(catalogue.boxes.empty()) << "typing opens no box";
+}
+
+// The dew temperature of a mid temperature depends on the liquid.
+TEST_F(SelectionInputsTest, AChangeLeavesTheOtherTemperatureThoughAMidTemperatureLeads) {
+    catalogue.blendR407C();
+    catalogue.compressor({{"fRefrigerantID", "'R407C'"}});
+    gPolynomialTEM().c = {2, 1, 0.01};
+    SelectionInputs inputs(fixedSpeed);
+    inputs.choose(Input::refrigerant, "R407C");
+    const auto evaporating = [&] { return inputs.number(Input::evaporatingDew); };
+    inputs.type(Input::evaporatingMid, -5);
+    double before = evaporating();
+    inputs.type(Input::condensingDew, 45);
+    ASSERT_NE(evaporating(), before);
+    for (const auto& [input, value] : {std::pair{Input::condensingDew, 50.1}, {Input::subcooling, 8.0}}) {
+        inputs.type(Input::evaporatingMid, -5);
+        before = evaporating();
+        inputs.change(input, value);
+        EXPECT_EQ(evaporating(), before);
+        EXPECT_EQ(inputs.number(input), value);
+    }
+    inputs.change(Input::evaporatingDew, -3);
+    EXPECT_EQ(evaporating(), -3);
 }
 
 TEST_F(SelectionInputsTest, EachModeOfTheEconomizerKeepsItsValueForTheNextForm) {

@@ -88,7 +88,7 @@ void WindowTour::show(const char* name, QWidget& window) const {
 void WindowTour::show(const char* name, const QWidget& form, const char* part) const {
     const auto* const advice = form.findChild<AdviceSearch*>();
     do QApplication::processEvents();
-    while (advice->isSearching());
+    while (advice && advice->isSearching());
     picture_(QLatin1String(name), window_, *form.findChild<QWidget*>(QLatin1String(part)));
 }
 
