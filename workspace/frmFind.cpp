@@ -233,7 +233,10 @@ void frmFind::showProgress() {
 void frmFind::hideProgress() {
     patience_->stop();
     follow_->stop();
+    // Its button was pressed, or nobody decides which window is active.
+    const bool wasActive = progress_ && progress_->isActiveWindow();
     progress_.reset();
+    if (wasActive) window()->activateWindow();
 }
 
 QString frmFind::subject() const { return searchSubject(inputs_); }

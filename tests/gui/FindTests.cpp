@@ -33,9 +33,9 @@ namespace {
 class FindTest : public ::testing::Test, public marvello::testing::RealWindow {
   protected:
     FindTest() : RealWindow("en-EN"), form(window->newFind()) {
+        EXPECT_TRUE(found());
         window->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        EXPECT_TRUE(found());
     }
     ~FindTest() override { EXPECT_TRUE(boxes.isEmpty()) << boxes.join('\n').toStdString(); }
 

@@ -103,6 +103,8 @@ TEST_F(FoundTableTest, RejectionsAreGroupedByReasonTheMostFrequentFirst) {
     const auto reject = [this](Rejection::Reason reason, const char* rule = "") {
         result.rejections.push_back({reason, rule, &result.catalogue->compressors().front(), {}});
     };
+    catalogue.text("messages.message24", "Not above 60 Hz.");
+    gApplication().populateDictionary("en-EN", "");
     reject(Rejection::Reason::tooLarge);
     for (int i = 0; i < 2; ++i) reject(Rejection::Reason::rule, "messages.message24");
     for (int i = 0; i < 3; ++i) reject(Rejection::Reason::envelope);
@@ -110,5 +112,6 @@ TEST_F(FoundTableTest, RejectionsAreGroupedByReasonTheMostFrequentFirst) {
     ASSERT_EQ(groups.size(), 3U);
     EXPECT_EQ(groups[0].compressors.size(), 3U);
     EXPECT_EQ(groups[1].compressors.size(), 2U);
+    EXPECT_EQ(groups[1].reason, "Not above 60 Hz.");
     EXPECT_EQ(groups[2].compressors.front(), "TK-A-100 · R134A");
 }

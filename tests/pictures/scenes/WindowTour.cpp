@@ -244,8 +244,11 @@ void WindowTour::showFind() const {
     for (InputForm* open : window_.forms()) open->parentWidget()->close();
     frmFind* form = window_.newFind();
     form->MeasureUnits(0, true);
-    const auto search = [form] {
+    const auto search = [this, form] {
         while (form->isSearching()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        // A search on a busy machine shows its progress, which leaves another window active.
+        window_.activateWindow();
+        while (!window_.isActiveWindow()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
         QApplication::processEvents();
     };
     search();
