@@ -24,6 +24,13 @@ void WrapBar::add(QWidget* control, int ring) {
     entries_ += Entry{control, ring, false};
 }
 
+QList<QWidget*> WrapBar::controls() const {
+    QList<QWidget*> controls;
+    for (const Entry& entry : entries_)
+        if (!entry.isSeparator) controls += entry.control;
+    return controls;
+}
+
 void WrapBar::addSeparator() {
     auto* line = new Hairline(this);
     line->setFixedSize(1 + 2 * gap, separatorHeight);

@@ -16,6 +16,8 @@ class WrapBar : public QWidget {
 
     /// Adds a control at the end, whose size hint holds. `ring` is the room around its frame.
     void add(QWidget* control, int ring);
+    /// The controls in their order.
+    QList<QWidget*> controls() const;
     /// Adds a line between two groups.
     void addSeparator();
     /// Places the controls anew; to be called when one of them became wider or is hidden.

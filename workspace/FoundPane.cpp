@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QButtonGroup>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QPainter>
@@ -19,6 +20,7 @@
 #include "controls/NumberText.h"
 #include "controls/WrapBar.h"
 #include "data/CollectedBoxes.h"
+#include "workspace/CompressorPages.h"
 #include "workspace/CopiedTable.h"
 #include "workspace/ListPrint.h"
 #include "workspace/RejectedCompressors.h"
@@ -127,6 +129,10 @@ void FoundPane::makeRejectedLine() {
     listColumn_->addWidget(rejectedLine_);
     connect(this, &ListPane::selectionChanged, this, &FoundPane::refreshPutBack);
     connect(rejectedLink_, &Link::clicked, this, &FoundPane::showRejected);
+}
+
+QList<QWidget*> FoundPane::controls() const {
+    return bar_->controls() + QList<QWidget*>{lvCps_, lvCps_->header(), rejectedLink_, pages_->tabs()};
 }
 
 void FoundPane::translate() {

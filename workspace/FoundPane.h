@@ -47,6 +47,8 @@ class FoundPane : public ListPane {
     /// Shows the compressors that are not possible, by reason.
     void showRejected() const;
 
+    /// The controls that the tab key goes to, from the top.
+    QList<QWidget*> controls() const;
     /// What the user made of the list.
     QStringList filters() const;
     void setFilters(const QStringList& names);

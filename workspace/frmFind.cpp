@@ -1,8 +1,10 @@
 #include "workspace/frmFind.h"
 
 #include <QKeyEvent>
+#include <utility>
 
 #include "controls/AdvanceText.h"
+#include "controls/Link.h"
 #include "controls/NumberText.h"
 #include "controls/Splitter.h"
 #include "controls/TagBox.h"
@@ -10,6 +12,7 @@
 #include "workspace/EmptyPage.h"
 #include "workspace/InputFields.h"
 #include "workspace/InputPanel.h"
+#include "workspace/InputSummary.h"
 #include "workspace/SearchTexts.h"
 #include "workspace/SelectionExports.h"
 #include "workspace/Settings.h"
@@ -51,6 +54,8 @@ frmFind::frmFind(QWidget* parent)
     connect(frame2_, &EmptyPage::linkClicked, this, &frmFind::followLink);
     setUp(*results_);
     results_->setFilters({QStringLiteral("best")});
+    QWidget* before = panel_->lnkDefaults;
+    for (QWidget* control : results_->controls()) setTabOrder(std::exchange(before, control), control);
     (*panel_)[Input::capacity]->setFocus();
     searchSoon();
 }
@@ -61,6 +66,7 @@ void frmFind::Traduci() {
     InputForm::Traduci();
     panel_->SetCaptionText(u' ' + text("find.title"));
     panel_->lnkCalculate->setText(text("find.button"));
+    summary_->setTexts(text("find.title"), text("frmselection.summary.edit"), panel_->lnkCalculate->text());
     (*panel_)[Input::toleranceAbove]->SetCaptionText(text("find.to"));
     (*panel_)[Input::maxMachines]->SetCaptionText(text("find.to"));
     show(shown_);

@@ -99,7 +99,7 @@ bool Driver::findForm() {
     // The start menu: its first choice is a form of fixed-speed compressors.
     if (QWidget* menu = QApplication::activeModalWidget(); menu && menu->objectName() == u"frmMenu")
         QTest::keyClick(menu, Qt::Key_Return);
-    form_ = window_ ? window_->ActiveForm() : nullptr;
+    form_ = window_ ? qobject_cast<SelectionForm*>(window_->ActiveForm()) : nullptr;
     if (!form_) return false;
     // Only an active window takes keys; a screen without a window manager activates none by itself.
     if (!window_->isActiveWindow()) window_->activateWindow();

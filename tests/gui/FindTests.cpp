@@ -286,3 +286,18 @@ TEST_F(FindTest, EveryLanguageHasItsTexts) {
         EXPECT_TRUE(form->hasResults());
     }
 }
+
+TEST_F(FindTest, TheTabKeyGoesFromTheFiltersToTheListAndItsReasons) {
+    control<Link>(*form, "lnkDefaults")->setFocus();
+    QStringList names;
+    for (int i = 0; i < 11; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const QWidget* now = QApplication::focusWidget();
+        names += now->objectName().isEmpty() ? QString(now->metaObject()->className()) : now->objectName();
+    }
+    const QStringList expected{
+        "chip_best",   "chip_nowarnings",   "chip_onemachine", "chip_inverter",
+        "chip_lowgwp", "chip_notflammable", "lvCps",           "marvello::TwoLineHeader",
+        "lnkRejected", "TabStrip",          "lvMessages"};
+    EXPECT_EQ(names.join(' ').toStdString(), expected.join(' ').toStdString());
+}
