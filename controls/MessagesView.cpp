@@ -99,6 +99,9 @@ MessagesView::MessagesView(QWidget* parent) : QListWidget(parent) {
     connect(model(), &QAbstractItemModel::modelReset, this, [this] { columns_ = {}; });
 }
 
+// The rows go after this object, and say so.
+MessagesView::~MessagesView() { disconnect(model(), nullptr, this, nullptr); }
+
 void MessagesView::addMessage(const QString& mark, const QString& markText, const QString& text,
                               const QString& tag, const QStringList& causes, const QString& distance) {
     auto* item = new QListWidgetItem(text, this);

@@ -14,6 +14,7 @@ class MessagesView : public QListWidget {
 
   public:
     explicit MessagesView(QWidget* parent = nullptr);
+    ~MessagesView() override;
 
     /// `mark` is a name of Marks.h; `tag` is kept with the row.
     /// `markText` is what the mark says, for a screen reader. `causes` are what failed: the first is a quiet
