@@ -12,6 +12,7 @@ namespace {
 
 constexpr int padding = 11;
 constexpr int tickSide = 14;
+constexpr int arrowSide = 12;
 constexpr int gap = 6;
 constexpr int radius = FilterChip::chipHeight / 2;
 
@@ -29,16 +30,24 @@ FilterChip::FilterChip(QWidget* parent) : QAbstractButton(parent) {
 void FilterChip::setFilter(const QString& caption, int count) {
     setText(caption);
     count_ = count;
-    setAccessibleName(QStringLiteral("%1, %2").arg(caption).arg(count));
+    setAccessibleName(count < 0 ? caption : QStringLiteral("%1, %2").arg(caption).arg(count));
     updateGeometry();
     update();
 }
 
+void FilterChip::setOpensList() { opensList_ = true; }
+
+void FilterChip::nextCheckState() {
+    if (!opensList_) QAbstractButton::nextCheckState();
+}
+
+QString FilterChip::countText() const { return count_ < 0 ? QString() : QString::number(count_); }
+
 QSize FilterChip::sizeHint() const {
     const QFontMetrics metrics(chipFont());
-    const int width = metrics.horizontalAdvance(text()) + gap +
-                      metrics.horizontalAdvance(QString::number(count_)) + 2 * padding +
-                      (isChecked() ? tickSide + gap : 0);
+    const auto with = [](int width) { return width == 0 ? 0 : gap + width; };
+    const int width = metrics.horizontalAdvance(text()) + with(metrics.horizontalAdvance(countText())) +
+                      2 * padding + (isChecked() ? tickSide + gap : 0) + (opensList_ ? gap + arrowSide : 0);
     return {width + 2 * ring, chipHeight + 2 * ring};
 }
 
@@ -71,7 +80,13 @@ void FilterChip::paintEvent(QPaintEvent*) {
     painter.setPen(isEnabled() ? look.text : look.disabled);
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, text());
     painter.setPen(isEnabled() ? look.muted : look.disabled);
-    painter.drawText(room, Qt::AlignVCenter | Qt::AlignRight, QString::number(count_));
+    if (opensList_) {
+        paintIcon(painter,
+                  {room.right() - arrowSide + 2, room.center().y() - arrowSide / 2.0, arrowSide, arrowSide},
+                  QStringLiteral("chev"), look.muted);
+        room.setRight(room.right() - arrowSide - gap + 2);
+    }
+    painter.drawText(room, Qt::AlignVCenter | Qt::AlignRight, countText());
 }
 
 }  // namespace marvello

@@ -16,16 +16,22 @@ class FilterChip : public QAbstractButton {
 
     explicit FilterChip(QWidget* parent = nullptr);
 
-    /// The caption, and how many rows there are with it.
+    /// The caption, and how many rows there are with it; a negative count is not shown.
     void setFilter(const QString& caption, int count);
+    /// Makes it open a list of values: it has an arrow, and a click does not switch it.
+    void setOpensList();
 
     QSize sizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void nextCheckState() override;
 
   private:
+    QString countText() const;
+
     int count_ = 0;
+    bool opensList_ = false;
 };
 
 }  // namespace marvello

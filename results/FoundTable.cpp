@@ -68,10 +68,28 @@ std::vector<const Candidate*> bestOfEach(const std::vector<const Candidate*>& ra
     return best;
 }
 
-std::vector<const Candidate*> filtered(const FindResult& result, const FoundFilters& filters) {
+std::string valueOf(const FindResult& result, const Candidate& candidate, FoundFact fact) {
+    const PreparedCompressor& compressor = *candidate.compressor;
+    switch (fact) {
+        case FoundFact::refrigerant:
+            return compressor.Refrigerant;
+        case FoundFact::safetyClass:
+            return factText(result.catalogue->factsOf(compressor.Refrigerant).safetyClass);
+        case FoundFact::series:
+            break;
+    }
+    return compressor.Serie;
+}
+
+std::vector<const Candidate*> filtered(const FindResult& result, const FoundFilters& filters,
+                                       const FoundChoices& choices = {}) {
     std::vector<const Candidate*> left;
     for (const Candidate& candidate : result.candidates)
-        if (std::ranges::all_of(filters, [&](FoundFilter each) { return passes(result, candidate, each); }))
+        if (std::ranges::all_of(filters, [&](FoundFilter each) { return passes(result, candidate, each); }) &&
+            std::ranges::all_of(choices, [&](const auto& choice) {
+                const auto& [fact, values] = choice;
+                return values.empty() || values.contains(valueOf(result, candidate, fact));
+            }))
             left.push_back(&candidate);
     return filters.contains(FoundFilter::bestOfEach) ? bestOfEach(left) : left;
 }
@@ -184,8 +202,8 @@ std::vector<ResultColumn> foundColumns(double needed, const FoundStyle& style) {
 }
 
 std::vector<const Candidate*> listed(const FindResult& result, const FoundFilters& filters,
-                                     const FoundOrder& order) {
-    std::vector<const Candidate*> rows = filtered(result, filters);
+                                     const FoundOrder& order, const FoundChoices& choices) {
+    std::vector<const Candidate*> rows = filtered(result, filters, choices);
     const auto number = numberOf(order.column);
     const auto compare = [&](const Candidate* a, const Candidate* b) {
         const Candidate* first = order.isDescending ? b : a;
@@ -207,6 +225,16 @@ std::vector<const Candidate*> listed(const FindResult& result, const FoundFilter
 
 int countOf(const FindResult& result, FoundFilter filter) {
     return static_cast<int>(filtered(result, {filter}).size());
+}
+
+int countOf(const FindResult& result, FoundFact fact, const std::set<std::string>& values) {
+    return static_cast<int>(filtered(result, {}, {{fact, values}}).size());
+}
+
+std::set<std::string> valuesOf(const FindResult& result, FoundFact fact) {
+    std::set<std::string> values;
+    for (const Candidate& candidate : result.candidates) values.insert(valueOf(result, candidate, fact));
+    return values;
 }
 
 std::string foundLabel(const Candidate& candidate) {

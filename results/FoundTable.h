@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -23,6 +24,11 @@ enum class FoundFilter : std::uint8_t {
 };
 using FoundFilters = std::set<FoundFilter>;
 inline constexpr double greatestGwp = 750;
+
+/// What a list of solutions can be limited to by its values.
+enum class FoundFact : std::uint8_t { refrigerant, safetyClass, series };
+/// The values of facts that are listed. A fact that is empty or lacks leaves nothing out.
+using FoundChoices = std::map<FoundFact, std::set<std::string>>;
 
 /// The keys of the columns, besides nameColumn.
 namespace foundColumn {
@@ -74,9 +80,12 @@ std::vector<ResultColumn> foundColumns(double needed, const FoundStyle& style);
 
 /// Returns the solutions that the filters leave, in the order; equal ones nearest to the need first.
 std::vector<const Candidate*> listed(const FindResult& result, const FoundFilters& filters,
-                                     const FoundOrder& order);
-/// How many of all solutions a filter leaves.
+                                     const FoundOrder& order, const FoundChoices& choices = {});
+/// How many of all solutions a filter leaves, or the chosen values of a fact.
 int countOf(const FindResult& result, FoundFilter filter);
+int countOf(const FindResult& result, FoundFact fact, const std::set<std::string>& values);
+/// Returns the values of a fact that the solutions have; unknownFact for one that is not known.
+std::set<std::string> valuesOf(const FindResult& result, FoundFact fact);
 
 FoundRow foundRow(const FindResult& result, const Candidate& candidate, const FoundStyle& style);
 /// Returns "2 × TK-E-130", with a capacity step below 100 % behind it.

@@ -19,10 +19,12 @@
 #include "controls/Marks.h"
 #include "controls/NumberText.h"
 #include "controls/WrapBar.h"
+#include "controls/ctlCombo.h"
 #include "data/CollectedBoxes.h"
 #include "workspace/CompressorPages.h"
 #include "workspace/CopiedTable.h"
 #include "workspace/ListPrint.h"
+#include "workspace/RefrigerantDetail.h"
 #include "workspace/RejectedCompressors.h"
 #include "workspace/ResultMarks.h"
 #include "workspace/SearchTexts.h"
@@ -105,7 +107,81 @@ void FoundPane::makeChips() {
         const QSignalBlocker quiet(chips_[i].button);
         chips_[i].button->setChecked(true);
     }
+    makeChoiceChips();
     listColumn_->insertWidget(0, bar_);
+}
+
+void FoundPane::makeChoiceChips() {
+    constexpr std::array<std::pair<FoundFact, const char*>, 3> facts{
+        {{FoundFact::refrigerant, "find.column.refrigerant"},
+         {FoundFact::safetyClass, "find.filter.safetyclass"},
+         {FoundFact::series, "frmselection.lstseries.captiontext"}}};
+    for (std::size_t i = 0; i < choiceChips_.size(); ++i) {
+        const auto& [fact, textKey] = facts.at(i);
+        ChoiceChip& chip = choiceChips_[i];
+        chip = {fact, textKey, new FilterChip(bar_)};
+        chip.button->setOpensList();
+        chip.button->setObjectName(QStringLiteral("chip_fact%1").arg(i));
+        bar_->add(chip.button, FilterChip::ring);
+        connect(chip.button, &FilterChip::clicked, this, [this, &chip] { openChoice(chip); });
+    }
+}
+
+void FoundPane::openChoice(ChoiceChip& chip) {
+    if (!result_) return;
+    if (!choiceList_) {
+        choiceList_ = new ctlCombo(window());
+        choiceList_->setObjectName(QStringLiteral("lstFacts"));
+        connect(choiceList_, &ctlCombo::Choice, this,
+                [this](const QString& keys) { choose(*opened_, keys); });
+        connect(choiceList_, &ctlCombo::Closed, this,
+                [this] { opened_->button->setFocus(Qt::PopupFocusReason); });
+    }
+    choiceList_->hide();
+    opened_ = &chip;
+    QString values = QStringLiteral("*|") + dictionaryText(QStringLiteral("frmselection.models.all"));
+    for (const std::string& value : valuesOf(*result_, chip.fact)) values += u';' + fromCore(value);
+    QStringList chosen;
+    for (const std::string& value : chip.chosen) chosen += fromCore(value);
+    choiceList_->Populate(values, chosen.isEmpty() ? QStringLiteral("*") : chosen.join(u';'), false, true);
+    if (chip.fact == FoundFact::refrigerant)
+        choiceList_->setDetails([this](const QString& key) {
+            return key == u"*" ? RowDetail() : refrigerantDetail(key, inputs_.units());
+        });
+    choiceList_->SetCaption(dictionaryText(QLatin1String(chip.textKey)));
+    choiceList_->setApplyText(dictionaryText(QStringLiteral("frmselection.apply")));
+    constexpr int leastWidth = 240;
+    QRect box(chip.button->mapToGlobal(QPoint()), chip.button->size());
+    box.setWidth(std::max(box.width(), leastWidth));
+    choiceList_->openUnder(box);
+}
+
+void FoundPane::choose(ChoiceChip& chip, const QString& keys) {
+    chip.chosen.clear();
+    for (const QString& key : keys.split(u';', Qt::SkipEmptyParts))
+        if (key != u"*") chip.chosen.insert(toCore(key));
+    refreshChoice(chip);
+    relist();
+}
+
+void FoundPane::refreshChoice(const ChoiceChip& chip) {
+    constexpr std::size_t mostNamed = 3;
+    QString text = dictionaryText(QLatin1String(chip.textKey));
+    if (!chip.chosen.empty()) {
+        QStringList names;
+        for (const std::string& value : chip.chosen) names += fromCore(value);
+        text += QStringLiteral(": ") + (chip.chosen.size() > mostNamed ? QString::number(chip.chosen.size())
+                                                                       : names.join(QStringLiteral(", ")));
+    }
+    chip.button->setChecked(!chip.chosen.empty());
+    chip.button->setFilter(text,
+                           chip.chosen.empty() || !result_ ? -1 : countOf(*result_, chip.fact, chip.chosen));
+}
+
+FoundChoices FoundPane::choices() const {
+    FoundChoices choices;
+    for (const ChoiceChip& chip : choiceChips_) choices[chip.fact] = chip.chosen;
+    return choices;
 }
 
 void FoundPane::makeRejectedLine() {
@@ -150,6 +226,11 @@ void FoundPane::showResult(const std::shared_ptr<const FindResult>& result, cons
     lvCps_->clear();
     result_ = result;
     request_ = request;
+    // What the new solutions do not have is no choice any more.
+    for (ChoiceChip& chip : choiceChips_) {
+        const std::set<std::string> values = valuesOf(*result, chip.fact);
+        std::erase_if(chip.chosen, [&](const std::string& value) { return !values.contains(value); });
+    }
     setOutdated(false);
     refreshChips();
     refreshRejected();
@@ -235,7 +316,7 @@ void FoundPane::relist() {
     const QSignalBlocker quiet(lvCps_);
     lvCps_->clear();
     columns_ = foundColumns(request_.needed, style());
-    rows_ = listed(*result_, chosenFilters(), order_);
+    rows_ = listed(*result_, chosenFilters(), order_, choices());
     lvCps_->setColumns(viewColumns());
     for (const Candidate* candidate : rows_) lvCps_->addRow(viewRow(foundRow(*result_, *candidate, style())));
     lvCps_->markSorted(fromCore(order_.column), order_.isDescending);
@@ -251,6 +332,7 @@ void FoundPane::refreshChips() {
     const auto count = [this](FoundFilter filter) { return result_ ? countOf(*result_, filter) : 0; };
     for (const Chip& chip : chips_) chip.button->setFilter(chip.button->text(), count(chip.filter));
     all_->setFilter(all_->text(), result_ ? static_cast<int>(result_->candidates.size()) : 0);
+    for (const ChoiceChip& chip : choiceChips_) refreshChoice(chip);
     bar_->layOut();
 }
 

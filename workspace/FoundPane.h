@@ -3,6 +3,8 @@
 #include <QStringList>
 #include <array>
 #include <memory>
+#include <set>
+#include <string>
 
 #include "controls/ResultsView.h"
 #include "engine/Calculator.h"
@@ -16,6 +18,7 @@ namespace marvello {
 class FilterChip;
 class Link;
 class WrapBar;
+class ctlCombo;
 
 /// The solutions of a search: filters, the list, how many compressors are not possible, and the pages of the
 /// selected compressor. A list that belongs to other inputs is dimmed and takes no commands.
@@ -72,7 +75,19 @@ class FoundPane : public ListPane {
         const char* textKey;
         FilterChip* button;
     };
+    /// A chip that opens the list of the values of a fact.
+    struct ChoiceChip {
+        FoundFact fact;
+        const char* textKey;
+        FilterChip* button;
+        std::set<std::string> chosen{};
+    };
     void makeChips();
+    void makeChoiceChips();
+    void openChoice(ChoiceChip& chip);
+    void choose(ChoiceChip& chip, const QString& keys);
+    void refreshChoice(const ChoiceChip& chip);
+    FoundChoices choices() const;
     void makeRejectedLine();
     void placeVeil();
     FoundFilters chosenFilters() const;
@@ -101,6 +116,9 @@ class FoundPane : public ListPane {
     WrapBar* bar_;
     std::array<Chip, 6> chips_;
     FilterChip* all_;
+    std::array<ChoiceChip, 3> choiceChips_;
+    ctlCombo* choiceList_ = nullptr;  ///< made at its first use
+    ChoiceChip* opened_ = nullptr;    ///< whose list is open
     QWidget* rejectedLine_;
     QLabel* rejectedText_;
     QLabel* putBackText_;  ///< of the selected solution

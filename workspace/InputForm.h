@@ -70,8 +70,10 @@ class InputForm : public QWidget {
     virtual ListPane& results() const = 0;
     /// The choice of the inputs in a few words.
     virtual QString subject() const = 0;
-    /// What the results come to, for the status bar; asked with results only.
+    /// What the results come to, for the status bar; asked with counts only.
     virtual QString counts() const = 0;
+    /// Whether there is something to count; nothing found is something too.
+    virtual bool hasCounts() const { return hasResults(); }
     bool isCollapsed() const;
     /// To be kept between starts.
     struct Sizes {

@@ -336,7 +336,7 @@ void MDIMain::refreshStatus(const InputForm* form) {
     separator_->setVisible(form != nullptr);
     if (!form) {
         counts_->clear();
-    } else if (!form->hasResults()) {
+    } else if (!form->hasCounts()) {
         counts_->setText(dictionaryText(QStringLiteral("mdimain.status.notcalculated")));
     } else {
         counts_->setText(form->counts());

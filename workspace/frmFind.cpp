@@ -241,6 +241,8 @@ void frmFind::hideProgress() {
 
 QString frmFind::subject() const { return searchSubject(inputs_); }
 
+bool frmFind::hasCounts() const { return hasResults() || shown_ == Shown::nothing; }
+
 QString frmFind::counts() const {
     const auto solutions = static_cast<int>(last_->candidates.size());
     const int good = countOf(*last_, FoundFilter::withoutWarnings);

@@ -32,6 +32,7 @@ class frmFind : public InputForm {
     FoundPane& results() const override { return *results_; }
     /// "6 refrigerants · all series".
     QString subject() const override;
+    bool hasCounts() const override;
     QString counts() const override;
     /// True from a change of the inputs until its solutions are listed.
     bool isSearching() const { return pause_->isActive() || run_.isRunning(); }

@@ -17,6 +17,7 @@
 #include "controls/ResultsView.h"
 #include "controls/TabStrip.h"
 #include "controls/TagBox.h"
+#include "controls/ctlCombo.h"
 #include "data/Csv.h"
 #include "tests/gui/RealWindow.h"
 #include "tests/support/Controls.h"
@@ -176,6 +177,7 @@ TEST_F(FindTest, WhereNothingIsFoundTheNearestIsNamedAndAWiderToleranceHasIt) {
     chooseRefrigerants({"R134A"});
     type("txtCapacity", "3000");
     EXPECT_FALSE(form->hasResults());
+    EXPECT_TRUE(control<QLabel>(*window, "statusCounts")->text().startsWith("0 "));
     // The largest of R134A, four at a time, in a plain search of the shipped catalogue.
     EXPECT_TRUE(spokenPage().contains(QString::fromUtf8("4\u00A0×\u00A0"))) << spokenPage().toStdString();
     auto* widen = control<Link>(*form, "link0");
@@ -277,6 +279,30 @@ TEST_F(FindTest, F6GoesRoundInputsListTabsAndPage) {
     EXPECT_EQ(parts, (QStringList{"list", "tabs", "page", "inputs"}));
 }
 
+TEST_F(FindTest, AChipLimitsTheListToChosenValues) {
+    chip("all")->click();
+    const int all = list()->rowCount();
+    FilterChip* const series = chip("fact2");
+    series->click();
+    auto* const values = window->findChild<ctlCombo*>(QStringLiteral("lstFacts"));
+    ASSERT_TRUE(values && values->isVisible());
+    EXPECT_FALSE(series->isChecked());
+    emit values->Choice(QStringLiteral("TK-D;TK-B"), {});
+    values->hide();
+    EXPECT_TRUE(series->isChecked());
+    EXPECT_TRUE(series->hasFocus());
+    const int chosen = list()->rowCount();
+    EXPECT_GT(chosen, 0);
+    EXPECT_LT(chosen, all);
+    EXPECT_TRUE(series->accessibleName().endsWith(QStringLiteral("TK-B, TK-D, %1").arg(chosen)))
+        << series->accessibleName().toStdString();
+    series->click();
+    emit values->Choice(QStringLiteral("*"), {});
+    values->hide();
+    EXPECT_FALSE(series->isChecked());
+    EXPECT_EQ(list()->rowCount(), all);
+}
+
 TEST_F(FindTest, EveryLanguageHasItsTexts) {
     for (const char* language : {"de-DE", "fr-FR", "it-IT", "es-ES", "cn-CN", "en-EN"}) {
         window->chooseLanguage(language);
@@ -290,14 +316,24 @@ TEST_F(FindTest, EveryLanguageHasItsTexts) {
 TEST_F(FindTest, TheTabKeyGoesFromTheFiltersToTheListAndItsReasons) {
     control<Link>(*form, "lnkDefaults")->setFocus();
     QStringList names;
-    for (int i = 0; i < 11; ++i) {
+    for (int i = 0; i < 14; ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         const QWidget* now = QApplication::focusWidget();
         names += now->objectName().isEmpty() ? QString(now->metaObject()->className()) : now->objectName();
     }
-    const QStringList expected{
-        "chip_best",   "chip_nowarnings",   "chip_onemachine", "chip_inverter",
-        "chip_lowgwp", "chip_notflammable", "lvCps",           "marvello::TwoLineHeader",
-        "lnkRejected", "TabStrip",          "lvMessages"};
+    const QStringList expected{"chip_best",
+                               "chip_nowarnings",
+                               "chip_onemachine",
+                               "chip_inverter",
+                               "chip_lowgwp",
+                               "chip_notflammable",
+                               "chip_fact0",
+                               "chip_fact1",
+                               "chip_fact2",
+                               "lvCps",
+                               "marvello::TwoLineHeader",
+                               "lnkRejected",
+                               "TabStrip",
+                               "lvMessages"};
     EXPECT_EQ(names.join(' ').toStdString(), expected.join(' ').toStdString());
 }

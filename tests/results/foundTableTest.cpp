@@ -62,6 +62,17 @@ TEST_F(FoundTableTest, FiltersLeaveWhatPassesAllOfThem) {
     EXPECT_EQ(countOf(result, notFlammable), 5);
 }
 
+TEST_F(FoundTableTest, ChosenValuesOfFactsAddUp) {
+    using enum FoundFact;
+    EXPECT_EQ(valuesOf(result, refrigerant), (std::set<std::string>{"R134A", "R290"}));
+    EXPECT_EQ(valuesOf(result, series), (std::set<std::string>{"TK-A", "TK-D"}));
+    EXPECT_EQ(listed(result, {}, {}, {{series, {"TK-D"}}}).size(), 2U);
+    EXPECT_EQ(listed(result, {FoundFilter::oneMachine}, {}, {{series, {"TK-D"}}}).size(), 1U);
+    EXPECT_EQ(listed(result, {}, {}, {{series, {"TK-D"}}, {refrigerant, {"R290"}}}).size(), 0U);
+    EXPECT_EQ(listed(result, {}, {}, {{series, {}}}).size(), 6U);
+    EXPECT_EQ(countOf(result, safetyClass, {"A3"}), 1);
+}
+
 TEST_F(FoundTableTest, TheBestOfEachRefrigerantAreOneMachineASetAndOneOnAnInverter) {
     using enum FoundFilter;
     EXPECT_EQ(labels({bestOfEach}),
