@@ -1,6 +1,7 @@
 #include "data/DictionaryTexts.h"
 
 #include "data/Session.h"
+#include "data/Texts.h"
 
 namespace marvello {
 
@@ -10,6 +11,13 @@ std::string dictionaryText(std::string_view key) {
     } catch (const UnknownTextKey&) {
         return std::string(key);
     }
+}
+
+std::string dictionaryText(std::string_view key, const std::vector<std::string>& arguments) {
+    std::string text = dictionaryText(key);
+    for (std::size_t i = 0; i < arguments.size(); ++i)
+        replaceAll(text, "{" + std::to_string(i) + "}", arguments[i]);
+    return text;
 }
 
 std::string dictionaryTextIfAny(std::string_view key) {

@@ -9,6 +9,8 @@ namespace marvello {
 /// Returns the text of a dictionary key in the user's language. A key that the catalogue lacks is its own
 /// text, so that the gap can be seen.
 std::string dictionaryText(std::string_view key);
+/// The same with "{0}", "{1}", ... in the text replaced by the arguments.
+std::string dictionaryText(std::string_view key, const std::vector<std::string>& arguments);
 
 /// As above, but "" for a key that the catalogue lacks.
 std::string dictionaryTextIfAny(std::string_view key);

@@ -30,7 +30,7 @@ void check(const FindRequest& request) {
     };
     need(std::isfinite(request.needed) && request.needed > 0, "The needed capacity is not above 0 kW.");
     need(request.below >= 0 && request.above >= 0, "A tolerance is below 0 %.");
-    need(request.minMachines >= 1 && request.maxMachines <= mostMachines &&
+    need(request.minMachines >= 1 && request.maxMachines <= searchRange::maxMachines &&
              request.minMachines <= request.maxMachines,
          "The number of machines is not from 1 to 4.");
 }
@@ -48,8 +48,8 @@ bool takesPart(const FindRequest& request, const PreparedCompressor& compressor)
     return isAmong(request.series, compressor.Serie) && isAmong(request.refrigerants, compressor.Refrigerant);
 }
 
-std::vector<const PreparedCompressor*> choiceOf(const FindRequest& request,
-                                                const PreparedCatalogue& catalogue) {
+std::vector<const PreparedCompressor*> compressorsOf(const FindRequest& request,
+                                                     const PreparedCatalogue& catalogue) {
     std::vector<const PreparedCompressor*> choice;
     for (const PreparedCompressor& compressor : catalogue.compressors())
         if (takesPart(request, compressor)) choice.push_back(&compressor);
@@ -256,7 +256,7 @@ const Candidate* FindResult::nearest() const {
 FindResult find(const FindRequest& request, std::shared_ptr<const PreparedCatalogue> catalogue,
                 Calculator& calculator, FindProgress* progress) {
     check(request);
-    const auto choice = choiceOf(request, *catalogue);
+    const auto choice = compressorsOf(request, *catalogue);
     if (progress != nullptr) progress->count = choice.size();
     std::vector<Answer> answers;
     answers.reserve(choice.size());
@@ -270,7 +270,7 @@ FindResult find(const FindRequest& request, std::shared_ptr<const PreparedCatalo
 FindResult find(const FindRequest& request, std::shared_ptr<const PreparedCatalogue> catalogue,
                 CalculatorPool& pool, FindProgress* progress) {
     check(request);
-    const auto choice = choiceOf(request, *catalogue);
+    const auto choice = compressorsOf(request, *catalogue);
     if (progress != nullptr) progress->count = choice.size();
     std::vector<Answer> answers(choice.size());
     const bool isComplete = pool.run(choice.size(), [&](Calculator& calculator, std::size_t index) {

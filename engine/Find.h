@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "catalogue/PreparedCatalogue.h"
+#include "catalogue/SearchRange.h"
 #include "catalogue/clsProjectConditions.h"
 #include "engine/Calculator.h"
 #include "engine/CalculatorPool.h"
@@ -25,8 +26,9 @@ enum class InverterUse : std::uint8_t { yes, no, only };
 struct FindRequest {
     double needed = 0;  ///< Capacity of all machines together, kW.
     CapacityKind kind = CapacityKind::cooling;
-    double below = 5;   ///< Permitted deviation of the capacity, percent of the needed one.
-    double above = 20;  ///< The same to the other side.
+    double below =
+        searchRange::usualBelow;  ///< Permitted deviation of the capacity, percent of the needed one.
+    double above = searchRange::usualAbove;  ///< The same to the other side.
     /// Operating point and options. The capacity step and the inverter's frequency are not read.
     clsProjectConditions conditions;
     std::vector<std::string> refrigerants{};  ///< Empty: all.
@@ -99,14 +101,12 @@ struct FindProgress {
 /// and, if equal, by deviation. A failure of one compressor rejects it and does not end the search.
 ///
 /// The calling thread calculates. Throws std::invalid_argument for a request that nothing can answer (a need
-/// that is not positive, a negative tolerance, machines outside 1 to 4 or in the wrong order), and
+/// that is not positive, a negative tolerance, machines outside searchRange or in the wrong order), and
 /// FluidLibraryError.
 FindResult find(const FindRequest& request, std::shared_ptr<const PreparedCatalogue> catalogue,
                 Calculator& calculator, FindProgress* progress = nullptr);
 /// The same over the threads of a pool, with turns for the user interface. AbortRequested() ends it.
 FindResult find(const FindRequest& request, std::shared_ptr<const PreparedCatalogue> catalogue,
                 CalculatorPool& pool, FindProgress* progress = nullptr);
-
-inline constexpr int mostMachines = 4;
 
 }  // namespace marvello

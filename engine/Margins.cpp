@@ -45,7 +45,7 @@ class Region {
         std::optional<Margin> nearest;
         const auto consider = [&](Direction direction, std::optional<double> kelvin) {
             if (kelvin && (!nearest || *kelvin < nearest->kelvin))
-                nearest = Margin{type_, *kelvin, direction};
+                nearest = Margin{.limitType = type_, .kelvin = *kelvin, .direction = direction};
         };
         const std::vector<double> level = meetings(&clsPoint::x, &clsPoint::Y, ted_, tcd_);
         consider(Direction::tedUp, crossing(level, 1, [&](double t) { return holds(ted_ + t, tcd_); }));
@@ -121,37 +121,47 @@ class Region {
     bool isInside_;
 };
 
-/// On which side of the lines of a type a message is raised.
-struct MessageSide {
+/// What a rule says at the lines of a type, and on which side of them.
+struct LimitRule {
     int limitType;
     bool isInside;
+    Severity severity;
 };
 
 /// The limits that SelectionRules looks at for this compressor and these conditions.
-std::vector<MessageSide> limitsWithMessages(const clsCompressor& compressor,
-                                            const clsProjectConditions& conditions) {
-    std::vector<MessageSide> sides{{limitType::over, false},      {limitType::forbidden, true},
-                                   {limitType::injection, true},  {limitType::oilCooling, true},
-                                   {limitType::oilFilter, true},  {limitType::hOnly, true},
-                                   {limitType::hSuggested, true}, {limitType::sSuggested, true}};
+std::vector<LimitRule> rulesAtLimits(const clsCompressor& compressor,
+                                     const clsProjectConditions& conditions) {
+    using enum Severity;
+    std::vector<LimitRule> rules{{limitType::over, false, error},
+                                 {limitType::forbidden, true, error},
+                                 {limitType::injection, true, attention},
+                                 {limitType::oilCooling, true, attention},
+                                 {limitType::oilFilter, true, attention},
+                                 {limitType::hOnly, true, information},
+                                 {limitType::hSuggested, true, information},
+                                 {limitType::sSuggested, true, information}};
     switch (conditions.StepCapacity) {
         case 75:
-            sides.push_back({limitType::step75, false});
+            rules.push_back({limitType::step75, false, error});
             break;
         case 50:
-            sides.push_back({limitType::step50, false});
+            rules.push_back({limitType::step50, false, error});
             break;
         case 25:
-            sides.push_back({limitType::step25, false});
+            rules.push_back({limitType::step25, false, error});
             break;
         default:
             break;
     }
-    if (compressor.hasFullSmallMotor)
-        sides.push_back({limitType::smallMotor, compressor.Motor.MotorType == MotorChoice::full});
-    if (compressor.hasInvert && conditions.InverterFrequency > 50)
-        sides.push_back({conditions.InverterFrequency > 60 ? limitType::hertz70 : limitType::hertz60, false});
-    return sides;
+    if (compressor.hasFullSmallMotor) {
+        const bool isFull = compressor.Motor.MotorType == MotorChoice::full;
+        rules.push_back({limitType::smallMotor, isFull, isFull ? information : error});
+    }
+    if (compressor.hasInvert && conditions.InverterFrequency > 50) {
+        const int limit = conditions.InverterFrequency > 60 ? limitType::hertz70 : limitType::hertz60;
+        rules.push_back({limit, false, error});
+    }
+    return rules;
 }
 
 }  // namespace
@@ -182,15 +192,21 @@ std::optional<Margin> applicationMargin(const clsLimits& limits, double ted, dou
     return margin;
 }
 
+std::optional<Margin> applicationMargin(const clsCompressor& calculated) {
+    const clsVariables& v = calculated.Variables;
+    return applicationMargin(calculated.limits, v[var::Ted], v[var::Tcd]);
+}
+
 std::vector<Margin> limitMargins(const clsCompressor& calculated, const clsProjectConditions& conditions) {
     std::vector<Margin> margins;
-    for (const MessageSide& side : limitsWithMessages(calculated, conditions)) {
-        if (!calculated.limits.FindLimitType(side.limitType)) continue;
-        const Region region(calculated.limits, side.limitType, conditions.TEvaporatingDew,
+    for (const LimitRule& rule : rulesAtLimits(calculated, conditions)) {
+        if (!calculated.limits.FindLimitType(rule.limitType)) continue;
+        const Region region(calculated.limits, rule.limitType, conditions.TEvaporatingDew,
                             conditions.TCondensationDew);
         std::optional<Margin> margin = region.nearestCrossing();
         if (!margin) continue;
-        if (region.isInside() == side.isInside) margin->kelvin = 0 - margin->kelvin;
+        if (region.isInside() == rule.isInside) margin->kelvin = 0 - margin->kelvin;
+        margin->severity = rule.severity;
         margins.push_back(*margin);
     }
     std::ranges::stable_sort(margins, {}, [](const Margin& margin) { return std::abs(margin.kelvin); });

@@ -18,9 +18,10 @@ std::string_view nameOf(Direction direction);
 
 /// How far an operating point is from the lines of one type.
 struct Margin {
-    int limitType;        ///< see limitType
-    double kelvin;        ///< The smallest change that crosses a line, with a sign.
-    Direction direction;  ///< Of that change.
+    int limitType;                            ///< see limitType
+    double kelvin;                            ///< The smallest change that crosses a line, with a sign.
+    Direction direction;                      ///< Of that change.
+    Severity severity = Severity::attention;  ///< Of the message at the lines.
 
     bool operator==(const Margin&) const = default;
 };
@@ -31,6 +32,9 @@ struct Margin {
 /// parts of a line narrower than 1e-5 K do not count. No value without such a limit, or if no change of one
 /// temperature alone leads into it.
 std::optional<Margin> applicationMargin(const clsLimits& limits, double ted, double tcd);
+
+/// The same at the operating point of a calculated compressor.
+std::optional<Margin> applicationMargin(const clsCompressor& calculated);
 
 /// Returns the margin to each other limit that raises or ends a message of this compressor at the conditions
 /// it was calculated for, nearest first: positive while the message is not raised, negative while it is.

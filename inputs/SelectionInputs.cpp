@@ -7,6 +7,7 @@
 
 #include "catalogue/CatalogueLists.h"
 #include "catalogue/Globals.h"
+#include "catalogue/SearchRange.h"
 #include "catalogue/clsInverter.h"
 #include "data/CollectedBoxes.h"
 #include "data/DictionaryTexts.h"
@@ -42,15 +43,8 @@ const std::string approachMode = keyOf(EconomizerMode::approach);
 const std::string capacityMode = keyOf(EconomizerMode::capacity);
 
 constexpr double firstCapacity = 150;  // kW
-constexpr double leastCapacity = 0.1;  // in both systems of units
-constexpr double mostCapacity = 100000;
-constexpr double mostBelow = 100;  // percent
-constexpr double mostAbove = 1000;
-constexpr double firstBelow = -5;  // percent
-constexpr double firstAbove = 20;
-constexpr int mostMachinesOffered = 4;
 
-/// A search without a filter of its own takes everything.
+/// Chooses all that is offered.
 constexpr const char* allKey = "*";
 
 /// The key of a choice in a new form, and while a series does not offer another.
@@ -69,7 +63,7 @@ std::string neutralKey(Input input) {
         case Input::minMachines:
             return "1";
         case Input::maxMachines:
-            return std::to_string(mostMachinesOffered);
+            return std::to_string(searchRange::maxMachines);
         case Input::superheatKind:
             return keyOf(atFirst.SuperHeatType);
         case Input::economizerMode:
@@ -130,9 +124,9 @@ SelectionInputs::SelectionInputs(const SelectionKind& kind) : kind_(kind) {
     set(Input::oilCooling, atFirst.OilCooling);
     if (kind.hasInverter) set(Input::frequency, static_cast<double>(atFirst.InverterFrequency));
     set(Input::capacity, firstCapacity);
-    set(Input::toleranceBelow, firstBelow);
-    set(Input::toleranceAbove, firstAbove);
-    for (int machines = 1; machines <= mostMachinesOffered; ++machines)
+    set(Input::toleranceBelow, -searchRange::usualBelow);
+    set(Input::toleranceAbove, searchRange::usualAbove);
+    for (int machines = 1; machines <= searchRange::maxMachines; ++machines)
         for (const Input limit : {Input::minMachines, Input::maxMachines})
             at(limit).choices.push_back({std::to_string(machines), std::to_string(machines)});
     keepEconomizerValue(approachMode);
@@ -501,11 +495,11 @@ std::optional<SelectionInputs::Bounds> SelectionInputs::exceededBounds(Input inp
     } else if (input == Input::frequency) {
         bounds = {clsInverter::minimumFrequency, clsInverter::maximumFrequency};
     } else if (input == Input::capacity) {
-        bounds = {leastCapacity, mostCapacity};
+        bounds = {searchRange::minCapacity, searchRange::maxCapacity};
     } else if (input == Input::toleranceBelow) {
-        bounds = {-mostBelow, 0};
+        bounds = {-searchRange::maxBelow, 0};
     } else if (input == Input::toleranceAbove) {
-        bounds = {0, mostAbove};
+        bounds = {0, searchRange::maxAbove};
     } else {
         return std::nullopt;
     }

@@ -1,23 +1,15 @@
 #include "results/AdviceTexts.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "data/DictionaryTexts.h"
-#include "data/Texts.h"
+#include "data/Numbers.h"
 #include "engine/SelectionRules.h"
 #include "results/ReportLines.h"
 
 namespace marvello {
 
 namespace {
-
-std::string filled(std::string_view key, const std::string& first, const std::string& second = {}) {
-    std::string text = dictionaryText(key);
-    replaceAll(text, "{0}", first);
-    replaceAll(text, "{1}", second);
-    return text;
-}
 
 std::string nameOf(AdvisedInput input, const clsProjectConditions& conditions) {
     switch (input) {
@@ -68,7 +60,8 @@ std::string textOf(const Advice& advice, const clsProjectConditions& conditions,
     const std::string value = withUnit(formatNumber(advice.value, "#0.0", marks),
                                        unitText(quantityOf(advice.input, conditions), units));
     if (!advice.isLasting) return name + ' ' + value;
-    return filled(advice.change < 0 ? "messages.advice.lower" : "messages.advice.higher", name, value);
+    return dictionaryText(advice.change < 0 ? "messages.advice.lower" : "messages.advice.higher",
+                          {name, value});
 }
 
 std::string stepOf(const Advice& advice, const clsProjectConditions& conditions, UnitSystem units,
@@ -92,7 +85,7 @@ std::string fateOfOthers(const std::vector<MessageAdvice>& all, const Advice& ad
         return dictionaryText(others == 1 ? "messages.advice.keepsother" : "messages.advice.keepsall");
     if (ended == others)
         return dictionaryText(others == 1 ? "messages.advice.endsother" : "messages.advice.endsall");
-    return filled("messages.advice.endssome", std::to_string(ended), std::to_string(others));
+    return dictionaryText("messages.advice.endssome", {std::to_string(ended), std::to_string(others)});
 }
 
 /// The next lesser messages that come with it; those that come with any calculation are of no interest.
@@ -102,7 +95,7 @@ std::string broughtWith(const MessageId& message, const Advice& advice) {
     for (const MessageId& brought : advice.brings)
         if (brought.severity == lesser && !isWhateverTheInputs(brought.key))
             texts += (texts.empty() ? "" : " ") + dictionaryText(brought.key);
-    return texts.empty() ? texts : filled("messages.advice.brings", texts);
+    return texts.empty() ? texts : dictionaryText("messages.advice.brings", {texts});
 }
 
 }  // namespace

@@ -41,8 +41,7 @@ double powerPerTon(const clsCompressor& compressor) {
 
 /// To the application limit; below 0 outside of it.
 double marginOf(const clsCompressor& compressor) {
-    const clsVariables& v = compressor.Variables;
-    const auto margin = applicationMargin(compressor.limits, v[var::Ted], v[var::Tcd]);
+    const auto margin = applicationMargin(compressor);
     if (!margin) throw VariableError("There is no margin.");
     return margin->kelvin;
 }

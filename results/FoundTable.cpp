@@ -14,6 +14,8 @@
 #include "engine/Statements.h"
 #include "results/MarginTexts.h"
 #include "results/RefrigerantTexts.h"
+#include "results/ReportLines.h"
+#include "thermo/EnteredQuantity.h"
 
 namespace marvello {
 
@@ -50,7 +52,7 @@ bool passes(const FindResult& result, const Candidate& candidate, FoundFilter fi
         case FoundFilter::onInverter:
             return isOnInverter(candidate);
         case FoundFilter::lowGwp:
-            return facts().gwpAr4.value_or(greatestGwp + 1) <= greatestGwp;
+            return facts().gwpAr4.value_or(maxGwp + 1) <= maxGwp;
         case FoundFilter::notFlammable:
             return facts().safetyClass == notFlammableClass;
         case FoundFilter::bestOfEach:
@@ -145,14 +147,6 @@ ShownValue shownSpeed(const Candidate& candidate, const NumberMarks& marks) {
     return shown(speedOf(candidate), onePlace, marks);
 }
 
-std::string degrees(const FoundStyle& style) {
-    return dictionaryText("general.variable03") + (style.units == UnitSystem::imperial ? 'F' : 'C');
-}
-
-std::string capacityUnit(const FoundStyle& style) {
-    return style.units == UnitSystem::imperial ? "Tons" : "kW";
-}
-
 std::string reasonText(const Rejection& rejection) {
     switch (rejection.reason) {
         case Rejection::Reason::tooSmall:
@@ -177,28 +171,27 @@ void FoundOrder::clicked(const std::string& clicked) {
 
 std::vector<ResultColumn> foundColumns(double needed, const FoundStyle& style) {
     const auto text = [](const char* key) { return dictionaryText(key); };
-    const auto help = text;
-    const bool isImperial = style.units == UnitSystem::imperial;
-    const std::string need =
-        formatNumber(convertedCapacity(needed, UnitSystem::metric, style.units), "#0.##", style.marks) + ' ' +
-        capacityUnit(style);
-    std::string from = text("find.column.deviation.from");
-    replaceAll(from, "{0}", need);
-    return {{nameColumn, text("variables.compressor.name"), "", help("find.column.compressor.help")},
+    const auto unit = [&](Quantity quantity) { return unitText(quantity, style.units); };
+    const double need = convertedCapacity(needed, UnitSystem::metric, style.units);
+    const std::string from =
+        dictionaryText("find.column.deviation.from",
+                       {withUnit(formatNumber(need, "#0.##", style.marks), unit(Quantity::power))});
+    return {{nameColumn, text("variables.compressor.name"), "", text("find.column.compressor.help")},
             {foundColumn::refrigerant, text("find.column.refrigerant"), text("find.column.refrigerant.facts"),
-             help("find.column.refrigerant.help")},
-            {foundColumn::capacity, text("find.column.capacity"), capacityUnit(style),
-             help("find.column.capacity.help")},
-            {foundColumn::deviation, text("find.column.deviation"), from, help("find.column.deviation.help")},
-            {foundColumn::power, text("find.column.power"), "kW", help("find.column.power.help")},
-            {foundColumn::cop, "COP", "", help("find.column.cop.help")},
-            {foundColumn::speed, text("find.column.speed"), "Hz", help("find.column.speed.help")},
-            {foundColumn::discharge, text("find.column.discharge"), degrees(style),
-             help("find.column.discharge.help")},
-            {foundColumn::margin, text("find.column.margin"), isImperial ? degrees(style) : "K",
-             help("find.column.margin.help")},
+             text("find.column.refrigerant.help")},
+            {foundColumn::capacity, text("find.column.capacity"), unit(Quantity::power),
+             text("find.column.capacity.help")},
+            {foundColumn::deviation, text("find.column.deviation"), from, text("find.column.deviation.help")},
+            {foundColumn::power, text("find.column.power"), "kW", text("find.column.power.help")},
+            {foundColumn::cop, "COP", "", text("find.column.cop.help")},
+            {foundColumn::speed, text("find.column.speed"), unit(Quantity::frequency),
+             text("find.column.speed.help")},
+            {foundColumn::discharge, text("find.column.discharge"), unit(Quantity::temperature),
+             text("find.column.discharge.help")},
+            {foundColumn::margin, text("find.column.margin"), unit(Quantity::temperatureDifference),
+             text("find.column.margin.help")},
             {foundColumn::nearestLimit, text("find.column.nearestlimit"), "",
-             help("find.column.nearestlimit.help")}};
+             text("find.column.nearestlimit.help")}};
 }
 
 std::vector<const Candidate*> listed(const FindResult& result, const FoundFilters& filters,

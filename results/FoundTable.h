@@ -19,11 +19,11 @@ enum class FoundFilter : std::uint8_t {
     withoutWarnings,
     oneMachine,
     onInverter,
-    lowGwp,  ///< at most greatestGwp, by AR4; a refrigerant without a figure is left out
+    lowGwp,  ///< at most maxGwp, by AR4; a refrigerant without a figure is left out
     notFlammable,
 };
 using FoundFilters = std::set<FoundFilter>;
-inline constexpr double greatestGwp = 750;
+inline constexpr double maxGwp = 750;
 
 /// What a list of solutions can be limited to by its values.
 enum class FoundFact : std::uint8_t { refrigerant, safetyClass, series };

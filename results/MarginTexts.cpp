@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "data/DictionaryTexts.h"
-#include "data/Texts.h"
 #include "results/EnvelopeTexts.h"
 #include "results/ReportLines.h"
 #include "thermo/EnteredQuantity.h"
@@ -24,21 +23,11 @@ std::string differenceText(double kelvin, bool isUp, UnitSystem units, const Num
                     unitText(Quantity::temperatureDifference, units));
 }
 
-std::string filled(std::string_view key, const std::string& argument) {
-    std::string text = dictionaryText(key);
-    replaceAll(text, "{0}", argument);
-    return text;
-}
-
-/// On the safe side: what is left rounded down, what is missed rounded up.
+/// On the safe side: what is left rounded down, what is missed rounded up. A note misses nothing.
 std::string distanceOf(const Margin& margin, UnitSystem units, const NumberMarks& marks) {
-    if (margin.kelvin >= 0) return differenceText(margin.kelvin, false, units, marks);
-    return filled("messages.margin.over", differenceText(-margin.kelvin, true, units, marks));
-}
-
-std::optional<Margin> applicationMarginOf(const clsCompressor& compressor) {
-    const clsVariables& v = compressor.Variables;
-    return applicationMargin(compressor.limits, v[var::Ted], v[var::Tcd]);
+    if (margin.kelvin >= 0 || margin.severity == Severity::information)
+        return differenceText(std::abs(margin.kelvin), false, units, marks);
+    return dictionaryText("messages.margin.over", {differenceText(-margin.kelvin, true, units, marks)});
 }
 
 std::string temperatureText(double celsius, UnitSystem units, const NumberMarks& marks) {
@@ -47,18 +36,16 @@ std::string temperatureText(double celsius, UnitSystem units, const NumberMarks&
 }
 
 std::string beyondApplication(const clsCompressor& compressor, UnitSystem units, const NumberMarks& marks) {
-    const auto margin = applicationMarginOf(compressor);
+    const auto margin = applicationMargin(compressor);
     if (!margin || margin->kelvin >= 0) return {};
-    return filled("messages.margin.beyond", differenceText(-margin->kelvin, true, units, marks));
+    return dictionaryText("messages.margin.beyond", {differenceText(-margin->kelvin, true, units, marks)});
 }
 
 std::string hotDischarge(const clsCompressor& compressor, UnitSystem units, const NumberMarks& marks) {
     const clsVariables& v = compressor.Variables;
     if (!v.isSet(var::T21) || !v.isSet(var::OC) || v[var::T21] <= v[var::OC]) return {};
-    std::string text = dictionaryText("messages.margin.discharge");
-    replaceAll(text, "{0}", temperatureText(v[var::T21], units, marks));
-    replaceAll(text, "{1}", temperatureText(v[var::OC], units, marks));
-    return text;
+    return dictionaryText("messages.margin.discharge", {temperatureText(v[var::T21], units, marks),
+                                                        temperatureText(v[var::OC], units, marks)});
 }
 
 }  // namespace
@@ -81,7 +68,7 @@ std::vector<ShownMargin> shownMargins(const clsCompressor& compressor, const cls
                                       UnitSystem units, const NumberMarks& marks) {
     constexpr double farthest = 20;  // K
     std::vector<Margin> margins = limitMargins(compressor, conditions);
-    if (const auto margin = applicationMarginOf(compressor)) margins.insert(margins.begin(), *margin);
+    if (const auto margin = applicationMargin(compressor)) margins.insert(margins.begin(), *margin);
     std::ranges::stable_sort(margins, {}, [](const Margin& margin) { return std::abs(margin.kelvin); });
     std::vector<ShownMargin> shown;
     for (const Margin& margin : margins) {
@@ -94,7 +81,7 @@ std::vector<ShownMargin> shownMargins(const clsCompressor& compressor, const cls
 }
 
 std::string marginLine(const clsCompressor& compressor, UnitSystem units, const NumberMarks& marks) {
-    const auto margin = applicationMarginOf(compressor);
+    const auto margin = applicationMargin(compressor);
     if (!margin) return {};
     const clsLimit& limit = *compressor.limits.GetLimitType(margin->limitType);
     return nameOfLimit(limit) + ": " + distanceOf(*margin, units, marks) + " (" +

@@ -14,7 +14,7 @@ namespace marvello {
 struct ShownMargin {
     int limitType = 0;
     std::string name;       ///< "Application limit"
-    std::string distance;   ///< "9.8 K", or "over by 0.5 K" where its message is raised
+    std::string distance;   ///< "9.8 K", or "over by 0.5 K" where its error or warning is raised
     std::string direction;  ///< "T. C. higher"
 };
 

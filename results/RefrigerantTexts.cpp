@@ -1,19 +1,19 @@
 #include "results/RefrigerantTexts.h"
 
 #include "data/DictionaryTexts.h"
-#include "data/Texts.h"
+#include "results/ReportLines.h"
+#include "thermo/EnteredQuantity.h"
 
 namespace marvello {
 
 namespace {
 
 /// A temperature or a difference of temperatures, in the units of the user.
-std::string temperatureText(std::optional<double> fact, UnitRule convert, std::string_view metricUnit,
-                            UnitSystem units, const NumberMarks& marks) {
+std::string temperatureText(std::optional<double> fact, Quantity quantity, UnitSystem units,
+                            const NumberMarks& marks) {
     if (!fact) return unknownFact;
-    const bool isImperial = units == UnitSystem::imperial;
-    return formatNumber(convert(*fact, UnitSystem::metric, units), degreesPattern, marks) + ' ' +
-           (isImperial ? dictionaryText("general.variable03") + 'F' : std::string(metricUnit));
+    const double shown = conversionOf(quantity)(*fact, UnitSystem::metric, units);
+    return withUnit(formatNumber(shown, degreesPattern, marks), unitText(quantity, units));
 }
 
 }  // namespace
@@ -26,10 +26,8 @@ std::string factText(const std::string& fact) { return fact.empty() ? unknownFac
 
 std::string shortFacts(const RefrigerantFacts& facts, const NumberMarks& marks) {
     if (facts.safetyClass.empty() && !facts.gwpAr4) return unknownFact;
-    std::string text = dictionaryText("technicaldata.refrigerant.short");
-    replaceAll(text, "{0}", factText(facts.safetyClass));
-    replaceAll(text, "{1}", factText(facts.gwpAr4, gwpPattern, marks));
-    return text;
+    return dictionaryText("technicaldata.refrigerant.short",
+                          {factText(facts.safetyClass), factText(facts.gwpAr4, gwpPattern, marks)});
 }
 
 std::vector<TechnicalEntry> factEntries(const RefrigerantFacts& facts, UnitSystem units,
@@ -39,15 +37,14 @@ std::vector<TechnicalEntry> factEntries(const RefrigerantFacts& facts, UnitSyste
                             factText(facts.gwpAr5, gwpPattern, marks) + " / " +
                             factText(facts.gwpAr6, gwpPattern, marks);
     const auto temperature = [&](const std::optional<double>& fact) {
-        return temperatureText(fact, convertedTemperature, dictionaryText("general.variable03") + 'C', units,
-                               marks);
+        return temperatureText(fact, Quantity::temperature, units, marks);
     };
     return {{dictionaryText("technicaldata.safetyclass.caption"), factText(facts.safetyClass)},
             {dictionaryText("technicaldata.gwp.caption"), hasGwp ? gwp : unknownFact},
             {dictionaryText("technicaldata.odp.caption"), factText(facts.odp, odpPattern, marks)},
             {dictionaryText("technicaldata.boilingpoint.caption"), temperature(facts.boilingPoint)},
             {dictionaryText("technicaldata.glide.caption"),
-             temperatureText(facts.glide, convertedDifference, "K", units, marks)},
+             temperatureText(facts.glide, Quantity::temperatureDifference, units, marks)},
             {dictionaryText("technicaldata.criticaltemperature.caption"),
              temperature(facts.criticalTemperature)}};
 }

@@ -10,8 +10,6 @@ namespace marvello {
 namespace {
 
 constexpr const char* all = "*";
-constexpr double greatestBelow = 100;  // percent
-constexpr double greatestAbove = 1000;
 
 int numberOf(const std::string& key) {
     int number = 0;
@@ -90,10 +88,11 @@ SelectionOfCandidate selectionOf(const SelectionInputs& inputs, const Candidate&
 std::optional<WiderTolerance> widerTolerance(const Candidate& nearest) {
     const double percent = std::ceil(std::abs(nearest.deviation));
     if (nearest.deviation < 0)
-        return percent <= greatestBelow ? std::optional(WiderTolerance{Input::toleranceBelow, -percent})
-                                        : std::nullopt;
-    return percent <= greatestAbove ? std::optional(WiderTolerance{Input::toleranceAbove, percent})
-                                    : std::nullopt;
+        return percent <= searchRange::maxBelow
+                   ? std::optional(WiderTolerance{Input::toleranceBelow, -percent})
+                   : std::nullopt;
+    return percent <= searchRange::maxAbove ? std::optional(WiderTolerance{Input::toleranceAbove, percent})
+                                            : std::nullopt;
 }
 
 }  // namespace marvello

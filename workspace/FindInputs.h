@@ -7,7 +7,7 @@
 
 namespace marvello {
 
-/// The input that keeps a search from beginning; none if there is none.
+/// Returns the first input that a search cannot begin with; none if all are in order.
 std::optional<Input> unusableInput(const SelectionInputs& inputs);
 
 /// Returns what the inputs of a search ask for, in metric units.
@@ -20,12 +20,12 @@ struct SelectionOfCandidate {
 };
 SelectionOfCandidate selectionOf(const SelectionInputs& inputs, const Candidate& candidate);
 
-/// Returns the tolerance, below or above, with which a search would have that solution, in percent with its
-/// sign; none beyond what can be entered.
+/// A tolerance, below or above, in percent with its sign.
 struct WiderTolerance {
     Input input;
     double percent;
 };
+/// Returns the tolerance with which a search would have that solution; none beyond what can be entered.
 std::optional<WiderTolerance> widerTolerance(const Candidate& nearest);
 
 }  // namespace marvello

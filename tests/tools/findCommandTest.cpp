@@ -94,7 +94,7 @@ TEST(find, SaysWhatItPutBackAndWhatIsNearest) {
     const std::string said =
         find(std::string(point) + "--eco-mode 1 --eco 5 --series 'mv-g;tk-a'", Listen::errors).out;
     EXPECT_THAT(said, HasSubstr("MV-G: no economizer"));
-    const Answer none = find("--capacity 1e6 --ted 2 --tcd 40", Listen::errors);
+    const Answer none = find("--capacity 1e5 --ted 2 --tcd 40", Listen::errors);
     EXPECT_EQ(none.status, 1);
     EXPECT_THAT(none.out, HasSubstr("the nearest is 4 x TK-"));
     const Answer object = find("--capacity 1 --ted 2 --tcd 40 --refrigerants R134A --format json");
@@ -109,14 +109,14 @@ TEST(find, RefusesWithASentence) {
     for (const auto& [arguments, sentence, status] :
          {std::tuple{"--ted 2 --tcd 40", "capacity is missing", 2},
           {"--capacity 100 --ted 2", "tcd is missing", 2},
-          {"--capacity -5 --ted 2 --tcd 40", "capacity: \"-5\" is not a number above 0", 2},
+          {"--capacity -5 --ted 2 --tcd 40", "capacity: \"-5\" is outside the range of 0.1 to 100000 kW", 2},
           {"--capacity many --ted 2 --tcd 40", "capacity: \"many\" is not", 2},
-          {"--capacity 9e9 --ted 2 --tcd 40", "up to 1000000 kW", 2},
+          {"--capacity 9e9 --ted 2 --tcd 40", "outside the range of 0.1 to", 2},
           {"--capacity 9 --ted 50 --tcd 40", "ted: \"50\" is above the condensing temperature", 2},
           {"--capacity 9 --ted 2 --tcd 140 --refrigerants r134a", "no saturation state at \"140\"", 2},
           {"--capacity 9 --ted 2 --tcd 40 --machines 5", "machines: \"5\" is not", 2},
           {"--capacity 9 --ted 2 --tcd 40 --machines 3-2", "machines: \"3-2\" is not", 2},
-          {"--capacity 9 --ted 2 --tcd 40 --below 101", "below: \"101\" is not a number from 0 to 100 %", 2},
+          {"--capacity 9 --ted 2 --tcd 40 --below 101", "below: \"101\" is outside the range of 0 to 100 %", 2},
           {"--capacity 9 --ted 2 --tcd 40 --sort size", "cop, deviation, power, capacity, margin", 2},
           {"--capacity 9 --ted 2 --tcd 40 --format xml", "format: \"xml\"", 2},
           {"--capacity 9 --ted 2 --tcd 40 --refrigerants 'R134A;R1'", "no refrigerant R1", 1},

@@ -52,7 +52,7 @@ int FindCommand::run() const {
         return command_->count("--" + std::string(name)) > 0;
     };
     FindQuestion question;
-    question.request.maxMachines = mostMachines;
+    question.request.maxMachines = searchRange::maxMachines;
     for (const FindOption& option : findOptions())
         if (isStated(option.name)) readOption(question, option, given_.at(std::string(option.name)));
     Request base;

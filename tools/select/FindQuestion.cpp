@@ -14,21 +14,9 @@ namespace marvello::select {
 
 namespace {
 
-/// Reads a number from `low` to `high`.
-double numberIn(const std::string& text, double low, double high, const char* unit) {
-    const auto value = storedNumber(text);
-    if (!value || !(*value >= low && *value <= high))
-        throw BadRequest("\"" + text + "\" is not a number from " + storedText(low) + " to " +
-                         storedText(high) + " " + unit);
-    return *value;
-}
-
-int wholeNumberIn(const std::string& text, int low, int high, const std::string& what) {
-    const auto value = storedNumber(text);
-    if (!value || *value < low || *value > high || *value != std::floor(*value))
-        throw BadRequest("\"" + text + "\" is not " + what);
-    return static_cast<int>(*value);
-}
+constexpr Range capacities{searchRange::minCapacity, searchRange::maxCapacity, "kW"};
+constexpr Range deviationsBelow{0, searchRange::maxBelow, "%"};
+constexpr Range deviationsAbove{0, searchRange::maxAbove, "%"};
 
 template <class Value, std::size_t count>
 Value wordOf(const std::string& text, const std::array<std::pair<const char*, Value>, count>& words) {
@@ -48,40 +36,31 @@ std::vector<std::string> namesIn(const std::string& text) {
     return names;
 }
 
-void readCapacity(FindQuestion& question, const std::string& text) {
-    constexpr int most = 1'000'000;
-    const auto value = storedNumber(text);
-    if (!value || !(*value > 0 && *value <= most))
-        throw BadRequest("\"" + text + "\" is not a number above 0 and up to " + std::to_string(most) +
-                         " kW");
-    question.request.needed = *value;
-}
-
-void readMachines(FindQuestion& question, const std::string& text) {
-    const std::string what = "a number of machines from 1 to " + std::to_string(mostMachines) +
-                             ", or two such as 1-" + std::to_string(mostMachines);
+void readMachines(FindQuestion& question, const std::string& text) try {
     const auto parts = splitText(text, '-');
-    const auto number = [&](const std::string& part) {
-        try {
-            return wholeNumberIn(part, 1, mostMachines, what);
-        } catch (const BadRequest&) {
-            throw BadRequest("\"" + text + "\" is not " + what);
-        }
+    const auto number = [](const std::string& part) {
+        return static_cast<int>(wholeNumberIn(part, 1, searchRange::maxMachines));
     };
     question.request.minMachines = number(parts.front());
     question.request.maxMachines = number(parts.back());
     if (parts.size() > 2 || question.request.minMachines > question.request.maxMachines)
-        throw BadRequest("\"" + text + "\" is not " + what);
+        throw BadRequest("not in order");
+} catch (const BadRequest&) {
+    const std::string maximum = std::to_string(searchRange::maxMachines);
+    throw BadRequest("\"" + text + "\" is not a number of machines from 1 to " + maximum +
+                     ", or two such as 1-" + maximum);
 }
 
 constexpr std::array options = {
-    FindOption{"capacity", "needed capacity, kW", readCapacity},
+    FindOption{
+        "capacity", "needed capacity, kW",
+        [](FindQuestion& q, const std::string& text) { q.request.needed = numberIn(text, capacities); }},
     FindOption{
         "below", "permitted deviation below, % (5)",
-        [](FindQuestion& q, const std::string& text) { q.request.below = numberIn(text, 0, 100, "%"); }},
+        [](FindQuestion& q, const std::string& text) { q.request.below = numberIn(text, deviationsBelow); }},
     FindOption{
         "above", "permitted deviation above, % (20)",
-        [](FindQuestion& q, const std::string& text) { q.request.above = numberIn(text, 0, 1000, "%"); }},
+        [](FindQuestion& q, const std::string& text) { q.request.above = numberIn(text, deviationsAbove); }},
     FindOption{"refrigerants", "refrigerants joined with \";\" (all)",
                [](FindQuestion& q, const std::string& text) { q.request.refrigerants = namesIn(text); }},
     FindOption{"series", "series joined with \";\" (all)",
@@ -103,9 +82,7 @@ constexpr std::array options = {
                }},
     FindOption{"limit", "candidates that are written, 0 for all (20)",
                [](FindQuestion& q, const std::string& text) {
-                   constexpr int most = 1'000'000;
-                   q.limit = static_cast<std::size_t>(
-                       wholeNumberIn(text, 0, most, "a whole number from 0 to " + std::to_string(most)));
+                   q.limit = static_cast<std::size_t>(wholeNumberIn(text, 0, 1'000'000));
                }},
 };
 

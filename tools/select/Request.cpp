@@ -15,11 +15,6 @@ namespace {
 
 using Conditions = clsProjectConditions;
 
-struct Range {
-    double minimum, maximum;
-    const char* unit;
-};
-
 // What the rules of the engine judge is wider than what the forms offer; these bounds keep out what can be no
 // operating point at all.
 constexpr Range superheat{0, 100, "K"};
@@ -33,7 +28,8 @@ constexpr Range inverterFrequency{clsInverter::minimumFrequency, clsInverter::ma
 std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
 std::string rangeText(const Range& range) {
-    return storedText(range.minimum) + " to " + storedText(range.maximum) + " " + range.unit;
+    const auto text = [](double value) { return formatNumber(value, "#0.##"); };
+    return text(range.minimum) + " to " + text(range.maximum) + " " + range.unit;
 }
 
 std::string wordOf(const std::string& word) { return word; }
@@ -64,11 +60,8 @@ void readReal(Request& request, const std::string& text, const Choices&) {
 
 template <auto member, const Range& range>
 void readInRange(Request& request, const std::string& text, const Choices&) {
-    const auto value = storedNumber(text);
-    if (!value) throw BadRequest(quoted(text) + " is not a number from " + rangeText(range));
-    checkRange(text, *value, range);
     auto& target = request.conditions.*member;
-    target = static_cast<std::remove_reference_t<decltype(target)>>(*value);
+    target = static_cast<std::remove_reference_t<decltype(target)>>(numberIn(text, range));
 }
 
 template <class Allowed>
@@ -200,6 +193,22 @@ void checkTemperatures(const Request& request, const SaturationRange& range) {
         case TemperatureFault::none:
             break;
     }
+}
+
+double numberIn(const std::string& text, const Range& range) {
+    const auto value = storedNumber(text);
+    if (!value) throw BadRequest(quoted(text) + " is not a number from " + rangeText(range));
+    checkRange(text, *value, range);
+    return *value;
+}
+
+long long wholeNumberIn(const std::string& text, long long minimum, long long maximum) {
+    const auto value = storedNumber(text);
+    if (!value || *value < static_cast<double>(minimum) || *value > static_cast<double>(maximum) ||
+        *value != std::floor(*value))
+        throw BadRequest(quoted(text) + " is not a whole number from " + std::to_string(minimum) + " to " +
+                         std::to_string(maximum));
+    return static_cast<long long>(*value);
 }
 
 std::string notOneOf(std::string_view option, const std::string& value,

@@ -54,6 +54,16 @@ void checkRequest(const Request& request);
 /// Throws BadRequest for temperatures without saturation state, or in the wrong order.
 void checkTemperatures(const Request& request, const SaturationRange& range);
 
+/// A permitted range of numbers, both ends included.
+struct Range {
+    double minimum, maximum;
+    const char* unit;
+};
+/// Reads a number of a range. Throws BadRequest with the value and what is allowed.
+double numberIn(const std::string& text, const Range& range);
+/// Reads a whole number. Throws BadRequest in the same way.
+long long wholeNumberIn(const std::string& text, long long minimum, long long maximum);
+
 /// The sentence that refuses a value: option, value and what is allowed.
 std::string notOneOf(std::string_view option, const std::string& value,
                      const std::vector<std::string>& allowed);

@@ -41,12 +41,10 @@ struct Arguments {
 };
 
 /// Reads a whole number from 1 on.
-long long wholeNumber(const std::string& option, const std::string& text, long long most) {
-    const auto number = storedNumber(text);
-    if (!number || *number < 1 || *number > static_cast<double>(most) || *number != std::floor(*number))
-        throw BadRequest(option + ": \"" + text + "\" is not a whole number from 1 to " +
-                         std::to_string(most));
-    return static_cast<long long>(*number);
+long long wholeNumber(const std::string& option, const std::string& text, long long maximum) try {
+    return wholeNumberIn(text, 1, maximum);
+} catch (const BadRequest& fault) {
+    throw BadRequest(option + ": " + fault.what());
 }
 
 /// As many as there are processors if nothing is said.
