@@ -10,6 +10,7 @@
 #include "catalogue/SeriesTraits.h"
 #include "data/Arithmetic.h"
 #include "data/CollectedBoxes.h"
+#include "engine/PermittedConditions.h"
 #include "engine/SelectionRules.h"
 
 namespace marvello {
@@ -111,15 +112,8 @@ class Adviser {
     }
 
   private:
-    bool permits(Selector selector) const {
-        const unsigned mask =
-            permittedSelectors(*compressor_.traits, refrigerantTraits(compressor_.Refrigerant));
-        return compressor_.hasInvert || allows(mask, selector);  // the form of inverters has all
-    }
-
     double shown(AdvisedInput input, double metric) const {
-        const UnitRule convert = conversionOf(quantityOf(input, conditions_));
-        return convert ? convert(metric, UnitSystem::metric, units_) : metric;
+        return inUnits(input, metric, conditions_, units_);
     }
 
     std::vector<Range> rangesFor(const clsCompressor& calculated) const;
@@ -177,7 +171,7 @@ class Adviser {
 std::vector<Range> Adviser::rangesFor(const clsCompressor& calculated) const {
     constexpr long temperatureStep = 5;
     constexpr long otherStep = 10;
-    constexpr double mostSubcooling = 30;  // K; the rules say what is too much
+    constexpr double maxSubcooling = 30;  // K; the rules say what is too much
     std::vector<Range> ranges;
     const auto add = [&](AdvisedInput input, double low, double high, long step) {
         ranges.push_back({input, shown(input, low), shown(input, high), step});
@@ -192,7 +186,7 @@ std::vector<Range> Adviser::rangesFor(const clsCompressor& calculated) const {
     const double noSuperheat = isDifference ? 0 : conditions_.TEvaporatingDew;
     add(AdvisedInput::superheat, noSuperheat,
         noSuperheat + refrigerantTraits(compressor_.Refrigerant).maxSuperheat, otherStep);
-    add(AdvisedInput::subcooling, 0, std::max(mostSubcooling, conditions_.SubCooling), otherStep);
+    add(AdvisedInput::subcooling, 0, std::max(maxSubcooling, conditions_.SubCooling), otherStep);
     if (compressor_.hasInvert)
         add(AdvisedInput::frequency, clsInverter::minimumFrequency, clsInverter::maximumFrequency, otherStep);
     if (const auto range = economizerRange(calculated)) ranges.push_back(*range);
@@ -203,7 +197,7 @@ std::optional<Range> Adviser::economizerRange(const clsCompressor& calculated) c
     constexpr double minApproach = 0.1;  // K
     constexpr double maxApproach = 40;
     constexpr double steps = 40;  // over a range of capacities, which may be some kW or thousands
-    if (!compressor_.Economizer.hasPort() || !permits(Selector::economizer)) return std::nullopt;
+    if (!compressor_.Economizer.hasPort() || !permits(compressor_, Selector::economizer)) return std::nullopt;
     const auto input = AdvisedInput::economizer;
     if (conditions_.EcoCalculateMode == EconomizerMode::approach)
         return Range{input, shown(input, minApproach), shown(input, maxApproach), 10};
@@ -217,16 +211,17 @@ std::optional<Range> Adviser::economizerRange(const clsCompressor& calculated) c
 std::vector<std::pair<AdvisedInput, std::vector<int>>> Adviser::choicesFor(
     const clsCompressor& calculated) const {
     std::vector<std::pair<AdvisedInput, std::vector<int>>> choices;
-    if (compressor_.hasFullSmallMotor && permits(Selector::motorSize)) {
+    if (compressor_.hasFullSmallMotor && permits(compressor_, Selector::motorSize)) {
         const bool isFull = calculated.Motor.MotorType == MotorChoice::full;
         choices.push_back(
             {AdvisedInput::motorSize, {codeOf(isFull ? MotorChoice::small : MotorChoice::full)}});
     }
     // The limit of the catalogue alone: one that is given further up, or none at all, would end the message
     // and not what it warns of.
-    if (conditions_.OilCoolingCalculateMode == OilCoolingMode::givenLimit && permits(Selector::oilCooling))
+    if (conditions_.OilCoolingCalculateMode == OilCoolingMode::givenLimit &&
+        permits(compressor_, Selector::oilCooling))
         choices.push_back({AdvisedInput::oilCoolingMode, {codeOf(OilCoolingMode::catalogueLimit)}});
-    if (permits(Selector::stepCapacity)) {
+    if (permits(compressor_, Selector::stepCapacity)) {
         std::vector<int> steps(capacitySteps.begin(), capacitySteps.end());
         std::erase(steps, conditions_.StepCapacity);
         std::ranges::stable_sort(steps, {},

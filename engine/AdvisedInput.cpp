@@ -1,36 +1,49 @@
 #include "engine/AdvisedInput.h"
 
+#include <array>
+#include <type_traits>
+
 #include "data/Arithmetic.h"
 
 namespace marvello {
 
 namespace {
 
-double metricValueOf(AdvisedInput input, const clsProjectConditions& conditions) {
-    switch (input) {
-        case AdvisedInput::evaporating:
-            return conditions.TEvaporatingDew;
-        case AdvisedInput::condensing:
-            return conditions.TCondensationDew;
-        case AdvisedInput::superheat:
-            return conditions.SuperHeat;
-        case AdvisedInput::subcooling:
-            return conditions.SubCooling;
-        case AdvisedInput::economizer:
-            return conditions.Eco;
-        case AdvisedInput::frequency:
-            return static_cast<double>(conditions.InverterFrequency);
-        case AdvisedInput::motorSize:
-            return codeOf(conditions.MotorSize);
-        case AdvisedInput::oilCoolingMode:
-            return codeOf(conditions.OilCoolingCalculateMode);
-        case AdvisedInput::capacityStep:
-            break;
-    }
-    return conditions.StepCapacity;
+using Conditions = clsProjectConditions;
+
+struct Definition {
+    std::string_view name;
+    double (*value)(const Conditions& conditions);
+    void (*set)(Conditions& conditions, double value);
+};
+
+/// The input that a member of the conditions holds, in metric units.
+template <auto member>
+constexpr Definition definition(std::string_view name) {
+    using Value = std::remove_reference_t<decltype(Conditions().*member)>;
+    return {name, [](const Conditions& conditions) { return static_cast<double>(conditions.*member); },
+            [](Conditions& conditions, double value) {
+                if constexpr (std::is_floating_point_v<Value>)
+                    conditions.*member = static_cast<Value>(value);
+                else
+                    conditions.*member = static_cast<Value>(roundedToInteger(value));
+            }};
 }
 
-double converted(double value, AdvisedInput input, const clsProjectConditions& conditions, UnitSystem from,
+/// In the order of AdvisedInput.
+constexpr std::array definitions{definition<&Conditions::TEvaporatingDew>("ted"),
+                                 definition<&Conditions::TCondensationDew>("tcd"),
+                                 definition<&Conditions::SuperHeat>("sh"),
+                                 definition<&Conditions::SubCooling>("sc"),
+                                 definition<&Conditions::Eco>("eco"),
+                                 definition<&Conditions::InverterFrequency>("frequency"),
+                                 definition<&Conditions::MotorSize>("motor-size"),
+                                 definition<&Conditions::OilCoolingCalculateMode>("oc-mode"),
+                                 definition<&Conditions::StepCapacity>("step")};
+
+const Definition& definitionOf(AdvisedInput input) { return definitions.at(static_cast<std::size_t>(input)); }
+
+double converted(double value, AdvisedInput input, const Conditions& conditions, UnitSystem from,
                  UnitSystem to) {
     const UnitRule convert = conversionOf(quantityOf(input, conditions));
     return convert ? convert(value, from, to) : value;
@@ -38,33 +51,11 @@ double converted(double value, AdvisedInput input, const clsProjectConditions& c
 
 }  // namespace
 
-std::string_view nameOf(AdvisedInput input) {
-    switch (input) {
-        case AdvisedInput::evaporating:
-            return "ted";
-        case AdvisedInput::condensing:
-            return "tcd";
-        case AdvisedInput::superheat:
-            return "sh";
-        case AdvisedInput::subcooling:
-            return "sc";
-        case AdvisedInput::economizer:
-            return "eco";
-        case AdvisedInput::frequency:
-            return "frequency";
-        case AdvisedInput::motorSize:
-            return "motor-size";
-        case AdvisedInput::oilCoolingMode:
-            return "oc-mode";
-        case AdvisedInput::capacityStep:
-            break;
-    }
-    return "step";
-}
+std::string_view nameOf(AdvisedInput input) { return definitionOf(input).name; }
 
 bool isChoice(AdvisedInput input) { return input >= AdvisedInput::motorSize; }
 
-Quantity quantityOf(AdvisedInput input, const clsProjectConditions& conditions) {
+Quantity quantityOf(AdvisedInput input, const Conditions& conditions) {
     switch (input) {
         case AdvisedInput::evaporating:
         case AdvisedInput::condensing:
@@ -84,42 +75,16 @@ Quantity quantityOf(AdvisedInput input, const clsProjectConditions& conditions) 
     }
 }
 
-double valueOf(AdvisedInput input, const clsProjectConditions& conditions, UnitSystem units) {
-    return converted(metricValueOf(input, conditions), input, conditions, UnitSystem::metric, units);
+double inUnits(AdvisedInput input, double metric, const Conditions& conditions, UnitSystem units) {
+    return converted(metric, input, conditions, UnitSystem::metric, units);
 }
 
-clsProjectConditions withInput(clsProjectConditions conditions, AdvisedInput input, double value,
-                               UnitSystem units) {
-    const double metric = converted(value, input, conditions, units, UnitSystem::metric);
-    switch (input) {
-        case AdvisedInput::evaporating:
-            conditions.TEvaporatingDew = metric;
-            break;
-        case AdvisedInput::condensing:
-            conditions.TCondensationDew = metric;
-            break;
-        case AdvisedInput::superheat:
-            conditions.SuperHeat = metric;
-            break;
-        case AdvisedInput::subcooling:
-            conditions.SubCooling = metric;
-            break;
-        case AdvisedInput::economizer:
-            conditions.Eco = metric;
-            break;
-        case AdvisedInput::frequency:
-            conditions.InverterFrequency = static_cast<float>(metric);
-            break;
-        case AdvisedInput::motorSize:
-            conditions.MotorSize = static_cast<MotorChoice>(roundedToInteger(metric));
-            break;
-        case AdvisedInput::oilCoolingMode:
-            conditions.OilCoolingCalculateMode = static_cast<OilCoolingMode>(roundedToInteger(metric));
-            break;
-        case AdvisedInput::capacityStep:
-            conditions.StepCapacity = roundedToInteger(metric);
-            break;
-    }
+double valueOf(AdvisedInput input, const Conditions& conditions, UnitSystem units) {
+    return inUnits(input, definitionOf(input).value(conditions), conditions, units);
+}
+
+Conditions withInput(Conditions conditions, AdvisedInput input, double value, UnitSystem units) {
+    definitionOf(input).set(conditions, converted(value, input, conditions, units, UnitSystem::metric));
     return conditions;
 }
 

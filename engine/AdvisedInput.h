@@ -30,6 +30,9 @@ bool isChoice(AdvisedInput input);
 /// Returns what a number measures at these conditions; `number` for a choice.
 Quantity quantityOf(AdvisedInput input, const clsProjectConditions& conditions);
 
+/// Returns a metric value of an input in `units`.
+double inUnits(AdvisedInput input, double metric, const clsProjectConditions& conditions, UnitSystem units);
+
 /// Returns the value of an input in `units`.
 double valueOf(AdvisedInput input, const clsProjectConditions& conditions, UnitSystem units);
 

@@ -150,9 +150,7 @@ class Examination {
 
     void atSteps() {
         clsProjectConditions conditions = request_.conditions;
-        const unsigned mask =
-            permittedSelectors(*compressor_.traits, refrigerantTraits(compressor_.Refrigerant));
-        const bool hasSteps = request_.steps && allows(mask, Selector::stepCapacity);
+        const bool hasSteps = request_.steps && permits(compressor_, Selector::stepCapacity);
         for (const int step : capacitySteps) {
             conditions.StepCapacity = step;
             const Outcome outcome = calculate(conditions);
@@ -166,21 +164,20 @@ class Examination {
         clsProjectConditions conditions = request_.conditions;
         conditions.StepCapacity = capacitySteps.front();
         std::map<float, Outcome> outcomes;
-        FrequencySearch search(lowest(), highest(), [&](float frequency) {
-            conditions.InverterFrequency = frequency;
-            const Outcome& outcome = outcomes[frequency] = calculate(conditions);
-            return FrequencySearch::Trial{.isPossible = outcome.isPossible(),
-                                          .capacity = outcome.machine.capacity};
-        });
+        FrequencySearch search(static_cast<float>(clsInverter::minimumFrequency), maxFrequency(),
+                               [&](float frequency) {
+                                   conditions.InverterFrequency = frequency;
+                                   const Outcome& outcome = outcomes[frequency] = calculate(conditions);
+                                   return FrequencySearch::Trial{.isPossible = outcome.isPossible(),
+                                                                 .capacity = outcome.machine.capacity};
+                               });
         if (!search.isPossible()) return take(outcomes.begin()->second, 1);
         for (int machines = request_.minMachines; machines <= request_.maxMachines; ++machines)
             take(outcomes[search.solve(request_.needed / machines)], machines);
     }
 
-    static float lowest() { return static_cast<float>(clsInverter::minimumFrequency); }
-
     /// That of the form, or of the line of the envelope at the operating point.
-    float highest() const {
+    float maxFrequency() const {
         const auto ofForm = static_cast<float>(clsInverter::maximumFrequency);
         if (envelope_ == nullptr) return ofForm;
         const FrequencyLimit* limit = frequencyLimit(envelope_->limits.holding(

@@ -60,13 +60,13 @@ float FrequencySearch::solve(double wanted) {
 /// Secants between two frequencies that hold the solution, with the weight of an end halved that stays twice
 /// (the Illinois method), and a halving now and then for a capacity that has a step.
 void FrequencySearch::refine(float low, float high, double wanted) {
-    constexpr int mostPasses = 40;
-    constexpr double enough = 1e-9;
+    constexpr int maxPasses = 40;
+    constexpr double tolerance = 1e-9;
     double missedLow = at(low).capacity - wanted;
     double missedHigh = at(high).capacity - wanted;
     bool wasLow = false;
     bool wasHigh = false;
-    for (int pass = 1; pass <= mostPasses; ++pass) {
+    for (int pass = 1; pass <= maxPasses; ++pass) {
         const double share = pass % 4 == 0 ? 0.5 : missedLow / (missedLow - missedHigh);
         float middle = low + (high - low) * static_cast<float>(share);
         middle = std::clamp(middle, std::nextafter(low, high), std::nextafter(high, low));
@@ -74,7 +74,7 @@ void FrequencySearch::refine(float low, float high, double wanted) {
         const Trial& trial = at(middle);
         if (!trial.isPossible) return;
         const double missed = trial.capacity - wanted;
-        if (std::abs(missed) <= enough * wanted) return;
+        if (std::abs(missed) <= tolerance * wanted) return;
         if ((missed > 0) == (missedLow > 0)) {
             low = middle;
             missedLow = missed;

@@ -29,13 +29,17 @@ constexpr Rule rules[] = {
 
 }  // namespace
 
+bool permits(const PreparedCompressor& compressor, Selector selector) {
+    return compressor.hasInvert ||
+           allows(permittedSelectors(*compressor.traits, refrigerantTraits(compressor.Refrigerant)),
+                  selector);
+}
+
 PermittedConditions permittedConditions(const PreparedCompressor& compressor, const Conditions& conditions) {
     PermittedConditions permitted{.conditions = conditions};
-    if (compressor.hasInvert) return permitted;
     const Conditions neutral = conditionsAt(conditions.TEvaporatingDew, conditions.TCondensationDew);
-    const unsigned mask = permittedSelectors(*compressor.traits, refrigerantTraits(compressor.Refrigerant));
     for (const auto& [selector, putBack] : rules)
-        if (!allows(mask, selector) && putBack(permitted.conditions, neutral))
+        if (!permits(compressor, selector) && putBack(permitted.conditions, neutral))
             permitted.putBack |= static_cast<unsigned>(selector);
     return permitted;
 }

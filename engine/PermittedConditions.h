@@ -5,6 +5,9 @@
 
 namespace marvello {
 
+/// Whether the form of a compressor's series offers an input; that of compressors on an inverter offers all.
+bool permits(const PreparedCompressor& compressor, Selector selector);
+
 /// Conditions as the form of a compressor permits them.
 struct PermittedConditions {
     clsProjectConditions conditions;

@@ -16,7 +16,7 @@ struct ShownAdvice {
 };
 
 /// How many of a message are shown.
-inline constexpr int mostShownAdvice = 3;
+inline constexpr int maxShownAdvice = 3;
 
 /// Returns the texts of `advice`, which is about `message` and was found in `units` at `conditions`. `all` is
 /// what adviseOn gave.

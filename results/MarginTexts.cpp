@@ -66,14 +66,14 @@ std::string directionText(Direction direction) {
 
 std::vector<ShownMargin> shownMargins(const clsCompressor& compressor, const clsProjectConditions& conditions,
                                       UnitSystem units, const NumberMarks& marks) {
-    constexpr double farthest = 20;  // K
+    constexpr double maxDistance = 20;  // K
     std::vector<Margin> margins = limitMargins(compressor, conditions);
     if (const auto margin = applicationMargin(compressor)) margins.insert(margins.begin(), *margin);
     std::ranges::stable_sort(margins, {}, [](const Margin& margin) { return std::abs(margin.kelvin); });
     std::vector<ShownMargin> shown;
     for (const Margin& margin : margins) {
         const clsLimit& limit = *compressor.limits.GetLimitType(margin.limitType);
-        if (!limit.Visible || std::abs(margin.kelvin) > farthest) continue;
+        if (!limit.Visible || std::abs(margin.kelvin) > maxDistance) continue;
         shown.push_back({margin.limitType, nameOfLimit(limit), distanceOf(margin, units, marks),
                          directionText(margin.direction)});
     }

@@ -53,7 +53,7 @@ void AdvisedMessages::showAdvice(const std::vector<MessageAdvice>& advice) {
     bool isAny = false;
     for (const MessageAdvice& about : advice_) {
         QList<AdviceLine::Texts> lines;
-        for (const Advice& each : about.advice | std::views::take(mostShownAdvice)) {
+        for (const Advice& each : about.advice | std::views::take(maxShownAdvice)) {
             const ShownAdvice shown = shownAdvice(advice_, about.message, each, *conditions_, units_, marks);
             lines.push_back({fromCore(shown.text), fromCore(shown.step), use, fromCore(shown.effect)});
         }

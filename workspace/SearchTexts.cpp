@@ -9,11 +9,11 @@ namespace marvello {
 
 namespace {
 
-constexpr int mostNames = 2;
+constexpr int maxNames = 2;
 
 /// A few names, or how many there are.
 QString namesOrCount(const std::vector<std::string>& names, const QString& counted) {
-    if (std::ssize(names) > mostNames) return filled(counted, {QString::number(names.size())});
+    if (std::ssize(names) > maxNames) return filled(counted, {QString::number(names.size())});
     QStringList list;
     for (const std::string& name : names) list += fromCore(name);
     return list.join(QStringLiteral(", "));
