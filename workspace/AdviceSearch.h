@@ -1,16 +1,11 @@
 #pragma once
 
 #include <QObject>
-#include <atomic>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
-#include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
-#include "catalogue/PreparedCatalogue.h"
+#include "data/SessionThread.h"
 #include "engine/Advice.h"
 
 namespace marvello {
@@ -31,9 +26,8 @@ class AdviceSearch : public QObject {
     };
 
     explicit AdviceSearch(QObject* parent);
-    ~AdviceSearch() override;
 
-    /// Gives up what was asked before, and emits found() later; never if the catalogue cannot be read.
+    /// Gives up what was asked before, and emits found() later.
     void ask(Question question);
     /// Gives up what was asked before.
     void stop();
@@ -45,26 +39,11 @@ class AdviceSearch : public QObject {
     void found(const std::vector<marvello::MessageAdvice>& advice);
 
   private:
-    /// What is asked for, and its number: an answer to an older one is thrown away.
-    struct Order {
-        Question question;
-        std::shared_ptr<const PreparedCatalogue> catalogue;
-        std::string connection;  ///< to its file
-        unsigned long long number = 0;
-    };
-    /// False if the system has no thread left.
-    bool hasThread();
-    void live(const std::string& folder);
-    std::vector<MessageAdvice> answer(Calculator& calculator, const Order& order) const;
-    void tell(unsigned long long number, const std::vector<MessageAdvice>& advice);
+    void tell(unsigned number, const std::vector<MessageAdvice>& advice);
 
     bool isSearching_ = false;
-    std::atomic<unsigned long long> wanted_ = 0;  ///< The number of the last question.
-    std::mutex lock_;
-    std::condition_variable changed_;
-    std::optional<Order> next_;
-    bool isOver_ = false;
-    std::jthread thread_;  ///< The last member: it uses the others.
+    unsigned asked_ = 0;    ///< The number of the newest question.
+    SessionThread thread_;  ///< The last member: it uses the others.
 };
 
 }  // namespace marvello

@@ -4,6 +4,7 @@
 #include <QString>
 #include <memory>
 
+#include "data/SessionThread.h"
 #include "engine/Find.h"
 
 namespace marvello {
@@ -14,14 +15,13 @@ class FindRun : public QObject {
     Q_OBJECT
 
   public:
-    /// Searches the catalogue of the session.
-    explicit FindRun(QObject* parent = nullptr);
-    ~FindRun() override;
+    using QObject::QObject;
 
+    /// Searches the catalogue of the session.
     void start(const FindRequest& request);
     /// Ends the search; nothing comes of it.
     void abort();
-    bool isRunning() const;
+    bool isRunning() const { return isRunning_; }
     /// How far the search has come, 0 to 100.
     int percent() const;
 
@@ -30,12 +30,13 @@ class FindRun : public QObject {
     void failed(const QString& reason);
 
   private:
-    struct Shared;
+    std::shared_ptr<const FindResult> search(const FindRequest& request);
     void end(unsigned number, const std::shared_ptr<const FindResult>& result, const QString& fault);
 
     unsigned asked_ = 0;  ///< the number of the newest search
     bool isRunning_ = false;
-    std::unique_ptr<Shared> shared_;
+    FindProgress progress_;
+    SessionThread thread_;  ///< the last member: it uses the others
 };
 
 }  // namespace marvello
