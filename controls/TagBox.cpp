@@ -193,9 +193,7 @@ void TagBox::fillList() {
     const bool isAll = chosen_.size() == choices_.size();
     combo_->Populate(allKey + u'|' + allText_ + u';' + choices_.join(u';'),
                      isAll ? allKey : chosen_.join(u';'), false, true);
-    if (details_)
-        combo_->setDetails(
-            [this](const QString& key) { return key == allKey ? RowDetail{} : details_(key); });
+    if (details_) combo_->setDetails(details_);
     combo_->SetCaption(caption_);
     combo_->setApplyText(applyText_);
 }

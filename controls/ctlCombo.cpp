@@ -124,7 +124,8 @@ void ctlCombo::Populate(const QString& list, const QString& keys, bool inert, bo
 
 void ctlCombo::setDetails(const std::function<RowDetail(const QString& key)>& detailOf) {
     for (int row = 0; row < list_->count(); ++row)
-        setRowDetail(*list_->item(row), detailOf(keyOf(*list_->item(row))));
+        if (list_->item(row)->data(keyRole) != allKey)
+            setRowDetail(*list_->item(row), detailOf(keyOf(*list_->item(row))));
 }
 
 void ctlCombo::openUnder(const QRect& box) {

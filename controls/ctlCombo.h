@@ -28,7 +28,7 @@ class ctlCombo : public QFrame {
     /// itself: only Enter and Tab do. With `checkBoxes` rows are checked and the row "*" excludes all others.
     void Populate(const QString& list, const QString& keys, bool inert, bool checkBoxes);
 
-    /// Gives the rows what comes after their names, by their keys.
+    /// Gives the rows what comes after their names, by their keys; the row "*" has none.
     void setDetails(const std::function<RowDetail(const QString& key)>& detailOf);
 
     /// Names the list for a screen reader.

@@ -1,7 +1,6 @@
 #include "workspace/FoundPane.h"
 
 #include <QAction>
-#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -12,19 +11,16 @@
 #include <algorithm>
 #include <cmath>
 
-#include "controls/FilterChip.h"
 #include "controls/Icons.h"
 #include "controls/Link.h"
 #include "controls/Look.h"
 #include "controls/Marks.h"
 #include "controls/NumberText.h"
-#include "controls/WrapBar.h"
-#include "controls/ctlCombo.h"
 #include "data/CollectedBoxes.h"
 #include "workspace/CompressorPages.h"
 #include "workspace/CopiedTable.h"
+#include "workspace/FoundFilterBar.h"
 #include "workspace/ListPrint.h"
-#include "workspace/RefrigerantDetail.h"
 #include "workspace/RejectedCompressors.h"
 #include "workspace/ResultMarks.h"
 #include "workspace/SearchTexts.h"
@@ -57,26 +53,14 @@ ResultsModel::Kind kindOf(const std::string& column) {
     return column == foundColumn::deviation ? ResultsModel::Kind::deviation : ResultsModel::Kind::number;
 }
 
-/// The names by which the settings know the filters.
-struct FilterName {
-    FoundFilter filter;
-    const char* name;
-    const char* textKey;
-};
-constexpr std::array<FilterName, 6> filterNames{
-    {{FoundFilter::bestOfEach, "best", "find.filter.best"},
-     {FoundFilter::withoutWarnings, "nowarnings", "find.filter.nowarnings"},
-     {FoundFilter::oneMachine, "onemachine", "find.filter.onemachine"},
-     {FoundFilter::onInverter, "inverter", "find.filter.inverter"},
-     {FoundFilter::lowGwp, "lowgwp", "find.filter.lowgwp"},
-     {FoundFilter::notFlammable, "notflammable", "find.filter.notflammable"}}};
-
 }  // namespace
 
 FoundPane::FoundPane(const SelectionInputs& inputs, QWidget* parent)
     : ListPane(inputs, parent), veil_(new Veil(this)) {
     lvCps_->setColumnMenu();
-    makeChips();
+    filters_ = new FoundFilterBar(this);
+    listColumn_->insertWidget(0, filters_);
+    connect(filters_, &FoundFilterBar::changed, this, &FoundPane::relist);
     makeRejectedLine();
     addToPopUp("find.open", Needs::nothing, [this] { emit opened(); });
     veil_->hide();
@@ -84,104 +68,6 @@ FoundPane::FoundPane(const SelectionInputs& inputs, QWidget* parent)
     connect(lvCps_, &ResultsView::headingClicked, this, &FoundPane::sortBy);
     connect(lvCps_, &ResultsView::columnMenuRequested, this, &FoundPane::openColumnMenu);
     connect(lvCps_, &QAbstractItemView::activated, this, &FoundPane::opened);
-}
-
-void FoundPane::makeChips() {
-    bar_ = new WrapBar(this);
-    auto* shown = new QButtonGroup(this);
-    const auto add = [this](FilterChip* chip, const QString& name) {
-        chip->setObjectName(QStringLiteral("chip_") + name);
-        bar_->add(chip, FilterChip::ring);
-        connect(chip, &FilterChip::toggled, this, [this] { relist(); });
-    };
-    all_ = new FilterChip(bar_);
-    for (std::size_t i = 0; i < chips_.size(); ++i) {
-        const auto& [filter, name, textKey] = filterNames.at(i);
-        chips_[i] = {filter, name, textKey, new FilterChip(bar_)};
-        add(chips_[i].button, QLatin1String(name));
-        if (filter != FoundFilter::bestOfEach) continue;
-        add(all_, QStringLiteral("all"));
-        bar_->addSeparator();
-        shown->addButton(chips_[i].button);
-        shown->addButton(all_);
-        const QSignalBlocker quiet(chips_[i].button);
-        chips_[i].button->setChecked(true);
-    }
-    makeChoiceChips();
-    listColumn_->insertWidget(0, bar_);
-}
-
-void FoundPane::makeChoiceChips() {
-    constexpr std::array<std::pair<FoundFact, const char*>, 3> facts{
-        {{FoundFact::refrigerant, "find.column.refrigerant"},
-         {FoundFact::safetyClass, "find.filter.safetyclass"},
-         {FoundFact::series, "frmselection.lstseries.captiontext"}}};
-    for (std::size_t i = 0; i < choiceChips_.size(); ++i) {
-        const auto& [fact, textKey] = facts.at(i);
-        ChoiceChip& chip = choiceChips_[i];
-        chip = {fact, textKey, new FilterChip(bar_)};
-        chip.button->setOpensList();
-        chip.button->setObjectName(QStringLiteral("chip_fact%1").arg(i));
-        bar_->add(chip.button, FilterChip::ring);
-        connect(chip.button, &FilterChip::clicked, this, [this, &chip] { openChoice(chip); });
-    }
-}
-
-void FoundPane::openChoice(ChoiceChip& chip) {
-    if (!result_) return;
-    if (!choiceList_) {
-        choiceList_ = new ctlCombo(window());
-        choiceList_->setObjectName(QStringLiteral("lstFacts"));
-        connect(choiceList_, &ctlCombo::Choice, this,
-                [this](const QString& keys) { choose(*opened_, keys); });
-        connect(choiceList_, &ctlCombo::Closed, this,
-                [this] { opened_->button->setFocus(Qt::PopupFocusReason); });
-    }
-    choiceList_->hide();
-    opened_ = &chip;
-    QString values = QStringLiteral("*|") + dictionaryText(QStringLiteral("frmselection.models.all"));
-    for (const std::string& value : valuesOf(*result_, chip.fact)) values += u';' + fromCore(value);
-    QStringList chosen;
-    for (const std::string& value : chip.chosen) chosen += fromCore(value);
-    choiceList_->Populate(values, chosen.isEmpty() ? QStringLiteral("*") : chosen.join(u';'), false, true);
-    if (chip.fact == FoundFact::refrigerant)
-        choiceList_->setDetails([this](const QString& key) {
-            return key == u"*" ? RowDetail() : refrigerantDetail(key, inputs_.units());
-        });
-    choiceList_->SetCaption(dictionaryText(QLatin1String(chip.textKey)));
-    choiceList_->setApplyText(dictionaryText(QStringLiteral("frmselection.apply")));
-    constexpr int leastWidth = 240;
-    QRect box(chip.button->mapToGlobal(QPoint()), chip.button->size());
-    box.setWidth(std::max(box.width(), leastWidth));
-    choiceList_->openUnder(box);
-}
-
-void FoundPane::choose(ChoiceChip& chip, const QString& keys) {
-    chip.chosen.clear();
-    for (const QString& key : keys.split(u';', Qt::SkipEmptyParts))
-        if (key != u"*") chip.chosen.insert(toCore(key));
-    refreshChoice(chip);
-    relist();
-}
-
-void FoundPane::refreshChoice(const ChoiceChip& chip) {
-    constexpr std::size_t mostNamed = 3;
-    QString text = dictionaryText(QLatin1String(chip.textKey));
-    if (!chip.chosen.empty()) {
-        QStringList names;
-        for (const std::string& value : chip.chosen) names += fromCore(value);
-        text += QStringLiteral(": ") + (chip.chosen.size() > mostNamed ? QString::number(chip.chosen.size())
-                                                                       : names.join(QStringLiteral(", ")));
-    }
-    chip.button->setChecked(!chip.chosen.empty());
-    chip.button->setFilter(text,
-                           chip.chosen.empty() || !result_ ? -1 : countOf(*result_, chip.fact, chip.chosen));
-}
-
-FoundChoices FoundPane::choices() const {
-    FoundChoices choices;
-    for (const ChoiceChip& chip : choiceChips_) choices[chip.fact] = chip.chosen;
-    return choices;
 }
 
 void FoundPane::makeRejectedLine() {
@@ -208,15 +94,13 @@ void FoundPane::makeRejectedLine() {
 }
 
 QList<QWidget*> FoundPane::controls() const {
-    return bar_->controls() + QList<QWidget*>{lvCps_, lvCps_->header(), rejectedLink_, pages_->tabs()};
+    return filters_->controls() + QList<QWidget*>{lvCps_, lvCps_->header(), rejectedLink_, pages_->tabs()};
 }
 
 void FoundPane::translate() {
-    all_->setText(dictionaryText(QStringLiteral("find.filter.all")));
-    for (const Chip& chip : chips_) chip.button->setText(dictionaryText(QLatin1String(chip.textKey)));
+    filters_->translate();
     lvCps_->setEmptyText(dictionaryText(QStringLiteral("find.filtered")));
     ListPane::translate();
-    refreshChips();
     refreshRejected();
 }
 
@@ -226,13 +110,8 @@ void FoundPane::showResult(const std::shared_ptr<const FindResult>& result, cons
     lvCps_->clear();
     result_ = result;
     request_ = request;
-    // What the new solutions do not have is no choice any more.
-    for (ChoiceChip& chip : choiceChips_) {
-        const std::set<std::string> values = valuesOf(*result, chip.fact);
-        std::erase_if(chip.chosen, [&](const std::string& value) { return !values.contains(value); });
-    }
+    filters_->showResult(result, inputs_.units());
     setOutdated(false);
-    refreshChips();
     refreshRejected();
     relist();
 }
@@ -253,13 +132,6 @@ int FoundPane::around() const { return WrapBar::lineHeight + rejectedLineHeight;
 void FoundPane::resizeEvent(QResizeEvent* event) {
     ListPane::resizeEvent(event);
     placeVeil();
-}
-
-FoundFilters FoundPane::chosenFilters() const {
-    FoundFilters filters;
-    for (const Chip& chip : chips_)
-        if (chip.button->isChecked()) filters.insert(chip.filter);
-    return filters;
 }
 
 FoundStyle FoundPane::style() const { return {inputs_.units(), marksOf(QLocale())}; }
@@ -316,24 +188,15 @@ void FoundPane::relist() {
     const QSignalBlocker quiet(lvCps_);
     lvCps_->clear();
     columns_ = foundColumns(request_.needed, style());
-    rows_ = listed(*result_, chosenFilters(), order_, choices());
+    rows_ = listed(*result_, filters_->filters(), order_, filters_->choices());
     lvCps_->setColumns(viewColumns());
     for (const Candidate* candidate : rows_) lvCps_->addRow(viewRow(foundRow(*result_, *candidate, style())));
     lvCps_->markSorted(fromCore(order_.column), order_.isDescending);
     lvCps_->fitColumns();
-    bar_->layOut();
+    filters_->layOut();
     if (!lvCps_->selectKey(kept_)) lvCps_->selectRow(0);
     fillPage();
     emit selectionChanged();
-}
-
-// The counts are those of all solutions: they stand still while filters change.
-void FoundPane::refreshChips() {
-    const auto count = [this](FoundFilter filter) { return result_ ? countOf(*result_, filter) : 0; };
-    for (const Chip& chip : chips_) chip.button->setFilter(chip.button->text(), count(chip.filter));
-    all_->setFilter(all_->text(), result_ ? static_cast<int>(result_->candidates.size()) : 0);
-    for (const ChoiceChip& chip : choiceChips_) refreshChoice(chip);
-    bar_->layOut();
 }
 
 void FoundPane::refreshRejected() {
@@ -432,19 +295,10 @@ void FoundPane::print(bool preview) const {
 
 RowSet FoundPane::records() const { return foundRecords(*result_, rows_, style()); }
 
-QStringList FoundPane::filters() const {
-    QStringList names;
-    for (const Chip& chip : chips_)
-        if (chip.button->isChecked()) names += QLatin1String(chip.name);
-    return names;
-}
+QStringList FoundPane::filters() const { return filters_->names(); }
 
 void FoundPane::setFilters(const QStringList& names) {
-    for (const Chip& chip : chips_) {
-        const QSignalBlocker quiet(chip.button);
-        chip.button->setChecked(names.contains(QLatin1String(chip.name)));
-    }
-    if (!chips_.front().button->isChecked()) all_->setChecked(true);
+    filters_->setNames(names);
     relist();
 }
 

@@ -1,10 +1,7 @@
 #pragma once
 
 #include <QStringList>
-#include <array>
 #include <memory>
-#include <set>
-#include <string>
 
 #include "controls/ResultsView.h"
 #include "engine/Calculator.h"
@@ -15,10 +12,8 @@ class QLabel;
 
 namespace marvello {
 
-class FilterChip;
+class FoundFilterBar;
 class Link;
-class WrapBar;
-class ctlCombo;
 
 /// The solutions of a search: filters, the list, how many compressors are not possible, and the pages of the
 /// selected compressor. A list that belongs to other inputs is dimmed and takes no commands.
@@ -69,35 +64,14 @@ class FoundPane : public ListPane {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    struct Chip {
-        FoundFilter filter;
-        const char* name;  ///< in settings
-        const char* textKey;
-        FilterChip* button;
-    };
-    /// A chip that opens the list of the values of a fact.
-    struct ChoiceChip {
-        FoundFact fact;
-        const char* textKey;
-        FilterChip* button;
-        std::set<std::string> chosen{};
-    };
-    void makeChips();
-    void makeChoiceChips();
-    void openChoice(ChoiceChip& chip);
-    void choose(ChoiceChip& chip, const QString& keys);
-    void refreshChoice(const ChoiceChip& chip);
-    FoundChoices choices() const;
     void makeRejectedLine();
     void placeVeil();
-    FoundFilters chosenFilters() const;
     FoundStyle style() const;
     std::vector<ResultsView::Column> viewColumns() const;
     ResultsView::Row viewRow(const FoundRow& row) const;
     bool isHidden(const std::string& column) const;
     QStringList captions() const;
     QStringList cellsOf(const Candidate& candidate) const;
-    void refreshChips();
     void refreshRejected();
     void refreshPutBack();
     void sortBy(const QString& column);
@@ -113,12 +87,7 @@ class FoundPane : public ListPane {
     bool isOutdated_ = false;
     mutable Calculator calculator_;  ///< of the selected compressor
 
-    WrapBar* bar_;
-    std::array<Chip, 6> chips_;
-    FilterChip* all_;
-    std::array<ChoiceChip, 3> choiceChips_;
-    ctlCombo* choiceList_ = nullptr;  ///< made at its first use
-    ChoiceChip* opened_ = nullptr;    ///< whose list is open
+    FoundFilterBar* filters_;
     QWidget* rejectedLine_;
     QLabel* rejectedText_;
     QLabel* putBackText_;  ///< of the selected solution
