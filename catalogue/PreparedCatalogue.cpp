@@ -103,7 +103,7 @@ void PreparedCatalogue::readCompressors(clsDatabase& db) {
 void PreparedCatalogue::readFacts(clsDatabase& db) {
     if (!db.hasTable("tRefrigerantFacts")) return;  // a catalogue from before there were facts
     for (RecordSet row = db.Execute("Select * from tRefrigerantFacts"); !row.eof(); row.moveNext()) {
-        std::string unread;  // a row at fault is as good as none: facts are shown, and nothing is calculated
+        std::string unread;  // a faulty row counts as none: facts are only shown
         readSoundly(unread, [&] {
             facts_[lowered(row.text("fRefrigeranteId"))] = {
                 .safetyClass = row.NullToDefault("fSafetyClass", ""),

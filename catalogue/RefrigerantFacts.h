@@ -13,7 +13,7 @@ struct RefrigerantFacts {
     std::optional<double> gwpAr4{}, gwpAr5{}, gwpAr6{};
     std::optional<double> odp{};                  ///< ozone depletion potential, 1 for R11
     std::optional<double> boilingPoint{};         ///< bubble temperature at 101.325 kPa, degrees Celsius
-    std::optional<double> glide{};                ///< dew less bubble temperature at 101.325 kPa, K
+    std::optional<double> glide{};                ///< dew minus bubble temperature at 101.325 kPa, K
     std::optional<double> criticalTemperature{};  ///< degrees Celsius
 
     bool operator==(const RefrigerantFacts&) const = default;

@@ -6,9 +6,9 @@ namespace marvello {
 
 class Link;
 
-/// What can be done about a message, in one line: what to set, the step to it, a link that does it, and what
-/// else becomes of it. The last goes below where the line has no room for it. Without a link it is a sentence
-/// alone. The link is its focus proxy.
+/// What can be done about a message, in one line: what to set, the step to it, a link that does it, and the
+/// effect on other messages, which goes below if the line is too narrow. Without a link the line is a
+/// sentence only. The link is its focus proxy.
 class AdviceLine : public QWidget {
     Q_OBJECT
 

@@ -27,11 +27,11 @@ class TagBox : public QWidget {
 
     void setCaption(const QString& caption, int width);
     QString caption() const { return caption_; }
-    /// What the row of the list says that takes what is checked.
+    /// The text of the row of the list that takes what is checked.
     void setApplyText(const QString& text) { applyText_ = text; }
     /// The text of the row of the list that stands for all choices.
     void setAllText(const QString& text) { allText_ = text; }
-    /// What is said of the box without a tag.
+    /// The text in the box while it has no tag.
     void setEmptyText(const QString& text);
     using Details = std::function<RowDetail(const QString& key)>;
     /// The keys, which are the texts too, and what the rows of the list say besides.

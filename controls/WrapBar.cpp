@@ -47,7 +47,7 @@ void WrapBar::layOut() {
         const QSize size = isSeparator ? control->size() : control->sizeHint();
         const int width = size.width() - 2 * ring;
         if (!isSeparator && left > side && left + width > this->width() - side) {
-            // A separator at the end of a line separates nothing.
+            // No separator at the end of a line.
             if (i > 0 && entries_[i - 1].isSeparator) entries_[i - 1].control->hide();
             left = side;
             middle += rowHeight + rowGap;

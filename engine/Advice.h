@@ -25,7 +25,7 @@ struct Advice {
     AdvisedInput input{};
     double value = 0;        ///< What to set, in the system of units asked for: a multiple of 0.1, or a code.
     double change = 0;       ///< From the present value; 0 for a choice.
-    bool isLasting = false;  ///< A number further on, up to the next step of the search, ends it too.
+    bool isLasting = false;  ///< The next step of the search in the same direction ends it too.
     std::vector<MessageId> ends{};    ///< Other messages that end with it.
     std::vector<MessageId> brings{};  ///< Messages of less weight that it brings.
 };

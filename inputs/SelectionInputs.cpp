@@ -255,7 +255,7 @@ void SelectionInputs::offerRefrigerants() {
     offerAllSeries();
 }
 
-// The series that have one of the refrigerants.
+// Offers the series that run on one of the refrigerants.
 void SelectionInputs::offerAllSeries() {
     InputValue& series = at(Input::allSeries);
     const std::vector<std::string> refrigerants = keys(Input::refrigerants);
@@ -272,7 +272,7 @@ void SelectionInputs::offerAllSeries() {
     series.key = kept.empty() ? allKey : joined(kept);
 }
 
-// What belongs to one refrigerant alone is asked for while there is but one.
+// Pressures and mid temperatures are asked for while one refrigerant is chosen.
 void SelectionInputs::chooseRefrigerants() {
     offerAllSeries();
     leaders_.reset();
@@ -280,7 +280,7 @@ void SelectionInputs::chooseRefrigerants() {
     followLeaders();
 }
 
-// The other limit goes with the one that was chosen.
+// Moves the other end of the range if they cross.
 void SelectionInputs::orderMachines(Input chosen) {
     if (wholeNumber(key(Input::minMachines)) <= wholeNumber(key(Input::maxMachines))) return;
     const Input other = chosen == Input::minMachines ? Input::maxMachines : Input::minMachines;
@@ -465,7 +465,7 @@ void SelectionInputs::followLeaders() {
 }
 
 SuperheatRange SelectionInputs::superheatRange() const {
-    // Of several the narrowest, which is that of one without a range of its own.
+    // Of several refrigerants the narrowest range, which most have.
     return marvello::superheatRange(hasOneRefrigerant() ? key(Input::refrigerant) : std::string(), units_,
                                     quantity(Input::superheat) == Quantity::temperatureDifference,
                                     number(Input::evaporatingDew));

@@ -96,8 +96,8 @@ class SelectionInputs {
     void type(Input input, std::optional<double> value);
     /// Takes the value of a field that the user leaves, by the rule of the field: a subcooling has no sign.
     void settle(Input input, double value);
-    /// Takes a number and leaves all other inputs as they are, the dew temperature too that a mid temperature
-    /// leads to.
+    /// Takes a number and keeps the evaporating dew temperature, which would follow the condensing side where
+    /// a mid temperature leads.
     void change(Input input, double value);
     /// Works out anew what follows from an input.
     void follow(Input input);

@@ -62,7 +62,7 @@ struct FoundRow {
     std::vector<ShownValue> values;  ///< one for each column but the first
 };
 
-/// Compressors that cannot be had, by why.
+/// Compressors that are not possible for one reason.
 struct RejectedGroup {
     std::string reason;  ///< in the user's language
     std::vector<std::string> compressors;
@@ -95,7 +95,7 @@ std::vector<std::string> putBackInputs(const Candidate& candidate);
 /// Tells a solution from the others of all searches.
 std::string foundKey(const Candidate& candidate);
 
-/// Returns why compressors cannot be had, the most frequent reason first.
+/// Returns why compressors are not possible, the most frequent reason first.
 std::vector<RejectedGroup> rejectedGroups(const FindResult& result);
 
 /// Returns solutions for a file, one record each; values in the units of the style.

@@ -139,7 +139,7 @@ void InitRefprop(const std::string& refrigerant);
 
 /// The session's service for `refrigerant`, case ignored. It is set up at its first use, again after a set-up
 /// that failed, and when the application folder or the file of the catalogue is another one.
-/// It goes when it is replaced, which a calculation or a turn of the window may do.
+/// The reference is valid until the service is replaced, which a calculation or a turn of the window may do.
 clsRefprop& GetRefprop(const std::string& refrigerant);
 
 /// The same, for who holds it across window events, in which the service may be replaced.

@@ -35,20 +35,21 @@ QString searchSubject(const SelectionInputs& inputs) {
     return refrigerantsText(inputs) + QStringLiteral(" \u00B7 ") + seriesText(inputs);
 }
 
+QString percentText(double percent) {
+    return (percent > 0 ? QStringLiteral("+") : QString()) + formatNumber(percent, u"#0.##") +
+           QStringLiteral("\u00A0%");
+}
+
 QStringList searchTexts(const SelectionInputs& inputs) {
     const NumberMarks marks = marksOf(QLocale());
     const auto text = [&](Input input) { return fromCore(inputText(inputs, input, marks)); };
-    const auto percent = [&](Input input) {
-        const double value = inputs.number(input);
-        return (value > 0 ? QStringLiteral("+") : QString()) + formatNumber(value, u"#0.##");
-    };
     const bool isDifference = inputs.quantity(Input::superheat) == Quantity::temperatureDifference;
     const auto entry = [&](const char* key, Input input) {
         return filled(dictionaryText(QLatin1String(key)), {withUnit(inputs, input)});
     };
     return {withUnit(inputs, Input::capacity),
-            percent(Input::toleranceBelow) + QStringLiteral(" / ") + percent(Input::toleranceAbove) +
-                QStringLiteral(" %"),
+            percentText(inputs.number(Input::toleranceBelow)) + QStringLiteral(" / ") +
+                percentText(inputs.number(Input::toleranceAbove)),
             refrigerantsText(inputs),
             seriesText(inputs),
             text(Input::evaporatingDew) + QStringLiteral(" / ") + withUnit(inputs, Input::condensingDew),

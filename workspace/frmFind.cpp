@@ -174,11 +174,8 @@ void frmFind::show(Shown what) {
 }
 
 void frmFind::sayNothingFound() {
-    const auto percent = [](double value) {
-        return (value > 0 ? QStringLiteral("+") : QString()) + formatNumber(value, u"#0.##") + u'\u00A0' +
-               u'%';
-    };
-    QString sentence = filled(text("find.nothing.text"), {percent(-request_.below), percent(request_.above)});
+    QString sentence =
+        filled(text("find.nothing.text"), {percentText(-request_.below), percentText(request_.above)});
     QStringList links;
     if (const Candidate* nearest = last_->nearest()) {
         const FoundStyle style{inputs_.units(), marksOf(QLocale())};
@@ -233,7 +230,7 @@ void frmFind::showProgress() {
 void frmFind::hideProgress() {
     patience_->stop();
     follow_->stop();
-    // Its button was pressed, or nobody decides which window is active.
+    // After a press of its button, and on a screen without a window manager.
     const bool wasActive = progress_ && progress_->isActiveWindow();
     progress_.reset();
     if (wasActive) window()->activateWindow();

@@ -13,7 +13,7 @@ namespace marvello {
 class frmpG;
 
 /// A search for the compressors that have a needed capacity. The solutions follow the inputs after a pause;
-/// until then those of before are dimmed.
+/// until then the former ones are dimmed.
 class frmFind : public InputForm {
     Q_OBJECT
 

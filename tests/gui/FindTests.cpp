@@ -31,14 +31,14 @@ using marvello::testing::field;
 
 namespace {
 
-class FindTest : public ::testing::Test, public marvello::testing::RealWindow {
+class FindFormTest : public ::testing::Test, public marvello::testing::RealWindow {
   protected:
-    FindTest() : RealWindow("en-EN"), form(window->newFind()) {
+    FindFormTest() : RealWindow("en-EN"), form(window->newFind()) {
         EXPECT_TRUE(found());
         window->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
-    ~FindTest() override { EXPECT_TRUE(boxes.isEmpty()) << boxes.join('\n').toStdString(); }
+    ~FindFormTest() override { EXPECT_TRUE(boxes.isEmpty()) << boxes.join('\n').toStdString(); }
 
     bool found() const {
         constexpr int most = 60000;  // milliseconds; under a sanitizer on a busy machine
@@ -75,7 +75,7 @@ class FindTest : public ::testing::Test, public marvello::testing::RealWindow {
 
 }  // namespace
 
-TEST_F(FindTest, OldSolutionsNeverLookValidNextToNewInputs) {
+TEST_F(FindFormTest, OldSolutionsNeverLookValidNextToNewInputs) {
     ASSERT_TRUE(form->hasResults());
     const int before = list()->rowCount();
     QAction* const copy = window->findChild<QAction*>("mnu_tools_copytoclipboard");
@@ -96,7 +96,7 @@ TEST_F(FindTest, OldSolutionsNeverLookValidNextToNewInputs) {
     }
 }
 
-TEST_F(FindTest, ASolutionOpensAsTheSelectionThatCalculatesItsFigures) {
+TEST_F(FindFormTest, ASolutionOpensAsTheSelectionThatCalculatesItsFigures) {
     chip("all")->click();
     QSet<int> kinds;
     for (int row = 0; row < list()->rowCount() && kinds.size() < 2; ++row) {
@@ -123,7 +123,7 @@ TEST_F(FindTest, ASolutionOpensAsTheSelectionThatCalculatesItsFigures) {
     EXPECT_EQ(kinds.size(), 2) << "a compressor on the mains and one on an inverter";
 }
 
-TEST_F(FindTest, FiltersAddUpAndTheirCountsStandStill) {
+TEST_F(FindFormTest, FiltersAddUpAndTheirCountsStandStill) {
     chip("all")->click();
     EXPECT_EQ(list()->rowCount(), countOf(*chip("all")));
     EXPECT_LT(countOf(*chip("best")), countOf(*chip("all")));
@@ -145,7 +145,7 @@ TEST_F(FindTest, FiltersAddUpAndTheirCountsStandStill) {
     for (const int count : ofRefrigerant) EXPECT_LE(count, 2);
 }
 
-TEST_F(FindTest, IsRankedByCopAndSortsByAnyColumnBothWays) {
+TEST_F(FindFormTest, IsRankedByCopAndSortsByAnyColumnBothWays) {
     chip("all")->click();
     QList<double> cops = numbers("cop");
     EXPECT_TRUE(std::is_sorted(cops.rbegin(), cops.rend()));
@@ -157,7 +157,7 @@ TEST_F(FindTest, IsRankedByCopAndSortsByAnyColumnBothWays) {
     EXPECT_TRUE(std::is_sorted(capacities.rbegin(), capacities.rend()));
 }
 
-TEST_F(FindTest, BadInputsHaveAStateOfTheirOwn) {
+TEST_F(FindFormTest, BadInputsHaveAStateOfTheirOwn) {
     for (const char* text : {"abc", "", "0", "-5", "1000000"}) {
         type("txtCapacity", text);
         EXPECT_FALSE(form->hasResults()) << text;
@@ -173,7 +173,7 @@ TEST_F(FindTest, BadInputsHaveAStateOfTheirOwn) {
     EXPECT_TRUE(form->hasResults());
 }
 
-TEST_F(FindTest, WhereNothingIsFoundTheNearestIsNamedAndAWiderToleranceHasIt) {
+TEST_F(FindFormTest, WhereNothingIsFoundTheNearestIsNamedAndAWiderToleranceHasIt) {
     chooseRefrigerants({"R134A"});
     type("txtCapacity", "3000");
     EXPECT_FALSE(form->hasResults());
@@ -189,7 +189,7 @@ TEST_F(FindTest, WhereNothingIsFoundTheNearestIsNamedAndAWiderToleranceHasIt) {
     EXPECT_LT(field(*form, "txtBelow")->number(), -5);
 }
 
-TEST_F(FindTest, SaysWhyCompressorsAreNotPossible) {
+TEST_F(FindFormTest, SaysWhyCompressorsAreNotPossible) {
     int counted = 0;
     const marvello::testing::Person person({[&counted](QWidget& dialog) {
         auto* tree = dialog.findChild<QTreeWidget*>();
@@ -205,7 +205,7 @@ TEST_F(FindTest, SaysWhyCompressorsAreNotPossible) {
     EXPECT_EQ(counted, static_cast<int>(form->results().result()->rejections.size()));
 }
 
-TEST_F(FindTest, OneRefrigerantHasItsPressures) {
+TEST_F(FindFormTest, OneRefrigerantHasItsPressures) {
     EXPECT_TRUE(field(*form, "txtPE")->isHidden());
     chooseRefrigerants({"R407C"});
     EXPECT_FALSE(field(*form, "txtPE")->isHidden());
@@ -218,7 +218,7 @@ TEST_F(FindTest, OneRefrigerantHasItsPressures) {
     EXPECT_EQ(field(*form, "txtTCD")->number(), dew);
 }
 
-TEST_F(FindTest, TheSystemOfUnitsChangesFiguresAndNotSolutions) {
+TEST_F(FindFormTest, TheSystemOfUnitsChangesFiguresAndNotSolutions) {
     const QString first = list()->key(0);
     const int rows = list()->rowCount();
     const double capacity = numbers("capacity").front();
@@ -231,7 +231,7 @@ TEST_F(FindTest, TheSystemOfUnitsChangesFiguresAndNotSolutions) {
     EXPECT_EQ(field(*form, "txtCapacity")->number(), 150);
 }
 
-TEST_F(FindTest, ColumnsAreHiddenAndCopiedAsShown) {
+TEST_F(FindFormTest, ColumnsAreHiddenAndCopiedAsShown) {
     form->results().setHiddenColumns({"margin", "nearestLimit"});
     EXPECT_EQ(column("margin"), -1);
     list()->selectRow(0);
@@ -243,7 +243,7 @@ TEST_F(FindTest, ColumnsAreHiddenAndCopiedAsShown) {
     EXPECT_TRUE(lines[0].contains("Capacity(kW)"));
 }
 
-TEST_F(FindTest, TheNextSearchGoesOnWithInputsAndList) {
+TEST_F(FindFormTest, TheNextSearchGoesOnWithInputsAndList) {
     type("txtCapacity", "80");
     chooseRefrigerants({"R290", "R513A"});
     chip("inverter")->click();
@@ -261,7 +261,7 @@ TEST_F(FindTest, TheNextSearchGoesOnWithInputsAndList) {
     EXPECT_EQ(column("speed"), -1);
 }
 
-TEST_F(FindTest, F6GoesRoundInputsListTabsAndPage) {
+TEST_F(FindFormTest, F6GoesRoundInputsListTabsAndPage) {
     list()->selectRow(0);
     field(*form, "txtCapacity")->setFocus();
     const auto part = [this]() -> QString {
@@ -279,7 +279,7 @@ TEST_F(FindTest, F6GoesRoundInputsListTabsAndPage) {
     EXPECT_EQ(parts, (QStringList{"list", "tabs", "page", "inputs"}));
 }
 
-TEST_F(FindTest, AChipLimitsTheListToChosenValues) {
+TEST_F(FindFormTest, AChipLimitsTheListToChosenValues) {
     chip("all")->click();
     const int all = list()->rowCount();
     FilterChip* const series = chip("fact2");
@@ -303,7 +303,7 @@ TEST_F(FindTest, AChipLimitsTheListToChosenValues) {
     EXPECT_EQ(list()->rowCount(), all);
 }
 
-TEST_F(FindTest, EveryLanguageHasItsTexts) {
+TEST_F(FindFormTest, EveryLanguageHasItsTexts) {
     for (const char* language : {"de-DE", "fr-FR", "it-IT", "es-ES", "cn-CN", "en-EN"}) {
         window->chooseLanguage(language);
         for (const auto* label : form->findChildren<FilterChip*>())
@@ -313,7 +313,7 @@ TEST_F(FindTest, EveryLanguageHasItsTexts) {
     }
 }
 
-TEST_F(FindTest, TheTabKeyGoesFromTheFiltersToTheListAndItsReasons) {
+TEST_F(FindFormTest, TheTabKeyGoesFromTheFiltersToTheListAndItsReasons) {
     control<Link>(*form, "lnkDefaults")->setFocus();
     QStringList names;
     for (int i = 0; i < 14; ++i) {

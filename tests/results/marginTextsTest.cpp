@@ -95,6 +95,26 @@ TEST_F(MarginTexts, OfAPointOutsideSaysByHowMuchItIsMissed) {
     EXPECT_EQ(marginLine(compressor, UnitSystem::metric, {}), "");
 }
 
+TEST_F(MarginTexts, SayWhatIsMissedOfErrorsAndWarningsAlone) {
+    auto limit = std::make_shared<clsLimit>();
+    limit->setType(limitType::smallMotor);
+    limit->Points = parsePoints("0,20;30,20;30,50;0,50;0,20");
+    compressor.limits.add(std::move(limit));
+    compressor.hasFullSmallMotor = true;
+    const auto distance = [this](MotorChoice motor) {
+        compressor.Motor.MotorType = motor;
+        for (const ShownMargin& margin : margins())
+            if (margin.limitType == limitType::smallMotor) return margin.distance;
+        return std::string();
+    };
+    at(10, 41);
+    EXPECT_EQ(distance(MotorChoice::full), "9.0 K");  // to where the small one is not sufficient any more
+    EXPECT_EQ(distance(MotorChoice::small), "9.0 K");
+    at(10, 52.5);
+    EXPECT_EQ(distance(MotorChoice::full), "2.5 K");
+    EXPECT_EQ(distance(MotorChoice::small), "messages.margin.over");
+}
+
 TEST(IsShownMargin, NeverWithItsOwnVisibility) {
     for (const UnitSystem units : {UnitSystem::metric, UnitSystem::imperial})
         for (const bool hasEconomizer : {false, true}) EXPECT_FALSE(isShown(5, units, hasEconomizer));
