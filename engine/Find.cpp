@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <exception>
 #include <map>
 #include <stdexcept>
 #include <string_view>
@@ -12,17 +11,13 @@
 #include "catalogue/clsInverter.h"
 #include "data/Texts.h"
 #include "engine/FrequencySearch.h"
+#include "engine/Performance.h"
 #include "engine/PermittedConditions.h"
 #include "engine/SelectionRules.h"
-#include "engine/Statements.h"
-#include "engine/Verdict.h"
-#include "thermo/RefpropLibrary.h"
 
 namespace marvello {
 
 namespace {
-
-constexpr std::string_view outsideEnvelope = "messages.message01";
 
 void check(const FindRequest& request) {
     const auto need = [](bool holds, const char* sentence) {
@@ -64,43 +59,22 @@ struct Outcome {
     bool isPossible() const { return error.empty(); }
 };
 
-void takeFigures(Candidate& machine, const clsVariables& v, CapacityKind kind) {
-    const bool isHeating = kind == CapacityKind::heating;
-    machine.isEconomized = v.isSet(var::CopEco);
-    if (machine.isEconomized) {
-        machine.capacity = isHeating ? v[var::QcEco] : v[var::Q0] + v[var::Qeco];
-        machine.power = v[var::PtaEco];
-        machine.cop = v[var::CopEco];
-        const bool isCooled = v[var::OCCalculateMode] != codeOf(OilCoolingMode::none);
-        machine.dischargeTemperature = isCooled ? std::min(v[var::T2], v[var::OC]) : v[var::T2];
-    } else {
-        machine.capacity = isHeating ? v[var::Qc] : v[var::Q0];
-        machine.power = v[var::Pta];
-        machine.cop = v[var::COP];
-        machine.dischargeTemperature = v.isSet(var::Tsca) ? v[var::Tsca] : v[var::T21];
-    }
-}
-
 Outcome outcomeOf(Calculator& calculator, const PreparedCompressor& compressor,
                   const PermittedConditions& permitted, CapacityKind kind) {
+    const Performance performance = performanceAt(calculator, compressor, permitted.conditions);
     Outcome outcome{.machine = {.compressor = &compressor,
                                 .conditions = permitted.conditions,
-                                .putBack = permitted.putBack}};
-    try {
-        const clsCompressor& calculated = calculator.calculate(compressor, permitted.conditions);
-        const Verdict verdict = verdictOf(calculated);
-        if (verdict == Verdict::notPossible) {
-            const clsMessages& errors = calculated.Messages.Error;
-            outcome.error = errors.Count() > 0 ? errors.Item(1).Name : "messages.message26";
-            return outcome;
-        }
-        outcome.machine.hasWarnings = verdict == Verdict::possibleWithWarnings;
-        takeFigures(outcome.machine, calculated.Variables, kind);
-    } catch (const FluidLibraryError&) {
-        throw;
-    } catch (const std::exception&) {
-        outcome.error = failureName;
-    }
+                                .putBack = permitted.putBack},
+                    .error = performance.error};
+    if (!performance.hasValues()) return outcome;
+    const Performance::Duty& duty = performance.duty();
+    Candidate& machine = outcome.machine;
+    machine.isEconomized = performance.economized.has_value();
+    machine.hasWarnings = performance.state == PointState::warning;
+    machine.capacity = kind == CapacityKind::heating ? duty.condenserLoad : duty.capacity;
+    machine.power = duty.power;
+    machine.cop = duty.cop;
+    machine.dischargeTemperature = duty.dischargeTemperature;
     return outcome;
 }
 
