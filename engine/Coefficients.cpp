@@ -13,14 +13,15 @@ namespace {
 using Reason = NoCoefficients::Reason;
 
 constexpr std::array ratedFigures{Figure::capacity, Figure::power, Figure::current, Figure::massFlow};
-constexpr double step = 1;              // K, from point to point
+constexpr double step = 0.5;            // K, from point to point
 constexpr double stepEconomized = 2.5;  // K: a point takes a hundred times as long
 constexpr std::size_t minPoints = 20;   // with fewer, errors say nothing about the points between
 
 NoCoefficients tooFew(std::size_t count) {
-    return {Reason::tooFewPoints, "Only " + std::to_string(count) +
-                                      " operating points inside the application limit have values; ten "
-                                      "coefficients need more, spread over both temperatures."};
+    return {Reason::tooFewPoints, "The operating points inside the application limit that have values (" +
+                                      std::to_string(count) +
+                                      ") do not determine ten coefficients: more are needed, at four or more "
+                                      "of both temperatures."};
 }
 
 /// Multiples of the step and the corners of the limit, all inside it.
@@ -42,7 +43,8 @@ std::vector<RatedPoint> pointsOf(const CoefficientsRequest& request, const clsPr
     for (const double tcd : multiplesOf(apart, box->tcdLow, box->tcdHigh))
         for (const double ted : multiplesOf(apart, box->tedLow, box->tedHigh)) add(ted, tcd);
     const auto isOnGrid = [apart](const clsPoint& p) {
-        return std::remainder(p.x, apart) == 0 && std::remainder(p.Y, apart) == 0;
+        constexpr double near = 1e-3;  // K: lines of the catalogue end a little behind their last corner
+        return std::abs(std::remainder(p.x, apart)) < near && std::abs(std::remainder(p.Y, apart)) < near;
     };
     const clsPoints& line = envelope->limits.GetLimitType(limitType::application)->Points;
     for (int i = 1; i < line.Count(); ++i)  // the last one is the first again
@@ -137,7 +139,7 @@ TemperatureBox boxOf(const std::vector<RatedPoint>& points) {
 std::vector<RatedPoint> checkPointsOf(const std::vector<RatedPoint>& points) {
     constexpr std::size_t wanted = 6;
     std::vector<RatedPoint> round;
-    for (const double apart : {10.0, 5.0, step}) {
+    for (const double apart : {10.0, 5.0, 1.0}) {
         round.clear();
         for (const RatedPoint& point : points)
             if (std::remainder(point.ted, apart) == 0 && std::remainder(point.tcd, apart) == 0)

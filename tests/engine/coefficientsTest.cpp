@@ -89,7 +89,7 @@ class CoefficientsTest : public ::testing::Test {
         return found == of.quantities.end() ? nullptr : &*found;
     }
 
-    /// At random points inside the application limit; the errors are those of a grid of 1 K.
+    /// At random points inside the application limit; the errors are those of a grid.
     void expectWithinErrors(const RatedCoefficients& of) {
         constexpr double betweenPoints = 1.05;
         std::uniform_real_distribution<double> ted(of.range.tedLow, of.range.tedHigh);
@@ -192,7 +192,7 @@ TEST_F(CoefficientsTest, ARangeNarrowsThePoints) {
               quantityOf(whole, Figure::massFlow)->deviation.max);
     for (const RatedPoint& point : part.check) EXPECT_TRUE(point.performance.hasValues());
     try {
-        coefficients({compressor, conditionsAt(2, 40), RatingConditions::en12900, {-10, -8, 40, 60}});
+        coefficients({compressor, conditionsAt(2, 40), RatingConditions::en12900, {-10, -9, 40, 60}});
         FAIL() << "three evaporating temperatures";
     } catch (const NoCoefficients& none) {
         EXPECT_EQ(none.reason, NoCoefficients::Reason::tooFewPoints);
