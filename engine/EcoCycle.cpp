@@ -75,7 +75,7 @@ void EconomizerCalculation<Tracing>::injectionPressure() {
     while (abs(error) > tolerance && !AbortRequested()) {
         turn();
         gasAt(var::P7);
-        attemptSilently([&] { old = v_[var::P7]; });
+        attemptSilently([&] { old = tracing_.named("P7 before", valueOf(v_[var::P7])); });
         trySet(var::P7, [&] { return v_[var::P9] + loss; });
         attemptSilently([&] { error = perBar * (v_[var::P7] - old); });
         if (passes.isLost(valueOf(error))) return;  // comes no nearer: the search judges what is there

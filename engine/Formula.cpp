@@ -67,18 +67,30 @@ std::string Formula::written(const Style& style, bool hasNumbers) const {
         case Kind::operation:
             break;
     }
-    const std::string sign = text_ == "*" ? std::string(style.times) : ' ' + text_ + ' ';
-    return part(0, style, hasNumbers) + sign + part(1, style, hasNumbers);
+    return operationText(style, hasNumbers);
 }
 
-std::string Formula::part(std::size_t index, const Style& style, bool hasNumbers) const {
-    const Formula& part = *parts_[index];
-    const bool isWrittenAsNumber = part.isNumber() || (hasNumbers && part.kind_ == Kind::name);
-    const bool isNegative = isWrittenAsNumber && std::signbit(part.value_) && index > 0;
+std::string Formula::operationText(const Style& style, bool hasNumbers) const {
+    const Formula& left = *parts_[0];
+    const Formula& right = *parts_[1];
+    const auto inBrackets = [](const std::string& text) { return '(' + text + ')'; };
+    std::string before = left.written(style, hasNumbers);
+    if (left.rank() < rank()) before = inBrackets(before);
+    std::string after = right.written(style, hasNumbers);
+    std::string sign = text_ == "*" ? std::string(style.times) : ' ' + text_ + ' ';
     // a - (b + c) and a / (b * c), but a + b + c.
-    const bool isGrouped = index > 0 && (text_ == "-" || text_ == "/") && part.rank() == rank();
-    const std::string text = part.written(style, hasNumbers);
-    return part.rank() < rank() || isGrouped || isNegative ? '(' + text + ')' : text;
+    const bool isGrouped = (text_ == "-" || text_ == "/") && right.rank() == rank();
+    if (right.rank() < rank() || isGrouped) {
+        after = inBrackets(after);
+    } else if (after.starts_with(style.minus) && rank() != comparing) {
+        if (text_ == "+") {  // a + -b is a - b
+            sign = " - ";
+            after.erase(0, style.minus.size());
+        } else {
+            after = inBrackets(after);
+        }
+    }
+    return before + sign + after;
 }
 
 bool Formula::hasShapeOf(const Formula& other) const {

@@ -30,6 +30,7 @@ class Formula {
     /// How a formula is written.
     struct Style {
         std::string_view times = " * ";
+        std::string minus = "-";                    ///< What negative numbers begin with.
         std::function<std::string(double)> number;  ///< Writes a number.
     };
     /// Returns the formula with its names.
@@ -45,7 +46,7 @@ class Formula {
 
     Formula(Kind kind, std::string_view text, std::vector<FormulaPtr> parts, double value);
     std::string written(const Style& style, bool hasNumbers) const;
-    std::string part(std::size_t index, const Style& style, bool hasNumbers) const;
+    std::string operationText(const Style& style, bool hasNumbers) const;
     int rank() const;
 
     Kind kind_;

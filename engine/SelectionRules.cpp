@@ -238,14 +238,15 @@ void SelectionRules<Tracing>::variableSeries() {
 
 template <class Tracing>
 void SelectionRules<Tracing>::powerOfModel() {
+    if (!tracing_.test("series.hasPowerLimits", !series_.powerLimits.empty())) return;
     if (!raisedPowerLimit(var::Pta) && v_.isSet(var::PtaEco)) raisedPowerLimit(var::PtaEco);
 }
 
 template <class Tracing>
 bool SelectionRules<Tracing>::raisedPowerLimit(var variable) {
     for (const PowerLimit& limit : series_.powerLimits) {
-        if (compressor_.Model == limit.model &&
-            v_[variable] > tracing_.named("powerLimit", limit.kilowatts)) {
+        const bool isIts = tracing_.test("model has powerLimit", compressor_.Model == limit.model);
+        if (isIts && v_[variable] > tracing_.named("powerLimit", limit.kilowatts)) {
             raiseWithZero(messages_.Error, "messages.message32");
             return true;
         }
