@@ -15,6 +15,7 @@
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/PolynomialsPage.h"
+#include "workspace/RatingPage.h"
 #include "workspace/SelectionReport.h"
 #include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
@@ -23,12 +24,13 @@ namespace marvello {
 
 namespace {
 
-constexpr std::array<CompressorPages::Page, 5> allPages{{
+constexpr std::array<CompressorPages::Page, 6> allPages{{
     {"messages", "frmselection.tabstrip.tabs.messages", "mdimain.menu.cpspopup.messages"},
     {"tecnic", "frmselection.tabstrip.tabs.tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
     {"polynomials", "frmselection.tabstrip.tabs.polynomials", "mdimain.menu.cpspopup.polynomials"},
     {"dimension", "frmselection.tabstrip.tabs.dimension", "mdimain.menu.cpspopup.dimesion"},
     {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits"},
+    {"rating", "frmselection.tabstrip.tabs.rating", "mdimain.menu.cpspopup.rating"},
 }};
 
 }  // namespace
@@ -52,8 +54,11 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     dimension_ = new DimensionPage(pages_);
     dimension_->setObjectName(QStringLiteral("picDimension"));
     limits_ = new LimitsPage(pages_);
+    rating_ = new RatingPage(inputs_, pages_);
+    connect(rating_, &RatingPage::pointUsed, this, &CompressorPages::pointUsed);
+    connect(rating_, &RatingPage::exported, this, &CompressorPages::exported);
     for (QWidget* page :
-         std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_})
+         std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_, rating_})
         pages_->addWidget(page);
 
     auto* column = new QVBoxLayout(this);
@@ -77,6 +82,7 @@ void CompressorPages::translate() {
     dimension_->setAccessibleName(tabText(dimension_));
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
+    rating_->translate();
 }
 
 QString CompressorPages::tabText(QWidget* page) const { return TabStrip_->tabText(pages_->indexOf(page)); }
@@ -98,6 +104,12 @@ void CompressorPages::clear() {
     polynomials_->clear();
     dimension_->clear();
     limits_->clear();
+    rating_->clear();
+}
+
+void CompressorPages::setFollowed() {
+    isAdvised_ = true;
+    rating_->setTakesPoints();
 }
 
 void CompressorPages::focusPage() { pages_->currentWidget()->setFocus(); }
@@ -116,6 +128,7 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
     }
     if (page == u"dimension") fillDimension(*compressor);
     if (page == u"limits") fillLimits(*compressor, conditions.get());
+    if (page == u"rating" && conditions) rating_->showCompressor(*compressor, *conditions);
 }
 
 void CompressorPages::fillTechnical(const clsCompressor& compressor) {
