@@ -11,6 +11,7 @@
 #include "results/MarginTexts.h"
 #include "results/TechnicalData.h"
 #include "workspace/AdvisedMessages.h"
+#include "workspace/CalculationPage.h"
 #include "workspace/CompressorFiles.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
@@ -24,13 +25,14 @@ namespace marvello {
 
 namespace {
 
-constexpr std::array<CompressorPages::Page, 6> allPages{{
+constexpr std::array<CompressorPages::Page, 7> allPages{{
     {"messages", "frmselection.tabstrip.tabs.messages", "mdimain.menu.cpspopup.messages"},
     {"tecnic", "frmselection.tabstrip.tabs.tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
     {"polynomials", "frmselection.tabstrip.tabs.polynomials", "mdimain.menu.cpspopup.polynomials"},
     {"dimension", "frmselection.tabstrip.tabs.dimension", "mdimain.menu.cpspopup.dimesion"},
     {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits"},
     {"rating", "frmselection.tabstrip.tabs.rating", "mdimain.menu.cpspopup.rating"},
+    {"calculation", "frmselection.tabstrip.tabs.calculation", "mdimain.menu.cpspopup.calculation"},
 }};
 
 }  // namespace
@@ -57,8 +59,10 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     rating_ = new RatingPage(inputs_, pages_);
     connect(rating_, &RatingPage::pointUsed, this, &CompressorPages::pointUsed);
     connect(rating_, &RatingPage::exported, this, &CompressorPages::exported);
-    for (QWidget* page :
-         std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_, rating_})
+    calculation_ = new CalculationPage(pages_);
+    connect(calculation_, &CalculationPage::exported, this, &CompressorPages::exported);
+    for (QWidget* page : std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_,
+                                                         limits_, rating_, calculation_})
         pages_->addWidget(page);
 
     auto* column = new QVBoxLayout(this);
@@ -83,6 +87,7 @@ void CompressorPages::translate() {
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
     rating_->translate();
+    calculation_->translate();
 }
 
 QString CompressorPages::tabText(QWidget* page) const { return TabStrip_->tabText(pages_->indexOf(page)); }
@@ -105,11 +110,16 @@ void CompressorPages::clear() {
     dimension_->clear();
     limits_->clear();
     rating_->clear();
+    calculation_->clear();
 }
 
 void CompressorPages::setFollowed() {
     isAdvised_ = true;
     rating_->setTakesPoints();
+}
+
+void CompressorPages::findOnPage() {
+    if (page() == calculation_) calculation_->focusSearch();
 }
 
 void CompressorPages::focusPage() { pages_->currentWidget()->setFocus(); }
@@ -128,6 +138,7 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
     }
     if (page == u"dimension") fillDimension(*compressor);
     if (page == u"limits") fillLimits(*compressor, conditions.get());
+    if (page == u"calculation" && conditions) calculation_->showCompressor(*compressor, *conditions);
     if (page == u"rating" && conditions) rating_->showCompressor(*compressor, *conditions);
 }
 

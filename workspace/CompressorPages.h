@@ -12,6 +12,7 @@ class QStackedWidget;
 namespace marvello {
 
 class AdvisedMessages;
+class CalculationPage;
 class DimensionPage;
 class LimitsPage;
 class MessagesView;
@@ -47,6 +48,8 @@ class CompressorPages : public QWidget {
     void setFollowed();
     /// Gives the focus to the page that is shown.
     void focusPage();
+    /// Lets the user type what to look for, if the page has a field for it.
+    void findOnPage();
     /// Selects a page by its key. False for a key that no page has.
     bool select(const QString& key);
     int current() const;
@@ -82,6 +85,7 @@ class CompressorPages : public QWidget {
     DimensionPage* dimension_;
     LimitsPage* limits_;
     RatingPage* rating_;
+    CalculationPage* calculation_;
 };
 
 }  // namespace marvello

@@ -30,6 +30,10 @@ FileKind kindOf(ExportFile::Form form) {
             return {QStringLiteral("JSON"), QStringLiteral(".json")};
         case ExportFile::Form::idf:
             return {QStringLiteral("EnergyPlus"), QStringLiteral(".idf")};
+        case ExportFile::Form::html:
+            return {QStringLiteral("HTML"), QStringLiteral(".html")};
+        case ExportFile::Form::markdown:
+            return {QStringLiteral("Markdown"), QStringLiteral(".md")};
         case ExportFile::Form::xml:
             break;
     }

@@ -46,13 +46,16 @@ InputForm::InputForm(const SelectionKind& kind, QWidget* parent)
     setObjectName(QLatin1String(kind.name));
     setMinimumSize(360, 180);
     makePanes();
-    const auto onKey = [this](Qt::Key key, auto act) {
-        auto* shortcut = new QShortcut(QKeySequence(key), this);
+    const auto onKey = [this](const QKeySequence& keys, auto act) {
+        auto* shortcut = new QShortcut(keys, this);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
         connect(shortcut, &QShortcut::activated, this, act);
     };
     onKey(Qt::Key_F5, [this] { lnkCalculate_Click(); });
     onKey(Qt::Key_F6, [this] { goRound(); });
+    onKey(QKeySequence::Find, [this] {
+        if (hasResults()) results().findOnPage();
+    });
     onKey(Qt::Key_F1, [this] {
         if (!fields_->showHelp()) emit guideRequested();
     });

@@ -147,6 +147,8 @@ void ListPane::fillPage() {
 
 bool ListPane::selectPage(const QString& key) { return pages_->select(key); }
 
+void ListPane::findOnPage() { pages_->findOnPage(); }
+
 QList<QWidget*> ListPane::parts() const { return {lvCps_, pages_->tabs(), pages_->page()}; }
 
 void ListPane::moveSelection(int rows) {

@@ -37,6 +37,8 @@ class ListPane : public Splitter {
     /// Fills the page that is shown.
     void fillPage();
     bool selectPage(const QString& key);
+    /// Lets the user look for words on the page that is shown, if it can.
+    void findOnPage();
     /// The height of what is above and below the list in its half.
     virtual int around() const { return 0; }
     /// The list, the tabs and the page, between which F6 goes.
