@@ -18,25 +18,31 @@ std::string textOf(const clsMessage& message) {
     }
 }
 
+void add(std::vector<ShownMessage>& shown, Severity severity, const clsMessages& messages) {
+    for (const clsMessage& message : messages) {
+        const std::string text = textOf(message);
+        auto same = std::ranges::find_if(shown, [&](const ShownMessage& other) {
+            return other.severity == severity && other.text == text;
+        });
+        // A search may end in the same message twice; to a person it is one.
+        if (same == shown.end()) same = shown.insert(same, {severity, text, message.Name, {}});
+        if (!message.Cause.empty()) same->causes.push_back(message.Cause);
+    }
+}
+
 }  // namespace
 
 std::vector<ShownMessage> messagesOf(const clsCompressor& compressor) {
+    std::vector<ShownMessage> errors;
+    add(errors, Severity::error, compressor.Messages.Error);
+    return errors.empty() ? allMessagesOf(compressor) : errors;
+}
+
+std::vector<ShownMessage> allMessagesOf(const clsCompressor& compressor) {
     std::vector<ShownMessage> shown;
-    const auto add = [&shown](Severity severity, const clsMessages& messages) {
-        for (const clsMessage& message : messages) {
-            const std::string text = textOf(message);
-            auto same = std::ranges::find_if(shown, [&](const ShownMessage& other) {
-                return other.severity == severity && other.text == text;
-            });
-            // A search may end in the same message twice; to a person it is one.
-            if (same == shown.end()) same = shown.insert(same, {severity, text, message.Name, {}});
-            if (!message.Cause.empty()) same->causes.push_back(message.Cause);
-        }
-    };
-    add(Severity::error, compressor.Messages.Error);
-    if (!shown.empty()) return shown;
-    add(Severity::attention, compressor.Messages.Attention);
-    add(Severity::information, compressor.Messages.Information);
+    add(shown, Severity::error, compressor.Messages.Error);
+    add(shown, Severity::attention, compressor.Messages.Attention);
+    add(shown, Severity::information, compressor.Messages.Information);
     return shown;
 }
 

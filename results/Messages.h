@@ -19,4 +19,7 @@ struct ShownMessage {
 /// the causes of all.
 std::vector<ShownMessage> messagesOf(const clsCompressor& compressor);
 
+/// Returns the warnings and notes beside the errors too.
+std::vector<ShownMessage> allMessagesOf(const clsCompressor& compressor);
+
 }  // namespace marvello

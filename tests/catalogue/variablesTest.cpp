@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <fstream>
+#include <map>
 #include <regex>
 #include <set>
 #include <string>
 
 #include "catalogue/clsVariables.h"
+#include "data/Csv.h"
 #include "data/FileText.h"
 #include "data/Texts.h"
 
@@ -55,6 +57,17 @@ TEST(Variables, ThePageIsThatOfTheTable) {
     if (fileText(file) == page()) return;
     std::ofstream("variables.md") << page();
     FAIL() << file << " differs from the table; copy variables.md from the folder of this run over it";
+}
+
+// The windows say meanings in the user's language; in English they are those of the table.
+TEST(Variables, TheDictionaryHasTheirMeanings) {
+    std::map<std::string, std::string> texts;
+    const std::string file = MARVELLO_SOURCE_FOLDER "/content/tDictionary.en-EN.csv";
+    Faults faults;
+    for (const CsvRecord& record : readCsv(fileText(file).value(), file, faults))
+        texts[record.fields.at(0)] = record.fields.at(1);
+    for (const auto& definition : variableDefinitions())
+        EXPECT_EQ(texts["variables.meaning." + lowered(definition.name)], definition.meaning);
 }
 
 TEST(Variables, NamesAreDistinctAndFoundInAnyCase) {

@@ -17,59 +17,18 @@
 #include "data/Session.h"
 #include "engine/Advice.h"
 #include "engine/clsSelections.h"
+#include "tests/support/RandomConditions.h"
 
 namespace marvello {
 namespace {
 
 using Said = std::set<std::pair<Severity, std::string>>;
 
-class AdviceOnTheCatalogue : public testing::Test {
+class AdviceOnTheCatalogue : public ::testing::Test {
   protected:
     AdviceOnTheCatalogue() {
         openCatalogue();
         catalogue = preparedCatalogue(gDatabase());
-    }
-
-    template <class Value, std::size_t N>
-    Value oneOf(const std::array<Value, N>& values) {
-        return values[random_() % N];
-    }
-    double between(double low, double high) {
-        return std::uniform_real_distribution<double>(low, high)(random_);
-    }
-
-    /// An operating point in the box around the limits or just outside of it, with the options that the form
-    /// of the series offers.
-    clsProjectConditions randomConditions(const PreparedCompressor& compressor) {
-        const clsLimits& limits = compressor.envelope->limits;
-        const clsPoint left = *limits.getLeftPoint();
-        const clsPoint right = *limits.getRightPoint();
-        clsProjectConditions c =
-            conditionsAt(between(left.x - 2, right.x + 2), between(right.Y - 2, left.Y + 2));
-        c.SuperHeat = between(0, random_() % 10 == 0 ? 50 : 20);
-        c.SubCooling = between(0, 10);
-        if (random_() % 5 == 0) {
-            c.SuperHeatType = SuperheatKind::temperature;
-            c.SuperHeat += c.TEvaporatingDew;
-        }
-        c.MotorHz = oneOf(std::array{50, 60});
-        c.InverterFrequency = static_cast<float>(between(20, 70));
-        const unsigned mask =
-            permittedSelectors(*compressor.traits, refrigerantTraits(compressor.Refrigerant));
-        if (allows(mask, Selector::stepCapacity)) c.StepCapacity = oneOf(capacitySteps);
-        if (allows(mask, Selector::motorSize))
-            c.MotorSize = oneOf(std::array{MotorChoice::standard, MotorChoice::small, MotorChoice::full});
-        if (allows(mask, Selector::oilCooling)) {
-            c.OilCoolingCalculateMode = oneOf(
-                std::array{OilCoolingMode::none, OilCoolingMode::catalogueLimit, OilCoolingMode::givenLimit});
-            c.OilCooling = between(60, 120);
-        }
-        if (allows(mask, Selector::economizer) || compressor.hasInvert) {
-            c.EcoCalculateMode =
-                oneOf(std::array{EconomizerMode::none, EconomizerMode::approach, EconomizerMode::capacity});
-            c.Eco = c.EcoCalculateMode == EconomizerMode::approach ? between(0.2, 20) : between(20, 400);
-        }
-        return c;
     }
 
     /// By a plain selection.
@@ -101,7 +60,7 @@ class AdviceOnTheCatalogue : public testing::Test {
 
     Session session{MARVELLO_APP_FOLDER};
     std::shared_ptr<const PreparedCatalogue> catalogue;
-    std::mt19937 random_{20};
+    testing::RandomConditions random_{20};
     clsSelections selections_;
 };
 
@@ -113,10 +72,9 @@ TEST_F(AdviceOnTheCatalogue, EndsItsMessageAndALittleLessDoesNot) {
     int messages = 0;
     int advised = 0;
     while (points < wanted) {
-        const PreparedCompressor& compressor =
-            catalogue->compressors()[random_() % catalogue->compressors().size()];
-        const clsProjectConditions conditions = randomConditions(compressor);
-        const UnitSystem units = random_() % 4 == 0 ? UnitSystem::imperial : UnitSystem::metric;
+        const PreparedCompressor& compressor = random_.compressorOf(*catalogue);
+        const clsProjectConditions conditions = random_.conditionsFor(compressor);
+        const UnitSystem units = random_.number() % 4 == 0 ? UnitSystem::imperial : UnitSystem::metric;
         const auto advice = adviseOn(calculator, compressor, conditions, units);
         points += advice.empty() ? 0 : 1;
         const Said before = saidOf(compressor, conditions);

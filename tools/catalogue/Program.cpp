@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "catalogue/Variables.h"
 #include "data/Texts.h"
 #include "tools/catalogue/Windows.h"
 
@@ -32,10 +33,22 @@ std::vector<std::string> CompletedKey::keys() const {
     return whole;
 }
 
+namespace {
+
+std::vector<std::string> namesOfVariables() {
+    std::vector<std::string> names;
+    for (const VariableDefinition& definition : variableDefinitions())
+        names.push_back(lowered(definition.name));
+    return names;
+}
+
+}  // namespace
+
 std::span<const CompletedKey> completedKeys() {
     static const std::vector<CompletedKey> all{
         {"frmselection.tabstrip.tabs.", programWindows().pages},
         {"general.", programWindows().marks},
+        {"variables.meaning.", namesOfVariables()},
         {"frmselection.help.%1.caption", programWindows().fields, false},
         {"help.", {}, false},  // the documents of thelp, whose names are the catalogue's own
     };

@@ -14,6 +14,7 @@
 #include "engine/Statements.h"
 #include "results/Messages.h"
 #include "tools/select/AlignedTable.h"
+#include "tools/select/MessagesJson.h"
 
 namespace marvello::select {
 
@@ -171,28 +172,6 @@ std::string csvOf(const FindAnswer& answer) {
     return text;
 }
 
-const char* wordOf(Severity severity) {
-    switch (severity) {
-        case Severity::error:
-            return "error";
-        case Severity::attention:
-            return "attention";
-        case Severity::information:
-            break;
-    }
-    return "information";
-}
-
-Json ofMessages(const std::vector<ShownMessage>& messages) {
-    Json list = Json::array();
-    for (const ShownMessage& message : messages) {
-        list.push_back(
-            {{"severity", wordOf(message.severity)}, {"name", message.key}, {"description", message.text}});
-        if (!message.causes.empty()) list.back()["cause"] = message.causes.front();
-    }
-    return list;
-}
-
 /// The names of the options that a series does not permit.
 Json ofPutBack(unsigned mask) {
     constexpr std::array names{
@@ -234,7 +213,7 @@ Json ofShown(const Shown& shown) {
                           {"kelvin", margin.kelvin},
                           {"direction", marvello::nameOf(margin.direction)}});
     if (c.putBack != 0) object["putBack"] = ofPutBack(c.putBack);
-    object["messages"] = ofMessages(shown.messages);
+    object["messages"] = messagesJson(shown.messages);
     return object;
 }
 

@@ -16,6 +16,7 @@
 #include "thermo/RefpropLibrary.h"
 #include "tools/select/BatchRun.h"
 #include "tools/select/Exit.h"
+#include "tools/select/ExplainCommand.h"
 #include "tools/select/FindCommand.h"
 #include "tools/select/Output.h"
 #include "tools/select/RatingCommand.h"
@@ -157,11 +158,13 @@ int run(int argc, char** argv) {
                  "prints the refrigerants with safety class, GWP, ODP and temperatures");
     const FindCommand find(app);
     const RatingCommand rating(app);
+    const ExplainCommand explain(app);
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
         if (find.isGiven()) return find.run();
         if (rating.isGiven()) return rating.run();
+        if (explain.isGiven()) return explain.run();
     } catch (const CLI::CallForHelp&) {
         printText(app.help());
         return done;
