@@ -2,12 +2,37 @@
 
 #include <QImage>
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "controls/EnvelopeDrawing.h"
 #include "results/ReportLines.h"
 
 namespace marvello {
+
+/// A table over two axes on paper.
+struct ReportTable {
+    struct Cell {
+        QString text;  ///< empty: no value
+        bool hasWarnings = false;
+    };
+    QString heading;
+    QString corner;  ///< what the rows and the columns are
+    QStringList columns;
+    QStringList rows;
+    std::vector<Cell> cells;  ///< row by row
+    int currentColumn = 0;    ///< of the operating point
+    int currentRow = 0;
+};
+
+/// A part of the report behind its first page, on a page of its own.
+struct ReportSection {
+    QString title;  ///< what the page is, with the conditions
+    std::vector<ReportTable> tables;
+    QString ofPoint;     ///< what the framed cell is
+    QString ofWarnings;  ///< what a marked cell is
+    QString ofNone;      ///< what a hatched cell is
+};
 
 /// What the report says of one compressor, with all its texts in the language of the user.
 struct ReportContent {
@@ -17,7 +42,7 @@ struct ReportContent {
     QString address;  ///< of the maker
     QString warning;  ///< both are shown with warnings alone
     QString warning2;
-    QString page;  ///< "Page 1 of 1"
+    QStringList pages;  ///< "Page 1 of 1", one for each page
     QString date;
     QImage photo;  ///< null leaves its place empty
     EnvelopeDrawing envelope;
@@ -25,6 +50,7 @@ struct ReportContent {
     std::vector<ReportLine> lines;
     bool hasWarnings = false;
     bool showsEnvelope = true;
+    std::vector<ReportSection> sections;  ///< behind the first page
 };
 
 }  // namespace marvello

@@ -30,7 +30,10 @@ bool printReport(QPrinter& printer, const ReportContent& content) {
     printer.setFullPage(true);
     QPainter painter;
     if (!painter.begin(&printer)) return false;
-    paintReport(painter, paperOf(printer.pageLayout()), content);
+    for (int page = 1; page <= pageCount(content); ++page) {
+        if (page > 1 && !printer.newPage()) return false;
+        paintReport(painter, paperOf(printer.pageLayout()), content, page);
+    }
     return painter.end() && printer.printerState() != QPrinter::Error;
 }
 
@@ -44,7 +47,10 @@ QString saveReport(const QString& file, const QPageLayout& layout, const ReportC
         writer.setTitle(content.model);
         writer.setCreator(content.version);
         QPainter painter(&writer);
-        paintReport(painter, paperOf(layout), content);
+        for (int page = 1; page <= pageCount(content); ++page) {
+            if (page > 1) writer.newPage();
+            paintReport(painter, paperOf(layout), content, page);
+        }
     }
     return writeWholeFile(file, made.data());
 }

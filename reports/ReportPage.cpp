@@ -8,89 +8,38 @@
 #include "controls/CoreText.h"
 #include "controls/GraphLegend.h"
 #include "controls/Icons.h"
-#include "controls/Look.h"
 #include "controls/Marks.h"
+#include "reports/PaperPage.h"
+#include "reports/SectionPage.h"
 
 namespace marvello {
 
 namespace {
 
-// The page is laid out in hundredths of a millimetre: fine enough for whole sizes of letters.
-constexpr double mm = 100;
-constexpr double point = 25.4 / 72 * mm;
-constexpr double pixel = 25.4 / 96 * mm;  // the logical pixel of curves and their labels
+constexpr double millimetre = 100;  // of PaperPage
+constexpr double leftWidth = 84 * millimetre;
+constexpr double columnGap = 6 * millimetre;
+constexpr double photoHeight = 58 * millimetre;
+constexpr double envelopeHeight = 96 * millimetre;
+constexpr double lineText = 8.5 * 25.4 / 72 * millimetre;
+constexpr double stripHeight = 15 * millimetre;
 
-constexpr double side = 15 * mm;
-constexpr double leftWidth = 84 * mm;
-constexpr double columnGap = 6 * mm;
-constexpr double bodyTop = 36 * mm;
-constexpr double photoHeight = 58 * mm;
-constexpr double envelopeHeight = 96 * mm;
-constexpr double lineStep = 4.41 * mm;
-constexpr double lineText = 8.5 * point;
-constexpr double stripHeight = 15 * mm;
-constexpr double hairline = 0.1 * mm;
-
-const QColor ink(0x18, 0x21, 0x26);
-const QColor quiet(0x55, 0x62, 0x6A);
-const QColor faint(0xE4, 0xE4, 0xE4);
-const QColor frame(0xC9, 0xD1, 0xD6);
-const QColor headingBlue(0, 0, 255);
-const QColor warningOrange(0xC9, 0x6A, 0x00);
-
-QFont letters(double size, QFont::Weight weight = QFont::Normal) {
-    QFont font = lookFont(static_cast<int>(std::lround(size)), weight);
-    // A spacing that no one sees keeps "ffi" three letters, so that they are found in the file.
-    font.setLetterSpacing(QFont::AbsoluteSpacing, 0.02);
-    return font;
-}
-
-/// The parts of a page, each drawn in its place.
-class Page {
+/// The parts of the first page, each drawn in its place.
+class FirstPage : public PaperPage {
   public:
-    Page(QPainter& painter, const QSizeF& paper, const ReportContent& content)
-        : painter_(painter), content_(content), width_(paper.width() * mm), height_(paper.height() * mm) {}
+    using PaperPage::PaperPage;
 
     void paint() {
-        painter_.fillRect(QRectF(0, 0, width_, height_), Qt::white);
-        paintHead();
+        paintHead(content_.title);
         paintPhoto();
         if (content_.showsEnvelope) paintEnvelope();
         paintData();
         if (content_.hasWarnings) paintWarning();
-        paintFoot();
+        paintFoot(1);
     }
 
   private:
-    double right() const { return width_ - side; }
-    double footTop() const { return height_ - 23 * mm; }
     double stripTop() const { return footTop() - 34 * mm; }
-
-    /// A text in a box; one that is too wide is drawn smaller, never cut.
-    void text(const QRectF& box, Qt::Alignment alignment, double size, const QString& words,
-              const QColor& colour, QFont::Weight weight = QFont::Normal) {
-        QFont font = letters(size, weight);
-        const double needed = QFontMetricsF(font).horizontalAdvance(words);
-        if (needed > box.width()) font = letters(size * box.width() / needed, weight);
-        painter_.setFont(font);
-        painter_.setPen(colour);
-        painter_.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, words);
-    }
-
-    void rule(double top, double thickness, const QColor& colour, double from, double to) {
-        painter_.fillRect(QRectF(from, top, to - from, thickness), colour);
-    }
-
-    void paintHead() {
-        paintIconOnPaper(painter_, QRectF(side, 15 * mm, 30 * mm, 30 * mm * 14 / 131),
-                         QStringLiteral("wordmark"), ink);
-        text({width_ / 2, 11 * mm, right() - width_ / 2, 12 * mm}, Qt::AlignRight | Qt::AlignVCenter,
-             20 * point, content_.model, ink);
-        rule(25 * mm, 0.35 * mm, ink, side, right());
-        const QRectF line(side, 27 * mm, right() - side, 4 * mm);
-        text(line, Qt::AlignLeft | Qt::AlignVCenter, 7 * point, content_.title, quiet);
-        text(line, Qt::AlignRight | Qt::AlignVCenter, 7 * point, content_.version, quiet);
-    }
 
     void paintPhoto() {
         const QRectF box(side, bodyTop, leftWidth, photoHeight);
@@ -190,30 +139,21 @@ class Page {
         text(words.translated(0, 5 * mm), Qt::AlignLeft | Qt::AlignVCenter, 9 * point, content_.warning2,
              ink);
     }
-
-    void paintFoot() {
-        rule(footTop(), 0.15 * mm, quiet, side, right());
-        const QRectF line(side, footTop() + 2 * mm, right() - side, 4 * mm);
-        text(line.adjusted(0, 0, -50 * mm, 0), Qt::AlignLeft | Qt::AlignVCenter, 7 * point, content_.address,
-             quiet);
-        text(line, Qt::AlignRight | Qt::AlignVCenter, 7 * point, content_.date, quiet);
-        text(line.translated(0, 4 * mm), Qt::AlignRight | Qt::AlignVCenter, 7 * point, content_.page, quiet);
-    }
-
-    QPainter& painter_;
-    const ReportContent& content_;
-    double width_;
-    double height_;
 };
 
 }  // namespace
 
-void paintReport(QPainter& painter, const QSizeF& paper, const ReportContent& content) {
+int pageCount(const ReportContent& content) { return 1 + static_cast<int>(content.sections.size()); }
+
+void paintReport(QPainter& painter, const QSizeF& paper, const ReportContent& content, int page) {
     const double dots = painter.device()->logicalDpiX() / 25.4;  // in a millimetre
     painter.save();
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter.scale(dots / mm, dots / mm);
-    Page(painter, paper, content).paint();
+    painter.scale(dots / millimetre, dots / millimetre);
+    if (page == 1)
+        FirstPage(painter, paper, content).paint();
+    else
+        SectionPage(painter, paper, content).paint(page);
     painter.restore();
 }
 

@@ -90,6 +90,7 @@ RatingPage::RatingPage(const SelectionInputs& inputs, QWidget* parent)
     connect(&run_, &RatingRun::rated, this, &RatingPage::show);
     connect(&run_, &RatingRun::failed, this, [this](const QString& reason) {
         patience_->stop();
+        sheet_.reset();
         say(reason);
     });
     clear();

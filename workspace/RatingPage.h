@@ -39,6 +39,9 @@ class RatingPage : public QWidget {
     /// Lets the user choose an operating point, which pointUsed() says.
     void setTakesPoints() { takesPoints_ = true; }
 
+    /// True while a table is on its way.
+    bool isCalculating() const { return sheet_ && cells_.empty(); }
+
   signals:
     void pointUsed(const marvello::UsedPoint& point);
     /// A file was written; the note says which.

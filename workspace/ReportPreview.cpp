@@ -18,6 +18,7 @@
 #include "controls/Look.h"
 #include "controls/MessageBox.h"
 #include "reports/ReportOutput.h"
+#include "workspace/SelectionReport.h"
 #include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 
@@ -92,6 +93,30 @@ void ReportPreview::makeToolBar() {
             pages_, [this] { pages_->zoomIn(); });
     connect(command("zoomout", "report.zoomout.caption", nullptr, QKeySequence::ZoomOut), &QAction::triggered,
             pages_, [this] { pages_->zoomOut(); });
+}
+
+void ReportPreview::offerSections(const QString& name,
+                                  const std::function<std::vector<ReportSection>()>& make) {
+    auto* action = new QAction(name, this);
+    action->setObjectName(QStringLiteral("sections"));
+    action->setCheckable(true);
+    action->setChecked(!report_.sections.empty());
+    QAction* const before = bar_->actions().value(3);  // behind what concerns the paper
+    bar_->insertAction(before, action);
+    connect(action, &QAction::toggled, this, [this, make](bool isOn) {
+        settings::reportHasTables.keep(isOn ? 1 : 0);
+        setSections(report_, isOn ? make() : std::vector<ReportSection>());
+        pages_->updatePreview();
+        showAllPages();
+    });
+    showAllPages();
+}
+
+// Next to each other; a page alone has the whole room.
+void ReportPreview::showAllPages() {
+    pages_->setViewMode(report_.sections.empty() ? QPrintPreviewWidget::SinglePageView
+                                                 : QPrintPreviewWidget::AllPagesView);
+    pages_->fitInView();
 }
 
 void ReportPreview::print() {

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 #include <QPrinter>
+#include <functional>
+#include <vector>
 
 #include "reports/ReportContent.h"
 
@@ -20,17 +22,21 @@ class ReportPreview : public QDialog {
   public:
     ReportPreview(const ReportContent& report, QWidget* parent);
 
+    /// Offers the sections behind the first page under a name; they are made when they are first asked for.
+    void offerSections(const QString& name, const std::function<std::vector<ReportSection>()>& make);
+
     /// The name that a file of this report is offered under.
     QString suggestedName() const;
 
   private:
     QAction* command(const char* name, const char* key, const char* iconName, const QKeySequence& keys);
     void makeToolBar();
+    void showAllPages();
     void print();
     void setUpPage();
     void save();
 
-    const ReportContent report_;
+    ReportContent report_;
     QPrinter printer_;
     QToolBar* bar_;
     QPrintPreviewWidget* pages_;

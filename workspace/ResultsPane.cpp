@@ -7,9 +7,11 @@
 #include "controls/ResultsView.h"
 #include "workspace/CompressorPages.h"
 #include "workspace/CopiedTable.h"
+#include "workspace/RatingSection.h"
 #include "workspace/ReportPreview.h"
 #include "workspace/ResultMarks.h"
 #include "workspace/SelectionReport.h"
+#include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -134,16 +136,28 @@ bool ResultsPane::canPrint() const {
 
 std::optional<ReportContent> ResultsPane::report() const {
     const ResultRow* const result = selected();
-    return result ? std::optional(reportOf(run_.table(), *result, inputs_)) : std::nullopt;
+    if (!result) return std::nullopt;
+    ReportContent content = reportOf(run_.table(), *result, inputs_);
+    if (settings::reportHasTables.value() == 1 && canPrint()) setSections(content, sections());
+    return content;
+}
+
+std::vector<ReportSection> ResultsPane::sections() const {
+    const auto section = ratingSection(*selectedCompressor(), *conditions(), inputs_);
+    return section ? std::vector<ReportSection>{*section} : std::vector<ReportSection>();
 }
 
 void ResultsPane::print(bool preview) const {
     const std::optional<ReportContent> shown = report();
     if (!shown) return;
-    if (preview)
-        ReportPreview(*shown, window()).exec();
-    else
+    if (!preview) {
         printReport(*shown, window());
+        return;
+    }
+    ReportPreview dialog(*shown, window());
+    dialog.offerSections(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.rating")),
+                         [this] { return sections(); });
+    dialog.exec();
 }
 
 void ResultsPane::copy() const {

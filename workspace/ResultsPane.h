@@ -37,7 +37,8 @@ class ResultsPane : public ListPane {
     bool canCopy() const override { return selected() != nullptr; }
     /// True with a compressor without error as the selected row.
     bool canPrint() const override;
-    /// The report of the selected compressor; nothing without one.
+    /// The report of the selected compressor, with the sections that the user has chosen; nothing without
+    /// one.
     std::optional<ReportContent> report() const;
     /// Copies the selected compressors with their values, separated by tabs.
     void copy() const override;
@@ -52,6 +53,7 @@ class ResultsPane : public ListPane {
     std::shared_ptr<const clsProjectConditions> conditions() const override { return run_.conditions(); }
 
   private:
+    std::vector<ReportSection> sections() const;
     void sortBy(const QString& column);
     void selectCompressor();
 

@@ -4,10 +4,12 @@
 #include <QDate>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <utility>
 
 #include "controls/NumberText.h"
 #include "inputs/InputTexts.h"
 #include "reports/ReportOutput.h"
+#include "reports/ReportPage.h"
 #include "results/EnvelopeTexts.h"
 #include "results/MarginTexts.h"
 #include "workspace/CompressorFiles.h"
@@ -55,6 +57,15 @@ EnvelopeDrawing envelopeOf(const clsCompressor& compressor, const SelectionInput
     return drawing;
 }
 
+void setSections(ReportContent& report, std::vector<ReportSection> sections) {
+    report.sections = std::move(sections);
+    report.pages.clear();
+    const int count = pageCount(report);
+    for (int page = 1; page <= count; ++page)
+        report.pages += filled(dictionaryText(QStringLiteral("report.page.caption")),
+                               {QString::number(page), QString::number(count)});
+}
+
 ReportContent reportOf(const ResultTable& table, const ResultRow& row, const SelectionInputs& inputs) {
     const clsCompressor& compressor = *row.compressor;
     const auto text = [](const char* key) { return dictionaryText(QLatin1String(key)); };
@@ -65,7 +76,7 @@ ReportContent reportOf(const ResultTable& table, const ResultRow& row, const Sel
     report.address = text("report.lbladdress.caption");
     report.warning = text("report.lblwarning.caption");
     report.warning2 = text("report.lblwarning2.caption");
-    report.page = filled(text("report.page.caption"), {QStringLiteral("1"), QStringLiteral("1")});
+    setSections(report, {});
     report.date = userLocale().toString(QDate::currentDate(), QLocale::LongFormat);
     report.photo = readPhoto(fromCore(compressor.Serie), fromCore(compressor.Model));
     report.envelope = envelopeOf(compressor, inputs);

@@ -27,6 +27,7 @@
 #include "workspace/ReportPreview.h"
 #include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
+#include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 
 using namespace marvello;
@@ -245,6 +246,38 @@ TEST_P(ReportTest, PrintsOntoTheSamePaper) {
     }});
     form->PrintReport(false);
     EXPECT_EQ(wordsIn(file), wordsOf(*form->results().report()));
+}
+
+TEST_P(ReportTest, GoesOnWithRatingTablesIfTheUserWantsThem) {
+    calculate("R134A", "TK-A");
+    select(mark::withWarnings);
+    const ReportContent alone = *form->results().report();
+    ASSERT_TRUE(alone.sections.empty()) << "not before somebody asks for them";
+    settings::reportHasTables.keep(1);
+    const ReportContent report = *form->results().report();
+    ASSERT_EQ(report.sections.size(), 1U);
+    EXPECT_EQ(report.pages.size(), 2);
+    const ReportSection& section = report.sections.front();
+    ASSERT_EQ(section.tables.size(), 6U);
+    const QStringList columns{"Q0", "Pta", "COP", "CA", "mBase", "Tsca"};
+    for (int i = 0; i < columns.size(); ++i) {
+        const ReportTable& table = section.tables.at(static_cast<std::size_t>(i));
+        const auto at = table.currentRow * table.columns.size() + table.currentColumn;
+        const auto column = static_cast<int>(list()->columnKeys().indexOf(columns[i]));
+        EXPECT_EQ(table.cells.at(static_cast<std::size_t>(at)).text,
+                  list()->text(list()->selectedRow(), column));
+    }
+    const QString words = wordsOf(report);
+    // A font of Chinese may have the radical for the sign of "page".
+    EXPECT_TRUE(QString(words).replace(QChar(0x2EDA), QChar(0x9875)).contains(plain(report.pages[1])));
+    EXPECT_TRUE(words.contains(plain(section.tables.back().heading)));
+    for (const ReportTable::Cell& cell : section.tables.front().cells)
+        EXPECT_TRUE(words.contains(plain(cell.text))) << cell.text.toStdString();
+    // The first page is the same but for the number of its pages.
+    ReportContent first = report;
+    first.sections.clear();
+    first.pages = alone.pages;
+    EXPECT_EQ(wordsOf(first), wordsOf(alone));
 }
 
 TEST_P(ReportTest, AFileThatCannotBeWrittenIsSaidAndLosesNothing) {

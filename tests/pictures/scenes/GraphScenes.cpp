@@ -170,7 +170,7 @@ ReportContent fullReport() {
     report.warning2 =
         "Read the messages of the selection and observe them before ordering, all of them, even if they are "
         "so many that the sentence that asks for it is wider than the page.";
-    report.page = "Page 1 of 1";
+    report.pages = QStringList{"Page 1 of 1"};
     report.date = "Monday, 4 May 2026";
     report.photo = QImage(90, 120, QImage::Format_RGB32);
     report.photo.fill(QColor(0x7F, 0x9F, 0xAF));

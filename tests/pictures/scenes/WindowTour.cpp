@@ -21,6 +21,7 @@
 #include "workspace/AdviceSearch.h"
 #include "workspace/Frmsplash.h"
 #include "workspace/MDIMain.h"
+#include "workspace/RatingPage.h"
 #include "workspace/ReportPreview.h"
 #include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
@@ -171,8 +172,10 @@ void WindowTour::showPages() const {
     calculate(*form_);
     show("results", *form_, results);
     showReport(*form_, "report");
-    for (const char* page : {"tecnic", "polynomials", "dimension", "limits", "messages"}) {
+    for (const char* page : {"tecnic", "polynomials", "dimension", "limits", "rating", "messages"}) {
         form_->MnuPopUp(QLatin1String(page));
+        const auto* const rating = form_->findChild<RatingPage*>();
+        while (rating->isCalculating()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
         show(qPrintable(QStringLiteral("page-") + QLatin1String(page)), *form_, pages);
     }
     auto* menu = form_->findChild<QMenu*>(QStringLiteral("mnu_cpspopup"));
