@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "data/clsDatabase.h"
+#include "thermo/FluidState.h"
 #include "thermo/RefpropLibrary.h"
 #include "thermo/SaturationRange.h"
 #include "thermo/StateMemory.h"
@@ -72,6 +73,14 @@ class clsRefprop {
     double Density(double value1, int type1, int kph, std::optional<double> value2 = std::nullopt,
                    int type2 = property::none);
 
+    /// A state as a whole, calculated anew; none where the library refuses it. What the other calls return
+    /// does not change by it. Throws ArithmeticFault.
+    std::optional<FluidState> StateAtTemperature(double t, double p);
+    std::optional<FluidState> StateAtEnthalpy(double p, double h);
+    std::optional<FluidState> StateAtEntropy(double p, double s);
+    /// Saturated liquid or vapour (`kph`) at the pressure `p`.
+    std::optional<FluidState> SaturationAt(double p, int kph);
+
     /// Returns the last state without a result: the call, and why in the library's own sentence. Empty if
     /// each had one since clearLastUndefined().
     const std::string& LastUndefined() const { return lastUndefined_; }
@@ -110,6 +119,9 @@ class clsRefprop {
                int kph);
 
     bool hasDewPressure(double kelvin);
+    /// The state of a call whose inputs are in the units of `Convert`, without these.
+    std::optional<FluidState> wholeState(StateCall::Function function, std::pair<double, int> first,
+                                         std::pair<double, int> second);
 
     /// A call as its caller wrote it.
     struct Request {
