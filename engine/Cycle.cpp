@@ -99,7 +99,7 @@ void CycleOf::add(CyclePoint point, double massFlow, const Sources& sources) {
 
 /// The enthalpies `Hcb` and `Hlb` of a pure refrigerant are those of its vapour: the liquid is looked up.
 void CycleOf::addSaturation(CyclePoint point, double massFlow, int side, var t) {
-    FluidState state = found(refprop_.SaturationAt(value(var::Pc), side));
+    FluidState state = found(refprop_.SaturationAtPressure(value(var::Pc), side));
     state.t = value(t);
     cycle_.states.push_back({point, state, massFlow, t, var::Pc, {}});
 }

@@ -206,16 +206,26 @@ std::optional<FluidState> clsRefprop::StateAtEntropy(double p, double s) {
     return state;
 }
 
-std::optional<FluidState> clsRefprop::SaturationAt(double p, int kph) {
-    const RefpropState point =
-        asked({Function::satp, kph, Convert.ConvertUnitsRefprop(p, property::pressure), 0});
+std::optional<FluidState> clsRefprop::SaturationAtPressure(double p, int kph) {
+    const double kilopascals = Convert.ConvertUnitsRefprop(p, property::pressure);
+    const RefpropState point = asked({Function::satp, kph, kilopascals, 0});
     if (point.answer.code > 0) return std::nullopt;
-    // The library has no enthalpy of its saturation calls. At their temperature and pressure it means the
-    // vapour; so much above the pressure it is the liquid, and hardly another one.
+    return saturated(kph, Convert.ConvertUnitsApp(point.t, property::temperature), p);
+}
+
+std::optional<FluidState> clsRefprop::SaturationAtTemperature(double t, int kph) {
+    const double kelvin = Convert.ConvertUnitsRefprop(t, property::temperature);
+    const RefpropState point = asked({Function::satt, kph, kelvin, 0});
+    if (point.answer.code > 0) return std::nullopt;
+    return saturated(kph, t, Convert.ConvertUnitsApp(point.p, property::pressure));
+}
+
+/// The library's saturation calls know no enthalpy. At their temperature and pressure it takes a state for
+/// vapour; so little above the pressure it is liquid, and hardly another one.
+std::optional<FluidState> clsRefprop::saturated(int kph, double t, double p) {
     constexpr double clearance = 1e-8;
     const bool isBubble = kph == saturation::bubble;
-    auto state = StateAtTemperature(Convert.ConvertUnitsApp(point.t, property::temperature),
-                                    isBubble ? p * (1 + clearance) : p);
+    auto state = StateAtTemperature(t, isBubble ? p * (1 + clearance) : p);
     if (!state) return std::nullopt;
     state->p = p;
     state->quality = isBubble ? 0 : 1;

@@ -78,8 +78,9 @@ class clsRefprop {
     std::optional<FluidState> StateAtTemperature(double t, double p);
     std::optional<FluidState> StateAtEnthalpy(double p, double h);
     std::optional<FluidState> StateAtEntropy(double p, double s);
-    /// Saturated liquid or vapour (`kph`) at the pressure `p`.
-    std::optional<FluidState> SaturationAt(double p, int kph);
+    /// Saturated liquid or vapour, by `kph`.
+    std::optional<FluidState> SaturationAtPressure(double p, int kph);
+    std::optional<FluidState> SaturationAtTemperature(double t, int kph);
 
     /// Returns the last state without a result: the call, and why in the library's own sentence. Empty if
     /// each had one since clearLastUndefined().
@@ -122,6 +123,7 @@ class clsRefprop {
     /// The state of a call whose inputs are in the units of `Convert`, without these.
     std::optional<FluidState> wholeState(StateCall::Function function, std::pair<double, int> first,
                                          std::pair<double, int> second);
+    std::optional<FluidState> saturated(int kph, double t, double p);
 
     /// A call as its caller wrote it.
     struct Request {

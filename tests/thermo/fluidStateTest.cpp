@@ -32,11 +32,12 @@ TEST_F(FluidStates, SaturatedLiquidAndVapour) {
         clsRefprop& refprop = GetRefprop(refrigerant);
         for (int i = 0; i < 100; ++i) {
             const double p = between(0.6, 33);
-            const FluidState liquid = *refprop.SaturationAt(p, saturation::bubble);
-            const FluidState vapour = *refprop.SaturationAt(p, saturation::dew);
+            const FluidState liquid = *refprop.SaturationAtPressure(p, saturation::bubble);
+            const FluidState vapour = *refprop.SaturationAtPressure(p, saturation::dew);
             EXPECT_EQ(liquid.quality, 0);
             EXPECT_EQ(vapour.quality, 1);
             EXPECT_EQ(liquid.p, p);
+            EXPECT_NEAR(refprop.SaturationAtTemperature(liquid.t, saturation::bubble)->p / p, 1, 1e-9);
             EXPECT_NEAR(liquid.t, refprop.Temperature(p, property::pressure, saturation::bubble, 0, -1),
                         1e-9);
             EXPECT_NEAR(vapour.density / refprop.Density(p, property::pressure, saturation::dew), 1, 1e-7);
@@ -66,8 +67,8 @@ TEST_F(FluidStates, QualityIsTheVapoursShareOfTheMass) {
             return liquid + share * (vapour - liquid);
         };
         const auto hOf = [&](clsRefprop& refprop) {
-            return between(refprop.SaturationAt(p, saturation::bubble)->h,
-                           refprop.SaturationAt(p, saturation::dew)->h);
+            return between(refprop.SaturationAtPressure(p, saturation::bubble)->h,
+                           refprop.SaturationAtPressure(p, saturation::dew)->h);
         };
         EXPECT_NEAR(*pure.StateAtEnthalpy(p, hOf(pure))->quality, share, 1e-7);
 
@@ -89,7 +90,7 @@ TEST_F(FluidStates, OnePhaseHasNoQualityAndARefusalNoState) {
     EXPECT_NEAR(again.h, gas.h, 1e-8);
     EXPECT_NEAR(again.t, 30, 1e-8);
     EXPECT_FALSE(refprop.StateAtTemperature(30, 1e6));
-    EXPECT_FALSE(refprop.SaturationAt(60, saturation::dew));
+    EXPECT_FALSE(refprop.SaturationAtPressure(60, saturation::dew));
     EXPECT_TRUE(catalogue.boxes.empty());
 }
 
