@@ -37,6 +37,16 @@ void WrapBar::addSeparator() {
     entries_ += Entry{line, 0, true};
 }
 
+/// Of a control that begins at `left`: what it asks for, unless no line has that much.
+int WrapBar::widthOf(const QWidget& control, int ring, int left) const {
+    const int wanted = control.sizeHint().width();
+    const int line = width() - 2 * side + 2 * ring;
+    if (wanted <= line) return wanted;
+    const int minimum = control.minimumSizeHint().width();
+    const int rest = line - (left - side);
+    return rest >= minimum ? rest : std::max(minimum, line);
+}
+
 void WrapBar::layOut() {
     int left = side;
     int middle = lineHeight / 2;
@@ -44,7 +54,8 @@ void WrapBar::layOut() {
     for (qsizetype i = 0; i < entries_.size(); ++i) {
         const auto& [control, ring, isSeparator] = entries_[i];
         if (control->isHidden() && !isSeparator) continue;
-        const QSize size = isSeparator ? control->size() : control->sizeHint();
+        QSize size = isSeparator ? control->size() : control->sizeHint();
+        if (!isSeparator) size.setWidth(widthOf(*control, ring, left));
         const int width = size.width() - 2 * ring;
         if (!isSeparator && left > side && left + width > this->width() - side) {
             // No separator at the end of a line.
@@ -58,7 +69,12 @@ void WrapBar::layOut() {
         control->setGeometry(left - ring, middle - size.height() / 2, size.width(), size.height());
         left += width + gap;
     }
+    end_ = left - gap;
     setFixedHeight(middle + lineHeight - lineHeight / 2);
+}
+
+QRect WrapBar::freeRoom() const {
+    return {end_, height() - lineHeight, std::max(0, width() - side - end_), lineHeight - 1};
 }
 
 void WrapBar::paintEvent(QPaintEvent*) {

@@ -14,16 +14,19 @@ class WrapBar : public QWidget {
 
     explicit WrapBar(QWidget* parent = nullptr);
 
-    /// Adds a control at the end, whose size hint holds. `ring` is the room around its frame.
+    /// Adds a control at the end, whose size hint holds; one that is wider than the bar gets as much as the
+    /// bar has, down to its minimum. `ring` is the room around its frame.
     void add(QWidget* control, int ring);
     /// The controls in their order.
     QList<QWidget*> controls() const;
     /// Adds a line between two groups.
     void addSeparator();
     /// Places the controls anew; to be called when one of them became wider or is hidden.
-    void layOut();
+    virtual void layOut();
 
   protected:
+    /// What is left of the last line.
+    QRect freeRoom() const;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -33,7 +36,10 @@ class WrapBar : public QWidget {
         int ring;
         bool isSeparator;
     };
+    int widthOf(const QWidget& control, int ring, int left) const;
+
     QList<Entry> entries_;
+    int end_ = 0;  ///< of the controls in the last line
 };
 
 }  // namespace marvello

@@ -48,6 +48,12 @@ double convertedCapacity(double value, UnitSystem from, UnitSystem to) {
         value, to == UnitSystem::imperial ? conversion::kilowattsToTons : conversion::tonsToKilowatts));
 }
 
+double convertedMassFlow(double value, UnitSystem from, UnitSystem to) {
+    if (from == to) return value;
+    const double pounds = clsConvert().ConvertValue(1, conversion::kilogramsToPounds);
+    return withoutNoise(to == UnitSystem::imperial ? value * pounds : value / pounds);
+}
+
 double convertedPressure(double value, UnitSystem from, UnitSystem to) {
     return convertedProperty(value, property::pressure, from, to);
 }

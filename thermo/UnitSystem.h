@@ -14,6 +14,8 @@ double convertedTemperature(double value, UnitSystem from, UnitSystem to);
 double convertedDifference(double value, UnitSystem from, UnitSystem to);
 /// A cooling or heating capacity between kW and tons of refrigeration.
 double convertedCapacity(double value, UnitSystem from, UnitSystem to);
+/// A mass flow between kg/h and lb/h.
+double convertedMassFlow(double value, UnitSystem from, UnitSystem to);
 /// An absolute pressure between bar and psi.
 double convertedPressure(double value, UnitSystem from, UnitSystem to);
 /// A specific enthalpy between kJ/kg and Btu/lb.

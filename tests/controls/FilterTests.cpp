@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAccessible>
+#include <QLabel>
 #include <QListWidget>
 #include <QSignalSpy>
 #include <QTest>
@@ -9,6 +11,8 @@
 #include "controls/Accessibility.h"
 #include "controls/FilterChip.h"
 #include "controls/Look.h"
+#include "controls/PageBar.h"
+#include "controls/SegmentedSelector.h"
 #include "controls/TagBox.h"
 #include "controls/WrapBar.h"
 
@@ -92,6 +96,98 @@ TEST(WrapBar, GrowsByLinesAndHoldsEveryControl) {
             }));
         }
     }
+}
+
+namespace {
+
+class SelectorTest : public testing::Test {
+  protected:
+    SelectorTest() {
+        selector.setChoices({{"limits", "Limits only"}, {"cop", "COP"}, {"capacity", "Capacity"}});
+        selector.resize(selector.sizeHint());
+        selector.show();
+    }
+    QAbstractButton* segment(const char* key) {
+        return selector.findChild<QAbstractButton*>(QStringLiteral("segment_") + key);
+    }
+    /// Whether all of a segment is in view.
+    bool isSeen(const char* key) {
+        return segment(key)->visibleRegion().boundingRect() == segment(key)->rect();
+    }
+
+    SegmentedSelector selector;
+    QSignalSpy choices{&selector, &SegmentedSelector::chosenByUser};
+};
+
+}  // namespace
+
+TEST_F(SelectorTest, ArrowsAndAClickChooseAndTheProgramDoesSoQuietly) {
+    EXPECT_EQ(selector.chosen(), "limits") << "the first";
+    EXPECT_TRUE(selector.setChosen("cop"));
+    EXPECT_FALSE(selector.setChosen("weight"));
+    EXPECT_EQ(choices.count(), 0);
+    segment("cop")->setFocus();
+    QTest::keyClick(segment("cop"), Qt::Key_Right);
+    EXPECT_EQ(selector.chosen(), "capacity");
+    QTest::keyClick(segment("capacity"), Qt::Key_Right);
+    EXPECT_EQ(selector.chosen(), "capacity") << "the last one";
+    QTest::mouseClick(segment("limits"), Qt::LeftButton);
+    EXPECT_EQ(selector.chosen(), "limits");
+    QTest::mouseClick(segment("limits"), Qt::LeftButton);
+    EXPECT_EQ(choices, (QList<QVariantList>{{"capacity"}, {"limits"}}));
+}
+
+TEST_F(SelectorTest, TabStopsAtTheChosenSegmentAlone) {
+    selector.setChosen("cop");
+    EXPECT_TRUE(segment("cop")->focusPolicy() & Qt::TabFocus);
+    EXPECT_FALSE(segment("limits")->focusPolicy() & Qt::TabFocus);
+    EXPECT_FALSE(segment("capacity")->focusPolicy() & Qt::TabFocus);
+}
+
+TEST_F(SelectorTest, IsARowOfRadioButtonsForAScreenReader) {
+    selector.setChosen("cop");
+    QAccessibleInterface* known = QAccessible::queryAccessibleInterface(segment("cop"));
+    ASSERT_TRUE(known);
+    EXPECT_EQ(known->role(), QAccessible::RadioButton);
+    EXPECT_EQ(known->text(QAccessible::Name), "COP");
+    EXPECT_TRUE(known->state().checked);
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(segment("limits"))->state().checked);
+}
+
+TEST_F(SelectorTest, ScrollsWithoutRoomAndKeepsTheChoiceInView) {
+    selector.resize(selector.minimumSizeHint());
+    EXPECT_TRUE(isSeen("limits"));
+    EXPECT_FALSE(isSeen("capacity"));
+    selector.setChosen("capacity");
+    EXPECT_TRUE(isSeen("capacity"));
+    selector.setChoices({{"capacity", "Kälteleistung"}, {"cop", "COP"}});
+    selector.resize(selector.minimumSizeHint());
+    EXPECT_EQ(selector.chosen(), "capacity") << "stays chosen in another language";
+    EXPECT_TRUE(isSeen("capacity"));
+}
+
+TEST(PageBar, CutsItsSentenceBeforeItsControls) {
+    PageBar bar;
+    auto* selector = new SegmentedSelector(&bar);
+    selector->setChoices({{"limits", "Limits only"}, {"cop", "COP"}, {"capacity", "Capacity"}});
+    bar.add(selector, SegmentedSelector::ring);
+    bar.setCaption("Show");
+    const QString text = "TK-A-220, superheat 10 K, subcooling 5 K, and all that there is to say";
+    bar.setSentence(text);
+    auto* shown = bar.findChild<QLabel*>("sentence");
+    bar.show();
+    bar.resize(1200, bar.height());
+    EXPECT_EQ(shown->text(), text);
+    bar.resize(500, bar.height());
+    EXPECT_EQ(bar.height(), WrapBar::lineHeight);
+    EXPECT_EQ(selector->width(), selector->sizeHint().width());
+    EXPECT_FALSE(shown->isHidden());
+    EXPECT_NE(shown->text(), text);
+    EXPECT_EQ(shown->toolTip(), text);
+    EXPECT_FALSE(shown->geometry().intersects(selector->geometry()));
+    bar.resize(200, bar.height());
+    EXPECT_TRUE(shown->isHidden());
+    EXPECT_LE(selector->geometry().right(), bar.width());
 }
 
 TEST_F(TagBoxTest, BackspaceTakesTheLastTagOffUntilTheBoxIsInvalid) {

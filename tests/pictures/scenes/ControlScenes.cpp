@@ -19,8 +19,10 @@
 #include "controls/Marks.h"
 #include "controls/MessageBox.h"
 #include "controls/MessagesView.h"
+#include "controls/PageBar.h"
 #include "controls/ProgressBar.h"
 #include "controls/ResultsView.h"
+#include "controls/SegmentedSelector.h"
 #include "controls/Splitter.h"
 #include "controls/TabStrip.h"
 #include "controls/TagBox.h"
@@ -425,7 +427,46 @@ std::unique_ptr<QWidget> filters() {
     return whole;
 }
 
+PageBar* pageBar(QWidget* page, int width) {
+    auto* bar = new PageBar(page);
+    bar->setFixedWidth(width);
+    auto* selector = new SegmentedSelector(bar);
+    selector->setChoices({{"limits", "Limits only"},
+                          {"cop", "COP"},
+                          {"capacity", "Capacity"},
+                          {"power", "Power"},
+                          {"discharge", "Discharge"},
+                          {"flow", "Mass flow"}});
+    bar->add(selector, SegmentedSelector::ring);
+    bar->setCaption("Show");
+    bar->setSentence("TK-A-220 \u00B7 superheat 10 K, subcooling 5 K");
+    return bar;
+}
+
+/// Bars above a page: with room, with a sentence that is cut, narrower than the choices, switched off.
+std::unique_ptr<QWidget> pageBars() {
+    auto whole = std::make_unique<QWidget>();
+    QWidget* const page = whole.get();
+    page->setFixedSize(900, 320);
+    auto* all = new QVBoxLayout(page);
+    for (const int width : {876, 700, 330}) all->addWidget(pageBar(page, width));
+    page->findChildren<SegmentedSelector*>()[2]->setChosen("discharge");
+    PageBar* off = pageBar(page, 876);
+    off->setEnabled(false);
+    all->addWidget(off);
+    all->addStretch(1);
+    return whole;
+}
+
 }  // namespace
+
+Scene pageBarScene() {
+    return {"page-bars", pageBars, [](QWidget& page) {
+                QList<SegmentedSelector*> all = page.findChildren<SegmentedSelector*>();
+                all[1]->setChosen("cop");
+                all[1]->findChild<QWidget*>("segment_cop")->setFocus();
+            }};
+}
 
 Scene filterScene() {
     return {"filters", filters,

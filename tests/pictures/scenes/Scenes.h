@@ -21,6 +21,8 @@ Scene controlScene();
 Scene fieldScene();
 Scene listScene();
 Scene filterScene();
+/// Bars above a page with a segmented selector.
+Scene pageBarScene();
 Scene graphScene();
 Scene pageScene();
 Scene adviceScene();
