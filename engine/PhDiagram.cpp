@@ -313,6 +313,7 @@ void Lines::qualities() {
     if (topP_ <= range_.lowP) return;
     const double wide = std::sqrt(std::log(topP_ / range_.lowP));
     constexpr double tolerance = 1e-8;
+    constexpr double close = 0.05;  // to the critical point, where two phases of a blend are hard to find
     for (const double share : {0.2, 0.4, 0.6, 0.8}) {
         const Curve curve = [this, share](double root) -> std::optional<PhPoint> {
             const double p = topP_ * std::exp(-root * root);
@@ -329,7 +330,7 @@ void Lines::qualities() {
                 },
                 tolerance);
         };
-        follow(Kind::quality, share, curve, wide, 0);
+        follow(Kind::quality, share, curve, wide, close);
     }
 }
 
