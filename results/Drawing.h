@@ -54,9 +54,9 @@ struct DrawnRing {
 struct DrawnText {
     enum class Anchor : std::uint8_t { start, middle, end };  ///< What of the text is at its place.
 
-    DrawnPoint at;  ///< On the base line.
-    std::string text;
-    DrawnColour colour;
+    DrawnPoint at{};  ///< On the base line.
+    std::string text{};
+    DrawnColour colour{};
     double size = 11;  ///< Height of the font in pixels.
     Anchor anchor = Anchor::start;
     bool isMedium = false;
