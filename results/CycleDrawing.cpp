@@ -109,6 +109,7 @@ class CyclePicture {
     void pointNumbers();
     std::vector<std::vector<std::size_t>> groups() const;
     DrawnText numberAt(const DrawnPoint& place, const std::string& text) const;
+    DrawnPoint middleOfStates() const;
 
     void line(std::vector<DrawnPoint> points, const DrawnStroke& stroke) {
         drawing_.shapes.emplace_back(DrawnLine{std::move(points), stroke});
@@ -133,7 +134,10 @@ class CyclePicture {
 };
 
 bool CyclePicture::addLabel(const DrawnText& text) {
-    const Box box = boxOf(text);
+    constexpr double apart = 3;
+    Box box = boxOf(text);
+    box.left -= apart;
+    box.right += apart;
     if (std::ranges::any_of(taken_, [&](const Box& other) { return overlaps(box, other); })) return false;
     taken_.push_back(box);
     labels_.push_back(text);
@@ -295,7 +299,7 @@ void CyclePicture::points() {
 
 /// States whose numbers would touch.
 std::vector<std::vector<std::size_t>> CyclePicture::groups() const {
-    constexpr double near = 12;
+    constexpr double near = 10;
     std::vector<std::vector<std::size_t>> groups;
     for (std::size_t i = 0; i < cycle_.states.size(); ++i) {
         const DrawnPoint place = placeOf(i);
@@ -315,6 +319,16 @@ std::vector<std::vector<std::size_t>> CyclePicture::groups() const {
     return groups;
 }
 
+DrawnPoint CyclePicture::middleOfStates() const {
+    DrawnPoint sum;
+    for (std::size_t i = 0; i < cycle_.states.size(); ++i) {
+        sum.x += placeOf(i).x;
+        sum.y += placeOf(i).y;
+    }
+    const auto count = static_cast<double>(cycle_.states.size());
+    return {sum.x / count, sum.y / count};
+}
+
 /// The place around a point where a number is on the fewest lines and texts, the first of equal ones.
 DrawnText CyclePicture::numberAt(const DrawnPoint& place, const std::string& text) const {
     struct Try {
@@ -325,6 +339,7 @@ DrawnText CyclePicture::numberAt(const DrawnPoint& place, const std::string& tex
                                Try{8, -6, Anchor::start},  Try{-8, 14, Anchor::end},
                                Try{0, -8, Anchor::middle}, Try{0, 17, Anchor::middle},
                                Try{9, 4, Anchor::start},   Try{-9, 4, Anchor::end}};
+    const DrawnPoint middle = middleOfStates();
     DrawnText best;
     double least = std::numeric_limits<double>::infinity();
     for (const Try& each : tries) {
@@ -336,7 +351,9 @@ DrawnText CyclePicture::numberAt(const DrawnPoint& place, const std::string& tex
                               .isMedium = true,
                               .halo = view_.colours.ground};
         const Box box = boxOf(there);
-        double cost = 0;
+        // Outside of the cycle rather than inside, and never on another text if that can be.
+        double cost = (each.dx * (middle.x - place.x) + (each.dy - numberSize / 3) * (middle.y - place.y)) /
+                      std::max(std::hypot(middle.x - place.x, middle.y - place.y), 1.0) / numberSize / 4;
         for (const Box& other : taken_) cost += overlaps(box, other) ? 2 : 0;
         for (const auto& branch : branchLines_) cost += crosses(box, branch) ? 3 : 0;
         const bool isInside = box.left >= frame_.left && box.right <= frame_.right && box.top >= frame_.top &&
@@ -391,6 +408,7 @@ DrawnStroke strokeOf(PhLine::Kind kind, const CycleColours& colours) {
             break;
         case Kind::density:
             stroke.dashes = {8, 3, 1.5, 3};
+            stroke.colour.opacity *= 0.6;  // they cross all others
             break;
         case Kind::quality:
             stroke.dashes = {1.5, 3};

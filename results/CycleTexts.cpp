@@ -38,9 +38,10 @@ std::string_view patternOf(StateProperty property, double shown) {
             return std::abs(shown) < large ? "#0.00" : "#0.0";
         case StateProperty::quality:
             return "#0.000";
+        case StateProperty::massFlow:
+            return "#0";
         case StateProperty::temperature:
         case StateProperty::enthalpy:
-        case StateProperty::massFlow:
             break;
     }
     return "#0.0";
@@ -135,16 +136,21 @@ std::string textOf(StateProperty property, double metric, UnitSystem units, cons
     return formatNumber(shown, patternOf(property, shown), marks);
 }
 
+std::string_view symbolOf(StateProperty property) {
+    constexpr std::array<std::string_view, properties.size()> symbols{"T", "p", "h", "s", "ρ", "x", "ṁ"};
+    return symbols.at(static_cast<std::size_t>(property));
+}
+
 std::string nameOf(StateProperty property) {
     switch (property) {
         case StateProperty::temperature:
-            return "T";
+            return dictionaryText("frmselection.cycle.temperature");
         case StateProperty::pressure:
-            return "p";
+            return dictionaryText("frmselection.cycle.pressure");
         case StateProperty::enthalpy:
-            return "h";
+            return dictionaryText("frmselection.cycle.enthalpy");
         case StateProperty::entropy:
-            return "s";
+            return dictionaryText("frmselection.cycle.entropy");
         case StateProperty::density:
             return dictionaryText("frmselection.cycle.density");
         case StateProperty::quality:
@@ -152,7 +158,7 @@ std::string nameOf(StateProperty property) {
         case StateProperty::massFlow:
             break;
     }
-    return dictionaryText("frmselection.cycle.flow");
+    return dictionaryText("variables.mbase.name");
 }
 
 std::optional<double> valueOf(const CycleState& state, StateProperty property) {
@@ -199,7 +205,7 @@ std::string nameOfState(CyclePoint point, EconomizerKind economizer) {
 CycleTable tableOf(const Cycle& cycle, UnitSystem units, const NumberMarks& marks) {
     CycleTable table{.state = dictionaryText("frmselection.cycle.state")};
     for (const StateProperty property : properties)
-        table.columns.push_back({nameOf(property), unitOf(property, units)});
+        table.columns.push_back({std::string(symbolOf(property)), nameOf(property), unitOf(property, units)});
     for (const CycleState& state : cycle.states) {
         CycleTable::Row row{.number = std::to_string(table.rows.size() + 1),
                             .name = nameOfState(state.point, cycle.economizer)};
@@ -216,11 +222,26 @@ std::vector<CaptionedValue> figuresOf(const Cycle& cycle, UnitSystem units, cons
     return Figures(cycle, units, marks).all();
 }
 
+std::string readingAt(clsRefprop& refprop, const PhPoint& point, UnitSystem units, const NumberMarks& marks) {
+    const auto part = [&](StateProperty property, double metric) {
+        return std::string(symbolOf(property)) + " " +
+               withUnit(textOf(property, metric, units, marks), unitOf(property, units));
+    };
+    const std::string place =
+        part(StateProperty::pressure, point.p) + "   " + part(StateProperty::enthalpy, point.h);
+    const auto state = refprop.StateAtEnthalpy(point.p, point.h);
+    if (!state) return place;
+    std::string text = place + "\n" + part(StateProperty::temperature, state->t);
+    if (state->quality) text += "   " + part(StateProperty::quality, *state->quality);
+    return text + "\n" + part(StateProperty::entropy, state->s) + "   " +
+           part(StateProperty::density, state->density);
+}
+
 std::string copiedText(const Cycle& cycle, UnitSystem units, const NumberMarks& marks) {
     const CycleTable table = tableOf(cycle, units, marks);
     std::string text = "\t" + table.state;
     for (const CycleTable::Column& column : table.columns)
-        text += "\t" + (column.unit.empty() ? column.name : column.name + " (" + column.unit + ")");
+        text += "\t" + column.name + (column.unit.empty() ? "" : " (" + column.unit + ")");
     for (const CycleTable::Row& row : table.rows) {
         text += "\n" + row.number + "\t" + row.name;
         for (const std::string& value : row.values) text += "\t" + value;

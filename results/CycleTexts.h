@@ -9,6 +9,7 @@
 
 #include "data/Numbers.h"
 #include "engine/Cycle.h"
+#include "engine/PhDiagram.h"
 #include "thermo/UnitSystem.h"
 
 namespace marvello {
@@ -36,7 +37,8 @@ double valueIn(StateProperty property, double metric, UnitSystem units);
 /// Returns a metric value as the user reads it.
 std::string textOf(StateProperty property, double metric, UnitSystem units, const NumberMarks& marks = {});
 
-/// Returns what a property is called at the head of its column: its symbol, or a word.
+/// Returns the symbol of a property, such as "ρ", and what it is called: "Density".
+std::string_view symbolOf(StateProperty property);
 std::string nameOf(StateProperty property);
 
 /// Returns the metric value of a property of a state; no quality in one phase.
@@ -48,6 +50,7 @@ std::string nameOfState(CyclePoint point, EconomizerKind economizer);
 /// The table of the states of a cycle.
 struct CycleTable {
     struct Column {
+        std::string symbol;
         std::string name;
         std::string unit;
     };
@@ -70,6 +73,11 @@ struct CaptionedValue {
 /// Returns the figures of a cycle, and of compressor and condenser what the gas takes in or gives off, and
 /// what of their power and load is not in it: two that belong together follow each other.
 std::vector<CaptionedValue> figuresOf(const Cycle& cycle, UnitSystem units, const NumberMarks& marks = {});
+
+/// Returns what the refrigerant is at a point of the diagram, in lines; pressure and enthalpy alone where it
+/// has no state. Throws ArithmeticFault.
+std::string readingAt(clsRefprop& refprop, const PhPoint& point, UnitSystem units,
+                      const NumberMarks& marks = {});
 
 /// Returns the table and the figures as text with tabs, for spreadsheets.
 std::string copiedText(const Cycle& cycle, UnitSystem units, const NumberMarks& marks = {});

@@ -3,15 +3,22 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <array>
+#include <exception>
+#include <memory>
+#include <utility>
 
 #include "controls/MessagesView.h"
 #include "controls/Metafile.h"
 #include "controls/NumberText.h"
 #include "controls/TabStrip.h"
+#include "engine/Cycle.h"
+#include "engine/PhDiagram.h"
+#include "results/CycleTexts.h"
 #include "results/MarginTexts.h"
 #include "results/TechnicalData.h"
 #include "workspace/AdvisedMessages.h"
 #include "workspace/CompressorFiles.h"
+#include "workspace/CyclePage.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/PolynomialsPage.h"
@@ -23,12 +30,13 @@ namespace marvello {
 
 namespace {
 
-constexpr std::array<CompressorPages::Page, 5> allPages{{
+constexpr std::array<CompressorPages::Page, 6> allPages{{
     {"messages", "frmselection.tabstrip.tabs.messages", "mdimain.menu.cpspopup.messages"},
     {"tecnic", "frmselection.tabstrip.tabs.tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
     {"polynomials", "frmselection.tabstrip.tabs.polynomials", "mdimain.menu.cpspopup.polynomials"},
     {"dimension", "frmselection.tabstrip.tabs.dimension", "mdimain.menu.cpspopup.dimesion"},
     {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits"},
+    {"cycle", "frmselection.tabstrip.tabs.cycle", "mdimain.menu.cpspopup.cycle"},
 }};
 
 }  // namespace
@@ -52,8 +60,9 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     dimension_ = new DimensionPage(pages_);
     dimension_->setObjectName(QStringLiteral("picDimension"));
     limits_ = new LimitsPage(pages_);
+    cycle_ = new CyclePage(pages_);
     for (QWidget* page :
-         std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_})
+         std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_, cycle_})
         pages_->addWidget(page);
 
     auto* column = new QVBoxLayout(this);
@@ -98,6 +107,7 @@ void CompressorPages::clear() {
     polynomials_->clear();
     dimension_->clear();
     limits_->clear();
+    cycle_->clear();
 }
 
 void CompressorPages::focusPage() { pages_->currentWidget()->setFocus(); }
@@ -116,6 +126,7 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
     }
     if (page == u"dimension") fillDimension(*compressor);
     if (page == u"limits") fillLimits(*compressor, conditions.get());
+    if (page == u"cycle") fillCycle(*compressor);
 }
 
 void CompressorPages::fillTechnical(const clsCompressor& compressor) {
@@ -142,6 +153,26 @@ void CompressorPages::fillLimits(const clsCompressor& compressor, const clsProje
         rows.push_back(
             {margin.limitType, fromCore(margin.name), fromCore(margin.distance), fromCore(margin.direction)});
     limits_->setDistances(dictionaryText(QStringLiteral("frmselection.limits.distance")), std::move(rows));
+}
+
+/// What the property service cannot calculate is no fault of the window: the messages say why.
+void CompressorPages::fillCycle(const clsCompressor& compressor) try {
+    const auto refprop = SharedRefprop(compressor.Refrigerant);
+    auto cycle = cycleOf(compressor, *refprop);
+    if (!cycle) {
+        cycle_->clear(dictionaryText(QStringLiteral("frmselection.cycle.empty")));
+        return;
+    }
+    const UnitSystem units = inputs_.units();
+    const QString title = dictionaryText(QStringLiteral("frmselection.cycle.title")) + QStringLiteral(", ") +
+                          fromCore(compressor.Refrigerant);
+    const auto reading = [refprop, units](const PhPoint& point) {
+        return fromCore(readingAt(*refprop, point, units, marksOf(QLocale())));
+    };
+    const auto diagram = phDiagramAround(*cycle, compressor.Refrigerant, units);
+    cycle_->setCycle({std::make_shared<const Cycle>(*std::move(cycle)), diagram, units, title, reading});
+} catch (const std::exception&) {
+    cycle_->clear(dictionaryText(QStringLiteral("frmselection.cycle.empty")));
 }
 
 }  // namespace marvello

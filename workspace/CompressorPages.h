@@ -11,6 +11,7 @@ class QStackedWidget;
 namespace marvello {
 
 class AdvisedMessages;
+class CyclePage;
 class DimensionPage;
 class LimitsPage;
 class MessagesView;
@@ -63,6 +64,7 @@ class CompressorPages : public QWidget {
     void fillDimension(const clsCompressor& compressor);
     /// Without conditions the distances are left out.
     void fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions);
+    void fillCycle(const clsCompressor& compressor);
 
     const SelectionInputs& inputs_;
     TabStrip* TabStrip_;
@@ -74,6 +76,7 @@ class CompressorPages : public QWidget {
     PolynomialsPage* polynomials_;
     DimensionPage* dimension_;
     LimitsPage* limits_;
+    CyclePage* cycle_;
 };
 
 }  // namespace marvello

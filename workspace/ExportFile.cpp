@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLocale>
+#include <algorithm>
 
 #include "controls/MessageBox.h"
 #include "controls/WholeFile.h"
@@ -24,23 +25,40 @@ bool mayReplace(QWidget* parent, const QString& path) {
                            dictionaryText(QStringLiteral("frmselection.export.replace.no")));
 }
 
+QString nameOf(ExportFile::Form form) {
+    switch (form) {
+        case ExportFile::Form::csv:
+            return QStringLiteral("csv");
+        case ExportFile::Form::svg:
+            return QStringLiteral("svg");
+        case ExportFile::Form::xml:
+            break;
+    }
+    return QStringLiteral("xml");
+}
+
+QString filterOf(ExportFile::Form form) {
+    return nameOf(form).toUpper() + QStringLiteral(" (*.%1)").arg(nameOf(form));
+}
+
 }  // namespace
 
 QString withExtension(const QString& name, ExportFile::Form form) {
-    const QString extension = form == ExportFile::Form::csv ? QStringLiteral(".csv") : QStringLiteral(".xml");
+    const QString extension = u'.' + nameOf(form);
     return name.right(4).toLower() == extension ? name : name + extension;
 }
 
-std::optional<ExportFile> chooseExportFile(QWidget* parent) {
-    const QString csv = QStringLiteral("CSV (*.csv)");
+std::optional<ExportFile> chooseExportFile(QWidget* parent, const QList<ExportFile::Form>& forms) {
+    QStringList filters;
+    for (const ExportFile::Form form : forms) filters += filterOf(form);
     QFileDialog dialog(parent, QStringLiteral("Export to..."), keptFolder(settings::exportFolder));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters({QStringLiteral("XML (*.xml)"), csv});
+    dialog.setNameFilters(filters);
     // The dialog knows the name before it gets its extension: what would be replaced is asked for here.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
-        const auto form = dialog.selectedNameFilter() == csv ? ExportFile::Form::csv : ExportFile::Form::xml;
+        const auto form = forms.at(std::max<qsizetype>(filters.indexOf(dialog.selectedNameFilter()), 0));
         const QString path = withExtension(dialog.selectedFiles().front(), form);
         if (mayReplace(parent, path)) return ExportFile{path, form};
     }
@@ -51,7 +69,12 @@ QString writeExport(const RowSet& records, const ExportFile& file) {
     const bool isCsv = file.form == ExportFile::Form::csv;
     const std::string point = QLocale().decimalPoint().toStdString();
     const QByteArray bytes = QByteArray::fromStdString(isCsv ? records.toCsv(point) : records.toXml());
-    // Lines of CSV end as those of the platform's text files do; XML knows but one line end.
+    return writeExport(bytes, file);
+}
+
+QString writeExport(const QByteArray& bytes, const ExportFile& file) {
+    // Lines of CSV end as those of the platform's text files do; the others know but one line end.
+    const bool isCsv = file.form == ExportFile::Form::csv;
     const QIODevice::OpenMode mode = isCsv ? QIODevice::WriteOnly | QIODevice::Text : QIODevice::WriteOnly;
     if (const QString fault = writeWholeFile(file.path, bytes, mode); !fault.isEmpty())
         return reasonText(fault);

@@ -12,6 +12,8 @@ namespace marvello {
 
 namespace {
 
+const QList<ExportFile::Form> recordForms{ExportFile::Form::xml, ExportFile::Form::csv};
+
 QString exportTo(const ExportFile& file, const RowSet& records, int compressors, QWidget* parent) {
     const QString path = QDir::toNativeSeparators(file.path);
     QString failure = writeExport(records, file);
@@ -31,12 +33,12 @@ QString exportResults(const SelectionRun& run, QWidget* parent) {
 }
 
 QString exportRecords(const RowSet& records, QWidget* parent) {
-    const auto file = chooseExportFile(parent);
+    const auto file = chooseExportFile(parent, recordForms);
     return file ? exportTo(*file, records, records.rowCount(), parent) : QString();
 }
 
 QString exportPolynomials(const SelectionRun& run, QWidget* parent) {
-    const auto file = chooseExportFile(parent);
+    const auto file = chooseExportFile(parent, recordForms);
     return file ? exportTo(*file, polynomialsRecords(run.table()), run.count(), parent) : QString();
 }
 

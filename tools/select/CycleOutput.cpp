@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "data/DictionaryTexts.h"
 #include "data/Texts.h"
 #include "engine/PhDiagram.h"
 #include "results/CycleDrawing.h"
@@ -109,7 +110,8 @@ std::string asSvg(const CycleAnswer& answer, UnitSystem units) {
                                .height = height,
                                .shown = diagram->range,
                                .units = units,
-                               .title = refrigerant + " " + nameOf(answer.compressor)}));
+                               .title = dictionaryText("frmselection.cycle.title") + ", " + refrigerant +
+                                        ", " + nameOf(answer.compressor)}));
 }
 
 constexpr std::array formats{CycleFormat{"json", asJson}, CycleFormat{"svg", asSvg}};
