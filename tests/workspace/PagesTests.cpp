@@ -63,7 +63,8 @@ class PagesTest : public FormFixture<frmSelection> {
 
 TEST_F(PagesTest, TheTabChoosesWhatIsShownOfTheSelectedRow) {
     const QStringList keys{"messages", "tecnic", "polynomials", "dimension", "limits", "cycle"};
-    const QStringList pages{"lvMessages", "picTecnic", "lvPolynomials", "picDimension", "limitgraph", "picCycle"};
+    const QStringList pages{"lvMessages",   "picTecnic",  "lvPolynomials",
+                            "picDimension", "limitgraph", "picCycle"};
     ASSERT_EQ(tabs()->count(), keys.size());
     for (int tab = 0; tab < keys.size(); ++tab) {
         form->MnuPopUp(keys[tab]);
