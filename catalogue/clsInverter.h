@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 namespace marvello {
@@ -23,7 +24,12 @@ class clsInverter {
     /// The same law for the power input.
     double getKPta(float frequency) const { return factor(frequency, PtaC1, PtaC2, PtaC3); }
     /// Power factor of the motor at a power input in kW.
-    double powerFactor(double power) const { return CaC1 * power * power + CaC2 * power + CaC3; }
+    double powerFactor(double power) const { return powerFactor<double>({CaC1, CaC2, CaC3}, power); }
+    /// The same of coefficients and a power that calculate like doubles.
+    template <class Number>
+    static Number powerFactor(const std::array<Number, 3>& c, const Number& power) {
+        return c[0] * power * power + c[1] * power + c[2];
+    }
 
   private:
     static double factor(float frequency, double c1, double c2, double c3) {

@@ -24,7 +24,12 @@ class clsMotor {
 
     bool isVirtual() const { return ID == 0; }
     bool isValid() const { return ID >= 0; }
-    double current(double t) const { return c[0] + t * (c[1] + t * (c[2] + t * (c[3] + t * c[4]))); }
+    double current(double t) const { return current(c, t); }
+    /// The same of coefficients and a power that calculate like doubles.
+    template <class Number>
+    static Number current(const std::array<Number, 5>& c, const Number& t) {
+        return c[0] + t * (c[1] + t * (c[2] + t * (c[3] + t * c[4])));
+    }
 };
 
 }  // namespace marvello

@@ -20,7 +20,13 @@ class clsPolynomial {
     /// pass through single precision.
     double Calculate(float x, float y) const;
     /// The same surface at temperatures in double precision.
-    double at(double x, double y) const;
+    double at(double x, double y) const { return at(c, x, y); }
+    /// The same of coefficients and temperatures that calculate like doubles.
+    template <class Number>
+    static Number at(const std::array<Number, 10>& c, const Number& x, const Number& y) {
+        return c[0] + c[1] * x + c[2] * y + c[3] * x * x + c[4] * x * y + c[5] * y * y + c[6] * x * x * x +
+               c[7] * y * x * x + c[8] * x * y * y + c[9] * y * y * y;
+    }
 };
 
 }  // namespace marvello

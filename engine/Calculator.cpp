@@ -22,7 +22,7 @@ const clsCompressor& Calculator::calculate(const PreparedCompressor& compressor,
                                            const clsProjectConditions& conditions) {
     compressor.load(compressor_, choiceOf(conditions));
     compressor_.Motor.Voltage = roundedToInteger(conditions.MotorVoltage);
-    CompressorCalculation(compressor_, refprop(compressor.Refrigerant), conditions, timeout_).run();
+    CompressorCalculation<Untraced>(compressor_, refprop(compressor.Refrigerant), conditions, timeout_).run();
     return compressor_;
 }
 

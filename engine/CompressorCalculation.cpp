@@ -22,27 +22,33 @@ constexpr double inverterMargin = 1.15;
 
 }  // namespace
 
-CompressorCalculation::CompressorCalculation(clsCompressor& compressor, clsRefprop& refprop,
-                                             const clsProjectConditions& conditions, formTimeout& timeout)
-    : compressor_(compressor),
-      states_(refprop),
+template <class Tracing>
+CompressorCalculation<Tracing>::CompressorCalculation(clsCompressor& compressor, clsRefprop& refprop,
+                                                      const clsProjectConditions& conditions,
+                                                      formTimeout& timeout, const Tracing& tracing)
+    : tracing_(tracing),
+      compressor_(compressor),
+      states_(tracing.states(refprop)),
       conditions_(conditions),
       timeout_(timeout),
-      v_(compressor.Variables),
-      statements_(compressor, refprop),
-      rules_(compressor, conditions, statements_) {}
+      v_(tracing.variables(compressor.Variables)),
+      statements_(compressor, refprop, tracing),
+      rules_(compressor, conditions, statements_, tracing) {}
 
-void CompressorCalculation::run() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::run() {
     AbortRequested() = false;
     preparation();
     calculateInEnvelope();
     timeout_.StopTimeout();
 }
 
-void CompressorCalculation::calculateInEnvelope() {
-    statements_.attempt("GetLimitsFromPoint",
-                        [this] { around_ = compressor_.limits.holding(v_[var::Ted], v_[var::Tcd]); });
-    if (around_.Count() == 0) {
+template <class Tracing>
+void CompressorCalculation<Tracing>::calculateInEnvelope() {
+    statements_.attempt("GetLimitsFromPoint", [this] {
+        around_ = compressor_.limits.holding(valueOf(v_[var::Ted]), valueOf(v_[var::Tcd]));
+    });
+    if (!tracing_.test("inside(any limit)", around_.Count() > 0)) {
         compressor_.Messages.Error.add("messages.message01", "messages.message01");
         return;
     }
@@ -71,12 +77,14 @@ void CompressorCalculation::calculateInEnvelope() {
     statements_.warnOfUndefinedStates();
 }
 
-void CompressorCalculation::preparation() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::preparation() {
     inputVariables();
     saturationVariables();
 }
 
-void CompressorCalculation::inputVariables() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::inputVariables() {
     const auto input = [this](var variable, double value) { let(variable, [value] { return value; }); };
     input(var::Ted, conditions_.TEvaporatingDew);
     input(var::Tcd, conditions_.TCondensationDew);
@@ -97,7 +105,8 @@ void CompressorCalculation::inputVariables() {
         let(var::OCCalculateMode, [] { return static_cast<double>(OilCoolingMode::none); });
 }
 
-void CompressorCalculation::saturationVariables() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::saturationVariables() {
     let(var::Pe, [&] { return states_.dewPressure(v_[var::Ted]); });
     // Kept: the pressure goes in where a temperature belongs, so this is not the bubble temperature at Pe.
     // The permitted subcooling and the mid temperature of the results follow from it.
@@ -110,21 +119,23 @@ void CompressorCalculation::saturationVariables() {
     if (!refrigerantTraits(trimmed(compressor_.Refrigerant)).hasMidTemperatures()) return;
     // With its glide the mid temperature is that of the evaporator's inlet, after expansion, and its dew
     // temperature.
-    const double t = intermediate(var::Tem, [&] { return v_[var::Tcb] - v_[var::Sc]; });
-    const double liquid = intermediate(var::Tem, [&] { return states_.enthalpy(t, v_[var::Pc]); });
-    const double inlet =
+    const Number t = intermediate(var::Tem, [&] { return v_[var::Tcb] - v_[var::Sc]; });
+    const Number liquid = intermediate(var::Tem, [&] { return states_.enthalpy(t, v_[var::Pc]); });
+    const Number inlet =
         intermediate(var::Tem, [&] { return states_.temperatureAtEnthalpy(v_[var::Pe], liquid); });
     let(var::Tem, [&] { return (v_[var::Ted] + inlet) / 2; });
 }
 
 /// Keeps the states clear of the saturation line; the additions stay in what is shown.
-void CompressorCalculation::correctInputs() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::correctInputs() {
     constexpr double clearance = 0.0001;
     let(var::Sh, [&] { return v_[var::Sh] + clearance; });
     let(var::Sc, [&] { return v_[var::Sc] + clearance; });
 }
 
-void CompressorCalculation::suctionState() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::suctionState() {
     statements_.attempt("Sh", [&] {
         // A suction temperature becomes a superheat, and stays one from here on.
         if (!is(var::ShType, SuperheatKind::difference)) statements_.set(var::Sh, v_[var::Sh] - v_[var::Ted]);
@@ -140,7 +151,8 @@ void CompressorCalculation::suctionState() {
     let(var::Dga10, [&] { return states_.density(v_[var::Tga10], v_[var::Pe]); });
 }
 
-void CompressorCalculation::liquidSide() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::liquidSide() {
     let(var::Plb, [&] { return v_[var::Pc]; });
     let(var::Tlb, [&] { return v_[var::Tcb]; });
     // A pure fluid has liquid and vapour at one temperature and pressure, of which the library returns the
@@ -155,12 +167,17 @@ void CompressorCalculation::liquidSide() {
     let(var::HE, [&] { return states_.enthalpy(v_[var::Ted], v_[var::Pe]); });
 }
 
-void CompressorCalculation::referenceSurfaces() {
-    let(var::Q010, [&] { return compressor_.PolynomialQ0.at(v_[var::Ted], v_[var::Tcd]); });
-    let(var::Pta010, [&] { return compressor_.polynomialPta.at(v_[var::Ted], v_[var::Tcd]); });
+template <class Tracing>
+void CompressorCalculation<Tracing>::referenceSurfaces() {
+    const auto at = [this](std::string_view name, const clsPolynomial& surface) {
+        return tracing_.surface(name, surface, v_[var::Ted], v_[var::Tcd]);
+    };
+    let(var::Q010, [&] { return at("Q0", compressor_.PolynomialQ0); });
+    let(var::Pta010, [&] { return at("Pta", compressor_.polynomialPta); });
 }
 
-void CompressorCalculation::flowsAndCapacity() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::flowsAndCapacity() {
     let(var::M010, [&] { return v_[var::Q010] / (v_[var::Hga10] - v_[var::hlba]) * secondsPerHour; });
     let(var::V010, [&] { return v_[var::M010] / v_[var::Dga10]; });
     let(var::Mbase, [&] { return v_[var::V010] * v_[var::Dga]; });
@@ -173,49 +190,59 @@ void CompressorCalculation::flowsAndCapacity() {
 }
 
 // From here through the rated currents a failure is passed over: without motor data the rest still counts.
-void CompressorCalculation::current() {
-    if (compressor_.hasInvert) {
+template <class Tracing>
+void CompressorCalculation<Tracing>::current() {
+    if (tracing_.test("hasInvert", compressor_.hasInvert)) {
         const clsInverter& inverter = compressor_.InverterInfo;
-        double powerFactor = 0;
-        Statements::attemptSilently([&] { powerFactor = checked(inverter.powerFactor(v_[var::Pta])); });
-        Statements::attemptSilently(
-            [&] { v_.set(var::CA, v_[var::Pta] * 1000 / ((std::sqrt(3.0) * powerFactor) * v_[var::Vm])); });
+        const Number root = tracing_.named("√3", std::sqrt(3.0));
+        Number powerFactor = 0;
+        attemptSilently([&] { powerFactor = checked(tracing_.powerFactor(inverter, v_[var::Pta])); });
+        attemptSilently([&] { v_.set(var::CA, v_[var::Pta] * 1000 / ((root * powerFactor) * v_[var::Vm])); });
         return;
     }
-    writeMotorCurrent(v_, compressor_.Motor, var::Pta, var::CA);
+    writeMotorCurrent(tracing_, v_, compressor_.Motor, var::Pta, var::CA);
 }
 
-void CompressorCalculation::ratedCurrents() {
-    const auto rated = [this](var variable, double atReferenceVoltage) {
-        Statements::attemptSilently(
-            [&] { v_.set(variable, atReferenceVoltage * referenceVoltage(v_[var::Fm]) / v_[var::Vm]); });
+template <class Tracing>
+void CompressorCalculation<Tracing>::ratedCurrents() {
+    const auto rated = [this](var variable, std::string_view name, double atReferenceVoltage) {
+        attemptSilently([&] {
+            v_.set(variable, tracing_.named(name, atReferenceVoltage) *
+                                 tracing_.named("Vref", referenceVoltage(valueOf(v_[var::Fm]))) /
+                                 v_[var::Vm]);
+        });
     };
-    rated(var::Fla, compressor_.Fla);
-    rated(var::Lra1, compressor_.Motor.Lra1);
-    rated(var::Lra2, compressor_.Motor.Lra2);
+    rated(var::Fla, "FLA", compressor_.Fla);
+    rated(var::Lra1, "LRA1", compressor_.Motor.Lra1);
+    rated(var::Lra2, "LRA2", compressor_.Motor.Lra2);
 }
 
-void CompressorCalculation::efficiency() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::efficiency() {
     // The quotient of the numbers that are shown, so that a reader gets the same.
     let(var::COP, [&] { return roundedToPlaces(v_[var::Q0], 1) / roundedToPlaces(v_[var::Pta], 1); });
     let(var::EER, [&] { return v_[var::COP] * btuPerWattHour; });
 }
 
 /// A compressor without a discharge surface has all its coefficients 0 and goes through here like any other.
-void CompressorCalculation::dischargeTemperature() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::dischargeTemperature() {
     const clsPolynomialSh& surface = compressor_.PolynomialSh;
-    const double atReference = intermediate(var::T21, [&] { return surface.at(v_[var::Ted], v_[var::Tcd]); });
-    const double t = intermediate(var::T21, [&] { return atReference + v_[var::Sh] - surface.Sh; });
-    const double corrected = t + static_cast<double>(compressor_.ctsca);
+    const Number atReference =
+        intermediate(var::T21, [&] { return tracing_.surface("Tsca", surface, v_[var::Ted], v_[var::Tcd]); });
+    const Number t = intermediate(
+        var::T21, [&] { return atReference + v_[var::Sh] - tracing_.named("Tsca.Sh", surface.Sh); });
+    const Number corrected = t + tracing_.named("ctsca", static_cast<double>(compressor_.ctsca));
     let(var::T21, [&] { return corrected; });
     let(var::Tsca, [&] { return corrected; });
 }
 
-void CompressorCalculation::dischargeLimit() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::dischargeLimit() {
+    const Number limit = tracing_.named("OilCoolingLimit", compressor_.OilCoolingLimit);
     statements_.attempt("Tsca", [&] {
-        if (is(var::OCCalculateMode, OilCoolingMode::catalogueLimit) &&
-            v_[var::T21] > compressor_.OilCoolingLimit) {
-            v_.set(var::Tsca, compressor_.OilCoolingLimit);
+        if (is(var::OCCalculateMode, OilCoolingMode::catalogueLimit) && v_[var::T21] > limit) {
+            v_.set(var::Tsca, limit);
         } else if (is(var::OCCalculateMode, OilCoolingMode::givenLimit) && v_[var::T21] > v_[var::OC]) {
             v_.set(var::Tsca, v_[var::OC]);
         } else if (is(var::OCCalculateMode, OilCoolingMode::none)) {
@@ -224,12 +251,13 @@ void CompressorCalculation::dischargeLimit() {
     });
 }
 
-void CompressorCalculation::dischargeStateAndOilLoad() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::dischargeStateAndOilLoad() {
     let(var::H21, [&] { return states_.enthalpy(v_[var::T21], v_[var::Pc]); });
     let(var::Pra, [] { return 0.0; });
     statements_.attempt("OC", [&] {
         if (is(var::OCCalculateMode, OilCoolingMode::catalogueLimit))
-            v_.set(var::OC, compressor_.OilCoolingLimit);
+            v_.set(var::OC, tracing_.named("OilCoolingLimit", compressor_.OilCoolingLimit));
     });
     statements_.attempt("oil cooling", [&] {
         if (is(var::OCCalculateMode, OilCoolingMode::catalogueLimit) ||
@@ -238,28 +266,37 @@ void CompressorCalculation::dischargeStateAndOilLoad() {
     });
 }
 
-void CompressorCalculation::economizer() {
-    let(var::PLiq, [&] { return compressor_.Economizer.KForo * v_[var::Pe]; });
+template <class Tracing>
+void CompressorCalculation<Tracing>::economizer() {
+    let(var::PLiq, [&] { return tracing_.named("KForo", compressor_.Economizer.KForo) * v_[var::Pe]; });
     let(var::T3, [&] { return v_[var::Tcb] - v_[var::Sc]; });
     let(var::H3, [&] { return states_.enthalpy(v_[var::T3], v_[var::Pc]); });
     statements_.attempt("economizer", [&] {
-        if (!compressor_.Economizer.hasPort() || is(var::EcoCalculateMode, EconomizerMode::none)) return;
-        const bool hasMargin = !compressor_.hasInvert || v_[var::CA] * inverterMargin < compressor_.Fla;
+        if (!tracing_.test("hasPort", compressor_.Economizer.hasPort()) ||
+            is(var::EcoCalculateMode, EconomizerMode::none))
+            return;
+        const bool hasMargin =
+            !compressor_.hasInvert || v_[var::CA] * inverterMargin < tracing_.named("FLA", compressor_.Fla);
         if (hasMargin) {
-            EconomizerCalculation(compressor_, states_, timeout_, statements_).CalculateEconomizer();
+            EconomizerCalculation<Tracing>(compressor_, states_, timeout_, statements_, tracing_)
+                .CalculateEconomizer();
         } else {
             compressor_.Messages.Error.add("messages.message37", "messages.message37");
         }
     });
 }
 
-void CompressorCalculation::condenser() {
-    double meco = 0;
+template <class Tracing>
+void CompressorCalculation<Tracing>::condenser() {
+    Number meco = 0;
     statements_.attempt("meco", [&] {
         if (v_.isSet(var::meco)) meco = v_[var::meco];
     });
     let(var::Qc, [&] { return v_[var::Q0] + v_[var::Pta]; });
     let(var::QcEco, [&] { return v_[var::Qc] * (1 + meco / v_[var::Mbase]); });
 }
+
+template class CompressorCalculation<Untraced>;
+template class CompressorCalculation<Tracer>;
 
 }  // namespace marvello

@@ -5,8 +5,8 @@
 #include "data/Arithmetic.h"
 #include "engine/SelectionRules.h"
 #include "engine/Statements.h"
+#include "engine/Tracing.h"
 #include "engine/formTimeout.h"
-#include "thermo/States.h"
 
 namespace marvello {
 
@@ -17,14 +17,20 @@ namespace marvello {
 /// A reference-point model: the catalogue's surfaces give capacity and power at a suction superheat of 10 K.
 /// The reference capacity gives the volume flow that the compressor displaces, and this flow is applied to
 /// the real suction state. Power is taken as it is.
+///
+/// Written once for calculations with a trace and without: `Tracing` is Untraced or Tracer.
+template <class Tracing>
 class CompressorCalculation {
   public:
     CompressorCalculation(clsCompressor& compressor, clsRefprop& refprop,
-                          const clsProjectConditions& conditions, formTimeout& timeout);
+                          const clsProjectConditions& conditions, formTimeout& timeout,
+                          const Tracing& tracing = {});
 
     void run();
 
   private:
+    using Number = typename Tracing::Number;
+
     // The stages, in order.
     void preparation();
     void inputVariables();
@@ -48,7 +54,7 @@ class CompressorCalculation {
 
     template <class Mode>
     bool is(var variable, Mode mode) const {
-        return v_[variable] == static_cast<double>(mode);
+        return v_[variable] == codeOf(mode);
     }
     bool failed() const { return compressor_.Messages.Error.Count() > 0; }
 
@@ -59,19 +65,20 @@ class CompressorCalculation {
 
     /// A value on the way to a variable; a failing one is an error entry and counts as 0 from there on.
     template <class Value>
-    double intermediate(var variable, Value&& value) {
-        double result = 0;
+    Number intermediate(var variable, Value&& value) {
+        Number result = 0;
         statements_.attempt(definitionOf(variable).name, [&] { result = checked(value()); });
         return result;
     }
 
+    Tracing tracing_;
     clsCompressor& compressor_;
-    States states_;
+    typename Tracing::States states_;
     const clsProjectConditions& conditions_;
     formTimeout& timeout_;
-    clsVariables& v_;
-    Statements statements_;
-    SelectionRules rules_;
+    typename Tracing::Variables v_;
+    Statements<Tracing> statements_;
+    SelectionRules<Tracing> rules_;
     HoldingLimits around_;  ///< The limits that hold the point.
 };
 

@@ -8,7 +8,8 @@
 
 namespace marvello {
 
-void EconomizerCalculation::EcoCycle() {
+template <class Tracing>
+void EconomizerCalculation<Tracing>::EcoCycle() {
     injectionPressure();
     if (AbortRequested()) return;
 
@@ -31,7 +32,8 @@ void EconomizerCalculation::EcoCycle() {
     trySet(var::SCeco, [&] { return v_[var::T3] - v_[var::T31]; });
 }
 
-void EconomizerCalculation::dischargeStates() {
+template <class Tracing>
+void EconomizerCalculation<Tracing>::dischargeStates() {
     trySet(var::T71, [&] { return states_.temperatureAtEnthalpy(v_[var::P71], v_[var::H71]); });
     trySet(var::S71, [&] { return states_.entropyAtEnthalpy(v_[var::P71], v_[var::H71]); });
     trySet(var::H7Iso, [&] { return states_.enthalpyAtEntropy(v_[var::Pc], v_[var::S71]); });
@@ -43,37 +45,46 @@ void EconomizerCalculation::dischargeStates() {
 
 /// The pressure before the port: the port's own and the loss of the injected gas, whose density depends on
 /// it.
-void EconomizerCalculation::injectionPressure() {
+template <class Tracing>
+void EconomizerCalculation<Tracing>::injectionPressure() {
     constexpr double tolerance = 0.001;
     constexpr double perBar = 100;
-    double loss = 0;
+    Number loss = 0;
     const auto gasAt = [&](var pressure) {
         trySet(var::T7D, [&] { return states_.dewTemperature(v_[pressure]); });
         trySet(var::T7, [&] { return v_[var::T7D] + v_[var::Sh]; });
         trySet(var::D7, [&] { return states_.density(v_[var::T7], v_[pressure]); });
         trySet(var::H7, [&] { return states_.enthalpy(v_[var::T7], v_[pressure]); });
-        Statements::attemptSilently([&] {
+        attemptSilently([&] {
             const clsEconomizer& port = compressor_.Economizer;
-            loss = checked(checked(port.KPerdita / port.Sez) * (v_[var::D7] / v_[var::D9D]) * v_[var::meco]);
+            const Number share =
+                checked(tracing_.named("KPerdita", port.KPerdita) / tracing_.named("Sez", port.Sez));
+            loss = checked(share * (v_[var::D7] / v_[var::D9D]) * v_[var::meco]);
         });
     };
     gasAt(var::P9);
     trySet(var::P7, [&] { return v_[var::P9] + loss; });
 
-    double error = 1;
-    double old = 0;
+    using std::abs;
+    Number error = 1;
+    Number old = 0;
     // The pressure rises with the loss and the loss with the pressure: a step that hardly clears its fixed
     // point lingers there for thousands of passes before it settles or runs off.
     constexpr int patience = 10000;
     LostSearch passes(patience);
-    while (std::abs(error) > tolerance && !AbortRequested()) {
+    while (abs(error) > tolerance && !AbortRequested()) {
         turn();
         gasAt(var::P7);
-        Statements::attemptSilently([&] { old = v_[var::P7]; });
+        attemptSilently([&] { old = v_[var::P7]; });
         trySet(var::P7, [&] { return v_[var::P9] + loss; });
-        Statements::attemptSilently([&] { error = perBar * (v_[var::P7] - old); });
-        if (passes.isLost(error)) return;  // comes no nearer: the search judges what is there
+        attemptSilently([&] { error = perBar * (v_[var::P7] - old); });
+        if (passes.isLost(valueOf(error))) return;  // comes no nearer: the search judges what is there
     }
 }
+
+template void EconomizerCalculation<Untraced>::EcoCycle();
+template void EconomizerCalculation<Tracer>::EcoCycle();
+template void EconomizerCalculation<Untraced>::dischargeStates();
+template void EconomizerCalculation<Tracer>::dischargeStates();
 
 }  // namespace marvello

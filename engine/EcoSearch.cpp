@@ -32,7 +32,9 @@ constexpr int patience = 50;
 
 }  // namespace
 
-void EconomizerCalculation::Eco_Q0() {
+template <class Tracing>
+void EconomizerCalculation<Tracing>::Eco_Q0() {
+    using std::abs;
     const auto missing = [this] { return checked(v_[var::Eco] - (v_[var::Q0] + v_[var::Qeco])); };
     constexpr float firstStep = 0.25F;
     StepControl step(firstStep);
@@ -45,24 +47,24 @@ void EconomizerCalculation::Eco_Q0() {
     }
     set(var::meco, v_[var::Mev] * firstShare);
     EcoCycle();
-    double error = missing();
-    step.remember(error);
+    Number error = missing();
+    step.remember(valueOf(error));
     set(var::EcoOK, isFalse);
 
     LostSearch trials(patience);
-    for (double distance = unknownError; distance > capacityTolerance; distance = std::abs(error)) {
-        set(var::meco, v_[var::meco] * (1 + step.size() * error / damping));
+    for (Number distance = unknownError; distance > capacityTolerance; distance = abs(error)) {
+        set(var::meco, v_[var::meco] * (1 + tracing_.named("step", step.size()) * error / damping));
         EcoCycle();
         if (AbortRequested()) break;
-        if (std::abs(v_[var::meco]) > maxFlow * std::abs(v_[var::Mev])) {
+        if (abs(v_[var::meco]) > maxFlow * abs(v_[var::Mev])) {
             noSolution();
             return;
         }
         EcoCycle();  // Kept: again at the same flow, for a value that failed keeps that of the pass before.
         error = missing();
         if (v_[var::meco] < 0) set(var::meco, smallFlow);
-        step.apply(error);
-        if (std::abs(error) > capacityTolerance && trials.isLost(error)) {
+        step.apply(valueOf(error));
+        if (abs(error) > capacityTolerance && trials.isLost(valueOf(error))) {
             noSolution();
             return;
         }
@@ -81,19 +83,20 @@ void EconomizerCalculation::Eco_Q0() {
     }
 }
 
-void EconomizerCalculation::Eco_Automatic() {
-    double distance = 0;
+template <class Tracing>
+void EconomizerCalculation<Tracing>::Eco_Automatic() {
+    Number distance = 0;
     trySet(var::meco, [] { return smallFlow; });
     EcoCycle();
     if (AbortRequested()) return;
-    Statements::attemptSilently([&] { distance = v_[var::T31] - v_[var::T6]; });
+    attemptSilently([&] { distance = v_[var::T31] - v_[var::T6]; });
     if (distance < 0) {
         noSolution();
         set(var::EcoOK, isTrue);
         return;
     }
-    double wanted = 0;
-    Statements::attemptSilently([&] { wanted = v_[var::Eco]; });
+    Number wanted = 0;
+    attemptSilently([&] { wanted = v_[var::Eco]; });
     if (distance < wanted) {
         trySet(var::meco, [&] { return v_[var::Mev] * firstShare; });
         tankStage(unknownError, StepControl(automaticStep));
@@ -103,32 +106,35 @@ void EconomizerCalculation::Eco_Automatic() {
 }
 
 /// Drives the approach of the subcooled liquid to the injected gas down to the wanted one.
-void EconomizerCalculation::plateStage(double wanted) {
+template <class Tracing>
+void EconomizerCalculation<Tracing>::plateStage(const Number& wanted) {
+    using std::abs;
     StepControl step(automaticStep);
     set(var::EcoModel, plate);
     trySet(var::meco, [&] { return v_[var::Mev] * firstShare; });
     EcoCycle();
-    double approach = 0;
-    Statements::attemptSilently([&] { approach = v_[var::T31] - v_[var::T7D]; });
-    double error = approach - wanted;
-    step.remember(error);
+    Number approach = 0;
+    attemptSilently([&] { approach = v_[var::T31] - v_[var::T7D]; });
+    Number error = approach - wanted;
+    step.remember(valueOf(error));
     trySet(var::meco, [&] { return v_[var::meco] * (checked(approach / wanted) - 1); });
     set(var::EcoOK, isFalse);
 
     LostSearch trials(patience);
-    while (std::abs(error) > approachTolerance) {
-        trySet(var::meco, [&] { return v_[var::meco] * (1 + step.size() * error / damping); });
+    while (abs(error) > approachTolerance) {
+        trySet(var::meco,
+               [&] { return v_[var::meco] * (1 + tracing_.named("step", step.size()) * error / damping); });
         EcoCycle();
         if (AbortRequested()) return;
         if (v_[var::meco] < smallFlow) {
             tankStage(error, step);
             return;
         }
-        Statements::attemptSilently([&] { approach = v_[var::T31] - v_[var::T7D]; });
-        error = std::abs(approach) - wanted;
-        step.apply(approach - wanted);
+        attemptSilently([&] { approach = v_[var::T31] - v_[var::T7D]; });
+        error = abs(approach) - wanted;
+        step.apply(valueOf(approach - wanted));
         turn();
-        if (std::abs(error) > approachTolerance && trials.isLost(error)) {
+        if (abs(error) > approachTolerance && trials.isLost(valueOf(error))) {
             set(var::EcoModel, "Impossible");
             noSolution();
             return;
@@ -137,29 +143,37 @@ void EconomizerCalculation::plateStage(double wanted) {
 }
 
 /// Drives the liquid down to the bubble temperature at the injection pressure.
-void EconomizerCalculation::tankStage(double error, StepControl step) {
+template <class Tracing>
+void EconomizerCalculation<Tracing>::tankStage(Number error, StepControl step) {
+    using std::abs;
     step.restart();
     set(var::EcoOK, isFalse);
     set(var::EcoModel, "Tank");
     constexpr double firstRaise = 5;
     trySet(var::meco, [&] { return v_[var::meco] * firstRaise; });
-    double distance = 0;
+    Number distance = 0;
     LostSearch trials(patience);
-    while (std::abs(error) > approachTolerance && !AbortRequested()) {
+    while (abs(error) > approachTolerance && !AbortRequested()) {
         EcoCycle();
-        Statements::attemptSilently([&] { distance = v_[var::T31] - v_[var::T6]; });
-        error = std::abs(distance);
-        trySet(var::meco, [&] { return v_[var::meco] * (1 + step.size() * distance); });
+        attemptSilently([&] { distance = v_[var::T31] - v_[var::T6]; });
+        error = abs(distance);
+        trySet(var::meco,
+               [&] { return v_[var::meco] * (1 + tracing_.named("step", step.size()) * distance); });
         if (v_[var::meco] < 0) set(var::meco, smallFlow);
-        step.apply(distance);
-        const double flow = v_[var::meco];
-        if (std::abs(flow) > maxTankFlow * std::abs(v_[var::Mev]) || flow < smallFlow ||
-            (std::abs(error) > approachTolerance && trials.isLost(error))) {
+        step.apply(valueOf(distance));
+        const Number flow = v_[var::meco];
+        if (abs(flow) > maxTankFlow * abs(v_[var::Mev]) || flow < smallFlow ||
+            (abs(error) > approachTolerance && trials.isLost(valueOf(error)))) {
             noSolution();
             set(var::EcoModel, "Impossible");
             return;
         }
     }
 }
+
+template void EconomizerCalculation<Untraced>::Eco_Q0();
+template void EconomizerCalculation<Tracer>::Eco_Q0();
+template void EconomizerCalculation<Untraced>::Eco_Automatic();
+template void EconomizerCalculation<Tracer>::Eco_Automatic();
 
 }  // namespace marvello

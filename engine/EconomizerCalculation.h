@@ -3,8 +3,8 @@
 #include "catalogue/clsCompressor.h"
 #include "engine/Statements.h"
 #include "engine/StepControl.h"
+#include "engine/Tracing.h"
 #include "engine/formTimeout.h"
-#include "thermo/States.h"
 
 namespace marvello {
 
@@ -12,10 +12,11 @@ namespace marvello {
 /// through a port at intermediate pressure. Works on the compressor's variables as the standard cycle left
 /// them; temperatures in degrees Celsius, pressures in bar, enthalpies in kJ/kg, flows in kg/h, power and
 /// capacity in kW.
+template <class Tracing>
 class EconomizerCalculation {
   public:
-    EconomizerCalculation(clsCompressor& compressor, const States& states, formTimeout& timeout,
-                          Statements& statements);
+    EconomizerCalculation(clsCompressor& compressor, const typename Tracing::States& states,
+                          formTimeout& timeout, Statements<Tracing>& statements, const Tracing& tracing);
 
     /// The whole calculation: efficiencies, port state, search, power, current and oil load. What it has to
     /// say are error messages of the compressor. A step that fails leaves it by an exception, but for those
@@ -23,6 +24,8 @@ class EconomizerCalculation {
     void CalculateEconomizer();
 
   private:
+    using Number = typename Tracing::Number;
+
     /// Solves the cycle for the present `meco`, the discharge in the first pass alone. A step that fails is
     /// passed over.
     void EcoCycle();
@@ -35,8 +38,8 @@ class EconomizerCalculation {
     /// Searches the `meco` that gives the approach `Eco`, with a plate economizer or else with a flash tank.
     /// A step that fails is passed over.
     void Eco_Automatic();
-    void plateStage(double wanted);
-    void tankStage(double error, StepControl step);
+    void plateStage(const Number& wanted);
+    void tankStage(Number error, StepControl step);
     static constexpr float automaticStep = 0.1F;
     static constexpr double firstShare = 0.01;  ///< of the evaporator's flow, where a search begins
 
@@ -50,20 +53,21 @@ class EconomizerCalculation {
     void noSolution();
 
     template <class Value>
-    void set(var variable, Value value) {
+    void set(var variable, const Value& value) {
         statements_.set(variable, value);
     }
     /// The same, a failure passed over.
     void trySet(var variable, const auto& value) {
-        Statements::attemptSilently([&] { set(variable, value()); });
+        attemptSilently([&] { set(variable, value()); });
     }
     void turn();
 
+    Tracing tracing_;
     clsCompressor& compressor_;
-    States states_;
+    typename Tracing::States states_;
     formTimeout& timeout_;
-    Statements& statements_;
-    clsVariables& v_;
+    Statements<Tracing>& statements_;
+    typename Tracing::Variables v_;
     bool isDischargeKnown_ = false;
     unsigned turns_ = 0;
 };

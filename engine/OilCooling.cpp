@@ -3,7 +3,8 @@
 
 namespace marvello {
 
-void CompressorCalculation::CalculateOilCooling() {
+template <class Tracing>
+void CompressorCalculation<Tracing>::CalculateOilCooling() {
     if (v_[var::T21] <= 0) {
         statements_.set(var::Pra, 0.0);
         return;
@@ -12,5 +13,8 @@ void CompressorCalculation::CalculateOilCooling() {
     statements_.set(var::Pra, v_[var::Mbase] * (v_[var::H21] - v_[var::H2Rif]) / secondsPerHour);
     if (v_[var::T21] < v_[var::OC]) statements_.set(var::Pra, 0.0);
 }
+
+template void CompressorCalculation<Untraced>::CalculateOilCooling();
+template void CompressorCalculation<Tracer>::CalculateOilCooling();
 
 }  // namespace marvello

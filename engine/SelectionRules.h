@@ -21,9 +21,11 @@ const FrequencyLimit* frequencyLimit(const HoldingLimits& around);
 /// What is said about a compressor at an operating point. A rule looks at the point against the envelope, at
 /// the series, the model and the refrigerant, and adds a message. The rules run in the order of their
 /// numbers, in groups between the stages of the calculation.
+template <class Tracing>
 class SelectionRules {
   public:
-    SelectionRules(clsCompressor& compressor, const clsProjectConditions& conditions, Statements& statements);
+    SelectionRules(clsCompressor& compressor, const clsProjectConditions& conditions,
+                   Statements<Tracing>& statements, const Tracing& tracing);
 
     /// Rules 1 to 10. `around` are the limits that hold the point.
     void envelopeRules(const HoldingLimits& around);
@@ -35,34 +37,51 @@ class SelectionRules {
     void closingRules();
 
   private:
-    void forbiddenRegion();                          // 1
-    void capacityStep(const HoldingLimits& around);  // 2, and again in 4
+    using Number = typename Tracing::Number;
+
+    void forbiddenRegion();
+    void capacityStep(const HoldingLimits& around);
     bool hasSoundPolynomials() const;
-    void polynomials();                                     // 3
-    void polynomialsAndMotor(const HoldingLimits& around);  // 4
-    void overLimit(const HoldingLimits& around);            // 5
-    void oilFilter(const HoldingLimits& around);            // 6
-    void smallMotor(const HoldingLimits& around);           // 7
-    void injection(const HoldingLimits& around);            // 8
-    void suggestedVersion(const HoldingLimits& around);     // 9
-    void inverterFrequency(const HoldingLimits& around);    // 10
-    void subcooling();                                      // 11
-    void superheat();                                       // 12
-    void oilCooling(const HoldingLimits& around);           // 13
-    void injectionForOil(const HoldingLimits& around);      // 14
-    void lowTemperatureRefrigerant();                       // 16
-    void variableSeries();                                  // 17
-    void powerOfModel();                                    // 18
-    void modelOnRequest();                                  // 19
-    void flammableRefrigerant();                            // 20
+    void polynomials();
+    void polynomialsAndMotor(const HoldingLimits& around);
+    void overLimit(const HoldingLimits& around);
+    void oilFilter(const HoldingLimits& around);
+    void smallMotor(const HoldingLimits& around);
+    void injection(const HoldingLimits& around);
+    void suggestedVersion(const HoldingLimits& around);
+    void inverterFrequency(const HoldingLimits& around);
+    void subcooling();
+    void superheat();
+    void oilCooling(const HoldingLimits& around);
+    void injectionForOil(const HoldingLimits& around);
+    void lowTemperatureRefrigerant();
+    void variableSeries();
+    void powerOfModel();
+    void modelOnRequest();
+    void flammableRefrigerant();
 
     bool raisedPowerLimit(var variable);
+    /// Runs a rule under its number.
+    template <class Rule>
+    void rule(int number, const Rule& rule) {
+        tracing_.rule(number, messages_, rule);
+    }
+    bool isInside(const HoldingLimits& around, int limitType) const {
+        return tracing_.inside(limitType, around.FindLimitType(limitType));
+    }
 
+    bool hasLimit(int limitType) const {
+        return tracing_.hasLimit(limitType, compressor_.limits.FindLimitType(limitType));
+    }
+    bool hasInverter() const { return tracing_.test("hasInvert", compressor_.hasInvert); }
+    bool hasHVersions() const { return tracing_.test("series.hasHVersions", series_.hasHVersions); }
+
+    Tracing tracing_;
     clsCompressor& compressor_;
     const clsProjectConditions& conditions_;
-    Statements& statements_;
+    Statements<Tracing>& statements_;
     ClsSelectionMessages& messages_;
-    const clsVariables& v_;
+    typename Tracing::Variables v_;
     const SeriesTraits& series_;
     const RefrigerantTraits& refrigerant_;
 };

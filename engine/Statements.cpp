@@ -2,20 +2,23 @@
 
 namespace marvello {
 
-void Statements::set(var variable, double value) {
+template <class Tracing>
+void Statements<Tracing>::set(var variable, const typename Tracing::Number& value) {
     v_.set(variable, value);
-    if (isUndefinedMarker(value))
+    if (isUndefinedMarker(valueOf(value)))
         undefined_[variable] = refprop_.LastUndefined();
     else if (!undefined_.empty())
         undefined_.erase(variable);
 }
 
-void Statements::set(var variable, const char* text) {
+template <class Tracing>
+void Statements<Tracing>::set(var variable, const char* text) {
     v_.set(variable, text);
     undefined_.erase(variable);
 }
 
-void Statements::noteFailure(std::string_view name, std::string_view sentence) {
+template <class Tracing>
+void Statements<Tracing>::noteFailure(std::string_view name, std::string_view sentence) {
     std::string cause(name);
     if (sentence.starts_with(cause + " "))
         cause = sentence;
@@ -24,16 +27,21 @@ void Statements::noteFailure(std::string_view name, std::string_view sentence) {
     messages_.Error.add(failureName, "", {0.0}, cause);
 }
 
-std::string Statements::undefinedStates() const {
+template <class Tracing>
+std::string Statements<Tracing>::undefinedStates() const {
     std::string names;
     for (const auto& [variable, unused] : undefined_)
         names.append(names.empty() ? "" : ", ").append(definitionOf(variable).name);
     return names.empty() ? names : names + ": " + undefined_.begin()->second;
 }
 
-void Statements::warnOfUndefinedStates() {
+template <class Tracing>
+void Statements<Tracing>::warnOfUndefinedStates() {
     if (undefined_.empty() || messages_.Error.Count() > 0) return;  // an error leaves no figures
     messages_.Attention.add("messages.message38", "messages.message38", {}, undefinedStates());
 }
+
+template class Statements<Untraced>;
+template class Statements<Tracer>;
 
 }  // namespace marvello

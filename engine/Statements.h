@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "catalogue/clsCompressor.h"
+#include "engine/Tracing.h"
 #include "thermo/clsRefprop.h"
 
 namespace marvello {
@@ -14,16 +15,27 @@ namespace marvello {
 /// The name of an error that a statement failed with; it is no key of the dictionary.
 inline constexpr std::string_view failureName = "Error...";
 
+/// A statement whose failure is passed over.
+template <class Statement>
+void attemptSilently(Statement&& statement) {
+    try {
+        statement();
+    } catch (const std::exception&) {  // the step is skipped
+        return;
+    }
+}
+
 /// How a calculation writes its variables, and goes on after a failure: a statement that fails adds one entry
 /// to the errors, writes nothing and is followed by the next one. The entry has no text of its own; its cause
 /// says what failed.
+template <class Tracing>
 class Statements {
   public:
-    Statements(clsCompressor& compressor, const clsRefprop& refprop)
-        : v_(compressor.Variables), messages_(compressor.Messages), refprop_(refprop) {}
+    Statements(clsCompressor& compressor, const clsRefprop& refprop, const Tracing& tracing)
+        : v_(tracing.variables(compressor.Variables)), messages_(compressor.Messages), refprop_(refprop) {}
 
     /// Writes a variable. Throws ArithmeticFault unless the value is finite.
-    void set(var variable, double value);
+    void set(var variable, const typename Tracing::Number& value);
     void set(var variable, const char* text);
 
     /// Writes what `value()` returns; a failure is an entry and leaves the variable as it was.
@@ -42,16 +54,6 @@ class Statements {
         }
     }
 
-    /// A statement whose failure is passed over.
-    template <class Statement>
-    static void attemptSilently(Statement&& statement) {
-        try {
-            statement();
-        } catch (const std::exception&) {  // the step is skipped
-            return;
-        }
-    }
-
     /// Returns which variables are states that the property library does not define, and what it says of the
     /// first; empty if there are none.
     std::string undefinedStates() const;
@@ -62,7 +64,7 @@ class Statements {
   private:
     void noteFailure(std::string_view name, std::string_view sentence);
 
-    clsVariables& v_;
+    typename Tracing::Variables v_;
     ClsSelectionMessages& messages_;
     const clsRefprop& refprop_;
     std::map<var, std::string> undefined_;  ///< What the library says of each.

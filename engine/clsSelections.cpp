@@ -135,7 +135,7 @@ void clsSelections::CalculateCompressor(clsCompressor& compressor) {
     const auto refprop = SharedRefprop(compressor.Refrigerant);
     formTimeout timeout;
     timeout.Timeout = [] { giveTurn(); };
-    CompressorCalculation(compressor, *refprop, *conditions, timeout).run();
+    CompressorCalculation<Untraced>(compressor, *refprop, *conditions, timeout).run();
 }
 
 void clsSelections::Abort() {

@@ -15,6 +15,10 @@ namespace {
 
 constexpr std::string_view marginColumn = "@margin";
 
+/// The visibilities of a column that the user alone shows, and of one that is shown in any case.
+constexpr int onDemand = 5;
+constexpr int always = 0;
+
 std::string_view patternOf(std::string_view key) {
     if (key == "cop" || key == "copeco") return "#0.00";
     if (key == "eer" || key == "ikw/ton") return "#0.000";
@@ -183,11 +187,27 @@ bool isShown(int visibility, UnitSystem units, bool hasEconomizer) {
             return isImperial;
         case 4:
             return isImperial && hasEconomizer;
-        case 5:
+        case onDemand:
             return false;
         default:
             return true;
     }
+}
+
+bool isOffered(int visibility, UnitSystem units, bool hasEconomizer) {
+    return visibility == onDemand || isShown(visibility, units, hasEconomizer);
+}
+
+clsOutputs withSwitched(const clsOutputs& columns, const std::vector<std::string>& keys) {
+    clsOutputs switched;
+    for (const clsOutput& column : columns) {
+        const bool isSwitched = std::ranges::any_of(
+            keys, [&](const std::string& key) { return equalIgnoringCase(key, column.Key); });
+        const int other = column.Visibility == onDemand ? always : onDemand;
+        switched.add(column.Key, column.Name, column.Description, column.UmDescription, column.value,
+                     isSwitched ? other : column.Visibility);
+    }
+    return switched;
 }
 
 std::string unitText(const clsOutput& column, UnitSystem units) {

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "catalogue/clsCompressor.h"
 #include "data/Numbers.h"
@@ -30,6 +31,14 @@ bool isOwnColumn(std::string_view key);
 
 /// Whether a column of that visibility is shown.
 bool isShown(int visibility, UnitSystem units, bool hasEconomizer);
+
+/// Whether the user may show or hide a column now: not if it belongs to another system of units or to the
+/// economizer.
+bool isOffered(int visibility, UnitSystem units, bool hasEconomizer);
+
+/// Returns the columns with those switched over that the user chose, by their keys: hidden, or shown if the
+/// catalogue hides them.
+clsOutputs withSwitched(const clsOutputs& columns, const std::vector<std::string>& keys);
 
 /// Returns the unit of a column. In the imperial system the columns that are named there have units of their
 /// own, and every other one follows its metric unit: temperatures, differences, heat flows and mass flows are

@@ -12,7 +12,7 @@ namespace marvello {
 struct FormState {
     InputState inputs;
     QHash<QString, int> columnWidths;  ///< by the keys of the columns
-    QStringList hiddenColumns{};       ///< of a list whose columns can be hidden
+    QStringList switchedColumns{};     ///< shown or hidden by the user, against what the list begins with
     QStringList filters{};             ///< of a list with filters
 
     bool isEmpty() const { return inputs.isEmpty(); }

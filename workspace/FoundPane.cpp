@@ -1,10 +1,8 @@
 #include "workspace/FoundPane.h"
 
-#include <QAction>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -57,7 +55,6 @@ ResultsModel::Kind kindOf(const std::string& column) {
 
 FoundPane::FoundPane(const SelectionInputs& inputs, QWidget* parent)
     : ListPane(inputs, parent), veil_(new Veil(this)) {
-    lvCps_->setColumnMenu();
     filters_ = new FoundFilterBar(this);
     listColumn_->insertWidget(0, filters_);
     connect(filters_, &FoundFilterBar::changed, this, &FoundPane::relist);
@@ -66,7 +63,6 @@ FoundPane::FoundPane(const SelectionInputs& inputs, QWidget* parent)
     veil_->hide();
     SetMinSize1(minListHeight + around());
     connect(lvCps_, &ResultsView::headingClicked, this, &FoundPane::sortBy);
-    connect(lvCps_, &ResultsView::columnMenuRequested, this, &FoundPane::openColumnMenu);
     connect(lvCps_, &QAbstractItemView::activated, this, &FoundPane::opened);
 }
 
@@ -136,12 +132,10 @@ void FoundPane::resizeEvent(QResizeEvent* event) {
 
 FoundStyle FoundPane::style() const { return {inputs_.units(), marksOf(QLocale())}; }
 
-bool FoundPane::isHidden(const std::string& column) const { return hidden_.contains(fromCore(column)); }
-
 std::vector<ResultsView::Column> FoundPane::viewColumns() const {
     std::vector<ResultsView::Column> columns;
     for (const ResultColumn& column : columns_)
-        if (!isHidden(column.key))
+        if (!isSwitched(column.key))
             columns.push_back({fromCore(column.key), fromCore(column.caption()), fromCore(column.description),
                                kindOf(column.key), request_.below, request_.above, minColumnWidth});
     return columns;
@@ -152,7 +146,7 @@ ResultsView::Row FoundPane::viewRow(const FoundRow& row) const {
     ResultsView::Row shown{fromCore(foundKey(*row.candidate)), fromCore(row.label), mark, markText(mark), {}};
     for (std::size_t i = 0; i < row.values.size(); ++i) {
         const std::string& key = columns_[i + 1].key;
-        if (isHidden(key)) continue;
+        if (isSwitched(key)) continue;
         shown.values += fromCore(row.values[i].text);
         ResultsModel::Aside aside;
         if (key == foundColumn::refrigerant) aside.note = fromCore(row.facts);
@@ -166,7 +160,8 @@ ResultsView::Row FoundPane::viewRow(const FoundRow& row) const {
 QStringList FoundPane::captions() const {
     QStringList captions;
     for (const ResultColumn& column : columns_)
-        if (!isHidden(column.key)) captions += fromCore(column.unit.empty() ? column.name : column.caption());
+        if (!isSwitched(column.key))
+            captions += fromCore(column.unit.empty() ? column.name : column.caption());
     return captions;
 }
 
@@ -175,7 +170,7 @@ QStringList FoundPane::cellsOf(const Candidate& candidate) const {
     QStringList cells{fromCore(row.label)};
     for (std::size_t i = 0; i < row.values.size(); ++i) {
         const std::string& key = columns_[i + 1].key;
-        if (isHidden(key)) continue;
+        if (isSwitched(key)) continue;
         cells += fromCore(row.values[i].text);
         if (key == foundColumn::refrigerant) cells.back() += QStringLiteral("  ") + fromCore(row.facts);
     }
@@ -228,23 +223,12 @@ void FoundPane::sortBy(const QString& column) {
     lvCps_->horizontalScrollBar()->setValue(scrolled);
 }
 
-void FoundPane::openColumnMenu(const QPoint& place) {
-    QMenu menu(this);
-    for (const ResultColumn& column : columns_) {
-        if (column.key == nameColumn) continue;
-        QAction* entry = menu.addAction(fromCore(column.name));
-        const QString key = fromCore(column.key);
-        entry->setCheckable(true);
-        entry->setChecked(!hidden_.contains(key));
-        connect(entry, &QAction::toggled, this, [this, key](bool isShown) {
-            if (isShown)
-                hidden_.removeAll(key);
-            else
-                hidden_ += key;
-            relist();
-        });
-    }
-    menu.exec(place);
+QList<ListPane::OfferedColumn> FoundPane::offeredColumns() const {
+    QList<OfferedColumn> offered;
+    for (const ResultColumn& column : columns_)
+        if (column.key != nameColumn)
+            offered.push_back({fromCore(column.key), fromCore(column.name), !isSwitched(column.key)});
+    return offered;
 }
 
 const Candidate* FoundPane::selected() const {
@@ -286,7 +270,7 @@ void FoundPane::print(bool preview) const {
     for (const Candidate* candidate : rows_) list.rows += cellsOf(*candidate);
     int column = 0;
     for (const ResultColumn& each : columns_) {
-        if (isHidden(each.key)) continue;
+        if (isSwitched(each.key)) continue;
         if (column == 0 || kindOf(each.key) == ResultsModel::Kind::words) list.wordColumns += column;
         ++column;
     }
@@ -299,11 +283,6 @@ QStringList FoundPane::filters() const { return filters_->names(); }
 
 void FoundPane::setFilters(const QStringList& names) {
     filters_->setNames(names);
-    relist();
-}
-
-void FoundPane::setHiddenColumns(const QStringList& keys) {
-    hidden_ = keys;
     relist();
 }
 

@@ -50,14 +50,13 @@ class FoundPane : public ListPane {
     /// What the user made of the list.
     QStringList filters() const;
     void setFilters(const QStringList& names);
-    QStringList hiddenColumns() const { return hidden_; }
-    void setHiddenColumns(const QStringList& keys);
 
   signals:
     /// The selected solution is to be opened as a selection.
     void opened();
 
   protected:
+    QList<OfferedColumn> offeredColumns() const override;
     bool hasRows() const override { return result_ != nullptr; }
     const clsCompressor* selectedCompressor() const override;
     std::shared_ptr<const clsProjectConditions> conditions() const override;
@@ -69,21 +68,18 @@ class FoundPane : public ListPane {
     FoundStyle style() const;
     std::vector<ResultsView::Column> viewColumns() const;
     ResultsView::Row viewRow(const FoundRow& row) const;
-    bool isHidden(const std::string& column) const;
     QStringList captions() const;
     QStringList cellsOf(const Candidate& candidate) const;
     void refreshRejected();
     void refreshPutBack();
     void sortBy(const QString& column);
-    void openColumnMenu(const QPoint& place);
 
     std::shared_ptr<const FindResult> result_;
     FindRequest request_;
     std::vector<ResultColumn> columns_;   ///< hidden ones too
     std::vector<const Candidate*> rows_;  ///< of the list
     FoundOrder order_;
-    QStringList hidden_;  ///< columns, by their keys
-    QString kept_;        ///< the solution selected when the list was replaced
+    QString kept_;  ///< the solution selected when the list was replaced
     bool isOutdated_ = false;
     mutable Calculator calculator_;  ///< of the selected compressor
 

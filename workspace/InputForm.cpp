@@ -192,13 +192,16 @@ bool InputForm::WheelMoved(int step) { return fields_->turnWheel(step); }
 bool InputForm::hasResults() const { return !results().isHidden(); }
 
 FormState InputForm::state() const {
-    return {.inputs = inputs_.state(), .columnWidths = results().chosenWidths()};
+    return {.inputs = inputs_.state(),
+            .columnWidths = results().chosenWidths(),
+            .switchedColumns = results().switchedColumns()};
 }
 
 void InputForm::takeOver(const FormState& state) {
     if (state.isEmpty()) return;
     takeOverInputs(state.inputs);
     results().setChosenWidths(state.columnWidths);
+    results().setSwitchedColumns(state.switchedColumns);
 }
 
 void InputForm::takeOverInputs(const InputState& inputs) {

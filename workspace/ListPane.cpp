@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QVBoxLayout>
 
+#include "controls/CoreText.h"
 #include "controls/ResultsView.h"
 #include "workspace/CompressorPages.h"
 #include "workspace/Pane.h"
@@ -47,6 +48,7 @@ void ListPane::makeList() {
     lvCps_->setObjectName(QStringLiteral("lvCps"));
     lvCps_->setContextMenuPolicy(Qt::CustomContextMenu);
     lvCps_->setSortable();
+    lvCps_->setColumnMenu();
     listColumn_ = new QVBoxLayout(frame3);
     listColumn_->setContentsMargins(0, 0, 0, 0);
     listColumn_->setSpacing(0);
@@ -56,6 +58,7 @@ void ListPane::makeList() {
         emit selectionChanged();
     });
     connect(lvCps_, &QWidget::customContextMenuRequested, this, &ListPane::openPopUp);
+    connect(lvCps_, &ResultsView::columnMenuRequested, this, &ListPane::openColumnMenu);
     connect(lvCps_, &ResultsView::copyRequested, this, [this] { copy(); });
 }
 
@@ -98,6 +101,29 @@ void ListPane::openPopUp(const QPoint& place) {
     for (const PopUpEntry& entry : popUpEntries_)
         if (entry.needs == Needs::printableRow) entry.action->setEnabled(canPrint());
     mnu_cpspopup_->popup(lvCps_->viewport()->mapToGlobal(place));
+}
+
+void ListPane::openColumnMenu(const QPoint& place) {
+    QMenu menu(this);
+    for (const OfferedColumn& column : offeredColumns()) {
+        QAction* entry = menu.addAction(column.name);
+        entry->setCheckable(true);
+        entry->setChecked(column.isShown);
+        connect(entry, &QAction::toggled, this, [this, key = column.key] {
+            if (!switchedColumns_.removeOne(key)) switchedColumns_ += key;
+            relist();
+        });
+    }
+    menu.exec(place);
+}
+
+bool ListPane::isSwitched(const std::string& column) const {
+    return switchedColumns_.contains(fromCore(column));
+}
+
+void ListPane::setSwitchedColumns(const QStringList& keys) {
+    switchedColumns_ = keys;
+    relist();
 }
 
 void ListPane::translate() {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "controls/Splitter.h"
@@ -50,6 +51,9 @@ class ListPane : public Splitter {
 
     QHash<QString, int> chosenWidths() const;
     void setChosenWidths(const QHash<QString, int>& widths);
+    /// The columns that the user showed or hid, by their keys.
+    QStringList switchedColumns() const { return switchedColumns_; }
+    void setSwitchedColumns(const QStringList& keys);
 
   signals:
     void selectionChanged();
@@ -57,6 +61,15 @@ class ListPane : public Splitter {
     void adviceUsed(marvello::AdvisedInput input, double value);
 
   protected:
+    /// A column that the user may show or hide, and whether it is shown.
+    struct OfferedColumn {
+        QString key;
+        QString name;
+        bool isShown = true;
+    };
+    virtual QList<OfferedColumn> offeredColumns() const = 0;
+    bool isSwitched(const std::string& column) const;
+
     /// The pages show numbers and the operating point of the inputs.
     ListPane(const SelectionInputs& inputs, QWidget* parent);
 
@@ -79,6 +92,7 @@ class ListPane : public Splitter {
     void makePopUp();
     void addToPopUp(Command command, const std::function<void()>& act);
     void openPopUp(const QPoint& place);
+    void openColumnMenu(const QPoint& place);
 
     QMenu* mnu_cpspopup_;
     struct PopUpEntry {
@@ -87,6 +101,7 @@ class ListPane : public Splitter {
         Needs needs;
     };
     std::vector<PopUpEntry> popUpEntries_;
+    QStringList switchedColumns_;
 };
 
 }  // namespace marvello

@@ -67,7 +67,9 @@ void ResultsPane::clear() {
 void ResultsPane::list() {
     if (!run_.hasResults()) return;
     lvCps_->clear();
-    run_.list(inputs_, columns_, marksOf(QLocale()));
+    std::vector<std::string> switched;
+    for (const QString& key : switchedColumns()) switched.push_back(toCore(key));
+    run_.list(inputs_, withSwitched(columns_, switched), marksOf(QLocale()));
     std::vector<ResultsView::Column> columns{
         {fromCore(nameColumn), dictionaryText(QStringLiteral("variables.compressor.name")), QString()}};
     for (const ResultColumn& column : run_.table().columns)
@@ -80,6 +82,18 @@ void ResultsPane::list() {
     }
     lvCps_->markSorted(fromCore(run_.order.column()), run_.order.isDescending());
     lvCps_->fitColumns();
+}
+
+QList<ListPane::OfferedColumn> ResultsPane::offeredColumns() const {
+    QList<OfferedColumn> offered;
+    const std::vector<ResultColumn>& listed = run_.table().columns;
+    for (const clsOutput& column : columns_)
+        if (isOffered(column.Visibility, inputs_.units(), inputs_.isShown(Input::economizer)))
+            offered.push_back({fromCore(column.Key), fromCore(column.Name),
+                               std::ranges::any_of(listed, [&](const ResultColumn& each) {
+                                   return each.key == column.Key;
+                               })});
+    return offered;
 }
 
 void ResultsPane::relist() {

@@ -46,6 +46,7 @@ class ResultsPane : public ListPane {
     void keepSelection(const QString& key) { keptSelection_ = key; }
 
   protected:
+    QList<OfferedColumn> offeredColumns() const override;
     bool hasRows() const override { return run_.hasResults(); }
     const clsCompressor* selectedCompressor() const override;
     std::shared_ptr<const clsProjectConditions> conditions() const override { return run_.conditions(); }

@@ -139,7 +139,7 @@ void keepFormState(const QString& form, const FormState& state) {
     of.keys.keep(keys, store);
     of.values.keep(values, store);
     of.columnWidths.keep(state.columnWidths, store);
-    of.hiddenColumns.keep(state.hiddenColumns, store);
+    of.switchedColumns.keep(state.switchedColumns, store);
     of.filters.keep(state.filters, store);
 }
 
@@ -159,7 +159,7 @@ FormState keptFormState(const QString& form) {
     for (auto value = values.begin(); value != values.end(); ++value)
         state.inputs.values[toCore(value.key())] = *value;
     state.columnWidths = of.columnWidths.value(store);
-    state.hiddenColumns = of.hiddenColumns.value(store);
+    state.switchedColumns = of.switchedColumns.value(store);
     state.filters = of.filters.value(store);
     return state;
 }

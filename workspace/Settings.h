@@ -65,7 +65,7 @@ struct OfForm {
     Setting<QHash<QString, QString>> keys{group + QStringLiteral("Keys")};
     Setting<QHash<QString, double>> values{group + QStringLiteral("Values"), {}, -1e6, 1e6};
     Setting<QHash<QString, int>> columnWidths{group + QStringLiteral("ColumnWidths"), {}, 1, 2000};
-    Setting<QStringList> hiddenColumns{group + QStringLiteral("HiddenColumns")};
+    Setting<QStringList> switchedColumns{group + QStringLiteral("SwitchedColumns")};
     Setting<QStringList> filters{group + QStringLiteral("Filters")};
 };
 

@@ -77,7 +77,6 @@ bool frmFind::hasResults() const { return shown_ == Shown::list && results_->isC
 FormState frmFind::state() const {
     FormState state = InputForm::state();
     state.filters = results_->filters();
-    state.hiddenColumns = results_->hiddenColumns();
     return state;
 }
 
@@ -85,7 +84,6 @@ void frmFind::takeOver(const FormState& state) {
     if (state.isEmpty()) return;
     InputForm::takeOver(state);
     if (!state.filters.isEmpty()) results_->setFilters(state.filters);
-    results_->setHiddenColumns(state.hiddenColumns);
 }
 
 void frmFind::takeOverInputs(const InputState& inputs) {

@@ -232,7 +232,7 @@ TEST_F(FindFormTest, TheSystemOfUnitsChangesFiguresAndNotSolutions) {
 }
 
 TEST_F(FindFormTest, ColumnsAreHiddenAndCopiedAsShown) {
-    form->results().setHiddenColumns({"margin", "nearestLimit"});
+    form->results().setSwitchedColumns({"margin", "nearestLimit"});
     EXPECT_EQ(column("margin"), -1);
     list()->selectRow(0);
     form->CopyToClipBoard();
@@ -247,7 +247,7 @@ TEST_F(FindFormTest, TheNextSearchGoesOnWithInputsAndList) {
     type("txtCapacity", "80");
     chooseRefrigerants({"R290", "R513A"});
     chip("inverter")->click();
-    form->results().setHiddenColumns({"speed"});
+    form->results().setSwitchedColumns({"speed"});
     form->Quit();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     SelectionForm* selection = window->newSelection();

@@ -14,6 +14,7 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QTest>
+#include <QTimer>
 #include <tuple>
 
 #include "controls/Link.h"
@@ -320,6 +321,48 @@ TEST_F(SortedListTest, AHeadingSortsWithinTheGroupsAndBack) {
         EXPECT_EQ(lines[i + 1].section('\t', 1, 2).replace('\t', '-'), sorted[i]);
     click("Q0");
     EXPECT_EQ(order(0), asListed);
+}
+
+TEST_F(SortedListTest, TheMenuOfTheHeadingsShowsAndHidesColumns) {
+    const auto switchInMenu = [this](const QString& text) {
+        bool isThere = false;
+        QTimer::singleShot(0, [&] {
+            auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_TRUE(menu);
+            for (QAction* entry : menu->actions()) {
+                if (entry->text() != text) continue;
+                isThere = true;
+                entry->trigger();
+            }
+            menu->close();
+        });
+        list()->columnMenuRequested(list()->mapToGlobal(QPoint(200, 20)));
+        return isThere;
+    };
+    const auto keys = [](const SelectionForm& of) {
+        return marvello::testing::control<ResultsView>(of, "lvCps")->columnKeys();
+    };
+    ASSERT_FALSE(keys(*form).contains(QStringLiteral("@Margin"))) << "only on demand";
+    list()->selectRow(3);
+    const QString selected = list()->key(3);
+    EXPECT_TRUE(switchInMenu(QStringLiteral("Margin")));
+    EXPECT_TRUE(switchInMenu(QStringLiteral("Current")));
+    EXPECT_FALSE(switchInMenu(QStringLiteral("COP eco"))) << "no economizer is chosen";
+    EXPECT_EQ(keys(*form).back(), QStringLiteral("@Margin"));
+    EXPECT_FALSE(keys(*form).contains(QStringLiteral("CA")));
+    EXPECT_EQ(list()->key(list()->selectedRow()), selected);
+
+    form->MnuPopUp("copytoclipboard");
+    const QString copied = QApplication::clipboard()->text();
+    EXPECT_TRUE(copied.contains(QStringLiteral("Margin(K)")) &&
+                !copied.contains(QStringLiteral("Current(A)")))
+        << copied.toStdString();
+    form = window->newSelection();
+    choose("lstSeries", "TK-A");
+    calculate();
+    EXPECT_TRUE(keys(*form).contains(QStringLiteral("@Margin"))) << "the next form goes on with them";
+    EXPECT_TRUE(switchInMenu(QStringLiteral("Margin")));
+    EXPECT_FALSE(keys(*form).contains(QStringLiteral("@Margin")));
 }
 
 TEST_F(SortedListTest, TheKeysOfTheHeadingsSortToo) {

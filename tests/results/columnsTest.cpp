@@ -66,6 +66,17 @@ TEST(IsShown, FollowsTheVisibility) {
         EXPECT_EQ(isShown(c.visibility, c.units, c.hasEconomizer), c.shown) << c.visibility;
 }
 
+TEST(WithSwitched, TurnsRoundWhatTheCatalogueShows) {
+    clsOutputs outputs = withSwitched(readOutputs("Q0|Capacity|kW||0;CopEco|COP|||1;@Margin|Margin|K||5"),
+                                      {"q0", "@MARGIN", "gone"});
+    EXPECT_FALSE(isShown(outputs.Item("Q0").Visibility, metric, false));
+    EXPECT_TRUE(isShown(outputs.Item("@margin").Visibility, metric, false));
+    EXPECT_EQ(outputs.Item("CopEco").Visibility, 1);
+    EXPECT_TRUE(isOffered(5, metric, false));
+    EXPECT_FALSE(isOffered(1, metric, false));
+    EXPECT_FALSE(isOffered(3, metric, true));
+}
+
 TEST(ValueIn, FormatsByKey) {
     clsCompressor c = compressor();
     EXPECT_EQ(valueIn(c, column("q0"), metric).text, "68.1");
