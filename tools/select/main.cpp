@@ -18,6 +18,7 @@
 #include "tools/select/Exit.h"
 #include "tools/select/FindCommand.h"
 #include "tools/select/Output.h"
+#include "tools/select/RatingCommand.h"
 #include "tools/select/RefrigerantListing.h"
 #include "tools/select/Request.h"
 #include "tools/select/Run.h"
@@ -155,10 +156,12 @@ int run(int argc, char** argv) {
     app.add_flag("--list-refrigerants", arguments.listRefrigerants,
                  "prints the refrigerants with safety class, GWP, ODP and temperatures");
     const FindCommand find(app);
+    const RatingCommand rating(app);
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
         if (find.isGiven()) return find.run();
+        if (rating.isGiven()) return rating.run();
     } catch (const CLI::CallForHelp&) {
         printText(app.help());
         return done;
