@@ -17,6 +17,7 @@
 #include "tools/select/BatchRun.h"
 #include "tools/select/Exit.h"
 #include "tools/select/FindCommand.h"
+#include "tools/select/MapCommand.h"
 #include "tools/select/Output.h"
 #include "tools/select/RatingCommand.h"
 #include "tools/select/RefrigerantListing.h"
@@ -156,11 +157,13 @@ int run(int argc, char** argv) {
     app.add_flag("--list-refrigerants", arguments.listRefrigerants,
                  "prints the refrigerants with safety class, GWP, ODP and temperatures");
     const FindCommand find(app);
+    const MapCommand map(app);
     const RatingCommand rating(app);
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
         if (find.isGiven()) return find.run();
+        if (map.isGiven()) return map.run();
         if (rating.isGiven()) return rating.run();
     } catch (const CLI::CallForHelp&) {
         printText(app.help());
