@@ -48,8 +48,7 @@ std::span<const PerformanceColumn> performanceColumns(bool hasEconomizer) {
     return std::span(columns).first(columns.size() - (hasEconomizer ? 0 : economizedColumns));
 }
 
-std::string performanceCsv(std::span<const PerformanceRow> rows, bool hasEconomizer) {
-    const auto figures = performanceColumns(hasEconomizer);
+std::string performanceCsv(std::span<const PerformanceRow> rows, std::span<const PerformanceColumn> figures) {
     std::vector<std::string> fields{"ted", "tcd", "state"};
     for (const PerformanceColumn& column : figures) fields.emplace_back(column.name);
     std::string text = csvLine(fields);

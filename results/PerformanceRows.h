@@ -29,6 +29,9 @@ std::span<const PerformanceColumn> performanceColumns(bool hasEconomizer);
 
 /// Returns the lines as CSV with a heading. A figure without a value is an empty field. Numbers read back
 /// exactly.
-std::string performanceCsv(std::span<const PerformanceRow> rows, bool hasEconomizer);
+std::string performanceCsv(std::span<const PerformanceRow> rows, std::span<const PerformanceColumn> figures);
+inline std::string performanceCsv(std::span<const PerformanceRow> rows, bool hasEconomizer) {
+    return performanceCsv(rows, performanceColumns(hasEconomizer));
+}
 
 }  // namespace marvello

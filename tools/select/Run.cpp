@@ -161,6 +161,23 @@ Run carryOut(Request request) {
     return run;
 }
 
+const PreparedCompressor& oneCompressor(Request& request, const PreparedCatalogue& catalogue) {
+    checkRequest(request);
+    spellNames(request);
+    const bool isAny = request.models == "*";
+    const std::vector<std::string> models =
+        isAny ? knownModels(request.refrigerant, request.series) : splitText(request.models, ';');
+    if (models.size() != 1)
+        throw BadRequest("models: one model is needed" +
+                         (isAny ? "; the series " + request.series + " has " + std::to_string(models.size())
+                                : ", not " + std::to_string(models.size())));
+    request.models = models.front();
+    const PreparedCompressor* const found =
+        catalogue.find(request.refrigerant, request.series, request.models);
+    if (found == nullptr) throw NothingMatches("No compressor matches.");
+    return *found;
+}
+
 void checkNames(const std::vector<std::string>& refrigerants, const std::vector<std::string>& series) {
     for (const std::string& name : refrigerants)
         spelled(name, knownRefrigerants(), [&] { return "The catalogue has no refrigerant " + name; });

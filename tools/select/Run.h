@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/PreparedCatalogue.h"
 #include "engine/Advice.h"
 #include "engine/clsSelections.h"
 #include "tools/select/Request.h"
@@ -33,6 +34,10 @@ void openCatalogue(const std::string& language);
 /// DatabaseError, FluidLibraryError, and std::runtime_error with the fluid library's sentence if it cannot
 /// set the refrigerant up.
 Run carryOut(Request request);
+
+/// Returns the one compressor that a request names, and spells its names as the catalogue does. Throws
+/// BadRequest if it names none or several, and NothingMatches for names that the catalogue does not have.
+const PreparedCompressor& oneCompressor(Request& request, const PreparedCatalogue& catalogue);
 
 /// Throws NothingMatches for a refrigerant or a series, in any case of letters, that the catalogue does not
 /// have.

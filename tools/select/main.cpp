@@ -18,7 +18,9 @@
 #include "tools/select/CycleCommand.h"
 #include "tools/select/Exit.h"
 #include "tools/select/FindCommand.h"
+#include "tools/select/MapCommand.h"
 #include "tools/select/Output.h"
+#include "tools/select/RatingCommand.h"
 #include "tools/select/RefrigerantListing.h"
 #include "tools/select/Request.h"
 #include "tools/select/Run.h"
@@ -157,11 +159,15 @@ int run(int argc, char** argv) {
                  "prints the refrigerants with safety class, GWP, ODP and temperatures");
     const CycleCommand cycle(app);
     const FindCommand find(app);
+    const MapCommand map(app);
+    const RatingCommand rating(app);
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
         if (cycle.isGiven()) return cycle.run();
         if (find.isGiven()) return find.run();
+        if (map.isGiven()) return map.run();
+        if (rating.isGiven()) return rating.run();
     } catch (const CLI::CallForHelp&) {
         printText(app.help());
         return done;
