@@ -256,6 +256,7 @@ void CycleDiagram::keyPressEvent(QKeyEvent* event) {
             return zoom(1, middle);
         case Qt::Key_Minus:
             return zoom(-1, middle);
+        case Qt::Key_0:
         case Qt::Key_Home:
             return showPart(content_.diagram->range);
         default:

@@ -14,7 +14,7 @@ namespace marvello {
 
 /// The diagram of a cycle: pressure over enthalpy with the numbered states. A state is chosen by a click, or
 /// by the arrow keys, which go round the cycle. The wheel, or plus and minus, show a smaller part of it,
-/// which can be moved; a double click, or the key Home, shows all of it again.
+/// which can be moved; a double click, or the key 0, shows all of it again.
 class CycleDiagram : public QWidget {
     Q_OBJECT
 

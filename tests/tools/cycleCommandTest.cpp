@@ -73,7 +73,7 @@ TEST(cycle, SaysWhyThereIsNone) {
         EXPECT_EQ(answer.status, status) << arguments;
         EXPECT_THAT(answer.out, HasSubstr(sentence)) << arguments;
     };
-    refused("--refrigerant R134A --series TK-A --ted -10 --tcd 40", 2, "state one model");
+    refused("--refrigerant R134A --series TK-A --ted -10 --tcd 40", 2, "one model is needed");
     refused("--refrigerant R134A --series TK-A --models 220 --ted -60 --tcd 40", 1,
             "TK-A-220 has no cycle at this operating point. The operating point lies outside");
     refused(compressor + "--eco-mode 2 --eco 10", 1, "The capacity asked for is below");

@@ -1,5 +1,6 @@
 #include "tools/select/CycleCommand.h"
 
+#include "catalogue/PreparedCatalogue.h"
 #include "data/FileText.h"
 #include "data/Session.h"
 #include "data/clsApplication.h"
@@ -33,6 +34,7 @@ int CycleCommand::run() const {
     for (const RequestOption& option : requestOptions())
         if (command_->count("--" + std::string(option.name)) > 0)
             readOption(request, option, given_.at(std::string(option.name)), choices);
+    oneCompressor(request, *preparedCatalogue(gDatabase()));
     const Run run = carryOut(request);
     for (const std::string& remark : run.remarks) complain(remark, done);
     printText(format.text(calculatedCycle(run), units));

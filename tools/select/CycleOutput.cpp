@@ -121,9 +121,6 @@ constexpr std::array formats{CycleFormat{"json", asJson}, CycleFormat{"svg", asS
 CycleAnswer calculatedCycle(const Run& run) {
     const clsSelections& selection = *run.selection;
     if (selection.Count() == 0) throw NothingMatches("No compressor matches.");
-    if (selection.Count() > 1)
-        throw BadRequest("models: " + std::to_string(selection.Count()) +
-                         " compressors match; a cycle is that of one: state one model");
     const clsCompressor& compressor = **selection.begin();
     auto cycle = cycleOf(compressor, GetRefprop(compressor.Refrigerant));
     if (cycle) return {run, compressor, *std::move(cycle)};

@@ -17,8 +17,8 @@ struct CycleAnswer {
     Cycle cycle;
 };
 
-/// Returns the cycle of a run of exactly one compressor. Throws BadRequest for more of them, and
-/// NothingMatches with the compressor's error for one without values.
+/// Returns the cycle of a run of one compressor. Throws NothingMatches if there is none, and with its error
+/// for one without values.
 CycleAnswer calculatedCycle(const Run& run);
 
 struct CycleFormat {
