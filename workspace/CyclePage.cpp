@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -29,7 +30,8 @@ namespace marvello {
 namespace {
 
 constexpr int sideWidth = 584;
-constexpr int leastDiagram = 300;
+constexpr int leastDiagram = 400;
+constexpr int leastSide = 300;
 constexpr int margin = 16;
 constexpr int rowHeight = 26;
 
@@ -199,10 +201,12 @@ void CyclePage::resizeEvent(QResizeEvent* event) {
 }
 
 void CyclePage::arrange() {
-    const bool hasRoom = content_.cycle && width() >= 2 * leastDiagram;
+    const bool hasRoom = content_.cycle && width() >= 2 * leastSide;
     between_->setVisible(hasRoom);
     side_->setVisible(hasRoom);
-    side_->setFixedWidth(std::clamp(width() - leastDiagram, leastDiagram, std::max(sideWidth, width() / 2)));
+    constexpr int scrollBar = 12;
+    const int wanted = std::max(sideWidth, states_->header()->length() + scrollBar);
+    side_->setFixedWidth(std::clamp(width() - leastDiagram, leastSide, wanted));
 }
 
 void CyclePage::copyTable() const {
