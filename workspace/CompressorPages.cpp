@@ -22,6 +22,7 @@
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/PolynomialsPage.h"
+#include "workspace/RatingPage.h"
 #include "workspace/SelectionReport.h"
 #include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
@@ -30,12 +31,13 @@ namespace marvello {
 
 namespace {
 
-constexpr std::array<CompressorPages::Page, 6> allPages{{
+constexpr std::array<CompressorPages::Page, 7> allPages{{
     {"messages", "frmselection.tabstrip.tabs.messages", "mdimain.menu.cpspopup.messages"},
     {"tecnic", "frmselection.tabstrip.tabs.tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
     {"polynomials", "frmselection.tabstrip.tabs.polynomials", "mdimain.menu.cpspopup.polynomials"},
     {"dimension", "frmselection.tabstrip.tabs.dimension", "mdimain.menu.cpspopup.dimesion"},
     {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits"},
+    {"rating", "frmselection.tabstrip.tabs.rating", "mdimain.menu.cpspopup.rating"},
     {"cycle", "frmselection.tabstrip.tabs.cycle", "mdimain.menu.cpspopup.cycle"},
 }};
 
@@ -60,9 +62,12 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     dimension_ = new DimensionPage(pages_);
     dimension_->setObjectName(QStringLiteral("picDimension"));
     limits_ = new LimitsPage(pages_);
+    rating_ = new RatingPage(inputs_, pages_);
+    connect(rating_, &RatingPage::pointUsed, this, &CompressorPages::pointUsed);
+    connect(rating_, &RatingPage::exported, this, &CompressorPages::exported);
     cycle_ = new CyclePage(pages_);
-    for (QWidget* page :
-         std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_, cycle_})
+    for (QWidget* page : std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_,
+                                                         limits_, rating_, cycle_})
         pages_->addWidget(page);
 
     auto* column = new QVBoxLayout(this);
@@ -86,6 +91,7 @@ void CompressorPages::translate() {
     dimension_->setAccessibleName(tabText(dimension_));
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
+    rating_->translate();
 }
 
 QString CompressorPages::tabText(QWidget* page) const { return TabStrip_->tabText(pages_->indexOf(page)); }
@@ -107,7 +113,13 @@ void CompressorPages::clear() {
     polynomials_->clear();
     dimension_->clear();
     limits_->clear();
+    rating_->clear();
     cycle_->clear();
+}
+
+void CompressorPages::setFollowed() {
+    isAdvised_ = true;
+    rating_->setTakesPoints();
 }
 
 void CompressorPages::focusPage() { pages_->currentWidget()->setFocus(); }
@@ -126,6 +138,7 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
     }
     if (page == u"dimension") fillDimension(*compressor);
     if (page == u"limits") fillLimits(*compressor, conditions.get());
+    if (page == u"rating" && conditions) rating_->showCompressor(*compressor, *conditions);
     if (page == u"cycle") fillCycle(*compressor);
 }
 

@@ -5,6 +5,7 @@
 
 #include "engine/AdvisedInput.h"
 #include "inputs/SelectionInputs.h"
+#include "workspace/UsedPoint.h"
 
 class QStackedWidget;
 
@@ -16,6 +17,7 @@ class DimensionPage;
 class LimitsPage;
 class MessagesView;
 class PolynomialsPage;
+class RatingPage;
 class TabStrip;
 class TechnicalPage;
 class clsCompressor;
@@ -41,8 +43,9 @@ class CompressorPages : public QWidget {
     /// tabs. The `conditions` are those of its calculation.
     void showCompressor(const clsCompressor* compressor, const QString& group = QString(),
                         const std::shared_ptr<const clsProjectConditions>& conditions = nullptr);
-    /// Shows from now on what to do about messages, and says with adviceUsed() what the user follows.
-    void setAdvised() { isAdvised_ = true; }
+    /// Shows from now on what to do about messages, and takes operating points; says with adviceUsed() and
+    /// pointUsed() what the user follows.
+    void setFollowed();
     /// Gives the focus to the page that is shown.
     void focusPage();
     /// Selects a page by its key. False for a key that no page has.
@@ -56,6 +59,10 @@ class CompressorPages : public QWidget {
     void pageChanged();
     /// An advice on the page of messages is to be followed; the value is in the units of the inputs.
     void adviceUsed(marvello::AdvisedInput input, double value);
+    /// An operating point is to take the place of that of the inputs, in their units.
+    void pointUsed(const marvello::UsedPoint& point);
+    /// A file was written; the note says which.
+    void exported(const QString& note);
 
   private:
     QString tabText(QWidget* page) const;
@@ -76,6 +83,7 @@ class CompressorPages : public QWidget {
     PolynomialsPage* polynomials_;
     DimensionPage* dimension_;
     LimitsPage* limits_;
+    RatingPage* rating_;
     CyclePage* cycle_;
 };
 

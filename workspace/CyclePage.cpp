@@ -13,7 +13,6 @@
 #include "controls/CoreText.h"
 #include "controls/Hairline.h"
 #include "controls/Look.h"
-#include "controls/MessageBox.h"
 #include "controls/NumberText.h"
 #include "controls/ResultsView.h"
 #include "controls/TwoLineHeader.h"
@@ -23,6 +22,7 @@
 #include "workspace/CopiedTable.h"
 #include "workspace/CycleKey.h"
 #include "workspace/ExportFile.h"
+#include "workspace/SelectionExports.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -218,12 +218,8 @@ void CyclePage::copyTable() const {
 void CyclePage::exportPicture() {
     const auto file = chooseExportFile(this, {ExportFile::Form::svg});
     if (!file) return;
-    QString fault = writeExport(QByteArray::fromStdString(svgOf(diagram_->onPaper())), *file);
-    if (fault.isEmpty()) return;
-    if (fault.endsWith(u'.')) fault.chop(1);  // The sentence has its own.
-    MessageBox::show(this, MessageBox::Mark::critical,
-                     filled(dictionaryText(QStringLiteral("frmselection.export.failed")),
-                            {QDir::toNativeSeparators(file->path), fault}));
+    const QString failure = writeExport(svgOf(diagram_->onPaper()), *file);
+    if (!failure.isEmpty()) sayNotWritten(QDir::toNativeSeparators(file->path), failure, this);
 }
 
 void CyclePage::showMenu(const QPoint& place) {

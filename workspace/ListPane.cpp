@@ -39,6 +39,8 @@ ListPane::ListPane(const SelectionInputs& inputs, QWidget* parent) : Splitter(pa
     });
     markPage();
     connect(pages_, &CompressorPages::adviceUsed, this, &ListPane::adviceUsed);
+    connect(pages_, &CompressorPages::pointUsed, this, &ListPane::pointUsed);
+    connect(pages_, &CompressorPages::exported, this, &ListPane::exported);
 }
 
 void ListPane::makeList() {

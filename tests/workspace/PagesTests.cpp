@@ -62,9 +62,9 @@ class PagesTest : public FormFixture<frmSelection> {
 }  // namespace
 
 TEST_F(PagesTest, TheTabChoosesWhatIsShownOfTheSelectedRow) {
-    const QStringList keys{"messages", "tecnic", "polynomials", "dimension", "limits", "cycle"};
-    const QStringList pages{"lvMessages",   "picTecnic",  "lvPolynomials",
-                            "picDimension", "limitgraph", "picCycle"};
+    const QStringList keys{"messages", "tecnic", "polynomials", "dimension", "limits", "rating", "cycle"};
+    const QStringList pages{"lvMessages", "picTecnic",  "lvPolynomials", "picDimension",
+                            "limitgraph", "ratingGrid", "picCycle"};
     ASSERT_EQ(tabs()->count(), keys.size());
     for (int tab = 0; tab < keys.size(); ++tab) {
         form->MnuPopUp(keys[tab]);
