@@ -5,6 +5,7 @@
 
 #include "engine/AdvisedInput.h"
 #include "inputs/SelectionInputs.h"
+#include "workspace/UsedPoint.h"
 
 class QStackedWidget;
 
@@ -13,6 +14,7 @@ namespace marvello {
 class AdvisedMessages;
 class DimensionPage;
 class LimitsPage;
+class MappedLimits;
 class MessagesView;
 class PolynomialsPage;
 class TabStrip;
@@ -40,8 +42,12 @@ class CompressorPages : public QWidget {
     /// tabs. The `conditions` are those of its calculation.
     void showCompressor(const clsCompressor* compressor, const QString& group = QString(),
                         const std::shared_ptr<const clsProjectConditions>& conditions = nullptr);
-    /// Shows from now on what to do about messages, and says with adviceUsed() what the user follows.
-    void setAdvised() { isAdvised_ = true; }
+    /// Shows from now on what to do about messages, and takes operating points; says with adviceUsed() and
+    /// pointUsed() what the user follows.
+    void setFollowed();
+    /// The quantity of the map on the page of the limits, by its name in files; empty for none.
+    QString mapQuantity() const;
+    void setMapQuantity(const QString& name);
     /// Gives the focus to the page that is shown.
     void focusPage();
     /// Selects a page by its key. False for a key that no page has.
@@ -55,14 +61,16 @@ class CompressorPages : public QWidget {
     void pageChanged();
     /// An advice on the page of messages is to be followed; the value is in the units of the inputs.
     void adviceUsed(marvello::AdvisedInput input, double value);
+    /// An operating point is to take the place of that of the inputs, in their units.
+    void pointUsed(const marvello::UsedPoint& point);
+    /// A file was written; the note says which.
+    void exported(const QString& note);
 
   private:
     QString tabText(QWidget* page) const;
     void clear();
     void fillTechnical(const clsCompressor& compressor);
     void fillDimension(const clsCompressor& compressor);
-    /// Without conditions the distances are left out.
-    void fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions);
 
     const SelectionInputs& inputs_;
     TabStrip* TabStrip_;
@@ -74,6 +82,7 @@ class CompressorPages : public QWidget {
     PolynomialsPage* polynomials_;
     DimensionPage* dimension_;
     LimitsPage* limits_;
+    MappedLimits* mappedLimits_;
 };
 
 }  // namespace marvello

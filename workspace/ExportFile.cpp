@@ -15,6 +15,34 @@ namespace marvello {
 
 namespace {
 
+struct FileKind {
+    QString name;
+    QString extension;
+
+    QString filter() const { return QStringLiteral("%1 (*%2)").arg(name, extension); }
+};
+
+FileKind kindOf(ExportFile::Form form) {
+    switch (form) {
+        case ExportFile::Form::csv:
+            return {QStringLiteral("CSV"), QStringLiteral(".csv")};
+        case ExportFile::Form::json:
+            return {QStringLiteral("JSON"), QStringLiteral(".json")};
+        case ExportFile::Form::idf:
+            return {QStringLiteral("EnergyPlus"), QStringLiteral(".idf")};
+        case ExportFile::Form::xml:
+            break;
+    }
+    return {QStringLiteral("XML"), QStringLiteral(".xml")};
+}
+
+QString write(const QByteArray& bytes, const ExportFile& file, QIODevice::OpenMode mode) {
+    if (const QString fault = writeWholeFile(file.path, bytes, mode); !fault.isEmpty())
+        return reasonText(fault);
+    settings::exportFolder.keep(QFileInfo(file.path).absolutePath());
+    return {};
+}
+
 bool mayReplace(QWidget* parent, const QString& path) {
     if (!QFileInfo(path).isFile()) return true;
     return MessageBox::ask(parent,
@@ -27,20 +55,24 @@ bool mayReplace(QWidget* parent, const QString& path) {
 }  // namespace
 
 QString withExtension(const QString& name, ExportFile::Form form) {
-    const QString extension = form == ExportFile::Form::csv ? QStringLiteral(".csv") : QStringLiteral(".xml");
-    return name.right(4).toLower() == extension ? name : name + extension;
+    const QString extension = kindOf(form).extension;
+    return name.endsWith(extension, Qt::CaseInsensitive) ? name : name + extension;
 }
 
-std::optional<ExportFile> chooseExportFile(QWidget* parent) {
-    const QString csv = QStringLiteral("CSV (*.csv)");
+std::optional<ExportFile> chooseExportFile(QWidget* parent, const QList<ExportFile::Form>& forms,
+                                           const QString& name) {
+    QStringList filters;
+    for (const ExportFile::Form form : forms) filters += kindOf(form).filter();
     QFileDialog dialog(parent, QStringLiteral("Export to..."), keptFolder(settings::exportFolder));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters({QStringLiteral("XML (*.xml)"), csv});
+    dialog.setNameFilters(filters);
+    if (!name.isEmpty()) dialog.selectFile(withExtension(name, forms.front()));
     // The dialog knows the name before it gets its extension: what would be replaced is asked for here.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
-        const auto form = dialog.selectedNameFilter() == csv ? ExportFile::Form::csv : ExportFile::Form::xml;
+        const auto chosen = filters.indexOf(dialog.selectedNameFilter());
+        const ExportFile::Form form = forms.value(chosen, forms.front());
         const QString path = withExtension(dialog.selectedFiles().front(), form);
         if (mayReplace(parent, path)) return ExportFile{path, form};
     }
@@ -53,10 +85,11 @@ QString writeExport(const RowSet& records, const ExportFile& file) {
     const QByteArray bytes = QByteArray::fromStdString(isCsv ? records.toCsv(point) : records.toXml());
     // Lines of CSV end as those of the platform's text files do; XML knows but one line end.
     const QIODevice::OpenMode mode = isCsv ? QIODevice::WriteOnly | QIODevice::Text : QIODevice::WriteOnly;
-    if (const QString fault = writeWholeFile(file.path, bytes, mode); !fault.isEmpty())
-        return reasonText(fault);
-    settings::exportFolder.keep(QFileInfo(file.path).absolutePath());
-    return {};
+    return write(bytes, file, mode);
+}
+
+QString writeExport(const std::string& text, const ExportFile& file) {
+    return write(QByteArray::fromStdString(text), file, QIODevice::WriteOnly);
 }
 
 }  // namespace marvello

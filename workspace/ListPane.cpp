@@ -39,6 +39,8 @@ ListPane::ListPane(const SelectionInputs& inputs, QWidget* parent) : Splitter(pa
     });
     markPage();
     connect(pages_, &CompressorPages::adviceUsed, this, &ListPane::adviceUsed);
+    connect(pages_, &CompressorPages::pointUsed, this, &ListPane::pointUsed);
+    connect(pages_, &CompressorPages::exported, this, &ListPane::exported);
 }
 
 void ListPane::makeList() {
@@ -150,6 +152,9 @@ QList<QWidget*> ListPane::parts() const { return {lvCps_, pages_->tabs(), pages_
 void ListPane::moveSelection(int rows) {
     if (const int row = lvCps_->selectedRow(); row >= 0) lvCps_->selectRow(row + rows);
 }
+
+QString ListPane::mapQuantity() const { return pages_->mapQuantity(); }
+void ListPane::setMapQuantity(const QString& name) { pages_->setMapQuantity(name); }
 
 QHash<QString, int> ListPane::chosenWidths() const { return lvCps_->chosenWidths(); }
 void ListPane::setChosenWidths(const QHash<QString, int>& widths) { lvCps_->setChosenWidths(widths); }

@@ -9,6 +9,7 @@
 #include "engine/AdvisedInput.h"
 #include "inputs/SelectionInputs.h"
 #include "workspace/Commands.h"
+#include "workspace/UsedPoint.h"
 
 class QMenu;
 class QVBoxLayout;
@@ -49,6 +50,9 @@ class ListPane : public Splitter {
     virtual void copy() const = 0;
     virtual void print(bool preview) const = 0;
 
+    /// The quantity of the map of the limits, by its name in files; empty for none.
+    QString mapQuantity() const;
+    void setMapQuantity(const QString& name);
     QHash<QString, int> chosenWidths() const;
     void setChosenWidths(const QHash<QString, int>& widths);
     /// The columns that the user showed or hid, by their keys.
@@ -59,6 +63,10 @@ class ListPane : public Splitter {
     void selectionChanged();
     /// An advice on a message is to be followed; the value is in the units of the inputs.
     void adviceUsed(marvello::AdvisedInput input, double value);
+    /// An operating point is to take the place of that of the inputs, in their units.
+    void pointUsed(const marvello::UsedPoint& point);
+    /// A page was written to a file; the note says which.
+    void exported(const QString& note);
 
   protected:
     /// A column that the user may show or hide, and whether it is shown.

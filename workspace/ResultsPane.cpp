@@ -27,7 +27,7 @@ ResultsView::Row viewRowOf(const ResultRow& row) {
 
 ResultsPane::ResultsPane(SelectionRun& run, const SelectionInputs& inputs, QWidget* parent)
     : ListPane(inputs, parent), run_(run) {
-    pages_->setAdvised();
+    pages_->setFollowed();
     connect(lvCps_, &ResultsView::headingClicked, this, &ResultsPane::sortBy);
 }
 

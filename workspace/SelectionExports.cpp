@@ -14,17 +14,21 @@ namespace {
 
 QString exportTo(const ExportFile& file, const RowSet& records, int compressors, QWidget* parent) {
     const QString path = QDir::toNativeSeparators(file.path);
-    QString failure = writeExport(records, file);
+    const QString failure = writeExport(records, file);
     if (failure.isEmpty())
         return filled(dictionaryText(QStringLiteral("frmselection.export.done")),
                       {QString::number(compressors), path});
-    if (failure.endsWith(u'.')) failure.chop(1);  // The sentence has its own.
-    MessageBox::show(parent, MessageBox::Mark::critical,
-                     filled(dictionaryText(QStringLiteral("frmselection.export.failed")), {path, failure}));
+    sayNotWritten(path, failure, parent);
     return {};
 }
 
 }  // namespace
+
+void sayNotWritten(const QString& path, QString failure, QWidget* parent) {
+    if (failure.endsWith(u'.')) failure.chop(1);  // The sentence has its own.
+    MessageBox::show(parent, MessageBox::Mark::critical,
+                     filled(dictionaryText(QStringLiteral("frmselection.export.failed")), {path, failure}));
+}
 
 QString exportResults(const SelectionRun& run, QWidget* parent) {
     return exportRecords(resultsRecords(run.table()), parent);

@@ -16,5 +16,7 @@ QString exportResults(const SelectionRun& run, QWidget* parent);
 QString exportPolynomials(const SelectionRun& run, QWidget* parent);
 /// The same with records that are at hand, one for each compressor.
 QString exportRecords(const RowSet& records, QWidget* parent);
+/// Says in a box that a file could not be written, and why.
+void sayNotWritten(const QString& path, QString failure, QWidget* parent);
 
 }  // namespace marvello

@@ -61,7 +61,9 @@ SelectionForm::SelectionForm(const SelectionKind& kind, QWidget* parent)
     : InputForm(kind, parent), results_(new ResultsPane(run_, inputs_, Splitter1_)) {
     setUp(*results_);
     // Queued: the line that is followed goes with the old results.
-    connect(results_, &ListPane::adviceUsed, this, &SelectionForm::follow, Qt::QueuedConnection);
+    connect(results_, &ListPane::adviceUsed, this, &SelectionForm::followAdvice, Qt::QueuedConnection);
+    connect(results_, &ListPane::pointUsed, this, &SelectionForm::followPoint, Qt::QueuedConnection);
+    connect(results_, &ListPane::exported, this, &SelectionForm::exported);
     (*panel_)[Input::evaporatingDew]->setFocus();
 }
 
@@ -93,21 +95,35 @@ void SelectionForm::calculate() {
     emit stateChanged();
 }
 
-void SelectionForm::follow(AdvisedInput advised, double value) {
+void SelectionForm::follow(const std::function<void()>& setInputs) {
     if (isBusy()) return;
-    const Input input = inputOf(advised);
     // The old results stay in sight until the new ones are there.
     Splitter1_->setUpdatesEnabled(false);
     panel_->lnkCalculate->setFocus();  // a field would show its help when the results go
     fields_->commit();
-    if (definitionOf(input).isChoice)
-        inputs_.choose(input, storedText(value));
-    else
-        inputs_.change(input, value);
+    setInputs();
     run();
     if (run_.hasResults()) results_->openAgain();
     Splitter1_->setUpdatesEnabled(true);
     emit stateChanged();
+}
+
+void SelectionForm::followAdvice(AdvisedInput advised, double value) {
+    const Input input = inputOf(advised);
+    follow([this, input, value] {
+        if (definitionOf(input).isChoice)
+            inputs_.choose(input, storedText(value));
+        else
+            inputs_.change(input, value);
+    });
+}
+
+void SelectionForm::followPoint(const UsedPoint& point) {
+    follow([this, &point] {
+        inputs_.change(Input::condensingDew, point.condensing);
+        inputs_.change(Input::evaporatingDew, point.evaporating);
+        if (point.frequency) inputs_.change(Input::frequency, *point.frequency);
+    });
 }
 
 void SelectionForm::run() {

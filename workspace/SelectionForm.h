@@ -1,10 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "workspace/InputForm.h"
 #include "workspace/ResultsPane.h"
 #include "workspace/SelectionRun.h"
+#include "workspace/UsedPoint.h"
 
 namespace marvello {
 
@@ -41,8 +43,12 @@ class SelectionForm : public InputForm {
     void edited(const QString& caption) override;
 
   private:
-    /// Sets an input as an advice has it and calculates; list and page stay where they are.
-    void follow(AdvisedInput advised, double value);
+    /// Lets inputs be set and calculates; list and page stay where they are.
+    void follow(const std::function<void()>& setInputs);
+    /// As an advice has an input.
+    void followAdvice(AdvisedInput advised, double value);
+    /// At another operating point.
+    void followPoint(const UsedPoint& point);
     /// Calculates in place of the results.
     void run();
     void closesplitter34(const QString& editedField = QString());

@@ -51,6 +51,7 @@ frmFind::frmFind(QWidget* parent)
         show(Shown::failed);
     });
     connect(results_, &FoundPane::opened, this, &frmFind::openSelected);
+    connect(results_, &ListPane::exported, this, &frmFind::exported);
     connect(frame2_, &EmptyPage::linkClicked, this, &frmFind::followLink);
     setUp(*results_);
     results_->setFilters({QStringLiteral("best")});
