@@ -14,16 +14,16 @@
 #include "engine/Cycle.h"
 #include "engine/PhDiagram.h"
 #include "results/CycleTexts.h"
-#include "results/MarginTexts.h"
+#include "results/ResultTable.h"
 #include "results/TechnicalData.h"
 #include "workspace/AdvisedMessages.h"
 #include "workspace/CompressorFiles.h"
 #include "workspace/CyclePage.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
+#include "workspace/MappedLimits.h"
 #include "workspace/PolynomialsPage.h"
 #include "workspace/RatingPage.h"
-#include "workspace/SelectionReport.h"
 #include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
 
@@ -62,6 +62,9 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     dimension_ = new DimensionPage(pages_);
     dimension_->setObjectName(QStringLiteral("picDimension"));
     limits_ = new LimitsPage(pages_);
+    mappedLimits_ = new MappedLimits(*limits_, inputs_);
+    connect(mappedLimits_, &MappedLimits::pointUsed, this, &CompressorPages::pointUsed);
+    connect(mappedLimits_, &MappedLimits::exported, this, &CompressorPages::exported);
     rating_ = new RatingPage(inputs_, pages_);
     connect(rating_, &RatingPage::pointUsed, this, &CompressorPages::pointUsed);
     connect(rating_, &RatingPage::exported, this, &CompressorPages::exported);
@@ -91,6 +94,7 @@ void CompressorPages::translate() {
     dimension_->setAccessibleName(tabText(dimension_));
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
+    mappedLimits_->translate();
     rating_->translate();
 }
 
@@ -112,15 +116,19 @@ void CompressorPages::clear() {
     technical_->clear();
     polynomials_->clear();
     dimension_->clear();
-    limits_->clear();
+    mappedLimits_->clear();
     rating_->clear();
     cycle_->clear();
 }
 
 void CompressorPages::setFollowed() {
     isAdvised_ = true;
+    mappedLimits_->setMovable();
     rating_->setTakesPoints();
 }
+
+QString CompressorPages::mapQuantity() const { return mappedLimits_->quantity(); }
+void CompressorPages::setMapQuantity(const QString& name) { mappedLimits_->setQuantity(name); }
 
 void CompressorPages::focusPage() { pages_->currentWidget()->setFocus(); }
 
@@ -137,7 +145,7 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
         polynomials_->addPolynomial(QStringLiteral("Q0"), compressor->PolynomialQ0.c);
     }
     if (page == u"dimension") fillDimension(*compressor);
-    if (page == u"limits") fillLimits(*compressor, conditions.get());
+    if (page == u"limits") mappedLimits_->show(*compressor, conditions);
     if (page == u"rating" && conditions) rating_->showCompressor(*compressor, *conditions);
     if (page == u"cycle") fillCycle(*compressor);
 }
@@ -152,20 +160,6 @@ void CompressorPages::fillDimension(const clsCompressor& compressor) {
     const QString file = drawingFile(fromCore(compressor.Serie), fromCore(compressor.Model));
     dimension_->setDrawing(file.isEmpty() ? Metafile() : Metafile::load(file),
                            dictionaryText(QStringLiteral("frmselection.dimension.empty")));
-}
-
-void CompressorPages::fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions) {
-    const EnvelopeDrawing drawing = envelopeOf(compressor, inputs_);
-    limits_->setTexts(drawing.textX, drawing.textY, tabText(limits_),
-                      dictionaryText(QStringLiteral("frmselection.limitreport.point")));
-    limits_->setLimits(drawing.limits, *drawing.point);
-    if (!conditions) return;
-    std::vector<LimitDistances::Row> rows;
-    for (const ShownMargin& margin :
-         shownMargins(compressor, *conditions, inputs_.units(), marksOf(QLocale())))
-        rows.push_back(
-            {margin.limitType, fromCore(margin.name), fromCore(margin.distance), fromCore(margin.direction)});
-    limits_->setDistances(dictionaryText(QStringLiteral("frmselection.limits.distance")), std::move(rows));
 }
 
 /// What the property service cannot calculate is no fault of the window: the messages say why.

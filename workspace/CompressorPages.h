@@ -15,6 +15,7 @@ class AdvisedMessages;
 class CyclePage;
 class DimensionPage;
 class LimitsPage;
+class MappedLimits;
 class MessagesView;
 class PolynomialsPage;
 class RatingPage;
@@ -46,6 +47,9 @@ class CompressorPages : public QWidget {
     /// Shows from now on what to do about messages, and takes operating points; says with adviceUsed() and
     /// pointUsed() what the user follows.
     void setFollowed();
+    /// The quantity of the map on the page of the limits, by its name in files; empty for none.
+    QString mapQuantity() const;
+    void setMapQuantity(const QString& name);
     /// Gives the focus to the page that is shown.
     void focusPage();
     /// Selects a page by its key. False for a key that no page has.
@@ -69,8 +73,6 @@ class CompressorPages : public QWidget {
     void clear();
     void fillTechnical(const clsCompressor& compressor);
     void fillDimension(const clsCompressor& compressor);
-    /// Without conditions the distances are left out.
-    void fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions);
     void fillCycle(const clsCompressor& compressor);
 
     const SelectionInputs& inputs_;
@@ -83,6 +85,7 @@ class CompressorPages : public QWidget {
     PolynomialsPage* polynomials_;
     DimensionPage* dimension_;
     LimitsPage* limits_;
+    MappedLimits* mappedLimits_;
     RatingPage* rating_;
     CyclePage* cycle_;
 };
