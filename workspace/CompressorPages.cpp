@@ -28,7 +28,7 @@ constexpr std::array<CompressorPages::Page, 5> allPages{{
     {"tecnic", "frmselection.tabstrip.tabs.tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
     {"polynomials", "frmselection.tabstrip.tabs.polynomials", "mdimain.menu.cpspopup.polynomials"},
     {"dimension", "frmselection.tabstrip.tabs.dimension", "mdimain.menu.cpspopup.dimesion"},
-    {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits"},
+    {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits", true},
 }};
 
 }  // namespace
