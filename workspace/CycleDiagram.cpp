@@ -175,6 +175,7 @@ void CycleDiagram::wheelEvent(QWheelEvent* event) {
 }
 
 void CycleDiagram::mousePressEvent(QMouseEvent* event) {
+    reading_->hide();  // not below a menu, and not where a part is moved
     if (!content_.cycle || event->button() != Qt::LeftButton) return;
     if (const auto state = stateAt(*content_.cycle, plane(), placeOf(event->position())))
         emit stateChosen(*state);
