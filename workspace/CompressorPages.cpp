@@ -3,21 +3,28 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <array>
+#include <exception>
+#include <memory>
+#include <utility>
 
 #include "controls/MessagesView.h"
 #include "controls/Metafile.h"
 #include "controls/NumberText.h"
 #include "controls/TabStrip.h"
-#include "results/MarginTexts.h"
+#include "engine/Cycle.h"
+#include "engine/PhDiagram.h"
+#include "results/CycleTexts.h"
+#include "results/ResultTable.h"
 #include "results/TechnicalData.h"
 #include "workspace/AdvisedMessages.h"
 #include "workspace/CalculationPage.h"
 #include "workspace/CompressorFiles.h"
+#include "workspace/CyclePage.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
+#include "workspace/MappedLimits.h"
 #include "workspace/PolynomialsPage.h"
 #include "workspace/RatingPage.h"
-#include "workspace/SelectionReport.h"
 #include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
 
@@ -25,14 +32,15 @@ namespace marvello {
 
 namespace {
 
-constexpr std::array<CompressorPages::Page, 7> allPages{{
+constexpr std::array<CompressorPages::Page, 8> allPages{{
     {"messages", "frmselection.tabstrip.tabs.messages", "mdimain.menu.cpspopup.messages"},
     {"tecnic", "frmselection.tabstrip.tabs.tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
     {"polynomials", "frmselection.tabstrip.tabs.polynomials", "mdimain.menu.cpspopup.polynomials"},
     {"dimension", "frmselection.tabstrip.tabs.dimension", "mdimain.menu.cpspopup.dimesion"},
-    {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits"},
-    {"rating", "frmselection.tabstrip.tabs.rating", "mdimain.menu.cpspopup.rating"},
-    {"calculation", "frmselection.tabstrip.tabs.calculation", "mdimain.menu.cpspopup.calculation"},
+    {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits", true},
+    {"rating", "frmselection.tabstrip.tabs.rating", "mdimain.menu.cpspopup.rating", true},
+    {"cycle", "frmselection.tabstrip.tabs.cycle", "mdimain.menu.cpspopup.cycle", true},
+    {"calculation", "frmselection.tabstrip.tabs.calculation", "mdimain.menu.cpspopup.calculation", true},
 }};
 
 }  // namespace
@@ -56,13 +64,17 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     dimension_ = new DimensionPage(pages_);
     dimension_->setObjectName(QStringLiteral("picDimension"));
     limits_ = new LimitsPage(pages_);
+    mappedLimits_ = new MappedLimits(*limits_, inputs_);
+    connect(mappedLimits_, &MappedLimits::pointUsed, this, &CompressorPages::pointUsed);
+    connect(mappedLimits_, &MappedLimits::exported, this, &CompressorPages::exported);
     rating_ = new RatingPage(inputs_, pages_);
     connect(rating_, &RatingPage::pointUsed, this, &CompressorPages::pointUsed);
     connect(rating_, &RatingPage::exported, this, &CompressorPages::exported);
+    cycle_ = new CyclePage(pages_);
     calculation_ = new CalculationPage(pages_);
     connect(calculation_, &CalculationPage::exported, this, &CompressorPages::exported);
     for (QWidget* page : std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_,
-                                                         limits_, rating_, calculation_})
+                                                         limits_, rating_, cycle_, calculation_})
         pages_->addWidget(page);
 
     auto* column = new QVBoxLayout(this);
@@ -86,6 +98,7 @@ void CompressorPages::translate() {
     dimension_->setAccessibleName(tabText(dimension_));
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
+    mappedLimits_->translate();
     rating_->translate();
     calculation_->translate();
 }
@@ -108,19 +121,24 @@ void CompressorPages::clear() {
     technical_->clear();
     polynomials_->clear();
     dimension_->clear();
-    limits_->clear();
+    mappedLimits_->clear();
     rating_->clear();
+    cycle_->clear();
     calculation_->clear();
 }
 
 void CompressorPages::setFollowed() {
     isAdvised_ = true;
+    mappedLimits_->setMovable();
     rating_->setTakesPoints();
 }
 
 void CompressorPages::findOnPage() {
     if (page() == calculation_) calculation_->focusSearch();
 }
+
+QString CompressorPages::mapQuantity() const { return mappedLimits_->quantity(); }
+void CompressorPages::setMapQuantity(const QString& name) { mappedLimits_->setQuantity(name); }
 
 void CompressorPages::focusPage() { pages_->currentWidget()->setFocus(); }
 
@@ -137,9 +155,10 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
         polynomials_->addPolynomial(QStringLiteral("Q0"), compressor->PolynomialQ0.c);
     }
     if (page == u"dimension") fillDimension(*compressor);
-    if (page == u"limits") fillLimits(*compressor, conditions.get());
+    if (page == u"limits") mappedLimits_->show(*compressor, conditions);
     if (page == u"calculation" && conditions) calculation_->showCompressor(*compressor, *conditions);
     if (page == u"rating" && conditions) rating_->showCompressor(*compressor, *conditions);
+    if (page == u"cycle") fillCycle(*compressor);
 }
 
 void CompressorPages::fillTechnical(const clsCompressor& compressor) {
@@ -154,18 +173,24 @@ void CompressorPages::fillDimension(const clsCompressor& compressor) {
                            dictionaryText(QStringLiteral("frmselection.dimension.empty")));
 }
 
-void CompressorPages::fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions) {
-    const EnvelopeDrawing drawing = envelopeOf(compressor, inputs_);
-    limits_->setTexts(drawing.textX, drawing.textY, tabText(limits_),
-                      dictionaryText(QStringLiteral("frmselection.limitreport.point")));
-    limits_->setLimits(drawing.limits, *drawing.point);
-    if (!conditions) return;
-    std::vector<LimitDistances::Row> rows;
-    for (const ShownMargin& margin :
-         shownMargins(compressor, *conditions, inputs_.units(), marksOf(QLocale())))
-        rows.push_back(
-            {margin.limitType, fromCore(margin.name), fromCore(margin.distance), fromCore(margin.direction)});
-    limits_->setDistances(dictionaryText(QStringLiteral("frmselection.limits.distance")), std::move(rows));
+/// What the property service cannot calculate is no fault of the window: the messages say why.
+void CompressorPages::fillCycle(const clsCompressor& compressor) try {
+    const auto refprop = SharedRefprop(compressor.Refrigerant);
+    auto cycle = cycleOf(compressor, *refprop);
+    if (!cycle) {
+        cycle_->clear(dictionaryText(QStringLiteral("frmselection.cycle.empty")));
+        return;
+    }
+    const UnitSystem units = inputs_.units();
+    const QString title = dictionaryText(QStringLiteral("frmselection.cycle.title")) + QStringLiteral(", ") +
+                          fromCore(compressor.Refrigerant);
+    const auto reading = [refprop, units](const PhPoint& point) {
+        return fromCore(readingAt(*refprop, point, units, marksOf(QLocale())));
+    };
+    const auto diagram = phDiagramAround(*cycle, compressor.Refrigerant, units);
+    cycle_->setCycle({std::make_shared<const Cycle>(*std::move(cycle)), diagram, units, title, reading});
+} catch (const std::exception&) {
+    cycle_->clear(dictionaryText(QStringLiteral("frmselection.cycle.empty")));
 }
 
 }  // namespace marvello

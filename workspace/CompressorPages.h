@@ -13,8 +13,10 @@ namespace marvello {
 
 class AdvisedMessages;
 class CalculationPage;
+class CyclePage;
 class DimensionPage;
 class LimitsPage;
+class MappedLimits;
 class MessagesView;
 class PolynomialsPage;
 class RatingPage;
@@ -33,6 +35,7 @@ class CompressorPages : public QWidget {
         const char* key;          ///< of the tab
         const char* textKey;      ///< of the tab's text
         const char* menuTextKey;  ///< of the entry in the pop-up menu
+        bool needsHeight = false;
     };
     /// All pages, in the order of their tabs.
     static std::span<const Page> all();
@@ -46,6 +49,9 @@ class CompressorPages : public QWidget {
     /// Shows from now on what to do about messages, and takes operating points; says with adviceUsed() and
     /// pointUsed() what the user follows.
     void setFollowed();
+    /// The quantity of the map on the page of the limits, by its name in files; empty for none.
+    QString mapQuantity() const;
+    void setMapQuantity(const QString& name);
     /// Gives the focus to the page that is shown.
     void focusPage();
     /// Lets the user type what to look for, if the page has a field for it.
@@ -71,8 +77,7 @@ class CompressorPages : public QWidget {
     void clear();
     void fillTechnical(const clsCompressor& compressor);
     void fillDimension(const clsCompressor& compressor);
-    /// Without conditions the distances are left out.
-    void fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions);
+    void fillCycle(const clsCompressor& compressor);
 
     const SelectionInputs& inputs_;
     TabStrip* TabStrip_;
@@ -84,7 +89,9 @@ class CompressorPages : public QWidget {
     PolynomialsPage* polynomials_;
     DimensionPage* dimension_;
     LimitsPage* limits_;
+    MappedLimits* mappedLimits_;
     RatingPage* rating_;
+    CyclePage* cycle_;
     CalculationPage* calculation_;
 };
 

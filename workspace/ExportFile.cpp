@@ -34,6 +34,8 @@ FileKind kindOf(ExportFile::Form form) {
             return {QStringLiteral("HTML"), QStringLiteral(".html")};
         case ExportFile::Form::markdown:
             return {QStringLiteral("Markdown"), QStringLiteral(".md")};
+        case ExportFile::Form::svg:
+            return {QStringLiteral("SVG"), QStringLiteral(".svg")};
         case ExportFile::Form::xml:
             break;
     }

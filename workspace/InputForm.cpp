@@ -197,7 +197,8 @@ bool InputForm::hasResults() const { return !results().isHidden(); }
 FormState InputForm::state() const {
     return {.inputs = inputs_.state(),
             .columnWidths = results().chosenWidths(),
-            .switchedColumns = results().switchedColumns()};
+            .switchedColumns = results().switchedColumns(),
+            .mapQuantity = results().mapQuantity()};
 }
 
 void InputForm::takeOver(const FormState& state) {
@@ -205,6 +206,7 @@ void InputForm::takeOver(const FormState& state) {
     takeOverInputs(state.inputs);
     results().setChosenWidths(state.columnWidths);
     results().setSwitchedColumns(state.switchedColumns);
+    if (!state.mapQuantity.isEmpty()) results().setMapQuantity(state.mapQuantity);
 }
 
 void InputForm::takeOverInputs(const InputState& inputs) {
@@ -214,13 +216,11 @@ void InputForm::takeOverInputs(const InputState& inputs) {
     emit stateChanged();
 }
 
-InputForm::Sizes InputForm::sizes() const {
-    return {fold_->panelWidth(), results().SplitterPos() - results().around()};
-}
+InputForm::Sizes InputForm::sizes() const { return {fold_->panelWidth(), results().listHeights()}; }
 
 void InputForm::setSizes(const Sizes& sizes) {
     fold_->setPanelWidth(sizes.panelWidth);
-    results().SetSplitterPos(sizes.listHeight + results().around());
+    results().setListHeights(sizes.listHeights);
 }
 
 void InputForm::resizeEvent(QResizeEvent*) { fold_->layOut(); }
