@@ -2,10 +2,12 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 
 #include "bench/Catalogue.h"
 #include "bench/Floor.h"
@@ -15,6 +17,7 @@
 #include "controls/AdvanceText.h"
 #include "controls/Marks.h"
 #include "controls/ResultsView.h"
+#include "controls/ctlGraph.h"
 #include "data/Session.h"
 #include "engine/clsSelections.h"
 #include "workspace/MDIMain.h"
@@ -214,6 +217,43 @@ void moveInLongList(benchmark::State& state) {
     }
 }
 BENCHMARK(moveInLongList)->ArgName("scroll")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+/// One move of the operating point over the map of a compressor: its values, and the page drawn anew. By the
+/// clock on the wall; "worst" of all moves, in milliseconds.
+void dragPoint(benchmark::State& state) {
+    MDIMain window(QStringLiteral("1.0.0"));
+    window.resize(1440, 870);
+    window.show();
+    SelectionForm* const form = window.newSelection();
+    form->lnkCalculate_Click();
+    form->MnuPopUp(QStringLiteral("limits"));
+    form->results().setMapQuantity(QStringLiteral("cop"));
+    auto* const graph = form->findChild<ctlGraph*>();
+    while (!graph->drawing().map) QApplication::processEvents();
+    settle();
+    const auto pixelAt = [graph](double ted, double tcd) {
+        return graph->drawing().toPlace({ted, tcd}, graph->rect());
+    };
+    const auto send = [graph](QEvent::Type type, const QPointF& at) {
+        QMouseEvent event(type, at, graph->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, {});
+        QApplication::sendEvent(graph, &event);
+    };
+    send(QEvent::MouseButtonPress, pixelAt(graph->Point()->x, graph->Point()->Y));
+    double worst = 0;
+    int turn = 0;
+    for ([[maybe_unused]] auto each : state) {
+        // Round the envelope, within the limits and beyond them.
+        const double angle = 0.02 * ++turn;
+        const auto begun = std::chrono::steady_clock::now();
+        send(QEvent::MouseMove, pixelAt(-5 + 14 * std::cos(angle), 40 + 14 * std::sin(angle)));
+        QApplication::processEvents();
+        const double taken = std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
+        state.SetIterationTime(taken);
+        worst = std::max(worst, 1e3 * taken);
+    }
+    state.counters["worst"] = worst;
+}
+BENCHMARK(dragPoint)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1000);
 
 }  // namespace
 

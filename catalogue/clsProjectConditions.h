@@ -27,6 +27,8 @@ struct clsProjectConditions {
     double OilCooling = 0;  ///< Limit of the discharge temperature, degrees Celsius.
     OilCoolingMode OilCoolingCalculateMode{};
     float InverterFrequency = 0;  ///< Inverter output frequency, Hz.
+
+    bool operator==(const clsProjectConditions&) const = default;
 };
 
 /// The operating point at these dew temperatures, in degrees Celsius, with what a new form offers for the

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "controls/Look.h"
+#include "controls/MapPainting.h"
 
 namespace marvello {
 
@@ -148,17 +149,28 @@ bool EnvelopeDrawing::isDrawable(const QRectF& place) const {
 }
 
 void EnvelopeDrawing::paint(QPainter& painter, const QRectF& place, const GraphColours& colours) const {
+    paintGround(painter, place, colours);
+    paintPoint(painter, place, colours);
+}
+
+void EnvelopeDrawing::paintGround(QPainter& painter, const QRectF& place, const GraphColours& colours) const {
     if (!isDrawable(place)) return;
     painter.save();
     painter.setClipRect(place, Qt::IntersectClip);
     painter.fillRect(place, colours.plot);
     paintGrid(painter, place, colours);
     paintLabels(painter, place, colours);
+    if (map) paintMap(painter, *map, placing(place), colours);
     paintLimits(painter, place, colours, drawingOrder());
     paintCaptions(painter, place, colours);
     paintTitles(painter, place, colours);
-    paintPoint(painter, place, colours);
     painter.restore();
+}
+
+QTransform EnvelopeDrawing::placing(const QRectF& place) const {
+    const QPointF origin = toPlace({0, 0}, place);
+    const QPointF unit = toPlace({1, 1}, place) - origin;
+    return {unit.x(), 0, 0, unit.y(), origin.x(), origin.y()};
 }
 
 void EnvelopeDrawing::paintLines(QPainter& painter, const QRectF& place, const GraphColours& colours) const {
@@ -197,8 +209,10 @@ void EnvelopeDrawing::paintHits(QPainter& painter, const QRectF& place) const {
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.fillRect(place, Qt::black);
     if (!isDrawable(place)) return;
+    const auto order = drawingOrder();
+    if (map) paintMapHits(painter, *map, placing(place), static_cast<unsigned>(order.size()) + 2);
     QRgb number = 1;
-    for (const clsLimit* limit : drawingOrder()) {
+    for (const clsLimit* limit : order) {
         constexpr double wider = 4;
         painter.setPen(QPen(QColor::fromRgb(number++), limit->DrawWidth + wider));
         painter.drawPolyline(lineOf(*limit, place));
@@ -367,8 +381,28 @@ void EnvelopeDrawing::paintTitles(QPainter& painter, const QRectF& place, const 
     painter.restore();
 }
 
+/// Of a point that is being moved: where it was, and the way from there.
+void EnvelopeDrawing::paintOrigin(QPainter& painter, const QRectF& place, const GraphColours& colours) const {
+    const QPointF from = toPlace(*origin, place);
+    const QLineF way(from, toPlace(*point, place));
+    constexpr double ring = 6;
+    QPen dots(colours.point, 1.5, Qt::CustomDashLine, Qt::FlatCap);
+    dots.setDashPattern({1.5, 1.5});
+    painter.setPen(dots);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(from, ring, ring);
+    if (way.length() <= ring) return;
+    dots.setWidthF(1);
+    dots.setDashPattern({2, 2});
+    painter.setPen(dots);
+    painter.drawLine(way.pointAt(ring / way.length()), way.p2());
+}
+
 void EnvelopeDrawing::paintPoint(QPainter& painter, const QRectF& place, const GraphColours& colours) const {
-    if (!point) return;
+    if (!point || !isDrawable(place)) return;
+    painter.save();
+    painter.setClipRect(place, Qt::IntersectClip);
+    painter.setRenderHint(QPainter::Antialiasing);
     const QPointF at = toPlace(*point, place);
     QColor guide = colours.point;
     guide.setAlphaF(0.55F);
@@ -378,11 +412,14 @@ void EnvelopeDrawing::paintPoint(QPainter& painter, const QRectF& place, const G
     painter.setBrush(Qt::NoBrush);
     const QPointF corner = toPlace({corners_.left, corners_.bottom}, place);
     painter.drawPolyline(QPolygonF({QPointF(at.x(), corner.y()), at, QPointF(corner.x(), at.y())}));
+    if (origin) paintOrigin(painter, place, colours);
     painter.setPen(QPen(colours.point, 1.5));
+    painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(at, 7, 7);
     painter.setPen(QPen(colours.plot, 1));
     painter.setBrush(colours.point);
     painter.drawEllipse(at, 3.2, 3.2);
+    painter.restore();
 }
 
 }  // namespace marvello

@@ -5,10 +5,13 @@
 #include <QPolygonF>
 #include <QRectF>
 #include <QString>
+#include <QTransform>
+#include <memory>
 #include <optional>
 #include <vector>
 
 #include "catalogue/clsLimits.h"
+#include "controls/EnvelopeMap.h"
 
 class QPainter;
 
@@ -47,6 +50,8 @@ class EnvelopeDrawing {
   public:
     clsLimits limits;
     std::optional<clsPoint> point;
+    std::optional<clsPoint> origin;          ///< where a point that is being moved was before
+    std::shared_ptr<const EnvelopeMap> map;  ///< under the limits; null without one
     QString textX;
     QString textY;
     QString pointText;  ///< the name of the point at the mouse
@@ -66,10 +71,14 @@ class EnvelopeDrawing {
     std::vector<const clsLimit*> drawingOrder() const;
 
     void paint(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
+    /// Paints all but the point, which changes more often.
+    void paintGround(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
+    void paintPoint(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
     /// Paints grid, axes and limits alone, the limits in the order of their collection.
     void paintLines(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
-    /// Paints the number of each limit (from 1, in the order of drawing) and of the point (one more) as a
-    /// colour, somewhat wider than they look, for finding what lies under the mouse.
+    /// Paints the number of each limit (from 1, in the order of drawing), of the point (one more) and of each
+    /// isoline (from the next one on) as a colour, somewhat wider than they look, for finding what lies under
+    /// the mouse.
     void paintHits(QPainter& painter, const QRectF& place) const;
 
     /// A caption next to the line of its limit.
@@ -93,7 +102,8 @@ class EnvelopeDrawing {
     void paintLabels(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
     void paintCaptions(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
     void paintTitles(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
-    void paintPoint(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
+    void paintOrigin(QPainter& painter, const QRectF& place, const GraphColours& colours) const;
+    QTransform placing(const QRectF& place) const;
     QPolygonF lineOf(const clsLimit& limit, const QRectF& place) const;
     bool touchesOther(const QRectF& caption, const clsLimit& own, const QRectF& place) const;
     double labelBaseline(const QRectF& place) const;

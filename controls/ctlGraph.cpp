@@ -1,8 +1,9 @@
 #include "controls/ctlGraph.h"
 
+#include <QBuffer>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
+#include <QSvgGenerator>
 
 #include "controls/Look.h"
 
@@ -29,7 +30,12 @@ QLabel* hoverLabel(QWidget* graph) {
 ctlGraph::ctlGraph(QWidget* parent) : QWidget(parent), lblXY_(hoverLabel(this)) {
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    connect(this, &ctlGraph::appearanceChanged, this, qOverload<>(&QWidget::update));
+    connect(this, &ctlGraph::appearanceChanged, this, &ctlGraph::renew);
+}
+
+void ctlGraph::renew() {
+    ground_ = QPixmap();
+    update();
 }
 
 void ctlGraph::SetLimits(const clsLimits& limits) {
@@ -50,12 +56,19 @@ void ctlGraph::DrawLimit() {
     for (const clsLimit* limit : drawing_.drawingOrder())
         if (!limit->Description.empty()) names += QString::fromStdString(limit->Description);
     setAccessibleDescription(names.join(QStringLiteral(", ")));
-    update();
+    renew();
+}
+
+void ctlGraph::setMap(const std::shared_ptr<const EnvelopeMap>& map) {
+    drawing_.map = map;
+    hits_ = QImage();
+    renew();
 }
 
 void ctlGraph::Clear() {
     drawing_.limits = clsLimits();
-    drawing_.point.reset();
+    drawing_.map.reset();
+    SetPoint({});
     DrawLimit();
 }
 
@@ -66,6 +79,22 @@ QImage ctlGraph::PictureImage() const {
     QPainter painter(&image);
     drawing_.paint(painter, rect(), GraphColours::onPaper());
     return image;
+}
+
+QByteArray ctlGraph::pictureSvg() const {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QSvgGenerator file;
+    file.setOutputDevice(&buffer);
+    file.setSize(size());
+    file.setViewBox(rect());
+    constexpr int dotsPerInch = 96;
+    file.setResolution(dotsPerInch);
+    file.setTitle(accessibleName());
+    QPainter painter(&file);
+    drawing_.paint(painter, rect(), GraphColours::onPaper());
+    painter.end();
+    return bytes;
 }
 
 void ctlGraph::SetScaleLeft(double left) {
@@ -90,27 +119,27 @@ void ctlGraph::SetScaleHeight(double height) {
 
 void ctlGraph::SetAxisVisible(bool visible) {
     drawing_.axisVisible = visible;
-    update();
+    renew();
 }
 
 void ctlGraph::SetGridVisible(bool visible) {
     drawing_.gridVisible = visible;
-    update();
+    renew();
 }
 
 void ctlGraph::SetGridGap(double gap) {
     drawing_.gridGap = gap;
-    update();
+    renew();
 }
 
 void ctlGraph::SetTextX(const QString& text) {
     drawing_.textX = text;
-    update();
+    renew();
 }
 
 void ctlGraph::SetTextY(const QString& text) {
     drawing_.textY = text;
-    update();
+    renew();
 }
 
 GraphColours ctlGraph::colours() const {
@@ -122,13 +151,29 @@ GraphColours ctlGraph::colours() const {
 }
 
 void ctlGraph::paintEvent(QPaintEvent*) {
+    const double ratio = devicePixelRatioF();
+    if (ground_.isNull() || ground_.devicePixelRatio() != ratio) {
+        ground_ = QPixmap((QSizeF(size()) * ratio).toSize());
+        ground_.setDevicePixelRatio(ratio);
+        ground_.fill(colours().plot);
+        QPainter painter(&ground_);
+        drawing_.paintGround(painter, rect(), colours());
+    }
     QPainter painter(this);
-    drawing_.paint(painter, rect(), colours());
+    painter.drawPixmap(0, 0, ground_);
+    if (hasFocus() && drawing_.point) {
+        constexpr double halo = 11;
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Look::current().focusHalo, 4));
+        painter.drawEllipse(drawing_.toPlace(*drawing_.point, rect()), halo, halo);
+    }
+    drawing_.paintPoint(painter, rect(), colours());
 }
 
 void ctlGraph::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     hits_ = QImage();
+    ground_ = QPixmap();
 }
 
 QString ctlGraph::nameAt(const QPoint& place) {
@@ -141,21 +186,29 @@ QString ctlGraph::nameAt(const QPoint& place) {
     const auto order = drawing_.drawingOrder();
     const auto number = hits_.pixel(place) & RGB_MASK;
     if (number == order.size() + 1) return drawing_.pointText + QStringLiteral(": ");
-    if (number == 0 || number > order.size()) return {};
+    if (number == 0) return {};
+    if (number > order.size()) {
+        const EnvelopeMap::Line& line = drawing_.map->lines.at(number - order.size() - 2);
+        return drawing_.map->textOf(line.level) + QStringLiteral(": ");
+    }
     const clsLimit& limit = *order[number - 1];
     const std::string& name = limit.Description.empty() ? limit.Caption : limit.Description;
     return name.empty() ? QString() : QString::fromStdString(name) + QStringLiteral(": ");
 }
 
-void ctlGraph::mouseMoveEvent(QMouseEvent* event) {
-    const clsPoint at = drawing_.fromPlace(event->position(), rect());
+void ctlGraph::showHover(const QPointF& place) {
+    const clsPoint at = drawing_.fromPlace(place, rect());
     // "," separates the pair, whatever the decimal mark of the system is.
-    lblXY_->setText(QStringLiteral("%1(%2,%3)")
-                        .arg(nameAt(event->position().toPoint()), QString::number(at.x, 'f', 2),
-                             QString::number(at.Y, 'f', 2)));
+    lblXY_->setText(
+        QStringLiteral("%1(%2,%3)")
+            .arg(nameAt(place.toPoint()), QString::number(at.x, 'f', 2), QString::number(at.Y, 'f', 2)));
+    placeLabel(place.toPoint());
+}
+
+void ctlGraph::placeLabel(const QPoint& place) {
     lblXY_->adjustSize();
     constexpr int away = 14;
-    QPoint corner = event->position().toPoint() + QPoint(away, away);
+    QPoint corner = place + QPoint(away, away);
     if (corner.x() + lblXY_->width() > width()) corner.rx() -= lblXY_->width() + 2 * away;
     if (corner.y() + lblXY_->height() > height()) corner.ry() -= lblXY_->height() + 2 * away;
     lblXY_->move(corner);
@@ -163,7 +216,7 @@ void ctlGraph::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ctlGraph::leaveEvent(QEvent* event) {
-    lblXY_->hide();
+    if (!isMoved()) lblXY_->hide();
     QWidget::leaveEvent(event);
 }
 

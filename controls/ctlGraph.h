@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
+#include <QPixmap>
 #include <QWidget>
+#include <memory>
 
 #include "controls/EnvelopeDrawing.h"
 
@@ -10,8 +13,9 @@ class QLabel;
 namespace marvello {
 
 /// The envelope of a compressor in the plane of evaporating (x) against condensing temperature (y), with the
-/// operating point. A label at the mouse says what is under it and where. Colours that are not set
-/// follow the look.
+/// operating point and, under the limits, a map of a quantity. A label at the mouse says what is under it and
+/// where. The point can be moved: with the mouse or, with the focus, with the arrow keys. Colours that are
+/// not set follow the look.
 class ctlGraph : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QColor BackColor MEMBER backColor_ NOTIFY appearanceChanged)
@@ -36,8 +40,19 @@ class ctlGraph : public QWidget {
     void SetLimits(const clsLimits& limits);
     const clsLimits& limits() const { return drawing_.limits; }
     int Count() const { return drawing_.limits.Count(); }
-    void SetPoint(const std::optional<clsPoint>& point) { drawing_.point = point; }
+    /// Ends a move of the former one.
+    void SetPoint(const std::optional<clsPoint>& point);
     const std::optional<clsPoint>& Point() const { return drawing_.point; }
+    /// Draws a map from now on; none with null.
+    void setMap(const std::shared_ptr<const EnvelopeMap>& map);
+
+    /// Lets the user move the point, in steps of a tenth: pointMoved() follows each step, and pointTaken()
+    /// the last, by a release of the mouse or Enter. Esc, or the focus going elsewhere, puts the point back.
+    void setMovable(bool isMovable);
+    bool isMoved() const { return drawing_.origin.has_value(); }
+    /// What the label at a moved point says.
+    void setMovedText(const QString& text);
+    void putBack();
 
     /// Sets the scale, from the upper left to the lower right corner.
     void ScaleGraph(double x1, double y1, double x2, double y2);
@@ -48,6 +63,8 @@ class ctlGraph : public QWidget {
 
     /// The envelope as it goes on paper, 300 pixels an inch.
     QImage PictureImage() const;
+    /// The same as an SVG file.
+    QByteArray pictureSvg() const;
     const EnvelopeDrawing& drawing() const { return drawing_; }
 
     double ScaleLeft() const { return drawing_.scale().left; }
@@ -76,8 +93,18 @@ class ctlGraph : public QWidget {
 
   signals:
     void appearanceChanged();
+    void pointMoved(double x, double y);
+    void pointTaken(double x, double y);
+    void pointPutBack();
 
   protected:
+    bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -87,13 +114,25 @@ class ctlGraph : public QWidget {
     GraphColours colours() const;
     /// The name of what is at a place, such as "Application limit: "; empty where there is none.
     QString nameAt(const QPoint& place);
+    /// Paints the ground anew the next time.
+    void renew();
+    void showHover(const QPointF& place);
+    void placeLabel(const QPoint& place);
+    bool isOnPoint(const QPointF& place) const;
+    void moveTo(const clsPoint& point);
+    void take();
 
     EnvelopeDrawing drawing_;
+    QPixmap ground_;  ///< all but the point, made when it is asked for
     QColor backColor_;
     QColor axisColor_;
     QColor gridColor_;
     QImage hits_;  ///< made when it is asked for
     QLabel* lblXY_;
+    bool isMovable_ = false;
+    bool isHeld_ = false;  ///< the point, by the mouse
+    QPointF pressed_;      ///< where the mouse took it
+    QPointF grip_;         ///< from there to the point
 };
 
 }  // namespace marvello

@@ -80,6 +80,11 @@ std::vector<ShownMargin> shownMargins(const clsCompressor& compressor, const cls
     return shown;
 }
 
+std::string marginText(const clsCompressor& compressor, UnitSystem units, const NumberMarks& marks) {
+    const auto margin = applicationMargin(compressor);
+    return margin ? distanceOf(*margin, units, marks) : std::string();
+}
+
 std::string marginLine(const clsCompressor& compressor, UnitSystem units, const NumberMarks& marks) {
     const auto margin = applicationMargin(compressor);
     if (!margin) return {};

@@ -26,6 +26,9 @@ std::string directionText(Direction direction);
 std::vector<ShownMargin> shownMargins(const clsCompressor& compressor, const clsProjectConditions& conditions,
                                       UnitSystem units, const NumberMarks& marks);
 
+/// Returns the distance from the application limit alone; empty without such a limit.
+std::string marginText(const clsCompressor& compressor, UnitSystem units, const NumberMarks& marks);
+
 /// Returns the distance from the application limit in a sentence; empty without such a limit.
 std::string marginLine(const clsCompressor& compressor, UnitSystem units, const NumberMarks& marks);
 

@@ -8,15 +8,15 @@
 #include "controls/Metafile.h"
 #include "controls/NumberText.h"
 #include "controls/TabStrip.h"
-#include "results/MarginTexts.h"
+#include "results/ResultTable.h"
 #include "results/TechnicalData.h"
 #include "workspace/AdvisedMessages.h"
 #include "workspace/CompressorFiles.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
+#include "workspace/MappedLimits.h"
 #include "workspace/PolynomialsPage.h"
 #include "workspace/RatingPage.h"
-#include "workspace/SelectionReport.h"
 #include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
 
@@ -57,6 +57,9 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     rating_ = new RatingPage(inputs_, pages_);
     connect(rating_, &RatingPage::pointUsed, this, &CompressorPages::pointUsed);
     connect(rating_, &RatingPage::exported, this, &CompressorPages::exported);
+    mappedLimits_ = new MappedLimits(*limits_, inputs_);
+    connect(mappedLimits_, &MappedLimits::pointUsed, this, &CompressorPages::pointUsed);
+    connect(mappedLimits_, &MappedLimits::exported, this, &CompressorPages::exported);
     for (QWidget* page :
          std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_, rating_})
         pages_->addWidget(page);
@@ -83,6 +86,7 @@ void CompressorPages::translate() {
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
     rating_->translate();
+    mappedLimits_->translate();
 }
 
 QString CompressorPages::tabText(QWidget* page) const { return TabStrip_->tabText(pages_->indexOf(page)); }
@@ -103,14 +107,18 @@ void CompressorPages::clear() {
     technical_->clear();
     polynomials_->clear();
     dimension_->clear();
-    limits_->clear();
+    mappedLimits_->clear();
     rating_->clear();
 }
 
 void CompressorPages::setFollowed() {
     isAdvised_ = true;
+    mappedLimits_->setMovable();
     rating_->setTakesPoints();
 }
+
+QString CompressorPages::mapQuantity() const { return mappedLimits_->quantity(); }
+void CompressorPages::setMapQuantity(const QString& name) { mappedLimits_->setQuantity(name); }
 
 void CompressorPages::focusPage() { pages_->currentWidget()->setFocus(); }
 
@@ -127,7 +135,7 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
         polynomials_->addPolynomial(QStringLiteral("Q0"), compressor->PolynomialQ0.c);
     }
     if (page == u"dimension") fillDimension(*compressor);
-    if (page == u"limits") fillLimits(*compressor, conditions.get());
+    if (page == u"limits") mappedLimits_->show(*compressor, conditions);
     if (page == u"rating" && conditions) rating_->showCompressor(*compressor, *conditions);
 }
 
@@ -141,20 +149,6 @@ void CompressorPages::fillDimension(const clsCompressor& compressor) {
     const QString file = drawingFile(fromCore(compressor.Serie), fromCore(compressor.Model));
     dimension_->setDrawing(file.isEmpty() ? Metafile() : Metafile::load(file),
                            dictionaryText(QStringLiteral("frmselection.dimension.empty")));
-}
-
-void CompressorPages::fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions) {
-    const EnvelopeDrawing drawing = envelopeOf(compressor, inputs_);
-    limits_->setTexts(drawing.textX, drawing.textY, tabText(limits_),
-                      dictionaryText(QStringLiteral("frmselection.limitreport.point")));
-    limits_->setLimits(drawing.limits, *drawing.point);
-    if (!conditions) return;
-    std::vector<LimitDistances::Row> rows;
-    for (const ShownMargin& margin :
-         shownMargins(compressor, *conditions, inputs_.units(), marksOf(QLocale())))
-        rows.push_back(
-            {margin.limitType, fromCore(margin.name), fromCore(margin.distance), fromCore(margin.direction)});
-    limits_->setDistances(dictionaryText(QStringLiteral("frmselection.limits.distance")), std::move(rows));
 }
 
 }  // namespace marvello

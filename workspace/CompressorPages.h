@@ -14,6 +14,7 @@ namespace marvello {
 class AdvisedMessages;
 class DimensionPage;
 class LimitsPage;
+class MappedLimits;
 class MessagesView;
 class PolynomialsPage;
 class RatingPage;
@@ -45,6 +46,9 @@ class CompressorPages : public QWidget {
     /// Shows from now on what to do about messages, and takes operating points; says with adviceUsed() and
     /// pointUsed() what the user follows.
     void setFollowed();
+    /// The quantity of the map on the page of the limits, by its name in files; empty for none.
+    QString mapQuantity() const;
+    void setMapQuantity(const QString& name);
     /// Gives the focus to the page that is shown.
     void focusPage();
     /// Selects a page by its key. False for a key that no page has.
@@ -68,8 +72,6 @@ class CompressorPages : public QWidget {
     void clear();
     void fillTechnical(const clsCompressor& compressor);
     void fillDimension(const clsCompressor& compressor);
-    /// Without conditions the distances are left out.
-    void fillLimits(const clsCompressor& compressor, const clsProjectConditions* conditions);
 
     const SelectionInputs& inputs_;
     TabStrip* TabStrip_;
@@ -82,6 +84,7 @@ class CompressorPages : public QWidget {
     DimensionPage* dimension_;
     LimitsPage* limits_;
     RatingPage* rating_;
+    MappedLimits* mappedLimits_;
 };
 
 }  // namespace marvello

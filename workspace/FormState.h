@@ -14,6 +14,7 @@ struct FormState {
     QHash<QString, int> columnWidths;  ///< by the keys of the columns
     QStringList switchedColumns{};     ///< shown or hidden by the user, against what the list begins with
     QStringList filters{};             ///< of a list with filters
+    QString mapQuantity{};             ///< on the page of the limits; empty for none
 
     bool isEmpty() const { return inputs.isEmpty(); }
 };

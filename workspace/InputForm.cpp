@@ -194,7 +194,8 @@ bool InputForm::hasResults() const { return !results().isHidden(); }
 FormState InputForm::state() const {
     return {.inputs = inputs_.state(),
             .columnWidths = results().chosenWidths(),
-            .switchedColumns = results().switchedColumns()};
+            .switchedColumns = results().switchedColumns(),
+            .mapQuantity = results().mapQuantity()};
 }
 
 void InputForm::takeOver(const FormState& state) {
@@ -202,6 +203,7 @@ void InputForm::takeOver(const FormState& state) {
     takeOverInputs(state.inputs);
     results().setChosenWidths(state.columnWidths);
     results().setSwitchedColumns(state.switchedColumns);
+    if (!state.mapQuantity.isEmpty()) results().setMapQuantity(state.mapQuantity);
 }
 
 void InputForm::takeOverInputs(const InputState& inputs) {

@@ -8,6 +8,10 @@
 #include "controls/GraphLegend.h"
 #include "controls/Hairline.h"
 #include "controls/Look.h"
+#include "controls/MapLegend.h"
+#include "controls/PageBar.h"
+#include "controls/ReadOut.h"
+#include "controls/SegmentedSelector.h"
 #include "controls/ctlGraph.h"
 
 namespace marvello {
@@ -19,9 +23,30 @@ constexpr int sideWidth = 215;
 }  // namespace
 
 LimitsPage::LimitsPage(QWidget* parent) : QWidget(parent) {
+    bar_ = new PageBar(this);
+    bar_->setObjectName(QStringLiteral("mapBar"));
+    selector_ = new SegmentedSelector(bar_);
+    selector_->setObjectName(QStringLiteral("mapQuantity"));
+    bar_->add(selector_, SegmentedSelector::ring);
     limitgraph_ = new ctlGraph(this);
     limitgraph_->setObjectName(QStringLiteral("limitgraph"));
+    setFocusProxy(limitgraph_);
     between_ = new Hairline(this);
+    makeSide();
+    auto* row = new QHBoxLayout;
+    row->setSpacing(0);
+    row->addWidget(limitgraph_, 1);
+    row->addWidget(between_);
+    row->addWidget(side_);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(bar_);
+    column->addLayout(row, 1);
+    showParts();
+}
+
+void LimitsPage::makeSide() {
     side_ = new QScrollArea(this);
     side_->setFrameShape(QFrame::NoFrame);
     side_->setWidgetResizable(true);
@@ -33,25 +58,24 @@ LimitsPage::LimitsPage(QWidget* parent) : QWidget(parent) {
     ground.setColor(QPalette::Window, Look::current().surface);
     inside->setPalette(ground);
     side_->viewport()->setPalette(ground);
-    auto* column = new QVBoxLayout(inside);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    picGraphLbl_ = new GraphLegend(inside);
-    picGraphLbl_->setObjectName(QStringLiteral("picGraphLbl"));
-    picGraphLbl_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    readOut_ = new ReadOut(inside);
+    readOut_->setObjectName(QStringLiteral("picReadOut"));
+    mapLegend_ = new MapLegend(inside);
+    mapLegend_->setObjectName(QStringLiteral("picMapLegend"));
     distances_ = new LimitDistances(inside);
     distances_->setObjectName(QStringLiteral("picDistances"));
     distances_->hide();
-    column->addWidget(picGraphLbl_);
-    column->addWidget(distances_);
+    picGraphLbl_ = new GraphLegend(inside);
+    picGraphLbl_->setObjectName(QStringLiteral("picGraphLbl"));
+    picGraphLbl_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    auto* column = new QVBoxLayout(inside);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    // What follows the point comes first.
+    for (QWidget* part : std::initializer_list<QWidget*>{readOut_, mapLegend_, distances_, picGraphLbl_})
+        column->addWidget(part);
     column->addStretch(1);
     side_->setWidget(inside);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
-    row->addWidget(limitgraph_, 1);
-    row->addWidget(between_);
-    row->addWidget(side_);
 }
 
 void LimitsPage::resizeEvent(QResizeEvent* event) {
@@ -72,6 +96,8 @@ void LimitsPage::clear() {
     limitgraph_->Clear();
     picGraphLbl_->setLimits(clsLimits(), false);
     distances_->setRows({}, {}, clsLimits());
+    readOut_->setValues({});
+    mapLegend_->setMap(nullptr);
     isFilled_ = false;
     showParts();
 }
@@ -81,6 +107,7 @@ void LimitsPage::clear() {
 void LimitsPage::showParts() {
     constexpr int minimumWidthWithLegend = 480;
     limitgraph_->setVisible(isFilled_);
+    bar_->setVisible(isFilled_);
     for (QWidget* part : std::initializer_list<QWidget*>{between_, side_})
         part->setVisible(isFilled_ && width() >= minimumWidthWithLegend);
 }
@@ -92,6 +119,13 @@ void LimitsPage::setLimits(const clsLimits& limits, const clsPoint& point) {
     isFilled_ = true;
     showParts();
 }
+
+void LimitsPage::setMap(const std::shared_ptr<const EnvelopeMap>& map) {
+    limitgraph_->setMap(map);
+    mapLegend_->setMap(map);
+}
+
+bool LimitsPage::hasMap() const { return limitgraph_->drawing().map != nullptr; }
 
 void LimitsPage::setDistances(const QString& title, std::vector<LimitDistances::Row> rows) {
     distances_->setRows(title, std::move(rows), limitgraph_->limits());

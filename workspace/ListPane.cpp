@@ -153,6 +153,9 @@ void ListPane::moveSelection(int rows) {
     if (const int row = lvCps_->selectedRow(); row >= 0) lvCps_->selectRow(row + rows);
 }
 
+QString ListPane::mapQuantity() const { return pages_->mapQuantity(); }
+void ListPane::setMapQuantity(const QString& name) { pages_->setMapQuantity(name); }
+
 QHash<QString, int> ListPane::chosenWidths() const { return lvCps_->chosenWidths(); }
 void ListPane::setChosenWidths(const QHash<QString, int>& widths) { lvCps_->setChosenWidths(widths); }
 

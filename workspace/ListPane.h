@@ -50,6 +50,9 @@ class ListPane : public Splitter {
     virtual void copy() const = 0;
     virtual void print(bool preview) const = 0;
 
+    /// The quantity of the map of the limits, by its name in files; empty for none.
+    QString mapQuantity() const;
+    void setMapQuantity(const QString& name);
     QHash<QString, int> chosenWidths() const;
     void setChosenWidths(const QHash<QString, int>& widths);
     /// The columns that the user showed or hid, by their keys.

@@ -141,6 +141,7 @@ void keepFormState(const QString& form, const FormState& state) {
     of.columnWidths.keep(state.columnWidths, store);
     of.switchedColumns.keep(state.switchedColumns, store);
     of.filters.keep(state.filters, store);
+    of.mapQuantity.keep(state.mapQuantity, store);
 }
 
 FormState keptFormState(const QString& form) {
@@ -161,6 +162,7 @@ FormState keptFormState(const QString& form) {
     state.columnWidths = of.columnWidths.value(store);
     state.switchedColumns = of.switchedColumns.value(store);
     state.filters = of.filters.value(store);
+    state.mapQuantity = of.mapQuantity.value(store);
     return state;
 }
 

@@ -69,6 +69,7 @@ struct OfForm {
     Setting<QHash<QString, int>> columnWidths{group + QStringLiteral("ColumnWidths"), {}, 1, 2000};
     Setting<QStringList> switchedColumns{group + QStringLiteral("SwitchedColumns")};
     Setting<QStringList> filters{group + QStringLiteral("Filters")};
+    Setting<QString> mapQuantity{group + QStringLiteral("MapQuantity")};
 };
 
 }  // namespace settings

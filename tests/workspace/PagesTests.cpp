@@ -15,6 +15,8 @@
 #include "controls/Link.h"
 #include "controls/Marks.h"
 #include "controls/MessagesView.h"
+#include "controls/PageBar.h"
+#include "controls/ReadOut.h"
 #include "controls/TabStrip.h"
 #include "controls/ctlBtn.h"
 #include "controls/ctlGraph.h"
@@ -301,6 +303,66 @@ TEST_F(PagesTest, LimitsAndPointAreInTheMeasureSystemOfTheForm) {
     list()->selectRow(0);
     EXPECT_EQ(graph->Count(), 0);
     EXPECT_FALSE(graph->Point().has_value());
+}
+
+TEST_F(PagesTest, AMapIsDrawnInTheUnitsOfTheForm) {
+    const auto* graph = control<ctlGraph>(*form, "limitgraph");
+    const auto hasMap = [&] { return graph->drawing().map != nullptr; };
+    form->MnuPopUp("limits");
+    EXPECT_FALSE(hasMap()) << "the limits alone come first";
+    EXPECT_EQ(form->results().mapQuantity(), QString());
+    control<QAbstractButton>(*control<QWidget>(*form, "mapQuantity"), "segment_capacity")->click();
+    ASSERT_TRUE(QTest::qWaitFor(hasMap));
+    EXPECT_EQ(form->state().mapQuantity, "capacity");
+    EXPECT_EQ(graph->drawing().map->unit, "kW");
+    form->MeasureUnits(1, true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return hasMap() && graph->drawing().map->unit != "kW"; }));
+    // The application limit is -20 to 15 by 20 to 60 degrees Celsius.
+    QRectF all;
+    for (const QPainterPath& band : graph->drawing().map->bands) all |= band.boundingRect();
+    EXPECT_NEAR(all.left(), -4, 1e-6);
+    EXPECT_NEAR(all.right(), 59, 1e-6);
+    EXPECT_NEAR(all.bottom(), 140, 1e-6);
+    list()->selectRow(2);  // in error
+    EXPECT_FALSE(hasMap());
+    EXPECT_TRUE(control<PageBar>(*form, "mapBar")->sentence().startsWith("No map"));
+    list()->selectRow(0);
+    EXPECT_FALSE(hasMap());
+}
+
+TEST_F(PagesTest, APointThatIsMovedIsCalculatedWhereItStands) {
+    auto* graph = control<ctlGraph>(*form, "limitgraph");
+    const auto* readOut = control<ReadOut>(*form, "picReadOut");
+    list()->selectRow(3);
+    form->MnuPopUp("limits");
+    activate();
+    const QString before = readOut->rows().at(2).value;
+    EXPECT_EQ(before, list()->text(3, 1) + " kW");
+    graph->setFocus();
+    QTest::keyClick(graph, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(graph, Qt::Key_Right);
+    EXPECT_EQ(readOut->rows().at(0).value, QString::fromUtf8("3.1 °C"));
+    const QString moved = readOut->rows().at(2).value;
+    EXPECT_NE(moved, before);
+    EXPECT_EQ(field(*form, "txtTED")->number(), 2) << "the form waits";
+    QTest::keyClick(graph, Qt::Key_Escape);
+    EXPECT_EQ(readOut->rows().at(2).value, before);
+    for (int i = 0; i < 20; ++i) QTest::keyClick(graph, Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_EQ(readOut->rows().at(2).value, "-");
+    EXPECT_FALSE(readOut->note().isEmpty()) << "outside, with the sentence of the error";
+    QTest::keyClick(graph, Qt::Key_Escape);
+
+    QTest::keyClick(graph, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(graph, Qt::Key_Right);
+    QTest::keyClick(graph, Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return field(*form, "txtTED")->number() == 3.1; }));
+    EXPECT_EQ(field(*form, "txtTCD")->number(), 40);
+    EXPECT_EQ(list()->selectedRow(), 3);
+    EXPECT_EQ(tabs()->currentKey(), "limits");
+    EXPECT_EQ(form->focusWidget(), graph);
+    EXPECT_FALSE(graph->isMoved());
+    EXPECT_EQ(list()->text(3, 1) + " kW", moved) << "what was read out is what was calculated";
+    EXPECT_EQ(readOut->rows().at(2).value, moved);
 }
 
 TEST_F(PagesTest, TheMenuOfARowOpensOnCompressorsAlone) {

@@ -11,6 +11,7 @@
 #include "engine/RatingTable.h"
 #include "tools/select/Choices.h"
 #include "tools/select/Exit.h"
+#include "tools/select/InLoop.h"
 #include "tools/select/RatingOutput.h"
 #include "tools/select/RatingQuestion.h"
 #include "tools/select/Run.h"
@@ -40,18 +41,6 @@ void checkSaturation(const RatingQuestion& question) {
     };
     check(question.teds, false);
     check(question.tcds, true);
-}
-
-/// An economizer takes milliseconds for each point, which are worth threads, and so are many points.
-template <class Work>
-auto inLoop(const clsProjectConditions& conditions, std::size_t points, Work work) {
-    constexpr std::size_t worthThreads = 2000;
-    if (conditions.EcoCalculateMode == EconomizerMode::none && points < worthThreads) {
-        Calculator calculator;
-        return work(loopWith(calculator));
-    }
-    CalculatorPool pool;
-    return work(loopWith(pool));
 }
 
 int writeTable(const RatingQuestion& question, const PreparedCompressor& compressor) {

@@ -18,6 +18,7 @@
 #include "tools/select/Exit.h"
 #include "tools/select/ExplainCommand.h"
 #include "tools/select/FindCommand.h"
+#include "tools/select/MapCommand.h"
 #include "tools/select/Output.h"
 #include "tools/select/RatingCommand.h"
 #include "tools/select/RefrigerantListing.h"
@@ -157,12 +158,14 @@ int run(int argc, char** argv) {
     app.add_flag("--list-refrigerants", arguments.listRefrigerants,
                  "prints the refrigerants with safety class, GWP, ODP and temperatures");
     const FindCommand find(app);
+    const MapCommand map(app);
     const RatingCommand rating(app);
     const ExplainCommand explain(app);
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
         if (find.isGiven()) return find.run();
+        if (map.isGiven()) return map.run();
         if (rating.isGiven()) return rating.run();
         if (explain.isGiven()) return explain.run();
     } catch (const CLI::CallForHelp&) {

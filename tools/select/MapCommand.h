@@ -1,0 +1,30 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+#include <string>
+
+namespace marvello::select {
+
+/// The command "map" of marvello-select: a compressor over its application limit.
+class MapCommand {
+  public:
+    /// Adds the command with its options.
+    explicit MapCommand(CLI::App& app);
+
+    bool isGiven() const { return command_->parsed(); }
+    /// Carries it out and returns the exit status. Throws BadRequest, NothingMatches, DatabaseError and
+    /// FluidLibraryError.
+    int run() const;
+
+  private:
+    CLI::App* command_;
+    std::map<std::string, std::string> given_;  ///< By name of the option.
+    std::string grid_ = "41x41";
+    std::string format_ = "csv";
+    std::string language_;
+    std::string folder_;
+};
+
+}  // namespace marvello::select
