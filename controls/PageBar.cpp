@@ -30,7 +30,6 @@ PageBar::PageBar(QWidget* parent)
 
 void PageBar::setCaption(const QString& text) {
     caption_->setText(text);
-    caption_->setVisible(!text.isEmpty());
     layOut();
 }
 
@@ -41,7 +40,16 @@ void PageBar::setSentence(const QString& text) {
     layOut();
 }
 
+/// On one line with the control that it belongs to.
+bool PageBar::captionFits() const {
+    const QList<QWidget*> all = controls();
+    constexpr int around = 36;
+    return !caption_->text().isEmpty() &&
+           (all.size() < 2 || caption_->sizeHint().width() + all[1]->sizeHint().width() + around <= width());
+}
+
 void PageBar::layOut() {
+    caption_->setVisible(captionFits());
     WrapBar::layOut();
     constexpr int away = 12;  // from the controls
     constexpr int minRoom = 64;

@@ -22,6 +22,8 @@ class PageBar : public WrapBar {
     void layOut() override;
 
   private:
+    bool captionFits() const;
+
     QLabel* caption_;
     QLabel* shown_;
     QString sentence_;

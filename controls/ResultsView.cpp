@@ -297,6 +297,8 @@ QList<int> ResultsView::selectedRows() const {
     return rows;
 }
 
+void ResultsView::showRow(int row) { scrollTo(model_.index(row, 0)); }
+
 void ResultsView::selectRow(int row) {
     if (row < 0 || row >= model_.rowCount()) return;
     const QModelIndex index = model_.index(row, 0);

@@ -61,6 +61,8 @@ class ResultsView : public QTreeView {
     int selectedRow() const;
     /// All selected rows, from the top.
     QList<int> selectedRows() const;
+    /// Scrolls as far as it takes to see a row.
+    void showRow(int row);
     /// Selects a row alone and scrolls to it; nothing for a row that is not there.
     void selectRow(int row);
     /// Selects the row of a key. False when there is none.

@@ -195,6 +195,11 @@ void Splitter::mousePressEvent(QMouseEvent* event) {
     update();
 }
 
+void Splitter::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && allowResize_ && barRect().contains(event->pos()))
+        emit doubleClicked();
+}
+
 void Splitter::mouseMoveEvent(QMouseEvent* event) {
     if (!dragging_) return;
     if (clipCursor_ && !rect().contains(event->pos()))

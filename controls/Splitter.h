@@ -66,11 +66,14 @@ class Splitter : public QWidget {
   signals:
     /// The user ended a drag.
     void moved();
+    /// The user double clicked the bar.
+    void doubleClicked();
 
   protected:
     void enterEvent(QEnterEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -29,8 +29,8 @@ constexpr std::array<CompressorPages::Page, 6> allPages{{
     {"tecnic", "frmselection.tabstrip.tabs.tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
     {"polynomials", "frmselection.tabstrip.tabs.polynomials", "mdimain.menu.cpspopup.polynomials"},
     {"dimension", "frmselection.tabstrip.tabs.dimension", "mdimain.menu.cpspopup.dimesion"},
-    {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits"},
-    {"rating", "frmselection.tabstrip.tabs.rating", "mdimain.menu.cpspopup.rating"},
+    {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits", true},
+    {"rating", "frmselection.tabstrip.tabs.rating", "mdimain.menu.cpspopup.rating", true},
 }};
 
 }  // namespace

@@ -33,6 +33,7 @@ class CompressorPages : public QWidget {
         const char* key;          ///< of the tab
         const char* textKey;      ///< of the tab's text
         const char* menuTextKey;  ///< of the entry in the pop-up menu
+        bool needsHeight = false;
     };
     /// All pages, in the order of their tabs.
     static std::span<const Page> all();

@@ -213,13 +213,11 @@ void InputForm::takeOverInputs(const InputState& inputs) {
     emit stateChanged();
 }
 
-InputForm::Sizes InputForm::sizes() const {
-    return {fold_->panelWidth(), results().SplitterPos() - results().around()};
-}
+InputForm::Sizes InputForm::sizes() const { return {fold_->panelWidth(), results().listHeights()}; }
 
 void InputForm::setSizes(const Sizes& sizes) {
     fold_->setPanelWidth(sizes.panelWidth);
-    results().SetSplitterPos(sizes.listHeight + results().around());
+    results().setListHeights(sizes.listHeights);
 }
 
 void InputForm::resizeEvent(QResizeEvent*) { fold_->layOut(); }

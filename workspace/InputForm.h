@@ -77,8 +77,8 @@ class InputForm : public QWidget {
     bool isCollapsed() const;
     /// To be kept between starts.
     struct Sizes {
-        int panelWidth;  ///< of the inputs
-        int listHeight;
+        int panelWidth;                   ///< of the inputs
+        QHash<QString, int> listHeights;  ///< by the pages below the list, those that the user chose
     };
     Sizes sizes() const;
     void setSizes(const Sizes& sizes);

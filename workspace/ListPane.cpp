@@ -35,7 +35,14 @@ ListPane::ListPane(const SelectionInputs& inputs, QWidget* parent) : Splitter(pa
     const auto markPage = [this] { mnu_cpspopup_->actions().at(pages_->current())->setChecked(true); };
     connect(pages_, &CompressorPages::pageChanged, this, [this, markPage] {
         markPage();
+        placeBar();
         fillPage();
+    });
+    connect(this, &Splitter::moved, this, [this] { keepHeight(SplitterPos() - around()); });
+    connect(this, &Splitter::doubleClicked, this, [this] {
+        keepHeight(listHeight() == lowListHeight ? listHeightAtStart : lowListHeight);
+        placeBar();
+        emit moved();
     });
     markPage();
     connect(pages_, &CompressorPages::adviceUsed, this, &ListPane::adviceUsed);
@@ -148,6 +155,27 @@ void ListPane::fillPage() {
 bool ListPane::selectPage(const QString& key) { return pages_->select(key); }
 
 QList<QWidget*> ListPane::parts() const { return {lvCps_, pages_->tabs(), pages_->page()}; }
+
+QString ListPane::currentPage() const {
+    return QLatin1String(CompressorPages::all()[static_cast<std::size_t>(pages_->current())].key);
+}
+
+int ListPane::listHeight() const {
+    const bool isLow = CompressorPages::all()[static_cast<std::size_t>(pages_->current())].needsHeight;
+    return heights_.value(currentPage(), isLow ? lowListHeight : listHeightAtStart);
+}
+
+void ListPane::keepHeight(int height) { heights_[currentPage()] = height; }
+
+void ListPane::placeBar() {
+    SetSplitterPos(listHeight() + around());
+    if (const int row = lvCps_->selectedRow(); row >= 0) lvCps_->showRow(row);
+}
+
+void ListPane::setListHeights(const QHash<QString, int>& heights) {
+    heights_ = heights;
+    placeBar();
+}
 
 void ListPane::moveSelection(int rows) {
     if (const int row = lvCps_->selectedRow(); row >= 0) lvCps_->selectRow(row + rows);

@@ -29,6 +29,8 @@ class ListPane : public Splitter {
     /// The height of the list, in logical pixels: headings and two rows at least.
     static constexpr int minListHeight = 92;
     static constexpr int listHeightAtStart = 338;
+    /// The same above a page that needs height.
+    static constexpr int lowListHeight = 196;
 
     /// Says all texts in the user's language; lists the results anew.
     virtual void translate();
@@ -39,6 +41,9 @@ class ListPane : public Splitter {
     bool selectPage(const QString& key);
     /// The height of what is above and below the list in its half.
     virtual int around() const { return 0; }
+    /// The heights of the list that the user chose, by the keys of the pages.
+    QHash<QString, int> listHeights() const { return heights_; }
+    void setListHeights(const QHash<QString, int>& heights);
     /// The list, the tabs and the page, between which F6 goes.
     QList<QWidget*> parts() const;
 
@@ -102,7 +107,14 @@ class ListPane : public Splitter {
     void openPopUp(const QPoint& place);
     void openColumnMenu(const QPoint& place);
 
+    QString currentPage() const;
+    int listHeight() const;
+    /// Gives the list the height that belongs to the page; the selected row stays in sight.
+    void placeBar();
+    void keepHeight(int height);
+
     QMenu* mnu_cpspopup_;
+    QHash<QString, int> heights_;
     struct PopUpEntry {
         QAction* action;
         const char* textKey;

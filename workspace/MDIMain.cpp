@@ -247,7 +247,7 @@ void MDIMain::open(InputForm* form) {
     describe(*form);
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->setWindowIcon(picture);
-    form->setSizes({settings::panelWidth.value(), settings::listHeight.value()});
+    form->setSizes({settings::panelWidth.value(), settings::listHeights.value()});
 
     const QString key = form->Key();
     connect(form, &InputForm::stateChanged, this, &MDIMain::refreshState);
@@ -359,7 +359,7 @@ void MDIMain::restoreSizes() {
 void MDIMain::keepSizes(const InputForm& form) {
     QSettings store = userSettings();
     settings::panelWidth.keep(form.sizes().panelWidth, store);
-    settings::listHeight.keep(form.sizes().listHeight, store);
+    settings::listHeights.keep(form.sizes().listHeights, store);
 }
 
 void MDIMain::closeEvent(QCloseEvent* event) {

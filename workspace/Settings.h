@@ -44,8 +44,9 @@ inline const Setting<int> version{QStringLiteral("Settings/Version"), 0, 0, 1000
 inline const Setting<QByteArray> frame{QStringLiteral("Windows/Frame")};  ///< placeFrame() checks it
 inline const Setting<int> panelWidth{QStringLiteral("Windows/PanelWidth"), InputsFold::minWidth,
                                      InputsFold::minWidth, InputsFold::maxWidth};
-inline const Setting<int> listHeight{QStringLiteral("Windows/ListHeight"), ResultsPane::listHeightAtStart,
-                                     ResultsPane::minListHeight, 10'000};
+/// By the keys of the pages below the list.
+inline const Setting<QHash<QString, int>> listHeights{
+    QStringLiteral("Windows/ListHeights"), {}, ResultsPane::minListHeight, 10'000};
 /// Of the next form: 0 metric, 1 imperial.
 inline const Setting<int> measureUnit{QStringLiteral("Windows/cmbmeasureunits"), 0, 0, 1};
 inline const Setting<int> groupBy{QStringLiteral("Windows/cmbGroupBy"), 0, 0, 1};

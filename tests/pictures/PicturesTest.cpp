@@ -224,17 +224,18 @@ bool isOwn(const QString& step) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, WindowPictures,
-    ::testing::Values(
-        Tour{"window", Look::light, "en-EN", 1, isOwn},
-        Tour{"window-dark", Look::dark, "en-EN", 1,
-             [](const QString& step) {
-                 return QStringList{"start-menu-inverter", "about", "page-messages", "find"}.contains(step);
-             }},
-        Tour{"window-200", Look::light, "de-DE", 2,
-             [](const QString& step) {
-                 return QStringList{"drop-list", "page-menu", "box", "progress", "find-inputs"}.contains(
-                     step);
-             }}),
+    ::testing::Values(Tour{"window", Look::light, "en-EN", 1, isOwn},
+                      Tour{"window-dark", Look::dark, "en-EN", 1,
+                           [](const QString& step) {
+                               return QStringList{"start-menu-inverter", "about", "page-messages",
+                                                  "page-limits-moved", "find"}
+                                   .contains(step);
+                           }},
+                      Tour{"window-200", Look::light, "de-DE", 2,
+                           [](const QString& step) {
+                               return QStringList{"drop-list", "page-menu", "box", "progress", "find-inputs"}
+                                   .contains(step);
+                           }}),
     [](const auto& tour) { return QString(tour.param.name).remove(u'-').toStdString(); });
 
 }  // namespace

@@ -333,7 +333,7 @@ TEST_F(MainWindowTest, EachFormKeepsItsMeasureSystem) {
 
 TEST_F(MainWindowTest, SplittersStandWhereTheyWereLeft) {
     SelectionForm* form = window->newSelection();
-    form->setSizes({450, form->sizes().listHeight});
+    form->setSizes({450, form->sizes().listHeights});
     emit form->sizesChanged();
     EXPECT_EQ(window->newSelection()->sizes().panelWidth, 450);
 }

@@ -67,7 +67,7 @@ TEST_F(NarrowFormTest, TheInputsFoldBelowTheListAndOpenOverIt) {
 }
 
 TEST_F(NarrowFormTest, InputsAndTheirFocusComeBackWithTheRoom) {
-    form->setSizes({450, form->sizes().listHeight});
+    form->setSizes({450, form->sizes().listHeights});
     field(*form, "txtTCD")->setFocus();
     for (const int width : {1200, 500, 879, 880}) {
         resize(width, 700);

@@ -17,6 +17,7 @@
 #include "controls/MessagesView.h"
 #include "controls/PageBar.h"
 #include "controls/ReadOut.h"
+#include "controls/Splitter.h"
 #include "controls/TabStrip.h"
 #include "controls/ctlBtn.h"
 #include "controls/ctlGraph.h"
@@ -363,6 +364,30 @@ TEST_F(PagesTest, APointThatIsMovedIsCalculatedWhereItStands) {
     EXPECT_FALSE(graph->isMoved());
     EXPECT_EQ(list()->text(3, 1) + " kW", moved) << "what was read out is what was calculated";
     EXPECT_EQ(readOut->rows().at(2).value, moved);
+}
+
+TEST_F(PagesTest, EachPageKeepsTheHeightOfItsList) {
+    auto* splitter = control<Splitter>(*form, "Splitter2");
+    list()->selectRow(3);
+    EXPECT_EQ(splitter->SplitterPos(), 338);
+    form->MnuPopUp("limits");
+    EXPECT_EQ(splitter->SplitterPos(), 196) << "the graph needs height";
+    EXPECT_TRUE(list()->viewport()->rect().contains(list()->visualRect(list()->currentIndex())));
+    const auto bar = [&] { return QPoint(200, splitter->SplitterPos() + 2); };
+    QTest::mouseDClick(splitter, Qt::LeftButton, {}, bar());
+    EXPECT_EQ(splitter->SplitterPos(), 338);
+    QTest::mouseDClick(splitter, Qt::LeftButton, {}, bar());
+    EXPECT_EQ(splitter->SplitterPos(), 196);
+    QTest::mousePress(splitter, Qt::LeftButton, {}, bar());
+    QTest::mouseMove(splitter, bar() + QPoint(0, 30));
+    QTest::mouseRelease(splitter, Qt::LeftButton, {}, bar());
+    const int dragged = splitter->SplitterPos();
+    EXPECT_GT(dragged, 196);
+    form->MnuPopUp("messages");
+    EXPECT_EQ(splitter->SplitterPos(), 338);
+    form->MnuPopUp("limits");
+    EXPECT_EQ(splitter->SplitterPos(), dragged);
+    EXPECT_EQ(form->sizes().listHeights, (QHash<QString, int>{{"limits", dragged}}));
 }
 
 TEST_F(PagesTest, TheMenuOfARowOpensOnCompressorsAlone) {

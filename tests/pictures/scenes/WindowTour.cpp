@@ -17,10 +17,12 @@
 #include "controls/Marks.h"
 #include "controls/MessageBox.h"
 #include "controls/ResultsView.h"
+#include "controls/ctlGraph.h"
 #include "data/Texts.h"
 #include "workspace/AdviceSearch.h"
 #include "workspace/Frmsplash.h"
 #include "workspace/MDIMain.h"
+#include "workspace/MapSearch.h"
 #include "workspace/RatingPage.h"
 #include "workspace/ReportPreview.h"
 #include "workspace/ResultsPane.h"
@@ -177,11 +179,29 @@ void WindowTour::showPages() const {
         const auto* const rating = form_->findChild<RatingPage*>();
         while (rating->isCalculating()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
         show(qPrintable(QStringLiteral("page-") + QLatin1String(page)), *form_, pages);
+        if (QLatin1String(page) == QLatin1String("limits")) showMap();
     }
     auto* menu = form_->findChild<QMenu*>(QStringLiteral("mnu_cpspopup"));
     menu->popup(window_.mapToGlobal(QPoint(500, 300)));
     show("page-menu", *menu);
     menu->hide();
+}
+
+/// A map of the limits, with the point and while it is moved by keys.
+void WindowTour::showMap() const {
+    auto* const graph = form_->findChild<ctlGraph*>();
+    form_->results().setMapQuantity(QStringLiteral("cop"));
+    while (!graph->drawing().map || form_->findChild<MapSearch*>()->isSearching())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    show("page-limits-map", *form_, pages);
+    graph->setFocus();
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Left, Qt::Key_Left, Qt::Key_Up, Qt::Key_Up}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::ShiftModifier);
+        QApplication::sendEvent(graph, &press);
+    }
+    show("page-limits-moved", *form_, pages);
+    graph->putBack();
+    form_->results().setMapQuantity(QString());
 }
 
 void WindowTour::showWarnings() const {

@@ -36,6 +36,7 @@ class WindowTour {
     void showDialogs() const;
     void showInputs();
     void showPages() const;
+    void showMap() const;
     void showWarnings() const;
     void showOtherInputs() const;
     void showForms() const;
