@@ -312,7 +312,7 @@ TEST_F(PagesTest, AMapIsDrawnInTheUnitsOfTheForm) {
     form->MnuPopUp("limits");
     EXPECT_FALSE(hasMap()) << "the limits alone come first";
     EXPECT_EQ(form->results().mapQuantity(), QString());
-    control<QAbstractButton>(*form, "segment_capacity")->click();
+    control<QAbstractButton>(*control<QWidget>(*form, "mapQuantity"), "segment_capacity")->click();
     ASSERT_TRUE(QTest::qWaitFor(hasMap));
     EXPECT_EQ(form->state().mapQuantity, "capacity");
     EXPECT_EQ(graph->drawing().map->unit, "kW");
