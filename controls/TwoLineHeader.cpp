@@ -39,7 +39,13 @@ TwoLineHeader::TwoLineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, pare
 }
 
 std::pair<QString, QString> TwoLineHeader::lines(const QString& text) {
-    const qsizetype mark = text.lastIndexOf(u'(');
+    // The one that belongs to the last ")": a unit such as "kJ/(kg K)" has its own.
+    qsizetype mark = text.size();
+    int open = text.endsWith(u')') ? 0 : 1;
+    while (--mark >= 0) {
+        if (text[mark] == u')') ++open;
+        if (text[mark] == u'(' && --open <= 0) break;
+    }
     if (mark < 0) return {text.trimmed(), {}};
     QString unit = text.mid(mark + 1);
     if (unit.endsWith(u')')) unit.chop(1);

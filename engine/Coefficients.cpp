@@ -168,6 +168,14 @@ clsProjectConditions conditionsOf(RatingConditions rating, clsProjectConditions 
     return conditions;
 }
 
+RatingConditions ratingOf(const clsProjectConditions& conditions) {
+    const clsProjectConditions own = conditionsOf(RatingConditions::own, conditions);
+    const bool isOwn = own.SuperHeatType == conditions.SuperHeatType &&
+                       own.SuperHeat == conditions.SuperHeat && own.SubCooling == conditions.SubCooling &&
+                       own.EcoCalculateMode == conditions.EcoCalculateMode;
+    return isOwn ? RatingConditions::own : RatingConditions::form;
+}
+
 RatedCoefficients coefficientsOf(const CoefficientsRequest& request, const PointLoop& loop) {
     const clsProjectConditions conditions = conditionsOf(request.rating, request.conditions);
     const std::vector<RatedPoint> points = calculated(request, conditions, loop);

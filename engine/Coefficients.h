@@ -85,6 +85,9 @@ class NoCoefficients : public std::runtime_error {
 /// Returns the conditions of a rating.
 clsProjectConditions conditionsOf(RatingConditions rating, clsProjectConditions conditions);
 
+/// Returns the rating at which conditions are: the catalogue's own, or that of the form.
+RatingConditions ratingOf(const clsProjectConditions& conditions);
+
 /// Makes coefficients of operating points all over the application limit. Capacity and power at the
 /// catalogue's own conditions are its surfaces, as long as one surface holds everywhere. Throws
 /// NoCoefficients and FluidLibraryError.

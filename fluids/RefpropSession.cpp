@@ -88,7 +88,7 @@ RefpropAnswer RefpropSession::setUp(const std::vector<std::string>& files,
     const RefpropAnswer loaded =
         load(joined, static_cast<std::int32_t>(files.size()), folder + "hmx.bnc", reference);
     useMassFractions(massFractions);
-    call(&RefpropFunctions::WMOLdll, &FluidHandleFunctions::WMOLdll, z_.data(), &molarMass_);
+    molarMass_ = molarMassOf(z_);
     const RefpropAnswer referred = setReference(reference, isBlend ? 2 : 1);
     return loaded.code > 0 ? loaded : referred;
 }
@@ -111,6 +111,12 @@ RefpropAnswer RefpropSession::send(const Load& load) {
          padded(load.reference, referenceLength).data(), &code, herr_.data(), filesLength, mixturesLength,
          referenceLength, usualErrorLength);
     return answer(code);
+}
+
+double RefpropSession::molarMassOf(const Fractions& moles) {
+    double molarMass = 0;
+    call(&RefpropFunctions::WMOLdll, &FluidHandleFunctions::WMOLdll, moles.data(), &molarMass);
+    return molarMass;
 }
 
 double RefpropSession::useMassFractions(const std::vector<double>& massFractions) {

@@ -86,6 +86,7 @@ class RefpropSession {
                         const std::string& folder = "Fluids/", const std::string& reference = "DEF");
 
     double molarMass() const { return molarMass_; }  ///< Of the set-up, g/mol.
+    double molarMassOf(const Fractions& moles);      ///< Of any mixture of its fluids, g/mol.
 
     // The steps of a set-up. `files` are joined with "|".
     RefpropAnswer load(const std::string& files, std::int32_t count, const std::string& mixtures,

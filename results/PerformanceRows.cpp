@@ -49,11 +49,16 @@ std::span<const PerformanceColumn> performanceColumns(bool hasEconomizer) {
 }
 
 std::string performanceCsv(std::span<const PerformanceRow> rows, std::span<const PerformanceColumn> figures) {
-    std::vector<std::string> fields{"ted", "tcd", "state"};
+    const bool hasFrequency = !rows.empty() && rows.front().frequency;
+    std::vector<std::string> fields{"ted", "tcd"};
+    if (hasFrequency) fields.emplace_back("frequency");
+    fields.emplace_back("state");
     for (const PerformanceColumn& column : figures) fields.emplace_back(column.name);
     std::string text = csvLine(fields);
     for (const PerformanceRow& row : rows) {
-        fields = {storedText(row.ted), storedText(row.tcd), std::string(nameOf(row.performance.state))};
+        fields = {storedText(row.ted), storedText(row.tcd)};
+        if (hasFrequency) fields.push_back(storedText(row.frequency.value_or(0)));
+        fields.emplace_back(nameOf(row.performance.state));
         for (const PerformanceColumn& column : figures) {
             const auto value = column.value(row.performance);
             fields.push_back(value ? storedText(*value) : std::string());

@@ -15,6 +15,7 @@ struct PerformanceRow {
     double ted = 0;  ///< Evaporating dew temperature, degrees Celsius.
     double tcd = 0;  ///< Condensing dew temperature, degrees Celsius.
     Performance performance;
+    std::optional<double> frequency{};  ///< Of an inverter, Hz, where it differs from line to line.
 };
 
 /// A figure of such a line. After the temperatures and the state they follow in this order.
@@ -27,8 +28,8 @@ struct PerformanceColumn {
 /// after them.
 std::span<const PerformanceColumn> performanceColumns(bool hasEconomizer);
 
-/// Returns the lines as CSV with a heading. A figure without a value is an empty field. Numbers read back
-/// exactly.
+/// Returns the lines as CSV with a heading; the frequencies, if there are any, after the temperatures. A
+/// figure without a value is an empty field. Numbers read back exactly.
 std::string performanceCsv(std::span<const PerformanceRow> rows, std::span<const PerformanceColumn> figures);
 inline std::string performanceCsv(std::span<const PerformanceRow> rows, bool hasEconomizer) {
     return performanceCsv(rows, performanceColumns(hasEconomizer));

@@ -18,6 +18,16 @@ double withoutNoise(double value) {
     return std::abs(value) > exact ? value : std::nearbyint(value * steps) / steps;
 }
 
+/// The numbers of the systems are those of the unit sets. Any molar mass does: both are by mass.
+double convertedProperty(double value, int property, UnitSystem from, UnitSystem to) {
+    if (from == to) return value;
+    clsConvert source;
+    clsConvert target;
+    source.Initialize(static_cast<int>(from), 1);
+    target.Initialize(static_cast<int>(to), 1);
+    return target.ConvertUnitsApp(source.ConvertUnitsRefprop(value, property), property);
+}
+
 }  // namespace
 
 double convertedTemperature(double value, UnitSystem from, UnitSystem to) {
@@ -45,13 +55,19 @@ double convertedMassFlow(double value, UnitSystem from, UnitSystem to) {
 }
 
 double convertedPressure(double value, UnitSystem from, UnitSystem to) {
-    if (from == to) return value;
-    // The numbers of the systems are those of the unit sets.
-    clsConvert source;
-    clsConvert target;
-    source.Initialize(static_cast<int>(from));
-    target.Initialize(static_cast<int>(to));
-    return target.ConvertUnitsApp(source.ConvertUnitsRefprop(value, property::pressure), property::pressure);
+    return convertedProperty(value, property::pressure, from, to);
+}
+
+double convertedEnthalpy(double value, UnitSystem from, UnitSystem to) {
+    return convertedProperty(value, property::enthalpy, from, to);
+}
+
+double convertedEntropy(double value, UnitSystem from, UnitSystem to) {
+    return convertedProperty(value, property::entropy, from, to);
+}
+
+double convertedDensity(double value, UnitSystem from, UnitSystem to) {
+    return convertedProperty(value, property::density, from, to);
 }
 
 }  // namespace marvello

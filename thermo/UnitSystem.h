@@ -18,5 +18,11 @@ double convertedCapacity(double value, UnitSystem from, UnitSystem to);
 double convertedMassFlow(double value, UnitSystem from, UnitSystem to);
 /// An absolute pressure between bar and psi.
 double convertedPressure(double value, UnitSystem from, UnitSystem to);
+/// A specific enthalpy between kJ/kg and Btu/lb.
+double convertedEnthalpy(double value, UnitSystem from, UnitSystem to);
+/// A specific entropy between kJ/(kg K) and Btu/(lb R).
+double convertedEntropy(double value, UnitSystem from, UnitSystem to);
+/// A density between kg/m^3 and lb/ft^3.
+double convertedDensity(double value, UnitSystem from, UnitSystem to);
 
 }  // namespace marvello

@@ -185,6 +185,68 @@ double clsRefprop::Density(double value1, int type1, int kph, std::optional<doub
     return answer({"Density", value1, type1, value2.value_or(0), type2}, state_.D, property::density);
 }
 
+std::optional<FluidState> clsRefprop::StateAtTemperature(double t, double p) {
+    auto state = wholeState(Function::tpflsh, {t, property::temperature}, {p, property::pressure});
+    if (state) state->t = t;
+    if (state) state->p = p;
+    return state;
+}
+
+std::optional<FluidState> clsRefprop::StateAtEnthalpy(double p, double h) {
+    auto state = wholeState(Function::phflsh, {p, property::pressure}, {h, property::enthalpy});
+    if (state) state->p = p;
+    if (state) state->h = h;
+    return state;
+}
+
+std::optional<FluidState> clsRefprop::StateAtEntropy(double p, double s) {
+    auto state = wholeState(Function::psflsh, {p, property::pressure}, {s, property::entropy});
+    if (state) state->p = p;
+    if (state) state->s = s;
+    return state;
+}
+
+std::optional<FluidState> clsRefprop::SaturationAtPressure(double p, int kph) {
+    const double kilopascals = Convert.ConvertUnitsRefprop(p, property::pressure);
+    const RefpropState point = asked({Function::satp, kph, kilopascals, 0});
+    if (point.answer.code > 0) return std::nullopt;
+    return saturated(kph, Convert.ConvertUnitsApp(point.t, property::temperature), p);
+}
+
+std::optional<FluidState> clsRefprop::SaturationAtTemperature(double t, int kph) {
+    const double kelvin = Convert.ConvertUnitsRefprop(t, property::temperature);
+    const RefpropState point = asked({Function::satt, kph, kelvin, 0});
+    if (point.answer.code > 0) return std::nullopt;
+    return saturated(kph, t, Convert.ConvertUnitsApp(point.p, property::pressure));
+}
+
+/// The library's saturation calls know no enthalpy. At their temperature and pressure it takes a state for
+/// vapour; so little above the pressure it is liquid, and hardly another one.
+std::optional<FluidState> clsRefprop::saturated(int kph, double t, double p) {
+    constexpr double clearance = 1e-8;
+    const bool isBubble = kph == saturation::bubble;
+    auto state = StateAtTemperature(t, isBubble ? p * (1 + clearance) : p);
+    if (!state) return std::nullopt;
+    state->p = p;
+    state->quality = isBubble ? 0 : 1;
+    return state;
+}
+
+std::optional<FluidState> clsRefprop::wholeState(Function function, std::pair<double, int> first,
+                                                 std::pair<double, int> second) {
+    const RefpropState state = asked({function, 0, Convert.ConvertUnitsRefprop(first.first, first.second),
+                                      Convert.ConvertUnitsRefprop(second.first, second.second)});
+    if (state.answer.code > 0) return std::nullopt;
+    FluidState whole{.t = Convert.ConvertUnitsApp(state.t, property::temperature),
+                     .p = Convert.ConvertUnitsApp(state.p, property::pressure),
+                     .h = Convert.ConvertUnitsApp(state.h, property::enthalpy),
+                     .s = Convert.ConvertUnitsApp(state.s, property::entropy),
+                     .density = Convert.ConvertUnitsApp(state.D, property::density)};
+    if (state.q >= 0 && state.q <= 1)
+        whole.quality = state.q * session_.molarMassOf(session_.vapour()) / session_.molarMass();
+    return whole;
+}
+
 bool clsRefprop::askBy(std::span<const Route> routes, std::pair<int, int> types,
                        std::pair<double, double> values, int kph) {
     for (const Route& route : routes) {

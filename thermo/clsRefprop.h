@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "data/clsDatabase.h"
+#include "thermo/FluidState.h"
 #include "thermo/RefpropLibrary.h"
 #include "thermo/SaturationRange.h"
 #include "thermo/StateMemory.h"
@@ -72,6 +73,15 @@ class clsRefprop {
     double Density(double value1, int type1, int kph, std::optional<double> value2 = std::nullopt,
                    int type2 = property::none);
 
+    /// A state as a whole, calculated anew; none where the library refuses it. What the other calls return
+    /// does not change by it. Throws ArithmeticFault.
+    std::optional<FluidState> StateAtTemperature(double t, double p);
+    std::optional<FluidState> StateAtEnthalpy(double p, double h);
+    std::optional<FluidState> StateAtEntropy(double p, double s);
+    /// Saturated liquid or vapour, by `kph`.
+    std::optional<FluidState> SaturationAtPressure(double p, int kph);
+    std::optional<FluidState> SaturationAtTemperature(double t, int kph);
+
     /// Returns the last state without a result: the call, and why in the library's own sentence. Empty if
     /// each had one since clearLastUndefined().
     const std::string& LastUndefined() const { return lastUndefined_; }
@@ -110,6 +120,10 @@ class clsRefprop {
                int kph);
 
     bool hasDewPressure(double kelvin);
+    /// The state of a call whose inputs are in the units of `Convert`, without these.
+    std::optional<FluidState> wholeState(StateCall::Function function, std::pair<double, int> first,
+                                         std::pair<double, int> second);
+    std::optional<FluidState> saturated(int kph, double t, double p);
 
     /// A call as its caller wrote it.
     struct Request {

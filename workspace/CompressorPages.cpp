@@ -3,19 +3,27 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <array>
+#include <exception>
+#include <memory>
+#include <utility>
 
 #include "controls/MessagesView.h"
 #include "controls/Metafile.h"
 #include "controls/NumberText.h"
 #include "controls/TabStrip.h"
+#include "engine/Cycle.h"
+#include "engine/PhDiagram.h"
+#include "results/CycleTexts.h"
 #include "results/ResultTable.h"
 #include "results/TechnicalData.h"
 #include "workspace/AdvisedMessages.h"
 #include "workspace/CompressorFiles.h"
+#include "workspace/CyclePage.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/MappedLimits.h"
 #include "workspace/PolynomialsPage.h"
+#include "workspace/RatingPage.h"
 #include "workspace/TechnicalPage.h"
 #include "workspace/WindowTexts.h"
 
@@ -23,12 +31,14 @@ namespace marvello {
 
 namespace {
 
-constexpr std::array<CompressorPages::Page, 5> allPages{{
+constexpr std::array<CompressorPages::Page, 7> allPages{{
     {"messages", "frmselection.tabstrip.tabs.messages", "mdimain.menu.cpspopup.messages"},
     {"tecnic", "frmselection.tabstrip.tabs.tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
     {"polynomials", "frmselection.tabstrip.tabs.polynomials", "mdimain.menu.cpspopup.polynomials"},
     {"dimension", "frmselection.tabstrip.tabs.dimension", "mdimain.menu.cpspopup.dimesion"},
     {"limits", "frmselection.tabstrip.tabs.limits", "mdimain.menu.cpspopup.limits", true},
+    {"rating", "frmselection.tabstrip.tabs.rating", "mdimain.menu.cpspopup.rating", true},
+    {"cycle", "frmselection.tabstrip.tabs.cycle", "mdimain.menu.cpspopup.cycle", true},
 }};
 
 }  // namespace
@@ -55,8 +65,12 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     mappedLimits_ = new MappedLimits(*limits_, inputs_);
     connect(mappedLimits_, &MappedLimits::pointUsed, this, &CompressorPages::pointUsed);
     connect(mappedLimits_, &MappedLimits::exported, this, &CompressorPages::exported);
-    for (QWidget* page :
-         std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_, limits_})
+    rating_ = new RatingPage(inputs_, pages_);
+    connect(rating_, &RatingPage::pointUsed, this, &CompressorPages::pointUsed);
+    connect(rating_, &RatingPage::exported, this, &CompressorPages::exported);
+    cycle_ = new CyclePage(pages_);
+    for (QWidget* page : std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_,
+                                                         limits_, rating_, cycle_})
         pages_->addWidget(page);
 
     auto* column = new QVBoxLayout(this);
@@ -81,6 +95,7 @@ void CompressorPages::translate() {
     polynomials_->setTexts(dictionaryText(QStringLiteral("frmselection.labelPoly.Caption")),
                            dictionaryText(QStringLiteral("frmselection.lctlCopyPolynomials.caption")));
     mappedLimits_->translate();
+    rating_->translate();
 }
 
 QString CompressorPages::tabText(QWidget* page) const { return TabStrip_->tabText(pages_->indexOf(page)); }
@@ -102,11 +117,14 @@ void CompressorPages::clear() {
     polynomials_->clear();
     dimension_->clear();
     mappedLimits_->clear();
+    rating_->clear();
+    cycle_->clear();
 }
 
 void CompressorPages::setFollowed() {
     isAdvised_ = true;
     mappedLimits_->setMovable();
+    rating_->setTakesPoints();
 }
 
 QString CompressorPages::mapQuantity() const { return mappedLimits_->quantity(); }
@@ -128,6 +146,8 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
     }
     if (page == u"dimension") fillDimension(*compressor);
     if (page == u"limits") mappedLimits_->show(*compressor, conditions);
+    if (page == u"rating" && conditions) rating_->showCompressor(*compressor, *conditions);
+    if (page == u"cycle") fillCycle(*compressor);
 }
 
 void CompressorPages::fillTechnical(const clsCompressor& compressor) {
@@ -140,6 +160,26 @@ void CompressorPages::fillDimension(const clsCompressor& compressor) {
     const QString file = drawingFile(fromCore(compressor.Serie), fromCore(compressor.Model));
     dimension_->setDrawing(file.isEmpty() ? Metafile() : Metafile::load(file),
                            dictionaryText(QStringLiteral("frmselection.dimension.empty")));
+}
+
+/// What the property service cannot calculate is no fault of the window: the messages say why.
+void CompressorPages::fillCycle(const clsCompressor& compressor) try {
+    const auto refprop = SharedRefprop(compressor.Refrigerant);
+    auto cycle = cycleOf(compressor, *refprop);
+    if (!cycle) {
+        cycle_->clear(dictionaryText(QStringLiteral("frmselection.cycle.empty")));
+        return;
+    }
+    const UnitSystem units = inputs_.units();
+    const QString title = dictionaryText(QStringLiteral("frmselection.cycle.title")) + QStringLiteral(", ") +
+                          fromCore(compressor.Refrigerant);
+    const auto reading = [refprop, units](const PhPoint& point) {
+        return fromCore(readingAt(*refprop, point, units, marksOf(QLocale())));
+    };
+    const auto diagram = phDiagramAround(*cycle, compressor.Refrigerant, units);
+    cycle_->setCycle({std::make_shared<const Cycle>(*std::move(cycle)), diagram, units, title, reading});
+} catch (const std::exception&) {
+    cycle_->clear(dictionaryText(QStringLiteral("frmselection.cycle.empty")));
 }
 
 }  // namespace marvello

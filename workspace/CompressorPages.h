@@ -12,11 +12,13 @@ class QStackedWidget;
 namespace marvello {
 
 class AdvisedMessages;
+class CyclePage;
 class DimensionPage;
 class LimitsPage;
 class MappedLimits;
 class MessagesView;
 class PolynomialsPage;
+class RatingPage;
 class TabStrip;
 class TechnicalPage;
 class clsCompressor;
@@ -72,6 +74,7 @@ class CompressorPages : public QWidget {
     void clear();
     void fillTechnical(const clsCompressor& compressor);
     void fillDimension(const clsCompressor& compressor);
+    void fillCycle(const clsCompressor& compressor);
 
     const SelectionInputs& inputs_;
     TabStrip* TabStrip_;
@@ -84,6 +87,8 @@ class CompressorPages : public QWidget {
     DimensionPage* dimension_;
     LimitsPage* limits_;
     MappedLimits* mappedLimits_;
+    RatingPage* rating_;
+    CyclePage* cycle_;
 };
 
 }  // namespace marvello

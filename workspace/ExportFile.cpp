@@ -30,6 +30,8 @@ FileKind kindOf(ExportFile::Form form) {
             return {QStringLiteral("JSON"), QStringLiteral(".json")};
         case ExportFile::Form::idf:
             return {QStringLiteral("EnergyPlus"), QStringLiteral(".idf")};
+        case ExportFile::Form::svg:
+            return {QStringLiteral("SVG"), QStringLiteral(".svg")};
         case ExportFile::Form::xml:
             break;
     }

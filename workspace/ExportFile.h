@@ -13,7 +13,7 @@ class RowSet;
 
 /// A file to be written, and its form.
 struct ExportFile {
-    enum class Form { xml, csv, json, idf };
+    enum class Form { xml, csv, json, idf, svg };
     QString path;
     Form form = Form::xml;
 };

@@ -10,6 +10,7 @@
 #include "data/Arithmetic.h"
 #include "data/Session.h"
 #include "thermo/UnitFamilies.h"
+#include "thermo/UnitSystem.h"
 
 namespace marvello {
 namespace {
@@ -194,6 +195,21 @@ TEST(clsConvert, BoxesAndFaults) {
     EXPECT_THROW(convert.ConvertUnitsApp(10, 2), ArithmeticFault);
     convert.wm = molarMass;
     EXPECT_NO_THROW(convert.ConvertUnitsRefprop(0, 8));  // a volume of nothing, through its reciprocal
+}
+
+// By hand: the Btu of the unit sets is 1054.350264 J, so 1 Btu/lb is 1054.350264 / 453.59237 = 2.324444
+// kJ/kg. 1 Btu/(lb R) is 1.8 times that: 4.184 kJ/(kg K). 1 lb/ft3 is 0.45359237 / 0.028316846592 = 16.018463
+// kg/m3.
+TEST(UnitSystems, SpecificQuantities) {
+    const auto imperial = [](UnitRule rule, double metric) {
+        const double value = rule(metric, UnitSystem::metric, UnitSystem::imperial);
+        EXPECT_NEAR(rule(value, UnitSystem::imperial, UnitSystem::metric), metric, 1e-9 * metric);
+        EXPECT_EQ(rule(metric, UnitSystem::metric, UnitSystem::metric), metric);
+        return value;
+    };
+    EXPECT_NEAR(imperial(convertedEnthalpy, 232.4444), 100, 1e-4);
+    EXPECT_NEAR(imperial(convertedEntropy, 4.184), 1, 1e-9);
+    EXPECT_NEAR(imperial(convertedDensity, 16.018463), 1, 1e-7);
 }
 
 }  // namespace

@@ -65,8 +65,9 @@ class PagesTest : public FormFixture<frmSelection> {
 }  // namespace
 
 TEST_F(PagesTest, TheTabChoosesWhatIsShownOfTheSelectedRow) {
-    const QStringList keys{"messages", "tecnic", "polynomials", "dimension", "limits"};
-    const QStringList pages{"lvMessages", "picTecnic", "lvPolynomials", "picDimension", "limitgraph"};
+    const QStringList keys{"messages", "tecnic", "polynomials", "dimension", "limits", "rating", "cycle"};
+    const QStringList pages{"lvMessages", "picTecnic",  "lvPolynomials", "picDimension",
+                            "limitgraph", "ratingGrid", "picCycle"};
     ASSERT_EQ(tabs()->count(), keys.size());
     for (int tab = 0; tab < keys.size(); ++tab) {
         form->MnuPopUp(keys[tab]);
@@ -311,7 +312,7 @@ TEST_F(PagesTest, AMapIsDrawnInTheUnitsOfTheForm) {
     form->MnuPopUp("limits");
     EXPECT_FALSE(hasMap()) << "the limits alone come first";
     EXPECT_EQ(form->results().mapQuantity(), QString());
-    control<QAbstractButton>(*form, "segment_capacity")->click();
+    control<QWidget>(*form, "mapQuantity")->findChild<QAbstractButton*>("segment_capacity")->click();
     ASSERT_TRUE(QTest::qWaitFor(hasMap));
     EXPECT_EQ(form->state().mapQuantity, "capacity");
     EXPECT_EQ(graph->drawing().map->unit, "kW");

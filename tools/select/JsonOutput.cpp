@@ -6,35 +6,13 @@
 #include <utility>
 
 #include "data/Texts.h"
+#include "tools/select/ConditionsJson.h"
 
 namespace marvello::select {
 
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-Json ofConditions(const Request& request) {
-    const clsProjectConditions& c = request.conditions;
-    return {{"Refrigerant", request.refrigerant},
-            {"Serie", request.series},
-            {"Models", request.models},
-            {"Market", request.market},
-            {"Ted", c.TEvaporatingDew},
-            {"Tcd", c.TCondensationDew},
-            {"ShType", codeOf(c.SuperHeatType)},
-            {"Sh", c.SuperHeat},
-            {"Sc", c.SubCooling},
-            {"OC", c.OilCooling},
-            {"OCCalculateMode", codeOf(c.OilCoolingCalculateMode)},
-            {"EcoCalculateMode", codeOf(c.EcoCalculateMode)},
-            {"Eco", c.Eco},
-            {"Fm", c.MotorHz},
-            {"MotorType", codeOf(c.MotorSize)},
-            {"MotorRPM", c.MotorRPM},
-            {"Vm", c.MotorVoltage},
-            {"InverterFrequency", c.InverterFrequency},
-            {"StepCapacity", c.StepCapacity}};
-}
 
 Json ofMotor(const clsMotor& motor) {
     return {{"id", motor.ID},
@@ -143,7 +121,7 @@ Json ofCompressor(const clsCompressor& c, const std::vector<MessageAdvice>* advi
 Json ofRun(const Run& run, LineNumber line) {
     Json object;
     if (line) object["line"] = *line;
-    object["conditions"] = ofConditions(run.request);
+    object["conditions"] = conditionsJson(run.request);
     object["aborted"] = run.selection->isAborted();
     object["count"] = run.selection->Count();
     Json& compressors = object["compressors"] = Json::array();

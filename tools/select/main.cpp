@@ -15,6 +15,7 @@
 #include "data/clsApplication.h"
 #include "thermo/RefpropLibrary.h"
 #include "tools/select/BatchRun.h"
+#include "tools/select/CycleCommand.h"
 #include "tools/select/Exit.h"
 #include "tools/select/FindCommand.h"
 #include "tools/select/MapCommand.h"
@@ -156,12 +157,14 @@ int run(int argc, char** argv) {
     app.add_flag("--list", arguments.list, "prints refrigerants, series and models");
     app.add_flag("--list-refrigerants", arguments.listRefrigerants,
                  "prints the refrigerants with safety class, GWP, ODP and temperatures");
+    const CycleCommand cycle(app);
     const FindCommand find(app);
     const MapCommand map(app);
     const RatingCommand rating(app);
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
+        if (cycle.isGiven()) return cycle.run();
         if (find.isGiven()) return find.run();
         if (map.isGiven()) return map.run();
         if (rating.isGiven()) return rating.run();

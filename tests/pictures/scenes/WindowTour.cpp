@@ -173,7 +173,7 @@ void WindowTour::showPages() const {
     calculate(*form_);
     show("results", *form_, results);
     showReport(*form_, "report");
-    for (const char* page : {"tecnic", "polynomials", "dimension", "limits", "messages"}) {
+    for (const char* page : {"tecnic", "polynomials", "dimension", "limits", "cycle", "messages"}) {
         form_->MnuPopUp(QLatin1String(page));
         show(qPrintable(QStringLiteral("page-") + QLatin1String(page)), *form_, pages);
         if (QLatin1String(page) == QLatin1String("limits")) showMap();
@@ -221,6 +221,9 @@ void WindowTour::showOtherInputs() const {
         calculate(*form_);
         show("economizer", *form_, inputs);
         showReport(*form_, "report-economizer");
+        form_->MnuPopUp(QStringLiteral("cycle"));
+        show("page-cycle-economizer", *form_, pages);
+        form_->MnuPopUp(QStringLiteral("messages"));
     }
     typeOver(*form_, "txtSH", QStringLiteral("25"));
     show("discarded", *form_, empty);
@@ -231,6 +234,9 @@ void WindowTour::showOtherInputs() const {
     showReport(*form_, "report-imperial");
     form_->MnuPopUp(QStringLiteral("limits"));
     show("page-limits-imperial", *form_, pages);
+    form_->MnuPopUp(QStringLiteral("cycle"));
+    show("page-cycle-imperial", *form_, pages);
+    form_->MnuPopUp(QStringLiteral("limits"));
     const QSize size = window_.size();
     window_.resize(560, 640);
     show("narrow");
