@@ -252,6 +252,7 @@ void CyclePicture::lineLabel(const PhLine& line, const std::vector<std::vector<D
     if (box.right > frame_.right) text.at.x -= box.right - frame_.right + edge;
     if (box.left < frame_.left) text.at.x += frame_.left - box.left + edge;
     if (box.top < frame_.top) text.at.y += frame_.top - box.top + edge;
+    if (box.bottom > frame_.bottom) text.at.y -= box.bottom - frame_.bottom + edge;
     addLabel(text);
 }
 

@@ -158,7 +158,7 @@ void CycleDiagram::zoom(double steps, const DrawnPoint& fixed) {
         return std::exp(nearer(std::log(end), std::log(middle)));
     };
     showPart({nearer(shown_.lowH, at.h), nearer(shown_.highH, at.h), nearerLog(shown_.lowP, at.p),
-          nearerLog(shown_.highP, at.p)});
+              nearerLog(shown_.highP, at.p)});
 }
 
 void CycleDiagram::moveBy(const QPointF& distance) {

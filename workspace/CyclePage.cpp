@@ -30,7 +30,6 @@ namespace marvello {
 namespace {
 
 constexpr int sideWidth = 584;
-constexpr int leastDiagram = 400;
 constexpr int leastSide = 300;
 constexpr int margin = 16;
 constexpr int rowHeight = 26;
@@ -44,6 +43,7 @@ QString labelOf(const CycleTable::Row& row) {
 
 QLabel* labelWith(const QString& text, bool isValue, QWidget* parent) {
     auto* label = new QLabel(text, parent);
+    label->setToolTip(text);  // what a narrow page cuts
     label->setFont(lookFont());
     label->setAlignment(isValue ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
     QPalette colours = label->palette();
@@ -206,6 +206,7 @@ void CyclePage::arrange() {
     side_->setVisible(hasRoom);
     constexpr int scrollBar = 12;
     const int wanted = std::max(sideWidth, states_->header()->length() + scrollBar);
+    const int leastDiagram = std::max(leastSide, width() * 2 / 5);
     side_->setFixedWidth(std::clamp(width() - leastDiagram, leastSide, wanted));
 }
 
