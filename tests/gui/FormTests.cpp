@@ -487,5 +487,5 @@ TEST_F(FormTest, AGroupRowEmptiesTheLimits) {
     for (const QAction* entry : form->findChild<QMenu*>(QStringLiteral("mnu_cpspopup"))->actions())
         if (!entry->isSeparator()) entries += entry->objectName().mid(13);
     EXPECT_EQ(entries, QStringList({"messages", "tecnic", "polynomials", "dimension", "limits", "rating",
-                                    "cycle", "copyclipboard", "printpreview", "print"}));
+                                    "cycle", "calculation", "copyclipboard", "printpreview", "print"}));
 }
