@@ -25,8 +25,11 @@ constexpr int cellWidth = 82;
 constexpr int cellHeight = 26;
 constexpr int headHeight = 34;
 constexpr int captionWidth = 96;
+constexpr int cornerPadding = 4;
 constexpr int sidePadding = 10;
 constexpr int markSize = 12;
+
+QFont captionFont() { return lookFont(12, QFont::Medium); }
 
 }  // namespace
 
@@ -82,8 +85,10 @@ class RatingGrid::Captions : public QHeaderView {
     }
 
     QSize sizeHint() const override {
-        return orientation() == Qt::Horizontal ? QSize(cellWidth, headHeight)
-                                               : QSize(captionWidth, cellHeight);
+        if (orientation() == Qt::Horizontal) return {cellWidth, headHeight};
+        constexpr int reserve = 2;  // that a label rounds up
+        const int corner = QFontMetrics(captionFont()).horizontalAdvance(model_.table().corner) + reserve;
+        return {std::max(captionWidth, corner + cornerPadding + sidePadding), cellHeight};
     }
 
   protected:
@@ -187,9 +192,10 @@ RatingGrid::RatingGrid(QWidget* parent)
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setTabKeyNavigation(false);
     setMouseTracking(true);
-    corner_->setFont(lookFont(12, QFont::Medium));
+    corner_->setFont(captionFont());
     corner_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    corner_->setContentsMargins(4, 0, sidePadding, 0);
+    corner_->setObjectName(QStringLiteral("corner"));
+    corner_->setContentsMargins(cornerPadding, 0, sidePadding, 0);
     corner_->setAutoFillBackground(true);
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex& cell) { emit chosen(cell.row(), cell.column()); });

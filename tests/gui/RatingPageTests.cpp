@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
@@ -76,6 +77,15 @@ class RatingPageTest : public ::testing::Test, public marvello::testing::RealFor
     }
     static QString clipboard() { return QApplication::clipboard()->text(); }
 };
+
+TEST_F(RatingPageTest, TheCornerHasRoomForItsTextInEveryLanguage) {
+    for (const char* language : {"de-DE", "fr-FR", "it-IT", "es-ES", "cn-CN", "en-EN"}) {
+        window->chooseLanguage(language);
+        ASSERT_TRUE(wait());
+        const auto* corner = control<QLabel>(*grid(), "corner");
+        EXPECT_GE(corner->width(), corner->sizeHint().width()) << language;
+    }
+}
 
 TEST_F(RatingPageTest, ACellIsWhatTheListShowsAtItsPoint) {
     EXPECT_EQ(heads(Qt::Horizontal),
