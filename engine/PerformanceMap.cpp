@@ -154,7 +154,7 @@ double roughnessOf(const PerformanceMap& finer, const clsLimits& limits) {
             if (step == 0 || !isWithin(within, field.place(point))) continue;
             const auto value = [&](int node) { return field.valueAt(node); };
             if (!value(point - step) || !value(point) || !value(point + step)) continue;
-            const auto [least, most] = std::minmax(*value(point - step), *value(point + step));
+            const auto [least, most] = std::minmax({*value(point - step), *value(point + step)});
             const auto above = std::ranges::upper_bound(levels, least);
             if (above == levels.end() || *above >= most) continue;
             roughness = std::max(roughness, std::abs(*value(point) - (least + most) / 2) / range.width());
