@@ -14,10 +14,7 @@ namespace marvello::select {
 CycleCommand::CycleCommand(CLI::App& app)
     : command_(app.add_subcommand("cycle", "Shows the cycle of one compressor.")),
       language_(defaultLanguage) {
-    for (const RequestOption& option : requestOptions()) {
-        const std::string name(option.name);
-        command_->add_option("--" + name, given_[name], std::string(option.help));
-    }
+    selection_.addTo(*command_);
     command_->add_option("--format", format_, "json or svg (json)");
     command_->add_option("--units", units_, "units of a picture: si or ip (si)");
     command_->add_option("--language", language_, "language of the texts (en-EN)");
@@ -31,9 +28,7 @@ int CycleCommand::run() const {
     openCatalogue(language_);
     const Choices choices = catalogueChoices();
     Request request;
-    for (const RequestOption& option : requestOptions())
-        if (command_->count("--" + std::string(option.name)) > 0)
-            readOption(request, option, given_.at(std::string(option.name)), choices);
+    selection_.read(request, choices);
     oneCompressor(request, *preparedCatalogue(gDatabase()));
     const Run run = carryOut(request);
     for (const std::string& remark : run.remarks) complain(remark, done);

@@ -2,8 +2,9 @@
 
 #include <CLI/CLI.hpp>
 
-#include <map>
 #include <string>
+
+#include "tools/select/SelectionOptions.h"
 
 namespace marvello::select {
 
@@ -20,7 +21,7 @@ class CycleCommand {
 
   private:
     CLI::App* command_;
-    std::map<std::string, std::string> given_;  ///< By name of the option.
+    SelectionOptions selection_;
     std::string format_ = "json";
     std::string units_ = "si";
     std::string language_;

@@ -45,10 +45,7 @@ const ExplainFormat& formatOf(const std::string& name) {
 ExplainCommand::ExplainCommand(CLI::App& app)
     : command_(app.add_subcommand("explain", "Lays the calculation of one compressor open.")),
       language_(defaultLanguage) {
-    for (const RequestOption& option : requestOptions()) {
-        const std::string name(option.name);
-        command_->add_option("--" + name, given_[name], std::string(option.help));
-    }
+    selection_.addTo(*command_);
     command_->add_option("--format", format_, "text, markdown, html or json (text)");
     command_->add_option("--language", language_, "language of the texts (en-EN)");
     command_->add_option("--app-folder", folder_, "folder with db.mdb, the fluid library and Fluids");
@@ -60,9 +57,7 @@ int ExplainCommand::run() const {
     openCatalogue(language_);
     const Choices choices = catalogueChoices();
     Request request;
-    for (const RequestOption& option : requestOptions())
-        if (command_->count("--" + std::string(option.name)) > 0)
-            readOption(request, option, given_.at(std::string(option.name)), choices);
+    selection_.read(request, choices);
     checkRequest(request);
     const auto catalogue = preparedCatalogue(gDatabase());
     const PreparedCompressor& compressor = oneCompressor(request, *catalogue);

@@ -2,8 +2,9 @@
 
 #include <CLI/CLI.hpp>
 
-#include <map>
 #include <string>
+
+#include "tools/select/SelectionOptions.h"
 
 namespace marvello::select {
 
@@ -20,7 +21,7 @@ class ExplainCommand {
 
   private:
     CLI::App* command_;
-    std::map<std::string, std::string> given_;  ///< By name of the option.
+    SelectionOptions selection_;
     std::string format_ = "text";
     std::string language_;
     std::string folder_;

@@ -36,8 +36,7 @@ FindCommand::FindCommand(CLI::App& app)
     for (const FindOption& option : findOptions()) add(option.name, option.help);
     command_->add_flag("--heating", isHeating_, "the capacity is that of the condenser");
     command_->add_flag("--steps", hasSteps_, "capacity steps below 100 % may be used");
-    for (const RequestOption& option : requestOptions())
-        if (isFindOption(option)) add(option.name, option.help);
+    selection_.addTo(*command_, isFindOption);
     command_->add_option("--language", language_, "language of the texts (en-EN)");
     command_->add_option("--format", format_, "table, csv or json");
     command_->add_option("--app-folder", folder_, "folder with db.mdb, the fluid library and Fluids");
@@ -56,9 +55,7 @@ int FindCommand::run() const {
     for (const FindOption& option : findOptions())
         if (isStated(option.name)) readOption(question, option, given_.at(std::string(option.name)));
     Request base;
-    for (const RequestOption& option : requestOptions())
-        if (isFindOption(option) && isStated(option.name))
-            readOption(base, option, given_.at(std::string(option.name)), choices);
+    selection_.read(base, choices);
     FindRequest& request = question.request;
     request.conditions = base.conditions;
     request.markets = base.market;

@@ -5,6 +5,8 @@
 #include <map>
 #include <string>
 
+#include "tools/select/SelectionOptions.h"
+
 namespace marvello::select {
 
 /// The command "find" of marvello-select: the compressors for a needed capacity.
@@ -20,7 +22,8 @@ class FindCommand {
 
   private:
     CLI::App* command_;
-    std::map<std::string, std::string> given_;  ///< By name of the option.
+    std::map<std::string, std::string> given_;  ///< By name; besides the options of a selection.
+    SelectionOptions selection_;
     bool isHeating_ = false;
     bool hasSteps_ = false;
     std::string format_ = "table";

@@ -76,11 +76,7 @@ std::vector<PerformanceRow> rowsOver(const MapGrid& grid, const PreparedCompress
 MapCommand::MapCommand(CLI::App& app)
     : command_(app.add_subcommand("map", "Writes a compressor over its application limit.")),
       language_(defaultLanguage) {
-    for (const RequestOption& option : requestOptions())
-        if (isRatingOption(option)) {
-            const std::string name(option.name);
-            command_->add_option("--" + name, given_[name], std::string(option.help));
-        }
+    selection_.addTo(*command_, isRatingOption);
     command_->add_option(
         "--grid", grid_,
         "evaporating by condensing temperatures, 2x2 to 1001x1001, evenly over the rectangle "
@@ -100,9 +96,7 @@ int MapCommand::run() const {
     // Those of the points take their place.
     request.conditions.TEvaporatingDew = 0;
     request.conditions.TCondensationDew = 0;
-    for (const RequestOption& option : requestOptions())
-        if (isRatingOption(option) && command_->count("--" + std::string(option.name)) > 0)
-            readOption(request, option, given_.at(std::string(option.name)), choices);
+    selection_.read(request, choices);
     const auto catalogue = preparedCatalogue(gDatabase());
     const PreparedCompressor& compressor = oneCompressor(request, *catalogue);
     const CollectedBoxes said;  // what a point failed at is its state

@@ -99,8 +99,7 @@ RatingCommand::RatingCommand(CLI::App& app)
         command_->add_option("--" + std::string(name), given_[std::string(name)], std::string(help));
     };
     for (const RatingOption& option : ratingOptions()) add(option.name, option.help);
-    for (const RequestOption& option : requestOptions())
-        if (isRatingOption(option)) add(option.name, option.help);
+    selection_.addTo(*command_, isRatingOption);
     command_->add_option("--language", language_, "language of the texts (en-EN)");
     command_->add_option("--app-folder", folder_, "folder with db.mdb, the fluid library and Fluids");
 }
@@ -115,9 +114,7 @@ int RatingCommand::run() const {
     RatingQuestion question;
     for (const RatingOption& option : ratingOptions())
         if (isStated(option.name)) readOption(question, option, given_.at(std::string(option.name)));
-    for (const RequestOption& option : requestOptions())
-        if (isRatingOption(option) && isStated(option.name))
-            readOption(question.request, option, given_.at(std::string(option.name)), choices);
+    selection_.read(question.request, choices);
     complete(question);
     const auto catalogue = preparedCatalogue(gDatabase());
     const PreparedCompressor& compressor = oneCompressor(question.request, *catalogue);

@@ -5,6 +5,8 @@
 #include <map>
 #include <string>
 
+#include "tools/select/SelectionOptions.h"
+
 namespace marvello::select {
 
 /// The command "rating" of marvello-select: a compressor over its operating points, as a table or as
@@ -21,7 +23,8 @@ class RatingCommand {
 
   private:
     CLI::App* command_;
-    std::map<std::string, std::string> given_;  ///< By name of the option.
+    std::map<std::string, std::string> given_;  ///< By name; besides the options of a selection.
+    SelectionOptions selection_;
     std::string language_;
     std::string folder_;
 };
