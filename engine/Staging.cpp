@@ -72,21 +72,22 @@ double minSpecificPower(std::span<const StagedMachines> group) {
 class LeastPower {
   public:
     /// From an answer that is one of the combinations.
-    LeastPower(std::span<StagedMachines> group, double needed, const Degradation& degradation, Stage known)
+    LeastPower(std::span<StagedMachines> group, double needed, const Degradation& degradation,
+               StagedLoad known)
         : group_(group),
           needed_(needed),
           degradation_(degradation),
           minSpecificPower_(minSpecificPower(group)),
           best_(answerOf(std::move(known))) {}
 
-    Stage find() {
+    StagedLoad find() {
         std::vector<std::size_t> kinds;
         for (std::size_t kind = 0; kind < group_.size(); ++kind)
             if (canRun(group_[kind])) kinds.push_back(kind);
         // Those on the mains first: a good answer spares solving for the inverter.
         std::ranges::stable_partition(kinds, [this](std::size_t kind) { return !isInverter(group_[kind]); });
         for (const std::size_t kind : kinds) trimWith(kind);
-        return std::move(best_.stage);
+        return std::move(best_.met);
     }
 
   private:
@@ -101,18 +102,18 @@ class LeastPower {
         double power, left, minTotal;
     };
     struct Answer {
-        Stage stage;
+        StagedLoad met;
         double power;
         int machines;
         std::vector<double> loads;  // by kind
     };
 
-    Answer answerOf(Stage stage) const {
-        Answer answer{.stage = std::move(stage), .power = 0, .machines = 0, .loads = {}};
-        answer.power = answer.stage.power();
-        answer.machines = answer.stage.machines();
+    Answer answerOf(StagedLoad met) const {
+        Answer answer{.met = std::move(met), .power = 0, .machines = 0, .loads = {}};
+        answer.power = answer.met.power();
+        answer.machines = answer.met.machines();
         answer.loads.resize(group_.size());
-        for (const RunningMachines& machines : answer.stage.running)
+        for (const RunningMachines& machines : answer.met.running)
             answer.loads[machines.kind] += machines.capacity();
         return answer;
     }
@@ -166,8 +167,8 @@ class LeastPower {
     }
 
     void take(const Rest& rest) {
-        Stage stage;
-        std::vector<RunningMachines>& running = stage.running;
+        StagedLoad met;
+        std::vector<RunningMachines>& running = met.running;
         for (const Unit& unit : rest.units) {
             if (unit.state == off) continue;
             const RunningState& state = group_[unit.kind].states[static_cast<std::size_t>(unit.state)];
@@ -181,7 +182,7 @@ class LeastPower {
             std::ranges::move(trimmed(group_[trimming_], trimming_, rest.left, degradation_),
                               std::back_inserter(running));
         std::ranges::stable_sort(running, {}, &RunningMachines::kind);
-        Answer answer = answerOf(std::move(stage));
+        Answer answer = answerOf(std::move(met));
         if (isBetter(answer)) best_ = std::move(answer);
     }
 
@@ -207,22 +208,22 @@ class LeastPower {
 };
 
 /// The first machines at their highest capacity, then one that trims.
-Stage inSequence(std::span<StagedMachines> group, double needed, const Degradation& degradation) {
-    Stage stage;
+StagedLoad inSequence(std::span<StagedMachines> group, double needed, const Degradation& degradation) {
+    StagedLoad met;
     for (std::size_t kind = 0; kind < group.size(); ++kind) {
         if (!canRun(group[kind])) continue;
         const RunningState highest = group[kind].states.back();
         const int full =
             static_cast<int>(std::min<double>(group[kind].count, needed / highest.capacity * (1 + lastBits)));
-        if (full > 0) stage.running.push_back({.kind = kind, .count = full, .state = highest});
+        if (full > 0) met.running.push_back({.kind = kind, .count = full, .state = highest});
         needed = std::max(0.0, needed - full * highest.capacity);
         if (full == group[kind].count) continue;
         if (needed > lastBits * highest.capacity)
             std::ranges::move(trimmed(group[kind], kind, needed, degradation),
-                              std::back_inserter(stage.running));
+                              std::back_inserter(met.running));
         break;
     }
-    return stage;
+    return met;
 }
 
 double highestCapacity(std::span<const StagedMachines> group) {
@@ -234,19 +235,19 @@ double highestCapacity(std::span<const StagedMachines> group) {
 
 }  // namespace
 
-double Stage::capacity() const {
+double StagedLoad::capacity() const {
     double sum = 0;
     for (const RunningMachines& machines : running) sum += machines.capacity();
     return sum;
 }
 
-double Stage::power() const {
+double StagedLoad::power() const {
     double sum = 0;
     for (const RunningMachines& machines : running) sum += machines.power();
     return sum;
 }
 
-int Stage::machines() const {
+int StagedLoad::machines() const {
     int count = 0;
     const RunningMachines* last = nullptr;
     for (const RunningMachines& machines : running) {
@@ -258,19 +259,20 @@ int Stage::machines() const {
     return count;
 }
 
-double Stage::intermittent() const {
+double StagedLoad::intermittent() const {
     double share = 0;
     for (const RunningMachines& machines : running) share += machines.share;
     return std::ceil(share - lastBits) - share;
 }
 
-Stage stageOf(std::span<StagedMachines> group, double needed, Staging staging,
-              const Degradation& degradation) {
+StagedLoad sharedLoad(std::span<StagedMachines> group, double needed, Staging staging,
+                      const Degradation& degradation) {
     if (needed <= 0) return {};
-    Stage known = inSequence(group, needed, degradation);
+    StagedLoad known = inSequence(group, needed, degradation);
+    const double missing = needed - highestCapacity(group);
+    if (missing > lastBits * needed) known.unmet = missing;
     // One order of the machines is as good as another when all run at their highest capacity.
-    const bool isTooSmall = highestCapacity(group) <= needed * (1 + lastBits);
-    if (staging == Staging::sequence || isTooSmall) return known;
+    if (staging == Staging::sequence || missing > -lastBits * needed) return known;
     return LeastPower(group, needed, degradation, std::move(known)).find();
 }
 

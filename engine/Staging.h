@@ -55,8 +55,10 @@ struct RunningMachines {
 };
 
 /// How a group meets a load.
-struct Stage {
+struct StagedLoad {
     std::vector<RunningMachines> running{};  ///< In the order of the group, the highest state first.
+
+    double unmet = 0;  ///< What is needed beyond the highest capacity of the group, kW.
 
     double capacity() const;  ///< kW
     double power() const;     ///< kW
@@ -68,7 +70,7 @@ struct Stage {
 
 /// Returns how a group meets a needed capacity, kW. A group that is too small runs at its highest capacity.
 /// What is solved for an inverter is added to its states.
-Stage stageOf(std::span<StagedMachines> group, double needed, Staging staging,
-              const Degradation& degradation);
+StagedLoad sharedLoad(std::span<StagedMachines> group, double needed, Staging staging,
+                      const Degradation& degradation);
 
 }  // namespace marvello

@@ -26,13 +26,13 @@ StagedMachines inverter() {
     return {.states = {at(40), at(120)}, .solve = at};
 }
 
-Stage stage(std::vector<StagedMachines> group, double needed, Staging staging = Staging::power,
-            const Degradation& degradation = none) {
-    return stageOf(group, needed, staging, degradation);
+StagedLoad stage(std::vector<StagedMachines> group, double needed, Staging staging = Staging::power,
+                 const Degradation& degradation = none) {
+    return sharedLoad(group, needed, staging, degradation);
 }
 
 TEST(Staging, AMachineAlternatesBetweenNeighbouringSteps) {
-    const Stage met = stage({stepped()}, 70);
+    const StagedLoad met = stage({stepped()}, 70);
     // A quarter of the way from 60 to 100 kW, and from 20 to 30 kW.
     ASSERT_EQ(met.running.size(), 2U);
     EXPECT_EQ(met.running[0].state.step, 100);
@@ -47,7 +47,7 @@ TEST(Staging, AMachineAlternatesBetweenNeighbouringSteps) {
 
 TEST(Staging, BelowItsLowestStepAMachineRunsIntermittently) {
     // Half of 60 kW: half of the time, and a COP of 3 * (1 - 0.25 * 0.5) = 2.625.
-    const Stage met = stage({stepped()}, 30, Staging::power, quarter);
+    const StagedLoad met = stage({stepped()}, 30, Staging::power, quarter);
     ASSERT_EQ(met.running.size(), 1U);
     EXPECT_DOUBLE_EQ(met.running[0].share, 0.5);
     EXPECT_DOUBLE_EQ(met.running[0].degradation, 0.875);
@@ -60,11 +60,11 @@ TEST(Staging, BelowItsLowestStepAMachineRunsIntermittently) {
 }
 
 TEST(Staging, AnInverterTakesTheFrequencyThatIsMissing) {
-    const Stage met = stage({inverter()}, 90);
+    const StagedLoad met = stage({inverter()}, 90);
     ASSERT_EQ(met.running.size(), 1U);
     EXPECT_EQ(met.running[0].state.frequency, 45);
     EXPECT_DOUBLE_EQ(met.power(), 32);
-    const Stage below = stage({inverter()}, 10, Staging::power, quarter);
+    const StagedLoad below = stage({inverter()}, 10, Staging::power, quarter);
     EXPECT_EQ(below.running[0].state.frequency, 20);
     EXPECT_DOUBLE_EQ(below.running[0].share, 0.25);
 }
@@ -72,7 +72,7 @@ TEST(Staging, AnInverterTakesTheFrequencyThatIsMissing) {
 TEST(Staging, AGroupRunsAtLeastPower) {
     // 160 kW of two machines and an inverter. Two machines at 100 and 60 kW take 50 kW. One at 100 kW and the
     // inverter at 60 kW take 30 + 22 = 52 kW.
-    const Stage two = stage({stepped(2), inverter()}, 160);
+    const StagedLoad two = stage({stepped(2), inverter()}, 160);
     EXPECT_DOUBLE_EQ(two.power(), 50);
     EXPECT_EQ(two.machines(), 2);
     ASSERT_EQ(two.running.size(), 2U);
@@ -80,14 +80,14 @@ TEST(Staging, AGroupRunsAtLeastPower) {
     EXPECT_EQ(two.running[1].state.capacity, 60);
     // 210 kW: 100 and 110 kW by the inverter take 30 + 38.667 kW; with two at 100 kW and the inverter a
     // quarter of its lowest capacity 60 + 0.25 * 15.333 = 63.833 kW.
-    const Stage three = stage({stepped(2), inverter()}, 210);
+    const StagedLoad three = stage({stepped(2), inverter()}, 210);
     EXPECT_NEAR(three.power(), 63.8333333333, 1e-9);
     EXPECT_EQ(three.running[0].count, 2);
     EXPECT_EQ(three.machines(), 3);
 }
 
 TEST(Staging, TheSequenceLoadsOneAfterTheOther) {
-    const Stage met = stage({inverter(), stepped(2)}, 250, Staging::sequence);
+    const StagedLoad met = stage({inverter(), stepped(2)}, 250, Staging::sequence);
     ASSERT_EQ(met.running.size(), 3U);
     EXPECT_EQ(met.running[0].state.frequency, 60);
     EXPECT_EQ(met.running[1].state.capacity, 100);
@@ -98,11 +98,14 @@ TEST(Staging, TheSequenceLoadsOneAfterTheOther) {
 
 TEST(Staging, WhatCannotBeMetIsMissing) {
     for (const Staging staging : {Staging::power, Staging::sequence}) {
-        const Stage met = stage({stepped(2), inverter()}, 400, staging);
+        const StagedLoad met = stage({stepped(2), inverter()}, 400, staging);
         EXPECT_DOUBLE_EQ(met.capacity(), 320);
+        EXPECT_DOUBLE_EQ(met.unmet, 80);
         EXPECT_DOUBLE_EQ(met.power(), 102);
         EXPECT_TRUE(stage({stepped()}, 0, staging).running.empty());
         EXPECT_TRUE(stage({StagedMachines{}}, 10, staging).running.empty());
+        EXPECT_EQ(stage({StagedMachines{}}, 10, staging).unmet, 10);
+        EXPECT_EQ(stage({stepped(), inverter()}, 220, staging).unmet, 0);
         EXPECT_DOUBLE_EQ(stage({StagedMachines{.count = 2}, stepped()}, 100, staging).power(), 30);
     }
 }
@@ -111,7 +114,7 @@ TEST(Staging, OfEqualPowerFewerMachinesRunAndTheFirstOnes) {
     const StagedMachines whole{.states = {{100, 30}}};
     const StagedMachines half{.states = {{50, 15}}};
     EXPECT_EQ(stage({half, half, whole}, 100).machines(), 1);
-    const Stage first = stage({whole, whole, half}, 100);
+    const StagedLoad first = stage({whole, whole, half}, 100);
     ASSERT_EQ(first.running.size(), 1U);
     EXPECT_EQ(first.running[0].kind, 0U);
     EXPECT_EQ(stage({half, whole, whole}, 150).running[1].kind, 1U);
@@ -233,10 +236,10 @@ TEST(Staging, IsAsGoodAsAllCombinations) {
         double best = std::numeric_limits<double>::infinity();
         for (std::size_t trimming = 0; trimming < random.units.size(); ++trimming)
             best = std::min(best, bruteForce(random.units, trimming, 0, needed, 0, degradation));
-        const Stage met = stageOf(random.group, needed, Staging::power, degradation);
+        const StagedLoad met = sharedLoad(random.group, needed, Staging::power, degradation);
         EXPECT_NEAR(met.power(), best, 1e-8 * best);
         EXPECT_NEAR(met.capacity(), needed, 1e-9 * needed);
-        const Stage sequence = stageOf(random.group, needed, Staging::sequence, degradation);
+        const StagedLoad sequence = sharedLoad(random.group, needed, Staging::sequence, degradation);
         EXPECT_NEAR(sequence.capacity(), needed, 1e-9 * needed);
         EXPECT_GE(sequence.power(), best * (1 - 1e-9));
     }
