@@ -9,6 +9,7 @@
 #include "tools/select/InLoop.h"
 #include "tools/select/PartLoadOutput.h"
 #include "tools/select/PartLoadQuestion.h"
+#include "tools/select/PutBack.h"
 #include "tools/select/Run.h"
 
 namespace marvello::select {
@@ -48,6 +49,8 @@ int PartLoadCommand::run() const {
     const CollectedBoxes said;  // what a state failed at is its message
     const auto table = inLoop(call.request.conditions, 0,
                               [&](const PointLoop& loop) { return partLoadTable(question, loop); });
+    for (const std::string& remark : putBackRemarks({{compressor.Serie, table->full.state.at.putBack}}))
+        complain(remark, done);
     if (!table->full.share)
         return complain(name + " has no capacity at this operating point: " + errorText(table->full),
                         nothingMatches);

@@ -7,6 +7,7 @@
 #include "data/Numbers.h"
 #include "data/Texts.h"
 #include "tools/select/NumberList.h"
+#include "tools/select/WordOf.h"
 
 namespace marvello::select {
 
@@ -48,27 +49,22 @@ void readFrequencies(PartLoadCall& call, const std::string& text) {
 
 /// A form, and behind ":" its coefficient.
 void readDegradation(PartLoadCall& call, const std::string& text) {
-    constexpr std::array forms{std::pair{"none", Form::none},
-                               std::pair{"condensing-unit", Form::condensingUnit},
-                               std::pair{"chiller", Form::chiller}};
     const auto parts = splitText(text, ':');
-    const auto* const form = std::ranges::find_if(
-        forms, [&](const auto& each) { return equalIgnoringCase(trimmed(parts[0]), each.first); });
-    if (form == forms.end() || parts.size() > 2 || (parts.size() == 2 && form->second == Form::none))
-        throw BadRequest("\"" + text + "\" is not one of none, condensing-unit:0.25, chiller:0.9");
-    call.degradation = usualDegradation(form->second);
+    const Form form = wordOf(parts[0], std::array{std::pair{"none", Form::none},
+                                                  std::pair{"condensing-unit", Form::condensingUnit},
+                                                  std::pair{"chiller", Form::chiller}});
+    call.degradation = usualDegradation(form);
+    if (parts.size() == 1) return;
+    if (parts.size() > 2 || form == Form::none)
+        throw BadRequest("\"" + text + "\" is not a rule such as condensing-unit:0.25");
     constexpr Range coefficients{0, 0.99, ""};
-    if (parts.size() == 2) call.degradation.coefficient = numberIn(trimmed(parts[1]), coefficients);
+    call.degradation.coefficient = numberIn(trimmed(parts[1]), coefficients);
 }
 
 void readFormat(PartLoadCall& call, const std::string& text) {
-    constexpr std::array formats{std::pair{"table", PartLoadFormat::table},
-                                 std::pair{"csv", PartLoadFormat::csv},
-                                 std::pair{"json", PartLoadFormat::json}};
-    const auto* const format = std::ranges::find_if(
-        formats, [&](const auto& each) { return equalIgnoringCase(trimmed(text), each.first); });
-    if (format == formats.end()) throw BadRequest("\"" + text + "\" is not one of table, csv, json");
-    call.format = format->second;
+    call.format = wordOf(
+        text, std::array{std::pair{"table", PartLoadFormat::table}, std::pair{"csv", PartLoadFormat::csv},
+                         std::pair{"json", PartLoadFormat::json}});
 }
 
 constexpr std::array options = {

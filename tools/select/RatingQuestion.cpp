@@ -8,22 +8,13 @@
 #include "data/Texts.h"
 #include "results/PerformanceRows.h"
 #include "tools/select/NumberList.h"
+#include "tools/select/WordOf.h"
 
 namespace marvello::select {
 
 namespace {
 
 constexpr Range temperatures{-200, 400, "degrees Celsius"};
-
-template <class Value, std::size_t count>
-Value wordOf(const std::string& text, const std::array<std::pair<const char*, Value>, count>& words) {
-    std::string allowed;
-    for (const auto& [word, value] : words) {
-        if (equalIgnoringCase(trimmed(text), word)) return value;
-        allowed += (allowed.empty() ? "" : ", ") + std::string(word);
-    }
-    throw BadRequest("\"" + text + "\" is not one of " + allowed);
-}
 
 void readQuantity(RatingQuestion& question, const std::string& text) {
     std::vector<std::string> names;
