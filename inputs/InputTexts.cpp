@@ -41,7 +41,11 @@ std::string unitText(const SelectionInputs& inputs, Input input) {
 
 EnteredQuantity readInput(const SelectionInputs& inputs, Input input, std::string_view text) {
     const Quantity quantity = input == Input::economizer ? Quantity::number : inputs.quantity(input);
-    return readQuantity(text, quantity, typedUnit(quantity, inputs.units()));
+    return readTyped(quantity, inputs.units(), text);
+}
+
+EnteredQuantity readTyped(Quantity quantity, UnitSystem units, std::string_view text) {
+    return readQuantity(text, quantity, typedUnit(quantity, units));
 }
 
 }  // namespace marvello

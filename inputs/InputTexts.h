@@ -20,5 +20,7 @@ std::string unitText(const SelectionInputs& inputs, Input input);
 /// Reads what was typed for a number: in its unit or another one of its quantity, or as a sum. The value of
 /// the economizer is a plain number.
 EnteredQuantity readInput(const SelectionInputs& inputs, Input input, std::string_view text);
+/// The same for a quantity that is no input of the form.
+EnteredQuantity readTyped(Quantity quantity, UnitSystem units, std::string_view text);
 
 }  // namespace marvello

@@ -18,25 +18,6 @@ constexpr std::array<Figure, 6> columns{Figure::capacity, Figure::power,    Figu
 
 std::string fieldOf(std::optional<double> value) { return value ? storedText(*value) : std::string(); }
 
-/// A mean has no one current and no one discharge temperature: they are those of its states.
-std::optional<double> valueOf(const LoadRun& run, Figure figure) {
-    if (run.kind == Kind::none) return std::nullopt;
-    if (run.kind == Kind::steady || run.kind == Kind::tooSmall)
-        return marvello::valueOf(run.running.front().state.performance, figure);
-    switch (figure) {
-        case Figure::capacity:
-            return run.capacity;
-        case Figure::power:
-            return run.power;
-        case Figure::cop:
-            return run.cop;
-        case Figure::massFlow:
-            return run.massFlow;
-        default:
-            return std::nullopt;
-    }
-}
-
 void addState(std::vector<std::string>& fields, const PreparedCompressor& compressor,
               const TimedState* timed) {
     if (timed == nullptr) {
@@ -75,6 +56,24 @@ std::string lineOf(const PreparedCompressor& compressor, const PartLoad& load) {
 }
 
 }  // namespace
+
+std::optional<double> valueOf(const LoadRun& run, Figure figure) {
+    if (run.kind == Kind::none) return std::nullopt;
+    if (run.kind == Kind::steady || run.kind == Kind::tooSmall)
+        return marvello::valueOf(run.running.front().state.performance, figure);
+    switch (figure) {
+        case Figure::capacity:
+            return run.capacity;
+        case Figure::power:
+            return run.power;
+        case Figure::cop:
+            return run.cop;
+        case Figure::massFlow:
+            return run.massFlow;
+        default:
+            return std::nullopt;
+    }
+}
 
 std::string_view nameOf(LoadRun::Kind kind) {
     constexpr std::array<std::string_view, 5> names{"none", "steady", "blended", "intermittent", "tooSmall"};

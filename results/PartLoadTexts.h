@@ -17,6 +17,10 @@ std::string stateText(const PreparedCompressor& compressor, const CapacityState&
 /// no state is possible is the error's matter: then it is empty.
 std::string runText(const PreparedCompressor& compressor, const LoadRun& run, const NumberMarks& marks = {});
 
+/// Returns a figure of a load that is met. A mean has no one current and no one discharge temperature: they
+/// are those of its states.
+std::optional<double> valueOf(const LoadRun& run, Figure figure);
+
 /// Returns the name of a kind in files and scripts, such as "blended".
 std::string_view nameOf(LoadRun::Kind kind);
 

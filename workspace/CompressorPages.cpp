@@ -19,6 +19,7 @@
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/MappedLimits.h"
+#include "workspace/PartLoadPage.h"
 #include "workspace/PolynomialsPage.h"
 #include "workspace/RatingPage.h"
 #include "workspace/TechnicalPage.h"
@@ -28,7 +29,7 @@ namespace marvello {
 
 namespace {
 
-constexpr std::array<CompressorPages::Page, 8> allPages{{
+constexpr std::array<CompressorPages::Page, 9> allPages{{
     {"messages", "frmselection.tabstrip.tabs.messages", "mdimain.menu.cpspopup.messages"},
     {"tecnic", "frmselection.tabstrip.tabs.tecnic", "mdimain.menu.cpspopup.tecnicaldata"},
     {"polynomials", "frmselection.tabstrip.tabs.polynomials", "mdimain.menu.cpspopup.polynomials"},
@@ -37,6 +38,7 @@ constexpr std::array<CompressorPages::Page, 8> allPages{{
     {"rating", "frmselection.tabstrip.tabs.rating", "mdimain.menu.cpspopup.rating", true},
     {"cycle", "frmselection.tabstrip.tabs.cycle", "mdimain.menu.cpspopup.cycle", true},
     {"calculation", "frmselection.tabstrip.tabs.calculation", "mdimain.menu.cpspopup.calculation", true},
+    {"partload", "frmselection.tabstrip.tabs.partload", "mdimain.menu.cpspopup.partload", true},
 }};
 
 }  // namespace
@@ -72,8 +74,10 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     connect(cycle_, &CyclePage::printWanted, this, [this] { emit printWanted(QStringLiteral("cycle")); });
     calculation_ = new CalculationPage(pages_);
     connect(calculation_, &CalculationPage::exported, this, &CompressorPages::exported);
+    partLoad_ = new PartLoadPage(inputs_, pages_);
+    connect(partLoad_, &PartLoadPage::exported, this, &CompressorPages::exported);
     for (QWidget* page : std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_,
-                                                         limits_, rating_, cycle_, calculation_})
+                                                         limits_, rating_, cycle_, calculation_, partLoad_})
         pages_->addWidget(page);
 
     auto* column = new QVBoxLayout(this);
@@ -100,6 +104,7 @@ void CompressorPages::translate() {
     mappedLimits_->translate();
     rating_->translate();
     calculation_->translate();
+    partLoad_->translate();
 }
 
 QString CompressorPages::tabText(QWidget* page) const { return TabStrip_->tabText(pages_->indexOf(page)); }
@@ -131,6 +136,7 @@ void CompressorPages::clear() {
     rating_->clear();
     cycle_->clear();
     calculation_->clear();
+    partLoad_->clear();
 }
 
 void CompressorPages::setFollowed() {
@@ -167,6 +173,7 @@ void CompressorPages::showCompressor(const clsCompressor* compressor, const QStr
     if (page == u"calculation" && conditions) calculation_->showCompressor(*compressor, *conditions);
     if (page == u"rating" && conditions) rating_->showCompressor(*compressor, *conditions);
     if (page == u"cycle") fillCycle(*compressor);
+    if (page == u"partload" && conditions) partLoad_->showCompressor(*compressor, *conditions);
 }
 
 void CompressorPages::fillTechnical(const clsCompressor& compressor) {

@@ -19,6 +19,7 @@ class DimensionPage;
 class LimitsPage;
 class MappedLimits;
 class MessagesView;
+class PartLoadPage;
 class PolynomialsPage;
 class RatingPage;
 class TabStrip;
@@ -100,6 +101,7 @@ class CompressorPages : public QWidget {
     RatingPage* rating_;
     CyclePage* cycle_;
     CalculationPage* calculation_;
+    PartLoadPage* partLoad_;
 };
 
 }  // namespace marvello

@@ -65,10 +65,10 @@ class PagesTest : public FormFixture<frmSelection> {
 }  // namespace
 
 TEST_F(PagesTest, TheTabChoosesWhatIsShownOfTheSelectedRow) {
-    const QStringList keys{"messages", "tecnic", "polynomials", "dimension",
-                           "limits",   "rating", "cycle",       "calculation"};
-    const QStringList pages{"lvMessages", "picTecnic",  "lvPolynomials", "picDimension",
-                            "limitgraph", "ratingGrid", "picCycle",      "calculationSheet"};
+    const QStringList keys{"messages", "tecnic", "polynomials", "dimension", "limits",
+                           "rating",   "cycle",  "calculation", "partload"};
+    const QStringList pages{"lvMessages", "picTecnic", "lvPolynomials",    "picDimension", "limitgraph",
+                            "ratingGrid", "picCycle",  "calculationSheet", "lvPartLoad"};
     ASSERT_EQ(tabs()->count(), keys.size());
     for (int tab = 0; tab < keys.size(); ++tab) {
         form->MnuPopUp(keys[tab]);

@@ -23,6 +23,7 @@
 #include "workspace/Frmsplash.h"
 #include "workspace/MDIMain.h"
 #include "workspace/MapSearch.h"
+#include "workspace/PartLoadPage.h"
 #include "workspace/RatingPage.h"
 #include "workspace/ReportPreview.h"
 #include "workspace/ResultsPane.h"
@@ -174,10 +175,13 @@ void WindowTour::showPages() const {
     calculate(*form_);
     show("results", *form_, results);
     showReport(*form_, "report");
-    for (const char* page : {"tecnic", "polynomials", "dimension", "limits", "rating", "cycle", "messages"}) {
+    for (const char* page :
+         {"tecnic", "polynomials", "dimension", "limits", "rating", "cycle", "partload", "messages"}) {
         form_->MnuPopUp(QLatin1String(page));
         const auto* const rating = form_->findChild<RatingPage*>();
-        while (rating->isCalculating()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        const auto* const partLoad = form_->findChild<PartLoadPage*>();
+        while (rating->isCalculating() || partLoad->isCalculating())
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
         show(qPrintable(QStringLiteral("page-") + QLatin1String(page)), *form_, pages);
         if (QLatin1String(page) == QLatin1String("limits")) showMap();
     }
