@@ -206,7 +206,7 @@ void CyclePage::arrange() {
     side_->setVisible(hasRoom);
     constexpr int scrollBar = 12;
     const int wanted = std::max(sideWidth, states_->header()->length() + scrollBar);
-    const int leastDiagram = std::max(leastSide, width() * 2 / 5);
+    const int leastDiagram = std::max(leastSide, width() * 4 / 11);
     side_->setFixedWidth(std::clamp(width() - leastDiagram, leastSide, wanted));
 }
 
@@ -231,6 +231,7 @@ void CyclePage::showMenu(const QPoint& place) {
     add("frmselection.cycle.copypicture", [this] { copyDrawing(diagram_->onPaper()); });
     add("frmselection.cycle.exportpicture", [this] { exportPicture(); });
     add("frmselection.cycle.copytable", [this] { copyTable(); });
+    if (isPrintable_) add("frmselection.calculation.print", [this] { emit printWanted(); });
     menu.exec(place);
 }
 
