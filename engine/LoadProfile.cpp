@@ -16,8 +16,9 @@ namespace {
 
 using Reason = LoadProfileFault::Reason;
 
-constexpr std::size_t maxBins = 8784;  // each hour of a leap year
-constexpr double coldest = -80;        // degrees Celsius
+constexpr int hoursOfALeapYear = 8784;
+constexpr std::size_t maxBins = hoursOfALeapYear;
+constexpr double coldest = -80;  // degrees Celsius
 constexpr double hottest = 70;
 
 std::string sentenceOf(Reason reason, const std::string& text) {
@@ -46,6 +47,8 @@ std::string sentenceOf(Reason reason, const std::string& text) {
             return quoted + " is not an outdoor temperature from -80 to 70 degrees Celsius";
         case Reason::negativeHours:
             return "the hours " + quoted + " are negative";
+        case Reason::hoursAboveYear:
+            return "the hours " + quoted + " are more than a year has";
         case Reason::negativeLoad:
             return "the load " + quoted + " is negative";
         case Reason::loadAboveFull:
@@ -183,6 +186,7 @@ class Reader {
         if (member == &LoadBin::outdoor && (value < coldest || value > hottest))
             refuse(Reason::outsideRange, text);
         if (member == &LoadBin::hours && value < 0) refuse(Reason::negativeHours, text);
+        if (member == &LoadBin::hours && value > hoursOfALeapYear) refuse(Reason::hoursAboveYear, text);
         if (member == &LoadBin::load && value < 0) refuse(Reason::negativeLoad, text);
         if (member == &LoadBin::load && value > 1) refuse(Reason::loadAboveFull, text);
     }

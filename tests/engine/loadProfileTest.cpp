@@ -73,6 +73,7 @@ TEST(LoadProfile, RefusesWithTheLine) {
           {heading + "95,2,1\n",
            "year.csv:2: \"95\" is not an outdoor temperature from -80 to 70 degrees Celsius"},
           {heading + "5,2,1\n5,-2,1\n", "year.csv:3: the hours \"-2\" are negative"},
+          {heading + "5,8785,1\n", "year.csv:2: the hours \"8785\" are more than a year has"},
           {heading + "5,2,-0.1\n", "year.csv:2: the load \"-0.1\" is negative"},
           {heading + "5,2,80\n",
            "year.csv:2: the load \"80\" is above the design load; it is a share from 0 to 1, or percent if "
