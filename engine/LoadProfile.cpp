@@ -70,18 +70,18 @@ struct Column {
     double LoadBin::* member;
     struct Unit {
         std::string_view name;
-        double offset, factor;
+        double offset, factor, divisor;
     };
     std::array<Unit, 2> units;  // the first one is that of a heading without one
 };
 
 constexpr std::array columns{
-    Column{"outdoor", &LoadBin::outdoor, {{{"c", 0, 1}, {"f", -32, 5.0 / 9}}}},
-    Column{"hours", &LoadBin::hours, {{{"h", 0, 1}, {"hours", 0, 1}}}},
-    Column{"load", &LoadBin::load, {{{"", 0, 1}, {"%", 0, 0.01}}}},
+    Column{"outdoor", &LoadBin::outdoor, {{{"c", 0, 1, 1}, {"f", -32, 5, 9}}}},
+    Column{"hours", &LoadBin::hours, {{{"h", 0, 1, 1}, {"hours", 0, 1, 1}}}},
+    Column{"load", &LoadBin::load, {{{"", 0, 1, 1}, {"%", 0, 1, 100}}}},
 };
 
-/// The unit behind the name of a column, without brackets and the degree sign.
+/// The unit after the name of a column, without brackets and the degree sign.
 std::string unitIn(std::string_view heading, std::string_view name) {
     std::string unit = lowered(heading.substr(name.size()));
     for (const std::string_view dropped : {"\u00b0", "deg", "[", "]", "(", ")", " ", ":"})
@@ -175,7 +175,7 @@ class Reader {
             if (text.empty()) refuse(Reason::missingValue, std::string(column->name));
             const auto value = localNumber(text);
             if (!value) refuse(Reason::notANumber, text);
-            bin.*column->member = (*value + unit.offset) * unit.factor;
+            bin.*column->member = (*value + unit.offset) * unit.factor / unit.divisor;
             check(bin, column->member, text);
         }
         return bin;

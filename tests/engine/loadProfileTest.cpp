@@ -43,7 +43,7 @@ TEST(LoadProfile, ReadsWhatSpreadsheetsWrite) {
         for (std::size_t i = 0; i < 2; ++i) {
             EXPECT_NEAR(profile.bins[i].outdoor, expected.bins[i].outdoor, 1e-12);
             EXPECT_EQ(profile.bins[i].hours, expected.bins[i].hours);
-            EXPECT_NEAR(profile.bins[i].load, expected.bins[i].load, 1e-15);
+            EXPECT_EQ(profile.bins[i].load, expected.bins[i].load);
         }
     }
 }
