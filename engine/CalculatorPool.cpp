@@ -156,4 +156,10 @@ bool CalculatorPool::run(std::size_t count, const Work& work) {
     return !isAborted;
 }
 
+CalculatorPool& sessionPool() {
+    auto& pool = Session::current().part<std::unique_ptr<CalculatorPool>>();
+    if (!pool) pool = std::make_unique<CalculatorPool>();
+    return *pool;
+}
+
 }  // namespace marvello

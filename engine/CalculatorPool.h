@@ -36,4 +36,7 @@ class CalculatorPool {
     std::unique_ptr<Shared> shared_;
 };
 
+/// The pool of the current session, made at its first use. Throws what its constructor throws.
+CalculatorPool& sessionPool();
+
 }  // namespace marvello

@@ -1,66 +1,44 @@
 #include "workspace/AdviceSearch.h"
 
-#include <QMetaObject>
-#include <exception>
-#include <utility>
-
 #include "catalogue/PreparedCatalogue.h"
-#include "data/CollectedBoxes.h"
 #include "data/Session.h"
-#include "thermo/RefpropLibrary.h"
 
 namespace marvello {
 
 namespace {
 
-/// A failure was said by the calculation of the list; there is nothing to advise then.
 std::vector<MessageAdvice> answer(const AdviceSearch::Question& question,
-                                  const SessionThread::IsWanted& isWanted) try {
-    const CollectedBoxes said;
-    gDatabase().Connect({});
-    gDatabase().followFile();
+                                  const SessionThread::IsWanted& isWanted) {
     const auto catalogue = preparedCatalogue(gDatabase());
     const PreparedCompressor* const compressor =
         catalogue->find(question.refrigerant, question.serie, question.model);
     if (!compressor) return {};
     Calculator calculator;
     return adviseOn(calculator, *compressor, *question.conditions, question.units, isWanted);
-} catch (const std::exception&) {
-    return {};
 }
 
 }  // namespace
 
-AdviceSearch::AdviceSearch(QObject* parent) : QObject(parent) {}
+AdviceSearch::AdviceSearch(QObject* parent) : QObject(parent), background_(*this) {}
 
 void AdviceSearch::stop() {
-    thread_.stop();
-    ++asked_;
+    background_.stop();
     isSearching_ = false;
 }
 
-void AdviceSearch::ask(Question question) {
-    const unsigned number = ++asked_;
+void AdviceSearch::ask(const Question& question) {
     isSearching_ = true;
-    if (isRefpropConcurrent() &&
-        thread_.start([this, number, question](const SessionThread::IsWanted& isWanted) {
-            tell(number, answer(question, isWanted));
-        }))
-        return;
-    // Nothing else may happen in the middle of it.
-    const auto giveTurn = std::exchange(Session::current().hooks.giveTurn, nullptr);
-    tell(number, answer(question, {}));
-    Session::current().hooks.giveTurn = giveTurn;
+    background_.start(
+        [this, question](const Background::Place& place) {
+            place.tell([this, advice = answer(question, place.isWanted)] { take(advice); });
+        },
+        // A failure was said by the calculation of the list; there is nothing to advise then.
+        [this](const QString&) { take({}); });
 }
 
-/// From any thread.
-void AdviceSearch::tell(unsigned number, const std::vector<MessageAdvice>& advice) {
-    const auto emitIfWanted = [this, number, advice] {
-        if (asked_ != number) return;
-        isSearching_ = false;
-        emit found(advice);
-    };
-    QMetaObject::invokeMethod(this, emitIfWanted, Qt::QueuedConnection);
+void AdviceSearch::take(const std::vector<MessageAdvice>& advice) {
+    isSearching_ = false;
+    emit found(advice);
 }
 
 }  // namespace marvello

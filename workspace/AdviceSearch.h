@@ -5,14 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "data/SessionThread.h"
 #include "engine/Advice.h"
+#include "workspace/Background.h"
 
 namespace marvello {
 
-/// Looks for what ends the messages of a compressor while the window goes on: in a thread with a session of
-/// its own, on the application folder and the catalogue of the one that asks. Without a thread, and with a
-/// property library that calculates in one thread alone, it is looked for at once.
+/// Looks for what ends the messages of a compressor while the window goes on.
 class AdviceSearch : public QObject {
     Q_OBJECT
 
@@ -28,7 +26,7 @@ class AdviceSearch : public QObject {
     explicit AdviceSearch(QObject* parent);
 
     /// Gives up what was asked before, and emits found() later.
-    void ask(Question question);
+    void ask(const Question& question);
     /// Gives up what was asked before.
     void stop();
     /// True until found() or stop().
@@ -39,11 +37,10 @@ class AdviceSearch : public QObject {
     void found(const std::vector<marvello::MessageAdvice>& advice);
 
   private:
-    void tell(unsigned number, const std::vector<MessageAdvice>& advice);
+    void take(const std::vector<MessageAdvice>& advice);
 
     bool isSearching_ = false;
-    unsigned asked_ = 0;    ///< The number of the newest question.
-    SessionThread thread_;  ///< The last member: it uses the others.
+    Background background_;
 };
 
 }  // namespace marvello

@@ -1,45 +1,37 @@
 #include "workspace/FindRun.h"
 
-#include <exception>
+#include <QMetaObject>
 
-#include "controls/CoreText.h"
-#include "data/CollectedBoxes.h"
 #include "data/Session.h"
 
 namespace marvello {
 
+FindRun::FindRun(QObject* parent) : QObject(parent), background_(*this) {}
+
 void FindRun::start(const FindRequest& request) {
-    const unsigned number = ++asked_;
     isRunning_ = true;
-    const auto tell = [this, number](const std::shared_ptr<const FindResult>& result, const QString& fault) {
-        const auto endThis = [this, number, result, fault] { end(number, result, fault); };
-        QMetaObject::invokeMethod(this, endThis, Qt::QueuedConnection);
+    const auto failed = [this](const QString& reason) { fail(reason); };
+    const auto task = [this, request](const Background::Place& place) {
+        place.tell([this, result = search(request)] { take(result); });
     };
-    const bool isStarted = thread_.start([this, request, tell](const SessionThread::IsWanted&) {
-        try {
-            tell(search(request), {});
-        } catch (const std::exception& error) {
-            tell(nullptr, fromCore(error.what()));
-        }
-    });
-    if (!isStarted) tell(nullptr, QStringLiteral("find.nothread"));
+    if (!background_.startInThread(task, failed))
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (isRunning_) fail(QStringLiteral("find.nothread"));
+            },
+            Qt::QueuedConnection);
 }
 
 /// In the thread.
 std::shared_ptr<const FindResult> FindRun::search(const FindRequest& request) {
     progress_.done = progress_.count = 0;
-    gDatabase().Connect({});
-    gDatabase().followFile();
-    auto& pool = Session::current().part<std::unique_ptr<CalculatorPool>>();
-    if (!pool) pool = std::make_unique<CalculatorPool>();
-    const CollectedBoxes said;  // what a compressor failed at is said of it
     return std::make_shared<const FindResult>(
-        find(request, preparedCatalogue(gDatabase()), *pool, &progress_));
+        find(request, preparedCatalogue(gDatabase()), sessionPool(), &progress_));
 }
 
 void FindRun::abort() {
-    thread_.stop();
-    ++asked_;
+    background_.stop();
     isRunning_ = false;
 }
 
@@ -48,13 +40,14 @@ int FindRun::percent() const {
     return count == 0 ? 0 : static_cast<int>(100 * progress_.done / count);
 }
 
-void FindRun::end(unsigned number, const std::shared_ptr<const FindResult>& result, const QString& fault) {
-    if (number != asked_) return;
+void FindRun::take(const std::shared_ptr<const FindResult>& result) {
     isRunning_ = false;
-    if (!result)
-        emit failed(fault);
-    else if (!result->isAborted)
-        emit found(result);
+    if (!result->isAborted) emit found(result);
+}
+
+void FindRun::fail(const QString& reason) {
+    isRunning_ = false;
+    emit failed(reason);
 }
 
 }  // namespace marvello

@@ -4,8 +4,8 @@
 #include <QString>
 #include <memory>
 
-#include "data/SessionThread.h"
 #include "engine/Find.h"
+#include "workspace/Background.h"
 
 namespace marvello {
 
@@ -15,7 +15,7 @@ class FindRun : public QObject {
     Q_OBJECT
 
   public:
-    using QObject::QObject;
+    explicit FindRun(QObject* parent = nullptr);
 
     /// Searches the catalogue of the session.
     void start(const FindRequest& request);
@@ -31,12 +31,12 @@ class FindRun : public QObject {
 
   private:
     std::shared_ptr<const FindResult> search(const FindRequest& request);
-    void end(unsigned number, const std::shared_ptr<const FindResult>& result, const QString& fault);
+    void take(const std::shared_ptr<const FindResult>& result);
+    void fail(const QString& reason);
 
-    unsigned asked_ = 0;  ///< the number of the newest search
     bool isRunning_ = false;
     FindProgress progress_;
-    SessionThread thread_;  ///< the last member: it uses the others
+    Background background_;
 };
 
 }  // namespace marvello

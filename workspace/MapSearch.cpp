@@ -1,67 +1,45 @@
 #include "workspace/MapSearch.h"
 
-#include <QMetaObject>
-#include <exception>
-#include <utility>
-
 #include "catalogue/PreparedCatalogue.h"
-#include "data/CollectedBoxes.h"
 #include "data/Session.h"
-#include "thermo/RefpropLibrary.h"
 
 namespace marvello {
 
-MapSearch::MapSearch(QObject* parent) : QObject(parent) {}
+MapSearch::MapSearch(QObject* parent) : QObject(parent), background_(*this) {}
 
 void MapSearch::stop() {
-    thread_.stop();
-    ++asked_;
+    background_.stop();
     isSearching_ = false;
 }
 
-void MapSearch::ask(Question question) {
-    const unsigned number = ++asked_;
+void MapSearch::ask(const Question& question) {
     isSearching_ = true;
-    if (isRefpropConcurrent() &&
-        thread_.start([this, number, question](const SessionThread::IsWanted& isWanted) {
-            answer(number, question, isWanted);
-        }))
-        return;
-    // Nothing else may happen in the middle of it.
-    const auto giveTurn = std::exchange(Session::current().hooks.giveTurn, nullptr);
-    answer(number, question, {});
-    Session::current().hooks.giveTurn = giveTurn;
+    // A failure was said by the calculation of the list.
+    background_.start([this, question](const Background::Place& place) { answer(question, place); },
+                      [this](const QString&) { take(nullptr, true); });
 }
 
-/// In any thread. A failure was said by the calculation of the list.
-void MapSearch::answer(unsigned number, const Question& question, const IsWanted& isWanted) {
+/// In any thread.
+void MapSearch::answer(const Question& question, const Background::Place& place) {
     bool isTold = false;
-    try {
-        const CollectedBoxes said;
-        gDatabase().Connect({});
-        gDatabase().followFile();
-        const auto catalogue = preparedCatalogue(gDatabase());
-        Calculator calculator;
-        if (const PreparedCompressor* const compressor =
-                catalogue->find(question.refrigerant, question.serie, question.model))
-            refineMap(calculator, *compressor, question.conditions, isWanted,
-                      [&](const PerformanceMap& map, bool isLast) {
-                          tell(number, std::make_shared<const PerformanceMap>(map), isLast);
-                          isTold = isTold || isLast;
-                      });
-    } catch (const std::exception&) {
-        isTold = false;
-    }
-    if (!isTold) tell(number, nullptr, true);
+    const auto tell = [this, &place, &isTold](const std::shared_ptr<const PerformanceMap>& map, bool isLast) {
+        place.tell([this, map, isLast] { take(map, isLast); });
+        isTold = isTold || isLast;
+    };
+    const auto catalogue = preparedCatalogue(gDatabase());
+    Calculator calculator;
+    if (const PreparedCompressor* const compressor =
+            catalogue->find(question.refrigerant, question.serie, question.model))
+        refineMap(calculator, *compressor, question.conditions, place.isWanted,
+                  [&tell](const PerformanceMap& map, bool isLast) {
+                      tell(std::make_shared<const PerformanceMap>(map), isLast);
+                  });
+    if (!isTold) tell(nullptr, true);
 }
 
-void MapSearch::tell(unsigned number, const std::shared_ptr<const PerformanceMap>& map, bool isLast) {
-    const auto emitIfWanted = [this, number, map, isLast] {
-        if (asked_ != number) return;
-        isSearching_ = !isLast;
-        emit found(map, isLast);
-    };
-    QMetaObject::invokeMethod(this, emitIfWanted, Qt::QueuedConnection);
+void MapSearch::take(const std::shared_ptr<const PerformanceMap>& map, bool isLast) {
+    isSearching_ = !isLast;
+    emit found(map, isLast);
 }
 
 }  // namespace marvello

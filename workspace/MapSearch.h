@@ -4,14 +4,12 @@
 #include <memory>
 #include <string>
 
-#include "data/SessionThread.h"
 #include "engine/PerformanceMap.h"
+#include "workspace/Background.h"
 
 namespace marvello {
 
-/// Calculates the map of a compressor while the window goes on: in a thread with a session of its own, on the
-/// application folder and the catalogue of the one that asks. Without a thread, and with a property library
-/// that calculates in one thread alone, it is calculated at once.
+/// Calculates the map of a compressor while the window goes on.
 class MapSearch : public QObject {
     Q_OBJECT
 
@@ -28,7 +26,7 @@ class MapSearch : public QObject {
     explicit MapSearch(QObject* parent);
 
     /// Gives up what was asked before, and emits found() later, once or more often.
-    void ask(Question question);
+    void ask(const Question& question);
     /// Gives up what was asked before.
     void stop();
     /// True until the last found() or stop().
@@ -39,12 +37,11 @@ class MapSearch : public QObject {
     void found(const std::shared_ptr<const marvello::PerformanceMap>& map, bool isLast);
 
   private:
-    void answer(unsigned number, const Question& question, const IsWanted& isWanted);
-    void tell(unsigned number, const std::shared_ptr<const PerformanceMap>& map, bool isLast);
+    void answer(const Question& question, const Background::Place& place);
+    void take(const std::shared_ptr<const PerformanceMap>& map, bool isLast);
 
     bool isSearching_ = false;
-    unsigned asked_ = 0;    ///< The number of the newest question.
-    SessionThread thread_;  ///< The last member: it uses the others.
+    Background background_;
 };
 
 }  // namespace marvello
