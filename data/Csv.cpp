@@ -10,8 +10,8 @@ namespace {
 
 class Reader {
   public:
-    Reader(std::string_view text, const std::string& file, Faults& faults)
-        : text_(text), file_(file), faults_(faults) {}
+    Reader(std::string_view text, const std::string& file, Faults& faults, char separator)
+        : text_(text), file_(file), faults_(faults), separator_(separator) {}
 
     std::vector<CsvRecord> read() {
         std::vector<CsvRecord> records;
@@ -37,7 +37,7 @@ class Reader {
         CsvRecord record{line_, {}};
         fault_.clear();
         record.fields.push_back(readField());
-        while (at(',')) {
+        while (at(separator_)) {
             ++at_;
             record.fields.push_back(readField());
         }
@@ -51,7 +51,7 @@ class Reader {
     std::string readField() {
         if (at('"')) return readQuotedField();
         const auto start = at_;
-        while (!at(',') && !atLineEnd()) {
+        while (!at(separator_) && !atLineEnd()) {
             if (at('"')) addFault(line_, "a quote is inside a field that does not begin with one");
             ++at_;
         }
@@ -72,15 +72,16 @@ class Reader {
             return field;
         }
         ++at_;
-        if (at(',') || atLineEnd()) return field;
+        if (at(separator_) || atLineEnd()) return field;
         addFault(line_, "text comes after the closing quote of a field");
-        while (!at(',') && !atLineEnd()) ++at_;
+        while (!at(separator_) && !atLineEnd()) ++at_;
         return field;
     }
 
     std::string_view text_;
     const std::string& file_;
     Faults& faults_;
+    char separator_;
     std::size_t at_ = 0;
     int line_ = 1;
     std::string fault_;  ///< Of the record that is read.
@@ -149,7 +150,8 @@ std::string csvLine(const std::vector<std::string>& fields) {
 
 bool isUtf8(std::string_view bytes) { return wellFormedLength(bytes) == bytes.size(); }
 
-std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, Faults& faults) {
+std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, Faults& faults,
+                               char separator) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
 
@@ -159,7 +161,7 @@ std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, F
         faults.add(file, static_cast<int>(lineEnds) + 1, "the text is not valid UTF-8");
         return {};
     }
-    return Reader(text, file, faults).read();
+    return Reader(text, file, faults, separator).read();
 }
 
 }  // namespace marvello

@@ -15,10 +15,11 @@ struct CsvRecord {
     std::string fault{};  ///< What is wrong with its quotes; empty for a sound one.
 };
 
-/// The records of a text in the format of RFC 4180: fields separated by ",", a field in double quotes may
-/// hold separators, line ends and doubled quotes. Lines end with LF or CRLF; empty lines are passed over, and
-/// so is a byte order mark. Misplaced quotes and invalid UTF-8 are faults of `file`.
-std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, Faults& faults);
+/// The records of a text in the format of RFC 4180: fields separated by `separator`, a field in double quotes
+/// may hold separators, line ends and doubled quotes. Lines end with LF or CRLF; empty lines are passed over,
+/// and so is a byte order mark. Misplaced quotes and invalid UTF-8 are faults of `file`.
+std::vector<CsvRecord> readCsv(std::string_view text, const std::string& file, Faults& faults,
+                               char separator = ',');
 
 /// Returns a text in double quotes, as a field of RFC 4180.
 std::string csvQuoted(const std::string& text);

@@ -2,18 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
+#include <span>
 #include <stdexcept>
 #include <string_view>
 #include <tuple>
 #include <utility>
 
-#include "catalogue/clsInverter.h"
 #include "data/Texts.h"
-#include "engine/FrequencySearch.h"
 #include "engine/Performance.h"
 #include "engine/PermittedConditions.h"
-#include "engine/SelectionRules.h"
 
 namespace marvello {
 
@@ -51,31 +48,19 @@ std::vector<const PreparedCompressor*> compressorsOf(const FindRequest& request,
     return choice;
 }
 
-/// One machine at one step or frequency: a candidate without its machines, or an error.
-struct Outcome {
-    Candidate machine;
-    std::string error{};
-
-    bool isPossible() const { return error.empty(); }
-};
-
-Outcome outcomeOf(Calculator& calculator, const PreparedCompressor& compressor,
-                  const PermittedConditions& permitted, CapacityKind kind) {
-    const Performance performance = performanceAt(calculator, compressor, permitted.conditions);
-    Outcome outcome{.machine = {.compressor = &compressor,
-                                .conditions = permitted.conditions,
-                                .putBack = permitted.putBack},
-                    .error = performance.error};
-    if (!performance.hasValues()) return outcome;
+/// A candidate of a possible state, without its machines.
+Candidate candidateOf(const PreparedCompressor& compressor, const CapacityState& state, CapacityKind kind) {
+    const Performance& performance = state.performance;
     const Performance::Duty& duty = performance.duty();
-    Candidate& machine = outcome.machine;
-    machine.isEconomized = performance.economized.has_value();
-    machine.hasWarnings = performance.state == PointState::warning;
-    machine.capacity = kind == CapacityKind::heating ? duty.condenserLoad : duty.capacity;
-    machine.power = duty.power;
-    machine.cop = duty.cop;
-    machine.dischargeTemperature = duty.dischargeTemperature;
-    return outcome;
+    return {.compressor = &compressor,
+            .conditions = state.at.conditions,
+            .putBack = state.at.putBack,
+            .capacity = capacityOf(performance, kind),
+            .power = duty.power,
+            .cop = duty.cop,
+            .dischargeTemperature = duty.dischargeTemperature,
+            .isEconomized = performance.economized.has_value(),
+            .hasWarnings = performance.state == PointState::warning};
 }
 
 /// What a search says of one compressor.
@@ -116,55 +101,32 @@ class Examination {
                 .compressor = &compressor_};
     }
 
-    Outcome calculate(const clsProjectConditions& conditions) {
-        ++answer_.calculations;
-        return outcomeOf(calculator_, compressor_, permittedConditions(compressor_, conditions),
-                         request_.kind);
-    }
-
     void atSteps() {
-        clsProjectConditions conditions = request_.conditions;
-        const bool hasSteps = request_.steps && permits(compressor_, Selector::stepCapacity);
-        for (const int step : capacitySteps) {
-            conditions.StepCapacity = step;
-            const Outcome outcome = calculate(conditions);
+        const auto steps = request_.steps ? stepsOf(compressor_) : std::span(capacitySteps).first(1);
+        const auto states = stepStates(calculator_, compressor_, request_.conditions, steps);
+        answer_.calculations += static_cast<long long>(states.size());
+        for (const CapacityState& state : states)
             for (int machines = request_.minMachines; machines <= request_.maxMachines; ++machines)
-                take(outcome, machines);
-            if (!hasSteps || outcome.error == outsideEnvelope) return;
-        }
+                take(state, machines);
     }
 
     void atFrequencies() {
-        clsProjectConditions conditions = request_.conditions;
-        conditions.StepCapacity = capacitySteps.front();
-        std::map<float, Outcome> outcomes;
-        FrequencySearch search(static_cast<float>(clsInverter::minimumFrequency), maxFrequency(),
-                               [&](float frequency) {
-                                   conditions.InverterFrequency = frequency;
-                                   const Outcome& outcome = outcomes[frequency] = calculate(conditions);
-                                   return FrequencySearch::Trial{.isPossible = outcome.isPossible(),
-                                                                 .capacity = outcome.machine.capacity};
-                               });
-        if (!search.isPossible()) return take(outcomes.begin()->second, 1);
-        for (int machines = request_.minMachines; machines <= request_.maxMachines; ++machines)
-            take(outcomes[search.solve(request_.needed / machines)], machines);
+        InverterStates states(calculator_, compressor_, request_.conditions, request_.kind);
+        if (!states.isPossible()) {
+            take(states.first(), 1);
+        } else {
+            for (int machines = request_.minMachines; machines <= request_.maxMachines; ++machines)
+                take(states.forCapacity(request_.needed / machines), machines);
+        }
+        answer_.calculations += static_cast<long long>(states.calculations());
     }
 
-    /// That of the form, or of the line of the envelope at the operating point.
-    float maxFrequency() const {
-        const auto ofForm = static_cast<float>(clsInverter::maximumFrequency);
-        if (envelope_ == nullptr) return ofForm;
-        const FrequencyLimit* limit = frequencyLimit(envelope_->limits.holding(
-            request_.conditions.TEvaporatingDew, request_.conditions.TCondensationDew));
-        return limit == nullptr ? ofForm : std::min(ofForm, limit->hertz);
-    }
-
-    void take(const Outcome& outcome, int machines) {
-        if (!outcome.isPossible()) {
-            if (error_.empty()) error_ = outcome.error;
+    void take(const CapacityState& state, int machines) {
+        if (!state.isPossible()) {
+            if (error_.empty()) error_ = state.performance.error;
             return;
         }
-        Candidate candidate = outcome.machine;
+        Candidate candidate = candidateOf(compressor_, state, request_.kind);
         candidate.machines = machines;
         candidate.capacity *= machines;
         candidate.power *= machines;

@@ -12,12 +12,10 @@
 #include "catalogue/clsProjectConditions.h"
 #include "engine/Calculator.h"
 #include "engine/CalculatorPool.h"
+#include "engine/CapacityStates.h"
 #include "engine/Margins.h"
 
 namespace marvello {
-
-/// Which capacity is needed: that of the evaporator or that of the condenser.
-enum class CapacityKind : std::uint8_t { cooling, heating };
 
 /// Whether compressors of inverter series take part.
 enum class InverterUse : std::uint8_t { yes, no, only };
@@ -57,9 +55,7 @@ struct Candidate {
     bool hasWarnings = false;
 
     /// Hz; none for a compressor on the mains.
-    std::optional<float> frequency() const {
-        return compressor->hasInvert ? std::optional(conditions.InverterFrequency) : std::nullopt;
-    }
+    std::optional<float> frequency() const { return frequencyOf(*compressor, conditions); }
 };
 
 /// A compressor of the choice that is in no candidate.

@@ -80,6 +80,11 @@ void paint(QPainter& painter, const DrawnText& text) {
 
 }  // namespace
 
+DrawnColour drawnColour(const QColor& colour, double opacity) {
+    return {static_cast<std::uint8_t>(colour.red()), static_cast<std::uint8_t>(colour.green()),
+            static_cast<std::uint8_t>(colour.blue()), opacity};
+}
+
 void paintDrawing(QPainter& painter, const Drawing& drawing) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QImage>
 
 #include "results/Drawing.h"
@@ -7,6 +8,9 @@
 class QPainter;
 
 namespace marvello {
+
+/// Returns a colour to draw with.
+DrawnColour drawnColour(const QColor& colour, double opacity = 1);
 
 /// Paints a drawing in logical pixels with its upper left corner at the origin.
 void paintDrawing(QPainter& painter, const Drawing& drawing);

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <cmath>
 
+#include "controls/GraphLegend.h"
 #include "controls/Icons.h"
 #include "controls/Look.h"
 
@@ -38,6 +39,37 @@ void PaperPage::text(const QRectF& box, Qt::Alignment alignment, double size, co
 
 void PaperPage::rule(double top, double thickness, const QColor& colour, double from, double to) {
     painter_.fillRect(QRectF(from, top, to - from, thickness), colour);
+}
+
+double PaperPage::paintEnvelope(const EnvelopeDrawing& envelope, const QRectF& box, int legendColumns) {
+    painter_.save();
+    painter_.setClipRect(box);
+    painter_.translate(box.topLeft());
+    painter_.scale(pixel, pixel);
+    envelope.paint(painter_, QRectF(QPointF(), box.size() / pixel), GraphColours::onPaper());
+    painter_.restore();
+
+    const auto entries = GraphLegend::entries(envelope.limits);
+    constexpr double step = 4.4 * mm;
+    constexpr double sample = 5.4 * mm;
+    const double top = box.bottom() + 1.5 * mm;
+    const double column = box.width() / legendColumns;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const auto place = static_cast<int>(i);
+        const double left = box.left() + column * (place % legendColumns);
+        const double middle = top + step * (place / legendColumns + 0.5);
+        painter_.save();
+        painter_.translate(left, middle);
+        painter_.scale(pixel, pixel);
+        GraphLegend::paintSample(painter_, *entries[i], GraphColours::onPaper().line(*entries[i]), {0, 0},
+                                 sample / pixel);
+        painter_.restore();
+        const double words = sample + 1.4 * mm;
+        text({left + words, middle - step / 2, column - words - 1 * mm, step},
+             Qt::AlignLeft | Qt::AlignVCenter, 7 * point, QString::fromStdString(entries[i]->Description),
+             ink);
+    }
+    return top + step * std::ceil(static_cast<double>(entries.size()) / legendColumns);
 }
 
 void PaperPage::paintHead(const QString& title) {

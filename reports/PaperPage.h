@@ -43,6 +43,9 @@ class PaperPage {
               const QColor& colour, QFont::Weight weight = QFont::Normal);
     void rule(double top, double thickness, const QColor& colour, double from, double to);
 
+    /// Draws an envelope in a box, in logical pixels, and its legend below it. Returns where that ends.
+    double paintEnvelope(const EnvelopeDrawing& envelope, const QRectF& box, int legendColumns);
+
     /// White paper with the head; `title` is what the page is.
     void paintHead(const QString& title);
     /// Pages count from 1.

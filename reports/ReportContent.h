@@ -3,9 +3,12 @@
 #include <QImage>
 #include <QString>
 #include <QStringList>
+#include <variant>
 #include <vector>
 
 #include "controls/EnvelopeDrawing.h"
+#include "results/CycleTexts.h"
+#include "results/Drawing.h"
 #include "results/ReportLines.h"
 
 namespace marvello {
@@ -25,13 +28,33 @@ struct ReportTable {
     int currentRow = 0;
 };
 
-/// A part of the report behind its first page, on a page of its own.
-struct ReportSection {
-    QString title;  ///< what the page is, with the conditions
+/// Tables over the operating points, two next to each other.
+struct ReportTables {
     std::vector<ReportTable> tables;
     QString ofPoint;     ///< what the framed cell is
     QString ofWarnings;  ///< what a marked cell is
     QString ofNone;      ///< what a hatched cell is
+};
+
+/// A quantity over the application limit.
+struct ReportMap {
+    QString heading;           ///< the quantity with its unit
+    EnvelopeDrawing envelope;  ///< with its map
+};
+
+/// A cycle: its diagram, the table of its states and its figures.
+struct ReportCycle {
+    QString heading;
+    Drawing diagram;                      ///< on white
+    QStringList columns;                  ///< of the table; the first one has the names of the states
+    std::vector<QStringList> states;      ///< by column
+    std::vector<CaptionedValue> figures;  ///< two that belong together follow each other
+};
+
+/// A part of the report behind its first page, on a page of its own.
+struct ReportSection {
+    QString title;  ///< what the page is, with the conditions
+    std::variant<ReportTables, ReportMap, ReportCycle> content;
 };
 
 /// What the report says of one compressor, with all its texts in the language of the user.

@@ -6,11 +6,10 @@
 #include <cmath>
 
 #include "controls/CoreText.h"
-#include "controls/GraphLegend.h"
 #include "controls/Icons.h"
 #include "controls/Marks.h"
 #include "reports/PaperPage.h"
-#include "reports/SectionPage.h"
+#include "reports/SectionPages.h"
 
 namespace marvello {
 
@@ -32,7 +31,7 @@ class FirstPage : public PaperPage {
     void paint() {
         paintHead(content_.title);
         paintPhoto();
-        if (content_.showsEnvelope) paintEnvelope();
+        if (content_.showsEnvelope) paintLimits();
         paintData();
         if (content_.hasWarnings) paintWarning();
         paintFoot(1);
@@ -54,39 +53,10 @@ class FirstPage : public PaperPage {
         painter_.drawImage(place, content_.photo);
     }
 
-    void paintEnvelope() {
+    void paintLimits() {
         const QRectF box(side, bodyTop + photoHeight + 4 * mm, leftWidth, envelopeHeight);
-        painter_.save();
-        painter_.setClipRect(box);
-        painter_.translate(box.topLeft());
-        painter_.scale(pixel, pixel);
-        content_.envelope.paint(painter_, QRectF(QPointF(), box.size() / pixel), GraphColours::onPaper());
-        painter_.restore();
-        paintLegend(box.bottom() + 1.5 * mm);
-    }
-
-    void paintLegend(double top) {
-        const auto entries = GraphLegend::entries(content_.envelope.limits);
-        constexpr int columns = 3;
-        constexpr double step = 4.4 * mm;
-        constexpr double sample = 5.4 * mm;
-        const double column = leftWidth / columns;
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            const double left = side + column * static_cast<double>(i % columns);
-            const double middle = top + step * (static_cast<double>(i / columns) + 0.5);
-            painter_.save();
-            painter_.translate(left, middle);
-            painter_.scale(pixel, pixel);
-            GraphLegend::paintSample(painter_, *entries[i], GraphColours::onPaper().line(*entries[i]), {0, 0},
-                                     sample / pixel);
-            painter_.restore();
-            const double words = sample + 1.4 * mm;
-            text({left + words, middle - step / 2, column - words - 1 * mm, step},
-                 Qt::AlignLeft | Qt::AlignVCenter, 7 * point, QString::fromStdString(entries[i]->Description),
-                 ink);
-        }
-        const double rows = std::ceil(static_cast<double>(entries.size()) / columns);
-        text({side, top + step * rows, leftWidth, step}, Qt::AlignLeft | Qt::AlignVCenter, 7 * point,
+        const double bottom = paintEnvelope(content_.envelope, box, 3);
+        text({side, bottom, leftWidth, 4.4 * mm}, Qt::AlignLeft | Qt::AlignVCenter, 7 * point,
              content_.margin, quiet);
     }
 
@@ -153,7 +123,7 @@ void paintReport(QPainter& painter, const QSizeF& paper, const ReportContent& co
     if (page == 1)
         FirstPage(painter, paper, content).paint();
     else
-        SectionPage(painter, paper, content).paint(page);
+        paintSection(painter, paper, content, page);
     painter.restore();
 }
 

@@ -31,12 +31,11 @@ bool overlaps(const Box& one, const Box& other) {
            other.top < one.bottom;
 }
 
-/// The room that a text takes, by the mean width of letters and digits.
+/// The room that a text takes.
 Box boxOf(const DrawnText& text) {
-    constexpr double letterWidth = 0.56;
     constexpr double ascent = 0.8;
     constexpr double descent = 0.25;
-    const double width = letterWidth * text.size * static_cast<double>(text.text.size());
+    const double width = drawnWidth(text);
     const double left = text.anchor == Anchor::start    ? text.at.x
                         : text.anchor == Anchor::middle ? text.at.x - width / 2
                                                         : text.at.x - width;

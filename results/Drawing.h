@@ -75,6 +75,10 @@ struct Drawing {
     std::vector<Shape> shapes{};
 };
 
+/// Returns about how wide a text is, in pixels, by the mean width of letters and digits and that of Chinese
+/// signs.
+double drawnWidth(const DrawnText& text);
+
 /// The width of the halo around letters, in pixels.
 inline constexpr double haloWidth = 4;
 

@@ -3,22 +3,18 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <array>
-#include <exception>
 #include <memory>
-#include <utility>
 
 #include "controls/MessagesView.h"
 #include "controls/Metafile.h"
 #include "controls/NumberText.h"
 #include "controls/TabStrip.h"
-#include "engine/Cycle.h"
-#include "engine/PhDiagram.h"
-#include "results/CycleTexts.h"
 #include "results/ResultTable.h"
 #include "results/TechnicalData.h"
 #include "workspace/AdvisedMessages.h"
 #include "workspace/CalculationPage.h"
 #include "workspace/CompressorFiles.h"
+#include "workspace/CycleContent.h"
 #include "workspace/CyclePage.h"
 #include "workspace/DimensionPage.h"
 #include "workspace/LimitsPage.h"
@@ -67,10 +63,13 @@ CompressorPages::CompressorPages(const SelectionInputs& inputs, QWidget* parent)
     mappedLimits_ = new MappedLimits(*limits_, inputs_);
     connect(mappedLimits_, &MappedLimits::pointUsed, this, &CompressorPages::pointUsed);
     connect(mappedLimits_, &MappedLimits::exported, this, &CompressorPages::exported);
+    connect(mappedLimits_, &MappedLimits::printWanted, this,
+            [this] { emit printWanted(QStringLiteral("limits")); });
     rating_ = new RatingPage(inputs_, pages_);
     connect(rating_, &RatingPage::pointUsed, this, &CompressorPages::pointUsed);
     connect(rating_, &RatingPage::exported, this, &CompressorPages::exported);
     cycle_ = new CyclePage(pages_);
+    connect(cycle_, &CyclePage::printWanted, this, [this] { emit printWanted(QStringLiteral("cycle")); });
     calculation_ = new CalculationPage(pages_);
     connect(calculation_, &CalculationPage::exported, this, &CompressorPages::exported);
     for (QWidget* page : std::initializer_list<QWidget*>{lvMessages_, technical_, polynomials_, dimension_,
@@ -129,7 +128,8 @@ void CompressorPages::clear() {
 
 void CompressorPages::setFollowed() {
     isAdvised_ = true;
-    mappedLimits_->setMovable();
+    mappedLimits_->setFollowed();
+    cycle_->setPrintable();
     rating_->setTakesPoints();
 }
 
@@ -137,6 +137,7 @@ void CompressorPages::findOnPage() {
     if (page() == calculation_) calculation_->focusSearch();
 }
 
+std::optional<Figure> CompressorPages::mapFigure() const { return mappedLimits_->figure(); }
 QString CompressorPages::mapQuantity() const { return mappedLimits_->quantity(); }
 void CompressorPages::setMapQuantity(const QString& name) { mappedLimits_->setQuantity(name); }
 
@@ -173,24 +174,11 @@ void CompressorPages::fillDimension(const clsCompressor& compressor) {
                            dictionaryText(QStringLiteral("frmselection.dimension.empty")));
 }
 
-/// What the property service cannot calculate is no fault of the window: the messages say why.
-void CompressorPages::fillCycle(const clsCompressor& compressor) try {
-    const auto refprop = SharedRefprop(compressor.Refrigerant);
-    auto cycle = cycleOf(compressor, *refprop);
-    if (!cycle) {
+void CompressorPages::fillCycle(const clsCompressor& compressor) {
+    if (const auto content = cycleContent(compressor, inputs_.units()))
+        cycle_->setCycle(*content);
+    else
         cycle_->clear(dictionaryText(QStringLiteral("frmselection.cycle.empty")));
-        return;
-    }
-    const UnitSystem units = inputs_.units();
-    const QString title = dictionaryText(QStringLiteral("frmselection.cycle.title")) + QStringLiteral(", ") +
-                          fromCore(compressor.Refrigerant);
-    const auto reading = [refprop, units](const PhPoint& point) {
-        return fromCore(readingAt(*refprop, point, units, marksOf(QLocale())));
-    };
-    const auto diagram = phDiagramAround(*cycle, compressor.Refrigerant, units);
-    cycle_->setCycle({std::make_shared<const Cycle>(*std::move(cycle)), diagram, units, title, reading});
-} catch (const std::exception&) {
-    cycle_->clear(dictionaryText(QStringLiteral("frmselection.cycle.empty")));
 }
 
 }  // namespace marvello

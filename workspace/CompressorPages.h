@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "engine/AdvisedInput.h"
+#include "engine/Performance.h"
 #include "inputs/SelectionInputs.h"
 #include "workspace/UsedPoint.h"
 
@@ -46,9 +47,11 @@ class CompressorPages : public QWidget {
     /// tabs. The `conditions` are those of its calculation.
     void showCompressor(const clsCompressor* compressor, const QString& group = QString(),
                         const std::shared_ptr<const clsProjectConditions>& conditions = nullptr);
-    /// Shows from now on what to do about messages, and takes operating points; says with adviceUsed() and
-    /// pointUsed() what the user follows.
+    /// Shows from now on what to do about messages, takes operating points and prints; says with
+    /// adviceUsed(), pointUsed() and printWanted() what the user follows.
     void setFollowed();
+    /// The figure of the map on the page of the limits; none for the limits alone.
+    std::optional<Figure> mapFigure() const;
     /// The quantity of the map on the page of the limits, by its name in files; empty for none.
     QString mapQuantity() const;
     void setMapQuantity(const QString& name);
@@ -65,6 +68,8 @@ class CompressorPages : public QWidget {
 
   signals:
     void pageChanged();
+    /// A page is to be printed as a section of the report.
+    void printWanted(const QString& section);
     /// An advice on the page of messages is to be followed; the value is in the units of the inputs.
     void adviceUsed(marvello::AdvisedInput input, double value);
     /// An operating point is to take the place of that of the inputs, in their units.

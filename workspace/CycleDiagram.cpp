@@ -20,11 +20,6 @@ namespace marvello {
 
 namespace {
 
-DrawnColour drawn(const QColor& colour, double opacity = 1) {
-    return {static_cast<std::uint8_t>(colour.red()), static_cast<std::uint8_t>(colour.green()),
-            static_cast<std::uint8_t>(colour.blue()), opacity};
-}
-
 QLabel* readingLabel(QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(QStringLiteral("lblState"));
@@ -49,12 +44,12 @@ std::pair<double, double> inside(double low, double high) {
 
 CycleColours CycleDiagram::onScreen() {
     const Look& look = Look::current();
-    return {.ground = drawn(look.surface),
-            .text = drawn(look.text),
-            .muted = drawn(look.muted),
-            .grid = drawn(GraphColours::onScreen().grid),
-            .lines = drawn(look.controlLine, CycleColours().lines.opacity),
-            .accent = drawn(look.accent)};
+    return {.ground = drawnColour(look.surface),
+            .text = drawnColour(look.text),
+            .muted = drawnColour(look.muted),
+            .grid = drawnColour(GraphColours::onScreen().grid),
+            .lines = drawnColour(look.controlLine, CycleColours().lines.opacity),
+            .accent = drawnColour(look.accent)};
 }
 
 CycleDiagram::CycleDiagram(QWidget* parent) : QWidget(parent), reading_(readingLabel(this)) {

@@ -231,6 +231,7 @@ void CyclePage::showMenu(const QPoint& place) {
     add("frmselection.cycle.copypicture", [this] { copyDrawing(diagram_->onPaper()); });
     add("frmselection.cycle.exportpicture", [this] { exportPicture(); });
     add("frmselection.cycle.copytable", [this] { copyTable(); });
+    if (isPrintable_) add("frmselection.calculation.print", [this] { emit printWanted(); });
     menu.exec(place);
 }
 

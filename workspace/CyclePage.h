@@ -23,6 +23,11 @@ class CyclePage : public QWidget {
     /// Shows nothing but a sentence, which may be blank.
     void clear(const QString& sentence = QString());
     void setCycle(const CycleDiagram::Content& content);
+    /// Offers to print; printWanted() says that the user wants it.
+    void setPrintable() { isPrintable_ = true; }
+
+  signals:
+    void printWanted();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -40,6 +45,7 @@ class CyclePage : public QWidget {
     void arrange();
 
     CycleDiagram::Content content_;
+    bool isPrintable_ = false;
     QLabel* sentence_;
     CycleDiagram* diagram_;
     QWidget* between_;

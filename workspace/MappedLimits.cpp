@@ -23,6 +23,7 @@
 #include "results/ResultTable.h"
 #include "results/ShownMap.h"
 #include "thermo/EnteredQuantity.h"
+#include "workspace/DrawnMap.h"
 #include "workspace/ExportFile.h"
 #include "workspace/LimitsPage.h"
 #include "workspace/ResultMarks.h"
@@ -44,33 +45,6 @@ constexpr std::array mapFigures{Figure::cop,      Figure::capacity,
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 
 QString nameOfFigure(Figure figure) { return fromCore(std::string(nameOf(figure))); }
-
-/// The map as the graph draws it.
-std::shared_ptr<const EnvelopeMap> drawnMap(const ShownMap& shown) {
-    auto map = std::make_shared<EnvelopeMap>();
-    map->name = fromCore(shown.name);
-    map->unit = fromCore(shown.unit);
-    const auto polygonOf = [](const std::vector<PlanePoint>& points) {
-        QPolygonF polygon;
-        for (const PlanePoint& at : points) polygon += QPointF(at.x, at.y);
-        return polygon;
-    };
-    for (std::size_t i = 0; i < shown.levels.size(); ++i) {
-        EnvelopeMap::Line line{fromCore(shown.levels[i]), {}};
-        for (const auto& part : shown.contours.lines[i].parts) line.parts.push_back(polygonOf(part));
-        map->lines.push_back(std::move(line));
-    }
-    for (const ContourBand& band : shown.contours.bands) {
-        QPainterPath path;
-        path.setFillRule(Qt::WindingFill);
-        for (const PlanePolygon& border : band.borders) {
-            path.addPolygon(polygonOf(border));
-            path.closeSubpath();
-        }
-        map->bands.push_back(path);
-    }
-    return map;
-}
 
 QString plainNumber(double value) { return fromCore(formatNumber(value, "#0.##", marksOf(QLocale()))); }
 
@@ -115,7 +89,10 @@ MappedLimits::MappedLimits(LimitsPage& page, const SelectionInputs& inputs)
     connect(&graph, &QWidget::customContextMenuRequested, this, &MappedLimits::openMenu);
 }
 
-void MappedLimits::setMovable() { page_.graph().setMovable(true); }
+void MappedLimits::setFollowed() {
+    isFollowed_ = true;
+    page_.graph().setMovable(true);
+}
 
 void MappedLimits::translate() {
     QList<SegmentedSelector::Choice> choices{{QString(), text("frmselection.map.none")}};
@@ -287,6 +264,9 @@ void MappedLimits::openMenu(const QPoint& place) {
     QAction* const exporting =
         menu.addAction(text("frmselection.map.export"), this, &MappedLimits::exportMap);
     exporting->setEnabled(map_ && isWhole_ && page_.hasMap());
+    if (isFollowed_)
+        menu.addAction(text("frmselection.calculation.print"), this, &MappedLimits::printWanted)
+            ->setEnabled(isPossible_);
     menu.exec(page_.graph().mapToGlobal(place));
 }
 

@@ -26,14 +26,16 @@ class MappedLimits : public QObject {
   public:
     MappedLimits(LimitsPage& page, const SelectionInputs& inputs);
 
-    /// Lets the user move the point; pointUsed() says where to.
-    void setMovable();
+    /// Lets the user move the point and print; pointUsed() says where to.
+    void setFollowed();
     void translate();
     void clear();
     /// Without conditions there are neither values nor a map.
     void show(const clsCompressor& compressor, const std::shared_ptr<const clsProjectConditions>& conditions);
     /// The quantity of the map by its name in files; empty for the limits alone.
     QString quantity() const;
+    /// The same as a figure; none for the limits alone.
+    std::optional<Figure> figure() const;
     void setQuantity(const QString& name);
 
   signals:
@@ -42,8 +44,9 @@ class MappedLimits : public QObject {
     /// A file was written; `note` says what it holds and where it is.
     void exported(const QString& note);
 
+    void printWanted();
+
   private:
-    std::optional<Figure> figure() const;
     void followQuantity();
     void takeMap(const std::shared_ptr<const PerformanceMap>& map, bool isLast);
     void showMap();
@@ -64,6 +67,7 @@ class MappedLimits : public QObject {
     std::shared_ptr<const PreparedCatalogue> catalogue_;
     const PreparedCompressor* compressor_ = nullptr;  ///< of the page; null without one
     std::shared_ptr<const clsProjectConditions> conditions_;
+    bool isFollowed_ = false;
     bool isPossible_ = false;
     bool isMapless_ = false;  ///< the quantity has no values
     QString about_;           ///< compressor and conditions

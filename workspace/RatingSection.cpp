@@ -8,7 +8,6 @@
 #include "data/Session.h"
 #include "results/FigureTexts.h"
 #include "results/RatingSheet.h"
-#include "workspace/UnitTexts.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -50,38 +49,23 @@ ReportTable tableOf(Figure figure, const RatingSheet& sheet, const std::vector<P
     return table;
 }
 
-/// "R134A · 2.00 °C / 40.00 °C · Superheat 10.00 K · ...".
-QString titleOf(const PreparedCompressor& compressor, const SelectionInputs& inputs) {
-    const QString between = QStringLiteral(" \u00B7 ");
-    QStringList parts{
-        text("frmselection.tabstrip.tabs.rating"), fromCore(compressor.Refrigerant),
-        withUnit(inputs, Input::evaporatingDew) + QStringLiteral(" / ") +
-            withUnit(inputs, Input::condensingDew),
-        fromCore(inputs.caption(Input::superheatKind)) + u' ' + withUnit(inputs, Input::superheat),
-        text("frmselection.txtsc.captiontext") + u' ' + withUnit(inputs, Input::subcooling)};
-    if (compressor.hasInvert) parts += withUnit(inputs, Input::frequency);
-    return parts.join(between);
-}
-
 }  // namespace
 
-std::optional<ReportSection> ratingSection(const clsCompressor& compressor,
-                                           const clsProjectConditions& conditions,
-                                           const SelectionInputs& inputs) {
+std::optional<ReportTables> ratingSection(const clsCompressor& compressor,
+                                          const clsProjectConditions& conditions, UnitSystem units) {
     const auto catalogue = preparedCatalogue(gDatabase());
     const PreparedCompressor* const prepared =
         catalogue->find(compressor.Refrigerant, compressor.Serie, compressor.Model);
     if (prepared == nullptr) return std::nullopt;
-    const auto sheet = sheetOf(*prepared, conditions, inputs.units());
+    const auto sheet = sheetOf(*prepared, conditions, units);
     if (!sheet) return std::nullopt;
     Calculator calculator;
     const CollectedBoxes said;  // what a point failed at leaves its cell empty
     const auto cells = rate(sheet->plan, loopWith(calculator));
-    ReportSection section{.title = titleOf(*prepared, inputs),
-                          .tables = {},
-                          .ofPoint = text("frmselection.rating.legend.point"),
-                          .ofWarnings = text("frmselection.rating.legend.warning"),
-                          .ofNone = text("frmselection.rating.legend.none")};
+    ReportTables section{.tables = {},
+                         .ofPoint = text("frmselection.rating.legend.point"),
+                         .ofWarnings = text("frmselection.rating.legend.warning"),
+                         .ofNone = text("frmselection.rating.legend.none")};
     for (const Figure figure : figures()) section.tables.push_back(tableOf(figure, *sheet, *cells));
     return section;
 }

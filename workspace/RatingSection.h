@@ -3,17 +3,16 @@
 #include <optional>
 
 #include "catalogue/clsProjectConditions.h"
-#include "inputs/SelectionInputs.h"
 #include "reports/ReportContent.h"
+#include "thermo/UnitSystem.h"
 
 namespace marvello {
 
 class clsCompressor;
 
-/// Returns the rating tables of a compressor as a section of its report: all figures, in steps that fit on
-/// the paper. None without an application limit. Throws FluidLibraryError.
-std::optional<ReportSection> ratingSection(const clsCompressor& compressor,
-                                           const clsProjectConditions& conditions,
-                                           const SelectionInputs& inputs);
+/// Returns the rating tables of a compressor for its report: all figures, in steps that fit on the paper.
+/// None without an application limit. Throws FluidLibraryError.
+std::optional<ReportTables> ratingSection(const clsCompressor& compressor,
+                                          const clsProjectConditions& conditions, UnitSystem units);
 
 }  // namespace marvello

@@ -1,6 +1,7 @@
 #include "workspace/ReportPreview.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -95,20 +96,32 @@ void ReportPreview::makeToolBar() {
             pages_, [this] { pages_->zoomOut(); });
 }
 
-void ReportPreview::offerSections(const QString& name,
-                                  const std::function<std::vector<ReportSection>()>& make) {
-    auto* action = new QAction(name, this);
-    action->setObjectName(QStringLiteral("sections"));
-    action->setCheckable(true);
-    action->setChecked(!report_.sections.empty());
+void ReportPreview::offerSections(const std::vector<OfferedSection>& offered, const QStringList& chosen) {
+    offered_ = offered;
+    chosen_ = chosen;
     QAction* const before = bar_->actions().value(3);  // behind what concerns the paper
-    bar_->insertAction(before, action);
-    connect(action, &QAction::toggled, this, [this, make](bool isOn) {
-        settings::reportHasTables.keep(isOn ? 1 : 0);
-        setSections(report_, isOn ? make() : std::vector<ReportSection>());
-        pages_->updatePreview();
-        showAllPages();
-    });
+    if (!offered_.empty()) bar_->insertSeparator(before);
+    for (const OfferedSection& section : offered_) {
+        auto* action = new QAction(section.name, this);
+        action->setObjectName(section.key);
+        action->setCheckable(true);
+        action->setChecked(chosen_.contains(section.key));
+        bar_->insertAction(before, action);
+        connect(action, &QAction::toggled, this, [this, key = section.key](bool isOn) {
+            chosen_.removeAll(key);
+            if (isOn) chosen_ += key;
+            settings::reportSections.keep(chosen_);
+            takeSections();
+        });
+    }
+    takeSections();
+}
+
+void ReportPreview::takeSections() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    setSections(report_, madeSections(offered_, chosen_));
+    QApplication::restoreOverrideCursor();
+    pages_->updatePreview();
     showAllPages();
 }
 

@@ -2,10 +2,10 @@
 
 #include <QDialog>
 #include <QPrinter>
-#include <functional>
 #include <vector>
 
 #include "reports/ReportContent.h"
+#include "workspace/ReportSections.h"
 
 class QPrintPreviewWidget;
 class QToolBar;
@@ -22,8 +22,9 @@ class ReportPreview : public QDialog {
   public:
     ReportPreview(const ReportContent& report, QWidget* parent);
 
-    /// Offers the sections behind the first page under a name; they are made when they are first asked for.
-    void offerSections(const QString& name, const std::function<std::vector<ReportSection>()>& make);
+    /// Offers sections behind the first page, each with a switch; those of the keys are on. What the user
+    /// switches is remembered for the next report.
+    void offerSections(const std::vector<OfferedSection>& offered, const QStringList& chosen);
 
     /// The name that a file of this report is offered under.
     QString suggestedName() const;
@@ -31,12 +32,15 @@ class ReportPreview : public QDialog {
   private:
     QAction* command(const char* name, const char* key, const char* iconName, const QKeySequence& keys);
     void makeToolBar();
+    void takeSections();
     void showAllPages();
     void print();
     void setUpPage();
     void save();
 
     ReportContent report_;
+    std::vector<OfferedSection> offered_;
+    QStringList chosen_;  ///< keys of sections
     QPrinter printer_;
     QToolBar* bar_;
     QPrintPreviewWidget* pages_;

@@ -7,7 +7,6 @@
 #include "controls/ResultsView.h"
 #include "workspace/CompressorPages.h"
 #include "workspace/CopiedTable.h"
-#include "workspace/RatingSection.h"
 #include "workspace/ReportPreview.h"
 #include "workspace/ResultMarks.h"
 #include "workspace/SelectionReport.h"
@@ -30,6 +29,7 @@ ResultsView::Row viewRowOf(const ResultRow& row) {
 ResultsPane::ResultsPane(SelectionRun& run, const SelectionInputs& inputs, QWidget* parent)
     : ListPane(inputs, parent), run_(run) {
     pages_->setFollowed();
+    connect(pages_, &CompressorPages::printWanted, this, &ResultsPane::printPage);
     connect(lvCps_, &ResultsView::headingClicked, this, &ResultsPane::sortBy);
 }
 
@@ -138,25 +138,34 @@ std::optional<ReportContent> ResultsPane::report() const {
     const ResultRow* const result = selected();
     if (!result) return std::nullopt;
     ReportContent content = reportOf(run_.table(), *result, inputs_);
-    if (settings::reportHasTables.value() == 1 && canPrint()) setSections(content, sections());
+    setSections(content, madeSections(sections(), settings::reportSections.value()));
     return content;
 }
 
-std::vector<ReportSection> ResultsPane::sections() const {
-    const auto section = ratingSection(*selectedCompressor(), *conditions(), inputs_);
-    return section ? std::vector<ReportSection>{*section} : std::vector<ReportSection>();
+std::vector<OfferedSection> ResultsPane::sections() const {
+    if (!canPrint()) return {};
+    return offeredSections(*selectedCompressor(), *run_.conditions(), inputs_,
+                           pages_->mapFigure().value_or(Figure::cop));
 }
 
 void ResultsPane::print(bool preview) const {
-    const std::optional<ReportContent> shown = report();
-    if (!shown) return;
-    if (!preview) {
+    if (preview)
+        showPreview(settings::reportSections.value());
+    else if (const std::optional<ReportContent> shown = report())
         printReport(*shown, window());
-        return;
-    }
-    ReportPreview dialog(*shown, window());
-    dialog.offerSections(dictionaryText(QStringLiteral("frmselection.tabstrip.tabs.rating")),
-                         [this] { return sections(); });
+}
+
+void ResultsPane::printPage(const QString& section) const {
+    QStringList chosen = settings::reportSections.value();
+    if (!chosen.contains(section)) chosen += section;
+    showPreview(chosen);
+}
+
+void ResultsPane::showPreview(const QStringList& chosen) const {
+    const ResultRow* const result = selected();
+    if (!result) return;
+    ReportPreview dialog(reportOf(run_.table(), *result, inputs_), window());
+    dialog.offerSections(sections(), chosen);
     dialog.exec();
 }
 

@@ -5,6 +5,7 @@
 #include "reports/ReportContent.h"
 #include "results/clsOutputs.h"
 #include "workspace/ListPane.h"
+#include "workspace/ReportSections.h"
 #include "workspace/SelectionRun.h"
 
 namespace marvello {
@@ -53,7 +54,11 @@ class ResultsPane : public ListPane {
     std::shared_ptr<const clsProjectConditions> conditions() const override { return run_.conditions(); }
 
   private:
-    std::vector<ReportSection> sections() const;
+    /// Those that the report of the selected compressor can have.
+    std::vector<OfferedSection> sections() const;
+    /// Shows the report with the section of a page.
+    void printPage(const QString& section) const;
+    void showPreview(const QStringList& chosen) const;
     void sortBy(const QString& column);
     void selectCompressor();
 

@@ -53,8 +53,8 @@ inline const Setting<int> groupBy{QStringLiteral("Windows/cmbGroupBy"), 0, 0, 1}
 /// The bytes of the list of builds that the user saw last.
 inline const Setting<int> buildsLength{QStringLiteral("Windows/BuildsLength"), 0, 0, 1e9};
 
-/// Whether the report goes on with rating tables: 0 or 1.
-inline const Setting<int> reportHasTables{QStringLiteral("Report/RatingTables")};
+/// With which sections the report goes on, by their keys.
+inline const Setting<QStringList> reportSections{QStringLiteral("Report/Sections")};
 inline const Setting<QString> exportFolder{QStringLiteral("Export/Folder")};
 inline const Setting<QString> reportFolder{QStringLiteral("Reports/Folder")};
 

@@ -11,7 +11,7 @@
 #include "catalogue/Globals.h"
 #include "catalogue/PreparedCatalogue.h"
 #include "data/Session.h"
-#include "engine/clsSelections.h"
+#include "tests/engine/PlainSelection.h"
 
 namespace marvello {
 namespace {
@@ -69,28 +69,6 @@ class RatingTableTest : public ::testing::Test {
         return plan;
     }
 
-    /// Against a selection of the same model at the conditions of the cell.
-    static void expectSelection(const RatingPlan& plan, std::size_t cell, const Performance& found) {
-        clsSelections selections;
-        selections.Selection(std::make_shared<clsProjectConditions>(plan.conditionsOf(cell)),
-                             plan.compressor->Serie, plan.compressor->Model, plan.compressor->Refrigerant, 0);
-        ASSERT_EQ(selections.Count(), 1);
-        const clsCompressor& selected = selections.Item(1);
-        ASSERT_EQ(found.hasValues(), selected.Messages.Error.Count() == 0) << selected.Key();
-        if (!found.hasValues()) {
-            EXPECT_EQ(found.error, selected.Messages.Error.Item(1).Name);
-            return;
-        }
-        const auto number = [&](const char* name) { return selected.Variables.Item(name).number(); };
-        const bool isEconomized = selected.Variables.Exist("CopEco");
-        EXPECT_EQ(valueOf(found, Figure::capacity),
-                  isEconomized ? number("Q0") + number("Qeco") : number("Q0"));
-        EXPECT_EQ(valueOf(found, Figure::power), number(isEconomized ? "PtaEco" : "Pta"));
-        EXPECT_EQ(valueOf(found, Figure::cop), number(isEconomized ? "CopEco" : "COP"));
-        EXPECT_EQ(valueOf(found, Figure::massFlow), number("Mbase"));
-        EXPECT_EQ(found.state == PointState::warning, selected.Messages.Attention.Count() > 0);
-    }
-
     Session session_;
     std::shared_ptr<const PreparedCatalogue> catalogue_;
     Calculator calculator_;
@@ -107,7 +85,7 @@ TEST_F(RatingTableTest, EachCellIsAPlainSelection) {
         ASSERT_EQ(cells->size(), plan.count());
         for (int i = 0; i < 20; ++i, ++compared) {
             const std::size_t cell = random_() % plan.count();
-            expectSelection(plan, cell, (*cells)[cell]);
+            testing::expectPlainSelection(*plan.compressor, plan.conditionsOf(cell), (*cells)[cell]);
             if ((*cells)[cell].hasValues()) ++withValues;
         }
     }

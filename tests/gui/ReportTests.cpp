@@ -253,11 +253,11 @@ TEST_P(ReportTest, GoesOnWithRatingTablesIfTheUserWantsThem) {
     select(mark::withWarnings);
     const ReportContent alone = *form->results().report();
     ASSERT_TRUE(alone.sections.empty()) << "not before somebody asks for them";
-    settings::reportHasTables.keep(1);
+    settings::reportSections.keep({QStringLiteral("rating")});
     const ReportContent report = *form->results().report();
     ASSERT_EQ(report.sections.size(), 1U);
     EXPECT_EQ(report.pages.size(), 2);
-    const ReportSection& section = report.sections.front();
+    const auto& section = std::get<ReportTables>(report.sections.front().content);
     ASSERT_EQ(section.tables.size(), 6U);
     const QStringList columns{"Q0", "Pta", "COP", "CA", "mBase", "Tsca"};
     for (int i = 0; i < columns.size(); ++i) {
@@ -278,6 +278,30 @@ TEST_P(ReportTest, GoesOnWithRatingTablesIfTheUserWantsThem) {
     first.sections.clear();
     first.pages = alone.pages;
     EXPECT_EQ(wordsOf(first), wordsOf(alone));
+}
+
+TEST_P(ReportTest, HasTheMapOfTheLimitsAndTheCycleAsSections) {
+    calculate("R134A", "TK-A");
+    select(mark::withWarnings);
+    form->results().setMapQuantity(QStringLiteral("capacity"));
+    settings::reportSections.keep({QStringLiteral("cycle"), QStringLiteral("limits")});
+    const ReportContent report = *form->results().report();
+    ASSERT_EQ(report.sections.size(), 2U);
+    const auto& map = std::get<ReportMap>(report.sections[0].content);
+    const auto& cycle = std::get<ReportCycle>(report.sections[1].content);
+    ASSERT_TRUE(map.envelope.map);
+    const QString words = wordsOf(report);
+    EXPECT_TRUE(words.contains(plain(map.heading)));
+    for (const EnvelopeMap::Line& line : map.envelope.map->lines)
+        EXPECT_TRUE(words.contains(plain(line.level))) << line.level.toStdString();
+    ASSERT_GE(cycle.states.size(), 5U);
+    for (const QStringList& state : cycle.states) {
+        ASSERT_EQ(state.size(), cycle.columns.size());
+        for (const QString& value : state)
+            EXPECT_TRUE(words.contains(plain(value))) << value.toStdString();
+    }
+    for (const CaptionedValue& figure : cycle.figures)
+        EXPECT_TRUE(words.contains(plain(fromCore(figure.value)))) << figure.value;
 }
 
 TEST_P(ReportTest, AFileThatCannotBeWrittenIsSaidAndLosesNothing) {

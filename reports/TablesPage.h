@@ -4,13 +4,13 @@
 
 namespace marvello {
 
-/// A page of the report behind the first one, with the tables of a section.
-class SectionPage : public PaperPage {
+/// A page of the report with tables over the operating points.
+class TablesPage : public PaperPage {
   public:
     using PaperPage::PaperPage;
 
-    /// Pages count from 1, the first section is on page 2.
-    void paint(int page);
+    /// Paints what is between head and foot.
+    void paint(const ReportTables& section);
 
   private:
     struct Grid {
@@ -23,7 +23,7 @@ class SectionPage : public PaperPage {
     static double fitting(const ReportTable& table, double cellWidth, double size);
     static double roomBefore(const ReportTable::Cell& cell) { return (cell.hasWarnings ? 1.9 : 0.3) * mm; }
     static constexpr double roomBehind = 0.8 * mm;
-    void paintLegend(const ReportSection& section, double top);
+    void paintLegend(const ReportTables& section, double top);
 };
 
 }  // namespace marvello

@@ -1,4 +1,4 @@
-#include "reports/SectionPage.h"
+#include "reports/TablesPage.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -19,9 +19,7 @@ constexpr double legendRows = 2;
 }  // namespace
 
 // All tables of a section are alike: two next to each other, with rows set closer where they need it.
-void SectionPage::paint(int page) {
-    const ReportSection& section = content_.sections.at(static_cast<std::size_t>(page - 2));
-    paintHead(section.title);
+void TablesPage::paint(const ReportTables& section) {
     const double between = 8 * mm;
     const double width = (right() - side - between) / tablesAcross;
     const auto down = static_cast<double>((section.tables.size() + tablesAcross - 1) / tablesAcross);
@@ -35,10 +33,9 @@ void SectionPage::paint(int page) {
                    {left, bodyTop + above * (headRows + rows + rowsBetween) * step, width, step});
     }
     paintLegend(section, bodyTop + down * (headRows + rows + rowsBetween) * step);
-    paintFoot(page);
 }
 
-void SectionPage::paintTable(const ReportTable& table, const Grid& grid) {
+void TablesPage::paintTable(const ReportTable& table, const Grid& grid) {
     const double captionWidth = 15 * mm;
     const double cellWidth =
         (grid.width - captionWidth) / std::max(1.0, static_cast<double>(table.columns.size()));
@@ -58,8 +55,8 @@ void SectionPage::paintTable(const ReportTable& table, const Grid& grid) {
     }
 }
 
-void SectionPage::paintHeads(const ReportTable& table, const Grid& grid, double captionWidth,
-                             double cellWidth) {
+void TablesPage::paintHeads(const ReportTable& table, const Grid& grid, double captionWidth,
+                            double cellWidth) {
     const double size = 7.5 * point * grid.step / lineStep;
     text({grid.left, grid.top, grid.width, grid.step}, Qt::AlignLeft | Qt::AlignVCenter,
          8.5 * point * grid.step / lineStep, table.heading, headingBlue, QFont::Medium);
@@ -72,7 +69,7 @@ void SectionPage::paintHeads(const ReportTable& table, const Grid& grid, double 
     rule(top + grid.step - hairline, hairline, frame, grid.left, grid.left + grid.width);
 }
 
-double SectionPage::fitting(const ReportTable& table, double cellWidth, double size) {
+double TablesPage::fitting(const ReportTable& table, double cellWidth, double size) {
     const QFontMetricsF metrics(letters(size));
     double least = 1;
     for (const ReportTable::Cell& cell : table.cells)
@@ -81,8 +78,8 @@ double SectionPage::fitting(const ReportTable& table, double cellWidth, double s
     return least;
 }
 
-void SectionPage::paintCell(const ReportTable::Cell& cell, const QRectF& box, double size,
-                            bool isOperatingPoint) {
+void TablesPage::paintCell(const ReportTable::Cell& cell, const QRectF& box, double size,
+                           bool isOperatingPoint) {
     if (cell.text.isEmpty()) {
         painter_.save();
         painter_.setClipRect(box);
@@ -102,7 +99,7 @@ void SectionPage::paintCell(const ReportTable::Cell& cell, const QRectF& box, do
     painter_.drawRect(box.adjusted(0.15 * mm, 0.15 * mm, -0.15 * mm, -0.15 * mm));
 }
 
-void SectionPage::paintLegend(const ReportSection& section, double top) {
+void TablesPage::paintLegend(const ReportTables& section, double top) {
     const double height = 2.6 * mm;
     double left = side;
     const auto add = [&](const QString& words, const auto& paintSample) {

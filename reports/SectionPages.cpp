@@ -1,0 +1,114 @@
+#include "reports/SectionPages.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "controls/CoreText.h"
+#include "reports/PaintedDrawing.h"
+#include "reports/TablesPage.h"
+
+namespace marvello {
+
+namespace {
+
+constexpr double bodyText = 8.5;  // points
+
+class MapPaper : public PaperPage {
+  public:
+    using PaperPage::PaperPage;
+
+    void paint(const ReportMap& map) {
+        text({side, bodyTop, right() - side, lineStep}, Qt::AlignLeft | Qt::AlignVCenter, bodyText * point,
+             map.heading, headingBlue, QFont::Medium);
+        constexpr double height = 150 * mm;
+        paintEnvelope(map.envelope, {side, bodyTop + 1.5 * lineStep, right() - side, height}, 5);
+    }
+};
+
+class CyclePaper : public PaperPage {
+  public:
+    using PaperPage::PaperPage;
+
+    void paint(const ReportCycle& cycle) {
+        const double width = right() - side;
+        text({side, bodyTop, width, lineStep}, Qt::AlignLeft | Qt::AlignVCenter, bodyText * point,
+             cycle.heading, headingBlue, QFont::Medium);
+        const double top = bodyTop + 1.5 * lineStep;
+        const double scale = width / cycle.diagram.width;
+        painter_.save();
+        painter_.translate(side, top);
+        painter_.scale(scale, scale);
+        paintDrawing(painter_, cycle.diagram);
+        painter_.restore();
+        const double states = top + cycle.diagram.height * scale + lineStep;
+        paintFigures(cycle, paintStates(cycle, states) + lineStep);
+    }
+
+  private:
+    /// Returns where the table ends.
+    double paintStates(const ReportCycle& cycle, double top) {
+        const double names = 58 * mm;
+        const double columns = std::max(1.0, static_cast<double>(cycle.columns.size() - 1));
+        const double cell = (right() - side - names) / columns;
+        const auto paintRow = [&](const QStringList& row, const QColor& colour) {
+            for (qsizetype i = 0; i < row.size(); ++i) {
+                const double left = i == 0 ? side : side + names + cell * static_cast<double>(i - 1);
+                text({left, top, (i == 0 ? names : cell) - 1 * mm, lineStep},
+                     (i == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter, 7.5 * point, row[i],
+                     colour);
+            }
+            top += lineStep;
+        };
+        paintRow(cycle.columns, quiet);
+        rule(top - hairline, hairline, frame, side, right());
+        for (const QStringList& state : cycle.states) {
+            paintRow(state, ink);
+            rule(top - hairline, hairline, faint, side, right());
+        }
+        return top;
+    }
+
+    void paintFigures(const ReportCycle& cycle, double top) {
+        const double between = 8 * mm;
+        const double width = (right() - side - between) / 2;
+        for (std::size_t i = 0; i < cycle.figures.size(); ++i) {
+            const QRectF box(side + static_cast<double>(i % 2) * (width + between),
+                             top + static_cast<double>(i / 2) * lineStep, width, lineStep);
+            const double value = 26 * mm;
+            text(box.adjusted(0, 0, -value, 0), Qt::AlignLeft | Qt::AlignVCenter, 7.5 * point,
+                 fromCore(cycle.figures[i].caption), quiet);
+            text({box.right() - value, box.top(), value, box.height()}, Qt::AlignRight | Qt::AlignVCenter,
+                 7.5 * point, fromCore(cycle.figures[i].value), ink);
+            rule(box.bottom() - hairline, hairline, faint, box.left(), box.right());
+        }
+    }
+};
+
+/// A page with head and foot, and the content of the section between them.
+class SectionPage : public PaperPage {
+  public:
+    SectionPage(QPainter& painter, const QSizeF& paper, const ReportContent& content)
+        : PaperPage(painter, paper, content), paper_(paper) {}
+
+    void paint(int page) {
+        const ReportSection& section = content_.sections.at(static_cast<std::size_t>(page - 2));
+        paintHead(section.title);
+        std::visit([this](const auto& part) { paintPart(part); }, section.content);
+        paintFoot(page);
+    }
+
+  private:
+    void paintPart(const ReportTables& tables) { TablesPage(painter_, paper_, content_).paint(tables); }
+    void paintPart(const ReportMap& map) { MapPaper(painter_, paper_, content_).paint(map); }
+    void paintPart(const ReportCycle& cycle) { CyclePaper(painter_, paper_, content_).paint(cycle); }
+
+    QSizeF paper_;
+};
+
+}  // namespace
+
+void paintSection(QPainter& painter, const QSizeF& paper, const ReportContent& content, int page) {
+    SectionPage(painter, paper, content).paint(page);
+}
+
+}  // namespace marvello

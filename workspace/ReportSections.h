@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QStringList>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "engine/Performance.h"
+#include "inputs/SelectionInputs.h"
+#include "reports/ReportContent.h"
+
+namespace marvello {
+
+/// A section that the report of a compressor can have, of the same name as a page of it.
+struct OfferedSection {
+    QString key;  ///< of the page
+    QString name;
+    std::function<std::optional<ReportSection>()> make;
+};
+
+/// Returns the sections that the report of a calculated compressor can have, in their order: the limits with
+/// a map of a figure, rating tables, the cycle. To make one throws nothing; none comes where there are no
+/// values. The arguments outlive them.
+std::vector<OfferedSection> offeredSections(const clsCompressor& compressor,
+                                            const clsProjectConditions& conditions,
+                                            const SelectionInputs& inputs, Figure mapped);
+
+/// Makes those of the sections whose keys are chosen.
+std::vector<ReportSection> madeSections(const std::vector<OfferedSection>& offered,
+                                        const QStringList& chosen);
+
+}  // namespace marvello
