@@ -5,6 +5,7 @@
 #include <exception>
 #include <utility>
 
+#include "engine/PartLoad.h"
 #include "engine/PerformanceMap.h"
 #include "engine/RatingTable.h"
 #include "engine/Statements.h"
@@ -21,6 +22,17 @@ Performance failedWith(std::string_view key) {
     return {.state = PointState::error, .error = std::string(key)};
 }
 
+/// The COP at parts of the full capacity, where the machine reaches them.
+void addPartLoads(ComparedMachine& machine, Calculator& calculator) {
+    const PartLoadPlan plan{.compressor = machine.prepared, .conditions = machine.choice.conditions};
+    const MachineLoads loads(calculator, plan);
+    if (!loads.full().performance.hasValues()) return;
+    for (std::size_t i = 0; i < partLoadShares.size(); ++i) {
+        const LoadRun run = loads.at(calculator, partLoadShares.at(i)).run;
+        if (run.kind != LoadRun::Kind::none) machine.partLoadCop.at(i) = run.cop;
+    }
+}
+
 ComparedMachine machineOf(const ComparedChoice& choice, const PreparedCatalogue& catalogue,
                           Calculator& calculator) {
     ComparedMachine machine{.choice = choice};
@@ -34,6 +46,7 @@ ComparedMachine machineOf(const ComparedChoice& choice, const PreparedCatalogue&
         calculator.calculate(*machine.prepared, choice.conditions, *calculated);
         machine.performance = performanceOf(*calculated);
         machine.calculated = std::move(calculated);
+        if (machine.performance.hasValues()) addPartLoads(machine, calculator);
     } catch (const FluidLibraryError&) {
         throw;
     } catch (const std::exception&) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -20,6 +21,9 @@ namespace marvello {
 
 /// How many compressors are compared at once.
 inline constexpr std::size_t maxCompared = 4;
+
+/// The loads at which part-load running is compared, as shares of the full capacity.
+inline constexpr std::array partLoadShares{0.75, 0.5, 0.25};
 
 /// The key of the error of a compressor that the catalogue does not have.
 inline constexpr std::string_view unknownCompressor = "frmcomparison.unknown";
@@ -57,6 +61,8 @@ struct ComparedMachine {
     std::shared_ptr<const clsCompressor> calculated{};  ///< Null if it could not be calculated at all.
     Performance performance{};
     std::optional<Margin> margin{};  ///< To the application limit.
+    /// At partLoadShares, the condensing temperature as it is and without a loss by starts: see PartLoad.
+    std::array<std::optional<double>, partLoadShares.size()> partLoadCop{};
 
     bool isOnInverter() const { return prepared != nullptr && prepared->hasInvert; }
     /// The lines of its envelope for its conditions; null without any.

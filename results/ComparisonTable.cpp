@@ -295,10 +295,25 @@ class TableMaker {
             }));
         }
         addNumbers(group, pointRows);
+        addPartLoads(group);
         group.rows.push_back(
             wordRow("economizer", "frmselection.cmbeco.captiontext",
                     [this](const ComparedMachine& machine) { return economizerOf(machine); }));
         return group;
+    }
+
+    void addPartLoads(ComparedGroup& group) const {
+        constexpr std::array<std::string_view, partLoadShares.size()> names{"cop75", "cop50", "cop25"};
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            const std::string percent = formatNumber(partLoadShares.at(i) * 100, "#0");
+            ComparedRow made = row(names.at(i), dictionaryText("frmcomparison.partload", {percent}),
+                                   [&](const ComparedMachine& machine) {
+                                       return numberCell(machine.partLoadCop.at(i), twoPlaces, style_.marks);
+                                   });
+            markBest(made, Better::higher);
+            tellApart(made, Apart::percent, style_);
+            group.rows.push_back(std::move(made));
+        }
     }
 
     std::string economizerOf(const ComparedMachine& machine) const {

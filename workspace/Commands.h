@@ -19,6 +19,7 @@ enum class Command {
     exportList,
     exportPolynomials,
     copy,
+    addToComparison,
     collapseInputs,
     previousRow,
     nextRow,
@@ -40,6 +41,7 @@ enum class Needs {
     results,
     listedResults,
     selectionResults,
+    listedRow,  ///< of a list of compressors
     copyableRow,
     printableRow
 };

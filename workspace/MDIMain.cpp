@@ -18,6 +18,7 @@
 #include "controls/AdvanceText.h"
 #include "controls/Hairline.h"
 #include "controls/Icons.h"
+#include "controls/MessageBox.h"
 #include "controls/TabStrip.h"
 #include "data/DictionaryTexts.h"
 #include "data/Session.h"
@@ -31,6 +32,7 @@
 #include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/WorkArea.h"
+#include "workspace/frmComparison.h"
 #include "workspace/frmFind.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmSelection.h"
@@ -217,6 +219,48 @@ void MDIMain::openSolution(const SelectionOfCandidate& solution, const QString& 
     form->lnkCalculate_Click();
 }
 
+frmComparison* MDIMain::comparison() const {
+    for (Form* form : forms())
+        if (auto* found = qobject_cast<frmComparison*>(form)) return found;
+    return nullptr;
+}
+
+// The list stays in front, where more may be chosen.
+void MDIMain::compare(const std::vector<ComparedChoice>& choices) {
+    if (choices.empty()) return;
+    frmComparison* form = comparison();
+    if (!form) {
+        QMdiSubWindow* const before = area_->activeSubWindow();
+        QWidget* const inUse = QApplication::focusWidget();
+        setUpdatesEnabled(false);
+        form = std::make_unique<frmComparison>().release();  // its window owns it
+        form->MeasureUnits(cmbmeasureunits_->Key().toInt(), false);
+        connect(form, &frmComparison::addRequested, this, &MDIMain::offerToCompare);
+        place(form, nullptr);
+        if (before) area_->setActiveSubWindow(before);
+        if (inUse) inUse->setFocus();
+        setUpdatesEnabled(true);
+    }
+    const frmComparison::Added added = form->add(choices);
+    if (!added.note.isEmpty()) note(added.note);
+    if (!added.refusal.isEmpty()) MessageBox::show(this, MessageBox::Mark::information, added.refusal);
+}
+
+void MDIMain::offerToCompare(const QPoint& place) {
+    QMenu menu(this);
+    for (Form* form : forms()) {
+        auto* withInputs = qobject_cast<InputForm*>(form);
+        if (!withInputs || !withInputs->hasResults()) continue;
+        QMenu* const list = menu.addMenu(form->Description());
+        for (const ListPane::Listed& listed : withInputs->results().listedRows())
+            connect(list->addAction(listed.label), &QAction::triggered, this,
+                    [this, choice = listed.choice] { compare({choice}); });
+    }
+    if (menu.isEmpty())
+        menu.addAction(dictionaryText(QStringLiteral("frmcomparison.nolist")))->setEnabled(false);
+    menu.exec(place);
+}
+
 template <class Form>
 Form* MDIMain::openNew() {
     const WaitCursor wait;
@@ -239,6 +283,7 @@ void MDIMain::open(InputForm* form) {
     connect(form, &Form::sizesChanged, this, [form] { keepSizes(*form); });
     if (auto* selection = qobject_cast<SelectionForm*>(form))
         selection->populateLVCPS(cmbGroupBy_->Key().toInt());
+    connect(&form->results(), &ListPane::chosenToCompare, this, &MDIMain::compare);
     place(form, firstInUse);
 }
 
@@ -322,6 +367,7 @@ void MDIMain::refreshState() {
     const bool isSelection = qobject_cast<const SelectionForm*>(form) != nullptr;
     commands_.enable(Needs::results, hasResults);
     commands_.enable(Needs::selectionResults, hasResults && isSelection);
+    commands_.enable(Needs::listedRow, withInputs && withInputs->canCopy());
     commands_.enable(Needs::copyableRow, form && form->canCopy());
     commands_.enable(Needs::printableRow, form && form->canPrint());
     commands_.enable(Needs::inputs, withInputs != nullptr);

@@ -4,6 +4,7 @@
 #include <QTranslator>
 #include <array>
 #include <memory>
+#include <vector>
 
 #include "workspace/Commands.h"
 
@@ -25,7 +26,9 @@ class TabStrip;
 class InputForm;
 class SelectionForm;
 class WorkArea;
+class frmComparison;
 class frmFind;
+struct ComparedChoice;
 struct SelectionOfCandidate;
 
 /// The program's frame: holds any number of forms, each with its tab.
@@ -66,6 +69,12 @@ class MDIMain : public QMainWindow {
     void open(InputForm* form);
     /// Gives a form its window and its tab; `firstInUse` has the focus at first.
     void place(Form* form, QWidget* firstInUse);
+    /// The form of the comparison; null while there is none.
+    frmComparison* comparison() const;
+    /// Adds compressors to the comparison, which is opened behind the form at hand if there is none.
+    void compare(const std::vector<ComparedChoice>& choices);
+    /// Lets the user add a compressor of a list, from a menu at a place of the screen.
+    void offerToCompare(const QPoint& place);
     /// Opens a solution of a search as a selection, and calculates it.
     void openSolution(const SelectionOfCandidate& solution, const QString& compressor);
     /// Describes a form by its number and what it is, in the user's language.

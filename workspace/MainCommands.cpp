@@ -122,6 +122,8 @@ void MDIMain::makeCommands() {
     // The key belongs to what has the focus: the list copies its rows, a field its text.
     commands_[Command::copy]->setShortcutContext(Qt::WidgetShortcut);
     onForm(Command::copy, [](Form& form) { form.CopyToClipBoard(); });
+    onInputForm(Command::addToComparison,
+                [this](InputForm& form) { compare(form.results().selectedChoices()); });
     onForm(Command::print, [](Form& form) { form.PrintReport(false); });
     onForm(Command::printPreview, [](Form& form) { form.PrintReport(true); });
     onForm(Command::exportList, [](Form& form) { form.ExportCPS(); });
@@ -160,7 +162,7 @@ void MDIMain::makeMenus() {
         fill(menu(), "mnu_file", {{newSelection}, {closeForm, closeAll}, {printPreview, print}, {exit}});
     // One menu, below the menu bar and below the button of the tool bar.
     commands_[exports]->setMenu(fill(new QMenu(this), "mnu_tools_export", {{exportList, exportPolynomials}}));
-    mnu_tools_ = fill(menu(), "mnu_tools", {{exports, copy}});
+    mnu_tools_ = fill(menu(), "mnu_tools", {{exports, copy}, {addToComparison}});
     mnu_tools_->addSeparator();
     mnu_tools_language_ = fill(mnu_tools_->addMenu(QString()), "mnu_tools_language", {});
     mnuWindow_ = fill(menu(), "mnuWindow", {{cascade, tileHorizontal, tileVertical, arrangeIcons}});

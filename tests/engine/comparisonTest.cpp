@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "catalogue/Globals.h"
@@ -68,6 +69,33 @@ TEST_F(ComparisonTest, EachMachineIsAPlainSelectionAtConditionsOfItsOwn) {
     EXPECT_TRUE(comparison.machines[2].performance.economized);
     EXPECT_EQ(comparison.machines[3].performance.state, PointState::outside);
     EXPECT_LT(comparison.machines[3].margin->kelvin, 0);
+}
+
+// The steps of TK-A are 100, 75, 50 and 25 %; their capacities are not just these shares of the full one, so
+// that each share is met by two neighbouring steps in turns: COP = needed / (mean power).
+TEST_F(ComparisonTest, PartLoadIsMetByTheStepsAroundIt) {
+    const ComparedChoice full = choice("R134A", "TK-A", "255");
+    const Comparison comparison = compared({full});
+    std::vector<std::pair<double, double>> steps;  // capacity and power
+    for (const int step : {100, 75, 50, 25}) {
+        ComparedChoice at = full;
+        at.conditions.StepCapacity = step;
+        clsSelections selections;
+        const clsCompressor& plain = selected(selections, at);
+        ASSERT_EQ(plain.Messages.Error.Count(), 0) << step;
+        steps.emplace_back(plain.Variables.Item("Q0").number(), plain.Variables.Item("Pta").number());
+    }
+    for (std::size_t i = 0; i < partLoadShares.size(); ++i) {
+        const double needed = partLoadShares.at(i) * steps[0].first;
+        std::size_t upper = 0;
+        while (upper + 2 < steps.size() && steps[upper + 1].first >= needed) ++upper;
+        const auto& [highQ, highP] = steps[upper];
+        const auto& [lowQ, lowP] = steps[upper + 1];
+        const double share = (needed - lowQ) / (highQ - lowQ);
+        const double expected = share >= 0 ? needed / (share * highP + (1 - share) * lowP) : lowQ / lowP;
+        ASSERT_TRUE(comparison.machines[0].partLoadCop.at(i));
+        EXPECT_NEAR(*comparison.machines[0].partLoadCop.at(i), expected, 1e-2) << i;
+    }
 }
 
 TEST_F(ComparisonTest, ACompressorThatTheCatalogueLacksKeepsItsPlace) {

@@ -151,6 +151,18 @@ TEST_F(ComparisonTableTest, ACompressorWithAnErrorKeepsItsColumnWithItsFirstMess
     EXPECT_EQ(differences("capacity"), "[][][]") << "the reference has no value";
 }
 
+TEST_F(ComparisonTableTest, PartLoadsOfAllMachinesAreRowsOfTheirOwn) {
+    compareThese({choice("R134A", "TK-A", "255"), choice("R513A", "MV-E", "50-240")});
+    comparison.machines[0].partLoadCop = {4.1, 3.9, std::nullopt};
+    comparison.machines[1].partLoadCop = {4.2, std::nullopt, std::nullopt};
+    EXPECT_EQ(row("cop75").caption, "COP at 75 %");
+    EXPECT_EQ(texts("cop75"), "4.10 | 4.20*");
+    EXPECT_EQ(texts("cop50"), "3.90 | -");
+    const ComparisonTable table = comparisonTable(comparison, style);
+    for (const ComparedRow& each : table.groups.front().rows)
+        EXPECT_NE(each.name, "cop25") << "no machine has a value";
+}
+
 TEST_F(ComparisonTableTest, CsvHasAllDigitsAndWordsInQuotes) {
     compareThese({choice("R134A", "TK-A", "255"), choice("R513A", "MV-E", "50-240")});
     duty(0).capacity = 150.0625;
