@@ -210,6 +210,9 @@ void RatingGrid::setTable(Table table) {
     ground.setColor(QPalette::Window, Look::current().surfaceAlt);
     corner_->setPalette(ground);
     model_->setTable(std::move(table));
+    // Empty headings would leave the button in their corner.
+    for (QHeaderView* headings : {horizontalHeader(), verticalHeader()})
+        headings->setVisible(model_->rowCount() > 0);
     if (isAlike) return;
     selectionModel()->setCurrentIndex(model_->index(row, column), QItemSelectionModel::NoUpdate);
     scrollTo(model_->index(row, column));

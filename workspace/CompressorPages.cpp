@@ -110,6 +110,13 @@ bool CompressorPages::select(const QString& key) {
     return tab >= 0;
 }
 
+void CompressorPages::step(int by) {
+    const bool hadFocus = page()->isAncestorOf(focusWidget());
+    const int count = TabStrip_->count();
+    TabStrip_->setCurrentIndex((current() + by + count) % count);
+    if (hadFocus) focusPage();
+}
+
 int CompressorPages::current() const { return TabStrip_->currentIndex(); }
 
 QWidget* CompressorPages::tabs() const { return TabStrip_; }

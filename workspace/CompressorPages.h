@@ -61,6 +61,8 @@ class CompressorPages : public QWidget {
     void findOnPage();
     /// Selects a page by its key. False for a key that no page has.
     bool select(const QString& key);
+    /// Selects the page `by` places further, round the tabs. A focus in the page stays in it.
+    void step(int by);
     int current() const;
     /// The row of tabs, and the page that is shown.
     QWidget* tabs() const;

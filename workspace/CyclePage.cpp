@@ -206,7 +206,7 @@ void CyclePage::arrange() {
     side_->setVisible(hasRoom);
     constexpr int scrollBar = 12;
     const int wanted = std::max(sideWidth, states_->header()->length() + scrollBar);
-    const int leastDiagram = std::max(leastSide, width() * 2 / 5);
+    const int leastDiagram = std::max(leastSide, width() * 4 / 11);
     side_->setFixedWidth(std::clamp(width() - leastDiagram, leastSide, wanted));
 }
 

@@ -51,6 +51,11 @@ InputForm::InputForm(const SelectionKind& kind, QWidget* parent) : Form(parent),
     };
     onKey(Qt::Key_F5, [this] { lnkCalculate_Click(); });
     onKey(Qt::Key_F6, [this] { goRound(); });
+    const auto goToPage = [this](int by) {
+        if (hasResults()) results().stepPage(by);
+    };
+    onKey(Qt::CTRL | Qt::Key_PageDown, [goToPage] { goToPage(1); });
+    onKey(Qt::CTRL | Qt::Key_PageUp, [goToPage] { goToPage(-1); });
     onKey(QKeySequence::Find, [this] {
         if (hasResults()) results().findOnPage();
     });

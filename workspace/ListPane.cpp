@@ -155,6 +155,8 @@ void ListPane::fillPage() {
 
 bool ListPane::selectPage(const QString& key) { return pages_->select(key); }
 
+void ListPane::stepPage(int by) { pages_->step(by); }
+
 void ListPane::findOnPage() { pages_->findOnPage(); }
 
 QList<QWidget*> ListPane::parts() const { return {lvCps_, pages_->tabs(), pages_->page()}; }

@@ -41,6 +41,8 @@ class ListPane : public Splitter {
     /// Fills the page that is shown.
     void fillPage();
     bool selectPage(const QString& key);
+    /// Shows the page `by` places further; the first one follows the last one.
+    void stepPage(int by);
     /// Lets the user look for words on the page that is shown, if it can.
     void findOnPage();
     /// The height of what is above and below the list in its half.

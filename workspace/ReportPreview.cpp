@@ -55,7 +55,7 @@ ReportPreview::ReportPreview(const ReportContent& report, QWidget* parent)
     column->addWidget(bar_);
     column->addWidget(pages_, 1);
     const QSize room = parent ? parent->size() : QSize(1000, 860);
-    resize(std::min(900, room.width() - 40), room.height() - 40);
+    resize(std::min(1080, room.width() - 40), room.height() - 40);
     pages_->fitInView();
     pages_->setFocus();
     for (QWidget* part : pages_->findChildren<QWidget*>())

@@ -12,6 +12,8 @@
 #include "catalogue/PreparedCatalogue.h"
 #include "data/CollectedBoxes.h"
 #include "data/Session.h"
+#include "engine/CapacityStates.h"
+#include "engine/PartLoad.h"
 #include "engine/ShippedProfiles.h"
 #include "tests/engine/PlainSelection.h"
 
@@ -162,6 +164,34 @@ TEST_F(YearTest, TheEnergyOfABinIsThatOfItsStates) {
     }
     EXPECT_NEAR(year.energy, energy, 1e-9 * energy);
     EXPECT_NEAR(year.delivered + year.unmet, 220 * 6147.494, 1);
+}
+
+/// What meetLoad says, which goes another way.
+TEST_F(YearTest, AMachineAloneMeetsALoadAsItsPartLoadSays) {
+    request_.designLoad = 120;
+    for (const Degradation& degradation : {quarter, Degradation{Degradation::Form::chiller, 0.9}}) {
+        request_.degradation = degradation;
+        for (const PlantMachines& alone : {machines("TK-A", "120"), machines("TK-D", "140")}) {
+            request_.machines = {alone};
+            request_.profile.bins.clear();
+            for (int i = 1; i <= 40; ++i) request_.profile.bins.push_back({20, 1, i / 40.0});
+            const PreparedCompressor& compressor = *alone.compressor;
+            const auto steps = stepStates(calculator_, compressor, conditionsAt(2, 40), stepsOf(compressor));
+            for (const YearBin& bin : year().bins) {
+                LoadRun run;
+                if (compressor.hasInvert) {
+                    InverterStates states(calculator_, compressor, conditionsAt(2, 40));
+                    run = meetLoad(bin.needed, states, degradation);
+                } else {
+                    run = meetLoad(bin.needed, steps, degradation);
+                }
+                EXPECT_NEAR(bin.power(), run.power, 1e-6 * run.power) << bin.needed;
+                EXPECT_NEAR(bin.delivered(), run.capacity, 1e-6 * run.capacity) << bin.needed;
+                EXPECT_EQ(bin.load.running.size(), run.running.size());
+                EXPECT_EQ(bin.load.unmet > 0, run.kind == LoadRun::Kind::tooSmall);
+            }
+        }
+    }
 }
 
 TEST_F(YearTest, AMachineOutsideOfItsLimitsSaysWhy) {

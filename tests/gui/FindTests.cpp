@@ -279,6 +279,25 @@ TEST_F(FindFormTest, F6GoesRoundInputsListTabsAndPage) {
     EXPECT_EQ(parts, (QStringList{"list", "tabs", "page", "inputs"}));
 }
 
+TEST_F(FindFormTest, CtrlPageDownGoesRoundThePages) {
+    list()->selectRow(0);
+    list()->setFocus();
+    auto* const tabs = form->findChild<TabStrip*>("TabStrip");
+    QStringList pages;
+    for (int i = 0; i < tabs->count(); ++i) {
+        pages += tabs->currentKey();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown, Qt::ControlModifier);
+    }
+    EXPECT_EQ(pages.removeDuplicates(), 0);
+    EXPECT_EQ(tabs->currentIndex(), 0);
+    EXPECT_TRUE(list()->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(tabs->currentIndex(), tabs->count() - 1);
+    EXPECT_TRUE(form->findChild<QWidget*>("Frame4")->isAncestorOf(QApplication::focusWidget()));
+}
+
 TEST_F(FindFormTest, AChipLimitsTheListToChosenValues) {
     chip("all")->click();
     const int all = list()->rowCount();

@@ -156,6 +156,11 @@ TEST_F(RatingPageTest, AnErrorHasNoTable) {
     form->results().selectPage(QStringLiteral("rating"));
     EXPECT_EQ(cells().rowCount(), 0);
     EXPECT_EQ(grid()->accessibleDescription(), "No values: see Messages");
+    // Nothing of the headings is left, as the button in their corner.
+    for (const QWidget* part : grid()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        EXPECT_TRUE(!part->isVisible() || part == grid()->viewport() || part->size().isEmpty() ||
+                    part->geometry().top() > 0)
+            << part->metaObject()->className();
     EXPECT_FALSE(control<ctlBtn>(*form, "ratingCopy")->isVisible());
 }
 

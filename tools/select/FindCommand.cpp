@@ -9,6 +9,7 @@
 #include "tools/select/Exit.h"
 #include "tools/select/FindOutput.h"
 #include "tools/select/FindQuestion.h"
+#include "tools/select/PutBack.h"
 #include "tools/select/Run.h"
 
 namespace marvello::select {
@@ -66,7 +67,10 @@ int FindCommand::run() const {
     Calculator calculator;
     FindResult result = carryOut(request, calculator);
     rank(result.candidates, question.rankBy);
-    for (const std::string& remark : putBackRemarks(result)) complain(remark, done);
+    std::map<std::string, unsigned> putBack;
+    for (const Candidate& candidate : result.candidates)
+        putBack[candidate.compressor->Serie] |= candidate.putBack;
+    for (const std::string& remark : putBackRemarks(putBack)) complain(remark, done);
     printText(format.text({question, result, calculator}));
     return result.candidates.empty() ? complain(nothingFound(request, result), nothingMatches) : done;
 }

@@ -257,26 +257,4 @@ std::string nothingFound(const FindRequest& request, const FindResult& result) {
     return sentence + ".";
 }
 
-std::vector<std::string> putBackRemarks(const FindResult& result) {
-    // The speed is not said: only an open drive has it, and its series permits it.
-    constexpr std::array texts{
-        std::pair{Selector::economizer, "no economizer; calculated without"},
-        std::pair{Selector::oilCooling, "no choice of oil cooling; calculated with the catalogue's limit"},
-        std::pair{Selector::motorVoltage, "no choice of the supply; calculated at 400 V and 50 Hz"},
-        std::pair{Selector::motorSize, "no choice of the motor; calculated with the standard one"}};
-    std::vector<std::string> remarks;
-    for (const auto& [selector, text] : texts) {
-        std::vector<std::string> series;
-        for (const Candidate& candidate : result.candidates)
-            if (allows(candidate.putBack, selector) &&
-                std::ranges::find(series, candidate.compressor->Serie) == series.end())
-                series.push_back(candidate.compressor->Serie);
-        std::ranges::sort(series);
-        std::string names;
-        for (const std::string& each : series) names += (names.empty() ? "" : ", ") + each;
-        if (!names.empty()) remarks.push_back(names + ": " + text);
-    }
-    return remarks;
-}
-
 }  // namespace marvello::select

@@ -30,7 +30,5 @@ const FindFormat& findFormatOf(const std::string& name);
 
 /// Returns the sentence for a search that found nothing, with what comes nearest.
 std::string nothingFound(const FindRequest& request, const FindResult& result);
-/// Returns a sentence for each input that series of the candidates do not permit.
-std::vector<std::string> putBackRemarks(const FindResult& result);
 
 }  // namespace marvello::select

@@ -9,6 +9,7 @@
 #include "data/Numbers.h"
 #include "data/Texts.h"
 #include "tools/select/Run.h"
+#include "tools/select/WordOf.h"
 
 namespace marvello::select {
 
@@ -17,16 +18,6 @@ namespace {
 constexpr Range capacities{searchRange::minCapacity, searchRange::maxCapacity, "kW"};
 constexpr Range deviationsBelow{0, searchRange::maxBelow, "%"};
 constexpr Range deviationsAbove{0, searchRange::maxAbove, "%"};
-
-template <class Value, std::size_t count>
-Value wordOf(const std::string& text, const std::array<std::pair<const char*, Value>, count>& words) {
-    std::string allowed;
-    for (const auto& [word, value] : words) {
-        if (equalIgnoringCase(trimmed(text), word)) return value;
-        allowed += (allowed.empty() ? "" : ", ") + std::string(word);
-    }
-    throw BadRequest("\"" + text + "\" is not one of " + allowed);
-}
 
 std::vector<std::string> namesIn(const std::string& text) {
     std::vector<std::string> names;

@@ -8,6 +8,7 @@
 #include "data/Numbers.h"
 #include "data/Texts.h"
 #include "results/PerformanceRows.h"
+#include "tools/select/WordOf.h"
 
 namespace marvello::select {
 
@@ -15,16 +16,6 @@ namespace {
 
 constexpr std::size_t maxPoints = 250'000;
 constexpr Range temperatures{-200, 400, "degrees Celsius"};
-
-template <class Value, std::size_t count>
-Value wordOf(const std::string& text, const std::array<std::pair<const char*, Value>, count>& words) {
-    std::string allowed;
-    for (const auto& [word, value] : words) {
-        if (equalIgnoringCase(trimmed(text), word)) return value;
-        allowed += (allowed.empty() ? "" : ", ") + std::string(word);
-    }
-    throw BadRequest("\"" + text + "\" is not one of " + allowed);
-}
 
 std::vector<double> rangeOf(const std::vector<std::string>& parts, const std::string& text) {
     const double first = numberIn(parts[0], temperatures);

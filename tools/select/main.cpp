@@ -26,6 +26,7 @@
 #include "tools/select/RefrigerantListing.h"
 #include "tools/select/Request.h"
 #include "tools/select/Run.h"
+#include "tools/select/YearCommand.h"
 
 namespace marvello::select {
 
@@ -165,6 +166,7 @@ int run(int argc, char** argv) {
     const MapCommand map(app);
     const RatingCommand rating(app);
     const ExplainCommand explain(app);
+    const YearCommand year(app);
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
@@ -174,6 +176,7 @@ int run(int argc, char** argv) {
         if (map.isGiven()) return map.run();
         if (rating.isGiven()) return rating.run();
         if (explain.isGiven()) return explain.run();
+        if (year.isGiven()) return year.run();
     } catch (const CLI::CallForHelp&) {
         printText(app.help());
         return done;

@@ -1,0 +1,282 @@
+#include "tools/select/YearQuestion.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <utility>
+
+#include "data/FileText.h"
+#include "data/Numbers.h"
+#include "data/Texts.h"
+#include "tools/select/Run.h"
+#include "tools/select/WordOf.h"
+
+namespace marvello::select {
+
+namespace {
+
+constexpr Range designLoads{0.1, 100'000, "kW"};
+constexpr Range prices{0, 1000, "for a kWh"};
+constexpr Range grids{0, 3, "kg CO2e/kWh"};
+constexpr Range charges{0, 100'000, "kg"};
+constexpr Range percents{0, 100, "%"};
+constexpr Range lives{1, 100, "years"};
+constexpr Range coefficients{0, 1, "as coefficient"};
+
+constexpr std::array degradationNames{std::pair{"none", Degradation::Form::none},
+                                      std::pair{"condensing-unit", Degradation::Form::condensingUnit},
+                                      std::pair{"chiller", Degradation::Form::chiller}};
+
+double usualCoefficient(Degradation::Form form) {
+    switch (form) {
+        case Degradation::Form::condensingUnit:
+            return 0.25;
+        case Degradation::Form::chiller:
+            return 0.9;
+        case Degradation::Form::none:
+            break;
+    }
+    return 0;
+}
+
+Degradation degradationIn(const std::string& text) {
+    const std::size_t colon = text.find(':');
+    Degradation degradation{.form = wordOf(text.substr(0, colon), degradationNames)};
+    degradation.coefficient = colon == std::string::npos ? usualCoefficient(degradation.form)
+                                                         : numberIn(text.substr(colon + 1), coefficients);
+    return degradation;
+}
+
+/// What a reader of the engine refuses is a bad request.
+template <class Read>
+auto asRequest(Read read) {
+    try {
+        return read();
+    } catch (const std::invalid_argument& refusal) {
+        throw BadRequest(refusal.what());
+    }
+}
+
+constexpr std::array options = {
+    YearOption{"machines", "machines in the order of the sequence, such as \"TK-A-120x2;TK-D-140\"",
+               [](YearQuestion& q, const std::string& text) { q.machines = text; }},
+    YearOption{"profile",
+               "load profile: eu-mt, eu-lt, eu-chiller, flat, or a CSV file with the columns outdoor, hours "
+               "and load",
+               [](YearQuestion& q, const std::string& text) { q.profile = trimmed(text); }},
+    YearOption{
+        "design-load", "cooling capacity at a load of 1, kW",
+        [](YearQuestion& q, const std::string& text) { q.year.designLoad = numberIn(text, designLoads); }},
+    YearOption{
+        "ted",
+        "evaporating dew temperature, degrees Celsius, or a table over the outdoor temperature such as "
+        "\"-10:-8;30:-12\" (that of the profile)",
+        [](YearQuestion& q, const std::string& text) {
+            q.year.evaporating = asRequest([&] { return evaporatingRuleOf(text); });
+        }},
+    YearOption{"condensing",
+               "condensing dew temperature: \"outdoor+12,min 25\", also \",scaled\" with the load, or a "
+               "fixed one",
+               [](YearQuestion& q, const std::string& text) {
+                   q.year.condensing = asRequest([&] { return condensingRuleOf(text); });
+               }},
+    YearOption{"staging", "how machines share a load: power, the least one, or sequence (power)",
+               [](YearQuestion& q, const std::string& text) {
+                   q.year.staging = wordOf(text, std::array{std::pair{"power", Staging::power},
+                                                            std::pair{"sequence", Staging::sequence}});
+               }},
+    YearOption{"degradation",
+               "what intermittent running costs: none, condensing-unit or chiller, with a coefficient as in "
+               "condensing-unit:0.25 (that of the profile)",
+               [](YearQuestion& q, const std::string& text) { q.degradation = degradationIn(text); }},
+    YearOption{"price", "price of a kWh, in any currency",
+               [](YearQuestion& q, const std::string& text) { q.price = numberIn(text, prices); }},
+    YearOption{"grid", "emissions of electricity: kg CO2e/kWh, or a region such as DE (WORLD)",
+               [](YearQuestion& q, const std::string& text) { q.grid = trimmed(text); }},
+    YearOption{
+        "charge", "refrigerant charge, kg",
+        [](YearQuestion& q, const std::string& text) { q.emissions.charge = numberIn(text, charges); }},
+    YearOption{
+        "leakage", "refrigerant lost in a year, percent of the charge (10)",
+        [](YearQuestion& q, const std::string& text) { q.emissions.leakage = numberIn(text, percents); }},
+    YearOption{
+        "recovery", "refrigerant recovered at the end, percent of the charge (90)",
+        [](YearQuestion& q, const std::string& text) { q.emissions.recovery = numberIn(text, percents); }},
+    YearOption{"years", "years of life (15)",
+               [](YearQuestion& q, const std::string& text) { q.emissions.years = numberIn(text, lives); }},
+    YearOption{"gwp", "assessment report of the GWP: ar4, ar5 or ar6 (ar4)",
+               [](YearQuestion& q, const std::string& text) {
+                   q.gwp = wordOf(text,
+                                  std::array{std::pair{"ar4", GwpBasis::ar4}, std::pair{"ar5", GwpBasis::ar5},
+                                             std::pair{"ar6", GwpBasis::ar6}});
+               }},
+    YearOption{"format", "table, csv or json (table)",
+               [](YearQuestion& q, const std::string& text) {
+                   q.format = wordOf(text, std::array{std::pair{"table", YearFormat::table},
+                                                      std::pair{"csv", YearFormat::csv},
+                                                      std::pair{"json", YearFormat::json}});
+               }},
+};
+
+const PreparedCompressor* machineOf(const PreparedCatalogue& catalogue, const std::string& refrigerant,
+                                    std::string_view name) {
+    for (const PreparedCompressor& compressor : catalogue.compressors())
+        if (equalIgnoringCase(compressor.Refrigerant, refrigerant) &&
+            equalIgnoringCase(machineName(compressor), name))
+            return &compressor;
+    return nullptr;
+}
+
+/// A name with "x2" after it for two of them.
+PlantMachines machinesIn(const std::string& part, const std::string& refrigerant,
+                         const PreparedCatalogue& catalogue) {
+    if (const PreparedCompressor* found = machineOf(catalogue, refrigerant, part)) return {found, 1};
+    const std::size_t last = part.find_last_not_of("0123456789");
+    const bool hasCount = last != std::string::npos && last + 1 < part.size() && lower(part[last]) == 'x';
+    const std::string name = hasCount ? trimmed(part.substr(0, last)) : part;
+    const PreparedCompressor* const found = machineOf(catalogue, refrigerant, name);
+    if (found == nullptr)
+        throw NothingMatches("The catalogue has no compressor " + name + " for " + refrigerant +
+                             "; machines are named as in \"TK-A-120x2;TK-D-140\"");
+    try {
+        return {found, static_cast<int>(wholeNumberIn(part.substr(last + 1), 1, YearRequest::maxMachines))};
+    } catch (const BadRequest& fault) {
+        throw BadRequest(std::string("machines: ") + fault.what());
+    }
+}
+
+void readMachines(YearQuestion& question, const PreparedCatalogue& catalogue) {
+    int count = 0;
+    for (const std::string& each : splitText(question.machines, ';')) {
+        const std::string part = trimmed(each);
+        if (part.empty()) continue;
+        question.year.machines.push_back(machinesIn(part, question.request.refrigerant, catalogue));
+        count += question.year.machines.back().count;
+    }
+    if (count == 0) throw BadRequest("machines is missing");
+    if (count > YearRequest::maxMachines)
+        throw BadRequest("machines: " + std::to_string(count) + " machines are more than " +
+                         std::to_string(YearRequest::maxMachines));
+    question.request.refrigerant = question.year.machines.front().compressor->Refrigerant;
+}
+
+void readProfile(YearQuestion& question, const std::filesystem::path& applicationFolder) {
+    std::vector<std::string> names;
+    for (ShippedProfile& profile : shippedProfiles(applicationFolder)) {
+        names.push_back(profile.name);
+        if (!equalIgnoringCase(profile.name, question.profile)) continue;
+        question.chosen = std::move(profile);
+        return;
+    }
+    const std::optional<std::string> text = fileText(question.profile);
+    if (!text)
+        throw BadRequest(notOneOf("profile", question.profile, names) +
+                         ", and there is no such file that can be read");
+    question.chosen = {.name = question.profile,
+                       .title = question.profile,
+                       .source = {},
+                       .profile = loadProfileIn(*text, question.profile),
+                       .rule = {}};
+}
+
+void readGrid(YearQuestion& question, const std::filesystem::path& applicationFolder) {
+    if (storedNumber(question.grid)) {
+        try {
+            question.emissions.grid = numberIn(question.grid, grids);
+        } catch (const BadRequest& fault) {
+            throw BadRequest(std::string("grid: ") + fault.what());
+        }
+        return;
+    }
+    std::vector<std::string> regions;
+    for (const GridIntensity& grid : gridIntensities(applicationFolder)) {
+        regions.push_back(grid.region);
+        if (!question.grid.empty() && !equalIgnoringCase(grid.region, question.grid)) continue;
+        question.emissions.grid = grid.intensity;
+        question.gridSource =
+            grid.region + ", " + std::to_string(grid.year) + ", " + grid.basis + "; " + grid.source;
+        return;
+    }
+    throw BadRequest(notOneOf("grid", question.grid, regions) + ", and no number of kg CO2e/kWh");
+}
+
+void readEmissions(YearQuestion& question, const RefrigerantFacts& facts) {
+    question.emissions.gwp = gwpOf(facts, question.gwp);
+    if (!question.emissions.charge || question.emissions.gwp) return;
+    std::string known;
+    for (const GwpBasis basis : {GwpBasis::ar4, GwpBasis::ar5, GwpBasis::ar6})
+        if (gwpOf(facts, basis)) known += (known.empty() ? "" : ", ") + lowered(marvello::nameOf(basis));
+    throw BadRequest("gwp: " + question.request.refrigerant + " has no figure by " +
+                     std::string(marvello::nameOf(question.gwp)) +
+                     (known.empty() ? "; leave --charge out" : "; it has one by " + known));
+}
+
+/// Each evaporating temperature against the refrigerant.
+void checkEvaporating(const YearQuestion& question) {
+    const SaturationRange range = saturationRange(question.request.refrigerant);
+    Request point = question.request;
+    for (const EvaporatingRule::Point& each : question.year.evaporating.points) {
+        point.conditions.TEvaporatingDew = each.evaporating;
+        point.conditions.TCondensationDew = each.evaporating;  // so that it alone can be at fault
+        checkConditions(point.conditions);
+        checkTemperatures(point, range);
+    }
+}
+
+}  // namespace
+
+std::span<const YearOption> yearOptions() { return options; }
+
+bool isYearOption(const RequestOption& option) {
+    constexpr std::array<std::string_view, 7> others{"series", "models",    "ted",   "tcd",
+                                                     "step",   "frequency", "market"};
+    return std::ranges::find(others, option.name) == others.end();
+}
+
+void readOption(YearQuestion& question, const YearOption& option, const std::string& text) {
+    try {
+        option.read(question, text);
+    } catch (const BadRequest& fault) {
+        throw BadRequest(std::string(option.name) + ": " + fault.what());
+    }
+}
+
+void complete(YearQuestion& question, const PreparedCatalogue& catalogue,
+              const std::filesystem::path& applicationFolder) {
+    const auto need = [](bool given, const char* name) {
+        if (!given) throw BadRequest(std::string(name) + " is missing");
+    };
+    YearRequest& year = question.year;
+    need(!question.request.refrigerant.empty(), "refrigerant");
+    need(!question.machines.empty(), "machines");
+    need(!question.profile.empty(), "profile");
+    need(year.designLoad > 0, "design-load");
+    need(year.condensing.difference || year.condensing.minimum, "condensing");
+    checkNames({question.request.refrigerant}, {});
+    readMachines(question, catalogue);
+    readProfile(question, applicationFolder);
+    const auto& rule = question.chosen.rule;
+    year.profile = question.chosen.profile;
+    year.degradation = question.degradation.value_or(rule ? rule->degradation : Degradation{});
+    if (year.evaporating.points.empty() && rule && rule->evaporating)
+        year.evaporating.points = {{.outdoor = 0, .evaporating = *rule->evaporating}};
+    need(!year.evaporating.points.empty(), "ted");
+    checkEvaporating(question);
+    year.conditions = question.request.conditions;
+    readGrid(question, applicationFolder);
+    readEmissions(question, catalogue.factsOf(question.request.refrigerant));
+}
+
+std::string machineName(const PreparedCompressor& compressor) {
+    return compressor.Serie + '-' + compressor.Model;
+}
+
+std::string textOf(const Degradation& degradation) {
+    const auto* const found = std::ranges::find(degradationNames, degradation.form,
+                                                &std::pair<const char*, Degradation::Form>::second);
+    const std::string name = found->first;
+    return degradation.form == Degradation::Form::none ? name
+                                                       : name + ':' + storedText(degradation.coefficient);
+}
+
+}  // namespace marvello::select
