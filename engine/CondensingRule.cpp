@@ -39,14 +39,13 @@ double temperatureIn(std::string_view text, std::string_view part) {
     return numberIn(text, part, temperatures, "degrees Celsius");
 }
 
-/// What is behind "outdoor": a sign and a number, or nothing.
+/// What follows "outdoor": a sign and a number, or nothing.
 double differenceIn(std::string_view text, std::string_view part) {
     if (text.empty()) return 0;
     const char sign = text.front();
     const std::string_view digits = withoutBlanks(text.substr(1));
     const bool isSigned = !digits.empty() && (digits.front() == '-' || digits.front() == '+');
-    if ((sign != '+' && sign != '-') || isSigned)
-        refuse(part, "needs one sign behind outdoor, as outdoor+12");
+    if ((sign != '+' && sign != '-') || isSigned) refuse(part, "needs one sign after outdoor, as outdoor+12");
     const double value = numberIn(digits, part, differences, "K");
     return sign == '-' ? -value : value;
 }

@@ -6,8 +6,8 @@
 
 namespace marvello {
 
-/// How the condensing temperature of a plant follows the outdoor temperature and the load. One that follows
-/// nothing has a minimum alone.
+/// How the condensing temperature of a plant follows the outdoor temperature and the load. Without a
+/// difference it is fixed at the minimum.
 struct CondensingRule {
     /// At full load, condensing dew minus outdoor temperature, K; none for a fixed condensing temperature.
     std::optional<double> difference{};

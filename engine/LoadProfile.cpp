@@ -16,8 +16,9 @@ namespace {
 
 using Reason = LoadProfileFault::Reason;
 
-constexpr std::size_t maxBins = 8784;  // each hour of a leap year
-constexpr double coldest = -80;        // degrees Celsius
+constexpr int hoursOfALeapYear = 8784;
+constexpr std::size_t maxBins = hoursOfALeapYear;
+constexpr double coldest = -80;  // degrees Celsius
 constexpr double hottest = 70;
 
 std::string sentenceOf(Reason reason, const std::string& text) {
@@ -46,6 +47,8 @@ std::string sentenceOf(Reason reason, const std::string& text) {
             return quoted + " is not an outdoor temperature from -80 to 70 degrees Celsius";
         case Reason::negativeHours:
             return "the hours " + quoted + " are negative";
+        case Reason::hoursAboveYear:
+            return "the hours " + quoted + " are more than a year has";
         case Reason::negativeLoad:
             return "the load " + quoted + " is negative";
         case Reason::loadAboveFull:
@@ -67,18 +70,18 @@ struct Column {
     double LoadBin::* member;
     struct Unit {
         std::string_view name;
-        double offset, factor;
+        double offset, factor, divisor;
     };
     std::array<Unit, 2> units;  // the first one is that of a heading without one
 };
 
 constexpr std::array columns{
-    Column{"outdoor", &LoadBin::outdoor, {{{"c", 0, 1}, {"f", -32, 5.0 / 9}}}},
-    Column{"hours", &LoadBin::hours, {{{"h", 0, 1}, {"hours", 0, 1}}}},
-    Column{"load", &LoadBin::load, {{{"", 0, 1}, {"%", 0, 0.01}}}},
+    Column{"outdoor", &LoadBin::outdoor, {{{"c", 0, 1, 1}, {"f", -32, 5, 9}}}},
+    Column{"hours", &LoadBin::hours, {{{"h", 0, 1, 1}, {"hours", 0, 1, 1}}}},
+    Column{"load", &LoadBin::load, {{{"", 0, 1, 1}, {"%", 0, 1, 100}}}},
 };
 
-/// The unit behind the name of a column, without brackets and the degree sign.
+/// The unit after the name of a column, without brackets and the degree sign.
 std::string unitIn(std::string_view heading, std::string_view name) {
     std::string unit = lowered(heading.substr(name.size()));
     for (const std::string_view dropped : {"\u00b0", "deg", "[", "]", "(", ")", " ", ":"})
@@ -172,7 +175,7 @@ class Reader {
             if (text.empty()) refuse(Reason::missingValue, std::string(column->name));
             const auto value = localNumber(text);
             if (!value) refuse(Reason::notANumber, text);
-            bin.*column->member = (*value + unit.offset) * unit.factor;
+            bin.*column->member = (*value + unit.offset) * unit.factor / unit.divisor;
             check(bin, column->member, text);
         }
         return bin;
@@ -183,6 +186,7 @@ class Reader {
         if (member == &LoadBin::outdoor && (value < coldest || value > hottest))
             refuse(Reason::outsideRange, text);
         if (member == &LoadBin::hours && value < 0) refuse(Reason::negativeHours, text);
+        if (member == &LoadBin::hours && value > hoursOfALeapYear) refuse(Reason::hoursAboveYear, text);
         if (member == &LoadBin::load && value < 0) refuse(Reason::negativeLoad, text);
         if (member == &LoadBin::load && value > 1) refuse(Reason::loadAboveFull, text);
     }

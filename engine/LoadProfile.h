@@ -45,6 +45,7 @@ class LoadProfileFault : public std::runtime_error {
         notANumber,      ///< `text` is what is there.
         outsideRange,    ///< The same: outdoor temperatures are from -80 to 70 degrees Celsius.
         negativeHours,
+        hoursAboveYear,
         negativeLoad,
         loadAboveFull,
     };

@@ -126,9 +126,9 @@ class LeastPower {
             const int count = canRun(machines) ? machines.count - (other == kind ? 1 : 0) : 0;
             units_.insert(units_.end(), static_cast<std::size_t>(count), {other});
         }
-        maxBehind_.assign(units_.size() + 1, group_[kind].states.back().capacity);
+        maxFrom_.assign(units_.size() + 1, group_[kind].states.back().capacity);
         for (std::size_t i = units_.size(); i-- > 0;)
-            maxBehind_[i] = maxBehind_[i + 1] + group_[units_[i].kind].states.back().capacity;
+            maxFrom_[i] = maxFrom_[i + 1] + group_[units_[i].kind].states.back().capacity;
         rests_.clear();
         choose(0, 0, needed_);
         std::ranges::stable_sort(rests_, {}, &Rest::minTotal);
@@ -140,10 +140,10 @@ class LeastPower {
 
     bool isWorthTrying(double power) const { return power <= best_.power * (1 + lastBits); }
 
-    /// Gives the unit at `index` and those behind it their states.
+    /// Gives the unit at `index` and those after it their states.
     void choose(std::size_t index, double power, double left) {
         const double slack = lastBits * needed_;
-        if (left < -slack || left > maxBehind_[index] + slack ||
+        if (left < -slack || left > maxFrom_[index] + slack ||
             !isWorthTrying(power + left * minSpecificPower_))
             return;
         if (index == units_.size()) {
@@ -202,8 +202,8 @@ class LeastPower {
     Answer best_;
     std::size_t trimming_ = 0;
     std::vector<Unit> units_;
-    std::vector<double>
-        maxBehind_;  ///< Capacity of the unit at an index, those behind it and that which trims.
+    /// Highest capacity of the unit at an index, those after it and that which trims.
+    std::vector<double> maxFrom_;
     std::vector<Rest> rests_;
 };
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "controls/CoreText.h"
+#include "workspace/CompressorPages.h"
 
 namespace marvello {
 
@@ -81,6 +82,18 @@ void nameLeaders(QSettings& store) {
     store.endGroup();
 }
 
+/// The first versions had one height of the list; it is that of the pages which then had it by themselves.
+void spreadListHeight(QSettings& store) {
+    const Setting<int> height{QStringLiteral("Windows/ListHeight"), 0, ResultsPane::minListHeight, 10'000};
+    QHash<QString, int> heights;
+    if (height.value(store) > 0)
+        for (const CompressorPages::Page& page : CompressorPages::all())
+            if (!page.needsHeight) heights[QLatin1String(page.key)] = height.value(store);
+    if (!heights.isEmpty() && !store.contains(settings::listHeights.key))
+        settings::listHeights.keep(heights, store);
+    store.remove(height.key);
+}
+
 }  // namespace
 
 template <class Value>
@@ -110,7 +123,7 @@ template struct Setting<QHash<QString, double>>;
 
 void migrateSettings() {
     // A step for each version, in order; the last one is the version of the table.
-    constexpr void (*steps[])(QSettings&) = {nameLeaders};
+    constexpr void (*steps[])(QSettings&) = {nameLeaders, spreadListHeight};
     constexpr int current = std::size(steps);
     QSettings store = userSettings();
     const int version = settings::version.value(store);

@@ -44,8 +44,8 @@ TEST(CondensingRule, SaysWhatItCannotRead) {
     for (const auto& [typed, sentence] :
          {std::pair{"", "\"\" is not part of a rule such as outdoor+12,min 25"},
           std::pair{"outdoor+12,5", "\"5\" is not part of a rule such as outdoor+12,min 25"},
-          std::pair{"outdoor12", "\"outdoor12\" needs one sign behind outdoor, as outdoor+12"},
-          std::pair{"outdoor+-12", "\"outdoor+-12\" needs one sign behind outdoor, as outdoor+12"},
+          std::pair{"outdoor12", "\"outdoor12\" needs one sign after outdoor, as outdoor+12"},
+          std::pair{"outdoor+-12", "\"outdoor+-12\" needs one sign after outdoor, as outdoor+12"},
           std::pair{"outdoor+x", "\"outdoor+x\" is not part of a rule such as outdoor+12,min 25"},
           std::pair{"outdoor+nan", "\"outdoor+nan\" is not part of a rule such as outdoor+12,min 25"},
           std::pair{"outdoor+90", "\"outdoor+90\" is outside the range of -60 to 60 K"},

@@ -43,7 +43,7 @@ TEST(LoadProfile, ReadsWhatSpreadsheetsWrite) {
         for (std::size_t i = 0; i < 2; ++i) {
             EXPECT_NEAR(profile.bins[i].outdoor, expected.bins[i].outdoor, 1e-12);
             EXPECT_EQ(profile.bins[i].hours, expected.bins[i].hours);
-            EXPECT_NEAR(profile.bins[i].load, expected.bins[i].load, 1e-15);
+            EXPECT_EQ(profile.bins[i].load, expected.bins[i].load);
         }
     }
 }
@@ -73,6 +73,7 @@ TEST(LoadProfile, RefusesWithTheLine) {
           {heading + "95,2,1\n",
            "year.csv:2: \"95\" is not an outdoor temperature from -80 to 70 degrees Celsius"},
           {heading + "5,2,1\n5,-2,1\n", "year.csv:3: the hours \"-2\" are negative"},
+          {heading + "5,8785,1\n", "year.csv:2: the hours \"8785\" are more than a year has"},
           {heading + "5,2,-0.1\n", "year.csv:2: the load \"-0.1\" is negative"},
           {heading + "5,2,80\n",
            "year.csv:2: the load \"80\" is above the design load; it is a share from 0 to 1, or percent if "

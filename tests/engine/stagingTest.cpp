@@ -45,6 +45,15 @@ TEST(Staging, AMachineAlternatesBetweenNeighbouringSteps) {
     EXPECT_EQ(met.intermittent(), 0);
 }
 
+TEST(Staging, LastBitsOfALoadNeedNoSecondState) {
+    for (const double needed : {60 * (1 - 1e-13), 60.0, 60 * (1 + 1e-13)}) {
+        const StagedLoad met = stage({stepped()}, needed);
+        ASSERT_EQ(met.running.size(), 1U);
+        EXPECT_EQ(met.running[0].share, 1);
+        EXPECT_EQ(met.intermittent(), 0);
+    }
+}
+
 TEST(Staging, BelowItsLowestStepAMachineRunsIntermittently) {
     // Half of 60 kW: half of the time, and a COP of 3 * (1 - 0.25 * 0.5) = 2.625.
     const StagedLoad met = stage({stepped()}, 30, Staging::power, quarter);

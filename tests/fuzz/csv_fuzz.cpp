@@ -1,5 +1,5 @@
-// Any text as rating points and as a batch of operating points: refused with file and line, or fitted and
-// read.
+// Any text as rating points, as a batch of operating points and as a load profile: refused with file and
+// line, or fitted and read.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "data/Csv.h"
+#include "engine/LoadProfile.h"
 #include "tests/fuzz/Refusal.h"
 #include "tools/catalogue/Fit.h"
 #include "tools/select/Batch.h"
@@ -78,6 +79,19 @@ void readDuties(std::string_view text) {
     }
 }
 
+void readProfile(const std::string& text) {
+    for (const bool hasLoad : {true, false}) {
+        try {
+            const LoadProfile profile = loadProfileIn(text, "a.csv", hasLoad);
+            if (profile.bins.empty() || !std::isfinite(profile.hours())) std::abort();
+            for (const LoadBin& bin : profile.bins)
+                if (!(bin.hours >= 0 && bin.load >= 0 && bin.load <= 1)) std::abort();
+        } catch (const LoadProfileFault& refusal) {
+            fuzz::checkIsForPeople(refusal);
+        }
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -85,5 +99,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     readAgain(text);
     fitPoints(text);
     readDuties(text);
+    readProfile(text);
     return 0;
 }

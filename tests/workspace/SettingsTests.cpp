@@ -42,10 +42,28 @@ TEST_F(SettingsTest, FlagsOfMidTemperaturesBecomeLeaders) {
     // Once, and never over what a later version stored.
     userSettings().setValue(flag, true);
     form.leaders.keep({"ted", "tcd"});
-    for (const int version : {0, 1, 2}) {
+    for (const int version : {0, 1, 2, 3}) {
         settings::version.keep(version);
         migrateSettings();
         EXPECT_EQ(form.leaders.value(), QStringList({"ted", "tcd"}));
-        EXPECT_EQ(settings::version.value(), version == 2 ? 2 : 1);
+        EXPECT_EQ(settings::version.value(), version == 3 ? 3 : 2);
     }
+}
+
+TEST_F(SettingsTest, TheHeightOfTheListIsThatOfThePagesThatNeedNone) {
+    const QString old = QStringLiteral("Windows/ListHeight");
+    userSettings().setValue(old, 250);
+    settings::version.keep(1);
+    migrateSettings();
+    const auto heights = settings::listHeights.value();
+    EXPECT_EQ(heights.value("messages"), 250);
+    EXPECT_EQ(heights.value("dimension"), 250);
+    EXPECT_FALSE(heights.contains("limits"));
+    EXPECT_FALSE(userSettings().contains(old));
+    // Never what a form does not take.
+    userSettings().remove(settings::listHeights.key);
+    userSettings().setValue(old, 20);
+    settings::version.keep(1);
+    migrateSettings();
+    EXPECT_TRUE(settings::listHeights.value().isEmpty());
 }

@@ -127,7 +127,7 @@ const PreparedCompressor* machineOf(const PreparedCatalogue& catalogue, const st
     return nullptr;
 }
 
-/// A name with "x2" behind it for two of them.
+/// A name with "x2" after it for two of them.
 PlantMachines machinesIn(const std::string& part, const std::string& refrigerant,
                          const PreparedCatalogue& catalogue) {
     if (const PreparedCompressor* found = machineOf(catalogue, refrigerant, part)) return {found, 1};
