@@ -2,12 +2,10 @@
 
 #include <QDir>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include "controls/Hairline.h"
-#include "controls/Look.h"
 #include "controls/NumberText.h"
 #include "controls/ResultsView.h"
 #include "data/Session.h"
@@ -54,19 +52,12 @@ PartLoadPage::PartLoadPage(const SelectionInputs& inputs, QWidget* parent)
       list_(new ResultsView(this)),
       between_(new Hairline(this)),
       chart_(new ChartPane(this)),
-      sentence_(new QLabel(this)),
       patience_(new QTimer(this)),
       typing_(new QTimer(this)) {
     list_->setObjectName(QStringLiteral("lvPartLoad"));
     chart_->setObjectName(QStringLiteral("picPartLoad"));
-    sentence_->setAlignment(Qt::AlignCenter);
-    sentence_->setWordWrap(true);
-    QPalette quiet = sentence_->palette();
-    quiet.setColor(QPalette::WindowText, Look::current().muted);
-    sentence_->setPalette(quiet);
     auto* row = new QHBoxLayout;
     row->setSpacing(0);
-    row->addWidget(sentence_, 1);
     row->addWidget(list_, 3);
     row->addWidget(between_);
     row->addWidget(chart_, 2);
@@ -165,13 +156,14 @@ void PartLoadPage::fill() {
     bar_->setSentence(filled(text("frmselection.partload.full"),
                              {fromCore(full.text + ' ' + unitOf(Figure::capacity, inputs_.units())),
                               fromCore(stateText(*compressor_, table_->full.state, marks))}));
-    sentence_->clear();
+    list_->setAccessibleDescription({});
     showParts();
 }
 
+/// In place of the table.
 void PartLoadPage::say(const QString& sentence) {
-    sentence_->setText(sentence);
     list_->clear();
+    list_->setEmptyText(sentence);
     list_->setAccessibleDescription(sentence);
     bar_->setSentence({});
     showParts();
@@ -180,11 +172,9 @@ void PartLoadPage::say(const QString& sentence) {
 // In a narrow page the table needs the room more than the chart, which says the same.
 void PartLoadPage::showParts() {
     constexpr int minimumWidthWithChart = 640;
-    const bool hasTable = table_ && sentence_->text().isEmpty();
+    const bool hasTable = list_->rowCount() > 0;
     bar_->setVisible(compressor_ != nullptr);
     bar_->setHasTable(hasTable);
-    sentence_->setVisible(!hasTable);
-    list_->setVisible(hasTable);
     for (QWidget* part : std::initializer_list<QWidget*>{between_, chart_})
         part->setVisible(hasTable && width() >= minimumWidthWithChart);
 }

@@ -9,7 +9,6 @@
 #include "results/PartLoadSheet.h"
 #include "workspace/PartLoadRun.h"
 
-class QLabel;
 class QTimer;
 
 namespace marvello {
@@ -58,7 +57,6 @@ class PartLoadPage : public QWidget {
     ResultsView* list_;
     Hairline* between_;
     ChartPane* chart_;
-    QLabel* sentence_;  ///< in place of both
     QTimer* patience_;
     QTimer* typing_;
     std::shared_ptr<const PreparedCatalogue> catalogue_;

@@ -488,5 +488,5 @@ TEST_F(FormTest, AGroupRowEmptiesTheLimits) {
         if (!entry->isSeparator()) entries += entry->objectName().mid(13);
     EXPECT_EQ(entries,
               QStringList({"messages", "tecnic", "polynomials", "dimension", "limits", "rating", "cycle",
-                           "calculation", "partload", "copyclipboard", "printpreview", "print"}));
+                           "calculation", "partload", "compare", "copyclipboard", "printpreview", "print"}));
 }
