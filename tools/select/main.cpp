@@ -15,6 +15,7 @@
 #include "data/clsApplication.h"
 #include "thermo/RefpropLibrary.h"
 #include "tools/select/BatchRun.h"
+#include "tools/select/CompareCommand.h"
 #include "tools/select/CycleCommand.h"
 #include "tools/select/Exit.h"
 #include "tools/select/ExplainCommand.h"
@@ -160,6 +161,7 @@ int run(int argc, char** argv) {
     app.add_flag("--list", arguments.list, "prints refrigerants, series and models");
     app.add_flag("--list-refrigerants", arguments.listRefrigerants,
                  "prints the refrigerants with safety class, GWP, ODP and temperatures");
+    const CompareCommand compare(app);
     const CycleCommand cycle(app);
     const FindCommand find(app);
     const MapCommand map(app);
@@ -170,6 +172,7 @@ int run(int argc, char** argv) {
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
+        if (compare.isGiven()) return compare.run();
         if (cycle.isGiven()) return cycle.run();
         if (find.isGiven()) return find.run();
         if (map.isGiven()) return map.run();
