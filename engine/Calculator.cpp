@@ -20,10 +20,15 @@ CompressorChoice choiceOf(const clsProjectConditions& conditions) {
 
 const clsCompressor& Calculator::calculate(const PreparedCompressor& compressor,
                                            const clsProjectConditions& conditions) {
-    compressor.load(compressor_, choiceOf(conditions));
-    compressor_.Motor.Voltage = roundedToInteger(conditions.MotorVoltage);
-    CompressorCalculation<Untraced>(compressor_, refprop(compressor.Refrigerant), conditions, timeout_).run();
+    calculate(compressor, conditions, compressor_);
     return compressor_;
+}
+
+void Calculator::calculate(const PreparedCompressor& compressor, const clsProjectConditions& conditions,
+                           clsCompressor& result) {
+    compressor.load(result, choiceOf(conditions));
+    result.Motor.Voltage = roundedToInteger(conditions.MotorVoltage);
+    CompressorCalculation<Untraced>(result, refprop(compressor.Refrigerant), conditions, timeout_).run();
 }
 
 clsRefprop& Calculator::refprop(const std::string& refrigerant) {

@@ -23,6 +23,9 @@ class Calculator {
     /// PreparedCompressor::load throws, DatabaseError and FluidLibraryError.
     const clsCompressor& calculate(const PreparedCompressor& compressor,
                                    const clsProjectConditions& conditions);
+    /// The same in a compressor of the caller's.
+    void calculate(const PreparedCompressor& compressor, const clsProjectConditions& conditions,
+                   clsCompressor& result);
 
     /// The property service of a refrigerant, as the calculations use it. Throws DatabaseError and
     /// FluidLibraryError.

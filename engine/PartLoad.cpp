@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <exception>
+
+#include "thermo/RefpropLibrary.h"
 
 namespace marvello {
 
@@ -23,6 +26,16 @@ LoadRun meanOf(LoadRun::Kind kind, std::vector<TimedState> running) {
     }
     run.cop = run.capacity / run.power;
     return run;
+}
+
+/// What the calculation of a machine says.
+ClsSelectionMessages messagesAt(Calculator& calculator, const PreparedCompressor& compressor,
+                                const clsProjectConditions& conditions) try {
+    return calculator.calculate(compressor, conditions).Messages;
+} catch (const FluidLibraryError&) {
+    throw;
+} catch (const std::exception&) {
+    return {};  // the state has failureName
 }
 
 LoadRun alone(LoadRun::Kind kind, const CapacityState& state) {
@@ -82,8 +95,7 @@ clsProjectConditions PartLoadPlan::conditionsOf(double share) const {
     return of;
 }
 
-MachineLoads::MachineLoads(const PartLoadPlan& plan, Calculator& calculator)
-    : plan_(plan), calculator_(calculator) {
+MachineLoads::MachineLoads(Calculator& calculator, const PartLoadPlan& plan) : plan_(plan) {
     const PreparedCompressor& compressor = *plan_.compressor;
     const clsProjectConditions conditions = plan_.conditionsOf(1);
     if (compressor.hasInvert) {
@@ -98,50 +110,81 @@ MachineLoads::MachineLoads(const PartLoadPlan& plan, Calculator& calculator)
 
 /// A higher load condenses higher, where the machine has less capacity: each pass comes nearer to the load at
 /// which both agree.
-SteadyLoad MachineLoads::steady(int step, float hertz, double share) const {
+SteadyLoad MachineLoads::steady(Calculator& calculator, int step, float hertz, double share) const {
     constexpr int maxPasses = 50;
     constexpr double near = 1e-6;  // K
     SteadyLoad load;
-    double last = 0;
     for (int pass = 0; pass < maxPasses; ++pass) {
         clsProjectConditions conditions = plan_.conditionsOf(share);
-        if (pass > 0 && std::abs(conditions.TCondensationDew - last) <= near) break;
-        last = conditions.TCondensationDew;
+        const double change = conditions.TCondensationDew - load.state.at.conditions.TCondensationDew;
+        if (pass > 0 && std::abs(change) <= near) break;
         conditions.StepCapacity = step;
         conditions.InverterFrequency = hertz;
-        load.state = stateAt(calculator_, *plan_.compressor, conditions);
+        load.state = stateAt(calculator, *plan_.compressor, conditions);
         load.share.reset();
         if (!load.state.isPossible()) break;
         share = capacityOf(load.state) / fullCapacity();
         load.share = share;
     }
+    if (load.state.performance.state != PointState::ok)
+        load.messages = messagesAt(calculator, *plan_.compressor, load.state.at.conditions);
     return load;
 }
 
-SteadyLoad MachineLoads::atStep(int step) const {
-    return steady(step, plan_.conditions.InverterFrequency, static_cast<double>(step) / full_.step());
+SteadyLoad MachineLoads::atStep(Calculator& calculator, int step) const {
+    const double share = static_cast<double>(step) / full_.step();
+    return steady(calculator, step, plan_.conditions.InverterFrequency, share);
 }
 
-SteadyLoad MachineLoads::atFrequency(float hertz) const {
-    return steady(capacitySteps.front(), hertz,
-                  static_cast<double>(hertz / full_.at.conditions.InverterFrequency));
+SteadyLoad MachineLoads::atFrequency(Calculator& calculator, float hertz) const {
+    const float share = hertz / full_.at.conditions.InverterFrequency;
+    return steady(calculator, capacitySteps.front(), hertz, static_cast<double>(share));
 }
 
-PartLoad MachineLoads::at(double share) const {
+PartLoad MachineLoads::at(Calculator& calculator, double share) const {
     const PreparedCompressor& compressor = *plan_.compressor;
     const clsProjectConditions conditions = plan_.conditionsOf(share);
     PartLoad load{
         .share = share, .needed = share * fullCapacity(), .condensing = conditions.TCondensationDew};
     if (compressor.hasInvert) {
-        InverterStates states(calculator_, compressor, conditions);
+        InverterStates states(calculator, compressor, conditions);
         load.run = meetLoad(load.needed, states, plan_.degradation);
         if (load.run.kind == LoadRun::Kind::none) load.error = states.first().performance.error;
     } else {
-        const auto states = stepStates(calculator_, compressor, conditions, stepsOf(compressor));
+        const auto states = stepStates(calculator, compressor, conditions, stepsOf(compressor));
         load.run = meetLoad(load.needed, states, plan_.degradation);
         if (load.run.kind == LoadRun::Kind::none) load.error = states.front().performance.error;
     }
     return load;
+}
+
+std::optional<PartLoadTable> partLoadTable(const PartLoadQuestion& question, const PointLoop& loop) {
+    const PreparedCompressor& compressor = *question.plan.compressor;
+    std::optional<MachineLoads> loads;
+    PartLoadTable table;
+    const auto full = [&](Calculator& calculator, std::size_t) {
+        loads.emplace(calculator, question.plan);
+        table.full.state = loads->full();
+        table.full.messages = messagesAt(calculator, compressor, loads->full().at.conditions);
+    };
+    if (!loop(1, full)) return std::nullopt;
+    if (!loads->full().isPossible()) return table;
+    table.full.share = 1;
+    const auto steps = stepsOf(compressor);
+    table.states.resize(compressor.hasInvert ? question.frequencies.size() : steps.size());
+    table.shares.resize(question.shares.size());
+    const auto row = [&](Calculator& calculator, std::size_t index) {
+        if (index >= table.states.size()) {
+            const std::size_t share = index - table.states.size();
+            table.shares[share] = loads->at(calculator, question.shares[share]);
+        } else if (compressor.hasInvert) {
+            table.states[index] = loads->atFrequency(calculator, question.frequencies[index]);
+        } else {
+            table.states[index] = loads->atStep(calculator, steps[index]);
+        }
+    };
+    if (!loop(table.states.size() + table.shares.size(), row)) return std::nullopt;
+    return table;
 }
 
 }  // namespace marvello

@@ -6,11 +6,13 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/ClsSelectionMessages.h"
 #include "catalogue/PreparedCompressor.h"
 #include "catalogue/clsProjectConditions.h"
 #include "engine/CapacityStates.h"
 #include "engine/CondensingRule.h"
 #include "engine/Degradation.h"
+#include "engine/PointLoop.h"
 
 namespace marvello {
 
@@ -73,16 +75,17 @@ struct PartLoad {
 /// A step or frequency of a machine in steady running.
 struct SteadyLoad {
     CapacityState state;
-    std::optional<double> share{};  ///< Of the full capacity; none without values.
+    std::optional<double> share{};    ///< Of the full capacity; none without values.
+    ClsSelectionMessages messages{};  ///< Of a state with warnings or errors.
 };
 
 /// One machine from full to lowest load. Its full capacity is the largest that is possible at full load: that
-/// of the highest step without an error or, on an inverter, of the highest frequency. Refers to the
-/// calculator.
+/// of the highest step without an error or, on an inverter, of the highest frequency. It may be used by
+/// several threads, each with a calculator of its own.
 class MachineLoads {
   public:
     /// Throws FluidLibraryError, as the others do.
-    MachineLoads(const PartLoadPlan& plan, Calculator& calculator);
+    MachineLoads(Calculator& calculator, const PartLoadPlan& plan);
 
     /// At full load; has an error if nothing is possible there.
     const CapacityState& full() const { return full_; }
@@ -90,18 +93,33 @@ class MachineLoads {
     double fullCapacity() const { return capacityOf(full_.performance, CapacityKind::cooling); }
 
     /// A step at the condensing temperature of the load that it meets; needs a full capacity, as do the next.
-    SteadyLoad atStep(int step) const;
-    SteadyLoad atFrequency(float hertz) const;
+    SteadyLoad atStep(Calculator& calculator, int step) const;
+    SteadyLoad atFrequency(Calculator& calculator, float hertz) const;
     /// A share of the full capacity, above 0.
-    PartLoad at(double share) const;
+    PartLoad at(Calculator& calculator, double share) const;
 
   private:
     /// `share` is near the load that the state meets.
-    SteadyLoad steady(int step, float hertz, double share) const;
+    SteadyLoad steady(Calculator& calculator, int step, float hertz, double share) const;
 
     PartLoadPlan plan_;
-    Calculator& calculator_;
     CapacityState full_;
 };
+
+/// What a table of a machine over its load is asked for.
+struct PartLoadQuestion {
+    PartLoadPlan plan;
+    std::vector<float> frequencies{};  ///< Of a machine on an inverter, Hz. One on the mains has its steps.
+    std::vector<double> shares{};      ///< Of the full capacity, above 0 to 1.
+};
+
+struct PartLoadTable {
+    SteadyLoad full;                   ///< With an error the rest is empty.
+    std::vector<SteadyLoad> states{};  ///< Its steps, 100 % first, or the frequencies.
+    std::vector<PartLoad> shares{};    ///< As they were asked for.
+};
+
+/// Calculates a machine over its load. None if the loop was given up. Throws FluidLibraryError.
+std::optional<PartLoadTable> partLoadTable(const PartLoadQuestion& question, const PointLoop& loop);
 
 }  // namespace marvello

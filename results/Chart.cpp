@@ -81,6 +81,18 @@ std::vector<double> ticksOf(const ChartScale& scale) {
     return ticks;
 }
 
+const DrawnColour& colourOf(CurveStyle::Tone tone, const ChartColours& colours) {
+    switch (tone) {
+        case CurveStyle::Tone::accent:
+            return colours.accent;
+        case CurveStyle::Tone::muted:
+            return colours.muted;
+        case CurveStyle::Tone::text:
+            break;
+    }
+    return colours.text;
+}
+
 /// Draws one chart.
 class ChartPicture {
   public:
@@ -100,8 +112,6 @@ class ChartPicture {
     void curve(const ChartCurve& curve);
     void legend();
 
-    DrawnColour colourOf(CurveStyle::Tone tone) const;
-    DrawnStroke strokeOf(const CurveStyle& style) const;
     void line(std::vector<DrawnPoint> points, const DrawnStroke& stroke) {
         drawing_.shapes.emplace_back(DrawnLine{std::move(points), stroke});
     }
@@ -119,30 +129,12 @@ class ChartPicture {
     Drawing drawing_;
 };
 
-DrawnColour ChartPicture::colourOf(CurveStyle::Tone tone) const {
-    switch (tone) {
-        case CurveStyle::Tone::accent:
-            return view_.colours.accent;
-        case CurveStyle::Tone::muted:
-            return view_.colours.muted;
-        case CurveStyle::Tone::text:
-            break;
-    }
-    return view_.colours.text;
-}
-
-DrawnStroke ChartPicture::strokeOf(const CurveStyle& style) const {
-    DrawnStroke stroke{.colour = colourOf(style.tone), .width = 2};
-    if (style.line == CurveStyle::Line::dashed) stroke.dashes = {7, 4};
-    if (style.line == CurveStyle::Line::dotted) stroke.dashes = {2, 3};
-    if (style.line == CurveStyle::Line::dashDotted) stroke.dashes = {8, 3, 2, 3};
-    return stroke;
-}
-
 void ChartPicture::ring(const DrawnPoint& centre, const CurveStyle& style) {
     constexpr double width = 1.5;
-    drawing_.shapes.emplace_back(DrawnRing{
-        centre, ringRadius, {.colour = colourOf(style.tone), .width = width}, view_.colours.ground});
+    drawing_.shapes.emplace_back(DrawnRing{centre,
+                                           ringRadius,
+                                           {.colour = colourOf(style.tone, view_.colours), .width = width},
+                                           view_.colours.ground});
 }
 
 void ChartPicture::axisAcross() {
@@ -194,7 +186,8 @@ void ChartPicture::mark() {
 void ChartPicture::curve(const ChartCurve& curve) {
     std::vector<DrawnPoint> places;
     for (const DrawnPoint& point : curve.points) places.push_back(plane_.placeOf(point, curve.isOnSecond));
-    if (curve.style.line != CurveStyle::Line::none && places.size() > 1) line(places, strokeOf(curve.style));
+    if (curve.style.line != CurveStyle::Line::none && places.size() > 1)
+        line(places, strokeOf(curve.style, view_.colours));
     if (!curve.style.hasRings) return;
     for (const DrawnPoint& place : places) ring(place, curve.style);
 }
@@ -208,7 +201,7 @@ void ChartPicture::legend() {
         const double y = firstLine + placed.row * legendRow;
         const CurveStyle& style = placed.key->style;
         if (style.line != CurveStyle::Line::none)
-            line({{left, y - middle}, {left + sampleLength, y - middle}}, strokeOf(style));
+            line({{left, y - middle}, {left + sampleLength, y - middle}}, strokeOf(style, view_.colours));
         if (style.hasRings) ring({left + sampleLength / 2, y - middle}, style);
         text({left + sampleLength + afterSample, y}, placed.key->name, Anchor::start, titleSize,
              view_.colours.text);
@@ -227,6 +220,14 @@ Drawing ChartPicture::drawing() {
 }
 
 }  // namespace
+
+DrawnStroke strokeOf(const CurveStyle& style, const ChartColours& colours) {
+    DrawnStroke stroke{.colour = colourOf(style.tone, colours), .width = 2};
+    if (style.line == CurveStyle::Line::dashed) stroke.dashes = {7, 4};
+    if (style.line == CurveStyle::Line::dotted) stroke.dashes = {2, 3};
+    if (style.line == CurveStyle::Line::dashDotted) stroke.dashes = {8, 3, 2, 3};
+    return stroke;
+}
 
 ChartPlane::ChartPlane(const Chart& chart, double width, double height) {
     constexpr double forNumbers = 52;

@@ -29,6 +29,9 @@ struct CurveStyle {
     bool hasRings = false;  ///< One at each point.
 };
 
+/// Returns how a line of this style is drawn; `none` as a solid one.
+DrawnStroke strokeOf(const CurveStyle& style, const ChartColours& colours);
+
 /// A curve through points in the units of the axes, from the first to the last.
 struct ChartCurve {
     std::vector<DrawnPoint> points{};

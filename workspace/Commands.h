@@ -19,6 +19,7 @@ enum class Command {
     exportList,
     exportPolynomials,
     copy,
+    addToComparison,
     collapseInputs,
     previousRow,
     nextRow,
@@ -33,7 +34,17 @@ enum class Command {
 inline constexpr std::size_t commandCount = static_cast<std::size_t>(Command::about) + 1;
 
 /// What has to be there for a command.
-enum class Needs { nothing, form, results, selectionResults, copyableRow, printableRow };
+enum class Needs {
+    nothing,
+    form,
+    inputs,  ///< a form with inputs
+    results,
+    listedResults,
+    selectionResults,
+    listedRow,  ///< of a list of compressors
+    copyableRow,
+    printableRow
+};
 
 struct CommandDefinition {
     Command command;

@@ -243,6 +243,14 @@ const clsCompressor* FoundPane::selectedCompressor() const {
     return &calculator_.calculate(*candidate->compressor, candidate->conditions);
 }
 
+std::optional<ComparedChoice> FoundPane::choiceOf(int row) const {
+    if (!isCurrent() || row < 0 || row >= std::ssize(rows_)) return std::nullopt;
+    const Candidate& candidate = *rows_[static_cast<std::size_t>(row)];
+    const PreparedCompressor& compressor = *candidate.compressor;
+    return ComparedChoice{compressor.Refrigerant, compressor.Serie, compressor.Model, candidate.conditions,
+                          candidate.machines};
+}
+
 std::shared_ptr<const clsProjectConditions> FoundPane::conditions() const {
     const Candidate* const candidate = selected();
     return candidate ? std::make_shared<clsProjectConditions>(candidate->conditions) : nullptr;

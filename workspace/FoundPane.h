@@ -59,6 +59,7 @@ class FoundPane : public ListPane {
     QList<OfferedColumn> offeredColumns() const override;
     bool hasRows() const override { return result_ != nullptr; }
     const clsCompressor* selectedCompressor() const override;
+    std::optional<ComparedChoice> choiceOf(int row) const override;
     std::shared_ptr<const clsProjectConditions> conditions() const override;
     void resizeEvent(QResizeEvent* event) override;
 

@@ -1,6 +1,5 @@
 #include "workspace/InputForm.h"
 
-#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -41,8 +40,7 @@ QWidget* firstToFocus(QWidget& part) {
 
 }  // namespace
 
-InputForm::InputForm(const SelectionKind& kind, QWidget* parent)
-    : QWidget(parent), kind_(kind), inputs_(kind) {
+InputForm::InputForm(const SelectionKind& kind, QWidget* parent) : Form(parent), kind_(kind), inputs_(kind) {
     setObjectName(QLatin1String(kind.name));
     setMinimumSize(360, 180);
     makePanes();
@@ -116,14 +114,10 @@ void InputForm::applySet(const char* key) {
     ApplyFormParameters(QStringLiteral("frm"), QStringLiteral("frmselection"), QLatin1String(key), *this);
 }
 
-void InputForm::setKey(const QString& key) {
-    key_ = key;
-    setWindowTitle(description_.isEmpty() ? key : description_);
-}
-
-void InputForm::setDescription(const QString& description) {
-    description_ = description;
-    setWindowTitle(description);
+Form::Face InputForm::face() const {
+    if (kind_.isSearch) return {"find", "formselection.find"};
+    return kind_.hasInverter ? Face{"inverter", "formselection.inverter"}
+                             : Face{"form", "formselection.description"};
 }
 
 void InputForm::Traduci() {
@@ -163,13 +157,6 @@ void InputForm::CopyToClipBoard() { results().copy(); }
 
 void InputForm::PrintReport(bool preview) { results().print(preview); }
 
-void InputForm::Quit() {
-    if (QWidget* window = parentWidget())
-        window->close();
-    else
-        close();
-}
-
 void InputForm::lnkCalculate_Click() {
     if (!isBusy() && fields_->check()) calculate();
 }
@@ -198,6 +185,10 @@ void InputForm::goRound() {
 bool InputForm::WheelMoved(int step) { return fields_->turnWheel(step); }
 
 bool InputForm::hasResults() const { return !results().isHidden(); }
+
+bool InputForm::canCopy() const { return results().canCopy(); }
+
+bool InputForm::canPrint() const { return results().canPrint(); }
 
 FormState InputForm::state() const {
     return {.inputs = inputs_.state(),
@@ -237,12 +228,9 @@ void InputForm::keyPressEvent(QKeyEvent* event) {
         fold_->collapse(true);
         return;
     }
-    QWidget::keyPressEvent(event);
+    Form::keyPressEvent(event);
 }
 
-void InputForm::closeEvent(QCloseEvent* event) {
-    keepFormState(objectName(), state());
-    QWidget::closeEvent(event);
-}
+void InputForm::keep() const { keepFormState(objectName(), state()); }
 
 }  // namespace marvello

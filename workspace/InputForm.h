@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QWidget>
-
 #include "inputs/SelectionInputs.h"
+#include "workspace/Form.h"
 #include "workspace/FormState.h"
 
 namespace marvello {
@@ -18,43 +17,34 @@ class Splitter;
 /// A form of the work area: inputs on the left, and next to them what to do next or a list with the pages of
 /// the selected compressor. Its kind says what it asks; what it does with the inputs is up to the class
 /// below.
-class InputForm : public QWidget {
+class InputForm : public Form {
     Q_OBJECT
 
   public:
     ~InputForm() override;
 
-    QString Key() const { return key_; }
-    /// Also sets the window's title.
-    void setKey(const QString& key);
-    QString Description() const { return description_; }
-    void setDescription(const QString& description);
+    Face face() const override;
     const SelectionKind& kind() const { return kind_; }
     /// 0 for a form of fixed-speed compressors, 1 for one of inverter compressors, 2 for a search.
     int TypeForm() const { return kind_.typeForm; }
 
-    // What the main window asks of a form, by these names.
-    virtual void Traduci();
+    void Traduci() override;
     void PopulateFrame4();
-    /// Shows the form in a system of units, 0 metric and 1 imperial: inputs are converted for display and
-    /// keep the value that was entered. With `refresh` the results are listed anew.
-    void MeasureUnits(int unit, bool refresh);
-    int MeasureUnit() const { return static_cast<int>(inputs_.units()); }
+    /// Inputs are converted for display and keep the value that was entered.
+    void MeasureUnits(int unit, bool refresh) override;
+    int MeasureUnit() const override { return static_cast<int>(inputs_.units()); }
     void CloseFrame(bool collapse);
     /// Carries out a command by its key: "messages" selects the page of that name, "copytoclipboard" copies.
     void MnuPopUp(const QString& name);
     /// Copies the selected compressors of the list with their values, separated by tabs.
-    void CopyToClipBoard();
-    /// Asks for a file and writes the compressors of the list with their values.
-    virtual void ExportCPS() = 0;
-    /// Prints what the list is about, or shows it in its window.
-    void PrintReport(bool preview);
-    void Quit();
+    void CopyToClipBoard() override;
+    void PrintReport(bool preview) override;
 
     /// Starts a calculation, as the button and F5 do.
     void lnkCalculate_Click();
-    /// Turns of the mouse wheel over the field in use. False when the pointer is elsewhere.
-    bool WheelMoved(int step);
+    void recalculate() override { lnkCalculate_Click(); }
+    bool WheelMoved(int step) override;
+    void keep() const override;
 
     /// What the next form of this kind starts with.
     virtual FormState state() const;
@@ -65,15 +55,11 @@ class InputForm : public QWidget {
     virtual void takeOverInputs(const InputState& inputs);
 
     /// True with a list that belongs to the inputs.
-    virtual bool hasResults() const;
+    bool hasResults() const override;
+    bool canCopy() const override;
+    bool canPrint() const override;
     /// The list with its pages.
     virtual ListPane& results() const = 0;
-    /// The choice of the inputs in a few words.
-    virtual QString subject() const = 0;
-    /// What the results come to, for the status bar; asked with counts only.
-    virtual QString counts() const = 0;
-    /// Whether there is something to count; nothing found is something too.
-    virtual bool hasCounts() const { return hasResults(); }
     bool isCollapsed() const;
     /// To be kept between starts.
     struct Sizes {
@@ -82,16 +68,6 @@ class InputForm : public QWidget {
     };
     Sizes sizes() const;
     void setSizes(const Sizes& sizes);
-
-  signals:
-    /// What the main window shows of the form has changed.
-    void stateChanged();
-    /// The user moved a splitter.
-    void sizesChanged();
-    /// Help was asked for where no field has any.
-    void guideRequested();
-    /// A file was written; `note` says what it holds and where it is.
-    void exported(const QString& note);
 
   protected:
     InputForm(const SelectionKind& kind, QWidget* parent);
@@ -109,7 +85,6 @@ class InputForm : public QWidget {
     /// Applies a parameter set to the form.
     void applySet(const char* key);
 
-    void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -128,9 +103,6 @@ class InputForm : public QWidget {
     void makePanes();
     void connectPanes();
     void goRound();
-
-    QString key_;
-    QString description_;
 };
 
 }  // namespace marvello

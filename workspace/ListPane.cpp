@@ -83,6 +83,7 @@ void ListPane::makePopUp() {
         entry->setCheckable(true);
     }
     mnu_cpspopup_->addSeparator();
+    addToPopUp(Command::addToComparison, [this] { emit chosenToCompare(selectedChoices()); });
     addToPopUp(Command::copy, [this] { copy(); });
     addToPopUp(Command::printPreview, [this] { print(true); });
     addToPopUp(Command::print, [this] { print(false); });
@@ -183,6 +184,22 @@ void ListPane::setListHeights(const QHash<QString, int>& heights) {
 
 void ListPane::moveSelection(int rows) {
     if (const int row = lvCps_->selectedRow(); row >= 0) lvCps_->selectRow(row + rows);
+}
+
+std::vector<ListPane::Listed> ListPane::listedRows() const {
+    std::vector<Listed> listed;
+    for (int row = 0; row < lvCps_->rowCount(); ++row)
+        if (const auto choice = choiceOf(row))
+            listed.push_back(
+                {lvCps_->text(row, 0) + QStringLiteral("  ") + fromCore(choice->refrigerant), *choice});
+    return listed;
+}
+
+std::vector<ComparedChoice> ListPane::selectedChoices() const {
+    std::vector<ComparedChoice> choices;
+    for (const int row : lvCps_->selectedRows())
+        if (const auto choice = choiceOf(row)) choices.push_back(*choice);
+    return choices;
 }
 
 QString ListPane::mapQuantity() const { return pages_->mapQuantity(); }

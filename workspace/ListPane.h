@@ -2,11 +2,13 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "controls/Splitter.h"
 #include "engine/AdvisedInput.h"
+#include "engine/Comparison.h"
 #include "inputs/SelectionInputs.h"
 #include "workspace/Commands.h"
 #include "workspace/UsedPoint.h"
@@ -51,6 +53,14 @@ class ListPane : public Splitter {
     /// The list, the tabs and the page, between which F6 goes.
     QList<QWidget*> parts() const;
 
+    /// A row of the list with what a comparison takes of it.
+    struct Listed {
+        QString label;
+        ComparedChoice choice;
+    };
+    std::vector<Listed> listedRows() const;
+    std::vector<ComparedChoice> selectedChoices() const;
+
     virtual bool canCopy() const = 0;
     virtual bool canPrint() const = 0;
     /// Moves the selection by `rows`.
@@ -74,6 +84,8 @@ class ListPane : public Splitter {
     void adviceUsed(marvello::AdvisedInput input, double value);
     /// An operating point is to take the place of that of the inputs, in their units.
     void pointUsed(const marvello::UsedPoint& point);
+    /// The selected rows are to be compared.
+    void chosenToCompare(const std::vector<marvello::ComparedChoice>& choices);
     /// A page was written to a file; the note says which.
     void exported(const QString& note);
 
@@ -96,6 +108,8 @@ class ListPane : public Splitter {
     virtual const clsCompressor* selectedCompressor() const = 0;
     /// What the selected compressor was calculated for; null without one.
     virtual std::shared_ptr<const clsProjectConditions> conditions() const = 0;
+    /// What a comparison takes of a row; none for the heading of a group.
+    virtual std::optional<ComparedChoice> choiceOf(int row) const = 0;
     /// Adds an entry to the pop-up menu, with the text of a dictionary key.
     QAction* addToPopUp(const char* textKey, Needs needs, const std::function<void()>& act);
 

@@ -18,6 +18,7 @@
 #include "controls/AdvanceText.h"
 #include "controls/Hairline.h"
 #include "controls/Icons.h"
+#include "controls/MessageBox.h"
 #include "controls/TabStrip.h"
 #include "data/DictionaryTexts.h"
 #include "data/Session.h"
@@ -31,6 +32,7 @@
 #include "workspace/Settings.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/WorkArea.h"
+#include "workspace/frmComparison.h"
 #include "workspace/frmFind.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmSelection.h"
@@ -48,15 +50,9 @@ struct WaitCursor {
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
-/// How a form is told from those of other kinds.
-struct FormFace {
-    const char* icon;
-    const char* textKey;
-};
-FormFace faceOf(const InputForm& form) {
-    if (form.kind().isSearch) return {"find", "formselection.find"};
-    return form.kind().hasInverter ? FormFace{"inverter", "formselection.inverter"}
-                                   : FormFace{"form", "formselection.description"};
+bool isOfInverters(const Form* form) {
+    const auto* withInputs = qobject_cast<const InputForm*>(form);
+    return withInputs && withInputs->kind().hasInverter;
 }
 
 }  // namespace
@@ -86,7 +82,7 @@ MDIMain::~MDIMain() {
     // The forms report their end to this window: they go first.
     disconnect(area_, nullptr, this, nullptr);
     for (QMdiSubWindow* window : area_->subWindowList()) disconnect(window, nullptr, this, nullptr);
-    for (InputForm* form : forms()) disconnect(form, nullptr, this, nullptr);
+    for (Form* form : forms()) disconnect(form, nullptr, this, nullptr);
 }
 
 void MDIMain::makeWorkArea() {
@@ -108,7 +104,7 @@ void MDIMain::makeWorkArea() {
     connect(area_, &QMdiArea::subWindowActivated, this, &MDIMain::activated);
     connect(TabStrip_, &QTabBar::currentChanged, this, [this](int tab) {
         for (QMdiSubWindow* window : area_->subWindowList())
-            if (const auto* form = qobject_cast<InputForm*>(window->widget());
+            if (const auto* form = qobject_cast<Form*>(window->widget());
                 form && form->Key() == TabStrip_->key(tab) && area_->activeSubWindow() != window)
                 area_->setActiveSubWindow(window);
     });
@@ -172,7 +168,7 @@ void MDIMain::chooseLanguage(const QString& language) {
     user.language = toCore(language);
     gApplication().SaveUserInformation(user);
     Traduci();
-    for (InputForm* form : forms()) {
+    for (Form* form : forms()) {
         form->Traduci();
         describe(*form);
         TabStrip_->setTabText(TabStrip_->indexOf(form->Key()), form->Description());
@@ -223,6 +219,48 @@ void MDIMain::openSolution(const SelectionOfCandidate& solution, const QString& 
     form->lnkCalculate_Click();
 }
 
+frmComparison* MDIMain::comparison() const {
+    for (Form* form : forms())
+        if (auto* found = qobject_cast<frmComparison*>(form)) return found;
+    return nullptr;
+}
+
+// The list stays in front, where more may be chosen.
+void MDIMain::compare(const std::vector<ComparedChoice>& choices) {
+    if (choices.empty()) return;
+    frmComparison* form = comparison();
+    if (!form) {
+        QMdiSubWindow* const before = area_->activeSubWindow();
+        QWidget* const inUse = QApplication::focusWidget();
+        setUpdatesEnabled(false);
+        form = std::make_unique<frmComparison>().release();  // its window owns it
+        form->MeasureUnits(cmbmeasureunits_->Key().toInt(), false);
+        connect(form, &frmComparison::addRequested, this, &MDIMain::offerToCompare);
+        place(form, nullptr);
+        if (before) area_->setActiveSubWindow(before);
+        if (inUse) inUse->setFocus();
+        setUpdatesEnabled(true);
+    }
+    const frmComparison::Added added = form->add(choices);
+    if (!added.note.isEmpty()) note(added.note);
+    if (!added.refusal.isEmpty()) MessageBox::show(this, MessageBox::Mark::information, added.refusal);
+}
+
+void MDIMain::offerToCompare(const QPoint& place) {
+    QMenu menu(this);
+    for (Form* form : forms()) {
+        auto* withInputs = qobject_cast<InputForm*>(form);
+        if (!withInputs || !withInputs->hasResults()) continue;
+        QMenu* const list = menu.addMenu(form->Description());
+        for (const ListPane::Listed& listed : withInputs->results().listedRows())
+            connect(list->addAction(listed.label), &QAction::triggered, this,
+                    [this, choice = listed.choice] { compare({choice}); });
+    }
+    if (menu.isEmpty())
+        menu.addAction(dictionaryText(QStringLiteral("frmcomparison.nolist")))->setEnabled(false);
+    menu.exec(place);
+}
+
 template <class Form>
 Form* MDIMain::openNew() {
     const WaitCursor wait;
@@ -237,26 +275,30 @@ void MDIMain::open(InputForm* form) {
     form->MeasureUnits(cmbmeasureunits_->Key().toInt(), true);
     // From the form at hand; the first form goes on where the one before it ended. A search has more to ask
     // than a selection, and goes on with that in any case.
-    const InputForm* active = ActiveForm();
+    const auto* active = qobject_cast<const InputForm*>(ActiveForm());
     const bool isLike = active && active->kind().isSearch == form->kind().isSearch;
     form->takeOver(isLike ? active->state() : keptFormState(form->objectName()));
     if (active && !isLike) form->takeOverInputs(active->state().inputs);
+    form->setSizes({settings::panelWidth.value(), settings::listHeights.value()});
+    connect(form, &Form::sizesChanged, this, [form] { keepSizes(*form); });
+    if (auto* selection = qobject_cast<SelectionForm*>(form))
+        selection->populateLVCPS(cmbGroupBy_->Key().toInt());
+    connect(&form->results(), &ListPane::chosenToCompare, this, &MDIMain::compare);
+    place(form, firstInUse);
+}
+
+void MDIMain::place(Form* form, QWidget* firstInUse) {
     const QString number = QString::number(++formNumber_);
-    const QIcon picture = icon(QLatin1String(faceOf(*form).icon));
+    const QIcon picture = icon(QLatin1String(form->face().icon));
     form->setKey(number + QStringLiteral("Selection"));
     describe(*form);
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->setWindowIcon(picture);
-    form->setSizes({settings::panelWidth.value(), settings::listHeights.value()});
 
     const QString key = form->Key();
-    connect(form, &InputForm::stateChanged, this, &MDIMain::refreshState);
-    connect(form, &InputForm::sizesChanged, this, [this, form] { keepSizes(*form); });
-    connect(form, &InputForm::guideRequested, this, &MDIMain::showGuide);
-    connect(form, &InputForm::exported, this, [this](const QString& note) {
-        constexpr int shown = 15000;  // milliseconds
-        statusBar()->showMessage(note, shown);
-    });
+    connect(form, &Form::stateChanged, this, &MDIMain::refreshState);
+    connect(form, &Form::guideRequested, this, &MDIMain::showGuide);
+    connect(form, &Form::exported, this, &MDIMain::note);
     connect(form, &QObject::destroyed, this, [this, key] {
         TabStrip_->removeTab(TabStrip_->indexOf(key));
         OpenForms();
@@ -269,33 +311,36 @@ void MDIMain::open(InputForm* form) {
     // The menu of the program closes forms; two holders of one key would leave it without effect.
     for (QAction* action : window->systemMenu()->actions()) action->setShortcuts({});
     connect(window, &QMdiSubWindow::windowStateChanged, this, &MDIMain::hideChildControls);
-    if (auto* selection = qobject_cast<SelectionForm*>(form))
-        selection->populateLVCPS(cmbGroupBy_->Key().toInt());
     window->showMaximized();
     TabStrip_->setCurrentIndex(tab);
     OpenForms();
 }
 
-void MDIMain::describe(InputForm& form) {
+void MDIMain::note(const QString& text) {
+    constexpr int shown = 15000;  // milliseconds
+    statusBar()->showMessage(text, shown);
+}
+
+void MDIMain::describe(Form& form) {
     const QString number = form.Key().chopped(QStringLiteral("Selection").size());
-    const QString what = dictionaryText(QLatin1String(faceOf(form).textKey));
+    const QString what = dictionaryText(QLatin1String(form.face().textKey));
     form.setDescription(number + u' ' + what.trimmed());
 }
 
-InputForm* MDIMain::ActiveForm() const {
+Form* MDIMain::ActiveForm() const {
     const QMdiSubWindow* window = area_->currentSubWindow();
-    return window ? qobject_cast<InputForm*>(window->widget()) : nullptr;
+    return window ? qobject_cast<Form*>(window->widget()) : nullptr;
 }
 
-QList<InputForm*> MDIMain::forms() const {
-    QList<InputForm*> result;
+QList<Form*> MDIMain::forms() const {
+    QList<Form*> result;
     for (const QMdiSubWindow* window : area_->subWindowList())
-        if (auto* form = qobject_cast<InputForm*>(window->widget())) result += form;
+        if (auto* form = qobject_cast<Form*>(window->widget())) result += form;
     return result;
 }
 
 void MDIMain::activated(QMdiSubWindow* window) {
-    if (const auto* form = window ? qobject_cast<InputForm*>(window->widget()) : nullptr)
+    if (const auto* form = window ? qobject_cast<Form*>(window->widget()) : nullptr)
         TabStrip_->setCurrentIndex(TabStrip_->indexOf(form->Key()));
     hideChildControls();
     refreshState();
@@ -316,14 +361,18 @@ void MDIMain::OpenForms() {
 }
 
 void MDIMain::refreshState() {
-    const InputForm* form = TabStrip_->count() > 0 ? ActiveForm() : nullptr;
+    const Form* form = TabStrip_->count() > 0 ? ActiveForm() : nullptr;
+    const auto* withInputs = qobject_cast<const InputForm*>(form);
     const bool hasResults = form && form->hasResults();
     const bool isSelection = qobject_cast<const SelectionForm*>(form) != nullptr;
     commands_.enable(Needs::results, hasResults);
     commands_.enable(Needs::selectionResults, hasResults && isSelection);
-    commands_.enable(Needs::copyableRow, form && form->results().canCopy());
-    commands_.enable(Needs::printableRow, form && form->results().canPrint());
-    commands_[Command::collapseInputs]->setChecked(form && form->isCollapsed());
+    commands_.enable(Needs::listedRow, withInputs && withInputs->canCopy());
+    commands_.enable(Needs::copyableRow, form && form->canCopy());
+    commands_.enable(Needs::printableRow, form && form->canPrint());
+    commands_.enable(Needs::inputs, withInputs != nullptr);
+    commands_.enable(Needs::listedResults, hasResults && withInputs);
+    commands_[Command::collapseInputs]->setChecked(withInputs && withInputs->isCollapsed());
     cmbGroupBy_->setEnabled(hasResults && isSelection);
     cmbmeasureunits_->setEnabled(form != nullptr);
     // Each form keeps its own system of units.
@@ -331,7 +380,7 @@ void MDIMain::refreshState() {
     refreshStatus(form);
 }
 
-void MDIMain::refreshStatus(const InputForm* form) {
+void MDIMain::refreshStatus(const Form* form) {
     subject_->setText(form ? form->subject() : dictionaryText(QStringLiteral("mdimain.status.ready")));
     separator_->setVisible(form != nullptr);
     if (!form) {
@@ -345,8 +394,8 @@ void MDIMain::refreshStatus(const InputForm* form) {
 
 void MDIMain::closeAll() {
     // Kept: forms of inverter compressors stay open: the command closes the others alone.
-    for (InputForm* form : forms())
-        if (!form->kind().hasInverter) form->Quit();
+    for (Form* form : forms())
+        if (!isOfInverters(form)) form->Quit();
 }
 
 void MDIMain::restoreSizes() {
@@ -367,7 +416,7 @@ void MDIMain::closeEvent(QCloseEvent* event) {
     settings::frame.keep(saveGeometry(), store);
     settings::measureUnit.keep(cmbmeasureunits_->Key().toInt(), store);
     settings::groupBy.keep(cmbGroupBy_->Key().toInt(), store);
-    if (const InputForm* form = ActiveForm()) keepFormState(form->objectName(), form->state());
+    if (const Form* form = ActiveForm()) form->keep();
     QMainWindow::closeEvent(event);
 }
 
@@ -382,12 +431,12 @@ bool MDIMain::eventFilter(QObject* watched, QEvent* event) {
 // The keys of a form, where the focus is in the tool bar, the tabs or the frame itself. In a form they are
 // its own.
 bool MDIMain::tookKey(const QWidget& focused, const QKeyEvent& key) {
-    InputForm* form = ActiveForm();
+    Form* form = ActiveForm();
     // A key that no control took goes up to the frame as well: it counts where it was pressed.
     if (key.modifiers() != Qt::NoModifier || focused.window() != this || !focused.hasFocus() ||
         (form && form->isAncestorOf(&focused)))
         return false;
-    if (key.key() == Qt::Key_F5 && form) form->lnkCalculate_Click();
+    if (key.key() == Qt::Key_F5 && form) form->recalculate();
     if (key.key() == Qt::Key_F1) showGuide();
     return key.key() == Qt::Key_F5 || key.key() == Qt::Key_F1;
 }
@@ -397,8 +446,8 @@ bool MDIMain::tookKey(const QWidget& focused, const QKeyEvent& key) {
 bool MDIMain::turnedWheel(int delta) {
     constexpr int turn = 120;
     // Kept: the wheel does not reach a form of inverter compressors, where scrolling changes no value.
-    InputForm* form = ActiveForm();
-    if (!form || form->kind().hasInverter) return false;
+    Form* form = ActiveForm();
+    if (!form || isOfInverters(form)) return false;
     wheel_ += delta;
     const int count = wheel_ / turn;
     wheel_ %= turn;

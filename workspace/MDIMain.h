@@ -4,6 +4,7 @@
 #include <QTranslator>
 #include <array>
 #include <memory>
+#include <vector>
 
 #include "workspace/Commands.h"
 
@@ -18,16 +19,19 @@ namespace marvello {
 
 class AdvanceText;
 class DropList;
+class Form;
 class FormFocus;
 class TabBand;
 class TabStrip;
 class InputForm;
 class SelectionForm;
 class WorkArea;
+class frmComparison;
 class frmFind;
+struct ComparedChoice;
 struct SelectionOfCandidate;
 
-/// The program's frame: holds any number of selection forms, each with its tab.
+/// The program's frame: holds any number of forms, each with its tab.
 class MDIMain : public QMainWindow {
     Q_OBJECT
 
@@ -44,8 +48,8 @@ class MDIMain : public QMainWindow {
     SelectionForm* newSelection();
     SelectionForm* newInverterSelection();
     frmFind* newFind();
-    InputForm* ActiveForm() const;
-    QList<InputForm*> forms() const;
+    Form* ActiveForm() const;
+    QList<Form*> forms() const;
 
     /// Loads the dictionary of a language against the default language.
     void populateDictionary(const QString& language);
@@ -63,22 +67,32 @@ class MDIMain : public QMainWindow {
     template <class Form>
     Form* openNew();
     void open(InputForm* form);
+    /// Gives a form its window and its tab; `firstInUse` has the focus at first.
+    void place(Form* form, QWidget* firstInUse);
+    /// The form of the comparison; null while there is none.
+    frmComparison* comparison() const;
+    /// Adds compressors to the comparison, which is opened behind the form at hand if there is none.
+    void compare(const std::vector<ComparedChoice>& choices);
+    /// Lets the user add a compressor of a list, from a menu at a place of the screen.
+    void offerToCompare(const QPoint& place);
     /// Opens a solution of a search as a selection, and calculates it.
     void openSolution(const SelectionOfCandidate& solution, const QString& compressor);
     /// Describes a form by its number and what it is, in the user's language.
-    static void describe(InputForm& form);
+    static void describe(Form& form);
     void makeWorkArea();
     void makeStatusBar();
     void makeAlphaStamp();
     void populateLanguages();
     void OpenForms();
     void refreshState();
-    void refreshStatus(const InputForm* form);
+    void refreshStatus(const Form* form);
     void activated(QMdiSubWindow* window);
     void hideChildControls();
     void closeAll();
     void restoreSizes();
-    void keepSizes(const InputForm& form);
+    static void keepSizes(const InputForm& form);
+    /// Says for a while in the status bar what was done.
+    void note(const QString& text);
     bool turnedWheel(int delta);
     bool tookKey(const QWidget& focused, const QKeyEvent& key);
 

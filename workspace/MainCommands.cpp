@@ -107,28 +107,35 @@ void MDIMain::makeCommands() {
     };
     const auto onForm = [this, &on](Command command, auto act) {
         on(command, [this, act] {
-            if (InputForm* form = ActiveForm()) act(*form);
+            if (Form* form = ActiveForm()) act(*form);
+        });
+    };
+    const auto onInputForm = [this, &on](Command command, auto act) {
+        on(command, [this, act] {
+            if (auto* form = qobject_cast<InputForm*>(ActiveForm())) act(*form);
         });
     };
     on(Command::newSelection, [this] { newForm(); });
-    onForm(Command::closeForm, [](InputForm& form) { form.Quit(); });
+    onForm(Command::closeForm, [](Form& form) { form.Quit(); });
     on(Command::closeAll, [this] { closeAll(); });
     on(Command::exit, [this] { close(); });
     // The key belongs to what has the focus: the list copies its rows, a field its text.
     commands_[Command::copy]->setShortcutContext(Qt::WidgetShortcut);
-    onForm(Command::copy, [](InputForm& form) { form.CopyToClipBoard(); });
-    onForm(Command::print, [](InputForm& form) { form.PrintReport(false); });
-    onForm(Command::printPreview, [](InputForm& form) { form.PrintReport(true); });
-    onForm(Command::exportList, [](InputForm& form) { form.ExportCPS(); });
-    onForm(Command::exportPolynomials, [](InputForm& form) {
+    onForm(Command::copy, [](Form& form) { form.CopyToClipBoard(); });
+    onInputForm(Command::addToComparison,
+                [this](InputForm& form) { compare(form.results().selectedChoices()); });
+    onForm(Command::print, [](Form& form) { form.PrintReport(false); });
+    onForm(Command::printPreview, [](Form& form) { form.PrintReport(true); });
+    onForm(Command::exportList, [](Form& form) { form.ExportCPS(); });
+    onForm(Command::exportPolynomials, [](Form& form) {
         if (auto* selection = qobject_cast<SelectionForm*>(&form)) selection->ExportPolynomials();
     });
     commands_[Command::collapseInputs]->setCheckable(true);
     connect(commands_[Command::collapseInputs], &QAction::toggled, this, [this](bool collapse) {
-        if (InputForm* form = ActiveForm()) form->CloseFrame(collapse);
+        if (auto* form = qobject_cast<InputForm*>(ActiveForm())) form->CloseFrame(collapse);
     });
-    onForm(Command::previousRow, [](InputForm& form) { form.results().moveSelection(-1); });
-    onForm(Command::nextRow, [](InputForm& form) { form.results().moveSelection(1); });
+    onInputForm(Command::previousRow, [](InputForm& form) { form.results().moveSelection(-1); });
+    onInputForm(Command::nextRow, [](InputForm& form) { form.results().moveSelection(1); });
     on(Command::cascade, [this] { area_->cascadeSubWindows(); });
     on(Command::tileHorizontal, [this] { area_->tile(Qt::Vertical); });
     on(Command::tileVertical, [this] { area_->tile(Qt::Horizontal); });
@@ -155,7 +162,7 @@ void MDIMain::makeMenus() {
         fill(menu(), "mnu_file", {{newSelection}, {closeForm, closeAll}, {printPreview, print}, {exit}});
     // One menu, below the menu bar and below the button of the tool bar.
     commands_[exports]->setMenu(fill(new QMenu(this), "mnu_tools_export", {{exportList, exportPolynomials}}));
-    mnu_tools_ = fill(menu(), "mnu_tools", {{exports, copy}});
+    mnu_tools_ = fill(menu(), "mnu_tools", {{exports, copy}, {addToComparison}});
     mnu_tools_->addSeparator();
     mnu_tools_language_ = fill(mnu_tools_->addMenu(QString()), "mnu_tools_language", {});
     mnuWindow_ = fill(menu(), "mnuWindow", {{cascade, tileHorizontal, tileVertical, arrangeIcons}});
@@ -211,15 +218,15 @@ QWidget* MDIMain::makeSelectors() {
     cmbmeasureunits_ = selector("cmbmeasureunits", selectors);
     cmbGroupBy_ = selector("cmbGroupBy", selectors);
     connect(cmbmeasureunits_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
-        InputForm* form = ActiveForm();
+        Form* form = ActiveForm();
         if (form && form->MeasureUnit() != key.toInt()) form->MeasureUnits(key.toInt(), true);
     });
     connect(cmbGroupBy_, &AdvanceText::KeyChange, this, [this](const QString&, const QString& key) {
         // The other forms take it with their next list.
-        for (InputForm* form : forms())
+        for (Form* form : forms())
             if (auto* selection = qobject_cast<SelectionForm*>(form))
                 selection->results().setGrouping(static_cast<Grouping>(key.toInt()));
-        if (InputForm* form = ActiveForm()) form->results().relist();
+        if (auto* form = qobject_cast<InputForm*>(ActiveForm())) form->results().relist();
     });
     row->addWidget(cmbmeasureunits_);
     row->addWidget(cmbGroupBy_);

@@ -129,6 +129,13 @@ const clsCompressor* ResultsPane::selectedCompressor() const {
     return result ? result->compressor.get() : nullptr;
 }
 
+std::optional<ComparedChoice> ResultsPane::choiceOf(int row) const {
+    const ResultRow* const result = run_.row(row);
+    if (!result) return std::nullopt;
+    const clsCompressor& compressor = *result->compressor;
+    return ComparedChoice{compressor.Refrigerant, compressor.Serie, compressor.Model, *run_.conditions()};
+}
+
 bool ResultsPane::canPrint() const {
     const ResultRow* const result = selected();
     return result && result->compressor->Messages.Error.Count() == 0;

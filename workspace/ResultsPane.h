@@ -51,6 +51,7 @@ class ResultsPane : public ListPane {
     QList<OfferedColumn> offeredColumns() const override;
     bool hasRows() const override { return run_.hasResults(); }
     const clsCompressor* selectedCompressor() const override;
+    std::optional<ComparedChoice> choiceOf(int row) const override;
     std::shared_ptr<const clsProjectConditions> conditions() const override { return run_.conditions(); }
 
   private:

@@ -55,6 +55,9 @@ inline const Setting<int> buildsLength{QStringLiteral("Windows/BuildsLength"), 0
 
 /// With which sections the report goes on, by their keys.
 inline const Setting<QStringList> reportSections{QStringLiteral("Report/Sections")};
+/// Of the figures of a comparison, and over which temperature its curves go: 0 evaporating, 1 condensing.
+inline const Setting<int> comparisonWidth{QStringLiteral("Comparison/Width"), 780, 300, 4000};
+inline const Setting<int> comparisonAxis{QStringLiteral("Comparison/Axis"), 0, 0, 1};
 inline const Setting<QString> exportFolder{QStringLiteral("Export/Folder")};
 inline const Setting<QString> reportFolder{QStringLiteral("Reports/Folder")};
 

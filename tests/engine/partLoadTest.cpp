@@ -153,15 +153,15 @@ TEST_F(PartLoadTest, EachShareIsMetByPlainSelections) {
     int machines = 0;
     while (machines < 400 && !HasFailure()) {
         const PartLoadPlan plan = randomPlan();
-        const MachineLoads loads(plan, calculator_);
+        const MachineLoads loads(calculator_, plan);
         if (!loads.full().isPossible()) continue;
         ++machines;
-        const PartLoad full = loads.at(1);
+        const PartLoad full = loads.at(calculator_, 1);
         EXPECT_EQ(full.run.kind, Kind::steady);
         EXPECT_EQ(full.run.capacity, loads.fullCapacity());
         EXPECT_EQ(full.condensing, plan.conditions.TCondensationDew) << "that of the operating point";
         for (const double share : {1.0, 0.75, 0.5, 0.25, random_.between(0.02, 1)})
-            expectSelectionsAndMeans(plan, loads.at(share));
+            expectSelectionsAndMeans(plan, loads.at(calculator_, share));
     }
     for (const Kind kind : {Kind::steady, Kind::blended, Kind::intermittent})
         EXPECT_GT(kinds_.at(static_cast<std::size_t>(kind)), 20);
@@ -171,7 +171,7 @@ TEST_F(PartLoadTest, AStepCondensesAsItsOwnLoadDoes) {
     int states = 0;
     while (states < 200 && !HasFailure()) {
         const PartLoadPlan plan = randomPlan();
-        const MachineLoads loads(plan, calculator_);
+        const MachineLoads loads(calculator_, plan);
         if (!loads.full().isPossible()) continue;
         const double outdoor =
             plan.conditions.TCondensationDew - (plan.condensing ? *plan.condensing->difference : 0);
@@ -192,9 +192,9 @@ TEST_F(PartLoadTest, AStepCondensesAsItsOwnLoadDoes) {
             ++states;
         };
         if (plan.compressor->hasInvert) {
-            for (const float hertz : {20.F, 37.5F, 50.F}) expectState(loads.atFrequency(hertz));
+            for (const float hertz : {20.F, 37.5F, 50.F}) expectState(loads.atFrequency(calculator_, hertz));
         } else {
-            for (const int step : stepsOf(*plan.compressor)) expectState(loads.atStep(step));
+            for (const int step : stepsOf(*plan.compressor)) expectState(loads.atStep(calculator_, step));
         }
     }
 }
@@ -205,14 +205,40 @@ TEST_F(PartLoadTest, FullLoadOfAnInverterIsItsHighestFrequency) {
         if (compressor.hasInvert && compressor.Refrigerant == "R134A") inverter = &compressor;
     ASSERT_NE(inverter, nullptr);
     const PartLoadPlan plan{.compressor = inverter, .conditions = conditionsAt(0, 40)};
-    const MachineLoads loads(plan, calculator_);
+    const MachineLoads loads(calculator_, plan);
     ASSERT_TRUE(loads.full().isPossible());
     EXPECT_EQ(loads.full().at.conditions.InverterFrequency, frequencyRange(*inverter, plan.conditions).high);
-    const PartLoad half = loads.at(0.5);
+    const PartLoad half = loads.at(calculator_, 0.5);
     EXPECT_EQ(half.run.kind, Kind::steady);
     EXPECT_NEAR(half.run.capacity, loads.fullCapacity() / 2, 1e-4);
-    EXPECT_EQ(loads.at(0.1).run.kind, Kind::intermittent);
-    EXPECT_EQ(loads.at(0.1).run.running[0].state.at.conditions.InverterFrequency, 20);
+    EXPECT_EQ(loads.at(calculator_, 0.1).run.kind, Kind::intermittent);
+    EXPECT_EQ(loads.at(calculator_, 0.1).run.running[0].state.at.conditions.InverterFrequency, 20);
+}
+
+TEST_F(PartLoadTest, ATableHasStepsAndSharesOrSaysWhyNot) {
+    PartLoadQuestion question{
+        .plan = {.compressor = catalogue_->find("R134A", "TK-A", "220"), .conditions = conditionsAt(2, 40)},
+        .shares = {1, 0.6}};
+    ASSERT_NE(question.plan.compressor, nullptr);
+    const auto table = partLoadTable(question, loopWith(calculator_));
+    ASSERT_TRUE(table);
+    ASSERT_EQ(table->states.size(), 4U);
+    EXPECT_EQ(table->states[0].share, 1);
+    EXPECT_EQ(table->states[3].state.step(), 25);
+    // Errors alone, such as a step that the limits do not allow here.
+    for (const SteadyLoad& load : table->states)
+        EXPECT_EQ(load.messages.Error.Count() > 0, !load.state.isPossible());
+    ASSERT_EQ(table->shares.size(), 2U);
+    EXPECT_DOUBLE_EQ(table->shares[1].run.capacity,
+                     0.6 * *valueOf(table->full.state.performance, Figure::capacity));
+    question.plan.conditions.TCondensationDew = 90;
+    const auto outside = partLoadTable(question, loopWith(calculator_));
+    ASSERT_TRUE(outside);
+    EXPECT_EQ(outside->full.state.performance.error, outsideEnvelope);
+    EXPECT_EQ(outside->full.messages.Error.Item(1).Name, outsideEnvelope);
+    EXPECT_TRUE(outside->states.empty());
+    EXPECT_TRUE(outside->shares.empty());
+    EXPECT_FALSE(partLoadTable(question, loopWith(calculator_, [] { return false; })));
 }
 
 }  // namespace

@@ -106,7 +106,7 @@ class Soak {
         return list[static_cast<decltype(std::size(list))>(random(static_cast<int>(std::size(list))))];
     }
     static void say(const QString& text) { std::cout << ' ' << text.toStdString() << std::flush; }
-    InputForm* form() const { return real_.window->ActiveForm(); }
+    InputForm* form() const { return qobject_cast<InputForm*>(real_.window->ActiveForm()); }
     frmFind* search() const { return qobject_cast<frmFind*>(form()); }
     /// Lets a search end, which goes on in a thread of its own.
     void settle() const {
@@ -137,7 +137,8 @@ class Soak {
         const auto forms = real_.window->forms();
         demand(forms.size() == forms_,
                QString("There are %1 forms and not %2.").arg(forms.size()).arg(forms_));
-        for (const InputForm* each : forms) {
+        for (const Form* open : forms) {
+            const auto* each = qobject_cast<const InputForm*>(open);
             const bool isShown = each->hasResults();
             if (const auto* search = qobject_cast<const frmFind*>(each)) {
                 demand(!isShown || !search->isSearching(), "Solutions of other inputs look valid.");
@@ -341,9 +342,11 @@ class Soak {
 
     void closeForm() {
         const bool isAll = random(8) == 0;
-        for (const InputForm* each : real_.window->forms())
-            forms_ -= isAll ? !each->kind().hasInverter
-                            : each == form();  // closing all leaves the forms of inverters
+        for (const Form* open : real_.window->forms()) {
+            const auto* each = qobject_cast<const InputForm*>(open);
+            // Closing all leaves the forms of inverters.
+            forms_ -= isAll ? !each->kind().hasInverter : each == form();
+        }
         trigger(isAll ? "mnu_file_closeall" : "mnu_file_close");
     }
 

@@ -158,19 +158,19 @@ TEST_F(MainWindowTest, TheStartMenuOpensTheFormChosen) {
     });
     ASSERT_EQ(tabs()->count(), 1);
     EXPECT_EQ(tabs()->tabText(0), "1 inverter");
-    EXPECT_EQ(window->ActiveForm()->TypeForm(), 1);
+    EXPECT_EQ(qobject_cast<InputForm*>(window->ActiveForm())->TypeForm(), 1);
     answer([](frmMenu& menu) {
         const QPoint at = menu.placeOf(frmMenu::selection).center().toPoint();
         QTest::mouseMove(&menu, menu.placeOf(frmMenu::inverter).center().toPoint());
         QTest::mouseClick(&menu, Qt::LeftButton, {}, at);
     });
     EXPECT_EQ(tabs()->tabText(1), "2 Selection");
-    EXPECT_EQ(window->ActiveForm()->TypeForm(), 0);
+    EXPECT_EQ(qobject_cast<InputForm*>(window->ActiveForm())->TypeForm(), 0);
     answer([](frmMenu& menu) {
         QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.placeOf(frmMenu::find).center().toPoint());
     });
     EXPECT_EQ(tabs()->tabText(2), "3 Find");
-    EXPECT_EQ(window->ActiveForm()->TypeForm(), 2);
+    EXPECT_EQ(qobject_cast<InputForm*>(window->ActiveForm())->TypeForm(), 2);
     // Kept: all but the inverter's form.
     action("mnu_file_closeall")->trigger();
     settle();
@@ -198,7 +198,7 @@ TEST_F(MainWindowTest, EveryFormHasItsTabAndItsKeys) {
     }
     EXPECT_EQ(tabs()->tabText(0), "1 Selection");
     EXPECT_EQ(tabs()->currentKey(), "2Selection");
-    InputForm* second = window->ActiveForm();
+    const Form* second = window->ActiveForm();
     tabs()->setCurrentIndex(0);
     ASSERT_NE(window->ActiveForm(), second);
     const auto* splitter = control<Splitter>(*window->ActiveForm(), "Splitter1");

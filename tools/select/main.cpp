@@ -15,12 +15,14 @@
 #include "data/clsApplication.h"
 #include "thermo/RefpropLibrary.h"
 #include "tools/select/BatchRun.h"
+#include "tools/select/CompareCommand.h"
 #include "tools/select/CycleCommand.h"
 #include "tools/select/Exit.h"
 #include "tools/select/ExplainCommand.h"
 #include "tools/select/FindCommand.h"
 #include "tools/select/MapCommand.h"
 #include "tools/select/Output.h"
+#include "tools/select/PartLoadCommand.h"
 #include "tools/select/RatingCommand.h"
 #include "tools/select/RefrigerantListing.h"
 #include "tools/select/Request.h"
@@ -159,18 +161,22 @@ int run(int argc, char** argv) {
     app.add_flag("--list", arguments.list, "prints refrigerants, series and models");
     app.add_flag("--list-refrigerants", arguments.listRefrigerants,
                  "prints the refrigerants with safety class, GWP, ODP and temperatures");
+    const CompareCommand compare(app);
     const CycleCommand cycle(app);
     const FindCommand find(app);
     const MapCommand map(app);
+    const PartLoadCommand partLoad(app);
     const RatingCommand rating(app);
     const ExplainCommand explain(app);
     const YearCommand year(app);
     app.set_version_flag("--version", "marvello-select " MARVELLO_VERSION);
     try {
         app.parse(argc, argv);
+        if (compare.isGiven()) return compare.run();
         if (cycle.isGiven()) return cycle.run();
         if (find.isGiven()) return find.run();
         if (map.isGiven()) return map.run();
+        if (partLoad.isGiven()) return partLoad.run();
         if (rating.isGiven()) return rating.run();
         if (explain.isGiven()) return explain.run();
         if (year.isGiven()) return year.run();

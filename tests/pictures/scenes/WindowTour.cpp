@@ -270,7 +270,7 @@ void WindowTour::showForms() const {
 }
 
 void WindowTour::showFind() const {
-    for (InputForm* open : window_.forms()) open->parentWidget()->close();
+    for (Form* open : window_.forms()) open->parentWidget()->close();
     frmFind* form = window_.newFind();
     form->MeasureUnits(0, true);
     const auto search = [this, form] {

@@ -1,0 +1,157 @@
+#include "workspace/ComparisonBar.h"
+
+#include <QActionGroup>
+#include <QMenu>
+
+#include "controls/AdvanceText.h"
+#include "controls/CoreText.h"
+#include "controls/FilterChip.h"
+#include "controls/NumberText.h"
+#include "thermo/EnteredQuantity.h"
+#include "workspace/WindowTexts.h"
+
+namespace marvello {
+
+namespace {
+
+struct FieldDefinition {
+    const char* name;
+    const char* captionKey;
+    double OperatingPoint::* value;
+    Quantity quantity;
+    double low, high;  ///< of what can be entered, in metric units
+};
+constexpr std::array<FieldDefinition, 4> definitions{
+    {{"txtTed", "frmselection.txtted.captiontext", &OperatingPoint::ted, Quantity::temperature, -100, 150},
+     {"txtTcd", "frmselection.txttcd.captiontext", &OperatingPoint::tcd, Quantity::temperature, -100, 150},
+     {"txtSH", "frmselection.cmbsh.captiontext", &OperatingPoint::superheat, Quantity::temperatureDifference,
+      0, 100},
+     {"txtSC", "frmselection.txtsc.captiontext", &OperatingPoint::subcooling, Quantity::temperatureDifference,
+      0, 100}}};
+
+constexpr std::size_t gasField = 2;
+
+/// A suction gas may be stated as a temperature.
+Quantity quantityOf(std::size_t field, const OperatingPoint& point) {
+    const bool isTemperature = field == gasField && point.superheatKind != SuperheatKind::difference;
+    return isTemperature ? Quantity::temperature : definitions.at(field).quantity;
+}
+
+/// The name under which readQuantity() knows the unit.
+const char* unitName(UnitSystem units, Quantity quantity) {
+    if (units == UnitSystem::imperial) return "F";
+    return quantity == Quantity::temperature ? "C" : "K";
+}
+
+}  // namespace
+
+ComparisonBar::ComparisonBar(QWidget* parent)
+    : PageBar(parent), same_(new FilterChip(this)), differences_(new FilterChip(this)) {
+    same_->setObjectName(QStringLiteral("samePoint"));
+    add(same_, FilterChip::ring);
+    for (std::size_t i = 0; i < fieldCount; ++i) {
+        auto* field = new AdvanceText(this);
+        field->setObjectName(QLatin1String(definitions.at(i).name));
+        field->SetTextType(1);
+        field->SetTextFormat(QStringLiteral("#0.0"));
+        field->setProperty("UnitCaptionVisible", true);
+        field->SetReader([this, i](const QString& text) {
+            const Quantity quantity = quantityOf(i, point_);
+            const EnteredQuantity read =
+                readQuantity(toCore(plainNumberText(text)), quantity, unitName(units_, quantity));
+            return TypedReading{read.value, read.isPlain, read.isUnfinished};
+        });
+        connect(field, &AdvanceText::TextChange, this, &ComparisonBar::typed);
+        add(field, AdvanceText::halo);
+        fields_.at(i) = field;
+    }
+    differences_->setObjectName(QStringLiteral("reference"));
+    differences_->setOpensList();
+    add(differences_, FilterChip::ring);
+    connect(same_, &FilterChip::toggled, this, &ComparisonBar::sameChosen);
+    connect(differences_, &FilterChip::clicked, this, &ComparisonBar::openReferences);
+}
+
+void ComparisonBar::translate() {
+    same_->setFilter(dictionaryText(QStringLiteral("frmcomparison.samepoint")), -1);
+    for (std::size_t i = 0; i < fieldCount; ++i)
+        fields_.at(i)->SetCaptionText(dictionaryText(QLatin1String(definitions.at(i).captionKey)));
+    refresh();
+}
+
+void ComparisonBar::showPoint(const OperatingPoint& point, bool isSame, UnitSystem units) {
+    const QSignalBlocker quiet(same_);
+    same_->setChecked(isSame);
+    point_ = point;
+    units_ = units;
+    refresh();
+}
+
+void ComparisonBar::showReference(const std::vector<ComparedHead>& heads,
+                                  std::optional<std::size_t> reference) {
+    heads_ = heads;
+    reference_ = reference;
+    refresh();
+}
+
+void ComparisonBar::refresh() {
+    constexpr int boxWidth = 64;
+    constexpr int unitWidth = 24;
+    constexpr int gap = 10;
+    for (std::size_t i = 0; i < fieldCount; ++i) {
+        AdvanceText* const field = fields_.at(i);
+        const Quantity quantity = quantityOf(i, point_);
+        const UnitRule convert = conversionOf(quantity);
+        const double value = convert(point_.*definitions.at(i).value, UnitSystem::metric, units_);
+        field->SetUnitCaptiontext(fromCore(unitText(quantity, units_)));
+        field->setProperty("UnitCaptionWidth", unitWidth);
+        const int caption = field->fontMetrics().horizontalAdvance(field->CaptionText()) + gap;
+        field->setProperty("CaptionWidth", caption);
+        field->setFixedSize(caption + boxWidth + unitWidth + 2 * AdvanceText::halo,
+                            AdvanceText::boxHeight + 2 * AdvanceText::halo);
+        const bool isOwn = field->isAncestorOf(focusWidget()) && field->number() == value;
+        if (!isOwn) field->SetTextValue(value);  // not below the cursor
+        field->setVisible(same_->isChecked());
+    }
+    const QString from = reference_ ? filled(dictionaryText(QStringLiteral("frmcomparison.reference")),
+                                             {fromCore(heads_.at(*reference_).name)})
+                                    : dictionaryText(QStringLiteral("frmcomparison.noreference"));
+    differences_->setFilter(from, -1);
+    layOut();
+}
+
+void ComparisonBar::typed() {
+    OperatingPoint point = point_;
+    for (std::size_t i = 0; i < fieldCount; ++i) {
+        AdvanceText* const field = fields_.at(i);
+        const FieldDefinition& definition = definitions.at(i);
+        const UnitRule convert = conversionOf(quantityOf(i, point_));
+        const double metric = convert(field->number(), units_, UnitSystem::metric);
+        if (field->isInvalid()) return;
+        if (metric < definition.low || metric > definition.high) return;
+        point.*definition.value = metric;
+    }
+    if (point == point_) return;
+    point_ = point;
+    emit pointTyped(point);
+}
+
+void ComparisonBar::openReferences() {
+    QMenu menu(this);
+    QActionGroup group(&menu);
+    const auto addChoice = [&](const QString& text, std::optional<std::size_t> reference) {
+        QAction* entry = menu.addAction(text);
+        entry->setCheckable(true);
+        entry->setChecked(reference == reference_);
+        group.addAction(entry);
+        connect(entry, &QAction::triggered, this, [this, reference] { emit referenceChosen(reference); });
+    };
+    addChoice(dictionaryText(QStringLiteral("frmcomparison.noreference")), std::nullopt);
+    for (std::size_t i = 0; i < heads_.size(); ++i)
+        addChoice(
+            filled(dictionaryText(QStringLiteral("frmcomparison.reference")), {fromCore(heads_[i].label())}),
+            i);
+    menu.exec(differences_->mapToGlobal(QPoint(0, differences_->height())));
+}
+
+}  // namespace marvello

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "controls/PageBar.h"
+#include "engine/Comparison.h"
+#include "results/ComparisonTable.h"
+
+namespace marvello {
+
+class AdvanceText;
+class FilterChip;
+
+/// The bar above a comparison: whether all machines are at the same operating point, and which; and from
+/// which of them the differences are.
+class ComparisonBar : public PageBar {
+    Q_OBJECT
+
+  public:
+    explicit ComparisonBar(QWidget* parent);
+
+    void translate();
+    /// Shows a point in a system of units; fields are those of the same point alone.
+    void showPoint(const OperatingPoint& point, bool isSame, UnitSystem units);
+    /// Shows what the differences are from; none without a reference.
+    void showReference(const std::vector<ComparedHead>& heads, std::optional<std::size_t> reference);
+    AdvanceText* firstField() const { return fields_.front(); }
+
+  signals:
+    /// All machines are to be at the point that the fields show, or each at its own again.
+    void sameChosen(bool isSame);
+    /// Another point was typed, in metric units.
+    void pointTyped(const marvello::OperatingPoint& point);
+    void referenceChosen(const std::optional<std::size_t>& reference);
+
+  private:
+    /// Evaporating and condensing temperature, suction gas, subcooling.
+    static constexpr std::size_t fieldCount = 4;
+
+    void typed();
+    void openReferences();
+    void refresh();
+
+    FilterChip* same_;
+    std::array<AdvanceText*, fieldCount> fields_{};
+    FilterChip* differences_;
+    OperatingPoint point_;
+    UnitSystem units_ = UnitSystem::metric;
+    std::vector<ComparedHead> heads_;
+    std::optional<std::size_t> reference_;
+};
+
+}  // namespace marvello

@@ -1,0 +1,114 @@
+#pragma once
+
+#include <QImage>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "results/ComparisonTable.h"
+#include "workspace/ComparisonRun.h"
+#include "workspace/Form.h"
+
+class QLabel;
+
+namespace marvello {
+
+class ChartPane;
+class ComparisonBar;
+class ComparisonFigures;
+class ComparisonHeads;
+class EmptyPage;
+class SegmentedSelector;
+class Splitter;
+
+/// Up to four compressors next to each other: their figures, their application limits over one another, and
+/// capacity and COP over a temperature. It holds its own choices, whatever becomes of the lists that they
+/// come from.
+class frmComparison : public Form {
+    Q_OBJECT
+
+  public:
+    explicit frmComparison(QWidget* parent = nullptr);
+    ~frmComparison() override;
+
+    /// What became of choices that were to be added.
+    struct Added {
+        QString note;     ///< Of what was added or is there already.
+        QString refusal;  ///< Why the rest was not added; empty if there is no rest.
+    };
+    Added add(const std::vector<ComparedChoice>& choices);
+    const std::vector<ComparedChoice>& choices() const { return choices_; }
+    /// True from a change until all of it is shown.
+    bool isCalculating() const { return run_.isRunning(); }
+    const ComparisonTable& table() const;
+
+    Face face() const override { return {"compare", "formselection.comparison"}; }
+    void Traduci() override;
+    void MeasureUnits(int unit, bool refresh) override;
+    int MeasureUnit() const override { return static_cast<int>(units_); }
+    /// Copies the whole table.
+    void CopyToClipBoard() override;
+    void ExportCPS() override;
+    void PrintReport(bool preview) override;
+    void recalculate() override;
+    bool hasResults() const override { return comparison_ != nullptr && !choices_.empty(); }
+    bool canCopy() const override { return hasResults(); }
+    bool canPrint() const override { return hasResults(); }
+    QString subject() const override;
+    QString counts() const override;
+
+  signals:
+    /// A compressor of a list is to be added; its menu is wanted at a place of the screen.
+    void addRequested(const QPoint& place);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void makeFigures();
+    void makeCharts();
+    void connectParts();
+    void takeOut(int machine);
+    void move(int machine, int to);
+    void openMenu(int machine, const QPoint& place);
+    void setSamePoint(bool isSame);
+    void setPoint(const OperatingPoint& point);
+    /// The choices as they are calculated: at the same point if that was chosen.
+    std::vector<ComparedChoice> calculated() const;
+    void compared(const std::shared_ptr<const Comparison>& comparison);
+    void relist();
+    void showCharts();
+    void showPages();
+    QString curvesTitle() const;
+    /// The table as rows of texts, the heads as the first one.
+    QList<QStringList> textRows() const;
+    ComparisonStyle style() const;
+
+    std::vector<ComparedChoice> choices_;
+    std::optional<OperatingPoint> same_;  ///< Of all machines, if they are to be at the same one.
+    std::optional<std::size_t> reference_;
+    CurveAxis axis_ = CurveAxis::evaporating;
+    UnitSystem units_ = UnitSystem::metric;
+    std::shared_ptr<const Comparison> comparison_;  ///< What is shown.
+    std::vector<Curve> curves_;
+    QString failure_;
+
+    Splitter* splitter_;
+    QWidget* figuresPane_;
+    QWidget* chartsPane_;
+    EmptyPage* empty_;
+    ComparisonBar* bar_;
+    ComparisonHeads* heads_;
+    ComparisonFigures* figures_;
+    QLabel* limitsTitle_;
+    ChartPane* limits_;
+    QLabel* curvesTitle_;
+    SegmentedSelector* axes_;
+    ChartPane* capacity_;
+    ChartPane* cop_;
+    ComparisonRun run_;  ///< the last member: it uses the others
+};
+
+}  // namespace marvello
