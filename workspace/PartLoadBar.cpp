@@ -1,5 +1,6 @@
 #include "workspace/PartLoadBar.h"
 
+#include <QAbstractButton>
 #include <QFontMetrics>
 #include <QLocale>
 #include <QMenu>
@@ -108,6 +109,15 @@ void PartLoadBar::translate() {
     copy_->setText(text("frmselection.rating.copy"));
     export_->setText(text("frmselection.rating.export"));
     refresh();
+}
+
+/// The segments are made anew with their texts, at the end of the order.
+void PartLoadBar::orderTabs(QWidget* next) const {
+    QList<QWidget*> order;
+    for (QAbstractButton* button : modes_->findChildren<QAbstractButton*>())
+        if (button->focusPolicy() != Qt::NoFocus) order += button;
+    order += {difference_, minimum_, losses_, copy_, export_, next};
+    for (qsizetype i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
 void PartLoadBar::setUnits(UnitSystem units) {

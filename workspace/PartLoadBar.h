@@ -23,6 +23,8 @@ class PartLoadBar : public PageBar {
     explicit PartLoadBar(QWidget* parent);
 
     void translate();
+    /// Lets the tab key go through the bar and on to what is below it; to be called after translate().
+    void orderTabs(QWidget* next) const;
     /// The fields are in a system of units; what they say stays.
     void setUnits(UnitSystem units);
     /// Whether there is a table to take away.

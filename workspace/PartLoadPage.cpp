@@ -89,6 +89,7 @@ PartLoadPage::PartLoadPage(const SelectionInputs& inputs, QWidget* parent)
 
 void PartLoadPage::translate() {
     bar_->translate();
+    bar_->orderTabs(list_);
     list_->setAccessibleName(text("frmselection.tabstrip.tabs.partload"));
     fill();
 }

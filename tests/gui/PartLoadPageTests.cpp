@@ -105,6 +105,23 @@ TEST_F(PartLoadPageTest, TheCondensingTemperatureFallsByTheFieldsOfTheRule) {
     ASSERT_TRUE(waitFor("50 %", "tcd", "40.0"));
 }
 
+TEST_F(PartLoadPageTest, TheTabKeyGoesThroughTheBarToTheTable) {
+    chooseMode("falling");
+    for (auto* segment :
+         control<SegmentedSelector>(*form, "partLoadCondensing")->findChildren<QAbstractButton*>())
+        if (segment->isChecked()) segment->setFocus();
+    QStringList way;
+    for (int i = 0; i < 6; ++i) {
+        QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+        const QWidget* at = form->focusWidget();
+        while (at->objectName().isEmpty() || at->objectName().startsWith("qt_")) at = at->parentWidget();
+        way += at->objectName();
+    }
+    EXPECT_EQ(way, QStringList({"partLoadDifference", "partLoadMinimum", "partLoadLosses", "partLoadCopy",
+                                "partLoadExport", "lvPartLoad"}))
+        << way.join(' ').toStdString();
+}
+
 TEST_F(PartLoadPageTest, ALossRaisesThePowerOfIntermittentRunning) {
     // At -10/40 the lowest step that is permitted has more than a quarter of the capacity.
     type("txtTED", "-10");
