@@ -147,7 +147,7 @@ int ComparisonModel::columnCount(const QModelIndex&) const {
 QVariant ComparisonModel::data(const QModelIndex& index, int role) const {
     const Line& at = line(index.row());
     const bool isText = role == Qt::DisplayRole || role == Qt::AccessibleTextRole || role == Qt::ToolTipRole;
-    if (!at.row) return isText && index.column() == 0 ? fromCore(at.group->caption) : QVariant();
+    if (!at.row) return isText ? fromCore(at.group->caption) : QVariant();
     if (index.column() == 0) return isText ? fromCore(at.row->captionWithUnit()) : QVariant();
     const ComparedHead& head = table_.heads.at(static_cast<std::size_t>(index.column() - 1));
     const bool isError = at.group == &table_.groups.front() && !head.error.empty();
@@ -183,7 +183,8 @@ ComparisonFigures::ComparisonFigures(QWidget* parent) : QTableView(parent) {
 }
 
 void ComparisonFigures::setTable(ComparisonTable table, const QString& bestText) {
-    const QModelIndex before = currentIndex();
+    const int beforeRow = currentIndex().row();
+    const int beforeColumn = currentIndex().column();
     const int scrolled = verticalScrollBar()->value();
     clearSpans();
     model_.setTable(std::move(table), bestText);
@@ -198,9 +199,9 @@ void ComparisonFigures::setTable(ComparisonTable table, const QString& bestText)
         if (!shown.heads[i].error.empty() && ofPoint > 1) setSpan(1, static_cast<int>(i) + 1, ofPoint, 1);
     layOut();
     verticalScrollBar()->setValue(scrolled);
-    const int column = std::min(std::max(before.column(), 1), model_.columnCount() - 1);
-    const int row = std::min(std::max(before.row(), 1), model_.rowCount() - 1);
-    if (before.isValid()) setCurrentIndex(model_.index(row, column));
+    const int column = std::min(std::max(beforeColumn, 1), model_.columnCount() - 1);
+    const int row = std::min(std::max(beforeRow, 1), model_.rowCount() - 1);
+    setCurrentIndex(model_.index(row, column));
 }
 
 void ComparisonFigures::setCurrentMachine(int machine) {
@@ -210,8 +211,9 @@ void ComparisonFigures::setCurrentMachine(int machine) {
 void ComparisonFigures::layOut() {
     const int machines = model_.columnCount() - 1;
     if (machines < 1) return;
-    setColumnWidth(0, captionWidth);
-    const int room = viewport()->width() - captionWidth;
+    const int forCaptions = std::clamp(viewport()->width() / 4, minCaptionWidth, captionWidth);
+    setColumnWidth(0, forCaptions);
+    const int room = viewport()->width() - forCaptions;
     const int width = std::max(room / machines, minColumnWidth);
     for (int i = 1; i <= machines; ++i)
         setColumnWidth(i, i == machines ? std::max(room - width * (machines - 1), width) : width);

@@ -42,8 +42,9 @@ class ComparisonFigures : public QTableView {
     Q_OBJECT
 
   public:
-    static constexpr int captionWidth = 196;
-    static constexpr int minColumnWidth = 116;
+    static constexpr int captionWidth = 196;  ///< where there is room for it
+    static constexpr int minCaptionWidth = 130;
+    static constexpr int minColumnWidth = 104;
 
     explicit ComparisonFigures(QWidget* parent = nullptr);
 

@@ -37,14 +37,14 @@ namespace {
 
 constexpr int titleHeight = 40;
 constexpr int minFigures = ComparisonFigures::captionWidth + 2 * ComparisonFigures::minColumnWidth;
-constexpr int minCharts = 280;
+constexpr int minCharts = 420;
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 
 QLabel* titleLabel(QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setFont(lookFont(13, QFont::Medium));
-    label->setFixedHeight(titleHeight);
+    label->setMinimumHeight(titleHeight);
     label->setContentsMargins(16, 0, 8, 0);
     return label;
 }
@@ -86,6 +86,7 @@ frmComparison::frmComparison(QWidget* parent)
     connectParts();
     Traduci();
     showPages();
+    figures_->setFocus();
 }
 
 frmComparison::~frmComparison() = default;
@@ -333,14 +334,17 @@ void frmComparison::relist() {
 QString frmComparison::curvesTitle() const {
     const bool isEvaporating = axis_ == CurveAxis::evaporating;
     const auto point = comparison_->samePoint();
+    const QString caption =
+        text(isEvaporating ? "frmselection.txttcd.captiontext" : "frmselection.txtted.captiontext");
     if (!point)
-        return text(isEvaporating ? "frmcomparison.curves.evaporating.own"
-                                  : "frmcomparison.curves.condensing.own");
+        return filled(text(isEvaporating ? "frmcomparison.curves.evaporating.own"
+                                         : "frmcomparison.curves.condensing.own"),
+                      {caption});
     const double other =
         convertedTemperature(isEvaporating ? point->tcd : point->ted, UnitSystem::metric, units_);
     return filled(
         text(isEvaporating ? "frmcomparison.curves.evaporating" : "frmcomparison.curves.condensing"),
-        {fromCore(formatNumber(other, "#0.0", marksOf(QLocale()))) + u' ' +
+        {caption + u' ' + fromCore(formatNumber(other, "#0.0", marksOf(QLocale()))) + u' ' +
          fromCore(unitText(Quantity::temperature, units_))});
 }
 
@@ -378,6 +382,8 @@ void frmComparison::keyPressEvent(QKeyEvent* event) {
     const bool isAlt = event->modifiers() == Qt::AltModifier;
     if (event->key() == Qt::Key_F5)
         recalculate();
+    else if (event->key() == Qt::Key_F6)
+        goRound({bar_, heads_, figures_, axes_});
     else if (event->key() == Qt::Key_F1)
         emit guideRequested();
     else if (event->key() == Qt::Key_Delete && machine >= 0)
@@ -451,7 +457,7 @@ QString frmComparison::subject() const {
 
 QString frmComparison::counts() const {
     const auto point = comparison_->samePoint();
-    const QString best = QStringLiteral("\u25CF ") + text("frmcomparison.best");
+    const QString best = QStringLiteral("\u2022 ") + text("frmcomparison.best");
     if (!point) return best;
     return fromCore(pointText(*point, style()) + " \u00B7 " + gasText(*point, style())) +
            QStringLiteral("   ") + best;
