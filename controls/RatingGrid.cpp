@@ -207,12 +207,10 @@ void RatingGrid::setTable(Table table) {
     const int column = table.currentColumn;
     corner_->setText(table.corner);
     QPalette ground = corner_->palette();
-    ground.setColor(QPalette::Window, Look::current().surfaceAlt);
+    ground.setColor(QPalette::Window,
+                    table.rows.empty() ? Look::current().surface : Look::current().surfaceAlt);
     corner_->setPalette(ground);
     model_->setTable(std::move(table));
-    // Empty headings would leave the button in their corner.
-    for (QHeaderView* headings : {horizontalHeader(), verticalHeader()})
-        headings->setVisible(model_->rowCount() > 0);
     if (isAlike) return;
     selectionModel()->setCurrentIndex(model_->index(row, column), QItemSelectionModel::NoUpdate);
     scrollTo(model_->index(row, column));
@@ -268,8 +266,8 @@ bool RatingGrid::viewportEvent(QEvent* event) {
 
 void RatingGrid::updateGeometries() {
     QTableView::updateGeometries();
+    // Also without a table: it hides a button of the view.
     corner_->setGeometry(0, 0, verticalHeader()->width(), horizontalHeader()->height());
-    corner_->setVisible(model_->rowCount() > 0);
     corner_->raise();
 }
 

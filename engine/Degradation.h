@@ -34,4 +34,17 @@ struct Degradation {
     bool operator==(const Degradation&) const = default;
 };
 
+/// Returns a form with the coefficient that counts unless another one is declared.
+constexpr Degradation usualDegradation(Degradation::Form form) {
+    switch (form) {
+        case Degradation::Form::condensingUnit:
+            return {form, 0.25};
+        case Degradation::Form::chiller:
+            return {form, 0.9};
+        case Degradation::Form::none:
+            break;
+    }
+    return {};
+}
+
 }  // namespace marvello

@@ -161,10 +161,15 @@ PartLoad MachineLoads::at(Calculator& calculator, double share) const {
 std::optional<PartLoadTable> partLoadTable(const PartLoadQuestion& question, const PointLoop& loop) {
     const PreparedCompressor& compressor = *question.plan.compressor;
     std::optional<MachineLoads> loads;
-    if (!loop(1, [&](Calculator& calculator, std::size_t) { loads.emplace(calculator, question.plan); }))
-        return std::nullopt;
-    PartLoadTable table{.full = loads->full()};
-    if (!table.full.isPossible()) return table;
+    PartLoadTable table;
+    const auto full = [&](Calculator& calculator, std::size_t) {
+        loads.emplace(calculator, question.plan);
+        table.full.state = loads->full();
+        table.full.messages = messagesAt(calculator, compressor, loads->full().at.conditions);
+    };
+    if (!loop(1, full)) return std::nullopt;
+    if (!loads->full().isPossible()) return table;
+    table.full.share = 1;
     const auto steps = stepsOf(compressor);
     table.states.resize(compressor.hasInvert ? question.frequencies.size() : steps.size());
     table.shares.resize(question.shares.size());

@@ -114,7 +114,7 @@ struct PartLoadQuestion {
 };
 
 struct PartLoadTable {
-    CapacityState full;                ///< With an error the rest is empty.
+    SteadyLoad full;                   ///< With an error the rest is empty.
     std::vector<SteadyLoad> states{};  ///< Its steps, 100 % first, or the frequencies.
     std::vector<PartLoad> shares{};    ///< As they were asked for.
 };

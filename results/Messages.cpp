@@ -32,10 +32,17 @@ void add(std::vector<ShownMessage>& shown, Severity severity, const clsMessages&
 
 }  // namespace
 
+std::vector<ShownMessage> messagesOf(const ClsSelectionMessages& messages) {
+    std::vector<ShownMessage> shown;
+    add(shown, Severity::error, messages.Error);
+    if (!shown.empty()) return shown;
+    add(shown, Severity::attention, messages.Attention);
+    add(shown, Severity::information, messages.Information);
+    return shown;
+}
+
 std::vector<ShownMessage> messagesOf(const clsCompressor& compressor) {
-    std::vector<ShownMessage> errors;
-    add(errors, Severity::error, compressor.Messages.Error);
-    return errors.empty() ? allMessagesOf(compressor) : errors;
+    return messagesOf(compressor.Messages);
 }
 
 std::vector<ShownMessage> allMessagesOf(const clsCompressor& compressor) {

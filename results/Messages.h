@@ -19,6 +19,8 @@ struct ShownMessage {
 /// the causes of all.
 std::vector<ShownMessage> messagesOf(const clsCompressor& compressor);
 
+std::vector<ShownMessage> messagesOf(const ClsSelectionMessages& messages);
+
 /// Returns the warnings and notes beside the errors too.
 std::vector<ShownMessage> allMessagesOf(const clsCompressor& compressor);
 

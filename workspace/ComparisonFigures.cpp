@@ -64,16 +64,19 @@ class FigureDelegate : public QStyledItemDelegate {
     static void caption(QPainter& painter, const QRect& room, const ComparedRow& row) {
         const QFont font = lookFont();
         const QFontMetrics metrics(font);
-        const QString name = metrics.elidedText(fromCore(row.caption), Qt::ElideRight, room.width());
+        constexpr int gap = 5;
+        const QString unit = fromCore(row.unit);
+        const QFont small = lookFont(12);
+        const int unitWidth = unit.isEmpty() ? 0 : QFontMetrics(small).horizontalAdvance(unit) + gap;
+        const QString name =
+            metrics.elidedText(fromCore(row.caption), Qt::ElideRight, room.width() - unitWidth);
         painter.setFont(font);
         painter.setPen(Look::current().text);
         painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, name);
-        constexpr int gap = 5;
         const QRect rest = room.adjusted(metrics.horizontalAdvance(name) + gap, 0, 0, 0);
-        if (rest.width() <= 0) return;
-        painter.setFont(lookFont(12));
+        painter.setFont(small);
         painter.setPen(Look::current().muted);
-        painter.drawText(rest, Qt::AlignVCenter | Qt::AlignLeft, fromCore(row.unit));
+        painter.drawText(rest, Qt::AlignVCenter | Qt::AlignLeft, unit);
     }
 
     static void errorText(QPainter& painter, const QRect& room, const QString& error) {
@@ -198,10 +201,10 @@ void ComparisonFigures::setTable(ComparisonTable table, const QString& bestText)
     for (std::size_t i = 0; i < shown.heads.size(); ++i)
         if (!shown.heads[i].error.empty() && ofPoint > 1) setSpan(1, static_cast<int>(i) + 1, ofPoint, 1);
     layOut();
-    verticalScrollBar()->setValue(scrolled);
     const int column = std::min(std::max(beforeColumn, 1), model_.columnCount() - 1);
     const int row = std::min(std::max(beforeRow, 1), model_.rowCount() - 1);
     setCurrentIndex(model_.index(row, column));
+    verticalScrollBar()->setValue(scrolled);
 }
 
 void ComparisonFigures::setCurrentMachine(int machine) {

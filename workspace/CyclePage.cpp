@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -41,8 +42,24 @@ QString labelOf(const CycleTable::Row& row) {
            fromCore(row.name);
 }
 
+/// A text that ends in an ellipsis where it has no room; the tool tip has all of it.
+class ShortenedLabel : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+    QSize minimumSizeHint() const override { return {40, QLabel::minimumSizeHint().height()}; }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(rect(), static_cast<int>(alignment()),
+                         painter.fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+    }
+};
+
 QLabel* labelWith(const QString& text, bool isValue, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
+    QLabel* label = isValue ? new QLabel(text, parent) : new ShortenedLabel(text, parent);
     label->setToolTip(text);  // what a narrow page cuts
     label->setFont(lookFont());
     label->setAlignment(isValue ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
@@ -159,9 +176,9 @@ void CyclePage::fillFigures() {
         figureCells_->addWidget(labelWith(fromCore(figure.value), true, figures_), row, column + 1);
         ++place;
     }
-    figureCells_->setColumnMinimumWidth(gapColumn, 2 * margin);
-    figureCells_->setColumnStretch(1, 1);
-    figureCells_->setColumnStretch(gapColumn + 2, 1);
+    figureCells_->setColumnMinimumWidth(gapColumn, margin);
+    figureCells_->setColumnStretch(0, 1);
+    figureCells_->setColumnStretch(gapColumn + 1, 1);
 }
 
 void CyclePage::fillKey() {

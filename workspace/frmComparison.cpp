@@ -37,7 +37,7 @@ namespace {
 
 constexpr int titleHeight = 40;
 constexpr int minFigures = ComparisonFigures::captionWidth + 2 * ComparisonFigures::minColumnWidth;
-constexpr int minCharts = 420;
+constexpr int minCharts = 380;
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 

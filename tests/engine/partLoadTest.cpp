@@ -230,11 +230,12 @@ TEST_F(PartLoadTest, ATableHasStepsAndSharesOrSaysWhyNot) {
         EXPECT_EQ(load.messages.Error.Count() > 0, !load.state.isPossible());
     ASSERT_EQ(table->shares.size(), 2U);
     EXPECT_DOUBLE_EQ(table->shares[1].run.capacity,
-                     0.6 * *valueOf(table->full.performance, Figure::capacity));
+                     0.6 * *valueOf(table->full.state.performance, Figure::capacity));
     question.plan.conditions.TCondensationDew = 90;
     const auto outside = partLoadTable(question, loopWith(calculator_));
     ASSERT_TRUE(outside);
-    EXPECT_EQ(outside->full.performance.error, outsideEnvelope);
+    EXPECT_EQ(outside->full.state.performance.error, outsideEnvelope);
+    EXPECT_EQ(outside->full.messages.Error.Item(1).Name, outsideEnvelope);
     EXPECT_TRUE(outside->states.empty());
     EXPECT_TRUE(outside->shares.empty());
     EXPECT_FALSE(partLoadTable(question, loopWith(calculator_, [] { return false; })));

@@ -2,35 +2,19 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <utility>
 
 #include "data/Numbers.h"
 #include "data/Texts.h"
 #include "results/PerformanceRows.h"
+#include "tools/select/NumberList.h"
 #include "tools/select/WordOf.h"
 
 namespace marvello::select {
 
 namespace {
 
-constexpr std::size_t maxPoints = 250'000;
 constexpr Range temperatures{-200, 400, "degrees Celsius"};
-
-std::vector<double> rangeOf(const std::vector<std::string>& parts, const std::string& text) {
-    const double first = numberIn(parts[0], temperatures);
-    const double last = numberIn(parts[1], temperatures);
-    const auto step = storedNumber(parts[2]);
-    if (!step || *step <= 0 || last < first)
-        throw BadRequest("\"" + text + "\" is not a range such as -20:10:5, from low to high");
-    const double count = std::floor((last - first) / *step + 1e-9) + 1;
-    if (count > static_cast<double>(maxPoints))
-        throw BadRequest("\"" + text + "\" has more than " + std::to_string(maxPoints) + " temperatures");
-    constexpr double steps = 1e9;  // of a degree: 0.1 K three times is 0.3 K
-    std::vector<double> values;
-    for (double i = 0; i < count; ++i) values.push_back(std::nearbyint((first + i * *step) * steps) / steps);
-    return values;
-}
 
 void readQuantity(RatingQuestion& question, const std::string& text) {
     std::vector<std::string> names;
@@ -84,8 +68,8 @@ constexpr std::array options = {
 void completeTable(RatingQuestion& question) {
     if (question.teds.empty()) throw BadRequest("ted is missing");
     if (question.tcds.empty()) throw BadRequest("tcd is missing");
-    if (question.teds.size() * question.tcds.size() > maxPoints)
-        throw BadRequest("ted, tcd: more than " + std::to_string(maxPoints) +
+    if (question.teds.size() * question.tcds.size() > maxListed)
+        throw BadRequest("ted, tcd: more than " + std::to_string(maxListed) +
                          " points; take larger steps or several runs");
     if (question.rating) throw BadRequest("rating: only coefficients have rating conditions");
     if (question.units) throw BadRequest("units: only coefficients have other units than kW, A, kg/h and C");
@@ -127,15 +111,7 @@ void readOption(RatingQuestion& question, const RatingOption& option, const std:
 }
 
 std::vector<double> temperaturesIn(const std::string& text) {
-    const auto parts = splitText(text, ':');
-    if (parts.size() == 3) return rangeOf(parts, text);
-    if (parts.size() != 1)
-        throw BadRequest("\"" + text +
-                         "\" is not a temperature, a list such as \"2;5\" or a range such as -20:10:5");
-    std::vector<double> values;
-    for (const std::string& part : splitText(text, ';'))
-        values.push_back(numberIn(trimmed(part), temperatures));
-    return values;
+    return numbersIn(text, temperatures, "temperature");
 }
 
 void complete(RatingQuestion& question) {

@@ -22,6 +22,7 @@
 #include "tools/select/FindCommand.h"
 #include "tools/select/MapCommand.h"
 #include "tools/select/Output.h"
+#include "tools/select/PartLoadCommand.h"
 #include "tools/select/RatingCommand.h"
 #include "tools/select/RefrigerantListing.h"
 #include "tools/select/Request.h"
@@ -164,6 +165,7 @@ int run(int argc, char** argv) {
     const CycleCommand cycle(app);
     const FindCommand find(app);
     const MapCommand map(app);
+    const PartLoadCommand partLoad(app);
     const RatingCommand rating(app);
     const ExplainCommand explain(app);
     const YearCommand year(app);
@@ -174,6 +176,7 @@ int run(int argc, char** argv) {
         if (cycle.isGiven()) return cycle.run();
         if (find.isGiven()) return find.run();
         if (map.isGiven()) return map.run();
+        if (partLoad.isGiven()) return partLoad.run();
         if (rating.isGiven()) return rating.run();
         if (explain.isGiven()) return explain.run();
         if (year.isGiven()) return year.run();
