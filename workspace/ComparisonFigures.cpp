@@ -207,10 +207,6 @@ void ComparisonFigures::setTable(ComparisonTable table, const QString& bestText)
     verticalScrollBar()->setValue(scrolled);
 }
 
-void ComparisonFigures::setCurrentMachine(int machine) {
-    setCurrentIndex(model_.index(std::max(currentIndex().row(), 1), machine + 1));
-}
-
 void ComparisonFigures::layOut() {
     const int machines = model_.columnCount() - 1;
     if (machines < 1) return;

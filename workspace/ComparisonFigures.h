@@ -52,7 +52,6 @@ class ComparisonFigures : public QTableView {
     const ComparisonTable& table() const { return model_.table(); }
     /// The machine of the cell in use, -1 without one.
     int currentMachine() const { return currentIndex().column() - 1; }
-    void setCurrentMachine(int machine);
 
   signals:
     void copyRequested();
