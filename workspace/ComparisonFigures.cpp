@@ -203,7 +203,9 @@ void ComparisonFigures::setTable(ComparisonTable table, const QString& bestText)
     layOut();
     const int column = std::min(std::max(beforeColumn, 1), model_.columnCount() - 1);
     const int row = std::min(std::max(beforeRow, 1), model_.rowCount() - 1);
+    setAutoScroll(false);  // the heading above the first row stays in sight
     setCurrentIndex(model_.index(row, column));
+    setAutoScroll(true);
     verticalScrollBar()->setValue(scrolled);
 }
 
