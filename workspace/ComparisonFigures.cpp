@@ -212,7 +212,8 @@ void ComparisonFigures::setTable(ComparisonTable table, const QString& bestText)
 void ComparisonFigures::layOut() {
     const int machines = model_.columnCount() - 1;
     if (machines < 1) return;
-    const int forCaptions = std::clamp(viewport()->width() / 4, minCaptionWidth, captionWidth);
+    const int forCaptions =
+        std::clamp(viewport()->width() - machines * minColumnWidth, minCaptionWidth, captionWidth);
     setColumnWidth(0, forCaptions);
     const int room = viewport()->width() - forCaptions;
     const int width = std::max(room / machines, minColumnWidth);

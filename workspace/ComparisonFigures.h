@@ -42,7 +42,7 @@ class ComparisonFigures : public QTableView {
     Q_OBJECT
 
   public:
-    static constexpr int captionWidth = 196;  ///< where there is room for it
+    static constexpr int captionWidth = 212;  ///< where there is room for it
     static constexpr int minCaptionWidth = 130;
     static constexpr int minColumnWidth = 104;
 

@@ -39,6 +39,9 @@ constexpr int titleHeight = 40;
 constexpr int minFigures = ComparisonFigures::captionWidth + 2 * ComparisonFigures::minColumnWidth;
 constexpr int minCharts = 380;
 
+/// Of the best values, in the status bar and on paper.
+const QString bestMark = QStringLiteral("\u2022 ");
+
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 
 QLabel* titleLabel(QWidget* parent) {
@@ -396,7 +399,7 @@ void frmComparison::keyPressEvent(QKeyEvent* event) {
         Form::keyPressEvent(event);
 }
 
-QList<QStringList> frmComparison::textRows() const {
+QList<QStringList> frmComparison::textRows(const QString& bestMark) const {
     const ComparisonTable& shown = table();
     QList<QStringList> rows{{QString()}};
     for (const ComparedHead& head : shown.heads) rows.front() += fromCore(head.label());
@@ -409,7 +412,8 @@ QList<QStringList> frmComparison::textRows() const {
                 const ComparedCell& cell = row.cells[i];
                 const bool isError =
                     isOfPoint && &row == &group.rows.front() && !shown.heads[i].error.empty();
-                QString words = fromCore(isError ? shown.heads[i].error : cell.text);
+                QString words = cell.isBest ? bestMark : QString();
+                words += fromCore(isError ? shown.heads[i].error : cell.text);
                 if (!cell.difference.empty()) words += QStringLiteral(" (%1)").arg(fromCore(cell.difference));
                 rows.back() += words;
             }
@@ -420,7 +424,7 @@ QList<QStringList> frmComparison::textRows() const {
 
 void frmComparison::CopyToClipBoard() {
     if (!hasResults()) return;
-    QList<QStringList> rows = textRows();
+    QList<QStringList> rows = textRows({});
     QString copied;
     for (const QStringList& row : rows) copied += row.join(u'\t') + QStringLiteral("\r\n");
     CopiedTable table{rows.takeFirst(), rows, 1};
@@ -442,7 +446,7 @@ void frmComparison::ExportCPS() {
 
 void frmComparison::PrintReport(bool preview) {
     if (!hasResults()) return;
-    QList<QStringList> rows = textRows();
+    QList<QStringList> rows = textRows(bestMark);
     PrintedList list{.title = text("formselection.comparison").trimmed(),
                      .conditions = {counts()},
                      .columns = rows.takeFirst(),
@@ -457,7 +461,7 @@ QString frmComparison::subject() const {
 
 QString frmComparison::counts() const {
     const auto point = comparison_->samePoint();
-    const QString best = QStringLiteral("\u2022 ") + text("frmcomparison.best");
+    const QString best = bestMark + text("frmcomparison.best");
     if (!point) return best;
     return fromCore(pointText(*point, style()) + " \u00B7 " + gasText(*point, style())) +
            QStringLiteral("   ") + best;
