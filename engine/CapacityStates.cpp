@@ -1,7 +1,6 @@
 #include "engine/CapacityStates.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "catalogue/clsInverter.h"
 #include "engine/SelectionRules.h"
@@ -86,7 +85,7 @@ const CapacityState& InverterStates::lowest() const {
 }
 
 const CapacityState& InverterStates::highest() const {
-    return std::ranges::find_if(states_ | std::views::reverse, isPossibleState)->second;
+    return std::find_if(states_.rbegin(), states_.rend(), isPossibleState)->second;
 }
 
 const CapacityState& InverterStates::forCapacity(double wanted) { return states_.at(search_.solve(wanted)); }

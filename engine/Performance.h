@@ -34,7 +34,9 @@ struct Performance {
         double condenserLoad = 0;         ///< kW
         double cop = 0;                   ///< As the calculation has it, which rounds both first.
         std::optional<double> current{};  ///< A; none without motor data.
-        double dischargeTemperature = 0;  ///< With oil cooling at most its limit, degrees Celsius.
+        /// With oil cooling at most its limit, degrees Celsius. Without it that which the calculation ends
+        /// with: an economizer determines it anew, without the correction of the compressor.
+        double dischargeTemperature = 0;
     };
     PointState state = PointState::outside;
     std::string error{};               ///< The key of the error's message, or failureName; empty without one.

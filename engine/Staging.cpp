@@ -85,7 +85,8 @@ class LeastPower {
         for (std::size_t kind = 0; kind < group_.size(); ++kind)
             if (canRun(group_[kind])) kinds.push_back(kind);
         // Those on the mains first: a good answer spares solving for the inverter.
-        std::ranges::stable_partition(kinds, [this](std::size_t kind) { return !isInverter(group_[kind]); });
+        std::stable_partition(kinds.begin(), kinds.end(),
+                              [this](std::size_t kind) { return !isInverter(group_[kind]); });
         for (const std::size_t kind : kinds) trimWith(kind);
         return std::move(best_.met);
     }

@@ -48,8 +48,8 @@ void order(std::vector<RunningState>& states) {
     std::ranges::sort(states, [](const RunningState& a, const RunningState& b) {
         return std::pair(a.capacity, a.power) < std::pair(b.capacity, b.power);
     });
-    const auto same = std::ranges::unique(states, {}, &RunningState::capacity);
-    states.erase(same.begin(), same.end());
+    const auto isSame = [](const RunningState& a, const RunningState& b) { return a.capacity == b.capacity; };
+    states.erase(std::unique(states.begin(), states.end(), isSame), states.end());
 }
 
 /// Machines of one kind at an operating point, with what they cannot run for.

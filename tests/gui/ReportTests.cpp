@@ -297,8 +297,7 @@ TEST_P(ReportTest, HasTheMapOfTheLimitsAndTheCycleAsSections) {
     ASSERT_GE(cycle.states.size(), 5U);
     for (const QStringList& state : cycle.states) {
         ASSERT_EQ(state.size(), cycle.columns.size());
-        for (const QString& value : state)
-            EXPECT_TRUE(words.contains(plain(value))) << value.toStdString();
+        for (const QString& value : state) EXPECT_TRUE(words.contains(plain(value))) << value.toStdString();
     }
     for (const CaptionedValue& figure : cycle.figures)
         EXPECT_TRUE(words.contains(plain(fromCore(figure.value)))) << figure.value;
