@@ -287,9 +287,11 @@ class TableMaker {
                             {}};
         const auto at = [](const ComparedMachine& machine) { return pointOf(machine.choice.conditions); };
         if (!same) {
-            group.rows.push_back(wordRow("point", "frmcomparison.point", [&](const ComparedMachine& machine) {
-                return pointText(at(machine), style_);
-            }));
+            group.rows.push_back(row(
+                "point",
+                dictionaryText("frmselection.txtted.captiontext") + " / " +
+                    dictionaryText("frmselection.txttcd.captiontext"),
+                [&](const ComparedMachine& machine) { return wordCell(pointText(at(machine), style_)); }));
             group.rows.push_back(wordRow("gas", "frmcomparison.gas", [&](const ComparedMachine& machine) {
                 return gasText(at(machine), style_);
             }));

@@ -22,8 +22,8 @@ struct FieldDefinition {
     double low, high;  ///< of what can be entered, in metric units
 };
 constexpr std::array<FieldDefinition, 4> definitions{
-    {{"txtTed", "frmselection.txtted.captiontext", &OperatingPoint::ted, Quantity::temperature, -100, 150},
-     {"txtTcd", "frmselection.txttcd.captiontext", &OperatingPoint::tcd, Quantity::temperature, -100, 150},
+    {{"txtTED", "frmselection.txtted.captiontext", &OperatingPoint::ted, Quantity::temperature, -100, 150},
+     {"txtTCD", "frmselection.txttcd.captiontext", &OperatingPoint::tcd, Quantity::temperature, -100, 150},
      {"txtSH", "frmselection.cmbsh.captiontext", &OperatingPoint::superheat, Quantity::temperatureDifference,
       0, 100},
      {"txtSC", "frmselection.txtsc.captiontext", &OperatingPoint::subcooling, Quantity::temperatureDifference,

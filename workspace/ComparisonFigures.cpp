@@ -64,16 +64,19 @@ class FigureDelegate : public QStyledItemDelegate {
     static void caption(QPainter& painter, const QRect& room, const ComparedRow& row) {
         const QFont font = lookFont();
         const QFontMetrics metrics(font);
-        const QString name = metrics.elidedText(fromCore(row.caption), Qt::ElideRight, room.width());
+        constexpr int gap = 5;
+        const QString unit = fromCore(row.unit);
+        const QFont small = lookFont(12);
+        const int unitWidth = unit.isEmpty() ? 0 : QFontMetrics(small).horizontalAdvance(unit) + gap;
+        const QString name =
+            metrics.elidedText(fromCore(row.caption), Qt::ElideRight, room.width() - unitWidth);
         painter.setFont(font);
         painter.setPen(Look::current().text);
         painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, name);
-        constexpr int gap = 5;
         const QRect rest = room.adjusted(metrics.horizontalAdvance(name) + gap, 0, 0, 0);
-        if (rest.width() <= 0) return;
-        painter.setFont(lookFont(12));
+        painter.setFont(small);
         painter.setPen(Look::current().muted);
-        painter.drawText(rest, Qt::AlignVCenter | Qt::AlignLeft, fromCore(row.unit));
+        painter.drawText(rest, Qt::AlignVCenter | Qt::AlignLeft, unit);
     }
 
     static void errorText(QPainter& painter, const QRect& room, const QString& error) {
@@ -147,7 +150,7 @@ int ComparisonModel::columnCount(const QModelIndex&) const {
 QVariant ComparisonModel::data(const QModelIndex& index, int role) const {
     const Line& at = line(index.row());
     const bool isText = role == Qt::DisplayRole || role == Qt::AccessibleTextRole || role == Qt::ToolTipRole;
-    if (!at.row) return isText && index.column() == 0 ? fromCore(at.group->caption) : QVariant();
+    if (!at.row) return isText ? fromCore(at.group->caption) : QVariant();
     if (index.column() == 0) return isText ? fromCore(at.row->captionWithUnit()) : QVariant();
     const ComparedHead& head = table_.heads.at(static_cast<std::size_t>(index.column() - 1));
     const bool isError = at.group == &table_.groups.front() && !head.error.empty();
@@ -183,7 +186,8 @@ ComparisonFigures::ComparisonFigures(QWidget* parent) : QTableView(parent) {
 }
 
 void ComparisonFigures::setTable(ComparisonTable table, const QString& bestText) {
-    const QModelIndex before = currentIndex();
+    const int beforeRow = currentIndex().row();
+    const int beforeColumn = currentIndex().column();
     const int scrolled = verticalScrollBar()->value();
     clearSpans();
     model_.setTable(std::move(table), bestText);
@@ -197,21 +201,21 @@ void ComparisonFigures::setTable(ComparisonTable table, const QString& bestText)
     for (std::size_t i = 0; i < shown.heads.size(); ++i)
         if (!shown.heads[i].error.empty() && ofPoint > 1) setSpan(1, static_cast<int>(i) + 1, ofPoint, 1);
     layOut();
+    const int column = std::min(std::max(beforeColumn, 1), model_.columnCount() - 1);
+    const int row = std::min(std::max(beforeRow, 1), model_.rowCount() - 1);
+    setAutoScroll(false);  // the heading above the first row stays in sight
+    setCurrentIndex(model_.index(row, column));
+    setAutoScroll(true);
     verticalScrollBar()->setValue(scrolled);
-    const int column = std::min(std::max(before.column(), 1), model_.columnCount() - 1);
-    const int row = std::min(std::max(before.row(), 1), model_.rowCount() - 1);
-    if (before.isValid()) setCurrentIndex(model_.index(row, column));
-}
-
-void ComparisonFigures::setCurrentMachine(int machine) {
-    setCurrentIndex(model_.index(std::max(currentIndex().row(), 1), machine + 1));
 }
 
 void ComparisonFigures::layOut() {
     const int machines = model_.columnCount() - 1;
     if (machines < 1) return;
-    setColumnWidth(0, captionWidth);
-    const int room = viewport()->width() - captionWidth;
+    const int forCaptions =
+        std::clamp(viewport()->width() - machines * minColumnWidth, minCaptionWidth, captionWidth);
+    setColumnWidth(0, forCaptions);
+    const int room = viewport()->width() - forCaptions;
     const int width = std::max(room / machines, minColumnWidth);
     for (int i = 1; i <= machines; ++i)
         setColumnWidth(i, i == machines ? std::max(room - width * (machines - 1), width) : width);

@@ -42,8 +42,9 @@ class ComparisonFigures : public QTableView {
     Q_OBJECT
 
   public:
-    static constexpr int captionWidth = 196;
-    static constexpr int minColumnWidth = 116;
+    static constexpr int captionWidth = 212;  ///< where there is room for it
+    static constexpr int minCaptionWidth = 130;
+    static constexpr int minColumnWidth = 104;
 
     explicit ComparisonFigures(QWidget* parent = nullptr);
 
@@ -51,7 +52,6 @@ class ComparisonFigures : public QTableView {
     const ComparisonTable& table() const { return model_.table(); }
     /// The machine of the cell in use, -1 without one.
     int currentMachine() const { return currentIndex().column() - 1; }
-    void setCurrentMachine(int machine);
 
   signals:
     void copyRequested();

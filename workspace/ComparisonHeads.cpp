@@ -25,17 +25,20 @@ namespace marvello {
 
 namespace {
 
-constexpr int side = 15;
+constexpr int wideSide = 15;
+constexpr int narrowSide = 8;
+constexpr int narrowHead = 140;  // its width, below which it is narrow
 constexpr int above = 14;
 constexpr int photoWidth = 160;
 constexpr int photoHeight = 110;
-constexpr int lowPhotoHeight = 56;
-constexpr int lowForm = 720;  // its height, below which photos are low
+constexpr int lowPhotoHeight = 64;
+constexpr int lowForm = 640;  // its height, below which photos are low
 constexpr int nameTop = 12;   // below the photo
 constexpr int nameHeight = 20;
 constexpr int factsHeight = 18;
 constexpr int below = 10;
-constexpr int sampleLength = 27;
+constexpr int longSampleLength = 27;
+constexpr int shortSampleLength = 14;
 constexpr int closeSide = 22;
 
 QString markOf(PointState state) {
@@ -67,8 +70,6 @@ class ComparisonHead : public QWidget {
         QStringList words{fromCore(head.name), fromCore(head.facts)};
         for (const ShownMessage& message : head.messages) words += fromCore(message.text);
         setAccessibleName(words.join(QStringLiteral(", ")));
-        words.removeFirst();
-        words.removeFirst();
         setToolTip(words.join(u'\n'));
         update();
     }
@@ -81,6 +82,7 @@ class ComparisonHead : public QWidget {
   protected:
     void paintEvent(QPaintEvent*) override {
         const Look& look = Look::current();
+        const int side = isNarrow() ? narrowSide : wideSide;
         QPainter painter(this);
         painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
         painter.fillRect(rect(), look.surface);
@@ -100,7 +102,7 @@ class ComparisonHead : public QWidget {
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(rect().adjusted(3, 3, -3, -3), 4, 4);
     }
-    void resizeEvent(QResizeEvent*) override { close_->move(width() - side - closeSide - 2, above + 2); }
+    void resizeEvent(QResizeEvent*) override { close_->move(width() - wideSide - closeSide - 2, above + 2); }
     void enterEvent(QEnterEvent*) override { close_->show(); }
     void leaveEvent(QEvent*) override { close_->setVisible(hasFocus()); }
     void focusInEvent(QFocusEvent*) override {
@@ -147,6 +149,7 @@ class ComparisonHead : public QWidget {
     }
 
   private:
+    bool isNarrow() const { return width() < narrowHead; }
     void paintPhoto(QPainter& painter, const QRect& room) const {
         const QSize size = QSize(std::min(room.width(), photoWidth), room.height());
         const QRect place(QPoint(room.right() + 1 - size.width(), room.top()), size);
@@ -163,9 +166,10 @@ class ComparisonHead : public QWidget {
 
     /// Mark, sample of the line and name, set to the right.
     void paintName(QPainter& painter, const QRect& room) const {
-        constexpr int gap = 9;
+        const int gap = isNarrow() ? 4 : 9;
+        const int sampleLength = isNarrow() ? shortSampleLength : longSampleLength;
         constexpr int markSide = 14;
-        const QFont font = lookFont(15, QFont::Medium);
+        const QFont font = lookFont(isNarrow() ? 13 : 15, QFont::Medium);
         const QFontMetrics metrics(font);
         const QString mark = markOf(head_.state);
         const int taken = sampleLength + gap + (mark.isEmpty() ? 0 : markSide + gap / 2);
@@ -219,7 +223,7 @@ void ComparisonHeads::setHeads(const std::vector<ComparedHead>& heads, const std
 }
 
 QSize ComparisonHeads::sizeHint() const {
-    const bool isLow = window()->height() < lowForm;
+    const bool isLow = parentWidget()->height() < lowForm;
     return {400, above + (isLow ? lowPhotoHeight : photoHeight) + nameTop + nameHeight + factsHeight + below};
 }
 
@@ -231,8 +235,8 @@ void ComparisonHeads::layOut() {
             head->setGeometry(figures_.columnViewportPosition(i + 1), 0, figures_.columnWidth(i + 1),
                               height());
     }
-    const QSize size = add_->sizeHint().boundedTo({ComparisonFigures::captionWidth - side, 40});
-    add_->setGeometry({QPoint(side, height() - below - size.height()), size});
+    const QSize size = add_->sizeHint().boundedTo({figures_.columnWidth(0) - wideSide, 40});
+    add_->setGeometry({QPoint(wideSide, height() - below - size.height()), size});
     add_->raise();
 }
 

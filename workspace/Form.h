@@ -65,6 +65,8 @@ class Form : public QWidget {
 
   protected:
     using QWidget::QWidget;
+    /// Goes on to the next of the parts that can have the focus.
+    void goRound(const QList<QWidget*>& parts);
     void closeEvent(QCloseEvent* event) override;
 
   private:

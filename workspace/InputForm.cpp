@@ -3,7 +3,6 @@
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "controls/Link.h"
 #include "controls/Splitter.h"
@@ -26,18 +25,6 @@ namespace {
 
 constexpr int wideCaptionWidth = 116;
 
-/// The control of a part of the form that the tab key reaches first; null without one.
-QWidget* firstToFocus(QWidget& part) {
-    const auto takesFocus = [](const QWidget& control) {
-        return control.isVisible() && control.isEnabled() && (control.focusPolicy() & Qt::TabFocus) &&
-               !control.focusProxy();
-    };
-    if (takesFocus(part)) return &part;
-    for (QWidget* next = part.nextInFocusChain(); next != &part; next = next->nextInFocusChain())
-        if (part.isAncestorOf(next) && takesFocus(*next)) return next;
-    return nullptr;
-}
-
 }  // namespace
 
 InputForm::InputForm(const SelectionKind& kind, QWidget* parent) : Form(parent), kind_(kind), inputs_(kind) {
@@ -50,7 +37,11 @@ InputForm::InputForm(const SelectionKind& kind, QWidget* parent) : Form(parent),
         connect(shortcut, &QShortcut::activated, this, act);
     };
     onKey(Qt::Key_F5, [this] { lnkCalculate_Click(); });
-    onKey(Qt::Key_F6, [this] { goRound(); });
+    onKey(Qt::Key_F6, [this] {
+        QList<QWidget*> parts{panel_};
+        if (hasResults()) parts += results().parts();
+        goRound(parts);
+    });
     const auto goToPage = [this](int by) {
         if (hasResults()) results().stepPage(by);
     };
@@ -166,20 +157,6 @@ void InputForm::showResults(bool show) {
     frame2_->setVisible(!show);
     if (!show) results().hide();
     fold_->setHasResults(show);
-}
-
-// Goes on to the next part of the form that can have the focus: inputs, list, tabs, page.
-void InputForm::goRound() {
-    QList<QWidget*> parts{panel_};
-    if (hasResults()) parts += results().parts();
-    const QWidget* const now = focusWidget();
-    const auto holds = [now](const QWidget* part) { return part == now || (now && part->isAncestorOf(now)); };
-    const auto current = std::ranges::find_if(parts, holds) - parts.begin();
-    for (qsizetype step = 1; step <= parts.size(); ++step)
-        if (QWidget* const first = firstToFocus(*parts[(current + step) % parts.size()])) {
-            if (first->isVisible()) first->setFocus(Qt::ShortcutFocusReason);
-            return;
-        }
 }
 
 bool InputForm::WheelMoved(int step) { return fields_->turnWheel(step); }

@@ -102,7 +102,6 @@ class InputForm : public Form {
   private:
     void makePanes();
     void connectPanes();
-    void goRound();
 };
 
 }  // namespace marvello

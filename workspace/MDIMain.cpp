@@ -236,7 +236,7 @@ void MDIMain::compare(const std::vector<ComparedChoice>& choices) {
         form = std::make_unique<frmComparison>().release();  // its window owns it
         form->MeasureUnits(cmbmeasureunits_->Key().toInt(), false);
         connect(form, &frmComparison::addRequested, this, &MDIMain::offerToCompare);
-        place(form, nullptr);
+        place(form, form->focusWidget());
         if (before) area_->setActiveSubWindow(before);
         if (inUse) inUse->setFocus();
         setUpdatesEnabled(true);
@@ -261,11 +261,11 @@ void MDIMain::offerToCompare(const QPoint& place) {
     menu.exec(place);
 }
 
-template <class Form>
-Form* MDIMain::openNew() {
+template <class Kind>
+Kind* MDIMain::openNew() {
     const WaitCursor wait;
     // The frame of the form owns it.
-    Form* form = std::make_unique<Form>().release();
+    Kind* form = std::make_unique<Kind>().release();
     open(form);
     return form;
 }

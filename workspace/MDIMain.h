@@ -64,8 +64,8 @@ class MDIMain : public QMainWindow {
 
   private:
     // MDIMain.cpp
-    template <class Form>
-    Form* openNew();
+    template <class Kind>
+    Kind* openNew();
     void open(InputForm* form);
     /// Gives a form its window and its tab; `firstInUse` has the focus at first.
     void place(Form* form, QWidget* firstInUse);

@@ -37,14 +37,17 @@ namespace {
 
 constexpr int titleHeight = 40;
 constexpr int minFigures = ComparisonFigures::captionWidth + 2 * ComparisonFigures::minColumnWidth;
-constexpr int minCharts = 280;
+constexpr int minCharts = 380;
+
+/// Of the best values, in the status bar and on paper.
+const QString bestMark = QStringLiteral("\u2022 ");
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 
 QLabel* titleLabel(QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setFont(lookFont(13, QFont::Medium));
-    label->setFixedHeight(titleHeight);
+    label->setMinimumHeight(titleHeight);
     label->setContentsMargins(16, 0, 8, 0);
     return label;
 }
@@ -86,6 +89,7 @@ frmComparison::frmComparison(QWidget* parent)
     connectParts();
     Traduci();
     showPages();
+    figures_->setFocus();
 }
 
 frmComparison::~frmComparison() = default;
@@ -333,14 +337,17 @@ void frmComparison::relist() {
 QString frmComparison::curvesTitle() const {
     const bool isEvaporating = axis_ == CurveAxis::evaporating;
     const auto point = comparison_->samePoint();
+    const QString caption =
+        text(isEvaporating ? "frmselection.txttcd.captiontext" : "frmselection.txtted.captiontext");
     if (!point)
-        return text(isEvaporating ? "frmcomparison.curves.evaporating.own"
-                                  : "frmcomparison.curves.condensing.own");
+        return filled(text(isEvaporating ? "frmcomparison.curves.evaporating.own"
+                                         : "frmcomparison.curves.condensing.own"),
+                      {caption});
     const double other =
         convertedTemperature(isEvaporating ? point->tcd : point->ted, UnitSystem::metric, units_);
     return filled(
         text(isEvaporating ? "frmcomparison.curves.evaporating" : "frmcomparison.curves.condensing"),
-        {fromCore(formatNumber(other, "#0.0", marksOf(QLocale()))) + u' ' +
+        {caption + u' ' + fromCore(formatNumber(other, "#0.0", marksOf(QLocale()))) + u' ' +
          fromCore(unitText(Quantity::temperature, units_))});
 }
 
@@ -378,6 +385,8 @@ void frmComparison::keyPressEvent(QKeyEvent* event) {
     const bool isAlt = event->modifiers() == Qt::AltModifier;
     if (event->key() == Qt::Key_F5)
         recalculate();
+    else if (event->key() == Qt::Key_F6)
+        goRound({bar_, heads_, figures_, axes_});
     else if (event->key() == Qt::Key_F1)
         emit guideRequested();
     else if (event->key() == Qt::Key_Delete && machine >= 0)
@@ -390,7 +399,7 @@ void frmComparison::keyPressEvent(QKeyEvent* event) {
         Form::keyPressEvent(event);
 }
 
-QList<QStringList> frmComparison::textRows() const {
+QList<QStringList> frmComparison::textRows(const QString& bestMark) const {
     const ComparisonTable& shown = table();
     QList<QStringList> rows{{QString()}};
     for (const ComparedHead& head : shown.heads) rows.front() += fromCore(head.label());
@@ -403,7 +412,8 @@ QList<QStringList> frmComparison::textRows() const {
                 const ComparedCell& cell = row.cells[i];
                 const bool isError =
                     isOfPoint && &row == &group.rows.front() && !shown.heads[i].error.empty();
-                QString words = fromCore(isError ? shown.heads[i].error : cell.text);
+                QString words = cell.isBest ? bestMark : QString();
+                words += fromCore(isError ? shown.heads[i].error : cell.text);
                 if (!cell.difference.empty()) words += QStringLiteral(" (%1)").arg(fromCore(cell.difference));
                 rows.back() += words;
             }
@@ -414,7 +424,7 @@ QList<QStringList> frmComparison::textRows() const {
 
 void frmComparison::CopyToClipBoard() {
     if (!hasResults()) return;
-    QList<QStringList> rows = textRows();
+    QList<QStringList> rows = textRows({});
     QString copied;
     for (const QStringList& row : rows) copied += row.join(u'\t') + QStringLiteral("\r\n");
     CopiedTable table{rows.takeFirst(), rows, 1};
@@ -436,7 +446,7 @@ void frmComparison::ExportCPS() {
 
 void frmComparison::PrintReport(bool preview) {
     if (!hasResults()) return;
-    QList<QStringList> rows = textRows();
+    QList<QStringList> rows = textRows(bestMark);
     PrintedList list{.title = text("formselection.comparison").trimmed(),
                      .conditions = {counts()},
                      .columns = rows.takeFirst(),
@@ -451,7 +461,7 @@ QString frmComparison::subject() const {
 
 QString frmComparison::counts() const {
     const auto point = comparison_->samePoint();
-    const QString best = QStringLiteral("\u25CF ") + text("frmcomparison.best");
+    const QString best = bestMark + text("frmcomparison.best");
     if (!point) return best;
     return fromCore(pointText(*point, style()) + " \u00B7 " + gasText(*point, style())) +
            QStringLiteral("   ") + best;

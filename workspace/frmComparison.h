@@ -82,8 +82,8 @@ class frmComparison : public Form {
     void showCharts();
     void showPages();
     QString curvesTitle() const;
-    /// The table as rows of texts, the heads as the first one.
-    QList<QStringList> textRows() const;
+    /// The table as rows of texts, the heads as the first one; `bestMark` is before the best values.
+    QList<QStringList> textRows(const QString& bestMark) const;
     ComparisonStyle style() const;
 
     std::vector<ComparedChoice> choices_;

@@ -228,7 +228,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Tour{"window-dark", Look::dark, "en-EN", 1,
                            [](const QString& step) {
                                return QStringList{"start-menu-inverter", "about", "page-messages",
-                                                  "page-limits-moved", "find"}
+                                                  "page-limits-moved",   "find",  "comparison"}
                                    .contains(step);
                            }},
                       Tour{"window-200", Look::light, "de-DE", 2,

@@ -1,6 +1,7 @@
 // What a screen reader finds in the windows.
 
 #include <QAccessible>
+#include <QAction>
 #include <QTimer>
 #include <functional>
 
@@ -15,6 +16,7 @@
 #include "workspace/formBuilds.h"
 #include "workspace/formGuide.h"
 #include "workspace/frmAbout.h"
+#include "workspace/frmComparison.h"
 #include "workspace/frmFind.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmRefrigerant.h"
@@ -90,6 +92,27 @@ TEST_F(AccessibilityTest, EveryControlOfAFormHasANameOnEveryPage) {
         QApplication::processEvents();
         expectNames(window, "a narrow form");
     }
+}
+
+TEST_F(AccessibilityTest, EveryControlOfTheComparisonHasANameAndABestValueIsSaid) {
+    SelectionForm* selection = window.newSelection();
+    choose(*selection, "lstSeries", "TK-A");
+    selection->lnkCalculate_Click();
+    control<ResultsView>(*selection, "lvCps")->selectAll();
+    control<QAction>(window, "mnu_tools_compare")->trigger();
+    auto* form = window.findChild<frmComparison*>();
+    ASSERT_NE(form, nullptr);
+    ASSERT_TRUE(QTest::qWaitFor([form] { return form->hasResults() && !form->isCalculating(); }));
+    selection->Quit();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QTest::mouseClick(control<QWidget>(*form, "samePoint"), Qt::LeftButton);
+    QApplication::processEvents();
+    expectNames(window, "a comparison");
+    QStringList cells;
+    walk(QAccessible::queryAccessibleInterface(control<QWidget>(*form, "comparisonFigures")),
+         [&](QAccessibleInterface* node) { cells += name(node); });
+    EXPECT_TRUE(cells.contains("Refrigerant"));
+    EXPECT_FALSE(cells.filter("TK-A-100 Capacity kW, ").isEmpty());
 }
 
 TEST_F(AccessibilityTest, FieldsAreComboBoxesAndValuesThatSayWhatTheyAre) {

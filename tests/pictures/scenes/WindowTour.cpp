@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTimer>
 #include <cstdio>
@@ -20,6 +21,7 @@
 #include "controls/ctlGraph.h"
 #include "data/Texts.h"
 #include "workspace/AdviceSearch.h"
+#include "workspace/ComparisonBar.h"
 #include "workspace/Frmsplash.h"
 #include "workspace/MDIMain.h"
 #include "workspace/MapSearch.h"
@@ -29,6 +31,7 @@
 #include "workspace/ResultsPane.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
+#include "workspace/frmComparison.h"
 #include "workspace/frmFind.h"
 #include "workspace/frmRefrigerant.h"
 
@@ -80,6 +83,7 @@ void WindowTour::run() {
     showOtherInputs();
     showForms();
     showFind();
+    showComparison();
 }
 
 void WindowTour::show(const char* name) const { show(name, window_); }
@@ -299,6 +303,29 @@ void WindowTour::showFind() const {
     typeOver(*form, "txtCapacity", QStringLiteral("-5"));
     search();
     show("find-unusable");
+}
+
+/// Three compressors of a list next to each other, as they are added and with differences from the first.
+void WindowTour::showComparison() const {
+    for (Form* open : window_.forms()) open->parentWidget()->close();
+    SelectionForm* selection = window_.newSelection();
+    choose(*selection, "lstRefrigerants", refrigerant_);
+    choose(*selection, "lstSeries", series_);
+    calculate(*selection);
+    auto* list = selection->findChild<ResultsView*>(QStringLiteral("lvCps"));
+    for (const int row : {1, 2, 3}) {
+        list->selectRow(row);
+        window_.findChild<QAction*>(QStringLiteral("mnu_tools_compare"))->trigger();
+    }
+    auto* form = window_.findChild<frmComparison*>();
+    while (form->isCalculating()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    selection->parentWidget()->close();
+    QApplication::processEvents();
+    window_.statusBar()->clearMessage();
+    show("comparison");
+    form->MeasureUnits(1, true);
+    emit form->findChild<ComparisonBar*>()->referenceChosen(0);
+    show("comparison-imperial");
 }
 
 /// Calculates; what the program has to say is printed, since no one is there to read a box.

@@ -41,6 +41,7 @@ class WindowTour {
     void showOtherInputs() const;
     void showForms() const;
     void showFind() const;
+    void showComparison() const;
 
     void calculate(SelectionForm& form) const;
     void selectWarning() const;
