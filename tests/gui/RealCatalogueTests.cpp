@@ -152,7 +152,7 @@ TEST_P(RealCatalogueTest, TheHelpOfEachInputHasRoom) {
     const auto* help = form->findChild<QLabel*>(QStringLiteral("rtfHelp"));
     const auto helps = [&] {
         QStringList texts;
-        for (auto* input : form->findChildren<AdvanceText*>()) {
+        for (auto* input : form->findChild<QWidget*>("Frame1")->findChildren<AdvanceText*>()) {
             if (input->objectName() == u"lstModels") continue;  // the one without help
             emit input->TextGotFocus();
             EXPECT_TRUE(help->isVisible()) << input->objectName().toStdString();
