@@ -38,50 +38,30 @@ ClsSelectionMessages messagesAt(Calculator& calculator, const PreparedCompressor
     return {};  // the state has failureName
 }
 
-LoadRun alone(LoadRun::Kind kind, const CapacityState& state) {
-    LoadRun run = meanOf(kind, {{state, 1}});
-    run.cop = state.performance.duty().cop;
-    return run;
-}
-
-LoadRun intermittent(const CapacityState& lowest, double needed, const Degradation& degradation) {
-    const double share = needed / capacityOf(lowest);
-    LoadRun run = meanOf(LoadRun::Kind::intermittent, {{lowest, share}});
-    run.degradation = degradation.factor(share);
-    run.power /= run.degradation;
-    run.cop = run.capacity / run.power;
-    return run;
-}
-
-LoadRun blended(const CapacityState& above, const CapacityState& below, double needed) {
-    const double share = (needed - capacityOf(below)) / (capacityOf(above) - capacityOf(below));
-    return meanOf(LoadRun::Kind::blended, {{above, share}, {below, 1 - share}});
-}
-
 }  // namespace
 
 LoadRun meetLoad(double needed, std::span<const CapacityState> states, const Degradation& degradation,
                  double tolerance) {
-    const CapacityState* above = nullptr;  // the smallest that is enough
-    const CapacityState* below = nullptr;  // the largest that is not
-    for (const CapacityState& state : states) {
-        if (!state.isPossible()) continue;
-        const double capacity = capacityOf(state);
-        if (std::abs(capacity - needed) <= tolerance * needed) return alone(LoadRun::Kind::steady, state);
-        if (capacity > needed) {
-            if (above == nullptr || capacity < capacityOf(*above)) above = &state;
-        } else if (below == nullptr || capacity > capacityOf(*below)) {
-            below = &state;
-        }
+    std::vector<double> capacities;
+    for (const CapacityState& state : states)
+        capacities.push_back(state.isPossible() ? capacityOf(state) : 0);
+    const LoadSplit split = splitLoad(needed, capacities, tolerance);
+    if (split.kind == LoadRun::Kind::none) return {};
+    const CapacityState& state = states[split.state];
+    if (split.kind == LoadRun::Kind::blended)
+        return meanOf(split.kind, {{state, split.share}, {states[split.other], 1 - split.share}});
+    LoadRun run = meanOf(split.kind, {{state, split.share}});
+    if (split.kind == LoadRun::Kind::intermittent) {
+        run.degradation = degradation.factor(split.share);
+        run.power /= run.degradation;
+        run.cop = run.capacity / run.power;
+    } else {
+        run.cop = state.performance.duty().cop;
     }
-    if (above != nullptr && below != nullptr) return blended(*above, *below, needed);
-    if (above != nullptr) return intermittent(*above, needed, degradation);
-    if (below != nullptr) return alone(LoadRun::Kind::tooSmall, *below);
-    return {};
+    return run;
 }
 
 LoadRun meetLoad(double needed, InverterStates& states, const Degradation& degradation) {
-    constexpr double stepsOfSearch = 1e-3;
     if (!states.isPossible()) return {};
     const std::array candidates{states.forCapacity(needed), states.lowest(), states.highest()};
     return meetLoad(needed, candidates, degradation, stepsOfSearch);

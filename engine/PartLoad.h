@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -12,6 +11,7 @@
 #include "engine/CapacityStates.h"
 #include "engine/CondensingRule.h"
 #include "engine/Degradation.h"
+#include "engine/LoadSplit.h"
 #include "engine/PointLoop.h"
 
 namespace marvello {
@@ -25,13 +25,8 @@ struct TimedState {
 /// How one machine meets a load. All figures are means over the time, of the economized cycle if there is
 /// one.
 struct LoadRun {
-    enum class Kind : std::uint8_t {
-        none,     ///< No state is possible.
-        steady,   ///< In one state, all of the time.
-        blended,  ///< Between two neighbouring states by turns, so that the mean capacity is what is needed.
-        intermittent,  ///< In the lowest state for a part of the time.
-        tooSmall       ///< In the highest state, all of the time; the rest of the need is not met.
-    };
+    using Kind = LoadSplit::Kind;
+
     Kind kind = Kind::none;
     std::vector<TimedState> running{};  ///< The larger capacity first.
     double capacity = 0;                ///< Cooling capacity, kW.

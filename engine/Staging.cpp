@@ -6,6 +6,8 @@
 #include <limits>
 #include <utility>
 
+#include "engine/LoadSplit.h"
+
 namespace marvello {
 
 namespace {
@@ -16,32 +18,39 @@ constexpr int off = -1;
 bool isInverter(const StagedMachines& machines) { return static_cast<bool>(machines.solve); }
 bool canRun(const StagedMachines& machines) { return !machines.states.empty(); }
 
+LoadSplit splitOver(std::span<const RunningState> states, double needed, double tolerance) {
+    std::vector<double> capacities;
+    for (const RunningState& state : states) capacities.push_back(state.capacity);
+    return splitLoad(needed, capacities, tolerance);
+}
+
+/// Solves an inverter for a capacity between those of its ends, and keeps the state for the next load.
+RunningState solved(StagedMachines& machines, double needed) {
+    std::vector<RunningState>& states = machines.states;
+    const RunningState state = machines.solve(needed);
+    const auto at = std::ranges::lower_bound(states, state.capacity, {}, &RunningState::capacity);
+    if (at != states.end() && at->capacity > state.capacity && at != states.begin()) states.insert(at, state);
+    return state;
+}
+
 /// A machine of a kind that covers a part of the load on its own.
 std::vector<RunningMachines> trimmed(StagedMachines& machines, std::size_t kind, double needed,
                                      const Degradation& degradation) {
-    const std::vector<RunningState>& states = machines.states;
-    const auto running = [&](const RunningState& state, double share) {
-        return RunningMachines{.kind = kind, .state = state, .share = share};
+    std::vector<RunningState> states = machines.states;
+    LoadSplit split = splitOver(states, needed, lastBits);
+    if (split.kind == LoadSplit::Kind::blended && isInverter(machines)) {
+        states = {solved(machines, needed), states.front(), states.back()};
+        split = splitOver(states, needed, stepsOfSearch);
+    }
+    if (split.kind == LoadSplit::Kind::none) return {};
+    const auto running = [&](std::size_t state, double share) {
+        return RunningMachines{.kind = kind, .state = states[state], .share = share};
     };
-    for (const RunningState& state : states)
-        if (std::abs(state.capacity - needed) <= lastBits * needed) return {running(state, 1)};
-    const auto above = std::ranges::lower_bound(states, needed, {}, &RunningState::capacity);
-    if (above == states.end()) return {running(states.back(), 1)};
-    if (above == states.begin()) {
-        RunningMachines pausing = running(*above, needed / above->capacity);
-        pausing.degradation = degradation.factor(pausing.share);
-        return {pausing};
-    }
-    if (isInverter(machines)) {
-        const RunningState solved = machines.solve(needed);
-        const auto at = std::ranges::lower_bound(states, solved.capacity, {}, &RunningState::capacity);
-        if (at != states.end() && at->capacity > solved.capacity && at != states.begin())
-            machines.states.insert(at, solved);
-        return {running(solved, 1)};
-    }
-    const RunningState& below = *std::prev(above);
-    const double share = (needed - below.capacity) / (above->capacity - below.capacity);
-    return {running(*above, share), running(below, 1 - share)};
+    std::vector<RunningMachines> parts{running(split.state, split.share)};
+    if (split.kind == LoadSplit::Kind::intermittent)
+        parts.front().degradation = degradation.factor(split.share);
+    if (split.kind == LoadSplit::Kind::blended) parts.push_back(running(split.other, 1 - split.share));
+    return parts;
 }
 
 /// No state of a machine that has this capacity takes less power: that of a state with less capacity.

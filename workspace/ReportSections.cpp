@@ -31,7 +31,7 @@ struct Subject {
 
 using Content = std::optional<decltype(ReportSection::content)>;
 
-Content tablesOf(const Subject& subject) {
+Content tablesContent(const Subject& subject) {
     auto tables = ratingSection(subject.compressor, subject.conditions, subject.inputs.units());
     if (!tables) return std::nullopt;
     return *std::move(tables);
@@ -48,7 +48,7 @@ std::optional<PerformanceMap> finestMap(const PreparedCompressor& compressor,
     return finest;
 }
 
-Content mapOf(const Subject& subject) {
+Content mapContent(const Subject& subject) {
     const clsCompressor& compressor = subject.compressor;
     const auto catalogue = preparedCatalogue(gDatabase());
     const PreparedCompressor* const prepared =
@@ -65,7 +65,7 @@ Content mapOf(const Subject& subject) {
     return content;
 }
 
-Content cycleOf(const Subject& subject) {
+Content cyclePageContent(const Subject& subject) {
     constexpr double width = 680;  // logical pixels between the margins of the paper
     constexpr double height = 420;
     const UnitSystem units = subject.inputs.units();
@@ -99,9 +99,9 @@ struct Kind {
     const char* nameKey;
     Content (*make)(const Subject& subject);
 };
-constexpr std::array kinds{Kind{"limits", "frmselection.tabstrip.tabs.limits", mapOf},
-                           Kind{"rating", "frmselection.tabstrip.tabs.rating", tablesOf},
-                           Kind{"cycle", "frmselection.tabstrip.tabs.cycle", cycleOf}};
+constexpr std::array kinds{Kind{"limits", "frmselection.tabstrip.tabs.limits", mapContent},
+                           Kind{"rating", "frmselection.tabstrip.tabs.rating", tablesContent},
+                           Kind{"cycle", "frmselection.tabstrip.tabs.cycle", cyclePageContent}};
 
 /// "Cycle · R134A · 2.00 °C / 40.00 °C · Superheat 10.00 K · ...".
 QString titleOf(const QString& name, const Subject& subject) {
@@ -136,8 +136,13 @@ std::vector<OfferedSection> offeredSections(const clsCompressor& compressor,
     std::vector<OfferedSection> offered;
     for (const Kind& kind : kinds) {
         const QString name = dictionaryText(QLatin1String(kind.nameKey));
-        offered.push_back(
-            {QLatin1String(kind.key), name, [&kind, name, subject] { return made(kind, name, subject); }});
+        // Once: a map of an economizer takes most of a second.
+        const auto make = [&kind, name, subject,
+                           known = std::optional<std::optional<ReportSection>>()]() mutable {
+            if (!known) known = made(kind, name, subject);
+            return *known;
+        };
+        offered.push_back({QLatin1String(kind.key), name, make});
     }
     return offered;
 }
