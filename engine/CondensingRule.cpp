@@ -6,6 +6,7 @@
 
 #include "data/Numbers.h"
 #include "data/Texts.h"
+#include "engine/YearLimits.h"
 
 namespace marvello {
 
@@ -15,28 +16,21 @@ constexpr std::string_view outdoorWord = "outdoor";
 constexpr std::string_view minimumWord = "min";
 constexpr std::string_view scaledWord = "scaled";
 
-struct Range {
-    double minimum, maximum;
-};
-// Wide enough for water and for evaporative cooling, and closed to a number in other units.
-constexpr Range differences{-60, 60};     // K
-constexpr Range temperatures{-100, 200};  // degrees Celsius
-
 [[noreturn]] void refuse(std::string_view part, const std::string& reason) {
     throw std::invalid_argument('"' + std::string(part) + "\" " + reason);
 }
 
-double numberIn(std::string_view text, std::string_view part, const Range& range, const char* unit) {
+double numberIn(std::string_view text, std::string_view part, const YearLimit& range, const char* unit) {
     const auto value = storedNumber(text);
     if (!value) refuse(part, "is not part of a rule such as outdoor+12,min 25");
-    if (*value < range.minimum || *value > range.maximum)
+    if (!range.holds(*value))
         refuse(part, "is outside the range of " + storedText(range.minimum) + " to " +
                          storedText(range.maximum) + ' ' + unit);
     return *value;
 }
 
 double temperatureIn(std::string_view text, std::string_view part) {
-    return numberIn(text, part, temperatures, "degrees Celsius");
+    return numberIn(text, part, yearLimits::condensingTemperature, "degrees Celsius");
 }
 
 /// What follows "outdoor": a sign and a number, or nothing.
@@ -46,7 +40,7 @@ double differenceIn(std::string_view text, std::string_view part) {
     const std::string_view digits = withoutBlanks(text.substr(1));
     const bool isSigned = !digits.empty() && (digits.front() == '-' || digits.front() == '+');
     if ((sign != '+' && sign != '-') || isSigned) refuse(part, "needs one sign after outdoor, as outdoor+12");
-    const double value = numberIn(digits, part, differences, "K");
+    const double value = numberIn(digits, part, yearLimits::condensingDifference, "K");
     return sign == '-' ? -value : value;
 }
 

@@ -7,6 +7,7 @@
 
 #include "data/Numbers.h"
 #include "data/Texts.h"
+#include "engine/YearLimits.h"
 
 namespace marvello {
 
@@ -17,13 +18,11 @@ namespace {
 }
 
 double temperatureIn(std::string_view text, std::string_view part) {
-    constexpr double minimum = -100;  // degrees Celsius
-    constexpr double maximum = 100;
     const auto value = storedNumber(text);
     if (!value)
         refuse(part,
                "is not a temperature such as -10, or outdoor and evaporating ones such as -10:-8;30:-12");
-    if (*value < minimum || *value > maximum)
+    if (!yearLimits::evaporatingTemperature.holds(*value))
         refuse(part, "is outside the range of -100 to 100 degrees Celsius");
     return *value;
 }

@@ -9,6 +9,7 @@
 #include "data/Faults.h"
 #include "data/Numbers.h"
 #include "data/Texts.h"
+#include "engine/YearLimits.h"
 
 namespace marvello {
 
@@ -16,10 +17,7 @@ namespace {
 
 using Reason = LoadProfileFault::Reason;
 
-constexpr int hoursOfALeapYear = 8784;
-constexpr std::size_t maxBins = hoursOfALeapYear;
-constexpr double coldest = -80;  // degrees Celsius
-constexpr double hottest = 70;
+constexpr std::size_t maxBins = LoadProfile::maxBins;
 
 std::string sentenceOf(Reason reason, const std::string& text) {
     const std::string quoted = '"' + text + '"';
@@ -182,13 +180,7 @@ class Reader {
     }
 
     void check(const LoadBin& bin, double LoadBin::* member, const std::string& text) const {
-        const double value = bin.*member;
-        if (member == &LoadBin::outdoor && (value < coldest || value > hottest))
-            refuse(Reason::outsideRange, text);
-        if (member == &LoadBin::hours && value < 0) refuse(Reason::negativeHours, text);
-        if (member == &LoadBin::hours && value > hoursOfALeapYear) refuse(Reason::hoursAboveYear, text);
-        if (member == &LoadBin::load && value < 0) refuse(Reason::negativeLoad, text);
-        if (member == &LoadBin::load && value > 1) refuse(Reason::loadAboveFull, text);
+        if (const auto reason = faultOf(bin, member)) refuse(*reason, text);
     }
 
     std::string file_;
@@ -210,6 +202,17 @@ double LoadProfile::fullLoadHours() const {
     double sum = 0;
     for (const LoadBin& bin : bins) sum += bin.hours * bin.load;
     return sum;
+}
+
+std::optional<Reason> faultOf(const LoadBin& bin, double LoadBin::* member) {
+    const double value = bin.*member;
+    if (member == &LoadBin::outdoor && !yearLimits::outdoorTemperature.holds(value))
+        return Reason::outsideRange;
+    if (member == &LoadBin::hours && value < yearLimits::binHours.minimum) return Reason::negativeHours;
+    if (member == &LoadBin::hours && value > yearLimits::binHours.maximum) return Reason::hoursAboveYear;
+    if (member == &LoadBin::load && value < 0) return Reason::negativeLoad;
+    if (member == &LoadBin::load && value > 1) return Reason::loadAboveFull;
+    return std::nullopt;
 }
 
 LoadProfileFault::LoadProfileFault(Reason reason, const Place& place, const std::string& text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <stdexcept>
@@ -20,6 +21,8 @@ struct LoadBin {
 
 /// What a plant has to do over a year, by outdoor temperature.
 struct LoadProfile {
+    static constexpr std::size_t maxBins = 8784;  ///< The hours of a leap year.
+
     std::vector<LoadBin> bins{};  ///< The coldest first; bins of one temperature as they were stated.
 
     double hours() const;
@@ -60,6 +63,9 @@ class LoadProfileFault : public std::runtime_error {
     int line;
     std::string text;
 };
+
+/// Why a value of a bin is refused; none for a good one.
+std::optional<LoadProfileFault::Reason> faultOf(const LoadBin& bin, double LoadBin::* member);
 
 /// Reads a load profile from CSV: a heading with the columns "outdoor", "hours" and "load" in any order, then
 /// a line for each bin, in any order. A unit may follow a name, bare or in brackets: C or F for the outdoor

@@ -7,7 +7,9 @@
 #include "data/Csv.h"
 #include "data/DictionaryTexts.h"
 #include "data/Numbers.h"
+#include "engine/PlantText.h"
 #include "engine/Statements.h"
+#include "engine/YearComparison.h"
 #include "tools/select/AlignedTable.h"
 
 namespace marvello::select {
@@ -32,8 +34,7 @@ Tewi tewiOf(const YearAnswer& answer) {
 }
 
 std::optional<double> costOf(const YearAnswer& answer) {
-    if (!answer.question.price) return std::nullopt;
-    return answer.year.energy * *answer.question.price;
+    return marvello::costOf(answer.year.energy, answer.question.price);
 }
 
 std::string shown(double value, std::string_view pattern = "#0.0") { return formatNumber(value, pattern); }

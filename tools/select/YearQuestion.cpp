@@ -8,6 +8,8 @@
 #include "data/FileText.h"
 #include "data/Numbers.h"
 #include "data/Texts.h"
+#include "engine/PlantText.h"
+#include "engine/YearLimits.h"
 #include "tools/select/Run.h"
 #include "tools/select/WordOf.h"
 
@@ -15,35 +17,25 @@ namespace marvello::select {
 
 namespace {
 
-constexpr Range designLoads{0.1, 100'000, "kW"};
-constexpr Range prices{0, 1000, "for a kWh"};
-constexpr Range grids{0, 3, "kg CO2e/kWh"};
-constexpr Range charges{0, 100'000, "kg"};
-constexpr Range percents{0, 100, "%"};
-constexpr Range lives{1, 100, "years"};
-constexpr Range coefficients{0, 1, "as coefficient"};
+constexpr Range rangeOf(const YearLimit& limit, const char* unit) {
+    return {limit.minimum, limit.maximum, unit};
+}
+constexpr Range designLoads = rangeOf(yearLimits::designLoad, "kW");
+constexpr Range prices = rangeOf(yearLimits::price, "for a kWh");
+constexpr Range grids = rangeOf(yearLimits::grid, "kg CO2e/kWh");
+constexpr Range charges = rangeOf(yearLimits::charge, "kg");
+constexpr Range percents = rangeOf(yearLimits::percent, "%");
+constexpr Range lives = rangeOf(yearLimits::life, "years");
+constexpr Range coefficients = rangeOf(yearLimits::degradation, "as coefficient");
 
 constexpr std::array degradationNames{std::pair{"none", Degradation::Form::none},
                                       std::pair{"condensing-unit", Degradation::Form::condensingUnit},
                                       std::pair{"chiller", Degradation::Form::chiller}};
 
-double usualCoefficient(Degradation::Form form) {
-    switch (form) {
-        case Degradation::Form::condensingUnit:
-            return 0.25;
-        case Degradation::Form::chiller:
-            return 0.9;
-        case Degradation::Form::none:
-            break;
-    }
-    return 0;
-}
-
 Degradation degradationIn(const std::string& text) {
     const std::size_t colon = text.find(':');
-    Degradation degradation{.form = wordOf(text.substr(0, colon), degradationNames)};
-    degradation.coefficient = colon == std::string::npos ? usualCoefficient(degradation.form)
-                                                         : numberIn(text.substr(colon + 1), coefficients);
+    Degradation degradation = usualDegradation(wordOf(text.substr(0, colon), degradationNames));
+    if (colon != std::string::npos) degradation.coefficient = numberIn(text.substr(colon + 1), coefficients);
     return degradation;
 }
 
@@ -118,46 +110,18 @@ constexpr std::array options = {
                }},
 };
 
-const PreparedCompressor* machineOf(const PreparedCatalogue& catalogue, const std::string& refrigerant,
-                                    std::string_view name) {
-    for (const PreparedCompressor& compressor : catalogue.compressors())
-        if (equalIgnoringCase(compressor.Refrigerant, refrigerant) &&
-            equalIgnoringCase(machineName(compressor), name))
-            return &compressor;
-    return nullptr;
-}
-
-/// A name with "x2" after it for two of them.
-PlantMachines machinesIn(const std::string& part, const std::string& refrigerant,
-                         const PreparedCatalogue& catalogue) {
-    if (const PreparedCompressor* found = machineOf(catalogue, refrigerant, part)) return {found, 1};
-    const std::size_t last = part.find_last_not_of("0123456789");
-    const bool hasCount = last != std::string::npos && last + 1 < part.size() && lower(part[last]) == 'x';
-    const std::string name = hasCount ? trimmed(part.substr(0, last)) : part;
-    const PreparedCompressor* const found = machineOf(catalogue, refrigerant, name);
-    if (found == nullptr)
-        throw NothingMatches("The catalogue has no compressor " + name + " for " + refrigerant +
-                             "; machines are named as in \"TK-A-120x2;TK-D-140\"");
-    try {
-        return {found, static_cast<int>(wholeNumberIn(part.substr(last + 1), 1, YearRequest::maxMachines))};
-    } catch (const BadRequest& fault) {
-        throw BadRequest(std::string("machines: ") + fault.what());
-    }
-}
-
 void readMachines(YearQuestion& question, const PreparedCatalogue& catalogue) {
-    int count = 0;
-    for (const std::string& each : splitText(question.machines, ';')) {
-        const std::string part = trimmed(each);
-        if (part.empty()) continue;
-        question.year.machines.push_back(machinesIn(part, question.request.refrigerant, catalogue));
-        count += question.year.machines.back().count;
+    using Reason = PlantTextFault::Reason;
+    try {
+        const Plant plant = plantIn(question.machines, catalogue, question.request.refrigerant);
+        question.year.machines = plant.machines;
+        question.request.refrigerant = plant.refrigerant();
+    } catch (const PlantTextFault& fault) {
+        if (fault.reason == Reason::unknownCompressor) throw NothingMatches(fault.what());
+        if (fault.reason == Reason::noMachine) throw BadRequest("machines is missing");
+        const bool isWhole = fault.reason == Reason::severalInverters;
+        throw BadRequest((isWhole ? "" : "machines: ") + std::string(fault.what()));
     }
-    if (count == 0) throw BadRequest("machines is missing");
-    if (count > YearRequest::maxMachines)
-        throw BadRequest("machines: " + std::to_string(count) + " machines are more than " +
-                         std::to_string(YearRequest::maxMachines));
-    question.request.refrigerant = question.year.machines.front().compressor->Refrigerant;
 }
 
 void readProfile(YearQuestion& question, const std::filesystem::path& applicationFolder) {
@@ -265,10 +229,6 @@ void complete(YearQuestion& question, const PreparedCatalogue& catalogue,
     year.conditions = question.request.conditions;
     readGrid(question, applicationFolder);
     readEmissions(question, catalogue.factsOf(question.request.refrigerant));
-}
-
-std::string machineName(const PreparedCompressor& compressor) {
-    return compressor.Serie + '-' + compressor.Model;
 }
 
 std::string textOf(const Degradation& degradation) {

@@ -58,9 +58,6 @@ void readOption(YearQuestion& question, const YearOption& option, const std::str
 void complete(YearQuestion& question, const PreparedCatalogue& catalogue,
               const std::filesystem::path& applicationFolder);
 
-/// Returns a compressor as machines are named: "TK-A-120".
-std::string machineName(const PreparedCompressor& compressor);
-
 /// Returns the text of a degradation as the option has it, such as "condensing-unit:0.25".
 std::string textOf(const Degradation& degradation);
 
