@@ -44,7 +44,31 @@ std::vector<double> valuesOf(const Chart& chart, double DrawnPoint::* part, std:
     for (const ChartCurve& curve : chart.curves)
         if (!onSecond || curve.isOnSecond == *onSecond)
             for (const DrawnPoint& point : curve.points) values.push_back(point.*part);
+    if (part == &DrawnPoint::y && onSecond != true)
+        for (const ChartBars& bars : chart.bars)
+            values.insert(values.end(), bars.values.begin(), bars.values.end());
     return values;
+}
+
+/// Lines through a rectangle at a slope of 1 or -1, or level ones, so far apart.
+std::vector<std::vector<DrawnPoint>> linesAcross(const DrawnPoint& low, const DrawnPoint& high, double apart,
+                                                 int slope) {
+    std::vector<std::vector<DrawnPoint>> lines;
+    if (slope == 0) {
+        for (double y = high.y - apart; y > low.y; y -= apart) lines.push_back({{low.x, y}, {high.x, y}});
+        return lines;
+    }
+    // Each is where x - slope y is the same. Those of bars next to each other go on from one to the other.
+    const double first = std::min(low.x - slope * low.y, low.x - slope * high.y);
+    const double last = std::max(high.x - slope * low.y, high.x - slope * high.y);
+    for (double c = std::ceil(first / apart) * apart; c < last; c += apart) {
+        const double yAtLeft = (low.x - c) * slope;
+        const double yAtRight = (high.x - c) * slope;
+        const double from = std::clamp(std::min(yAtLeft, yAtRight), low.y, high.y);
+        const double to = std::clamp(std::max(yAtLeft, yAtRight), low.y, high.y);
+        if (to - from > 0.5) lines.push_back({{c + slope * from, from}, {c + slope * to, to}});
+    }
+    return lines;
 }
 
 /// An entry of the legend in its row.
@@ -106,6 +130,9 @@ class ChartPicture {
 
   private:
     void axisAcross();
+    void axisOfCategories();
+    void bars();
+    void bar(const DrawnPoint& low, const DrawnPoint& high, BarFill fill);
     void axisUp(const ChartScale& scale, bool isSecond);
     void titles();
     void mark();
@@ -146,6 +173,74 @@ void ChartPicture::axisAcross() {
     }
 }
 
+/// As many of the names as there is room for.
+void ChartPicture::axisOfCategories() {
+    constexpr double below = 16;
+    constexpr double nextLine = 14;
+    constexpr double between = 8;
+    double nameWidth = 0;
+    double secondWidth = 0;
+    for (const ChartCategory& category : chart_.categories) {
+        nameWidth = std::max(nameWidth, drawnWidth({.text = category.name, .size = labelSize}));
+        secondWidth = std::max(secondWidth, drawnWidth({.text = category.second, .size = labelSize}));
+    }
+    const double step = (plane_.right() - plane_.left()) / static_cast<double>(chart_.categories.size());
+    const auto every = static_cast<std::size_t>(std::max(1.0, std::ceil((nameWidth + between) / step)));
+    const bool hasSecond = secondWidth + between <= step;
+    for (std::size_t i = 0; i < chart_.categories.size(); i += every) {
+        const double x = plane_.placeOf({static_cast<double>(i) + 0.5, 0}).x;
+        const ChartCategory& category = chart_.categories[i];
+        text({x, plane_.bottom() + below}, category.name, Anchor::middle, labelSize, view_.colours.muted);
+        if (hasSecond)
+            text({x, plane_.bottom() + below + nextLine}, category.second, Anchor::middle, labelSize,
+                 view_.colours.muted);
+    }
+}
+
+void ChartPicture::bars() {
+    constexpr double share = 0.6;  // of the room of a category
+    constexpr double narrow = 8;
+    const double room = (plane_.right() - plane_.left()) / static_cast<double>(chart_.categories.size());
+    const double width = room * (room < narrow * 2 ? 0.9 : share) / static_cast<double>(chart_.bars.size());
+    const double gap = width >= narrow ? 3 : 0;
+    for (std::size_t each = 0; each < chart_.bars.size(); ++each) {
+        const ChartBars& bars = chart_.bars[each];
+        const double offset =
+            (static_cast<double>(each) - static_cast<double>(chart_.bars.size()) / 2) * width;
+        for (std::size_t i = 0; i < bars.values.size(); ++i) {
+            const DrawnPoint top = plane_.placeOf({static_cast<double>(i) + 0.5, bars.values[i]});
+            const double left = top.x + offset + gap / 2;
+            if (plane_.bottom() - top.y < 0.5) continue;  // nothing to be seen
+            bar({left, top.y}, {left + width - gap, plane_.bottom()}, bars.fill);
+        }
+    }
+}
+
+void ChartPicture::bar(const DrawnPoint& low, const DrawnPoint& high, BarFill fill) {
+    const ChartColours& colours = view_.colours;
+    const std::vector<DrawnPoint> corners{low, {high.x, low.y}, high, {low.x, high.y}, low};
+    if (fill == BarFill::solid) {
+        drawing_.shapes.emplace_back(DrawnArea{corners, colours.accent});
+        return;
+    }
+    const DrawnColour& tone = fill == BarFill::hatched  ? colours.accent
+                              : fill == BarFill::barred ? colours.text
+                                                        : colours.muted;
+    constexpr double apart = 6;
+    drawing_.shapes.emplace_back(DrawnArea{corners, colours.ground});
+    const auto fillWith = [&](int slope, double distance) {
+        for (std::vector<DrawnPoint>& each : linesAcross(low, high, distance, slope))
+            line(std::move(each), {.colour = tone, .width = 1.2});
+    };
+    if (fill == BarFill::barred) {
+        fillWith(0, apart - 2);
+    } else {
+        fillWith(-1, apart);
+        if (fill == BarFill::crosshatched) fillWith(1, apart);
+    }
+    line(corners, {.colour = tone, .width = 1.2});
+}
+
 /// The grid is that of the first axis.
 void ChartPicture::axisUp(const ChartScale& scale, bool isSecond) {
     constexpr double beside = 6;
@@ -161,7 +256,7 @@ void ChartPicture::axisUp(const ChartScale& scale, bool isSecond) {
 
 void ChartPicture::titles() {
     constexpr double above = 12;
-    constexpr double below = 34;
+    const double below = chart_.categories.empty() ? 34 : 48;
     line({{plane_.left(), plane_.top()},
           {plane_.left(), plane_.bottom()},
           {plane_.right(), plane_.bottom()},
@@ -177,6 +272,14 @@ void ChartPicture::titles() {
 }
 
 void ChartPicture::mark() {
+    if (chart_.markedCategory) {
+        const auto place = static_cast<double>(*chart_.markedCategory);
+        const double left = plane_.placeOf({place, 0}).x;
+        const double right = plane_.placeOf({place + 1, 0}).x;
+        drawing_.shapes.emplace_back(DrawnArea{
+            {{left, plane_.top()}, {right, plane_.top()}, {right, plane_.bottom()}, {left, plane_.bottom()}},
+            view_.colours.tint});
+    }
     if (!chart_.marked) return;
     const double x = plane_.placeOf({*chart_.marked, 0}).x;
     if (x < plane_.left() || x > plane_.right()) return;
@@ -200,7 +303,11 @@ void ChartPicture::legend() {
         const double left = plane_.left() + placed.left;
         const double y = firstLine + placed.row * legendRow;
         const CurveStyle& style = placed.key->style;
-        if (style.line != CurveStyle::Line::none)
+        if (placed.key->fill) {
+            constexpr double side = 14;
+            const double start = left + sampleLength - side;
+            bar({start, y - middle - side / 2}, {start + side, y - middle + side / 2}, *placed.key->fill);
+        } else if (style.line != CurveStyle::Line::none)
             line({{left, y - middle}, {left + sampleLength, y - middle}}, strokeOf(style, view_.colours));
         if (style.hasRings) ring({left + sampleLength / 2, y - middle}, style);
         text({left + sampleLength + afterSample, y}, placed.key->name, Anchor::start, titleSize,
@@ -209,11 +316,16 @@ void ChartPicture::legend() {
 }
 
 Drawing ChartPicture::drawing() {
-    axisAcross();
+    if (chart_.markedCategory) mark();  // the grid goes over it
+    if (chart_.categories.empty())
+        axisAcross();
+    else
+        axisOfCategories();
     axisUp(plane_.up(), false);
     if (chart_.second) axisUp(plane_.second(), true);
+    bars();
     titles();
-    mark();
+    if (!chart_.markedCategory) mark();
     for (const ChartCurve& each : chart_.curves) curve(each);
     legend();
     return std::move(drawing_);
@@ -229,11 +341,12 @@ DrawnStroke strokeOf(const CurveStyle& style, const ChartColours& colours) {
     return stroke;
 }
 
-ChartPlane::ChartPlane(const Chart& chart, double width, double height) {
+ChartPlane::ChartPlane(const Chart& chart, double width, double height)
+    : categories_(chart.categories.size()) {
     constexpr double forNumbers = 52;
     constexpr double narrow = 16;
     constexpr double forTitles = 34;
-    constexpr double forAxis = 44;
+    const double forAxis = categories_ > 0 ? 58 : 44;
     constexpr double betweenAcross = 55;  // pixels between two numbers
     constexpr double betweenUp = 34;
     left_ = forNumbers;
@@ -244,6 +357,7 @@ ChartPlane::ChartPlane(const Chart& chart, double width, double height) {
     bottom_ = std::max(height - forAxis, top_ + 1);
     const double up = (bottom_ - top_) / betweenUp;
     across_ = scaleOf(valuesOf(chart, &DrawnPoint::x, {}), chart.across, (right_ - left_) / betweenAcross);
+    if (categories_ > 0) across_ = {.low = 0, .high = static_cast<double>(categories_), .step = 1};
     up_ = scaleOf(valuesOf(chart, &DrawnPoint::y, false), chart.up, up);
     if (chart.second) second_ = scaleOf(valuesOf(chart, &DrawnPoint::y, true), *chart.second, up);
 }
@@ -254,6 +368,11 @@ DrawnPoint ChartPlane::placeOf(const DrawnPoint& value, bool isOnSecond) const {
     };
     return {left_ + share(across_, value.x) * (right_ - left_),
             bottom_ - share(isOnSecond ? second_ : up_, value.y) * (bottom_ - top_)};
+}
+
+std::optional<std::size_t> ChartPlane::categoryAt(double x) const {
+    if (categories_ == 0 || x < left_ || x >= right_) return std::nullopt;
+    return static_cast<std::size_t>((x - left_) / (right_ - left_) * static_cast<double>(categories_));
 }
 
 Drawing chartDrawing(const Chart& chart, const ChartView& view) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -17,6 +18,7 @@ struct ChartColours {
     DrawnColour muted{0x55, 0x62, 0x6A};
     DrawnColour grid{0xE0, 0xE0, 0xE0};
     DrawnColour accent{0x0E, 0x6A, 0x80};
+    DrawnColour tint{0xDC, 0xEC, 0xF0};  ///< Behind a marked category.
     DrawnColour point{0x00, 0x00, 0xFF};
 };
 
@@ -39,6 +41,26 @@ struct ChartCurve {
     bool isOnSecond = false;  ///< Counts on the second axis of values.
 };
 
+/// What a bar is filled with. Bars differ by more than their tones.
+enum class BarFill : std::uint8_t {
+    solid,
+    hatched,      ///< Lines that rise.
+    barred,       ///< Level lines.
+    crosshatched  ///< Lines that rise and fall.
+};
+
+/// A place across that is no number, such as a bin of a load profile.
+struct ChartCategory {
+    std::string name;
+    std::string second{};  ///< Below the name, where there is room for those of all.
+};
+
+/// Bars over the categories, one for each; those of one category are next to each other.
+struct ChartBars {
+    std::vector<double> values{};
+    BarFill fill = BarFill::solid;
+};
+
 /// An axis has round ends about all that is drawn along it.
 struct ChartAxis {
     std::string title{};
@@ -48,10 +70,12 @@ struct ChartAxis {
 /// A line of the legend.
 struct ChartKey {
     std::string name;
-    CurveStyle style;
+    CurveStyle style{};
+    std::optional<BarFill> fill{};  ///< Of a bar, in place of a line.
 };
 
-/// Values over a quantity.
+/// Values over a quantity, or over categories: then the middle of the first category is at 0.5 across, that
+/// of the next one at 1.5.
 struct Chart {
     std::string title{};  ///< What it shows, for those who cannot see it.
     ChartAxis across{};
@@ -60,6 +84,9 @@ struct Chart {
     std::vector<ChartCurve> curves{};   ///< The lowest first.
     std::vector<ChartKey> legend{};
     std::optional<double> marked{};  ///< Where a thin line crosses, such as the operating point.
+    std::vector<ChartCategory> categories{};
+    std::vector<ChartBars> bars{};
+    std::optional<std::size_t> markedCategory{};
 };
 
 /// How a chart is to be drawn.
@@ -90,8 +117,11 @@ class ChartPlane {
     double top() const { return top_; }
     double bottom() const { return bottom_; }
     DrawnPoint placeOf(const DrawnPoint& value, bool isOnSecond = false) const;
+    /// Returns the category at a place across; none beyond the plane or without categories.
+    std::optional<std::size_t> categoryAt(double x) const;
 
   private:
+    std::size_t categories_;
     double left_, right_, top_, bottom_;
     ChartScale across_, up_, second_;
 };

@@ -23,9 +23,6 @@ constexpr std::string_view twoPlaces = "#0.00";
 const std::string times = " \u00D7";
 const std::string dot = " \u00B7 ";
 
-/// Which values of a row are the better ones, without doubt.
-enum class Better : std::uint8_t { neither, lower, higher };
-
 /// How a value is told from that of the reference.
 enum class Apart : std::uint8_t { notAtAll, percent, kelvin };
 
@@ -160,23 +157,7 @@ constexpr std::array technicalRows{
     TechnicalRow{"economizerConnection", "technicaldata.economizer.caption", false},
 };
 
-ComparedCell numberCell(std::optional<double> value, std::string_view pattern, const NumberMarks& marks) {
-    if (!value) return {};
-    return {
-        .text = formatNumber(*value, pattern, marks), .value = value, .shown = shownValue(*value, pattern)};
-}
-
 ComparedCell wordCell(const std::string& word) { return word.empty() ? ComparedCell{} : ComparedCell{word}; }
-
-/// The better ones of a row, unless all show the same.
-void markBest(ComparedRow& row, Better better) {
-    std::set<double> values;
-    for (const ComparedCell& cell : row.cells)
-        if (cell.shown) values.insert(*cell.shown);
-    if (better == Better::neither || values.size() < 2) return;
-    const double best = better == Better::lower ? *values.begin() : *values.rbegin();
-    for (ComparedCell& cell : row.cells) cell.isBest = cell.shown == best;
-}
 
 std::string signedText(double value, const std::string& unit, const NumberMarks& marks) {
     const double shown = shownValue(value, onePlace);

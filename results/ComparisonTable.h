@@ -8,32 +8,14 @@
 
 #include "data/Numbers.h"
 #include "engine/Comparison.h"
+#include "results/ComparedCells.h"
 #include "results/Messages.h"
 #include "thermo/UnitSystem.h"
 
 namespace marvello {
 
-/// A value of one machine.
-struct ComparedCell {
-    std::string text = "-";         ///< as it is shown
-    std::optional<double> value{};  ///< all digits of a number, in the unit of its row; none for words
-    std::optional<double> shown{};  ///< the number that the text shows
-    bool isBest = false;            ///< of its row, and better than another one as shown
-    std::string difference{};       ///< from the reference, of the shown numbers: "+4.2 %"; may be empty
-};
-
-struct ComparedRow {
-    std::string_view name;  ///< in files, such as "capacity"
-    std::string caption;
-    std::string unit{};
-    std::vector<ComparedCell> cells{};  ///< in the order of the machines
-
-    /// "Capacity kW".
-    std::string captionWithUnit() const { return unit.empty() ? caption : caption + ' ' + unit; }
-};
-
 struct ComparedGroup {
-    std::string caption;
+    std::string caption;  ///< empty for one that has no heading
     std::vector<ComparedRow> rows;
 };
 

@@ -19,6 +19,7 @@ ChartColours ChartPane::onScreen() {
             .muted = drawnColour(look.muted),
             .grid = drawnColour(GraphColours::onScreen().grid),
             .accent = drawnColour(look.accent),
+            .tint = drawnColour(look.accentTint),
             .point = drawnColour(GraphColours::onScreen().point)};
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -88,6 +89,84 @@ TEST(Chart, ALegendThatIsTooLongTakesAnotherRow) {
         if (text.anchor != DrawnText::Anchor::start) continue;
         EXPECT_LE(text.at.x + drawnWidth(text), 430) << text.text;
     }
+}
+
+Chart threeBins() {
+    return {.up = {.title = "Energy", .hasZero = true},
+            .legend = {{.name = "one", .fill = BarFill::solid}, {.name = "other", .fill = BarFill::hatched}},
+            .categories = {{"-5", "100 h"}, {"0", "200 h"}, {"5", "300 h"}},
+            .bars = {{{10, 20, 40}, BarFill::solid}, {{5, 40, 0}, BarFill::hatched}},
+            .markedCategory = 1};
+}
+
+/// The bars of a category are about its middle, next to each other, and as high as their values.
+TEST(Chart, BarsStandOverTheirCategories) {
+    const Chart chart = threeBins();
+    const ChartPlane plane(chart, 700, 400);
+    EXPECT_EQ(plane.up().low, 0);
+    EXPECT_EQ(plane.up().high, 40);
+    const double third = (plane.right() - plane.left()) / 3;
+    EXPECT_EQ(plane.categoryAt(plane.left() + third * 1.01), 1U);
+    EXPECT_EQ(plane.categoryAt(plane.right() - 0.01), 2U);
+    EXPECT_FALSE(plane.categoryAt(plane.right()));
+    EXPECT_FALSE(plane.categoryAt(plane.left() - 1));
+    std::vector<DrawnArea> solid;
+    std::vector<DrawnArea> hatched;
+    const ChartColours colours;
+    for (const DrawnArea& area : shapesOf<DrawnArea>(chartDrawing(chart, {.width = 700, .height = 400}))) {
+        if (area.points[2].y != plane.bottom() || area.fill == colours.tint) continue;  // legend, mark
+        (area.fill == colours.accent ? solid : hatched).push_back(area);
+    }
+    ASSERT_EQ(solid.size(), 3U);
+    ASSERT_EQ(hatched.size(), 2U) << "a value of 0 has none";
+    EXPECT_DOUBLE_EQ(solid[0].points[0].y, plane.bottom() - (plane.bottom() - plane.top()) / 4);
+    EXPECT_DOUBLE_EQ(hatched[1].points[0].y, plane.top());
+    const double middle = plane.left() + 1.5 * third;
+    EXPECT_LE(solid[1].points[1].x, middle);
+    EXPECT_GE(hatched[1].points[0].x, middle);
+    EXPECT_NEAR(middle - solid[1].points[0].x, hatched[1].points[1].x - middle, 1e-9);
+}
+
+TEST(Chart, HatchingStaysInItsBar) {
+    Chart chart = threeBins();
+    chart.bars = {{{10, 20, 40}, BarFill::crosshatched}};
+    chart.legend.clear();
+    const ChartPlane plane(chart, 700, 400);
+    const Drawing drawing = chartDrawing(chart, {.width = 700, .height = 400});
+    const DrawnColour muted = ChartColours().muted;
+    int inside = 0;
+    for (const DrawnLine& line : shapesOf<DrawnLine>(drawing)) {
+        if (!(line.stroke.colour == muted) || line.points.size() != 2) continue;
+        ++inside;
+        const std::size_t bar = plane.categoryAt(line.points.front().x).value();
+        const double top = plane.placeOf({0, chart.bars[0].values[bar]}).y;
+        const double middle = plane.placeOf({static_cast<double>(bar) + 0.5, 0}).x;
+        const double half = 0.3 * (plane.right() - plane.left()) / 3;
+        for (const DrawnPoint& point : line.points) {
+            EXPECT_GE(point.y, top - 1e-9);
+            EXPECT_LE(point.y, plane.bottom() + 1e-9);
+            EXPECT_LE(std::abs(point.x - middle), half + 1e-9);
+        }
+    }
+    EXPECT_GT(inside, 20);
+}
+
+TEST(Chart, ManyCategoriesHaveTheNamesThatFit) {
+    Chart chart{.up = {.hasZero = true}};
+    for (int i = 0; i < 58; ++i) {
+        chart.categories.push_back({std::to_string(i - 19), "150 h"});
+        chart.curves.resize(1);
+        chart.curves[0].points.push_back({i + 0.5, 3.0 + i});
+    }
+    const Drawing drawing = chartDrawing(chart, {.width = 700, .height = 400});
+    double last = -100;
+    for (const DrawnText& text : shapesOf<DrawnText>(drawing)) {
+        if (text.anchor != DrawnText::Anchor::middle || text.text.empty()) continue;
+        EXPECT_EQ(text.text.find('h'), std::string::npos);
+        EXPECT_GE(text.at.x - drawnWidth(text) / 2, last);
+        last = text.at.x + drawnWidth(text) / 2;
+    }
+    EXPECT_GT(last, 500);
 }
 
 }  // namespace
