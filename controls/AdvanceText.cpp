@@ -355,6 +355,11 @@ bool AdvanceText::handleKeyPress(int key, const QString& text, Qt::KeyboardModif
         if (opens && buttonVisible_) emit ButtonClick();
         return opens;
     }
+    // What is typed may be chosen as well.
+    if (buttonVisible_ && (key == Qt::Key_Down || key == Qt::Key_F4)) {
+        emit ButtonClick();
+        return true;
+    }
     if (isEnter) commit();
     if (isCharacter) emit KeyPress(isEnter ? enterCode : text.front().unicode());
     return false;

@@ -123,9 +123,9 @@ bool TwoLineHeader::hasUnits() const {
 }
 
 bool TwoLineHeader::isLeftAligned(int section) const {
-    return section == 0 ||
-           model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::AlignmentFlag>() ==
-               Qt::AlignLeft;
+    if (section == 0) return !isFirstNumbers_;
+    return model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::AlignmentFlag>() ==
+           Qt::AlignLeft;
 }
 
 bool TwoLineHeader::isOverFirst(const QMouseEvent& event) const {

@@ -18,6 +18,8 @@ class TwoLineHeader : public QHeaderView {
 
     /// The width at which neither line of `text` is cut.
     static int widthOf(const QString& text);
+    /// The first column holds numbers, too, in place of labels.
+    void setFirstNumbers() { isFirstNumbers_ = true; }
     /// Lets the headings be clicked, and chosen with the keys once the focus is on them: left and right go
     /// from one to the other, Space and Enter click.
     void setSortable();
@@ -54,6 +56,7 @@ class TwoLineHeader : public QHeaderView {
     QMouseEvent inSections(const QMouseEvent& event) const;
 
     bool isFirstHeld_ = false;  ///< a button went down on the first column
+    bool isFirstNumbers_ = false;
     int sortSection_ = -1;
     bool isDescending_ = false;
     int keySection_ = 0;  ///< that of the keys

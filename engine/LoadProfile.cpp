@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <span>
 
@@ -196,6 +197,14 @@ double LoadProfile::hours() const {
     double sum = 0;
     for (const LoadBin& bin : bins) sum += bin.hours;
     return sum;
+}
+
+bool LoadProfile::isOfAYear() const {
+    constexpr double hoursOfAYear = 8760;
+    constexpr double hoursOfALeapYear = 8784;
+    constexpr double rounding = 0.01;
+    const double sum = hours();
+    return std::abs(sum - hoursOfAYear) <= rounding || std::abs(sum - hoursOfALeapYear) <= rounding;
 }
 
 double LoadProfile::fullLoadHours() const {

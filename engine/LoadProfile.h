@@ -26,6 +26,8 @@ struct LoadProfile {
     std::vector<LoadBin> bins{};  ///< The coldest first; bins of one temperature as they were stated.
 
     double hours() const;
+    /// Whether the hours are those of a year, or of a leap year.
+    bool isOfAYear() const;
     /// The hours at the design load that need as much.
     double fullLoadHours() const;
 

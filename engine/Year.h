@@ -53,7 +53,9 @@ struct YearBin {
     double delivered() const { return load.capacity(); }   ///< kW
     double power() const { return load.power(); }          ///< kW
     double energy() const { return power() * bin.hours; }  ///< kWh
-    double runningHours(std::size_t kind) const;           ///< Of all machines of a kind.
+    /// The share of the needed capacity that is delivered; 1 if nothing is needed.
+    double metShare() const { return needed > 0 ? 1 - load.unmet / needed : 1; }
+    double runningHours(std::size_t kind) const;  ///< Of all machines of a kind.
 };
 
 /// What a year comes to.

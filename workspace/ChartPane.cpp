@@ -1,6 +1,7 @@
 #include "workspace/ChartPane.h"
 
 #include <QLocale>
+#include <QMouseEvent>
 #include <QPainter>
 #include <utility>
 
@@ -34,21 +35,31 @@ void ChartPane::setChart(Chart chart) {
     update();
 }
 
-Drawing ChartPane::drawing(const ChartColours& colours) const {
-    return chartDrawing(chart_, {.width = double(width()),
-                                 .height = double(height()),
-                                 .marks = marksOf(QLocale()),
-                                 .colours = colours});
+Drawing ChartPane::drawing(const QSizeF& size, const ChartColours& colours) const {
+    return chartDrawing(
+        chart_,
+        {.width = size.width(), .height = size.height(), .marks = marksOf(QLocale()), .colours = colours});
 }
 
-Drawing ChartPane::onPaper() const { return drawing(ChartColours()); }
+Drawing ChartPane::onPaper() const { return onPaper(size()); }
+
+Drawing ChartPane::onPaper(const QSizeF& size) const { return drawing(size, ChartColours()); }
+
+void ChartPane::mousePressEvent(QMouseEvent* event) {
+    const ChartPlane plane(chart_, width(), height());
+    const auto category = plane.categoryAt(event->position().x());
+    if (category && event->position().y() >= plane.top())
+        emit categoryClicked(*category);
+    else
+        QWidget::mousePressEvent(event);
+}
 
 void ChartPane::paintEvent(QPaintEvent*) {
     if (picture_.isNull()) {
         picture_ = QPixmap(size() * devicePixelRatioF());
         picture_.setDevicePixelRatio(devicePixelRatioF());
         QPainter drawn(&picture_);
-        paintDrawing(drawn, drawing(onScreen()));
+        paintDrawing(drawn, drawing(size(), onScreen()));
     }
     QPainter(this).drawPixmap(0, 0, picture_);
 }

@@ -20,13 +20,20 @@ class ChartPane : public QWidget {
     void setChart(Chart chart);
     /// What is shown, on white paper.
     Drawing onPaper() const;
+    /// The same in a size of the paper's.
+    Drawing onPaper(const QSizeF& size) const;
+
+  signals:
+    /// The user clicked a category.
+    void categoryClicked(std::size_t category);
 
   protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    Drawing drawing(const ChartColours& colours) const;
+    Drawing drawing(const QSizeF& size, const ChartColours& colours) const;
 
     Chart chart_;
     QPixmap picture_;  ///< What is shown; null after a change.

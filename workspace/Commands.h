@@ -20,6 +20,7 @@ enum class Command {
     exportPolynomials,
     copy,
     addToComparison,
+    addToYear,
     collapseInputs,
     previousRow,
     nextRow,

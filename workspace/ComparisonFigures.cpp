@@ -128,7 +128,7 @@ void ComparisonModel::setTable(ComparisonTable table, const QString& bestText) {
     bestText_ = bestText;
     lines_.clear();
     for (const ComparedGroup& group : table_.groups) {
-        lines_.push_back({&group, nullptr});
+        if (!group.caption.empty()) lines_.push_back({&group, nullptr});
         for (const ComparedRow& row : group.rows) lines_.push_back({&group, &row});
     }
     endResetModel();
@@ -198,11 +198,13 @@ void ComparisonFigures::setTable(ComparisonTable table, const QString& bestText)
     }
     const ComparisonTable& shown = model_.table();
     const int ofPoint = shown.groups.empty() ? 0 : static_cast<int>(shown.groups.front().rows.size());
+    const int firstRow = model_.rowCount() > 0 && !model_.line(0).row ? 1 : 0;
     for (std::size_t i = 0; i < shown.heads.size(); ++i)
-        if (!shown.heads[i].error.empty() && ofPoint > 1) setSpan(1, static_cast<int>(i) + 1, ofPoint, 1);
+        if (!shown.heads[i].error.empty() && ofPoint > 1)
+            setSpan(firstRow, static_cast<int>(i) + 1, ofPoint, 1);
     layOut();
     const int column = std::min(std::max(beforeColumn, 1), model_.columnCount() - 1);
-    const int row = std::min(std::max(beforeRow, 1), model_.rowCount() - 1);
+    const int row = std::min(std::max(beforeRow, firstRow), model_.rowCount() - 1);
     setAutoScroll(false);  // the heading above the first row stays in sight
     setCurrentIndex(model_.index(row, column));
     setAutoScroll(true);

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
+#include <utility>
 
 namespace marvello {
 
@@ -54,6 +55,12 @@ void paintMagnifier(QPainter& painter) {
     painter.drawLine(QPointF(60, 39), QPointF(60, 53));
 }
 
+void paintBars(QPainter& painter) {
+    for (const auto& [left, top] :
+         {std::pair{44, 52}, std::pair{56, 40}, std::pair{68, 28}, std::pair{80, 44}})
+        painter.drawRect(QRectF(left, top, 8, 66 - top));
+}
+
 }  // namespace
 
 void paintCompressor(QPainter& painter, const QRectF& place, const ArtColours& colours,
@@ -77,6 +84,7 @@ void paintCompressor(QPainter& painter, const QRectF& place, const ArtColours& c
     painter.setPen(line);
     if (addition == ArtAddition::inverter) paintInverter(painter);
     if (addition == ArtAddition::search) paintMagnifier(painter);
+    if (addition == ArtAddition::bars) paintBars(painter);
     painter.restore();
 }
 

@@ -15,7 +15,7 @@ struct ArtColours {
 };
 
 /// What is next to the terminal box of the drawing.
-enum class ArtAddition { none, inverter, search };
+enum class ArtAddition { none, inverter, search, bars };
 
 /// Draws a compressor in lines, fitted into `place`.
 void paintCompressor(QPainter& painter, const QRectF& place, const ArtColours& colours, ArtAddition addition);

@@ -22,6 +22,7 @@
 #include "workspace/RejectedCompressors.h"
 #include "workspace/ResultMarks.h"
 #include "workspace/SearchTexts.h"
+#include "workspace/Veil.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -31,19 +32,6 @@ namespace {
 constexpr int rejectedLineHeight = 32;
 constexpr int minColumnWidth = 70;
 constexpr int markSize = 14;
-
-/// Covers what must not be read as valid.
-class Veil : public QWidget {
-  public:
-    using QWidget::QWidget;
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QColor ground = Look::current().surface;
-        ground.setAlphaF(0.65F);
-        QPainter(this).fillRect(rect(), ground);
-    }
-};
 
 ResultsModel::Kind kindOf(const std::string& column) {
     if (column == foundColumn::refrigerant || column == foundColumn::nearestLimit)

@@ -20,16 +20,7 @@ namespace marvello {
 namespace {
 
 // All measures of the panel, in logical pixels.
-constexpr int side = 16;
-constexpr int firstRow = 12;
-constexpr int pitch = 34;
-constexpr int groupGap = 8;
-constexpr int secondCaption = 70;
-constexpr int temperatureBox = 80;
-constexpr int valueBox = 106;
-constexpr int modeGap = 8;
-constexpr int narrowUnit = 20;
-constexpr int wideUnit = 48;
+constexpr int side = PanelRows::side;
 constexpr int buttonGap = 14;
 constexpr int buttonHeight = 32;
 constexpr int helpGap = 16;
@@ -136,50 +127,11 @@ void InputPanel::ResizeControls(int captionWidth) {
     layOut();
 }
 
-void InputPanel::place(AdvanceText* field, int left, int right, int captionWidth) {
-    const int halo = AdvanceText::halo;
-    field->setProperty("CaptionWidth", captionWidth);
-    field->setGeometry(left - halo, rowTop_ - halo, right - left + 2 * halo,
-                       AdvanceText::boxHeight + 2 * halo);
-}
+void InputPanel::single(Input input) { rows_.single((*this)[input]); }
 
-void InputPanel::single(Input input) {
-    AdvanceText* const field = (*this)[input];
-    if (!field || field->isHidden()) return;
-    field->setProperty("UnitCaptionWidth", wideUnit);
-    place(field, side, rowWidth_ - side, captionWidth_);
-    rowTop_ += pitch;
-}
+void InputPanel::pair(Input first, Input second) { rows_.pair((*this)[first], (*this)[second]); }
 
-void InputPanel::pair(Input first, Input second) {
-    AdvanceText* const left = (*this)[first];
-    AdvanceText* const right = (*this)[second];
-    if (!left || !right) return;
-    const int edge = side + captionWidth_ + temperatureBox;
-    left->setProperty("UnitCaptionWidth", narrowUnit);
-    place(left, side, edge, captionWidth_);
-    right->setProperty("UnitCaptionWidth", wideUnit);
-    // The second caption stands 12 off the box before it.
-    constexpr int indent = 12;
-    const int rightCaption = secondCaption - (captionWidth_ - usualCaptionWidth);
-    place(right, edge + indent, rowWidth_ - side, rightCaption - indent);
-    rowTop_ += pitch;
-}
-
-void InputPanel::mode(Input kind, Input number) {
-    AdvanceText* const selector = (*this)[kind];
-    AdvanceText* const value = (*this)[number];
-    if (!selector) return;
-    const int right = rowWidth_ - side;
-    if (value->isHidden()) {
-        place(selector, side, right, captionWidth_);
-    } else {
-        place(selector, side, right - valueBox - modeGap, captionWidth_);
-        value->setProperty("UnitCaptionWidth", wideUnit);
-        place(value, right - valueBox, right, 0);
-    }
-    rowTop_ += pitch;
-}
+void InputPanel::mode(Input kind, Input number) { rows_.mode((*this)[kind], (*this)[number]); }
 
 void InputPanel::coupled(Input dew, Input mid, Input pressure) {
     if ((*this)[pressure]->isHidden()) {
@@ -198,11 +150,8 @@ void InputPanel::coupled(Input dew, Input mid, Input pressure) {
 void InputPanel::tags() {
     if (!refrigerants_) return;
     const int halo = FieldFrame::halo;
-    const int width = rowWidth_ - 2 * side + 2 * halo;
     refrigerants_->setCaption(refrigerants_->caption(), captionWidth_);
-    const int height = refrigerants_->heightForWidth(width);
-    refrigerants_->setGeometry(side - halo, rowTop_ - halo, width, height);
-    rowTop_ += height - 2 * halo + pitch - AdvanceText::boxHeight;
+    rows_.block(refrigerants_, refrigerants_->heightForWidth(rows_.width() - 2 * side + 2 * halo), halo);
 }
 
 void InputPanel::layOutSubject() {
@@ -211,7 +160,7 @@ void InputPanel::layOutSubject() {
     single(Input::models);
     mode(Input::capacityKind, Input::capacity);
     pair(Input::toleranceBelow, Input::toleranceAbove);
-    if (refrigerants_) rowTop_ += groupGap;
+    if (refrigerants_) rows_.gap();
     tags();
     single(Input::allSeries);
     single(Input::market);
@@ -223,35 +172,35 @@ void InputPanel::layOutDrive() {
     single(Input::motorSize);
     single(Input::motorSpeed);
     single(Input::capacityStep);
-    if (refrigerants_) rowTop_ += groupGap;
+    if (refrigerants_) rows_.gap();
     pair(Input::minMachines, Input::maxMachines);
     single(Input::usesSteps);
     single(Input::inverterUse);
 }
 
 void InputPanel::layOutRows(int width) {
-    rowWidth_ = width;
-    rowTop_ = firstRow;
+    rows_ = PanelRows(width, captionWidth_);
     layOutSubject();
-    rowTop_ += groupGap;
+    rows_.gap();
     coupled(Input::evaporatingDew, Input::evaporatingMid, Input::evaporatingPressure);
     coupled(Input::condensingDew, Input::condensingMid, Input::condensingPressure);
-    rowTop_ += groupGap;
+    rows_.gap();
     mode(Input::superheatKind, Input::superheat);
     single(Input::subcooling);
     mode(Input::economizerMode, Input::economizer);
     mode(Input::oilCoolingMode, Input::oilCooling);
-    rowTop_ += groupGap;
+    rows_.gap();
     layOutDrive();
 }
 
 void InputPanel::layOut() {
     const int width = InternalWidth();
     layOutRows(width);
-    const int rowsHeight = rowTop_;
+    const int rowsHeight = rows_.top();
     const int ring = ctlBtn::ring;
     const int footer = buttonGap + buttonHeight;
-    const int rowsShown = std::max(pitch, std::min(rowsHeight, InternalHeight() - footer - helpGap));
+    const int rowsShown =
+        std::max(PanelRows::pitch, std::min(rowsHeight, InternalHeight() - footer - helpGap));
     // A bar next to the fields takes nothing of their width: it stands in the margin.
     PicInput_->resize(width, rowsHeight);
     scroll_->setGeometry(InternalLeft(), InternalTop(), width, rowsShown);

@@ -6,6 +6,7 @@
 
 #include "controls/Container.h"
 #include "inputs/SelectionInputs.h"
+#include "workspace/PanelRows.h"
 
 class QLabel;
 class QScrollArea;
@@ -52,7 +53,6 @@ class InputPanel : public Container {
     void pair(Input first, Input second);
     void mode(Input kind, Input number);
     void coupled(Input dew, Input mid, Input pressure);
-    void place(AdvanceText* field, int left, int right, int captionWidth);
     void layOutRows(int width);
     void layOutSubject();
     void layOutDrive();
@@ -76,8 +76,7 @@ class InputPanel : public Container {
     std::array<AdvanceText*, inputCount> fields_{};
     TagBox* refrigerants_ = nullptr;
     int captionWidth_;
-    int rowTop_ = 0;
-    int rowWidth_ = 0;
+    PanelRows rows_;
 };
 
 }  // namespace marvello

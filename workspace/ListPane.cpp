@@ -84,6 +84,7 @@ void ListPane::makePopUp() {
     }
     mnu_cpspopup_->addSeparator();
     addToPopUp(Command::addToComparison, [this] { emit chosenToCompare(selectedChoices()); });
+    addToPopUp(Command::addToYear, [this] { emit chosenForYear(selectedChoices()); });
     addToPopUp(Command::copy, [this] { copy(); });
     addToPopUp(Command::printPreview, [this] { print(true); });
     addToPopUp(Command::print, [this] { print(false); });

@@ -86,6 +86,8 @@ class ListPane : public Splitter {
     void pointUsed(const marvello::UsedPoint& point);
     /// The selected rows are to be compared.
     void chosenToCompare(const std::vector<marvello::ComparedChoice>& choices);
+    /// They are to run through a year.
+    void chosenForYear(const std::vector<marvello::ComparedChoice>& choices);
     /// A page was written to a file; the note says which.
     void exported(const QString& note);
 

@@ -5,6 +5,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QTextDocument>
+#include <QUrl>
 
 #include "controls/Look.h"
 #include "controls/TwoLineHeader.h"
@@ -26,7 +27,9 @@ QString heading(const QString& column) {
            unit.toHtmlEscaped() + QStringLiteral("</span>");
 }
 
-QString htmlOf(const PrintedList& list) {
+}  // namespace
+
+QString tableHtml(const PrintedList& list) {
     const auto line = [&list](const char* tag, const QStringList& texts) {
         QString cells;
         const bool isHead = &texts == &list.columns;
@@ -35,32 +38,38 @@ QString htmlOf(const PrintedList& list) {
                           list.wordColumns.contains(column));
         return QStringLiteral("<tr>") + cells + QStringLiteral("</tr>");
     };
-    QString html = QStringLiteral("<h2>") + list.title.toHtmlEscaped() + QStringLiteral("</h2><p>") +
-                   list.conditions.join(QStringLiteral("   \u00B7   ")).toHtmlEscaped() +
-                   QStringLiteral("</p><table width=\"100%\" cellspacing=\"0\" cellpadding=\"3\"><thead>") +
+    QString html = QStringLiteral("<table width=\"100%\" cellspacing=\"0\" cellpadding=\"3\"><thead>") +
                    line("th", list.columns) + QStringLiteral("</thead>");
     for (const QStringList& row : list.rows) html += line("td", row);
     return html + QStringLiteral("</table>");
 }
 
-}  // namespace
-
 void printList(const PrintedList& list, bool preview, QWidget* window) {
+    const QString html = QStringLiteral("<h2>") + list.title.toHtmlEscaped() + QStringLiteral("</h2><p>") +
+                         list.conditions.join(QStringLiteral("   \u00B7   ")).toHtmlEscaped() +
+                         QStringLiteral("</p>") + tableHtml(list);
+    printHtml(list.title, html, {}, preview, window);
+}
+
+void printHtml(const QString& title, const QString& html, const QHash<QString, QImage>& pictures,
+               bool preview, QWidget* window) {
     QPrinter printer(QPrinter::HighResolution);
     // The document has margins of its own.
     printer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()});
-    printer.setDocName(list.title);
-    const auto paint = [&list](QPrinter* to) {
+    printer.setDocName(title);
+    const auto paint = [&html, &pictures](QPrinter* to) {
         QTextDocument document;
+        for (auto picture = pictures.begin(); picture != pictures.end(); ++picture)
+            document.addResource(QTextDocument::ImageResource, QUrl(picture.key()), *picture);
         QFont font = lookFont();
         font.setPointSizeF(8.5);
         document.setDefaultFont(font);
-        document.setHtml(htmlOf(list));
+        document.setHtml(html);
         document.print(to);
     };
     if (preview) {
         QPrintPreviewDialog dialog(&printer, window);
-        dialog.setWindowTitle(list.title);
+        dialog.setWindowTitle(title);
         QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, paint);
         dialog.exec();
         return;

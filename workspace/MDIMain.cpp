@@ -36,6 +36,7 @@
 #include "workspace/frmFind.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmSelection.h"
+#include "workspace/frmYear.h"
 #include "workspace/frmselectionInverter.h"
 
 namespace marvello {
@@ -197,6 +198,9 @@ void MDIMain::newForm() {
         case frmMenu::find:
             newFind();
             break;
+        case frmMenu::year:
+            newYear();
+            break;
         default:
             break;
     }
@@ -230,20 +234,49 @@ void MDIMain::compare(const std::vector<ComparedChoice>& choices) {
     if (choices.empty()) return;
     frmComparison* form = comparison();
     if (!form) {
-        QMdiSubWindow* const before = area_->activeSubWindow();
-        QWidget* const inUse = QApplication::focusWidget();
-        setUpdatesEnabled(false);
         form = std::make_unique<frmComparison>().release();  // its window owns it
-        form->MeasureUnits(cmbmeasureunits_->Key().toInt(), false);
         connect(form, &frmComparison::addRequested, this, &MDIMain::offerToCompare);
-        place(form, form->focusWidget());
-        if (before) area_->setActiveSubWindow(before);
-        if (inUse) inUse->setFocus();
-        setUpdatesEnabled(true);
+        placeBehind(form);
     }
     const frmComparison::Added added = form->add(choices);
-    if (!added.note.isEmpty()) note(added.note);
-    if (!added.refusal.isEmpty()) MessageBox::show(this, MessageBox::Mark::information, added.refusal);
+    sayAdded(added.note, added.refusal);
+}
+
+void MDIMain::placeBehind(Form* form) {
+    QMdiSubWindow* const before = area_->activeSubWindow();
+    QWidget* const inUse = QApplication::focusWidget();
+    setUpdatesEnabled(false);
+    form->MeasureUnits(cmbmeasureunits_->Key().toInt(), false);
+    place(form, form->focusWidget());
+    if (before) area_->setActiveSubWindow(before);
+    if (inUse) inUse->setFocus();
+    setUpdatesEnabled(true);
+}
+
+void MDIMain::sayAdded(const QString& said, const QString& refusal) {
+    if (!said.isEmpty()) note(said);
+    if (!refusal.isEmpty()) MessageBox::show(this, MessageBox::Mark::information, refusal);
+}
+
+frmYear* MDIMain::newYear() {
+    const WaitCursor wait;
+    auto* form = std::make_unique<frmYear>().release();  // its window owns it
+    form->MeasureUnits(cmbmeasureunits_->Key().toInt(), false);
+    place(form, form->focusWidget());
+    return form;
+}
+
+void MDIMain::addToYear(const std::vector<ComparedChoice>& choices) {
+    if (choices.empty()) return;
+    frmYear* form = nullptr;
+    for (QMdiSubWindow* window : area_->subWindowList(QMdiArea::ActivationHistoryOrder))
+        if (auto* found = qobject_cast<frmYear*>(window->widget())) form = found;
+    if (!form) {
+        form = std::make_unique<frmYear>().release();
+        placeBehind(form);
+    }
+    const frmYear::Added added = form->add(choices);
+    sayAdded(added.note, added.refusal);
 }
 
 void MDIMain::offerToCompare(const QPoint& place) {
@@ -284,6 +317,7 @@ void MDIMain::open(InputForm* form) {
     if (auto* selection = qobject_cast<SelectionForm*>(form))
         selection->populateLVCPS(cmbGroupBy_->Key().toInt());
     connect(&form->results(), &ListPane::chosenToCompare, this, &MDIMain::compare);
+    connect(&form->results(), &ListPane::chosenForYear, this, &MDIMain::addToYear);
     place(form, firstInUse);
 }
 

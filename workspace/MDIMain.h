@@ -28,6 +28,7 @@ class SelectionForm;
 class WorkArea;
 class frmComparison;
 class frmFind;
+class frmYear;
 struct ComparedChoice;
 struct SelectionOfCandidate;
 
@@ -48,6 +49,7 @@ class MDIMain : public QMainWindow {
     SelectionForm* newSelection();
     SelectionForm* newInverterSelection();
     frmFind* newFind();
+    frmYear* newYear();
     Form* ActiveForm() const;
     QList<Form*> forms() const;
 
@@ -73,6 +75,13 @@ class MDIMain : public QMainWindow {
     frmComparison* comparison() const;
     /// Adds compressors to the comparison, which is opened behind the form at hand if there is none.
     void compare(const std::vector<ComparedChoice>& choices);
+    /// Adds compressors to the year that was used last, which is opened behind the form at hand if there is
+    /// none.
+    void addToYear(const std::vector<ComparedChoice>& choices);
+    /// Opens a form that has no place of its own yet behind the form at hand.
+    void placeBehind(Form* form);
+    /// Says what became of compressors that were added.
+    void sayAdded(const QString& note, const QString& refusal);
     /// Lets the user add a compressor of a list, from a menu at a place of the screen.
     void offerToCompare(const QPoint& place);
     /// Opens a solution of a search as a selection, and calculates it.

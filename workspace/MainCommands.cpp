@@ -124,6 +124,7 @@ void MDIMain::makeCommands() {
     onForm(Command::copy, [](Form& form) { form.CopyToClipBoard(); });
     onInputForm(Command::addToComparison,
                 [this](InputForm& form) { compare(form.results().selectedChoices()); });
+    onInputForm(Command::addToYear, [this](InputForm& form) { addToYear(form.results().selectedChoices()); });
     onForm(Command::print, [](Form& form) { form.PrintReport(false); });
     onForm(Command::printPreview, [](Form& form) { form.PrintReport(true); });
     onForm(Command::exportList, [](Form& form) { form.ExportCPS(); });
@@ -162,7 +163,7 @@ void MDIMain::makeMenus() {
         fill(menu(), "mnu_file", {{newSelection}, {closeForm, closeAll}, {printPreview, print}, {exit}});
     // One menu, below the menu bar and below the button of the tool bar.
     commands_[exports]->setMenu(fill(new QMenu(this), "mnu_tools_export", {{exportList, exportPolynomials}}));
-    mnu_tools_ = fill(menu(), "mnu_tools", {{exports, copy}, {addToComparison}});
+    mnu_tools_ = fill(menu(), "mnu_tools", {{exports, copy}, {addToComparison, addToYear}});
     mnu_tools_->addSeparator();
     mnu_tools_language_ = fill(mnu_tools_->addMenu(QString()), "mnu_tools_language", {});
     mnuWindow_ = fill(menu(), "mnuWindow", {{cascade, tileHorizontal, tileVertical, arrangeIcons}});

@@ -58,6 +58,14 @@ inline const Setting<QStringList> reportSections{QStringLiteral("Report/Sections
 /// Of the figures of a comparison, and over which temperature its curves go: 0 evaporating, 1 condensing.
 inline const Setting<int> comparisonWidth{QStringLiteral("Comparison/Width"), 780, 300, 4000};
 inline const Setting<int> comparisonAxis{QStringLiteral("Comparison/Axis"), 0, 0, 1};
+/// Of the inputs of a year, and of the figures above its charts. Its inputs: numbers, choices and texts by
+/// their names, and the bins of a profile of the user's.
+inline const Setting<int> yearWidth{QStringLiteral("Year/Width"), InputsFold::minWidth, InputsFold::minWidth,
+                                    InputsFold::maxWidth};
+inline const Setting<int> yearHeight{QStringLiteral("Year/Height"), 318, 100, 4000};
+inline const Setting<QHash<QString, double>> yearNumbers{QStringLiteral("Year/Numbers"), {}, -1e6, 1e6};
+inline const Setting<QHash<QString, QString>> yearTexts{QStringLiteral("Year/Texts")};
+inline const Setting<QString> yearBins{QStringLiteral("Year/Bins")};
 inline const Setting<QString> exportFolder{QStringLiteral("Export/Folder")};
 inline const Setting<QString> reportFolder{QStringLiteral("Reports/Folder")};
 

@@ -22,10 +22,10 @@ namespace {
 constexpr double panelHeight = 404;
 constexpr double margin = 28;
 constexpr double cardTop = 70;
-constexpr double cardWidth = 272;
+constexpr double cardWidth = 240;
 constexpr double cardHeight = 280;
 constexpr double cardGap = 20;
-constexpr double panelWidth = 2 * margin + 3 * cardWidth + 2 * cardGap;
+constexpr double panelWidth = 2 * margin + 4 * cardWidth + 3 * cardGap;
 constexpr double hintsTop = cardTop + cardHeight + 16;
 constexpr double hintHeight = 22;
 constexpr double dimming = 0.28;
@@ -43,7 +43,8 @@ struct CardFace {
 constexpr std::array faces{
     CardFace{frmMenu::selection, "frmmenu.selection", "frmmenu.selection.text", ArtAddition::none},
     CardFace{frmMenu::inverter, "frmmenu.inverter", "frmmenu.inverter.text", ArtAddition::inverter},
-    CardFace{frmMenu::find, "frmmenu.find", "frmmenu.find.text", ArtAddition::search}};
+    CardFace{frmMenu::find, "frmmenu.find", "frmmenu.find.text", ArtAddition::search},
+    CardFace{frmMenu::year, "frmmenu.year", "frmmenu.year.text", ArtAddition::bars}};
 
 constexpr std::size_t placeIn(frmMenu::Choice choice) {
     return static_cast<std::size_t>(choice - frmMenu::selection);
@@ -150,13 +151,13 @@ void frmMenu::keyPressEvent(QKeyEvent* event) {
             turnOn(static_cast<Choice>(std::max<int>(on_ - 1, selection)));
             break;
         case Qt::Key_Right:
-            turnOn(static_cast<Choice>(std::min<int>(on_ + 1, find)));
+            turnOn(static_cast<Choice>(std::min<int>(on_ + 1, year)));
             break;
         case Qt::Key_Tab:
-            turnOn(on_ == find ? selection : static_cast<Choice>(on_ + 1));
+            turnOn(on_ == year ? selection : static_cast<Choice>(on_ + 1));
             break;
         case Qt::Key_Backtab:
-            turnOn(on_ == selection ? find : static_cast<Choice>(on_ - 1));
+            turnOn(on_ == selection ? year : static_cast<Choice>(on_ - 1));
             break;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -222,7 +223,7 @@ void frmMenu::paintChoice(QPainter& painter, Choice choice) const {
     soft.setAlphaF(0.25F);
     const ArtColours colours{isOn ? look.accent : look.controlLine, isOn ? soft : look.line,
                              look.isDark ? look.surfaceAlt : look.surface};
-    paintCompressor(painter, place.adjusted(40, 24, -40, -92), colours, faceOf(choice).addition);
+    paintCompressor(painter, place.adjusted(28, 24, -28, -92), colours, faceOf(choice).addition);
     const auto line = [&](const char* key, double bottom, const QFont& font, const QColor& colour) {
         painter.setFont(font);
         painter.setPen(colour);

@@ -16,7 +16,7 @@ class frmMenu : public QDialog {
     Q_OBJECT
 
   public:
-    enum Choice { none = 0, selection = 1, inverter = 2, find = 3 };
+    enum Choice { none = 0, selection = 1, inverter = 2, find = 3, year = 4 };
 
     explicit frmMenu(QWidget* frame);
 
@@ -46,7 +46,7 @@ class frmMenu : public QDialog {
     void makeCards();
 
     QPixmap under_;
-    std::array<QAbstractButton*, 3>
+    std::array<QAbstractButton*, 4>
         cards_{};  // what a screen reader finds in the place of the painted choices
     QVariantAnimation* fade_;
     Choice on_ = selection;

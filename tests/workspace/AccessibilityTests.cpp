@@ -2,9 +2,12 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QClipboard>
+#include <QTableView>
 #include <QTimer>
 #include <functional>
 
+#include "controls/TabStrip.h"
 #include "controls/TagBox.h"
 #include "controls/ctlBtn.h"
 #include "data/Hooks.h"
@@ -20,6 +23,7 @@
 #include "workspace/frmFind.h"
 #include "workspace/frmMenu.h"
 #include "workspace/frmRefrigerant.h"
+#include "workspace/frmYear.h"
 #include "workspace/frmpG.h"
 
 using namespace marvello;
@@ -113,6 +117,26 @@ TEST_F(AccessibilityTest, EveryControlOfTheComparisonHasANameAndABestValueIsSaid
          [&](QAccessibleInterface* node) { cells += name(node); });
     EXPECT_TRUE(cells.contains("Refrigerant"));
     EXPECT_FALSE(cells.filter("TK-A-100 Capacity kW, ").isEmpty());
+}
+
+TEST_F(AccessibilityTest, EveryControlOfAYearHasANameAndTablesSayWhatTheChartsShow) {
+    frmYear* form = window.newYear();
+    expectNames(window, "a year without plants");
+    auto* bins = control<QTableView>(*form, "binTable");
+    bins->setCurrentIndex(bins->model()->index(0, 0));
+    QGuiApplication::clipboard()->setText("10\t1000\t50\n30\t100\t100\n");
+    QTest::keyClick(bins, Qt::Key_V, Qt::ControlModifier);
+    type(*form, "txtPlant1", "TK-A-100 R134A");
+    ASSERT_TRUE(QTest::qWaitFor([form] { return form->hasResults() && !form->isCalculating(); }));
+    for (int page = 0; page < control<TabStrip>(*form, "yearTabs")->count(); ++page) {
+        control<TabStrip>(*form, "yearTabs")->setCurrentIndex(page);
+        QApplication::processEvents();
+        expectNames(window, "a page of a year");
+    }
+    QStringList cells;
+    walk(QAccessible::queryAccessibleInterface(control<QWidget>(*form, "binTable")),
+         [&](QAccessibleInterface* node) { cells += name(node); });
+    EXPECT_FALSE(cells.filter("Outdoor").isEmpty());
 }
 
 TEST_F(AccessibilityTest, FieldsAreComboBoxesAndValuesThatSayWhatTheyAre) {
@@ -215,7 +239,7 @@ TEST_F(AccessibilityTest, EveryControlOfTheOtherWindowsHasAName) {
     walk(QAccessible::queryAccessibleInterface(&menu), [&](QAccessibleInterface* node) {
         if (node->role() == QAccessible::Button) choices += name(node);
     });
-    EXPECT_EQ(choices.size(), 3) << "the choices are painted, and named all the same";
+    EXPECT_EQ(choices.size(), 4) << "the choices are painted, and named all the same";
 
     progress.setPercent(62);
     QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(control<QWidget>(progress, "pg"));

@@ -152,8 +152,9 @@ TEST_F(MainWindowTest, TheStartMenuOpensTheFormChosen) {
     answer([](frmMenu& menu) { QTest::mouseClick(&menu, Qt::LeftButton, {}, QPoint(5, 5)); });
     EXPECT_EQ(tabs()->count(), 0);
     answer([](frmMenu& menu) {
-        for (const auto key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_Tab,
-                               Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Space})
+        for (const auto key :
+             {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_Tab,
+              Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Left, Qt::Key_Space})
             QTest::keyClick(&menu, key);
     });
     ASSERT_EQ(tabs()->count(), 1);
@@ -171,6 +172,10 @@ TEST_F(MainWindowTest, TheStartMenuOpensTheFormChosen) {
     });
     EXPECT_EQ(tabs()->tabText(2), "3 Find");
     EXPECT_EQ(qobject_cast<InputForm*>(window->ActiveForm())->TypeForm(), 2);
+    answer([](frmMenu& menu) {
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.placeOf(frmMenu::year).center().toPoint());
+    });
+    EXPECT_EQ(tabs()->tabText(3), "4 A year");
     // Kept: all but the inverter's form.
     action("mnu_file_closeall")->trigger();
     settle();

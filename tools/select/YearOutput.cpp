@@ -1,7 +1,6 @@
 #include "tools/select/YearOutput.h"
 
 #include <algorithm>
-#include <cmath>
 #include <nlohmann/json.hpp>
 
 #include "data/Csv.h"
@@ -330,11 +329,9 @@ std::string yearText(const YearAnswer& answer) {
 }
 
 std::vector<std::string> yearRemarks(const YearAnswer& answer) {
-    constexpr double hoursOfAYear = 8760;
-    constexpr double hoursOfALeapYear = 8784;
     const Year& year = answer.year;
     std::vector<std::string> remarks;
-    if (std::abs(year.hours - hoursOfAYear) > 0.01 && std::abs(year.hours - hoursOfALeapYear) > 0.01)
+    if (!answer.question.year.profile.isOfAYear())
         remarks.push_back("profile: its hours sum to " + shown(year.hours, "#0.##") + ", not 8760");
     if (year.unmet > 0) {
         const YearBin& worst =

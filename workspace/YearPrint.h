@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QStringList>
+
+class QWidget;
+
+namespace marvello {
+
+/// A year on paper; the first rows of the tables are their heads.
+struct PrintedYear {
+    QString title;
+    QString subject;
+    QList<QStringList> figures;
+    QString best;  ///< What the mark of the best values means.
+    QStringList differences;
+    QStringList warnings;
+    QString chartTitle;
+    QImage chart;
+    QList<QStringList> bins;
+    QString assumptionsTitle;
+    QStringList assumptions;
+};
+
+/// Prints a year on A4 sheets across, on a printer that the user chooses, or shows it in a window first.
+void printYear(const PrintedYear& year, bool preview, QWidget* window);
+
+}  // namespace marvello
