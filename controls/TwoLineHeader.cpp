@@ -188,7 +188,7 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int secti
     painter->fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), look.line);
     painter->setPen(look.text);
     painter->setFont(nameFont());
-    if (section == 0) {
+    if (section == 0 && !isFirstNumbers_) {
         painter->drawText(rect.adjusted(12, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter, name);
         const int end = rect.left() + 12 + painter->fontMetrics().horizontalAdvance(name);
         if (section == sortSection_)

@@ -29,7 +29,7 @@ ChartScale scaleOf(const std::vector<double>& values, const ChartAxis& axis, dou
     }
     if (high - low <= 1e-9 * std::max(std::abs(low), std::abs(high))) {
         const double around = low == 0 ? 1 : std::abs(low) / 10;
-        low -= around;
+        if (!axis.hasZero) low -= around;
         high += around;
     }
     const double step = roundStep(high - low, std::max(most, 1.0));
@@ -48,6 +48,11 @@ std::vector<double> valuesOf(const Chart& chart, double DrawnPoint::* part, std:
         for (const ChartBars& bars : chart.bars)
             values.insert(values.end(), bars.values.begin(), bars.values.end());
     return values;
+}
+
+bool hasSecondLine(const Chart& chart) {
+    return std::ranges::any_of(chart.categories,
+                               [](const ChartCategory& category) { return !category.second.empty(); });
 }
 
 /// Lines through a rectangle at a slope of 1 or -1, or level ones, so far apart.
@@ -203,6 +208,7 @@ void ChartPicture::bars() {
     const double room = (plane_.right() - plane_.left()) / static_cast<double>(chart_.categories.size());
     const double width = room * (room < narrow * 2 ? 0.9 : share) / static_cast<double>(chart_.bars.size());
     const double gap = width >= narrow ? 3 : 0;
+    const double foot = plane_.placeOf({0, 0}).y;
     for (std::size_t each = 0; each < chart_.bars.size(); ++each) {
         const ChartBars& bars = chart_.bars[each];
         const double offset =
@@ -210,8 +216,8 @@ void ChartPicture::bars() {
         for (std::size_t i = 0; i < bars.values.size(); ++i) {
             const DrawnPoint top = plane_.placeOf({static_cast<double>(i) + 0.5, bars.values[i]});
             const double left = top.x + offset + gap / 2;
-            if (plane_.bottom() - top.y < 0.5) continue;  // nothing to be seen
-            bar({left, top.y}, {left + width - gap, plane_.bottom()}, bars.fill);
+            if (foot - top.y < 0.5) continue;  // nothing to be seen
+            bar({left, top.y}, {left + width - gap, foot}, bars.fill);
         }
     }
 }
@@ -256,7 +262,7 @@ void ChartPicture::axisUp(const ChartScale& scale, bool isSecond) {
 
 void ChartPicture::titles() {
     constexpr double above = 12;
-    const double below = chart_.categories.empty() ? 34 : 48;
+    const double below = hasSecondLine(chart_) ? 48 : 34;
     line({{plane_.left(), plane_.top()},
           {plane_.left(), plane_.bottom()},
           {plane_.right(), plane_.bottom()},
@@ -346,7 +352,7 @@ ChartPlane::ChartPlane(const Chart& chart, double width, double height)
     constexpr double forNumbers = 52;
     constexpr double narrow = 16;
     constexpr double forTitles = 34;
-    const double forAxis = categories_ > 0 ? 58 : 44;
+    const double forAxis = hasSecondLine(chart) ? 58 : 44;
     constexpr double betweenAcross = 55;  // pixels between two numbers
     constexpr double betweenUp = 34;
     left_ = forNumbers;

@@ -11,7 +11,7 @@ namespace marvello {
 
 namespace {
 
-/// Up to so many bins each has a ring.
+/// Up to so many bins each has a ring and its hours.
 constexpr std::size_t fewBins = 24;
 
 BarFill fillOf(std::size_t place) {
@@ -32,13 +32,14 @@ class ChartMaker {
   public:
     ChartMaker(const YearComparison& comparison, const YearStyle& style, std::optional<std::size_t> marked)
         : comparison_(comparison), style_(style), heads_(yearHeads(comparison)) {
-        frame_.across.title =
-            dictionaryText("frmyear.chart.across", {unitText(Quantity::temperature, style.units)});
+        const bool hasHours = bins().size() <= fewBins;
+        frame_.across.title = dictionaryText(hasHours ? "frmyear.chart.across" : "frmyear.chart.outdoor",
+                                             {unitText(Quantity::temperature, style.units)});
         for (const LoadBin& bin : bins())
             frame_.categories.push_back(
                 {formatNumber(convertedTemperature(bin.outdoor, UnitSystem::metric, style.units), "#0.#",
                               style.marks),
-                 formatNumber(bin.hours, "#0.#", style.marks) + " h"});
+                 hasHours ? formatNumber(bin.hours, "#0.#", style.marks) + " h" : std::string()});
         if (marked && *marked < bins().size()) frame_.markedCategory = marked;
     }
 

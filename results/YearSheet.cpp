@@ -22,7 +22,7 @@ class SheetMaker {
     SheetMaker(const YearComparison& comparison, const YearStyle& style)
         : comparison_(comparison), style_(style), heads_(yearHeads(comparison)) {
         const std::string temperature = unitText(Quantity::temperature, style.units);
-        sheet_.columns = {{"outdoor", text("frmyear.column.outdoor"), temperature},
+        sheet_.columns = {{"outdoor", text("frmyear.column.outdoor") + ' ' + temperature, ""},
                           {"hours", text("frmyear.column.hours"), "h"},
                           {"load", text("frmyear.column.load"), "%"},
                           {"needed", text("frmyear.column.needed"), unitText(Quantity::power, style.units)},

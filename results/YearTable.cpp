@@ -44,7 +44,9 @@ class TableMaker {
                                  return tewi.total.value_or(
                                      std::max(tewi.direct.value_or(0), tewi.indirect.value_or(0)));
                              }),
-                             "kg", "t")) {}
+                             "kg", "t")),
+          less_(largest([](const YearOfPlant& plant) { return plant.year.unmet; }) > 0 ? Better::neither
+                                                                                       : Better::lower) {}
 
     YearTable table() {
         YearTable table;
@@ -90,7 +92,7 @@ class TableMaker {
             row("cooling", "frmyear.row.cooling", coolingScale(), Better::neither, [this](const auto& plant) {
                 return convertedCapacity(plant.year.delivered, UnitSystem::metric, style_.units);
             }));
-        rows.push_back(row("energy", "frmyear.row.energy", energy_, Better::lower,
+        rows.push_back(row("energy", "frmyear.row.energy", energy_, less_,
                            [](const auto& plant) { return plant.year.energy; }));
         rows.push_back(row("seasonalCop", "frmyear.row.cop", {"", 1, twoPlaces}, Better::higher,
                            [](const auto& plant) { return plant.year.seasonalCop(); }));
@@ -104,7 +106,7 @@ class TableMaker {
                            [](const auto& plant) { return plant.year.intermittentHours; }));
         if (isAny([](const auto& plant) { return plant.year.unmet > 0; })) addUnmet(rows);
         if (terms_.price)
-            rows.push_back(row("cost", "frmyear.row.cost", costScale(), Better::lower,
+            rows.push_back(row("cost", "frmyear.row.cost", costScale(), less_,
                                [](const auto& plant) { return plant.cost(); }));
         addEmissions(rows);
         return rows;
@@ -117,15 +119,17 @@ class TableMaker {
     }
 
     void addUnmet(std::vector<ComparedRow>& rows) const {
-        rows.push_back(row("unmet", "frmyear.row.unmet", {"kWh"}, Better::lower,
-                           [](const auto& plant) { return plant.year.unmet; }));
+        rows.push_back(
+            row("unmet", "frmyear.row.unmet", {unmetUnit()}, Better::lower, [this](const auto& plant) {
+                return convertedCapacity(plant.year.unmet, UnitSystem::metric, style_.units);
+            }));
         rows.push_back(row("unmetHours", "frmyear.row.unmethours", {"h"}, Better::lower,
                            [](const auto& plant) { return plant.year.unmetHours; }));
     }
 
     void addEmissions(std::vector<ComparedRow>& rows) const {
         const auto add = [&](std::string_view name, std::string_view key, auto of) {
-            ComparedRow made = row(name, key, emissions_, Better::lower, of);
+            ComparedRow made = row(name, key, emissions_, less_, of);
             const bool isEmpty =
                 std::ranges::all_of(made.cells, [](const ComparedCell& cell) { return !cell.value; });
             if (!isEmpty) rows.push_back(std::move(made));
@@ -175,6 +179,15 @@ class TableMaker {
         return lines;
     }
 
+    /// Of cooling, such as "830 kWh".
+    std::string unmetText(double kilowattHours) const {
+        const double shown = convertedCapacity(kilowattHours, UnitSystem::metric, style_.units);
+        return withUnit(formatNumber(shown, whole, style_.marks), unmetUnit());
+    }
+    std::string unmetUnit() const {
+        return style_.units == UnitSystem::imperial ? dictionaryText("frmyear.tonhours") : "kWh";
+    }
+
     std::string hoursText(double hours) const { return formatNumber(hours, "#0.#", style_.marks); }
 
     void warn(std::vector<std::string>& warnings, std::size_t i) const {
@@ -182,11 +195,11 @@ class TableMaker {
         if (plant.canRun() && plant.year.unmet > 0) {
             const YearBin& worst = *std::ranges::max_element(
                 plant.year.bins, {}, [](const YearBin& bin) { return bin.load.unmet; });
-            warnings.push_back(dictionaryText(
-                "frmyear.warning.unmet",
-                {heads_[i].name, temperatureText(worst.bin.outdoor, style_),
-                 capacityText(worst.delivered(), style_), capacityText(worst.needed, style_),
-                 hoursText(plant.year.unmetHours), formatNumber(plant.year.unmet, whole, style_.marks)}));
+            warnings.push_back(
+                dictionaryText("frmyear.warning.unmet",
+                               {heads_[i].name, temperatureText(worst.bin.outdoor, style_),
+                                capacityText(worst.delivered(), style_), capacityText(worst.needed, style_),
+                                hoursText(plant.year.unmetHours), unmetText(plant.year.unmet)}));
         }
         if (plant.canRun()) warnOfMachines(warnings, plant);
         if (terms_.emissions.charge && !plant.emissions.gwp)
@@ -223,6 +236,8 @@ class TableMaker {
     const std::vector<ComparedHead> heads_;
     const Scale energy_;
     const Scale emissions_;
+    /// Of what is taken, cost or emitted: not without doubt where a part of the load is not met.
+    const Better less_;
 };
 
 }  // namespace

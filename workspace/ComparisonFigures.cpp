@@ -215,7 +215,7 @@ void ComparisonFigures::layOut() {
     const int machines = model_.columnCount() - 1;
     if (machines < 1) return;
     const int forCaptions =
-        std::clamp(viewport()->width() - machines * minColumnWidth, minCaptionWidth, captionWidth);
+        std::clamp(viewport()->width() - machines * minColumnWidth, minCaptionWidth, captionRoom_);
     setColumnWidth(0, forCaptions);
     const int room = viewport()->width() - forCaptions;
     const int width = std::max(room / machines, minColumnWidth);

@@ -48,6 +48,8 @@ class ComparisonFigures : public QTableView {
 
     explicit ComparisonFigures(QWidget* parent = nullptr);
 
+    /// How wide the captions are where there is room for it.
+    void setCaptionWidth(int width) { captionRoom_ = width; }
     void setTable(ComparisonTable table, const QString& bestText);
     const ComparisonTable& table() const { return model_.table(); }
     /// The machine of the cell in use, -1 without one.
@@ -66,6 +68,7 @@ class ComparisonFigures : public QTableView {
     void layOut();
 
     ComparisonModel model_;
+    int captionRoom_ = captionWidth;
 };
 
 }  // namespace marvello

@@ -307,6 +307,7 @@ YearBins::YearBins(QWidget* parent) : QWidget(parent), table_(new Table(*this)),
 void YearBins::translate() {
     table_->setAccessibleName(text("frmyear.open.title"));
     emit model_.headerDataChanged(Qt::Horizontal, 0, binColumns);
+    layOut();
     showSum();
 }
 
@@ -436,15 +437,21 @@ void YearBins::paintEvent(QPaintEvent*) {
     frame.paint(painter, QRectF(rect()).adjusted(halo, halo, -halo, -halo));
 }
 
-void YearBins::resizeEvent(QResizeEvent*) {
+void YearBins::resizeEvent(QResizeEvent*) { layOut(); }
+
+void YearBins::layOut() {
     const QRect inside = rect().adjusted(halo + 1, halo + 1, -halo - 1, -halo - 1);
     table_->setGeometry(inside.adjusted(0, 0, 0, -sumHeight));
     sum_->setGeometry(inside.left() + side, inside.bottom() + 1 - sumHeight, inside.width() - 2 * side,
                       sumHeight);
     // The bar of a long table takes its room whether it is there or not, so that the columns stand still.
     const int width = inside.width() - table_->verticalScrollBar()->sizeHint().width();
-    for (int column = 0; column < model_.columnCount(); ++column)
-        table_->setColumnWidth(column, width / model_.columnCount());
+    const QString last =
+        model_.headerData(BinsModel::condensingColumn, Qt::Horizontal, Qt::DisplayRole).toString();
+    const int lastWidth = std::max(width / model_.columnCount(), TwoLineHeader::widthOf(last));
+    for (int column = 0; column < binColumns; ++column)
+        table_->setColumnWidth(column, (width - lastWidth) / binColumns);
+    table_->setColumnWidth(BinsModel::condensingColumn, lastWidth);
 }
 
 }  // namespace marvello

@@ -90,6 +90,7 @@ class YearBins : public QWidget {
 
     void refused(const QString& sentence);
     void showSum();
+    void layOut();
     void copy() const;
     void paste();
     void insertRow();

@@ -88,6 +88,13 @@ void YearPages::translate() {
     assumptions_->setAccessibleName(text("frmyear.assumptions"));
 }
 
+// In a low page the table needs the room more than the chart, which says less.
+void YearPages::resizeEvent(QResizeEvent* event) {
+    constexpr int lowBelow = 330;
+    QWidget::resizeEvent(event);
+    charts_[loadChart]->setVisible(height() >= lowBelow);
+}
+
 QWidget* YearPages::page() const { return stack_->currentWidget(); }
 
 void YearPages::step(int by) {

@@ -37,6 +37,9 @@ class YearPages : public QWidget {
     /// The chart of energy, for paper.
     const ChartPane& energy() const { return *charts_.front(); }
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   signals:
     /// The user chose a bin, in a chart or a table.
     void binChosen(std::size_t bin);

@@ -303,6 +303,9 @@ void YearPanel::makeFields() {
     evaporating_->SetTextAlignment(1);
     evaporating_->setProperty("UnitCaptionVisible", true);
     connect(evaporating_, &AdvanceText::TextChange, this, &YearPanel::typedEvaporating);
+    connect(evaporating_, &AdvanceText::TextLostFocus, this, [this] {
+        if (!evaporating_->isInvalid()) showEvaporating();
+    });
     for (const Number& number : numberDefinitions()) makeNumber(number);
     for (const Choices& choice : choiceDefinitions()) makeChoice(choice);
     currency_ = newField("txtCurrency");
@@ -435,6 +438,11 @@ void YearPanel::showChoice(std::size_t place) {
     of.SetTextValue(fromCore(ListLookup(toCore(key), toCore(of.Tag1()))));
 }
 
+void YearPanel::showEvaporating() {
+    evaporating_->SetTextValue(fromCore(enteredText(inputs_.evaporating, units_, marksOf(QLocale()))));
+    evaporating_->SetRefusal({});
+}
+
 void YearPanel::showChoices() {
     for (std::size_t i = 0; i < choices_.size(); ++i) showChoice(i);
 }
@@ -448,8 +456,7 @@ void YearPanel::show() {
     for (std::size_t i = 0; i < numbers_.size(); ++i) showNumber(i);
     showChoices();
     evaporating_->SetUnitCaptiontext(fromCore(unitText(temperature, units_)));
-    evaporating_->SetTextValue(fromCore(enteredText(inputs_.evaporating, units_, marksOf(QLocale()))));
-    evaporating_->SetRefusal({});
+    showEvaporating();
     currency_->SetTextValue(inputs_.currency);
     field("txtPrice")->SetUnitCaptiontext(inputs_.currency);
     const bool isFixed = inputs_.condensing == Condensing::fixed;

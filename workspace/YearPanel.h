@@ -71,6 +71,7 @@ class YearPanel : public Container {
     void takeBins(bool isLoad);
     void showNumber(std::size_t number);
     void showChoice(std::size_t choice);
+    void showEvaporating();
     void showChoices();
     void showBins();
     void layOut();

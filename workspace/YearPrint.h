@@ -14,10 +14,12 @@ struct PrintedYear {
     QString subject;
     QList<QStringList> figures;
     QString best;  ///< What the mark of the best values means.
-    QStringList differences;
+    QString differencesTitle;
+    QStringList differences;  ///< Empty for one plant.
     QStringList warnings;
     QString chartTitle;
     QImage chart;
+    QString binsTitle;
     QList<QStringList> bins;
     QString assumptionsTitle;
     QStringList assumptions;

@@ -53,6 +53,7 @@ constexpr int beforeProgress = 300;
 constexpr int betweenProgress = 100;
 
 constexpr int minTop = 120;
+constexpr int roomForSide = 600;
 constexpr int minPages = 200;
 constexpr int minResults = 320;
 
@@ -133,17 +134,19 @@ void frmYear::makePanes() {
 void frmYear::makeResults() {
     setUpPane(*top_, "yearTop");
     setUpPane(*pages_, "yearPages");
+    constexpr int captions = 180;
+    figures_->setCaptionWidth(captions);
     figures_->setObjectName(QStringLiteral("yearFigures"));
     auto* column = new QVBoxLayout;
     column->setSpacing(0);
     column->addWidget(heads_);
     column->addWidget(figures_, 1);
-    auto* row = new QHBoxLayout(top_);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
-    row->addLayout(column, 11);
-    row->addWidget(new Hairline(top_));
-    row->addWidget(side_, 9);
+    topRow_ = new QHBoxLayout(top_);
+    topRow_->setContentsMargins(0, 0, 0, 0);
+    topRow_->setSpacing(0);
+    topRow_->addLayout(column, 3);
+    topRow_->addWidget(new Hairline(top_));
+    topRow_->addWidget(side_, 2);
     results_->SetOrientation(1);
     results_->SetChild1(QStringLiteral("yearTop"));
     results_->SetChild2(QStringLiteral("yearPages"));
@@ -416,6 +419,9 @@ void frmYear::keep() const { keepYearInputs(inputs_); }
 
 void frmYear::resizeEvent(QResizeEvent*) {
     splitter_->setGeometry(rect());
+    // Without room next to the figures, what there is to say of them is below.
+    const bool isNarrow = width() - splitter_->SplitterPos() < roomForSide;
+    topRow_->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     veil_->setGeometry(results_->rect());
 }
 
@@ -479,15 +485,16 @@ void frmYear::PrintReport(bool preview) {
     for (const YearDifference& difference : table_.differences)
         differences += marvello::fromCore(difference.caption) + QStringLiteral(": ") +
                        fromCore(difference.values).join(QStringLiteral(", "));
-    if (!differences.isEmpty()) differences.prepend(text("frmyear.difference"));
     printYear({.title = text("formselection.year").trimmed(),
                .subject = subject(),
                .figures = figureRows(bestMark),
                .best = bestMark + text("frmcomparison.best"),
+               .differencesTitle = text("frmyear.difference"),
                .differences = differences,
                .warnings = fromCore(table_.warnings),
                .chartTitle = text("frmyear.tab.energy"),
                .chart = imageOf(pages_->energy().onPaper(chartSize), pixels),
+               .binsTitle = text("frmyear.open.title"),
                .bins = pages_->table(),
                .assumptionsTitle = text("frmyear.assumptions"),
                .assumptions = assumptions()},

@@ -10,6 +10,7 @@
 #include "workspace/YearInputs.h"
 #include "workspace/YearRun.h"
 
+class QBoxLayout;
 class QTimer;
 
 namespace marvello {
@@ -114,6 +115,7 @@ class frmYear : public Form {
     ComparisonFigures* figures_;
     YearHeads* heads_;
     YearSide* side_;
+    QBoxLayout* topRow_ = nullptr;
     YearPages* pages_;
     EmptyPage* empty_;
     QWidget* veil_;     ///< over results that belong to other inputs

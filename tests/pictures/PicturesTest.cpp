@@ -125,7 +125,7 @@ class Folder {
   public:
     Folder() {
         const QDir folder(folder_.path());
-        for (const char* kept : {"db.mdb", "libRefprop.so", "Fluids"})
+        for (const char* kept : {"db.mdb", "libRefprop.so", "Fluids", "year"})
             QFile::link(QStringLiteral(MARVELLO_APP_FOLDER "/") + kept, folder.filePath(kept));
         for (const char* made : {"images/photos", "Images", "guide"}) folder.mkpath(made);
         QFile::link(QStringLiteral(MARVELLO_SOURCE_FOLDER "/content/pictures/dimensions"),
@@ -222,21 +222,28 @@ bool isOwn(const QString& step) {
            (!step.endsWith(u"-preview") || step == u"report-warnings-preview");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, WindowPictures,
-    ::testing::Values(Tour{"window", Look::light, "en-EN", 1, isOwn},
-                      Tour{"window-dark", Look::dark, "en-EN", 1,
-                           [](const QString& step) {
-                               return QStringList{"start-menu-inverter", "about", "page-messages",
-                                                  "page-limits-moved",   "find",  "comparison"}
-                                   .contains(step);
-                           }},
-                      Tour{"window-200", Look::light, "de-DE", 2,
-                           [](const QString& step) {
-                               return QStringList{"drop-list", "page-menu", "box", "progress", "find-inputs"}
-                                   .contains(step);
-                           }}),
-    [](const auto& tour) { return QString(tour.param.name).remove(u'-').toStdString(); });
+INSTANTIATE_TEST_SUITE_P(All, WindowPictures,
+                         ::testing::Values(Tour{"window", Look::light, "en-EN", 1, isOwn},
+                                           Tour{"window-dark", Look::dark, "en-EN", 1,
+                                                [](const QString& step) {
+                                                    return QStringList{"start-menu-inverter",
+                                                                       "about",
+                                                                       "page-messages",
+                                                                       "page-limits-moved",
+                                                                       "find",
+                                                                       "comparison",
+                                                                       "year"}
+                                                        .contains(step);
+                                                }},
+                                           Tour{"window-200", Look::light, "de-DE", 2,
+                                                [](const QString& step) {
+                                                    return QStringList{"drop-list", "page-menu",   "box",
+                                                                       "progress",  "find-inputs", "year"}
+                                                        .contains(step);
+                                                }}),
+                         [](const auto& tour) {
+                             return QString(tour.param.name).remove(u'-').toStdString();
+                         });
 
 }  // namespace
 

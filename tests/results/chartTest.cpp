@@ -127,6 +127,15 @@ TEST(Chart, BarsStandOverTheirCategories) {
     EXPECT_NEAR(middle - solid[1].points[0].x, hatched[1].points[1].x - middle, 1e-9);
 }
 
+TEST(Chart, BarsOfNothingAreNotSeen) {
+    Chart chart = threeBins();
+    chart.bars = {{{0, 0, 0}, BarFill::solid}};
+    chart.legend.clear();
+    chart.markedCategory.reset();
+    EXPECT_EQ(ChartPlane(chart, 700, 400).up().low, 0);
+    EXPECT_TRUE(shapesOf<DrawnArea>(chartDrawing(chart, {.width = 700, .height = 400})).empty());
+}
+
 TEST(Chart, HatchingStaysInItsBar) {
     Chart chart = threeBins();
     chart.bars = {{{10, 20, 40}, BarFill::crosshatched}};

@@ -109,6 +109,7 @@ TEST_F(YearTableTest, LoadThatIsNotMetIsSaidWithHoursAndKilowatts) {
     other.year.bins[1].errors = {"messages.message01", ""};
     const YearTable table = yearTable(years_, style_);
     EXPECT_EQ(texts(table, "unmet"), "830 | 0* kWh");
+    EXPECT_EQ(texts(table, "energy"), "22.0 | 19.8 MWh") << "less is not better for a smaller load";
     ASSERT_EQ(table.warnings.size(), 2U);
     EXPECT_EQ(
         table.warnings[0],

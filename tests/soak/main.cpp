@@ -18,6 +18,7 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
@@ -45,6 +46,7 @@
 #include "workspace/SelectionForm.h"
 #include "workspace/WindowTexts.h"
 #include "workspace/frmFind.h"
+#include "workspace/frmYear.h"
 
 namespace marvello {
 
@@ -98,7 +100,7 @@ class Soak {
         void (Soak::*act)();
     };
     static constexpr int most = 6;  ///< forms
-    static const Action actions[22];
+    static const Action actions[23];
 
     int random(qsizetype below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
     template <class List>
@@ -129,8 +131,10 @@ class Soak {
             // Behind this beginning is the range of the refrigerant.
             const bool isRefused =
                 box.startsWith(dictionaryText("frmselection.nosaturation").section(u'{', 0, 0));
-            demand(ofFields.contains(box) || (action.isRun && (isRefused || ofRuns.contains(box))) ||
-                       action.act == &Soak::dialogs,
+            // The fields of a year have limits.
+            const bool isLimit = box.startsWith("Error...\nValue (Min=") && action.act == &Soak::workYear;
+            demand(ofFields.contains(box) || isLimit ||
+                       (action.isRun && (isRefused || ofRuns.contains(box))) || action.act == &Soak::dialogs,
                    "An unexpected box: " + box);
         }
         demand(!QApplication::activeModalWidget(), "A dialog was left open.");
@@ -175,8 +179,9 @@ class Soak {
         }
     }
 
-    AdvanceText* randomField(bool locked) {
-        QList<AdvanceText*> fields = form()->findChildren<AdvanceText*>();
+    AdvanceText* randomField(bool locked) { return randomField(locked, *form()); }
+    AdvanceText* randomField(bool locked, const Form& of) {
+        QList<AdvanceText*> fields = of.findChildren<AdvanceText*>();
         fields.removeIf([&](const AdvanceText* field) {
             return field->Locked() != locked || !field->isVisible() || !field->isEnabled();
         });
@@ -186,14 +191,14 @@ class Soak {
         return field;
     }
 
-    void type() {
+    void type() { typeIn(randomField(false)); }
+    void typeIn(AdvanceText* field) {
         static const QStringList texts =
             QString(
                 "|-|1e300|-1e300|0|-273.15|1,5|1.5|1.2.3|\u22125|123456|abc|nan|1e-320|+3|  7 |"
                 "\u516D\u5341|\u0661\u0662")
                 .split('|');
         static constexpr Qt::Key ends[]{Qt::Key_Return, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Escape};
-        AdvanceText* field = randomField(false);
         if (!field) return;
         const QString text =
             random(8) == 0 ? oneOf(texts)
@@ -350,10 +355,8 @@ class Soak {
         trigger(isAll ? "mnu_file_closeall" : "mnu_file_close");
     }
 
-    void changeTab(QWidget* of) {
-        auto* tabs = of->findChild<TabStrip*>("TabStrip");
-        tabs->setCurrentIndex(random(tabs->count()));
-    }
+    void changeTab(QWidget* of) { changeTabOf(*of->findChild<TabStrip*>("TabStrip")); }
+    void changeTabOf(TabStrip& tabs) { tabs.setCurrentIndex(random(tabs.count())); }
     void changeForm() { changeTab(real_.window.get()); }
     void changePage() { changeTab(form()); }
 
@@ -380,6 +383,78 @@ class Soak {
         list.selectRow(random(list.rowCount()));
         QTest::keyClick(&list, Qt::Key_Return);
         ++forms_;
+    }
+
+    // A year is opened, worked with and closed; what it shows belongs to its inputs.
+    void workYear() {
+        static const QStringList plants{
+            "TK-A-120 R134A", "TK-A-120x2; TK-D-140", "TK-D-255 \u00B7 R513A", "TK-A-999", ";x2",
+            "TK-A-120x9"};
+        frmYear* const year = real_.window->newYear();
+        auto* const bins = year->findChild<QTableView*>("binTable");
+        for (int i = 10 + random(20); i > 0; --i) {
+            switch (random(8)) {
+                case 0: {
+                    auto* edit = year->findChild<AdvanceText*>(QString("txtPlant%1").arg(1 + random(2)))
+                                     ->findChild<QLineEdit*>();
+                    edit->selectAll();
+                    QTest::keyClicks(edit, oneOf(plants));
+                    break;
+                }
+                case 1:
+                    chooseIn(randomField(true, *year));
+                    break;
+                case 2:
+                    workBins(*bins);
+                    break;
+                case 3:
+                    year->MeasureUnits(random(2), true);
+                    break;
+                case 4:
+                    oneOf(real_.window->findChildren<QAction*>("mnu_tools_language_items"))->trigger();
+                    break;
+                case 5:
+                    changeTabOf(*year->findChild<TabStrip*>("yearTabs"));
+                    year->CopyToClipBoard();
+                    break;
+                default:
+                    typeIn(randomField(false, *year));
+            }
+            while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+            if (random(2) == 0) settleYear(*year);
+        }
+        settleYear(*year);
+        demand(year->hasResults() != year->findChild<QWidget*>("yearEmpty")->isVisibleTo(year),
+               "Figures and invitation do not take turns.");
+        const ComparisonTable before = year->table().figures;
+        year->recalculate();
+        settleYear(*year);
+        demand(!year->hasResults() ||
+                   before.groups.front().rows.size() == year->table().figures.groups.front().rows.size(),
+               "The figures were stale.");
+        year->Quit();
+    }
+
+    static void settleYear(const frmYear& year) {
+        while (year.isCalculating()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QApplication::processEvents();
+    }
+
+    void workBins(QTableView& bins) {
+        static constexpr Qt::Key keys[]{Qt::Key_Delete, Qt::Key_Insert,   Qt::Key_F2,
+                                        Qt::Key_Down,   Qt::Key_PageDown, Qt::Key_Home};
+        static const QStringList clips{"1\t2\t3\n4\t5\t6\n", "x", "-5;100;50", "\t\t\t"};
+        const int row = random(bins.model()->rowCount());
+        bins.setCurrentIndex(bins.model()->index(row, random(bins.model()->columnCount())));
+        if (random(3) == 0) {
+            QApplication::clipboard()->setText(oneOf(clips));
+            QTest::keyClick(&bins, Qt::Key_V, Qt::ControlModifier);
+        }
+        QTest::keyClick(&bins, oneOf(keys));
+        if (random(2) != 0) return;
+        QTest::keyClicks(&bins, QString::number(random(200) - 50));
+        if (auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
+            QTest::keyClick(editor, random(2) == 0 ? Qt::Key_Tab : Qt::Key_Return);
     }
 
     void hoverGraph() {
@@ -411,7 +486,7 @@ class Soak {
     QString file_;  ///< what the next file dialog is answered with; it is cancelled when blank
 };
 
-const Soak::Action Soak::actions[22]{
+const Soak::Action Soak::actions[23]{
     {"open form", 4, false, &Soak::openForm},
     {"type", 24, false, &Soak::type},
     {"choose", 22, false, &Soak::choose},
@@ -432,6 +507,7 @@ const Soak::Action Soak::actions[22]{
     {"change page", 10, false, &Soak::changePage},
     {"select rows", 10, false, &Soak::selectRows},
     {"work solutions", 10, true, &Soak::workSolutions},
+    {"work a year", 3, false, &Soak::workYear},
     {"hover graph", 5, false, &Soak::hoverGraph},
     {"wheel, defaults", 8, false, &Soak::wheelAndDefaults},
 };

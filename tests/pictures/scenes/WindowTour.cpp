@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QDate>
 #include <QEventLoop>
 #include <QKeyEvent>
@@ -10,6 +11,7 @@
 #include <QMenu>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QTableView>
 #include <QTimer>
 #include <cstdio>
 #include <utility>
@@ -34,6 +36,7 @@
 #include "workspace/frmComparison.h"
 #include "workspace/frmFind.h"
 #include "workspace/frmRefrigerant.h"
+#include "workspace/frmYear.h"
 
 namespace marvello::scenes {
 
@@ -84,6 +87,7 @@ void WindowTour::run() {
     showForms();
     showFind();
     showComparison();
+    showYear();
 }
 
 void WindowTour::show(const char* name) const { show(name, window_); }
@@ -326,6 +330,39 @@ void WindowTour::showComparison() const {
     form->MeasureUnits(1, true);
     emit form->findChild<ComparisonBar*>()->referenceChosen(0);
     show("comparison-imperial");
+}
+
+/// Two plants over nine bins of a year, one of which is chosen; and in the other system of units the table.
+void WindowTour::showYear() const {
+    for (Form* open : window_.forms()) open->parentWidget()->close();
+    frmYear* const form = window_.newYear();
+    form->MeasureUnits(0, true);
+    const auto settle = [form] {
+        while (form->isCalculating()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    };
+    show("year-empty");
+    auto* const bins = form->findChild<QTableView*>(QStringLiteral("binTable"));
+    bins->selectAll();
+    press(*bins, Qt::Key_Delete);
+    bins->setCurrentIndex(bins->model()->index(0, 0));
+    QApplication::clipboard()->setText(
+        QStringLiteral("-7.5\t120\t35\n-2.5\t520\t35\n2.5\t1390\t35\n7.5\t1730\t46\n12.5\t1790\t57\n"
+                       "17.5\t1640\t68\n22.5\t1010\t78\n27.5\t430\t89\n32.5\t130\t100"));
+    QKeyEvent paste(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier);
+    QApplication::sendEvent(bins, &paste);
+    for (const auto& [name, text] :
+         {std::pair{"txtCurrency", "\u20AC"}, std::pair{"txtPrice", "0.22"}, std::pair{"txtCharge", "48"},
+          std::pair{"txtDesignLoad", "150"}, std::pair{"txtEvaporating", "2"}, std::pair{"txtMinimum", "28"}})
+        typeOver(*form, name, QString::fromUtf8(text));
+    typeOver(*form, "txtPlant1", series_ + QStringLiteral("-255 ") + refrigerant_);
+    typeOver(*form, "txtPlant2", QStringLiteral("TK-D-255"));
+    settle();
+    bins->setCurrentIndex(bins->model()->index(8, 0));
+    bins->setFocus();
+    show("year");
+    form->MeasureUnits(1, true);
+    form->findChild<QTabBar*>(QStringLiteral("yearTabs"))->setCurrentIndex(3);
+    show("year-imperial");
 }
 
 /// Calculates; what the program has to say is printed, since no one is there to read a box.

@@ -42,6 +42,7 @@ class WindowTour {
     void showForms() const;
     void showFind() const;
     void showComparison() const;
+    void showYear() const;
 
     void calculate(SelectionForm& form) const;
     void selectWarning() const;
