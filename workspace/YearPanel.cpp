@@ -56,6 +56,8 @@ struct YearPanel::Number {
     double shown(double metric, UnitSystem units) const { return convert(metric, UnitSystem::metric, units); }
     double convert(double from, UnitSystem fromUnits, UnitSystem units) const {
         if (measure == Measure::mass) return convertedMassFlow(from, fromUnits, units);
+        // That of the quantity is the economizer's.
+        if (quantity == Quantity::power) return convertedCapacity(from, fromUnits, units);
         return measure == Measure::quantity ? conversionOf(quantity)(from, fromUnits, units) : from;
     }
     QString unitIn(UnitSystem units) const {

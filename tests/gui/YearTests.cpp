@@ -282,6 +282,8 @@ TEST_F(YearFormTest, UnitsChangeFiguresAndNotTheYear) {
     form->MeasureUnits(1, true);
     EXPECT_EQ(field(*form, "txtEvaporating")->TextText(), "14:17.6;86:10.4");
     EXPECT_NEAR(field(*form, "txtCharge")->number(), 105.8, 0.05) << "pounds";
+    EXPECT_NEAR(field(*form, "txtDesignLoad")->number(), 28.43, 0.005) << "100 kW over 3.517";
+    EXPECT_NEAR(field(*form, "txtDifference")->number(), 21.6, 1e-9) << "12 K times 1.8";
     EXPECT_EQ(bin(0, 0), "-2.2") << "-19 degrees Celsius";
     EXPECT_EQ(texts("energy"), energy);
     type("txtEvaporating", "14");
