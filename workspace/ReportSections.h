@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -19,10 +20,11 @@ struct OfferedSection {
 };
 
 /// Returns the sections that the report of a calculated compressor can have, in their order: the limits with
-/// a map of a figure, rating tables, the cycle. To make one throws nothing; none comes where there are no
-/// values. The arguments outlive them.
-std::vector<OfferedSection> offeredSections(const clsCompressor& compressor,
-                                            const clsProjectConditions& conditions,
+/// a map of a figure, rating tables, the cycle. They keep what they are made of, whatever becomes of the
+/// arguments. To make one throws nothing; none comes where there are no values. The user interface has no
+/// turn while one is made, so that nothing starts it, or closes its window, a second time.
+std::vector<OfferedSection> offeredSections(const std::shared_ptr<const clsCompressor>& compressor,
+                                            const std::shared_ptr<const clsProjectConditions>& conditions,
                                             const SelectionInputs& inputs, Figure mapped);
 
 /// Makes those of the sections whose keys are chosen.
