@@ -5,6 +5,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QStatusBar>
 #include <QTest>
 
@@ -196,11 +198,129 @@ TEST_F(ComparisonFormTest, CopiesTheWholeTableWithTheErrorOfACompressor) {
     const QStringList lines = QGuiApplication::clipboard()->text().split("\r\n");
     EXPECT_EQ(lines[0].count(u'\t'), 2);
     EXPECT_TRUE(lines[0].contains("TK-A-120 (1 "));
-    EXPECT_TRUE(lines[2].contains("The operating point lies outside the application limits"))
-        << qPrintable(lines[2]);
+    EXPECT_TRUE(lines[2].endsWith(QString::fromUtf8("35.0 / 40.0 °C"))) << qPrintable(lines[2]);
+    EXPECT_TRUE(lines[4].contains("The operating point lies outside the application limits"))
+        << qPrintable(lines[4]);
     const auto power = lines.filter("Power kW");
     ASSERT_EQ(power.size(), 1);
     EXPECT_TRUE(power[0].endsWith("\t-"));
     const auto* figures = control<ComparisonFigures>(*form(), "comparisonFigures");
-    EXPECT_GT(figures->rowSpan(1, 2), 5) << "in the place of the values";
+    EXPECT_EQ(figures->rowSpan(1, 2), 1) << "its operating point stays in sight";
+    EXPECT_GT(figures->rowSpan(3, 2), 5) << "in the place of the values";
+}
+
+TEST_F(ComparisonFormTest, TheColumnInUseIsMovedAndTakenOutByKeys) {
+    for (const int row : {1, 2, 3}) add(*selection, row);
+    window->findChild<TabStrip*>("TabStrip")->setCurrentIndex(1);
+    settle();
+    auto* figures = control<ComparisonFigures>(*form(), "comparisonFigures");
+    figures->setFocus();
+    figures->setCurrentMachine(0);
+    QTest::keyClick(figures, Qt::Key_Right, Qt::AltModifier);
+    settle();
+    EXPECT_EQ(names(), (QStringList{"TK-A-140", "TK-A-120", "TK-A-165"}));
+    EXPECT_EQ(figures->currentMachine(), 1) << "the cell in use goes with it";
+    EXPECT_TRUE(figures->hasFocus());
+    QTest::keyClick(figures, Qt::Key_Right, Qt::AltModifier);
+    QTest::keyClick(figures, Qt::Key_Right, Qt::AltModifier);  // there is no place more
+    settle();
+    EXPECT_EQ(names(), (QStringList{"TK-A-140", "TK-A-165", "TK-A-120"}));
+    QTest::keyClick(figures, Qt::Key_Left, Qt::AltModifier);
+    settle();
+    EXPECT_EQ(names(), (QStringList{"TK-A-140", "TK-A-120", "TK-A-165"}));
+    // A keyboard sends a text with this key, which a list would look for.
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, "\x7f");
+    QApplication::sendEvent(figures, &press);
+    settle();
+    EXPECT_EQ(names(), (QStringList{"TK-A-140", "TK-A-165"}));
+    EXPECT_TRUE(figures->hasFocus());
+}
+
+// Two presses of a key may come before what the first does is shown.
+TEST_F(ComparisonFormTest, WhatIsMeantForAMachineThatIsGoneMeetsNoOther) {
+    for (const int row : {1, 2, 3}) add(*selection, row);
+    window->findChild<TabStrip*>("TabStrip")->setCurrentIndex(1);
+    settle();
+    head(1)->setFocus();
+    QTest::keyClick(head(1), Qt::Key_Delete);
+    QTest::keyClick(head(1), Qt::Key_Delete);
+    QTest::keyClick(head(1), Qt::Key_Left, Qt::AltModifier);
+    settle();
+    EXPECT_EQ(names(), (QStringList{"TK-A-120", "TK-A-165"}));
+    EXPECT_TRUE(head(1)->hasFocus()) << "on the one in its place";
+
+    // The menu of the second one is open when the first one goes.
+    QContextMenuEvent wanted(QContextMenuEvent::Keyboard, QPoint(), head(1)->mapToGlobal(QPoint()));
+    QApplication::sendEvent(head(1), &wanted);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    QTest::keyClick(head(0), Qt::Key_Delete);
+    settle();
+    EXPECT_EQ(names(), QStringList("TK-A-165"));
+    menu->actions().back()->trigger();
+    menu->close();
+    settle();
+    EXPECT_TRUE(form()->choices().empty()) << "it is the one that was meant";
+}
+
+TEST_F(ComparisonFormTest, DifferencesStayThoseFromTheMachineThatWasChosen) {
+    for (const int row : {1, 2, 3}) add(*selection, row);
+    window->findChild<TabStrip*>("TabStrip")->setCurrentIndex(1);
+    settle();
+    control<FilterChip>(*form(), "reference")->click();
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().size(), 4);
+    head(0)->setFocus();
+    QTest::keyClick(head(0), Qt::Key_Right, Qt::AltModifier);
+    settle();
+    menu->actions()[1]->trigger();  // TK-A-120, which was the first one
+    menu->close();
+    EXPECT_EQ(control<FilterChip>(*form(), "reference")->text(), "Differences from TK-A-120");
+    QTest::keyClick(head(1), Qt::Key_Right, Qt::AltModifier);
+    settle();
+    EXPECT_EQ(control<FilterChip>(*form(), "reference")->text(), "Differences from TK-A-120");
+    QTest::keyClick(head(2), Qt::Key_Delete);
+    settle();
+    EXPECT_EQ(control<FilterChip>(*form(), "reference")->text(), "Without differences");
+}
+
+TEST_F(ComparisonFormTest, TheSuctionGasMayBeColderThanZeroDegrees) {
+    choose(*selection, "cmbSh", "1");
+    marvello::testing::type(*selection, "txtTED", "-10");
+    marvello::testing::type(*selection, "txtSH", "-5");
+    selection->lnkCalculate_Click();
+    add(*selection, 1);
+    add(*selection, 2);
+    window->findChild<TabStrip*>("TabStrip")->setCurrentIndex(1);
+    settle();
+    QTest::mouseClick(control<FilterChip>(*form(), "samePoint"), Qt::LeftButton);
+    settle();
+    AdvanceText* const gas = marvello::testing::field(*form(), "txtSH");
+    EXPECT_EQ(gas->TextText(), "-5.0");
+    marvello::testing::type(*form(), "txtTED", "-12");
+    settle();
+    EXPECT_EQ(form()->table().groups.front().caption.substr(0, 8), "At -12.0");
+    marvello::testing::type(*form(), "txtSH", "-8");
+    settle();
+    EXPECT_FALSE(gas->isInvalid());
+    const QString colder = texts("capacity");
+    marvello::testing::type(*form(), "txtSH", "-5");
+    settle();
+    EXPECT_FALSE(colder.contains(u'-'));
+    EXPECT_NE(texts("capacity"), colder);
+}
+
+TEST_F(ComparisonFormTest, OneOutsideItsLimitsAloneStillHasItsFirstGroup) {
+    marvello::testing::type(*selection, "txtTED", "35");
+    selection->lnkCalculate_Click();
+    add(*selection, 1);
+    window->findChild<TabStrip*>("TabStrip")->setCurrentIndex(1);
+    settle();
+    EXPECT_EQ(texts("capacity"), "-");
+    const auto* figures = control<ComparisonFigures>(*form(), "comparisonFigures");
+    const QString said = figures->model()->index(1, 1).data().toString();
+    EXPECT_TRUE(said.startsWith("The operating point lies outside")) << qPrintable(said);
+    EXPECT_GT(figures->rowSpan(1, 1), 5);
+    EXPECT_NE(texts("weight"), "-") << "which it has at every operating point";
 }
