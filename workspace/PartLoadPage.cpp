@@ -108,7 +108,7 @@ void PartLoadPage::showCompressor(const clsCompressor& compressor, const clsProj
     catalogue_ = preparedCatalogue(gDatabase());
     compressor_ = catalogue_->find(compressor.Refrigerant, compressor.Serie, compressor.Model);
     conditions_ = conditions;
-    if (compressor_ == nullptr) return;
+    if (compressor_ == nullptr) return say(text("frmselection.rating.empty"));
     bar_->setUnits(inputs_.units());
     start();
 }
