@@ -26,6 +26,7 @@ class ResultsModel : public QAbstractTableModel {
         double below = 0;  ///< the tolerance of a deviation at both sides, positive
         double above = 0;
         int minWidth = 83;  ///< after the first column
+        int maxWidth = 0;   ///< of its own accord; 0 for as wide as the widest value
     };
     /// What a cell has besides its value.
     struct Aside {

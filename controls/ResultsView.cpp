@@ -96,7 +96,8 @@ class CellDelegate : public QStyledItemDelegate {
         if (column.kind == ResultsModel::Kind::words) {
             const int indent = sidePadding - 4;
             QRect place = room.adjusted(indent, 0, sidePadding, 0);
-            painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, text);
+            painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                             painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
             place.adjust(painter.fontMetrics().horizontalAdvance(text) + noteGap, 0, 0, 0);
             painter.setPen(Look::current().muted);
             painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, aside.note);
@@ -238,6 +239,7 @@ int ResultsView::fittingWidth(int column) const {
         if (bound.of(shown) + beside > width)
             width = std::max(width, metrics.horizontalAdvance(shown) + beside);
     }
+    if (const int most = model_.column(column).maxWidth; most > 0) width = std::min(width, most);
     return width;
 }
 
@@ -398,13 +400,23 @@ void ResultsView::keyPressEvent(QKeyEvent* event) {
         QTreeView::keyPressEvent(event);
 }
 
+// A sentence in a cell that has no room for it, or is not in sight as a whole.
+bool ResultsView::isCut(const QModelIndex& index) const {
+    if (model_.column(index.column()).kind != ResultsModel::Kind::words || isGroup(index.row())) return false;
+    const QRect cell = visualRect(index).intersected(viewport()->rect());
+    const QString text = model_.text(index.row(), index.column());
+    return QFontMetrics(lookFont()).horizontalAdvance(text) + 2 * sidePadding > cell.width();
+}
+
 bool ResultsView::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const int x = help->pos().x();
         const int column = x < header()->sectionSize(0) ? 0 : header()->logicalIndexAt(x);
-        const QString text =
+        QString text =
             column < 0 ? QString() : model_.columns().at(static_cast<std::size_t>(column)).description;
+        if (const QModelIndex at = indexAt(help->pos()); at.isValid() && at.column() == column && isCut(at))
+            text = model_.text(at.row(), column);
         QToolTip::showText(help->globalPos(), text, this);
         return true;
     }

@@ -93,6 +93,7 @@ class ResultsView : public QTreeView {
                        const QModelIndex& index) const;
     bool isInUse() const;
     int fittingWidth(int column) const;
+    bool isCut(const QModelIndex& index) const;
     void setWidth(int column, int width);
 
     ResultsModel model_;

@@ -58,9 +58,9 @@ PartLoadPage::PartLoadPage(const SelectionInputs& inputs, QWidget* parent)
     chart_->setObjectName(QStringLiteral("picPartLoad"));
     auto* row = new QHBoxLayout;
     row->setSpacing(0);
-    row->addWidget(list_, 3);
+    row->addWidget(list_, 2);
     row->addWidget(between_);
-    row->addWidget(chart_, 2);
+    row->addWidget(chart_, 1);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -142,8 +142,10 @@ void PartLoadPage::fill() {
     for (const PartLoadSheet::Column& column : sheet.columns) {
         const QString unit = column.unit.empty() ? QString() : u'(' + fromCore(column.unit) + u')';
         columns.push_back({fromCore(column.key), fromCore(column.name) + unit, fromCore(column.description)});
-        columns.back().minWidth = 64;
-        if (column.isText) columns.back().kind = ResultsModel::Kind::words;
+        columns.back().minWidth = 52;
+        if (!column.isText) continue;
+        columns.back().kind = ResultsModel::Kind::words;
+        columns.back().maxWidth = 400;
     }
     list_->clear();
     list_->setColumns(columns);

@@ -17,6 +17,7 @@
 #include "tests/gui/RealWindow.h"
 #include "tests/support/Controls.h"
 #include "tests/support/Person.h"
+#include "workspace/ChartPane.h"
 #include "workspace/ComparisonFigures.h"
 #include "workspace/SelectionForm.h"
 #include "workspace/frmComparison.h"
@@ -323,4 +324,40 @@ TEST_F(ComparisonFormTest, OneOutsideItsLimitsAloneStillHasItsFirstGroup) {
     EXPECT_TRUE(said.startsWith("The operating point lies outside")) << qPrintable(said);
     EXPECT_GT(figures->rowSpan(1, 1), 5);
     EXPECT_NE(texts("weight"), "-") << "which it has at every operating point";
+}
+
+TEST_F(ComparisonFormTest, TheChartsAreReadByMouseAndKeys) {
+    add(*selection, 1);
+    add(*selection, 2);
+    window->findChild<TabStrip*>("TabStrip")->setCurrentIndex(1);
+    settle();
+    auto* capacities = control<ChartPane>(*form(), "comparisonCapacity");
+    capacities->setFocus();
+    EXPECT_EQ(capacities->reading(), QString());
+    QTest::keyClick(capacities, Qt::Key_Right);
+    const QStringList shown = texts("capacity").split(u'|');
+    EXPECT_EQ(capacities->reading(),
+              QString::fromUtf8("T. E. Dew 2.0 °C; TK-A-120 %1 kW; TK-A-140 %2 kW").arg(shown[0], shown[1]))
+        << "begins at the operating point, with the values of the table";
+    QTest::keyClick(capacities, Qt::Key_Left);
+    EXPECT_TRUE(capacities->reading().startsWith(QString::fromUtf8("T. E. Dew 1.0 °C; ")));
+    form()->MeasureUnits(1, true);
+    EXPECT_TRUE(capacities->reading().startsWith(QString::fromUtf8("T. E. Dew 33.8 °F; TK-A-120 ")))
+        << "the same place";
+    EXPECT_TRUE(capacities->reading().endsWith(" Tons"));
+    form()->MeasureUnits(0, true);
+    QTest::keyClick(capacities, Qt::Key_Escape);
+    EXPECT_EQ(capacities->reading(), QString());
+
+    // The application limit of TK-A at -15 goes from 25 to 45.
+    auto* limits = control<ChartPane>(*form(), "comparisonLimits");
+    limits->setFocus();
+    QTest::keyClick(limits, Qt::Key_Home);
+    EXPECT_EQ(limits->reading(),
+              QString::fromUtf8("T. E. Dew -15.0 °C; TK-A-120 25.0 – 45.0 °C; TK-A-140 25.0 – 45.0 °C"));
+    auto* cop = control<ChartPane>(*form(), "comparisonCop");
+    QTest::mouseMove(cop, cop->rect().center());
+    EXPECT_TRUE(cop->reading().startsWith("T. E. Dew ")) << qPrintable(cop->reading());
+    QTest::mouseMove(cop, {2, 2});
+    EXPECT_EQ(cop->reading(), QString()) << "next to the axis there is nothing to read";
 }
