@@ -33,21 +33,20 @@ void ChartPane::setChart(Chart chart) {
     update();
 }
 
-Drawing ChartPane::drawing(const ChartColours& colours) const {
-    return chartDrawing(chart_, {.width = double(width()),
-                                 .height = double(height()),
-                                 .marks = marksOf(QLocale()),
-                                 .colours = colours});
+Drawing ChartPane::drawing(const QSizeF& size, const ChartColours& colours) const {
+    return chartDrawing(
+        chart_,
+        {.width = size.width(), .height = size.height(), .marks = marksOf(QLocale()), .colours = colours});
 }
 
-Drawing ChartPane::onPaper() const { return drawing(ChartColours()); }
+Drawing ChartPane::onPaper(const QSizeF& size) const { return drawing(size, ChartColours()); }
 
 void ChartPane::paintEvent(QPaintEvent*) {
     if (picture_.isNull()) {
         picture_ = QPixmap(size() * devicePixelRatioF());
         picture_.setDevicePixelRatio(devicePixelRatioF());
         QPainter drawn(&picture_);
-        paintDrawing(drawn, drawing(onScreen()));
+        paintDrawing(drawn, drawing(size(), onScreen()));
     }
     QPainter(this).drawPixmap(0, 0, picture_);
 }

@@ -18,15 +18,15 @@ class ChartPane : public QWidget {
     static ChartColours onScreen();
 
     void setChart(Chart chart);
-    /// What is shown, on white paper.
-    Drawing onPaper() const;
+    /// What is shown, on white paper of a size in logical pixels.
+    Drawing onPaper(const QSizeF& size) const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    Drawing drawing(const ChartColours& colours) const;
+    Drawing drawing(const QSizeF& size, const ChartColours& colours) const;
 
     Chart chart_;
     QPixmap picture_;  ///< What is shown; null after a change.

@@ -8,6 +8,7 @@
 #include "engine/Performance.h"
 #include "inputs/SelectionInputs.h"
 #include "reports/ReportContent.h"
+#include "workspace/PartLoadRule.h"
 
 namespace marvello {
 
@@ -18,12 +19,18 @@ struct OfferedSection {
     std::function<std::optional<ReportSection>()> make;
 };
 
+/// What the user chose on the pages that the sections are named after.
+struct SectionChoices {
+    Figure mapped = Figure::cop;  ///< of the map of the limits
+    PartLoadRule partLoad;
+};
+
 /// Returns the sections that the report of a calculated compressor can have, in their order: the limits with
-/// a map of a figure, rating tables, the cycle. To make one throws nothing; none comes where there are no
-/// values. The arguments outlive them.
+/// a map of a figure, rating tables, the cycle, part load. To make one throws nothing; none comes where there
+/// are no values. The arguments outlive them.
 std::vector<OfferedSection> offeredSections(const clsCompressor& compressor,
                                             const clsProjectConditions& conditions,
-                                            const SelectionInputs& inputs, Figure mapped);
+                                            const SelectionInputs& inputs, const SectionChoices& choices);
 
 /// Makes those of the sections whose keys are chosen.
 std::vector<ReportSection> madeSections(const std::vector<OfferedSection>& offered,

@@ -9,6 +9,7 @@
 #include "results/ComparisonTable.h"
 #include "workspace/ComparisonRun.h"
 #include "workspace/Form.h"
+#include "workspace/ListPrint.h"
 
 class QLabel;
 
@@ -82,6 +83,7 @@ class frmComparison : public Form {
     void showCharts();
     void showPages();
     QString curvesTitle() const;
+    std::vector<PrintedCharts> printedCharts() const;
     /// The table as rows of texts, the heads as the first one; `bestMark` is before the best values.
     QList<QStringList> textRows(const QString& bestMark) const;
     ComparisonStyle style() const;

@@ -5,7 +5,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QLineEdit>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QStatusBar>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "controls/CoreText.h"
@@ -23,6 +28,8 @@
 using namespace marvello;
 using marvello::testing::choose;
 using marvello::testing::control;
+using marvello::testing::Person;
+using marvello::testing::press;
 
 namespace {
 
@@ -203,4 +210,35 @@ TEST_F(ComparisonFormTest, CopiesTheWholeTableWithTheErrorOfACompressor) {
     EXPECT_TRUE(power[0].endsWith("\t-"));
     const auto* figures = control<ComparisonFigures>(*form(), "comparisonFigures");
     EXPECT_GT(figures->rowSpan(1, 2), 5) << "in the place of the values";
+}
+
+TEST_F(ComparisonFormTest, IsPrintedWithItsChartsAsLines) {
+    if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "paper would come out of a printer";
+    add(*selection, 1);
+    add(*selection, 2);
+    window->activateWindow();
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("printed.pdf"));
+    const Person person({[&](QWidget& dialog) {
+        auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
+        ASSERT_NE(name, nullptr);
+        name->setText(file);
+        press(dialog, QDialogButtonBox::Ok);
+    }});
+    form()->PrintReport(false);
+    const auto said = [&](const char* program, const QStringList& arguments) {
+        QProcess reader;
+        reader.start(QLatin1String(program), arguments);
+        EXPECT_TRUE(reader.waitForFinished());
+        return QString::fromUtf8(reader.readAllStandardOutput());
+    };
+    const QRegularExpression pages(QStringLiteral("Pages: *(\\d+)"));
+    const QString count = pages.match(said("pdfinfo", {file})).captured(1);
+    ASSERT_GE(count.toInt(), 2);
+    const QString charts = said("pdftotext", {QStringLiteral("-f"), count, file, QStringLiteral("-")});
+    QStringList words = names();
+    words += QStringLiteral("Application limits");
+    for (const QString& each : words) EXPECT_TRUE(charts.contains(each)) << charts.toStdString();
+    EXPECT_EQ(said("pdfimages", {QStringLiteral("-list"), file}).count(u'\n'), 2)
+        << "there is more than the heading";
 }
