@@ -51,10 +51,33 @@ struct ReportCycle {
     std::vector<CaptionedValue> figures;  ///< two that belong together follow each other
 };
 
+/// A compressor over its load: a chart, and below it the tables of its states and of shares of its capacity.
+struct ReportPartLoad {
+    struct Column {
+        QString name;
+        QString unit;  ///< empty for a number without one
+    };
+    struct Row {
+        QString label;
+        QString mark;  ///< as controls/Marks.h names it
+        QStringList values;
+        QString sentence;  ///< how the compressor runs, or what its messages say; may be long
+    };
+    struct Table {
+        QString title;
+        std::vector<Row> rows;
+    };
+    QString heading;  ///< what was assumed of the condensing temperature and of intermittent running
+    QString full;     ///< what the full capacity is
+    Drawing chart;    ///< on white
+    std::vector<Column> columns;
+    std::vector<Table> tables;
+};
+
 /// A part of the report behind its first page, on a page of its own.
 struct ReportSection {
     QString title;  ///< what the page is, with the conditions
-    std::variant<ReportTables, ReportMap, ReportCycle> content;
+    std::variant<ReportTables, ReportMap, ReportCycle, ReportPartLoad> content;
 };
 
 /// What the report says of one compressor, with all its texts in the language of the user.

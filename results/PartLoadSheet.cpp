@@ -235,7 +235,12 @@ PartLoadQuestion partLoadQuestion(const PartLoadPlan& plan) {
 PartLoadSheet partLoadSheet(const PreparedCompressor& compressor, const PartLoadTable& table,
                             UnitSystem units, const NumberMarks& marks) {
     const SheetWriter writer(compressor, units, marks);
+    const ShownValue full =
+        shownFigure(Figure::capacity, valueOf(table.full.state.performance, Figure::capacity), units, marks);
     PartLoadSheet sheet{
+        .full =
+            dictionaryText("frmselection.partload.full", {full.text + ' ' + unitOf(Figure::capacity, units),
+                                                          stateText(compressor, table.full.state, marks)}),
         .label = dictionaryText("frmselection.tabstrip.tabs.partload"),
         .columns = writer.columns(),
         .statesTitle = dictionaryText(compressor.hasInvert ? "frmselection.txtfrequency.captiontext"

@@ -24,6 +24,7 @@ struct PartLoadSheet {
         PointState state{};
         std::vector<std::string> values;  ///< One for each column.
     };
+    std::string full;             ///< What the full capacity is.
     std::string label;            ///< Heads the labels.
     std::vector<Column> columns;  ///< Load, condensing temperature, figures, among them a sentence.
     std::string statesTitle;      ///< "Step capacity", or "Frequency".

@@ -55,14 +55,13 @@ void ChartPane::setChart(Chart chart) {
     read(goesOn);
 }
 
-Drawing ChartPane::drawing(const ChartColours& colours) const {
-    return chartDrawing(chart_, {.width = double(width()),
-                                 .height = double(height()),
-                                 .marks = marksOf(QLocale()),
-                                 .colours = colours});
+Drawing ChartPane::drawing(const QSizeF& size, const ChartColours& colours) const {
+    return chartDrawing(
+        chart_,
+        {.width = size.width(), .height = size.height(), .marks = marksOf(QLocale()), .colours = colours});
 }
 
-Drawing ChartPane::onPaper() const { return drawing(ChartColours()); }
+Drawing ChartPane::onPaper(const QSizeF& size) const { return drawing(size, ChartColours()); }
 
 ChartPlane ChartPane::plane() const { return {chart_, double(width()), double(height())}; }
 
@@ -121,7 +120,7 @@ void ChartPane::paintEvent(QPaintEvent*) {
         picture_ = QPixmap(size() * devicePixelRatioF());
         picture_.setDevicePixelRatio(devicePixelRatioF());
         QPainter drawn(&picture_);
-        paintDrawing(drawn, drawing(onScreen()));
+        paintDrawing(drawn, drawing(size(), onScreen()));
     }
     const Look& look = Look::current();
     QPainter painter(this);

@@ -23,8 +23,8 @@ class ChartPane : public QWidget {
     static ChartColours onScreen();
 
     void setChart(Chart chart);
-    /// What is shown, on white paper.
-    Drawing onPaper() const;
+    /// What is shown, on white paper of a size in logical pixels.
+    Drawing onPaper(const QSizeF& size) const;
     /// What is read; empty while nothing is.
     QString reading() const { return accessibleDescription(); }
 
@@ -38,7 +38,7 @@ class ChartPane : public QWidget {
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    Drawing drawing(const ChartColours& colours) const;
+    Drawing drawing(const QSizeF& size, const ChartColours& colours) const;
     ChartPlane plane() const;
     /// Reads the chart at one of its places; none to read nothing.
     void read(std::optional<std::size_t> place);

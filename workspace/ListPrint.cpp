@@ -4,10 +4,13 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QTextCursor>
 #include <QTextDocument>
+#include <memory>
 
 #include "controls/Look.h"
 #include "controls/TwoLineHeader.h"
+#include "workspace/DrawingObject.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -30,6 +33,10 @@ QString htmlOf(const PrintedList& list) {
     const auto line = [&list](const char* tag, const QStringList& texts) {
         QString cells;
         const bool isHead = &texts == &list.columns;
+        if (!isHead && list.columns.size() > 1 && texts.sliced(1).join(QString()).isEmpty())
+            return QStringLiteral("<tr><td colspan=\"%1\"><b>%2</b></td></tr>")
+                .arg(list.columns.size())
+                .arg(texts.front().toHtmlEscaped());
         for (int column = 0; column < texts.size(); ++column)
             cells += cell(tag, isHead ? heading(texts[column]) : texts[column].toHtmlEscaped(),
                           list.wordColumns.contains(column));
@@ -43,21 +50,40 @@ QString htmlOf(const PrintedList& list) {
     return html + QStringLiteral("</table>");
 }
 
+void addCharts(QTextDocument& document, const std::vector<PrintedCharts>& lines) {
+    auto* objects = std::make_unique<DrawingObject>(document).release();  // the document owns it
+    QTextCursor cursor(&document);
+    cursor.movePosition(QTextCursor::End);
+    for (const PrintedCharts& line : lines) {
+        QTextBlockFormat block;
+        if (&line == &lines.front()) block.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+        QTextCharFormat heading;
+        heading.setFontWeight(QFont::Medium);
+        cursor.insertBlock(block, heading);
+        cursor.insertText(line.heading);
+        cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+        for (const Drawing& chart : line.charts) objects->insert(cursor, chart);
+    }
+}
+
 }  // namespace
+
+void paintList(const PrintedList& list, QPagedPaintDevice& paper) {
+    QTextDocument document;
+    QFont font = lookFont();
+    font.setPointSizeF(8.5);
+    document.setDefaultFont(font);
+    document.setHtml(htmlOf(list));
+    if (!list.charts.empty()) addCharts(document, list.charts);
+    document.print(&paper);
+}
 
 void printList(const PrintedList& list, bool preview, QWidget* window) {
     QPrinter printer(QPrinter::HighResolution);
     // The document has margins of its own.
     printer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()});
     printer.setDocName(list.title);
-    const auto paint = [&list](QPrinter* to) {
-        QTextDocument document;
-        QFont font = lookFont();
-        font.setPointSizeF(8.5);
-        document.setDefaultFont(font);
-        document.setHtml(htmlOf(list));
-        document.print(to);
-    };
+    const auto paint = [&list](QPrinter* to) { paintList(list, *to); };
     if (preview) {
         QPrintPreviewDialog dialog(&printer, window);
         dialog.setWindowTitle(list.title);

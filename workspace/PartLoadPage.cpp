@@ -28,11 +28,6 @@ constexpr int afterTyping = 150;
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 
-QString markOf(PointState state) {
-    if (state == PointState::ok) return markOf(Verdict::possible);
-    return markOf(state == PointState::warning ? Verdict::possibleWithWarnings : Verdict::notPossible);
-}
-
 void addRows(ResultsView& list, const std::string& title, const std::vector<PartLoadSheet::Row>& rows) {
     list.addGroup(fromCore(title), fromCore(title));
     for (const PartLoadSheet::Row& row : rows) {
@@ -94,6 +89,8 @@ void PartLoadPage::translate() {
     fill();
 }
 
+PartLoadRule PartLoadPage::rule() const { return bar_->rule(inputs_.units()); }
+
 void PartLoadPage::clear() {
     run_.stop();
     patience_->stop();
@@ -118,10 +115,7 @@ void PartLoadPage::start() {
     if (compressor_ == nullptr) return;
     patience_->start();
     isCalculating_ = true;
-    run_.start(catalogue_, partLoadQuestion({.compressor = compressor_,
-                                             .conditions = conditions_,
-                                             .condensing = bar_->condensing(),
-                                             .degradation = bar_->degradation()}));
+    run_.start(catalogue_, partLoadQuestion(rule().planOf(*compressor_, conditions_)));
 }
 
 void PartLoadPage::show(const PartLoadTable& table) {
@@ -154,11 +148,7 @@ void PartLoadPage::fill() {
     list_->fitColumns();
     list_->selectKey(selected);
     chart_->setChart(partLoadChart(*compressor_, *table_, inputs_.units()));
-    const ShownValue full = shownFigure(
-        Figure::capacity, valueOf(table_->full.state.performance, Figure::capacity), inputs_.units(), marks);
-    bar_->setSentence(filled(text("frmselection.partload.full"),
-                             {fromCore(full.text + ' ' + unitOf(Figure::capacity, inputs_.units())),
-                              fromCore(stateText(*compressor_, table_->full.state, marks))}));
+    bar_->setSentence(fromCore(sheet.full));
     list_->setAccessibleDescription({});
     showParts();
 }

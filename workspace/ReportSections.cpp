@@ -13,6 +13,7 @@
 #include "results/CycleDrawing.h"
 #include "workspace/CycleContent.h"
 #include "workspace/DrawnMap.h"
+#include "workspace/PartLoadSection.h"
 #include "workspace/RatingSection.h"
 #include "workspace/SelectionReport.h"
 #include "workspace/UnitTexts.h"
@@ -27,7 +28,7 @@ struct Subject {
     std::shared_ptr<const clsCompressor> compressor;
     std::shared_ptr<const clsProjectConditions> conditions;
     SelectionInputs inputs;
-    Figure mapped;
+    SectionChoices choices;
 };
 
 using Content = std::optional<decltype(ReportSection::content)>;
@@ -58,7 +59,8 @@ Content mapContent(const Subject& subject) {
     const auto map = finestMap(*prepared, *subject.conditions);
     if (!map) return std::nullopt;
     const clsLimits& limits = prepared->envelopeFor(subject.conditions->EcoCalculateMode)->limits;
-    const auto shown = shownMap(*map, limits, subject.mapped, subject.inputs.units(), marksOf(QLocale()));
+    const auto shown =
+        shownMap(*map, limits, subject.choices.mapped, subject.inputs.units(), marksOf(QLocale()));
     if (!shown) return std::nullopt;
     ReportMap content{.heading = fromCore(shown->name), .envelope = envelopeOf(compressor, subject.inputs)};
     if (!shown->unit.empty()) content.heading += QStringLiteral(", ") + fromCore(shown->unit);
@@ -95,6 +97,13 @@ Content cyclePageContent(const Subject& subject) {
     return content;
 }
 
+Content partLoadContent(const Subject& subject) {
+    auto load = partLoadSection(*subject.compressor, *subject.conditions, subject.choices.partLoad,
+                                subject.inputs.units());
+    if (!load) return std::nullopt;
+    return *std::move(load);
+}
+
 struct Kind {
     const char* key;
     const char* nameKey;
@@ -102,7 +111,8 @@ struct Kind {
 };
 constexpr std::array kinds{Kind{"limits", "frmselection.tabstrip.tabs.limits", mapContent},
                            Kind{"rating", "frmselection.tabstrip.tabs.rating", tablesContent},
-                           Kind{"cycle", "frmselection.tabstrip.tabs.cycle", cyclePageContent}};
+                           Kind{"cycle", "frmselection.tabstrip.tabs.cycle", cyclePageContent},
+                           Kind{"partload", "frmselection.tabstrip.tabs.partload", partLoadContent}};
 
 /// "Cycle · R134A · 2.00 °C / 40.00 °C · Superheat 10.00 K · ...".
 QString titleOf(const QString& name, const Subject& subject) {
@@ -133,8 +143,8 @@ std::optional<ReportSection> made(const Kind& kind, const QString& name, const S
 
 std::vector<OfferedSection> offeredSections(const std::shared_ptr<const clsCompressor>& compressor,
                                             const std::shared_ptr<const clsProjectConditions>& conditions,
-                                            const SelectionInputs& inputs, Figure mapped) {
-    const Subject subject{compressor, conditions, inputs, mapped};
+                                            const SelectionInputs& inputs, const SectionChoices& choices) {
+    const Subject subject{compressor, conditions, inputs, choices};
     std::vector<OfferedSection> offered;
     for (const Kind& kind : kinds) {
         const QString name = dictionaryText(QLatin1String(kind.nameKey));

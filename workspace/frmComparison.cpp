@@ -454,6 +454,17 @@ void frmComparison::ExportCPS() {
         emit exported(filled(text("frmcomparison.exported"), {path}));
 }
 
+std::vector<PrintedCharts> frmComparison::printedCharts() const {
+    constexpr double headings = 40;
+    constexpr double half = (PrintedList::height - headings) / 2;
+    const QSizeF whole(PrintedList::width, half);
+    const QSizeF side(PrintedList::width / 2 - 8, half);
+    std::vector<PrintedCharts> charts{{limitsTitle_->text(), {limits_->onPaper(whole)}}};
+    if (curves_.size() == comparison_->machines.size())
+        charts.push_back({curvesTitle(), {capacity_->onPaper(side), cop_->onPaper(side)}});
+    return charts;
+}
+
 void frmComparison::PrintReport(bool preview) {
     if (!hasResults()) return;
     QList<QStringList> rows = textRows(bestMark);
@@ -461,7 +472,8 @@ void frmComparison::PrintReport(bool preview) {
                      .conditions = {counts()},
                      .columns = rows.takeFirst(),
                      .rows = rows,
-                     .wordColumns = {0}};
+                     .wordColumns = {0},
+                     .charts = printedCharts()};
     printList(list, preview, window());
 }
 

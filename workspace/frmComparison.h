@@ -10,6 +10,7 @@
 #include "workspace/ComparedChoices.h"
 #include "workspace/ComparisonRun.h"
 #include "workspace/Form.h"
+#include "workspace/ListPrint.h"
 
 class QLabel;
 
@@ -89,6 +90,7 @@ class frmComparison : public Form {
     void showCharts();
     void showPages();
     QString curvesTitle() const;
+    std::vector<PrintedCharts> printedCharts() const;
     /// The table as rows of texts, the heads as the first one; `bestMark` is before the best values.
     QList<QStringList> textRows(const QString& bestMark) const;
     ComparisonStyle style() const;

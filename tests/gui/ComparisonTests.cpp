@@ -6,8 +6,13 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QStatusBar>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "controls/CoreText.h"
@@ -26,6 +31,8 @@
 using namespace marvello;
 using marvello::testing::choose;
 using marvello::testing::control;
+using marvello::testing::Person;
+using marvello::testing::press;
 
 namespace {
 
@@ -360,4 +367,35 @@ TEST_F(ComparisonFormTest, TheChartsAreReadByMouseAndKeys) {
     EXPECT_TRUE(cop->reading().startsWith("T. E. Dew ")) << qPrintable(cop->reading());
     QTest::mouseMove(cop, {2, 2});
     EXPECT_EQ(cop->reading(), QString()) << "next to the axis there is nothing to read";
+}
+
+TEST_F(ComparisonFormTest, IsPrintedWithItsChartsAsLines) {
+    if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "paper would come out of a printer";
+    add(*selection, 1);
+    add(*selection, 2);
+    window->activateWindow();
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("printed.pdf"));
+    const Person person({[&](QWidget& dialog) {
+        auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
+        ASSERT_NE(name, nullptr);
+        name->setText(file);
+        press(dialog, QDialogButtonBox::Ok);
+    }});
+    form()->PrintReport(false);
+    const auto said = [&](const char* program, const QStringList& arguments) {
+        QProcess reader;
+        reader.start(QLatin1String(program), arguments);
+        EXPECT_TRUE(reader.waitForFinished());
+        return QString::fromUtf8(reader.readAllStandardOutput());
+    };
+    const QRegularExpression pages(QStringLiteral("Pages: *(\\d+)"));
+    const QString count = pages.match(said("pdfinfo", {file})).captured(1);
+    ASSERT_GE(count.toInt(), 2);
+    const QString charts = said("pdftotext", {QStringLiteral("-f"), count, file, QStringLiteral("-")});
+    QStringList words = names();
+    words += QStringLiteral("Application limits");
+    for (const QString& each : words) EXPECT_TRUE(charts.contains(each)) << charts.toStdString();
+    EXPECT_EQ(said("pdfimages", {QStringLiteral("-list"), file}).count(u'\n'), 2)
+        << "there is more than the heading";
 }

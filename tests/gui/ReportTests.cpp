@@ -280,6 +280,34 @@ TEST_P(ReportTest, GoesOnWithRatingTablesIfTheUserWantsThem) {
     EXPECT_EQ(wordsOf(first), wordsOf(alone));
 }
 
+TEST_P(ReportTest, HasThePartLoadAsASection) {
+    calculate("R134A", "TK-A");
+    select(mark::possible);
+    settings::reportSections.keep({QStringLiteral("partload")});
+    const ReportContent report = *form->results().report();
+    ASSERT_EQ(report.sections.size(), 1U);
+    const auto& load = std::get<ReportPartLoad>(report.sections[0].content);
+    ASSERT_EQ(load.tables.size(), 2U);
+    // At the full step a machine is what the list shows.
+    const ReportPartLoad::Row& full = load.tables[0].rows.at(0);
+    EXPECT_TRUE(full.label.contains(u"100"));
+    EXPECT_EQ(full.mark, mark::possible);
+    const QStringList columns{"Q0", "Pta", "COP", "CA", "mBase", "Tsca"};
+    for (int i = 0; i < columns.size(); ++i)
+        EXPECT_EQ(
+            full.values.at(i + 2),
+            list()->text(list()->selectedRow(), static_cast<int>(list()->columnKeys().indexOf(columns[i]))));
+    const QString words = wordsOf(report);
+    EXPECT_TRUE(words.contains(plain(load.heading)));
+    for (const ReportPartLoad::Table& table : load.tables) {
+        EXPECT_EQ(table.rows.size(), 4U);
+        for (const ReportPartLoad::Row& row : table.rows) {
+            EXPECT_TRUE(words.contains(plain(row.sentence))) << row.sentence.toStdString();
+            for (const QString& value : row.values)
+                EXPECT_TRUE(words.contains(plain(value))) << value.toStdString();
+        }
+    }
+}
 TEST_P(ReportTest, HasTheMapOfTheLimitsAndTheCycleAsSections) {
     calculate("R134A", "TK-A");
     select(mark::withWarnings);
@@ -311,12 +339,12 @@ TEST(ReportSectionsTest, AreMadeWithoutATurnOfTheWindow) {
     real.calculate();
     ASSERT_TRUE(real.form->hasResults());
     real.list()->selectRow(1);
-    settings::reportSections.keep({"limits", "rating", "cycle"});
+    settings::reportSections.keep({"limits", "rating", "cycle", "partload"});
     int turns = 0;
     real.session.hooks.giveTurn = [&turns] { ++turns; };
     const auto report = real.form->results().report();
     ASSERT_TRUE(report);
-    EXPECT_EQ(report->sections.size(), 3U);
+    EXPECT_EQ(report->sections.size(), 4U);
     EXPECT_EQ(turns, 0);
     giveTurn();
     EXPECT_EQ(turns, 1) << "afterwards there are turns again";

@@ -21,41 +21,6 @@ constexpr Range grids{0, 3, "kg CO2e/kWh"};
 constexpr Range charges{0, 100'000, "kg"};
 constexpr Range percents{0, 100, "%"};
 constexpr Range lives{1, 100, "years"};
-constexpr Range coefficients{0, 1, "as coefficient"};
-
-constexpr std::array degradationNames{std::pair{"none", Degradation::Form::none},
-                                      std::pair{"condensing-unit", Degradation::Form::condensingUnit},
-                                      std::pair{"chiller", Degradation::Form::chiller}};
-
-double usualCoefficient(Degradation::Form form) {
-    switch (form) {
-        case Degradation::Form::condensingUnit:
-            return 0.25;
-        case Degradation::Form::chiller:
-            return 0.9;
-        case Degradation::Form::none:
-            break;
-    }
-    return 0;
-}
-
-Degradation degradationIn(const std::string& text) {
-    const std::size_t colon = text.find(':');
-    Degradation degradation{.form = wordOf(text.substr(0, colon), degradationNames)};
-    degradation.coefficient = colon == std::string::npos ? usualCoefficient(degradation.form)
-                                                         : numberIn(text.substr(colon + 1), coefficients);
-    return degradation;
-}
-
-/// What a reader of the engine refuses is a bad request.
-template <class Read>
-auto asRequest(Read read) {
-    try {
-        return read();
-    } catch (const std::invalid_argument& refusal) {
-        throw BadRequest(refusal.what());
-    }
-}
 
 constexpr std::array options = {
     YearOption{"machines", "machines in the order of the sequence, such as \"TK-A-120x2;TK-D-140\"",
@@ -88,7 +53,9 @@ constexpr std::array options = {
     YearOption{"degradation",
                "what intermittent running costs: none, condensing-unit or chiller, with a coefficient as in "
                "condensing-unit:0.25 (that of the profile)",
-               [](YearQuestion& q, const std::string& text) { q.degradation = degradationIn(text); }},
+               [](YearQuestion& q, const std::string& text) {
+                   q.degradation = asRequest([&] { return degradationOf(text); });
+               }},
     YearOption{"price", "price of a kWh, in any currency",
                [](YearQuestion& q, const std::string& text) { q.price = numberIn(text, prices); }},
     YearOption{"grid", "emissions of electricity: kg CO2e/kWh, or a region such as DE (WORLD)",
@@ -269,14 +236,6 @@ void complete(YearQuestion& question, const PreparedCatalogue& catalogue,
 
 std::string machineName(const PreparedCompressor& compressor) {
     return compressor.Serie + '-' + compressor.Model;
-}
-
-std::string textOf(const Degradation& degradation) {
-    const auto* const found = std::ranges::find(degradationNames, degradation.form,
-                                                &std::pair<const char*, Degradation::Form>::second);
-    const std::string name = found->first;
-    return degradation.form == Degradation::Form::none ? name
-                                                       : name + ':' + storedText(degradation.coefficient);
 }
 
 }  // namespace marvello::select

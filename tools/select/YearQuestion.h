@@ -61,7 +61,4 @@ void complete(YearQuestion& question, const PreparedCatalogue& catalogue,
 /// Returns a compressor as machines are named: "TK-A-120".
 std::string machineName(const PreparedCompressor& compressor);
 
-/// Returns the text of a degradation as the option has it, such as "condensing-unit:0.25".
-std::string textOf(const Degradation& degradation);
-
 }  // namespace marvello::select
