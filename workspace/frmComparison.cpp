@@ -216,7 +216,13 @@ frmComparison::Added frmComparison::add(const std::vector<ComparedChoice>& choic
         }
     }
     recalculate();
+    emit choicesChanged();
     return added;
+}
+
+void frmComparison::remove(const ComparedChoice& choice) {
+    const auto found = std::ranges::find(choices_.all(), choice) - choices_.all().begin();
+    if (found < std::ssize(choices_.all())) takeOut(choices_.numbers()[static_cast<std::size_t>(found)]);
 }
 
 void frmComparison::takeOut(int number) {
@@ -225,6 +231,7 @@ void frmComparison::takeOut(int number) {
     if (!choices_.takeOut(number)) return;
     if (reference_ == number) reference_.reset();
     recalculate();
+    emit choicesChanged();
     if (choices_.all().empty())
         setFocus();
     else if (isInHeads)  // to the one that takes its place

@@ -40,6 +40,8 @@ class frmComparison : public Form {
         QString refusal;  ///< Why the rest was not added; empty if there is no rest.
     };
     Added add(const std::vector<ComparedChoice>& choices);
+    /// Takes out a choice as it was added; nothing if it is gone.
+    void remove(const ComparedChoice& choice);
     const std::vector<ComparedChoice>& choices() const { return choices_.all(); }
     /// True from a change until all of it is shown.
     bool isCalculating() const { return run_.isRunning(); }
@@ -63,6 +65,8 @@ class frmComparison : public Form {
   signals:
     /// A compressor of a list is to be added; its menu is wanted at a place of the screen.
     void addRequested(const QPoint& place);
+    /// A choice was added or taken out.
+    void choicesChanged();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -399,3 +399,52 @@ TEST_F(ComparisonFormTest, IsPrintedWithItsChartsAsLines) {
     EXPECT_EQ(said("pdfimages", {QStringLiteral("-list"), file}).count(u'\n'), 2)
         << "there is more than the heading";
 }
+
+TEST_F(ComparisonFormTest, APinInTheListAddsARowAndTakesItOut) {
+    ResultsView* rows = list(*selection);
+    const auto pinOf = [rows](int row) {
+        const QRect cell = rows->visualRect(rows->model()->index(row, 0));
+        return QPoint(12, cell.center().y());
+    };
+    const auto spoken = [rows](int row) {
+        return rows->model()->index(row, 0).data(Qt::AccessibleTextRole).toString();
+    };
+    const int selected = rows->selectedRow();
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, pinOf(3));
+    settle();
+    ASSERT_TRUE(form());
+    ASSERT_EQ(form()->choices().size(), 1U);
+    EXPECT_EQ(form()->choices().front().model, "165");
+    EXPECT_EQ(rows->selectedRow(), selected) << "nothing else is selected";
+    EXPECT_TRUE(spoken(3).endsWith(", in the comparison")) << qPrintable(spoken(3));
+    EXPECT_FALSE(spoken(2).endsWith(", in the comparison"));
+    EXPECT_EQ(window->ActiveForm(), selection);
+    // The same compressor of another form, at the same point, is pinned there too; at another one it is not.
+    SelectionForm* other = window->newSelection();
+    choose(*other, "lstSeries", "TK-A");
+    other->lnkCalculate_Click();
+    EXPECT_TRUE(
+        list(*other)->model()->index(3, 0).data(Qt::AccessibleTextRole).toString().endsWith("comparison"));
+    marvello::testing::type(*other, "txtTCD", "45");
+    other->lnkCalculate_Click();
+    EXPECT_FALSE(
+        list(*other)->model()->index(3, 0).data(Qt::AccessibleTextRole).toString().endsWith("comparison"));
+    other->Quit();
+    // Where it goes away, its pin goes.
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, pinOf(3));
+    settle();
+    EXPECT_TRUE(form()->choices().empty());
+    EXPECT_FALSE(spoken(3).endsWith("comparison"));
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, pinOf(1));
+    settle();
+    EXPECT_TRUE(spoken(1).endsWith("comparison"));
+    form()->Quit();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(spoken(1).endsWith("comparison")) << "with the whole comparison";
+    // The heading of a group has none, and a drag away from a pin is no click.
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, pinOf(0));
+    QTest::mousePress(rows->viewport(), Qt::LeftButton, {}, pinOf(1));
+    QTest::mouseRelease(rows->viewport(), Qt::LeftButton, {}, pinOf(2));
+    settle();
+    EXPECT_FALSE(form());
+}
