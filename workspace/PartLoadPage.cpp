@@ -25,6 +25,7 @@ namespace {
 
 constexpr int beforeProgress = 300;  // milliseconds
 constexpr int afterTyping = 150;
+constexpr int minChartWidth = 280;
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 
@@ -56,6 +57,7 @@ PartLoadPage::PartLoadPage(const SelectionInputs& inputs, QWidget* parent)
     row->addWidget(list_, 2);
     row->addWidget(between_);
     row->addWidget(chart_, 1);
+    chart_->setMinimumWidth(minChartWidth);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);

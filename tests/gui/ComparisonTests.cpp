@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QMap>
 #include <QMenu>
 #include <QPrinterInfo>
 #include <QProcess>
@@ -447,4 +448,33 @@ TEST_F(ComparisonFormTest, APinInTheListAddsARowAndTakesItOut) {
     QTest::mouseRelease(rows->viewport(), Qt::LeftButton, {}, pinOf(2));
     settle();
     EXPECT_FALSE(form());
+}
+
+TEST_F(ComparisonFormTest, WithAnEconomizerFiguresCurvesAndPartLoadAreThoseOfTheList) {
+    choose(*selection, "cmbEco", "1");
+    selection->lnkCalculate_Click();
+    const int row = 1;
+    add(*selection, row);
+    const auto listed = [this](const char* column) {
+        return list(*selection)
+            ->text(row, static_cast<int>(list(*selection)->columnKeys().indexOf(QLatin1String(column))));
+    };
+    EXPECT_EQ(texts("capacity"), listed("Qeco"));
+    EXPECT_EQ(texts("power"), listed("PtaEco"));
+    EXPECT_EQ(texts("cop"), listed("CopEco"));
+    auto* capacities = control<ChartPane>(*form(), "comparisonCapacity");
+    QTest::keyClick(capacities, Qt::Key_Right);
+    EXPECT_TRUE(capacities->reading().endsWith(u' ' + listed("Qeco") + " kW"))
+        << qPrintable(capacities->reading());
+    // The page Part load of the same compressor.
+    list(*selection)->selectRow(row);
+    selection->MnuPopUp("partload");
+    auto* partLoad = control<ResultsView>(*selection, "lvPartLoad");
+    ASSERT_TRUE(QTest::qWaitFor([partLoad] { return partLoad->rowCount() > 0; }, 60000));
+    const auto cop = static_cast<int>(partLoad->columnKeys().indexOf("cop"));
+    QMap<QString, QString> cops;
+    for (int each = 0; each < partLoad->rowCount(); ++each)
+        cops[partLoad->text(each, 0)] = partLoad->text(each, cop);
+    EXPECT_EQ(texts("cop75"), cops.value("75 %"));
+    EXPECT_EQ(texts("cop50"), cops.value("50 %"));
 }
