@@ -86,6 +86,14 @@ void spreadListHeight(QSettings& store) {
     store.remove(height.key);
 }
 
+/// The rating tables were the only section that a report could have.
+void nameReportSections(QSettings& store) {
+    const QString key = QStringLiteral("Report/RatingTables");
+    if (store.value(key).toInt() == 1 && !store.contains(settings::reportSections.key))
+        settings::reportSections.keep({QStringLiteral("rating")}, store);
+    store.remove(key);
+}
+
 }  // namespace
 
 template <class Value>
@@ -115,7 +123,7 @@ template struct Setting<QHash<QString, double>>;
 
 void migrateSettings() {
     // A step for each version, in order; the last one is the version of the table.
-    constexpr void (*steps[])(QSettings&) = {nameLeaders, spreadListHeight};
+    constexpr void (*steps[])(QSettings&) = {nameLeaders, spreadListHeight, nameReportSections};
     constexpr int current = std::size(steps);
     QSettings store = userSettings();
     const int version = settings::version.value(store);
