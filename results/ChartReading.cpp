@@ -82,7 +82,7 @@ std::vector<double> readPlaces(const Chart& chart) {
     std::ranges::sort(places);
     constexpr double same = 1e-3;  // limits and points of operation are met but for the last digits
     const auto isSame = [](double one, double other) { return other - one < same; };
-    places.erase(std::ranges::unique(places, isSame).begin(), places.end());
+    places.erase(std::unique(places.begin(), places.end(), isSame), places.end());
     return places;
 }
 
