@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QImage>
 #include <QString>
 #include <QStringList>
@@ -76,6 +77,7 @@ struct ReportPartLoad {
 
 /// A part of the report behind its first page, on a page of its own.
 struct ReportSection {
+    QString name;   ///< in the contents of a file
     QString title;  ///< what the page is, with the conditions
     std::variant<ReportTables, ReportMap, ReportCycle, ReportPartLoad> content;
 };
@@ -90,7 +92,9 @@ struct ReportContent {
     QString warning2;
     QStringList pages;  ///< "Page 1 of 1", one for each page
     QString date;
-    QImage photo;  ///< null leaves its place empty
+    QDateTime created;  ///< of a file
+    QString language;   ///< of the texts, such as "de-DE"
+    QImage photo;       ///< null leaves its place empty
     EnvelopeDrawing envelope;
     QString margin;  ///< how far the point is from its limit, below the envelope
     std::vector<ReportLine> lines;

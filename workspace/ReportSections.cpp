@@ -134,7 +134,7 @@ std::optional<ReportSection> made(const Kind& kind, const QString& name, const S
     const CollectedBoxes said;
     auto content = kind.make(subject);
     if (!content) return std::nullopt;
-    return ReportSection{titleOf(name, subject), *std::move(content)};
+    return ReportSection{name, titleOf(name, subject), *std::move(content)};
 } catch (const std::exception&) {
     return std::nullopt;
 }
