@@ -104,15 +104,20 @@ void ChartPane::read(std::optional<std::size_t> place) {
     update();
 }
 
-/// Next to the line, at the side where there is room.
+/// Next to the line, at the side where there is room, and in the half without the values.
 void ChartPane::placeReadOut(double x) {
     constexpr int gap = 10;
     const int wide = std::min(readOut_->fittingWidth(), width());
     const int line = static_cast<int>(x);
     const int right = line + gap;
     const int left = right + wide <= width() ? right : std::max(0, line - gap - wide);
-    const int top = static_cast<int>(plane().top()) + gap;
-    readOut_->setGeometry(left, top, wide, readOut_->heightForWidth(wide));
+    const int high = readOut_->heightForWidth(wide);
+    const ChartPlane drawn = plane();
+    const double half = (drawn.top() + drawn.bottom()) / 2;
+    const auto above = std::ranges::count_if(dots_, [half](const DrawnPoint& dot) { return dot.y < half; });
+    const bool isAtTop = 2 * above < std::ssize(dots_);
+    const double top = isAtTop ? drawn.top() + gap : drawn.bottom() - gap - high;
+    readOut_->setGeometry(left, std::max(static_cast<int>(top), 1), wide, high);
 }
 
 void ChartPane::paintEvent(QPaintEvent*) {

@@ -48,6 +48,7 @@ class FigureDelegate : public QStyledItemDelegate {
             value(*painter, room, *model_.cell(index));
         if (isCurrent) {
             painter->setPen(QPen(look.accent, 1));
+            painter->setBrush(Qt::NoBrush);
             painter->drawRect(option.rect.adjusted(0, 0, -1, -2));
         }
         painter->restore();

@@ -261,6 +261,7 @@ std::optional<int> frmComparison::machineInUse() const {
 }
 
 void frmComparison::openMenu(int number, const QPoint& place) {
+    if (!choices_.placeOf(number)) return;
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto addEntry = [&](const char* key, const QKeySequence& keys, bool isEnabled, auto act) {

@@ -478,3 +478,21 @@ TEST_F(ComparisonFormTest, WithAnEconomizerFiguresCurvesAndPartLoadAreThoseOfThe
     EXPECT_EQ(texts("cop75"), cops.value("75 %"));
     EXPECT_EQ(texts("cop50"), cops.value("50 %"));
 }
+
+TEST_F(ComparisonFormTest, TheBestValueIsReadInTheCellInUse) {
+    add(*selection, 1);
+    add(*selection, 2);
+    window->findChild<TabStrip*>("TabStrip")->setCurrentIndex(1);
+    settle();
+    auto* figures = control<ComparisonFigures>(*form(), "comparisonFigures");
+    figures->setFocus();
+    const QModelIndex power = figures->model()->index(2, 1);  // the lower one of the smaller machine
+    ASSERT_TRUE(power.data(Qt::AccessibleTextRole).toString().contains("best value"));
+    figures->setCurrentIndex(power);
+    const QImage cell = figures->viewport()->grab(figures->visualRect(power)).toImage();
+    int dark = 0;
+    for (int y = 0; y < cell.height(); ++y)
+        for (int x = 0; x < cell.width(); ++x) dark += qGray(cell.pixel(x, y)) < 100;
+    EXPECT_LT(dark, cell.width() * cell.height() / 10) << "a dot and a few digits";
+    EXPECT_GT(dark, 20);
+}
