@@ -7,6 +7,7 @@
 
 #include "engine/PartLoad.h"
 #include "engine/PerformanceMap.h"
+#include "engine/PermittedConditions.h"
 #include "engine/RatingTable.h"
 #include "engine/Statements.h"
 #include "thermo/RefpropLibrary.h"
@@ -41,9 +42,13 @@ ComparedMachine machineOf(const ComparedChoice& choice, const PreparedCatalogue&
         machine.performance = failedWith(unknownCompressor);
         return machine;
     }
+    const PermittedConditions permitted = permittedConditions(*machine.prepared, choice.conditions);
+    machine.choice.conditions = permitted.conditions;
+    machine.putBack = permitted.putBack;
+    const clsProjectConditions& conditions = machine.choice.conditions;
     try {
         auto calculated = std::make_shared<clsCompressor>();
-        calculator.calculate(*machine.prepared, choice.conditions, *calculated);
+        calculator.calculate(*machine.prepared, conditions, *calculated);
         machine.performance = performanceOf(*calculated);
         machine.calculated = std::move(calculated);
         if (machine.performance.hasValues()) addPartLoads(machine, calculator);
@@ -52,7 +57,6 @@ ComparedMachine machineOf(const ComparedChoice& choice, const PreparedCatalogue&
     } catch (const std::exception&) {
         machine.performance = failedWith(failureName);
     }
-    const clsProjectConditions& conditions = choice.conditions;
     if (const clsLimits* const limits = machine.limits())
         machine.margin = applicationMargin(*limits, conditions.TEvaporatingDew, conditions.TCondensationDew);
     return machine;

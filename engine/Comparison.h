@@ -56,7 +56,8 @@ clsProjectConditions movedTo(const clsProjectConditions& conditions, const Opera
 
 /// What a choice comes to. Figures are those of one machine, as a selection at the conditions has them.
 struct ComparedMachine {
-    ComparedChoice choice;
+    ComparedChoice choice;  ///< At conditions as the form of its series permits them.
+    unsigned putBack = 0;   ///< Mask of `Selector`: what the choice asked for and the form does not permit.
     const PreparedCompressor* prepared = nullptr;       ///< Null if the catalogue does not have it.
     std::shared_ptr<const clsCompressor> calculated{};  ///< Null if it could not be calculated at all.
     Performance performance{};

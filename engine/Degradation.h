@@ -1,7 +1,8 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace marvello {
 
@@ -46,5 +47,13 @@ constexpr Degradation usualDegradation(Degradation::Form form) {
     }
     return {};
 }
+
+/// Reads "none", "condensing-unit" or "chiller", in any case of letters; the last two may have a coefficient
+/// from 0 to 1, as "condensing-unit:0.25". Throws std::invalid_argument with a sentence that quotes what
+/// cannot be read.
+Degradation degradationOf(std::string_view text);
+
+/// Returns the text that reads back as the degradation.
+std::string textOf(const Degradation& degradation);
 
 }  // namespace marvello

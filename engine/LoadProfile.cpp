@@ -88,10 +88,26 @@ std::string unitIn(std::string_view heading, std::string_view name) {
     return unit;
 }
 
-/// What separates the columns: what is in the first line that is no remark.
+/// The text with empty lines in place of the remarks: a quote in a remark quotes nothing.
+std::string withoutRemarks(std::string_view text) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+    std::string kept;
+    bool isQuoted = false;  // at the begin of the line
+    for (const std::string& line : splitText(text, '\n')) {
+        if (isQuoted || !line.starts_with('#')) {
+            kept += line;
+            if (std::ranges::count(line, '"') % 2 == 1) isQuoted = !isQuoted;
+        }
+        kept += '\n';
+    }
+    return kept;
+}
+
+/// What separates the columns: what is in the first line that has any.
 char separatorOf(std::string_view text) {
     for (const std::string& line : splitText(text, '\n')) {
-        if (trimmed(line).empty() || line.find_first_of('#') <= 3) continue;  // a mark of UTF-8 may be first
+        if (trimmed(line).empty()) continue;
         for (const char separator : {';', '\t'})
             if (line.find(separator) != std::string::npos) return separator;
         break;
@@ -115,14 +131,15 @@ class Reader {
   public:
     Reader(const std::string& file, bool hasLoad) : file_(file), wanted_(hasLoad ? 3 : 2) {}
 
-    LoadProfile read(std::string_view text) {
+    LoadProfile read(std::string_view whole) {
         Faults faults;
+        const std::string text = withoutRemarks(whole);
         const std::vector<CsvRecord> records = readCsv(text, file_, faults, separatorOf(text));
         if (!faults.empty()) throw LoadProfileFault(Reason::notCsv, {}, faults.lines().front());
         LoadProfile profile;
         for (const CsvRecord& record : records) {
             line_ = record.line;
-            if (record.fields.front().starts_with('#') || isBlank(record)) continue;
+            if (isBlank(record)) continue;
             if (targets_.empty())
                 readHeading(record.fields);
             else if (profile.bins.size() == maxBins)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QImage>
 #include <QString>
 #include <QStringList>
@@ -51,10 +52,34 @@ struct ReportCycle {
     std::vector<CaptionedValue> figures;  ///< two that belong together follow each other
 };
 
+/// A compressor over its load: a chart, and below it the tables of its states and of shares of its capacity.
+struct ReportPartLoad {
+    struct Column {
+        QString name;
+        QString unit;  ///< empty for a number without one
+    };
+    struct Row {
+        QString label;
+        QString mark;  ///< as controls/Marks.h names it
+        QStringList values;
+        QString sentence;  ///< how the compressor runs, or what its messages say; may be long
+    };
+    struct Table {
+        QString title;
+        std::vector<Row> rows;
+    };
+    QString heading;  ///< what was assumed of the condensing temperature and of intermittent running
+    QString full;     ///< what the full capacity is
+    Drawing chart;    ///< on white
+    std::vector<Column> columns;
+    std::vector<Table> tables;
+};
+
 /// A part of the report behind its first page, on a page of its own.
 struct ReportSection {
+    QString name;   ///< in the contents of a file
     QString title;  ///< what the page is, with the conditions
-    std::variant<ReportTables, ReportMap, ReportCycle> content;
+    std::variant<ReportTables, ReportMap, ReportCycle, ReportPartLoad> content;
 };
 
 /// What the report says of one compressor, with all its texts in the language of the user.
@@ -67,7 +92,9 @@ struct ReportContent {
     QString warning2;
     QStringList pages;  ///< "Page 1 of 1", one for each page
     QString date;
-    QImage photo;  ///< null leaves its place empty
+    QDateTime created;  ///< of a file
+    QString language;   ///< of the texts, such as "de-DE"
+    QImage photo;       ///< null leaves its place empty
     EnvelopeDrawing envelope;
     QString margin;  ///< how far the point is from its limit, below the envelope
     std::vector<ReportLine> lines;

@@ -5,8 +5,10 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
+#include <exception>
 
 #include "controls/WholeFile.h"
+#include "reports/FinishedPdf.h"
 #include "reports/ReportPage.h"
 
 namespace marvello {
@@ -14,6 +16,17 @@ namespace marvello {
 namespace {
 
 constexpr int dotsPerInch = 1200;
+
+PdfFacts factsOf(const ReportContent& content) {
+    PdfFacts facts{.title = content.model,
+                   .creator = content.version,
+                   .language = content.language,
+                   .created = content.created,
+                   .bookmarks = {{content.title, 1}}};
+    int page = 1;
+    for (const ReportSection& section : content.sections) facts.bookmarks.push_back({section.name, ++page});
+    return facts;
+}
 
 QSizeF paperOf(const QPageLayout& layout) { return layout.fullRect(QPageLayout::Millimeter).size(); }
 
@@ -44,15 +57,17 @@ QString saveReport(const QString& file, const QPageLayout& layout, const ReportC
         QPdfWriter writer(&made);
         writer.setResolution(dotsPerInch);
         writer.setPageLayout(layout);
-        writer.setTitle(content.model);
-        writer.setCreator(content.version);
         QPainter painter(&writer);
         for (int page = 1; page <= pageCount(content); ++page) {
             if (page > 1) writer.newPage();
             paintReport(painter, paperOf(layout), content, page);
         }
     }
-    return writeWholeFile(file, made.data());
+    try {
+        return writeWholeFile(file, finishedPdf(made.data(), factsOf(content)));
+    } catch (const std::exception& fault) {
+        return QString::fromUtf8(fault.what());
+    }
 }
 
 }  // namespace marvello

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "controls/CoreText.h"
+#include "controls/Icons.h"
 #include "reports/PaintedDrawing.h"
 #include "reports/TablesPage.h"
 
@@ -84,6 +85,88 @@ class CyclePaper : public PaperPage {
     }
 };
 
+class PartLoadPaper : public PaperPage {
+  public:
+    using PaperPage::PaperPage;
+
+    void paint(const ReportPartLoad& load) {
+        const double width = right() - side;
+        text({side, bodyTop, width, lineStep}, Qt::AlignLeft | Qt::AlignVCenter, bodyText * point,
+             load.heading, headingBlue, QFont::Medium);
+        text({side, bodyTop + lineStep, width, lineStep}, Qt::AlignLeft | Qt::AlignVCenter, 7.5 * point,
+             load.full, ink);
+        double top = bodyTop + 2.5 * lineStep;
+        const double scale = width / load.chart.width;
+        painter_.save();
+        painter_.translate(side, top);
+        painter_.scale(scale, scale);
+        paintDrawing(painter_, load.chart);
+        painter_.restore();
+        top += load.chart.height * scale + lineStep;
+        cell_ = (width - labels) / std::max(1.0, static_cast<double>(load.columns.size()));
+        step_ = std::min(lineStep, (footTop() - top) / (lines(load) + 1));
+        top = paintHeads(load, top);
+        for (const ReportPartLoad::Table& table : load.tables) top = paintTable(table, top);
+    }
+
+  private:
+    static constexpr double labels = 34 * mm;
+    static constexpr double markRoom = 5 * mm;
+
+    static double lines(const ReportPartLoad& load) {
+        double count = 2;
+        for (const ReportPartLoad::Table& table : load.tables) {
+            count += 1.5;
+            for (const ReportPartLoad::Row& row : table.rows) count += row.sentence.isEmpty() ? 1 : 2;
+        }
+        return count;
+    }
+
+    double size() const { return 7.5 * point * step_ / lineStep; }
+
+    QRectF cellBox(std::size_t column, double top) const {
+        return {side + labels + cell_ * static_cast<double>(column), top, cell_ - 1 * mm, step_};
+    }
+
+    double paintHeads(const ReportPartLoad& load, double top) {
+        for (std::size_t i = 0; i < load.columns.size(); ++i) {
+            const QRectF box = cellBox(i, top);
+            text(box, Qt::AlignRight | Qt::AlignVCenter, size(), load.columns[i].name, quiet);
+            text(box.translated(0, step_), Qt::AlignRight | Qt::AlignVCenter, size(), load.columns[i].unit,
+                 quiet);
+        }
+        rule(top + 2 * step_ - hairline, hairline, frame, side, right());
+        return top + 2 * step_;
+    }
+
+    /// Returns where the table ends.
+    double paintTable(const ReportPartLoad::Table& table, double top) {
+        text({side, top + step_ / 4, right() - side, step_}, Qt::AlignLeft | Qt::AlignVCenter, size(),
+             table.title, ink, QFont::Medium);
+        top += 1.5 * step_;
+        for (const ReportPartLoad::Row& row : table.rows) {
+            const double mark = 0.6 * step_;
+            paintMarkOnPaper(painter_, {side, top + (step_ - mark) / 2, mark, mark}, row.mark);
+            text({side + markRoom, top, labels - markRoom, step_}, Qt::AlignLeft | Qt::AlignVCenter, size(),
+                 row.label, ink);
+            for (qsizetype i = 0; i < row.values.size(); ++i)
+                text(cellBox(static_cast<std::size_t>(i), top), Qt::AlignRight | Qt::AlignVCenter, size(),
+                     row.values[i], ink);
+            top += step_;
+            if (!row.sentence.isEmpty()) {
+                text({side + markRoom, top - step_ / 8, right() - side - markRoom, step_},
+                     Qt::AlignLeft | Qt::AlignVCenter, size(), row.sentence, quiet);
+                top += step_;
+            }
+            rule(top - hairline, hairline, faint, side, right());
+        }
+        return top;
+    }
+
+    double cell_ = 0;
+    double step_ = lineStep;
+};
+
 /// A page with head and foot, and the content of the section between them.
 class SectionPage : public PaperPage {
   public:
@@ -101,6 +184,7 @@ class SectionPage : public PaperPage {
     void paintPart(const ReportTables& tables) { TablesPage(painter_, paper_, content_).paint(tables); }
     void paintPart(const ReportMap& map) { MapPaper(painter_, paper_, content_).paint(map); }
     void paintPart(const ReportCycle& cycle) { CyclePaper(painter_, paper_, content_).paint(cycle); }
+    void paintPart(const ReportPartLoad& load) { PartLoadPaper(painter_, paper_, content_).paint(load); }
 
     QSizeF paper_;
 };

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/Numbers.h"
@@ -39,6 +40,9 @@ struct ChartCurve {
     std::vector<DrawnPoint> points{};
     CurveStyle style{};
     bool isOnSecond = false;  ///< Counts on the second axis of values.
+    std::string name{};       ///< What its values are called where they are read; empty if they are not.
+    int set = 0;              ///< Curves of one set are one thing to those who read them.
+    bool isOutline = false;   ///< Closed, about an area.
 };
 
 /// What a bar is filled with. Bars differ by more than their tones.
@@ -59,12 +63,17 @@ struct ChartCategory {
 struct ChartBars {
     std::vector<double> values{};
     BarFill fill = BarFill::solid;
+    std::string name{};  ///< What its values are called where they are read; empty if they are not.
 };
 
 /// An axis has round ends about all that is drawn along it.
 struct ChartAxis {
     std::string title{};
     bool hasZero = false;  ///< Begins at 0, or ends there.
+    // Of values that are read.
+    std::string name{};
+    std::string unit{};
+    std::string_view pattern = "#0.0";
 };
 
 /// A line of the legend.

@@ -17,6 +17,8 @@ struct ComparedCell {
     std::optional<double> shown{};  ///< the number that the text shows
     bool isBest = false;            ///< of its row, and better than another one as shown
     std::string difference{};       ///< from the reference, of the shown numbers: "+4.2 %"; may be empty
+
+    bool isEmpty() const { return text == "-"; }
 };
 
 struct ComparedRow {

@@ -34,7 +34,9 @@ struct ComparedHead {
 /// Machines next to each other as windows, paper and files show them.
 struct ComparisonTable {
     std::vector<ComparedHead> heads;
-    std::vector<ComparedGroup> groups;  ///< without the rows in which no machine has a value
+    /// The first is that of the operating point. None has rows in which no machine has a value, but for the
+    /// first one where all machines have errors.
+    std::vector<ComparedGroup> groups;
 };
 
 struct ComparisonStyle {

@@ -24,8 +24,9 @@ struct PartLoadSheet {
         PointState state{};
         std::vector<std::string> values;  ///< One for each column.
     };
+    std::string full;             ///< What the full capacity is.
     std::string label;            ///< Heads the labels.
-    std::vector<Column> columns;  ///< Load, condensing temperature, figures, and a sentence.
+    std::vector<Column> columns;  ///< Load, condensing temperature, figures, among them a sentence.
     std::string statesTitle;      ///< "Step capacity", or "Frequency".
     std::vector<Row> states;
     std::string sharesTitle;

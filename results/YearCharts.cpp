@@ -32,6 +32,8 @@ class ChartMaker {
   public:
     ChartMaker(const YearComparison& comparison, const YearStyle& style, std::optional<std::size_t> marked)
         : comparison_(comparison), style_(style), heads_(yearHeads(comparison)) {
+        frame_.across.name = dictionaryText("frmyear.column.outdoor");
+        frame_.across.unit = unitText(Quantity::temperature, style.units);
         const bool hasHours = bins().size() <= fewBins;
         frame_.across.title = dictionaryText(hasHours ? "frmyear.chart.across" : "frmyear.chart.outdoor",
                                              {unitText(Quantity::temperature, style.units)});
@@ -50,9 +52,10 @@ class ChartMaker {
             for (const YearBin& bin : plant.year.bins) largest = std::max(largest, bin.energy());
         const bool isLarge = largest >= thousand;
         Chart chart = titled(dictionaryText("frmyear.difference.energy"), isLarge ? "MWh" : "kWh");
+        chart.up.pattern = "#0.0#";
         chart.up.hasZero = true;
         for (std::size_t i = 0; i < comparison_.plants.size(); ++i) {
-            ChartBars& bars = chart.bars.emplace_back(ChartBars{{}, fillOf(i)});
+            ChartBars& bars = chart.bars.emplace_back(ChartBars{{}, fillOf(i), heads_[i].name});
             for (const YearBin& bin : comparison_.plants[i].year.bins)
                 bars.values.push_back(bin.energy() / (isLarge ? thousand : 1));
             chart.legend.push_back({.name = heads_[i].name, .fill = fillOf(i)});
@@ -62,6 +65,7 @@ class ChartMaker {
 
     Chart cop() const {
         Chart chart = titled(dictionaryText("variables.cop.name"), "");
+        chart.up.pattern = "#0.00";
         addPlants(chart, [](const YearOfPlant&, const YearBin& bin) {
             return bin.power() > 0 ? std::optional(bin.delivered() / bin.power()) : std::nullopt;
         });
@@ -105,16 +109,19 @@ class ChartMaker {
     Chart titled(const std::string& name, const std::string& unit) const {
         Chart chart = frame_;
         chart.title = chart.up.title = withUnit(name, unit);
+        chart.up.name = name;
+        chart.up.unit = unit;
         return chart;
     }
 
     /// A curve through the middles of the bins; a bin without a value ends it.
     template <class ValueOf>
     void addCurve(Chart& chart, CurveStyle style, const std::string& name, ValueOf valueOf) const {
+        const int set = static_cast<int>(chart.legend.size());
         bool goesOn = false;
         for (std::size_t bin = 0; bin < bins().size(); ++bin) {
             const std::optional<double> value = valueOf(bin);
-            if (value && !goesOn) chart.curves.push_back({.style = style});
+            if (value && !goesOn) chart.curves.push_back({.style = style, .name = name, .set = set});
             if (value) chart.curves.back().points.push_back({static_cast<double>(bin) + 0.5, *value});
             goesOn = value.has_value();
         }

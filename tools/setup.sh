@@ -4,7 +4,7 @@
 packages=(
     g++ binutils cmake ninja-build ccache pkg-config
     qt6-base-dev qt6-svg-dev qt6-translations-l10n libgl-dev
-    libsqlite3-dev libsqlitecpp-dev zlib1g-dev nlohmann-json3-dev libcli11-dev libeigen3-dev
+    libsqlite3-dev libsqlitecpp-dev zlib1g-dev libqpdf-dev nlohmann-json3-dev libcli11-dev libeigen3-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     python3
     xvfb xauth openbox fonts-roboto-unhinted fonts-noto-cjk locales

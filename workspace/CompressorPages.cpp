@@ -150,7 +150,10 @@ void CompressorPages::findOnPage() {
     if (page() == calculation_) calculation_->focusSearch();
 }
 
-std::optional<Figure> CompressorPages::mapFigure() const { return mappedLimits_->figure(); }
+SectionChoices CompressorPages::sectionChoices() const {
+    return {.mapped = mappedLimits_->figure().value_or(Figure::cop), .partLoad = partLoad_->rule()};
+}
+
 QString CompressorPages::mapQuantity() const { return mappedLimits_->quantity(); }
 void CompressorPages::setMapQuantity(const QString& name) { mappedLimits_->setQuantity(name); }
 

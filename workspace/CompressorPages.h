@@ -6,6 +6,7 @@
 #include "engine/AdvisedInput.h"
 #include "engine/Performance.h"
 #include "inputs/SelectionInputs.h"
+#include "workspace/ReportSections.h"
 #include "workspace/UsedPoint.h"
 
 class QStackedWidget;
@@ -51,8 +52,8 @@ class CompressorPages : public QWidget {
     /// Shows from now on what to do about messages, takes operating points and prints; says with
     /// adviceUsed(), pointUsed() and printWanted() what the user follows.
     void setFollowed();
-    /// The figure of the map on the page of the limits; none for the limits alone.
-    std::optional<Figure> mapFigure() const;
+    /// What the user chose on the pages, for their sections of a report.
+    SectionChoices sectionChoices() const;
     /// The quantity of the map on the page of the limits, by its name in files; empty for none.
     QString mapQuantity() const;
     void setMapQuantity(const QString& name);

@@ -4,11 +4,13 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QTextCursor>
 #include <QTextDocument>
-#include <QUrl>
+#include <memory>
 
 #include "controls/Look.h"
 #include "controls/TwoLineHeader.h"
+#include "workspace/DrawingObject.h"
 #include "workspace/WindowTexts.h"
 
 namespace marvello {
@@ -33,6 +35,10 @@ QString tableHtml(const PrintedList& list) {
     const auto line = [&list](const char* tag, const QStringList& texts) {
         QString cells;
         const bool isHead = &texts == &list.columns;
+        if (!isHead && list.columns.size() > 1 && texts.sliced(1).join(QString()).isEmpty())
+            return QStringLiteral("<tr><td colspan=\"%1\"><b>%2</b></td></tr>")
+                .arg(list.columns.size())
+                .arg(texts.front().toHtmlEscaped());
         for (int column = 0; column < texts.size(); ++column)
             cells += cell(tag, isHead ? heading(texts[column]) : texts[column].toHtmlEscaped(),
                           list.wordColumns.contains(column));
@@ -44,38 +50,67 @@ QString tableHtml(const PrintedList& list) {
     return html + QStringLiteral("</table>");
 }
 
-void printList(const PrintedList& list, bool preview, QWidget* window) {
-    const QString html = QStringLiteral("<h2>") + list.title.toHtmlEscaped() + QStringLiteral("</h2><p>") +
-                         list.conditions.join(QStringLiteral("   \u00B7   ")).toHtmlEscaped() +
-                         QStringLiteral("</p>") + tableHtml(list);
-    printHtml(list.title, html, {}, preview, window);
+void addCharts(QTextDocument& document, const std::vector<PrintedCharts>& lines) {
+    auto* objects = std::make_unique<DrawingObject>(document).release();  // the document owns it
+    QTextCursor cursor(&document);
+    cursor.movePosition(QTextCursor::End);
+    for (const PrintedCharts& line : lines) {
+        QTextBlockFormat block;
+        if (&line == &lines.front()) block.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+        QTextCharFormat heading;
+        heading.setFontWeight(QFont::Medium);
+        cursor.insertBlock(block, heading);
+        cursor.insertText(line.heading);
+        cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+        for (const Drawing& chart : line.charts) objects->insert(cursor, chart);
+    }
 }
 
-void printHtml(const QString& title, const QString& html, const QHash<QString, QImage>& pictures,
-               bool preview, QWidget* window) {
+namespace {
+
+void fillWith(const PrintedList& list, QTextDocument& document) {
+    document.setHtml(QStringLiteral("<h2>") + list.title.toHtmlEscaped() + QStringLiteral("</h2><p>") +
+                     list.conditions.join(QStringLiteral("   \u00B7   ")).toHtmlEscaped() +
+                     QStringLiteral("</p>") + tableHtml(list));
+    if (!list.charts.empty()) addCharts(document, list.charts);
+}
+
+void paint(const std::function<void(QTextDocument&)>& fill, QPagedPaintDevice& paper) {
+    QTextDocument document;
+    QFont font = lookFont();
+    font.setPointSizeF(8.5);
+    document.setDefaultFont(font);
+    fill(document);
+    document.print(&paper);
+}
+
+}  // namespace
+
+void paintList(const PrintedList& list, QPagedPaintDevice& paper) {
+    paint([&list](QTextDocument& document) { fillWith(list, document); }, paper);
+}
+
+void printList(const PrintedList& list, bool preview, QWidget* window) {
+    printDocument(
+        list.title, [&list](QTextDocument& document) { fillWith(list, document); }, preview, window);
+}
+
+void printDocument(const QString& title, const std::function<void(QTextDocument&)>& fill, bool preview,
+                   QWidget* window) {
     QPrinter printer(QPrinter::HighResolution);
     // The document has margins of its own.
     printer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()});
     printer.setDocName(title);
-    const auto paint = [&html, &pictures](QPrinter* to) {
-        QTextDocument document;
-        for (auto picture = pictures.begin(); picture != pictures.end(); ++picture)
-            document.addResource(QTextDocument::ImageResource, QUrl(picture.key()), *picture);
-        QFont font = lookFont();
-        font.setPointSizeF(8.5);
-        document.setDefaultFont(font);
-        document.setHtml(html);
-        document.print(to);
-    };
+    const auto paintOn = [&fill](QPrinter* to) { paint(fill, *to); };
     if (preview) {
         QPrintPreviewDialog dialog(&printer, window);
         dialog.setWindowTitle(title);
-        QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, paint);
+        QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, paintOn);
         dialog.exec();
         return;
     }
     QPrintDialog dialog(&printer, window);
-    if (dialog.exec() == QDialog::Accepted) paint(&printer);
+    if (dialog.exec() == QDialog::Accepted) paintOn(&printer);
 }
 
 }  // namespace marvello

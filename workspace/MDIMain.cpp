@@ -236,6 +236,8 @@ void MDIMain::compare(const std::vector<ComparedChoice>& choices) {
     if (!form) {
         form = std::make_unique<frmComparison>().release();  // its window owns it
         connect(form, &frmComparison::addRequested, this, &MDIMain::offerToCompare);
+        connect(form, &frmComparison::choicesChanged, this, &MDIMain::showCompared);
+        connect(form, &QObject::destroyed, this, &MDIMain::showCompared);
         placeBehind(form);
     }
     const frmComparison::Added added = form->add(choices);
@@ -279,6 +281,13 @@ void MDIMain::addToYear(const std::vector<ComparedChoice>& choices) {
     sayAdded(added.note, added.refusal);
 }
 
+void MDIMain::showCompared() {
+    const frmComparison* const form = comparison();
+    for (Form* each : forms())
+        if (auto* withInputs = qobject_cast<InputForm*>(each))
+            withInputs->results().showCompared(form ? form->choices() : std::vector<ComparedChoice>());
+}
+
 void MDIMain::offerToCompare(const QPoint& place) {
     QMenu menu(this);
     for (Form* form : forms()) {
@@ -318,7 +327,11 @@ void MDIMain::open(InputForm* form) {
         selection->populateLVCPS(cmbGroupBy_->Key().toInt());
     connect(&form->results(), &ListPane::chosenToCompare, this, &MDIMain::compare);
     connect(&form->results(), &ListPane::chosenForYear, this, &MDIMain::addToYear);
+    connect(&form->results(), &ListPane::takenFromComparison, this, [this](const ComparedChoice& choice) {
+        if (frmComparison* compared = comparison()) compared->remove(choice);
+    });
     place(form, firstInUse);
+    showCompared();
 }
 
 void MDIMain::place(Form* form, QWidget* firstInUse) {

@@ -82,6 +82,8 @@ class MDIMain : public QMainWindow {
     void placeBehind(Form* form);
     /// Says what became of compressors that were added.
     void sayAdded(const QString& note, const QString& refusal);
+    /// Marks what the comparison holds in all lists.
+    void showCompared();
     /// Lets the user add a compressor of a list, from a menu at a place of the screen.
     void offerToCompare(const QPoint& place);
     /// Opens a solution of a search as a selection, and calculates it.

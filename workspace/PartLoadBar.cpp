@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <QLocale>
 #include <QMenu>
+#include <algorithm>
 #include <array>
 
 #include "controls/AdvanceText.h"
@@ -129,8 +130,32 @@ void PartLoadBar::setHasTable(bool hasTable) {
     for (QWidget* button : std::initializer_list<QWidget*>{copy_, export_}) button->setEnabled(hasTable);
 }
 
-std::optional<CondensingRule> PartLoadBar::condensing() const {
-    return modes_->chosen() == u"falling" ? std::optional(rule_) : std::nullopt;
+bool PartLoadBar::isFalling() const { return modes_->chosen() == u"falling"; }
+
+QString PartLoadBar::lossText() const {
+    const auto* const loss = std::ranges::find(losses, degradation_, &Loss::form);
+    return filled(text("frmselection.partload.loss"), {text(loss->textKey)});
+}
+
+PartLoadRule PartLoadBar::rule(UnitSystem units) const {
+    PartLoadRule rule{.condensing = {}, .degradation = usualDegradation(degradation_), .words = {}};
+    if (isFalling()) {
+        const auto said = [&](const char* key, Quantity quantity, double metric) {
+            const double shown = inUnits(quantity, metric, UnitSystem::metric, units);
+            return text(key) + u' ' + fromCore(formatNumber(shown, "#0.0", marksOf(QLocale()))) + u' ' +
+                   fromCore(unitText(quantity, units));
+        };
+        rule.condensing = rule_;
+        rule.words = {
+            text("frmselection.partload.condensing") + QStringLiteral(": ") +
+                text("frmselection.partload.falling"),
+            said("frmselection.partload.difference", Quantity::temperatureDifference, *rule_.difference),
+            said("frmselection.partload.minimum", Quantity::temperature, *rule_.minimum)};
+    } else {
+        rule.words = {text("frmselection.partload.fixed")};
+    }
+    rule.words += lossText();
+    return rule;
 }
 
 void PartLoadBar::show(AdvanceText& field, Quantity quantity, double metric, double minimum, double maximum) {
@@ -147,16 +172,14 @@ void PartLoadBar::show(AdvanceText& field, Quantity quantity, double metric, dou
     field.SetTextValue(shown(metric));
     field.setFixedSize(captionWidth + boxWidth + unitWidth + 2 * AdvanceText::halo,
                        AdvanceText::boxHeight + 2 * AdvanceText::halo);
-    field.setVisible(condensing().has_value());
+    field.setVisible(isFalling());
 }
 
 void PartLoadBar::refresh() {
     show(*difference_, Quantity::temperatureDifference, *rule_.difference, differences.minimum,
          differences.maximum);
     show(*minimum_, Quantity::temperature, *rule_.minimum, temperatures.minimum, temperatures.maximum);
-    for (const Loss& loss : losses)
-        if (loss.form == degradation_)
-            losses_->setFilter(filled(text("frmselection.partload.loss"), {text(loss.textKey)}), -1);
+    losses_->setFilter(lossText(), -1);
     layOut();
 }
 

@@ -6,6 +6,7 @@
 #include "engine/CondensingRule.h"
 #include "engine/Degradation.h"
 #include "thermo/EnteredQuantity.h"
+#include "workspace/PartLoadRule.h"
 
 namespace marvello {
 
@@ -30,9 +31,8 @@ class PartLoadBar : public PageBar {
     /// Whether there is a table to take away.
     void setHasTable(bool hasTable);
 
-    /// None for a fixed condensing temperature.
-    std::optional<CondensingRule> condensing() const;
-    Degradation degradation() const { return usualDegradation(degradation_); }
+    /// What is chosen, in words for a system of units.
+    PartLoadRule rule(UnitSystem units) const;
 
   signals:
     void ruleChanged();
@@ -48,6 +48,8 @@ class PartLoadBar : public PageBar {
     ctlBtn* addButton(const char* name, const char* picture);
     void refresh();
     void openLosses();
+    bool isFalling() const;
+    QString lossText() const;
 
     SegmentedSelector* modes_;
     AdvanceText* difference_;

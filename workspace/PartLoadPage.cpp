@@ -25,13 +25,9 @@ namespace {
 
 constexpr int beforeProgress = 300;  // milliseconds
 constexpr int afterTyping = 150;
+constexpr int minChartWidth = 280;
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
-
-QString markOf(PointState state) {
-    if (state == PointState::ok) return markOf(Verdict::possible);
-    return markOf(state == PointState::warning ? Verdict::possibleWithWarnings : Verdict::notPossible);
-}
 
 void addRows(ResultsView& list, const std::string& title, const std::vector<PartLoadSheet::Row>& rows) {
     list.addGroup(fromCore(title), fromCore(title));
@@ -58,9 +54,10 @@ PartLoadPage::PartLoadPage(const SelectionInputs& inputs, QWidget* parent)
     chart_->setObjectName(QStringLiteral("picPartLoad"));
     auto* row = new QHBoxLayout;
     row->setSpacing(0);
-    row->addWidget(list_, 3);
+    row->addWidget(list_, 2);
     row->addWidget(between_);
-    row->addWidget(chart_, 2);
+    row->addWidget(chart_, 1);
+    chart_->setMinimumWidth(minChartWidth);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -94,6 +91,8 @@ void PartLoadPage::translate() {
     fill();
 }
 
+PartLoadRule PartLoadPage::rule() const { return bar_->rule(inputs_.units()); }
+
 void PartLoadPage::clear() {
     run_.stop();
     patience_->stop();
@@ -108,7 +107,7 @@ void PartLoadPage::showCompressor(const clsCompressor& compressor, const clsProj
     catalogue_ = preparedCatalogue(gDatabase());
     compressor_ = catalogue_->find(compressor.Refrigerant, compressor.Serie, compressor.Model);
     conditions_ = conditions;
-    if (compressor_ == nullptr) return;
+    if (compressor_ == nullptr) return say(text("frmselection.rating.empty"));
     bar_->setUnits(inputs_.units());
     start();
 }
@@ -118,10 +117,7 @@ void PartLoadPage::start() {
     if (compressor_ == nullptr) return;
     patience_->start();
     isCalculating_ = true;
-    run_.start(catalogue_, partLoadQuestion({.compressor = compressor_,
-                                             .conditions = conditions_,
-                                             .condensing = bar_->condensing(),
-                                             .degradation = bar_->degradation()}));
+    run_.start(catalogue_, partLoadQuestion(rule().planOf(*compressor_, conditions_)));
 }
 
 void PartLoadPage::show(const PartLoadTable& table) {
@@ -142,8 +138,10 @@ void PartLoadPage::fill() {
     for (const PartLoadSheet::Column& column : sheet.columns) {
         const QString unit = column.unit.empty() ? QString() : u'(' + fromCore(column.unit) + u')';
         columns.push_back({fromCore(column.key), fromCore(column.name) + unit, fromCore(column.description)});
-        columns.back().minWidth = 64;
-        if (column.isText) columns.back().kind = ResultsModel::Kind::words;
+        columns.back().minWidth = 52;
+        if (!column.isText) continue;
+        columns.back().kind = ResultsModel::Kind::words;
+        columns.back().maxWidth = 400;
     }
     list_->clear();
     list_->setColumns(columns);
@@ -152,11 +150,7 @@ void PartLoadPage::fill() {
     list_->fitColumns();
     list_->selectKey(selected);
     chart_->setChart(partLoadChart(*compressor_, *table_, inputs_.units()));
-    const ShownValue full = shownFigure(
-        Figure::capacity, valueOf(table_->full.state.performance, Figure::capacity), inputs_.units(), marks);
-    bar_->setSentence(filled(text("frmselection.partload.full"),
-                             {fromCore(full.text + ' ' + unitOf(Figure::capacity, inputs_.units())),
-                              fromCore(stateText(*compressor_, table_->full.state, marks))}));
+    bar_->setSentence(fromCore(sheet.full));
     list_->setAccessibleDescription({});
     showParts();
 }

@@ -7,6 +7,7 @@
 #include "catalogue/PreparedCatalogue.h"
 #include "inputs/SelectionInputs.h"
 #include "results/PartLoadSheet.h"
+#include "workspace/PartLoadRule.h"
 #include "workspace/PartLoadRun.h"
 
 class QTimer;
@@ -32,6 +33,9 @@ class PartLoadPage : public QWidget {
     /// Shows a compressor from the operating point of its calculation downwards. One without any capacity
     /// there has none.
     void showCompressor(const clsCompressor& compressor, const clsProjectConditions& conditions);
+
+    /// By what it is calculated, as the bar has it.
+    PartLoadRule rule() const;
 
     /// True while a table is on its way.
     bool isCalculating() const { return isCalculating_; }

@@ -17,6 +17,11 @@ QString markOf(Verdict verdict) {
     return mark::notPossible;
 }
 
+QString markOf(PointState state) {
+    if (state == PointState::ok) return markOf(Verdict::possible);
+    return markOf(state == PointState::warning ? Verdict::possibleWithWarnings : Verdict::notPossible);
+}
+
 QString markOf(Severity severity) {
     switch (severity) {
         case Severity::error:

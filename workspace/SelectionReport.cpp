@@ -78,6 +78,8 @@ ReportContent reportOf(const ResultTable& table, const ResultRow& row, const Sel
     report.warning2 = text("report.lblwarning2.caption");
     setSections(report, {});
     report.date = userLocale().toString(QDate::currentDate(), QLocale::LongFormat);
+    report.created = QDateTime::currentDateTime();
+    report.language = userLocale().bcp47Name();
     report.photo = readPhoto(fromCore(compressor.Serie), fromCore(compressor.Model));
     report.envelope = envelopeOf(compressor, inputs);
     report.margin = fromCore(marginLine(compressor, inputs.units(), marksOf(QLocale())));

@@ -152,6 +152,12 @@ void YearPages::mark(std::optional<std::size_t> bin) {
     isFilling_ = false;
 }
 
+std::vector<PrintedCharts> YearPages::onPaper(const QSizeF& size) const {
+    constexpr std::size_t hoursChart = 2;
+    return {{tabs_->tabText(0), {charts_.front()->onPaper(size)}},
+            {tabs_->tabText(static_cast<int>(hoursChart)), {charts_[hoursChart]->onPaper(size)}}};
+}
+
 QList<QStringList> YearPages::table() const {
     QList<QStringList> rows{lists_[1]->columnTexts()};
     for (int row = 0; row < lists_[1]->rowCount(); ++row) rows += lists_[1]->rowTexts(row);

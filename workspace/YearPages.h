@@ -7,6 +7,7 @@
 
 #include "results/YearCharts.h"
 #include "results/YearSheet.h"
+#include "workspace/ListPrint.h"
 
 class QStackedWidget;
 
@@ -34,8 +35,8 @@ class YearPages : public QWidget {
     QWidget* page() const;
     /// The table of figures, with its heading, as it is shown.
     QList<QStringList> table() const;
-    /// The chart of energy, for paper.
-    const ChartPane& energy() const { return *charts_.front(); }
+    /// What a year takes and how long it runs, as charts of a size.
+    std::vector<PrintedCharts> onPaper(const QSizeF& size) const;
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

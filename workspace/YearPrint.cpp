@@ -1,12 +1,11 @@
 #include "workspace/YearPrint.h"
 
-#include "workspace/ListPrint.h"
+#include <QTextCursor>
+#include <QTextDocument>
 
 namespace marvello {
 
 namespace {
-
-const QString chartName = QStringLiteral("chart");
 
 QString tableOf(QList<QStringList> rows, bool firstIsWords) {
     PrintedList list{
@@ -25,21 +24,24 @@ QString lines(const QStringList& texts) {
 }  // namespace
 
 void printYear(const PrintedYear& year, bool preview, QWidget* window) {
-    constexpr int chartWidth = 1000;  // of the document's pixels
-    const auto heading = [](const QString& text, const char* style) {
+    const auto heading = [](const QString& text, const char* style = "") {
         return QStringLiteral("<h3 style=\"%1\">%2</h3>").arg(QLatin1String(style), text.toHtmlEscaped());
     };
-    constexpr const char* onNewSheet = "page-break-before:always";
     QString html = QStringLiteral("<h2>") + year.title.toHtmlEscaped() + QStringLiteral("</h2><p>") +
                    year.subject.toHtmlEscaped() + QStringLiteral("   \u00B7   ") + year.best.toHtmlEscaped() +
                    QStringLiteral("</p>") + tableOf(year.figures, true);
-    if (!year.differences.isEmpty()) html += heading(year.differencesTitle, "") + lines(year.differences);
-    html += lines(year.warnings);
-    html += heading(year.assumptionsTitle, "") + lines(year.assumptions);
-    html += heading(year.chartTitle, onNewSheet) +
-            QStringLiteral("<p><img src=\"%1\" width=\"%2\"></p>").arg(chartName).arg(chartWidth);
-    html += heading(year.binsTitle, onNewSheet) + tableOf(year.bins, false);
-    printHtml(year.title, html, {{chartName, year.chart}}, preview, window);
+    if (!year.differences.isEmpty()) html += heading(year.differencesTitle) + lines(year.differences);
+    html += lines(year.warnings) + heading(year.assumptionsTitle) + lines(year.assumptions);
+    const QString bins = heading(year.binsTitle, "page-break-before:always") + tableOf(year.bins, false);
+    const auto fill = [&](QTextDocument& document) {
+        document.setHtml(html);
+        addCharts(document, year.charts);
+        QTextCursor cursor(&document);
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertBlock();
+        cursor.insertHtml(bins);
+    };
+    printDocument(year.title, fill, preview, window);
 }
 
 }  // namespace marvello

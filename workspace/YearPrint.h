@@ -1,8 +1,10 @@
 #pragma once
 
-#include <QImage>
 #include <QList>
 #include <QStringList>
+#include <vector>
+
+#include "workspace/ListPrint.h"
 
 class QWidget;
 
@@ -17,8 +19,7 @@ struct PrintedYear {
     QString differencesTitle;
     QStringList differences;  ///< Empty for one plant.
     QStringList warnings;
-    QString chartTitle;
-    QImage chart;
+    std::vector<PrintedCharts> charts;
     QString binsTitle;
     QList<QStringList> bins;
     QString assumptionsTitle;

@@ -22,9 +22,7 @@
 #include "controls/ctlBtn.h"
 #include "data/FileText.h"
 #include "data/Session.h"
-#include "reports/PaintedDrawing.h"
 #include "results/YearSheet.h"
-#include "workspace/ChartPane.h"
 #include "workspace/Commands.h"
 #include "workspace/ComparisonFigures.h"
 #include "workspace/CopiedTable.h"
@@ -479,8 +477,7 @@ void frmYear::ExportCPS() {
 
 void frmYear::PrintReport(bool preview) {
     if (!hasResults()) return;
-    constexpr double pixels = 3;  // for one of the chart
-    constexpr QSizeF chartSize(960, 400);
+    constexpr double chartHeight = 280;
     QStringList differences;
     for (const YearDifference& difference : table_.differences)
         differences += marvello::fromCore(difference.caption) + QStringLiteral(": ") +
@@ -492,8 +489,7 @@ void frmYear::PrintReport(bool preview) {
                .differencesTitle = text("frmyear.difference"),
                .differences = differences,
                .warnings = fromCore(table_.warnings),
-               .chartTitle = text("frmyear.tab.energy"),
-               .chart = imageOf(pages_->energy().onPaper(chartSize), pixels),
+               .charts = pages_->onPaper({PrintedList::width, chartHeight}),
                .binsTitle = text("frmyear.open.title"),
                .bins = pages_->table(),
                .assumptionsTitle = text("frmyear.assumptions"),

@@ -98,6 +98,22 @@ TEST_F(ComparisonTest, PartLoadIsMetByTheStepsAroundIt) {
     }
 }
 
+// All of a column has to be one way to run: a series without an economizer has none in its figures either.
+TEST_F(ComparisonTest, WhatASeriesDoesNotOfferIsInNoFigure) {
+    const ComparedChoice without = choice("R134A", "MV-G", "50-230");
+    ComparedChoice with = without;
+    with.conditions.EcoCalculateMode = EconomizerMode::approach;
+    const Comparison comparison = compared({without, with});
+    const auto& [plain, putBack] = std::pair(comparison.machines[0], comparison.machines[1]);
+    ASSERT_TRUE(plain.performance.hasValues());
+    EXPECT_FALSE(putBack.performance.economized);
+    EXPECT_EQ(putBack.performance.plain.capacity, plain.performance.plain.capacity);
+    EXPECT_EQ(putBack.partLoadCop, plain.partLoadCop);
+    EXPECT_EQ(putBack.choice, without);
+    EXPECT_EQ(putBack.putBack, static_cast<unsigned>(Selector::economizer));
+    EXPECT_EQ(plain.putBack, 0U);
+}
+
 TEST_F(ComparisonTest, ACompressorThatTheCatalogueLacksKeepsItsPlace) {
     const Comparison comparison =
         compared({choice("R134A", "TK-A", "no such"), choice("R134A", "TK-A", "255")});

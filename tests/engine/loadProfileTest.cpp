@@ -34,7 +34,7 @@ TEST(LoadProfile, ReadsWhatSpreadsheetsWrite) {
           // tabs, other columns in another order, empty rows at the end
           "Load\tnote\tHours\tOutdoor\n0,4\tnight\t200,5\t-5\n1\t\t100\t30\n\t\t\t\n",
           // Fahrenheit: 23 F are -5 C, 86 F are 30 C
-          "# measured, 2025\n\noutdoor [F],hours (h),load [%]\n23,200.5,40\n86,100,100\n",
+          "# measured by \"us\", 25\" pipe\n\noutdoor [F],hours (h),load [%]\n23,200.5,40\n86,100,100\n",
           // a comma as mark in a quoted field, and a sign of typographers
           "outdoor (deg C),hours,load\n\u22125,\"200,5\",\"0,4\"\n30,100,1\n"}) {
         SCOPED_TRACE(text);
@@ -59,7 +59,7 @@ TEST(LoadProfile, RefusesWithTheLine) {
           {heading, "year.csv: there are no bins below the heading"},
           {"outdoor,hours\n1,2\n",
            "year.csv:1: the heading has no column \"load\"; it is such as outdoor,hours,load"},
-          {"#\noutdoor,hours,load,hours h\n", "year.csv:2: the heading has the column \"hours\" twice"},
+          {"#\"\noutdoor,hours,load,hours h\n", "year.csv:2: the heading has the column \"hours\" twice"},
           {"outdoor K,hours,load\n",
            "year.csv:1: \"outdoor K\" has a unit that is not known; outdoor may "
            "have C or F, hours h and load %"},

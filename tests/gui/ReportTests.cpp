@@ -62,10 +62,14 @@ class ReportTest : public ::testing::TestWithParam<const char*>, public marvello
     /// The text of the report as a reader copies it from the file, without its blanks: where a narrow one
     /// stands, readers differ.
     static QString wordsIn(const QString& file) {
+        return plain(said("pdftotext", {QStringLiteral("-layout"), file, QStringLiteral("-")}));
+    }
+    static QString said(const char* program, const QStringList& arguments) {
         QProcess reader;
-        reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), file, QStringLiteral("-")});
+        reader.start(QLatin1String(program), arguments);
         EXPECT_TRUE(reader.waitForFinished());
-        return plain(QString::fromUtf8(reader.readAllStandardOutput()));
+        EXPECT_EQ(reader.exitCode(), 0) << program;
+        return QString::fromUtf8(reader.readAllStandardOutput());
     }
     QString wordsOf(const ReportContent& report) {
         const QString file = folder.filePath(QStringLiteral("report.pdf"));
@@ -280,6 +284,61 @@ TEST_P(ReportTest, GoesOnWithRatingTablesIfTheUserWantsThem) {
     EXPECT_EQ(wordsOf(first), wordsOf(alone));
 }
 
+TEST_P(ReportTest, AFileSaysWhatItIsAndIsTheSameEachTime) {
+    calculate("R134A", "TK-A");
+    select(mark::possible);
+    settings::reportSections.keep({QStringLiteral("rating"), QStringLiteral("cycle")});
+    ReportContent report = *form->results().report();
+    report.created = QDateTime({2026, 11, 23}, {5, 45, 1}, Qt::OffsetFromUTC, -12600);
+    std::vector<QByteArray> files;
+    const QString path = folder.filePath(QStringLiteral("report.pdf"));
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_EQ(saveReport(path, reportLayout(), report), QString());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        files.push_back(file.readAll());
+        QTest::qWait(1100);  // another second of the clock
+    }
+    EXPECT_EQ(files[0], files[1]);
+    said("qpdf", {QStringLiteral("--check"), path});
+    const QString info = said("pdfinfo", {QStringLiteral("-rawdates"), path});
+    EXPECT_TRUE(info.contains(QStringLiteral("D:20261123054501-03'30'"))) << info.toStdString();
+    EXPECT_TRUE(info.contains(report.model)) << info.toStdString();
+    const QString outline = said("mutool", {QStringLiteral("show"), path, QStringLiteral("outline")});
+    EXPECT_EQ(outline.count(u'\n'), 3) << outline.toStdString();
+    for (const ReportSection& section : report.sections)
+        EXPECT_TRUE(outline.contains(section.name)) << outline.toStdString();
+    const QString root = said("mutool", {QStringLiteral("show"), path, QStringLiteral("trailer/Root/Lang")});
+    EXPECT_TRUE(root.contains(userLocale().bcp47Name())) << root.toStdString();
+}
+TEST_P(ReportTest, HasThePartLoadAsASection) {
+    calculate("R134A", "TK-A");
+    select(mark::possible);
+    settings::reportSections.keep({QStringLiteral("partload")});
+    const ReportContent report = *form->results().report();
+    ASSERT_EQ(report.sections.size(), 1U);
+    const auto& load = std::get<ReportPartLoad>(report.sections[0].content);
+    ASSERT_EQ(load.tables.size(), 2U);
+    // At the full step a machine is what the list shows.
+    const ReportPartLoad::Row& full = load.tables[0].rows.at(0);
+    EXPECT_TRUE(full.label.contains(u"100"));
+    EXPECT_EQ(full.mark, mark::possible);
+    const QStringList columns{"Q0", "Pta", "COP", "CA", "mBase", "Tsca"};
+    for (int i = 0; i < columns.size(); ++i)
+        EXPECT_EQ(
+            full.values.at(i + 2),
+            list()->text(list()->selectedRow(), static_cast<int>(list()->columnKeys().indexOf(columns[i]))));
+    const QString words = wordsOf(report);
+    EXPECT_TRUE(words.contains(plain(load.heading)));
+    for (const ReportPartLoad::Table& table : load.tables) {
+        EXPECT_EQ(table.rows.size(), 4U);
+        for (const ReportPartLoad::Row& row : table.rows) {
+            EXPECT_TRUE(words.contains(plain(row.sentence))) << row.sentence.toStdString();
+            for (const QString& value : row.values)
+                EXPECT_TRUE(words.contains(plain(value))) << value.toStdString();
+        }
+    }
+}
 TEST_P(ReportTest, HasTheMapOfTheLimitsAndTheCycleAsSections) {
     calculate("R134A", "TK-A");
     select(mark::withWarnings);
@@ -301,6 +360,25 @@ TEST_P(ReportTest, HasTheMapOfTheLimitsAndTheCycleAsSections) {
     }
     for (const CaptionedValue& figure : cycle.figures)
         EXPECT_TRUE(words.contains(plain(fromCore(figure.value)))) << figure.value;
+}
+
+// An economizer gives turns while it is calculated: a key press in one of them would take the list away.
+TEST(ReportSectionsTest, AreMadeWithoutATurnOfTheWindow) {
+    marvello::testing::RealForm real("en-EN");
+    real.choose("lstSeries", "TK-A");
+    real.choose("cmbEco", "1");
+    real.calculate();
+    ASSERT_TRUE(real.form->hasResults());
+    real.list()->selectRow(1);
+    settings::reportSections.keep({"limits", "rating", "cycle", "partload"});
+    int turns = 0;
+    real.session.hooks.giveTurn = [&turns] { ++turns; };
+    const auto report = real.form->results().report();
+    ASSERT_TRUE(report);
+    EXPECT_EQ(report->sections.size(), 4U);
+    EXPECT_EQ(turns, 0);
+    giveTurn();
+    EXPECT_EQ(turns, 1) << "afterwards there are turns again";
 }
 
 TEST_P(ReportTest, AFileThatCannotBeWrittenIsSaidAndLosesNothing) {

@@ -81,6 +81,11 @@ TEST(compare, AnImpossibleCompressorKeepsItsColumn) {
     EXPECT_TRUE(choices[0]["values"]["capacity"].is_null());
     EXPECT_EQ(choices[0]["messages"][0]["name"], "messages.message01");
     EXPECT_EQ(choices[0]["values"]["weight"], "437 kg");
+    EXPECT_THAT(compare("--refrigerant R134A --ted 2 --tcd 40 --eco-mode 1 --choice series=TK-A,models=255 "
+                        "--choice series=MV-G,models=50-230",
+                        Listen::errors)
+                    .out,
+                HasSubstr("MV-G: no economizer"));
     const Answer none = compare(one + "--choice models=220,tcd=95", Listen::errors);
     EXPECT_EQ(none.status, 1);
     EXPECT_THAT(none.out, HasSubstr("No compressor is possible at its operating point"));

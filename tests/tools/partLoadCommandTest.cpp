@@ -123,7 +123,9 @@ TEST(partload, RefusesWhatCannotBeCarriedOut) {
           Refusal{std::string("partload ") + inverter + "--tcd 40 --frequencies 10",
                   "frequencies: \"10\" is"},
           Refusal{point + "--degradation heavy", "degradation: \"heavy\" is not one of none"},
-          Refusal{point + "--degradation chiller:1", "degradation: \"1\" is outside"},
+          Refusal{point + "--degradation chiller:1.1",
+                  "degradation: \"chiller:1.1\" needs a coefficient from 0 to 1"},
+          Refusal{point + "--degradation none:0.1", "degradation: \"none:0.1\" has a coefficient"},
           Refusal{point + "--format xml", "format: \"xml\" is not one of table, csv, json"},
           Refusal{std::string("partload ") + stepped + "--tcd 80", "TK-A-220 has no capacity", 1}})
         expectRefused("marvello-select", refusal);

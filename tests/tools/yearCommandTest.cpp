@@ -174,7 +174,7 @@ TEST_F(YearCommand, RefusesWhatCannotBeCarriedOut) {
           Refusal{r134a + rest + "--profile flat --ted 2 --staging best",
                   "staging: \"best\" is not one of power, sequence"},
           Refusal{r134a + rest + "--profile flat --ted 2 --degradation chiller:2",
-                  "degradation: \"2\" is outside the range"},
+                  "degradation: \"chiller:2\" needs a coefficient from 0 to 1"},
           Refusal{r134a + rest + "--profile flat --ted 300", "ted: \"300\" is outside the range"},
           Refusal{"year --refrigerant R507 --machines TK-E-130 --design-load 9 --condensing 40 --profile "
                   "flat --ted 80",

@@ -1,6 +1,8 @@
 #include "tools/select/CompareCommand.h"
 
 #include <algorithm>
+#include <map>
+#include <string>
 
 #include "data/CollectedBoxes.h"
 #include "data/FileText.h"
@@ -10,6 +12,7 @@
 #include "tools/select/CompareOutput.h"
 #include "tools/select/CompareQuestion.h"
 #include "tools/select/Exit.h"
+#include "tools/select/PutBack.h"
 #include "tools/select/Run.h"
 
 namespace marvello::select {
@@ -46,6 +49,10 @@ int CompareCommand::run() const {
     const CollectedBoxes said;  // what a compressor failed at is said of it
     Calculator calculator;
     const Comparison comparison = compare(compared, catalogue, calculator);
+    std::map<std::string, unsigned> putBack;
+    for (const ComparedMachine& machine : comparison.machines)
+        putBack[machine.choice.serie] |= machine.putBack;
+    for (const std::string& remark : putBackRemarks(putBack)) complain(remark, done);
     printText(comparisonText(comparison, question.reference, question.format));
     const bool hasValues = std::ranges::any_of(
         comparison.machines, [](const ComparedMachine& machine) { return machine.performance.hasValues(); });

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <stdexcept>
 
 #include "data/Numbers.h"
 #include "data/Texts.h"
@@ -13,14 +12,8 @@ namespace marvello::select {
 
 namespace {
 
-using Form = Degradation::Form;
-
 void readCondensing(PartLoadCall& call, const std::string& text) {
-    try {
-        call.condensing = condensingRuleOf(text);
-    } catch (const std::invalid_argument& fault) {
-        throw BadRequest(fault.what());
-    }
+    call.condensing = asRequest([&] { return condensingRuleOf(text); });
     if (!call.condensing->difference || !call.condensing->isScaled)
         throw BadRequest("\"" + text +
                          "\" does not fall with the load: that needs a scaled difference, as "
@@ -47,18 +40,8 @@ void readFrequencies(PartLoadCall& call, const std::string& text) {
         call.frequencies.push_back(static_cast<float>(frequency));
 }
 
-/// A form, and behind ":" its coefficient.
 void readDegradation(PartLoadCall& call, const std::string& text) {
-    const auto parts = splitText(text, ':');
-    const Form form = wordOf(parts[0], std::array{std::pair{"none", Form::none},
-                                                  std::pair{"condensing-unit", Form::condensingUnit},
-                                                  std::pair{"chiller", Form::chiller}});
-    call.degradation = usualDegradation(form);
-    if (parts.size() == 1) return;
-    if (parts.size() > 2 || form == Form::none)
-        throw BadRequest("\"" + text + "\" is not a rule such as condensing-unit:0.25");
-    constexpr Range coefficients{0, 0.99, ""};
-    call.degradation.coefficient = numberIn(trimmed(parts[1]), coefficients);
+    call.degradation = asRequest([&] { return degradationOf(text); });
 }
 
 void readFormat(PartLoadCall& call, const std::string& text) {

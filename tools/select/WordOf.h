@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -18,6 +19,16 @@ Value wordOf(const std::string& text, const std::array<std::pair<const char*, Va
         allowed += (allowed.empty() ? "" : ", ") + std::string(word);
     }
     throw BadRequest("\"" + text + "\" is not one of " + allowed);
+}
+
+/// Returns what `read` returns. What a reader of the engine refuses is a bad request.
+template <class Read>
+auto asRequest(Read read) {
+    try {
+        return read();
+    } catch (const std::invalid_argument& refusal) {
+        throw BadRequest(refusal.what());
+    }
 }
 
 }  // namespace marvello::select

@@ -26,28 +26,6 @@ constexpr Range grids = rangeOf(yearLimits::grid, "kg CO2e/kWh");
 constexpr Range charges = rangeOf(yearLimits::charge, "kg");
 constexpr Range percents = rangeOf(yearLimits::percent, "%");
 constexpr Range lives = rangeOf(yearLimits::life, "years");
-constexpr Range coefficients = rangeOf(yearLimits::degradation, "as coefficient");
-
-constexpr std::array degradationNames{std::pair{"none", Degradation::Form::none},
-                                      std::pair{"condensing-unit", Degradation::Form::condensingUnit},
-                                      std::pair{"chiller", Degradation::Form::chiller}};
-
-Degradation degradationIn(const std::string& text) {
-    const std::size_t colon = text.find(':');
-    Degradation degradation = usualDegradation(wordOf(text.substr(0, colon), degradationNames));
-    if (colon != std::string::npos) degradation.coefficient = numberIn(text.substr(colon + 1), coefficients);
-    return degradation;
-}
-
-/// What a reader of the engine refuses is a bad request.
-template <class Read>
-auto asRequest(Read read) {
-    try {
-        return read();
-    } catch (const std::invalid_argument& refusal) {
-        throw BadRequest(refusal.what());
-    }
-}
 
 constexpr std::array options = {
     YearOption{"machines", "machines in the order of the sequence, such as \"TK-A-120x2;TK-D-140\"",
@@ -80,7 +58,9 @@ constexpr std::array options = {
     YearOption{"degradation",
                "what intermittent running costs: none, condensing-unit or chiller, with a coefficient as in "
                "condensing-unit:0.25 (that of the profile)",
-               [](YearQuestion& q, const std::string& text) { q.degradation = degradationIn(text); }},
+               [](YearQuestion& q, const std::string& text) {
+                   q.degradation = asRequest([&] { return degradationOf(text); });
+               }},
     YearOption{"price", "price of a kWh, in any currency",
                [](YearQuestion& q, const std::string& text) { q.price = numberIn(text, prices); }},
     YearOption{"grid", "emissions of electricity: kg CO2e/kWh, or a region such as DE (WORLD)",
@@ -229,14 +209,6 @@ void complete(YearQuestion& question, const PreparedCatalogue& catalogue,
     year.conditions = question.request.conditions;
     readGrid(question, applicationFolder);
     readEmissions(question, catalogue.factsOf(question.request.refrigerant));
-}
-
-std::string textOf(const Degradation& degradation) {
-    const auto* const found = std::ranges::find(degradationNames, degradation.form,
-                                                &std::pair<const char*, Degradation::Form>::second);
-    const std::string name = found->first;
-    return degradation.form == Degradation::Form::none ? name
-                                                       : name + ':' + storedText(degradation.coefficient);
 }
 
 }  // namespace marvello::select

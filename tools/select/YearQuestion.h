@@ -58,7 +58,4 @@ void readOption(YearQuestion& question, const YearOption& option, const std::str
 void complete(YearQuestion& question, const PreparedCatalogue& catalogue,
               const std::filesystem::path& applicationFolder);
 
-/// Returns the text of a degradation as the option has it, such as "condensing-unit:0.25".
-std::string textOf(const Degradation& degradation);
-
 }  // namespace marvello::select
