@@ -11,6 +11,7 @@
 #include "data/Session.h"
 #include "data/clsApplication.h"
 #include "engine/ShippedProfiles.h"
+#include "results/ChartReading.h"
 #include "results/YearCharts.h"
 #include "results/YearSheet.h"
 
@@ -163,6 +164,22 @@ TEST_F(YearTableTest, ChartsHaveTheBinsAcross) {
     EXPECT_EQ(charts.hours.curves[2].points[0].y, 1000);
     EXPECT_EQ(charts.hours.curves[2].points[1].y, 1100) << "cumulated for each by itself";
     EXPECT_EQ(charts.load.curves[0].points[0].y, 50);
+}
+
+TEST_F(YearTableTest, ChartsAreReadAtTheirBins) {
+    add("TK-A-255 R134A", 20);
+    add("TK-D-140 R134A", 18);
+    const YearCharts charts = yearCharts(years_, style_);
+    EXPECT_EQ(readPlaces(charts.energy), (std::vector<double>{0.5, 1.5}));
+    const ChartReading energy = readChart(charts.energy, 1.5, {});
+    EXPECT_EQ(energy.at, "Outdoor 35 \u00B0C, 100 h");
+    ASSERT_EQ(energy.values.size(), 2U);
+    EXPECT_EQ(energy.values[1].name, "TK-D-140");
+    EXPECT_EQ(energy.values[1].text, "1.8 MWh") << "18 kW for 100 h";
+    const ChartReading cop = readChart(charts.cop, 0.5, {});
+    EXPECT_EQ(cop.at, "Outdoor 10 \u00B0C, 1000 h");
+    EXPECT_EQ(cop.values[0].text, "2.50");
+    EXPECT_EQ(readChart(charts.hours, 1.5, {}).values.size(), 3U) << "the hours of the profile as well";
 }
 
 TEST_F(YearTableTest, TheSheetsSayWhatTheChartsShow) {
