@@ -24,22 +24,27 @@ QString lines(const QStringList& texts) {
 }  // namespace
 
 void printYear(const PrintedYear& year, bool preview, QWidget* window) {
-    const auto heading = [](const QString& text, const char* style = "") {
-        return QStringLiteral("<h3 style=\"%1\">%2</h3>").arg(QLatin1String(style), text.toHtmlEscaped());
+    const auto heading = [](const QString& text) {
+        return QStringLiteral("<h3>") + text.toHtmlEscaped() + QStringLiteral("</h3>");
     };
     QString html = QStringLiteral("<h2>") + year.title.toHtmlEscaped() + QStringLiteral("</h2><p>") +
                    year.subject.toHtmlEscaped() + QStringLiteral("   \u00B7   ") + year.best.toHtmlEscaped() +
                    QStringLiteral("</p>") + tableOf(year.figures, true);
     if (!year.differences.isEmpty()) html += heading(year.differencesTitle) + lines(year.differences);
     html += lines(year.warnings) + heading(year.assumptionsTitle) + lines(year.assumptions);
-    const QString bins = heading(year.binsTitle, "page-break-before:always") + tableOf(year.bins, false);
     const auto fill = [&](QTextDocument& document) {
         document.setHtml(html);
         addCharts(document, year.charts);
+        QTextBlockFormat newSheet;
+        newSheet.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+        QTextCharFormat title;
+        title.setFontWeight(QFont::Medium);
         QTextCursor cursor(&document);
         cursor.movePosition(QTextCursor::End);
-        cursor.insertBlock();
-        cursor.insertHtml(bins);
+        cursor.insertBlock(newSheet, title);
+        cursor.insertText(year.binsTitle);
+        cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+        cursor.insertHtml(tableOf(year.bins, false));
     };
     printDocument(year.title, fill, preview, window);
 }
