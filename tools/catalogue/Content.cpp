@@ -7,7 +7,6 @@
 
 #include "data/Csv.h"
 #include "data/FileText.h"
-#include "data/Numbers.h"
 #include "data/Texts.h"
 #include "tools/catalogue/ContentFiles.h"
 #include "tools/catalogue/Fields.h"
@@ -110,8 +109,7 @@ class TableReader {
     }
 
     void addRecord(Record record) {
-        std::string key;
-        for (const auto column : table_.key) key += keyText(record.values[table_.columnIndex(column)]) + '\n';
+        const std::string key = keyText(table_, record.values);
         if (!key.empty()) {
             const auto [first, isNew] = keys_.emplace(key, record.file + ":" + std::to_string(record.line));
             if (!isNew) {
@@ -120,13 +118,6 @@ class TableReader {
             }
         }
         content_.records.push_back(std::move(record));
-    }
-
-    static std::string keyText(const Value& value) {
-        if (const auto* const text = std::get_if<std::string>(&value)) return lowered(*text);
-        if (const auto* const whole = std::get_if<int>(&value)) return std::to_string(*whole);
-        if (const auto* const real = std::get_if<double>(&value)) return storedText(*real);
-        return {};
     }
 
     TableContent& content_;
@@ -173,7 +164,11 @@ Content readContent(const fs::path& folder, Faults& faults) {
         if (!found && !tableContent.table->isOptional)
             faults.add(folder.string(), "the table " + std::string(tableContent.table->name) + " is missing");
     }
+    if (fs::exists(folder / rejectedName, ignored))
+        faults.warn(rejectedName,
+                    "the import could not take these rows; enter them in the tables, or remove the file");
     for (const auto& file : files) {
+        if (file.filename() == rejectedName) continue;
         const auto known = std::ranges::find(schemaTables(), contentFileName(file).table, &Table::name);
         if (file.extension() == ".csv" && known == schemaTables().end())
             faults.add(file.filename().string(), "there is no table of this name");

@@ -22,6 +22,10 @@ ContentFileName contentFileName(const fs::path& file) {
     return name;
 }
 
+bool isFileNamePart(const std::string& text) {
+    return !text.empty() && text.find_first_of("/\\.") == std::string::npos;
+}
+
 std::vector<fs::path> contentFiles(const fs::path& folder) {
     std::vector<fs::path> files;
     for (const auto& entry : fs::directory_iterator(folder))

@@ -16,6 +16,12 @@ struct ContentFileName {
 
 ContentFileName contentFileName(const std::filesystem::path& file);
 
+/// Whether a text can stand between the dots of a file's name.
+bool isFileNamePart(const std::string& text);
+
+/// The file of the rows that an import could not take.
+inline constexpr const char* rejectedName = "rejected.csv";
+
 /// The regular files of a folder, by name.
 std::vector<std::filesystem::path> contentFiles(const std::filesystem::path& folder);
 

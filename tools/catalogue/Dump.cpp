@@ -11,6 +11,7 @@
 #include "data/Csv.h"
 #include "data/clsApplication.h"
 #include "data/clsDatabase.h"
+#include "tools/catalogue/ContentFiles.h"
 #include "tools/catalogue/Fields.h"
 #include "tools/catalogue/TableExchange.h"
 
@@ -58,11 +59,6 @@ TableContent readTable(SQLite::Database& database, const fs::path& file, const T
         content.records.push_back(std::move(record));
     }
     return content;
-}
-
-/// Whether a text can stand between the dots of a file's name.
-bool isFileNamePart(const std::string& text) {
-    return !text.empty() && text.find_first_of("/\\.") == std::string::npos;
 }
 
 std::string languageOf(const Table& table, const Record& record) {

@@ -115,4 +115,13 @@ std::string comparedText(const Value& value, ColumnKind kind) {
     return text;
 }
 
+std::string keyText(const Table& table, const std::vector<Value>& values) {
+    std::string key;
+    for (const auto column : table.key) {
+        const std::size_t index = table.columnIndex(column);
+        key += lowered(fieldText(values[index], table.columns[index].kind)) + '\n';
+    }
+    return key;
+}
+
 }  // namespace marvello

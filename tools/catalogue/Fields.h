@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "tools/catalogue/Content.h"
 
@@ -22,5 +23,9 @@ std::string fieldText(const Value& value, ColumnKind kind);
 /// Returns a value such that two rows hold the same if and only if these texts are the same: of numbers and
 /// polylines what they say, not how they are written.
 std::string comparedText(const Value& value, ColumnKind kind);
+
+/// Returns the key of a row such that two rows of a table have the same if and only if these texts are the
+/// same; empty for a table without a key.
+std::string keyText(const Table& table, const std::vector<Value>& values);
 
 }  // namespace marvello

@@ -45,7 +45,7 @@ class FolderReader {
         for (const fs::path& file : contentFiles(folder)) {
             const ContentFileName name = contentFileName(file);
             const bool isDocument = name.extension == ".rtf" && name.table == "thelp";
-            if (name.extension != ".csv" && !isDocument) continue;
+            if ((name.extension != ".csv" && !isDocument) || file.filename() == rejectedName) continue;
             const auto text = fileText(file);
             if (!text)
                 faults_.add(file.filename().string(), "the file cannot be read");

@@ -1,5 +1,6 @@
 // marvello-catalogue: for who maintains a catalogue. Builds the catalogue file from its text tables, checks
-// them, compares two of them, writes a file's tables back, and fits surfaces to rating points.
+// them, compares two of them, writes the tables of a file or of a Jet database, and fits surfaces to rating
+// points.
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -19,6 +20,7 @@
 #include "tools/catalogue/DiffCommand.h"
 #include "tools/catalogue/Dump.h"
 #include "tools/catalogue/Fit.h"
+#include "tools/catalogue/ImportCommand.h"
 #include "tools/catalogue/Index.h"
 
 namespace {
@@ -178,6 +180,7 @@ int main(int argc, char** argv) try {
     dump->add_flag("--force", isForced, "Replace the tables that are there");
 
     const DiffCommand diff(program);
+    const ImportCommand importing(program);
 
     FitArguments fitting;
     CLI::Option* field = nullptr;
@@ -201,6 +204,7 @@ int main(int argc, char** argv) try {
         return done;
     }
     if (diff.isGiven()) return diff.run();
+    if (importing.isGiven()) return importing.run();
     if (*fit) {
         constexpr double usualSuperheat = 10;  // K
         if (fitting.request.isDischarge && field->count() == 0) fitting.request.field = usualSuperheat;
