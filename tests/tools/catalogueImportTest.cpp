@@ -143,7 +143,8 @@ TEST_F(CatalogueImport, NamesEachValueThatDoesNotFit) {
       {"name": "tFluidi", "columns": [["fRefrigeranteId", "text"], ["fFluido", "ole"], ["fPFluido", "double"]],
        "rows": [["R134A", "52313334", 1]]},
       {"name": "tLanguages", "columns": [["fLanguage", "text"]], "rows": [["it-IT"], ["de-DE"]]},
-      {"name": "tPrices", "columns": [["fModel", "text"], ["fPrice", "money"]], "rows": [["120", 1000]]}
+      {"name": "tPrices", "columns": [["fModel", "text"], ["fPrice", "money"]], "rows": [["120", 1000]]},
+      {"name": "thelp", "columns": [["flanguage", "text"]], "rows": [], "link": true}
     ])json");
     const Answer answer = imported(file);
     EXPECT_EQ(answer.status, 1);
@@ -160,6 +161,7 @@ TEST_F(CatalogueImport, NamesEachValueThatDoesNotFit) {
           "): fFluido: it holds binary data and no text\n",
           "tLanguages: the column fDescription is missing; 2 rows rejected\n",
           "tPrices: the catalogue has no such table; 1 row rejected\n",
+          "thelp: the table is a link to another database, which has its rows\n",
           "tCompressors: the database has no such table\n"})
         EXPECT_THAT(answer.out, HasSubstr(says));
     EXPECT_THAT(answer.out, Not(HasSubstr("tSources")));  // may be missing

@@ -3,7 +3,7 @@
 
 TABLES.json is a list of {"name", "columns": [[name, type], ...], "rows": [[value, ...], ...]}, null for NULL; the types
 are those of TYPES below. "lies": a count of rows other than the true one for the table's definition, as a file has it
-that was not closed in order.
+that was not closed in order. "link": true makes it a table of another database.
 
 What is written is what a reader needs: the header, the catalogue of objects, and of each table its definition, its map of
 pages and its rows. There are no indexes and no properties.
@@ -214,7 +214,7 @@ class Database:
         for table in tables:
             first = self.add()
             self.write_table(table, first)
-            objects["rows"].append([first, 0, table["name"], 1, 0, None])
+            objects["rows"].append([first, 0, table["name"], 6 if table.get("link") else 1, 0, None])
         self.write_table(objects, OBJECTS_PAGE)
         self.pages[0] = self.header()
         with open(output, "wb") as file:

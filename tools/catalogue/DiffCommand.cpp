@@ -13,6 +13,7 @@
 #include <stdexcept>
 
 #include "data/FileText.h"
+#include "platform/Interrupt.h"
 #include "platform/Terminal.h"
 #include "tools/catalogue/DiffReport.h"
 #include "tools/catalogue/Dump.h"
@@ -56,6 +57,19 @@ class ProgressLine {
     std::chrono::steady_clock::time_point shown_ = std::chrono::steady_clock::now();
     bool isShown_ = false;
 };
+
+/// An interrupt of the user while the compressors are calculated.
+struct Interrupted {};
+
+/// Calculates the compressors of both. Throws Interrupted, without leaving a temporary file behind.
+ResultDiff resultsOf(const Content& before, const Content& after, const CatalogueDiff& rows) {
+    const Interrupt interrupt;
+    ProgressLine line;
+    return compareResults(before, after, rows, [&](std::size_t done, std::size_t all) {
+        if (Interrupt::isAsked()) throw Interrupted();
+        line.show(done, all);
+    });
+}
 
 /// The content that the engine calculates with.
 Content contentOf(const std::string& place, Faults& faults) {
@@ -101,7 +115,7 @@ DiffCommand::DiffCommand(CLI::App& program)
     command_->add_option("--output", output_, "A file for the report in place of the standard output");
 }
 
-int DiffCommand::run() const {
+int DiffCommand::run() const try {
     if (!output_.empty())
         for (const std::string& input : {before_, after_}) checkIsNoInput(output_, input);
     Faults faults;
@@ -116,12 +130,12 @@ int DiffCommand::run() const {
         if (!faults.empty()) return refuse(faults, before_);
         const Content contentAfter = contentOf(after_, faults);
         if (!faults.empty()) return refuse(faults, after_);
-        ProgressLine line;
-        findings.results = compareResults(contentBefore, contentAfter, findings.rows,
-                                          [&](std::size_t done, std::size_t all) { line.show(done, all); });
+        findings.results = resultsOf(contentBefore, contentAfter, findings.rows);
     }
     writeReport(diffText(findings, formats().at(format_)), output_);
     return findings.areEqual() ? equal : different;
+} catch (const Interrupted&) {
+    return Interrupt::status;
 }
 
 }  // namespace marvello

@@ -16,12 +16,18 @@ h1 { font-size: 1.4rem; font-weight: 600; margin-bottom: .3rem; }
 h2 { font-size: 1.05rem; font-weight: 600; margin: 2rem 0 .5rem; }
 p { margin: .2rem 0; }
 .quiet { color: var(--quiet); }
-table { border-collapse: collapse; width: 100%; }
+table { border-collapse: collapse; table-layout: fixed; width: 100%; }
+thead th:first-child { width: 24%; }
+thead th:nth-child(2) { width: 17%; }
+thead th:nth-child(5) { width: 8%; }
+thead th:nth-child(6) { width: 10%; }
 th, td { text-align: left; vertical-align: top; padding: .25rem .6rem; overflow-wrap: anywhere; }
 th { background: var(--head); font-weight: 600; }
 th[scope=rowgroup] { background: none; }
+th p { font-weight: normal; }
+td { font-variant-numeric: tabular-nums; }
 tbody { border-top: 1px solid var(--line); }
-.number { text-align: right; font-variant-numeric: tabular-nums; white-space: nowrap; }
+.number { text-align: right; white-space: nowrap; }
 @media print { body { margin: 0; max-width: none; } tbody { break-inside: avoid; } }
 )";
 
@@ -33,8 +39,8 @@ std::string escaped(std::string text) {
     return text;
 }
 
-std::string cell(const std::string& text, bool isNumber = false) {
-    return std::string("<td") + (isNumber ? " class=\"number\">" : ">") + escaped(text) + "</td>";
+std::string cell(const std::string& text, const std::string& attributes = {}) {
+    return "<td" + attributes + ">" + escaped(text) + "</td>";
 }
 
 /// The first column goes over all lines of the entry.
@@ -48,12 +54,12 @@ std::string entryRows(const DiffEntry& entry) {
     text += "</th>";
     std::string begin;  // of each line but the first
     for (const DiffLine& line : entry.lines) {
-        text += begin + cell(line.caption) + cell(line.before, !line.unit.empty()) +
-                cell(line.after, !line.unit.empty()) + cell(line.unit) + cell(line.percent, true) + "</tr>\n";
+        text += begin + cell(line.caption) + cell(line.before) + cell(line.after) + cell(line.unit) +
+                cell(line.percent, " class=\"number\"") + "</tr>\n";
         begin = "<tr>";
     }
     for (const std::string& note : entry.notes) {
-        text += begin + "<td colspan=\"5\" class=\"quiet\">" + escaped(note) + "</td></tr>\n";
+        text += begin + cell(note, " colspan=\"5\" class=\"quiet\"") + "</tr>\n";
         begin = "<tr>";
     }
     if (entry.lines.empty() && entry.notes.empty()) text += "<td colspan=\"5\"></td></tr>\n";
@@ -72,8 +78,9 @@ std::string diffPage(const DiffReport& report) {
             escaped(report.before) + " to " + escaped(report.after) + "</p>\n<p>" + escaped(report.summary) +
             "</p>\n";
     for (const DiffSection& section : report.sections) {
-        text += "<h2>" + escaped(section.title) +
-                "</h2>\n<table>\n<thead><tr><th>Row</th><th>Value</th><th>Before</th><th>After</th>"
+        text += "<h2>" + escaped(section.title) + "</h2>\n<table>\n<thead><tr><th>" +
+                escaped(section.entryCaption) +
+                "</th><th>Value</th><th>Before</th><th>After</th>"
                 "<th>Unit</th><th class=\"number\">Change</th></tr></thead>\n";
         for (const DiffEntry& entry : section.entries) text += entryRows(entry);
         text += "</table>\n";

@@ -26,7 +26,8 @@ struct DiffEntry {
 /// What belongs to one table, or to one series at one operating point.
 struct DiffSection {
     std::string title;
-    std::vector<DiffEntry> entries;
+    std::string entryCaption;  ///< what an entry is: "Row", "Model"
+    std::vector<DiffEntry> entries{};
 };
 
 struct DiffReport {

@@ -101,7 +101,7 @@ std::string reasonsOf(const ResultChange& change, const CatalogueDiff& rows) {
 // The findings as sections of entries, for people.
 
 DiffSection tableSection(const CatalogueDiff& diff) {
-    DiffSection section{"Tables and columns", {}};
+    DiffSection section{"Tables and columns", "Table"};
     for (const TableChange& change : diff.tables)
         section.entries.push_back({"", change.table, "", {}, {change.what}});
     return section;
@@ -125,7 +125,7 @@ void addRowSections(const DiffFindings& findings, std::vector<DiffSection>& sect
     if (findings.results) counts = effects(*findings.results);
     for (std::size_t i = 0; i < findings.rows.rows.size(); ++i) {
         const RowChange& row = findings.rows.rows[i];
-        if (sections.empty() || sections.back().title != row.table) sections.push_back({row.table, {}});
+        if (sections.empty() || sections.back().title != row.table) sections.push_back({row.table, "Row"});
         DiffEntry entry{std::string(nameOf(row.kind)), row.key, row.place, {}, {}};
         for (const ColumnChange& column : row.columns) {
             auto [before, after] = shortened(column.before, column.after);
@@ -161,7 +161,7 @@ void addResultSections(const DiffFindings& findings, std::vector<DiffSection>& s
         const std::string title = "Results of " + change.serie + " with " + change.refrigerant + " at " +
                                   pointText(change.point) + (change.economized ? ", economizer" : "");
         auto section = std::ranges::find(sections, title, &DiffSection::title);
-        if (section == sections.end()) section = sections.insert(section, {title, {}});
+        if (section == sections.end()) section = sections.insert(section, {title, "Model"});
         section->entries.push_back(resultEntry(change, findings.rows));
     }
 }

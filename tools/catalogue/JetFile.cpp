@@ -149,15 +149,26 @@ JetFile::JetFile(fs::path file, std::string charset) : file_(std::move(file)), c
     if (child.status != 0 || version_.empty()) refuse(file_, "it is no Jet database, or a damaged one");
 }
 
-std::vector<std::string> JetFile::tables() const {
-    const ChildOutput child = call("mdb-tables", {"-1", file_.string()}, charset_);
+std::vector<std::string> JetFile::namesOf(const std::string& type, std::string& complaint) const {
+    const ChildOutput child = call("mdb-tables", {"-1", "-t", type, file_.string()}, charset_);
     if (child.status != 0) refuse(file_, firstSentence(child));
+    if (!child.errors.empty()) complaint = firstSentence(child);
     std::vector<std::string> names;
     for (const std::string& name : splitText(child.output, '\n'))
         if (!name.empty()) names.push_back(name);
-    if (names.empty())
-        refuse(file_, "it has no tables" + (child.errors.empty() ? "" : "; " + firstSentence(child)));
     return names;
+}
+
+std::vector<std::string> JetFile::tables() const {
+    std::string complaint;
+    auto names = namesOf("table", complaint);
+    if (names.empty()) refuse(file_, "it has no tables" + (complaint.empty() ? "" : "; " + complaint));
+    return names;
+}
+
+std::vector<std::string> JetFile::linkedTables() const {
+    std::string ignored;
+    return namesOf("linkedtable", ignored);
 }
 
 JetTable JetFile::read(const std::string& table) const {

@@ -39,10 +39,15 @@ class JetFile {
     /// The tables of the user, in the order of the file.
     std::vector<std::string> tables() const;
 
+    /// The tables that are links to another database, and have no rows in this one.
+    std::vector<std::string> linkedTables() const;
+
     /// Reads a table. What cannot be read is a doubt.
     JetTable read(const std::string& table) const;
 
   private:
+    std::vector<std::string> namesOf(const std::string& type, std::string& complaint) const;
+
     std::filesystem::path file_;
     std::string charset_;
     std::string version_;

@@ -254,6 +254,8 @@ JetImport importJet(const JetFile& file) {
         areFound[static_cast<std::size_t>(known - result.content.tables.begin())] = true;
         TableImport(jet, *known, result).run();
     }
+    for (const std::string& name : file.linkedTables())
+        result.faults.push_back(name + ": the table is a link to another database, which has its rows");
     for (std::size_t i = 0; i < areFound.size(); ++i)
         if (const Table& table = *result.content.tables[i].table; !areFound[i] && !table.isOptional)
             result.faults.push_back(std::string(table.name) + ": the database has no such table");

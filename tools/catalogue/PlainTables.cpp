@@ -5,7 +5,9 @@
 #include <SQLiteCpp/Statement.h>
 
 #include <algorithm>
+#include <fstream>
 #include <stdexcept>
+#include <string_view>
 
 #include "data/CatalogueDigest.h"
 #include "data/Csv.h"
@@ -140,7 +142,18 @@ PlainTable tableIn(const SQLite::Database& database, const std::string& name) {
     return table;
 }
 
+bool isJet(const fs::path& file) {
+    constexpr std::string_view name = "Standard Jet DB";
+    std::string head(name.size() + 4, '\0');
+    return std::ifstream(file, std::ios::binary)
+               .read(head.data(), static_cast<std::streamsize>(head.size())) &&
+           head.ends_with(name);
+}
+
 std::vector<PlainTable> tablesInFile(const fs::path& file) try {
+    if (isJet(file))
+        throw std::runtime_error(file.string() +
+                                 " is a Jet database; marvello-catalogue import writes its tables.");
     const SQLite::Database database(file.string(), SQLite::OPEN_READONLY);
     SQLite::Statement names(database,
                             "SELECT name FROM sqlite_schema WHERE type='table' AND name NOT LIKE 'sqlite_%'");
