@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStringList>
+#include <algorithm>
 #include <utility>
 
 #include "controls/Icons.h"
@@ -53,6 +54,15 @@ QRect ReadOut::noteRoom(int width) const {
                      width - left - margin, 1000);
     if (note_.isEmpty()) return {room.topLeft(), QSize(room.width(), 0)};
     return {room.topLeft(), QFontMetrics(lookFont(12)).boundingRect(room, textFlags, note_).size()};
+}
+
+int ReadOut::fittingWidth() const {
+    const QFontMetrics letters(lookFont(12));
+    int width = QFontMetrics(lookFont(12, QFont::Medium)).horizontalAdvance(title_);
+    for (const Row& row : rows_)
+        width = std::max(
+            width, letters.horizontalAdvance(row.caption) + 2 * gap + letters.horizontalAdvance(row.value));
+    return width + 2 * margin;
 }
 
 QSize ReadOut::sizeHint() const { return {0, heightForWidth(width())}; }

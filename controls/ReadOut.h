@@ -25,6 +25,8 @@ class ReadOut : public QWidget {
     const std::vector<Row>& rows() const { return rows_; }
     QString note() const { return note_; }
 
+    /// The width in which no line is cut.
+    int fittingWidth() const;
     QSize sizeHint() const override;
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;

@@ -17,7 +17,7 @@ int ResultsModel::columnCount(const QModelIndex& parent) const {
 QVariant ResultsModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     if (role == Qt::DisplayRole) return text(index.row(), index.column());
-    if (role == Qt::AccessibleTextRole) return spoken(row(index.row()), index.column());
+    if (role == Qt::AccessibleTextRole) return spoken(index.row(), index.column());
     return {};
 }
 
@@ -36,10 +36,19 @@ QString ResultsModel::text(int row, int column) const {
     return column == 0 ? shown.label : shown.values.value(column - 1);
 }
 
-QString ResultsModel::spoken(const Row& row, int column) const {
+std::optional<bool> ResultsModel::isPinned(int row) const {
+    return hasPins() && !this->row(row).isGroup ? pins_.isPinned(row) : std::nullopt;
+}
+
+QString ResultsModel::spoken(int number, int column) const {
+    const Row& row = this->row(number);
     if (row.isGroup) return row.markText;
-    if (column == 0)
-        return row.markText.isEmpty() ? row.label : row.label + QStringLiteral(", ") + row.markText;
+    if (column == 0) {
+        QStringList words{row.label};
+        if (!row.markText.isEmpty()) words += row.markText;
+        if (isPinned(number).value_or(false)) words += pins_.pinnedText;
+        return words.join(QStringLiteral(", "));
+    }
     // A figure says what it is, as a heading far above it does for the eye.
     const auto [name, unit] = TwoLineHeader::lines(this->column(column).text);
     const QString value = row.values.value(column - 1).trimmed();

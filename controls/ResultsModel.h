@@ -4,6 +4,9 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <functional>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace marvello {
@@ -26,6 +29,7 @@ class ResultsModel : public QAbstractTableModel {
         double below = 0;  ///< the tolerance of a deviation at both sides, positive
         double above = 0;
         int minWidth = 83;  ///< after the first column
+        int maxWidth = 0;   ///< of its own accord; 0 for as wide as the widest value
     };
     /// What a cell has besides its value.
     struct Aside {
@@ -43,6 +47,14 @@ class ResultsModel : public QAbstractTableModel {
         QHash<int, Aside> asides{};  ///< by column
     };
 
+    /// Rows that can be put somewhere else with a click on a pin in front of them.
+    struct Pins {
+        std::function<std::optional<bool>(int row)> isPinned{};  ///< none for a row that has no pin
+        QString addText{};     ///< what a click does with a row that is not pinned, as a tool tip
+        QString takeText{};    ///< and with one that is
+        QString pinnedText{};  ///< what a screen reader says of that one
+    };
+
     using QAbstractTableModel::QAbstractTableModel;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -58,17 +70,25 @@ class ResultsModel : public QAbstractTableModel {
     /// The label of a row or its value in a column; blank where it has none.
     QString text(int row, int column) const;
 
+    /// Without pins isPinned is empty, as it is at first.
+    void setPins(Pins pins) { pins_ = std::move(pins); }
+    const Pins& pins() const { return pins_; }
+    bool hasPins() const { return pins_.isPinned != nullptr; }
+    /// Whether a row is pinned; none for one without a pin.
+    std::optional<bool> isPinned(int row) const;
+
     /// Takes away all rows and columns.
     void clear();
     void setColumns(std::vector<Column> columns);
     void add(Row row);
 
   private:
-    QString spoken(const Row& row, int column) const;
+    QString spoken(int row, int column) const;
 
     std::vector<Column> columns_;
     std::vector<Row> rows_;
     bool hasGroups_ = false;
+    Pins pins_;
 };
 
 }  // namespace marvello

@@ -76,9 +76,9 @@ class CellDelegate : public QStyledItemDelegate {
             paintValue(*painter, option.rect.adjusted(4, 0, -sidePadding, 0), text, row, index.column());
             return;
         }
-        const int indent = row.mark.isEmpty()                   ? plainIndent
-                           : row.isGroup || !model_.hasGroups() ? groupIndent
-                                                                : rowIndent;
+        const int indent = row.mark.isEmpty()             ? plainIndent
+                           : row.isGroup || !isIndented() ? groupIndent
+                                                          : rowIndent;
         QRect place = option.rect.adjusted(indent, 0, 0, 0);
         if (!row.mark.isEmpty()) {
             const int top = place.top() + (place.height() - markSize) / 2;
@@ -89,6 +89,8 @@ class CellDelegate : public QStyledItemDelegate {
     }
 
   private:
+    /// Below a group, or behind the room of the pins.
+    bool isIndented() const { return model_.hasGroups() || model_.hasPins(); }
     void paintValue(QPainter& painter, const QRect& room, const QString& text, const ResultsModel::Row& row,
                     int number) const {
         const ResultsModel::Column& column = model_.column(number);
@@ -96,7 +98,8 @@ class CellDelegate : public QStyledItemDelegate {
         if (column.kind == ResultsModel::Kind::words) {
             const int indent = sidePadding - 4;
             QRect place = room.adjusted(indent, 0, sidePadding, 0);
-            painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, text);
+            painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                             painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
             place.adjust(painter.fontMetrics().horizontalAdvance(text) + noteGap, 0, 0, 0);
             painter.setPen(Look::current().muted);
             painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, aside.note);
@@ -238,6 +241,7 @@ int ResultsView::fittingWidth(int column) const {
         if (bound.of(shown) + beside > width)
             width = std::max(width, metrics.horizontalAdvance(shown) + beside);
     }
+    if (const int most = model_.column(column).maxWidth; most > 0) width = std::min(width, most);
     return width;
 }
 
@@ -319,18 +323,43 @@ bool ResultsView::selectKey(const QString& key) {
 // A dialog or another program takes the focus of the window only for a while.
 bool ResultsView::isInUse() const { return hasFocus() || window()->focusWidget() == this; }
 
+bool ResultsView::isHovered(const QRect& row) const {
+    return viewport()->underMouse() && row.contains(viewport()->mapFromGlobal(QCursor::pos()));
+}
+
+void ResultsView::setPins(ResultsModel::Pins pins) {
+    model_.setPins(std::move(pins));
+    repaintPins();
+}
+
+int ResultsView::pinAt(const QPoint& place) const {
+    if (place.x() < 0 || place.x() >= rowIndent) return -1;
+    const QModelIndex index = indexAt(place);
+    return index.isValid() && model_.isPinned(index.row()) ? index.row() : -1;
+}
+
+// Filled in a pinned row; as an outline in the row under the mouse.
+void ResultsView::drawPin(QPainter* painter, const QRect& place, int row) const {
+    constexpr int left = 5;
+    constexpr int size = 16;
+    const auto isPinned = model_.isPinned(row);
+    if (!isPinned || (!*isPinned && !isHovered(place))) return;
+    const Look& look = Look::current();
+    const QRect pin(left, place.center().y() - size / 2 + 1, size, size);
+    paintIcon(*painter, pin, *isPinned ? QStringLiteral("pinned") : QStringLiteral("pin"),
+              *isPinned ? look.accent : look.muted);
+}
+
 // What is below the texts of a row, over its whole width or a part of it.
 void ResultsView::paintGround(QPainter* painter, const QRect& place, int row) const {
     const Look& look = Look::current();
     const QRect whole(0, place.top(), viewport()->width(), place.height());
     const bool selected = selectionModel()->isRowSelected(row, {});
     const bool group = isGroup(row);
-    const bool hovered =
-        viewport()->underMouse() && whole.contains(viewport()->mapFromGlobal(QCursor::pos()));
-    painter->fillRect(place, selected  ? isInUse() ? look.accentTint : look.hover
-                             : group   ? look.surfaceAlt
-                             : hovered ? look.hover
-                                       : look.surface);
+    painter->fillRect(place, selected           ? isInUse() ? look.accentTint : look.hover
+                             : group            ? look.surfaceAlt
+                             : isHovered(whole) ? look.hover
+                                                : look.surface);
     if (group) {
         painter->fillRect(QRect(place.bottomLeft(), QSize(place.width(), 1)), look.line);
         if (row > 0) painter->fillRect(QRect(place.topLeft(), QSize(place.width(), 1)), look.line);
@@ -352,6 +381,7 @@ void ResultsView::drawRow(QPainter* painter, const QStyleOptionViewItem& options
     }
     QTreeView::drawRow(painter, plain, index);
     if (horizontalOffset() > 0) drawLabelOver(painter, plain, index);
+    drawPin(painter, QRect(0, options.rect.top(), viewport()->width(), options.rect.height()), index.row());
 }
 
 // The text of a group takes the whole width, however far the values are scrolled.
@@ -398,13 +428,47 @@ void ResultsView::keyPressEvent(QKeyEvent* event) {
         QTreeView::keyPressEvent(event);
 }
 
+void ResultsView::mousePressEvent(QMouseEvent* event) {
+    pressedPin_ = event->button() == Qt::LeftButton ? pinAt(event->pos()) : -1;
+    if (pressedPin_ < 0) QTreeView::mousePressEvent(event);
+}
+
+void ResultsView::mouseReleaseEvent(QMouseEvent* event) {
+    const int pressed = std::exchange(pressedPin_, -1);
+    if (pressed < 0)
+        QTreeView::mouseReleaseEvent(event);
+    else if (pinAt(event->pos()) == pressed)
+        emit pinClicked(pressed);
+}
+
+// The second of two quick clicks on a pin is one as well.
+void ResultsView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (pinAt(event->pos()) >= 0)
+        mousePressEvent(event);
+    else
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
+// A sentence in a cell that has no room for it, or is not in sight as a whole.
+bool ResultsView::isCut(const QModelIndex& index) const {
+    if (model_.column(index.column()).kind != ResultsModel::Kind::words || isGroup(index.row())) return false;
+    const QRect cell = visualRect(index).intersected(viewport()->rect());
+    const QString text = model_.text(index.row(), index.column());
+    return QFontMetrics(lookFont()).horizontalAdvance(text) + 2 * sidePadding > cell.width();
+}
+
 bool ResultsView::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const int x = help->pos().x();
         const int column = x < header()->sectionSize(0) ? 0 : header()->logicalIndexAt(x);
-        const QString text =
+        QString text =
             column < 0 ? QString() : model_.columns().at(static_cast<std::size_t>(column)).description;
+        if (const int row = pinAt(help->pos()); row >= 0)
+            text = *model_.isPinned(row) ? model_.pins().takeText : model_.pins().addText;
+        else if (const QModelIndex at = indexAt(help->pos());
+                 at.isValid() && at.column() == column && isCut(at))
+            text = model_.text(at.row(), column);
         QToolTip::showText(help->globalPos(), text, this);
         return true;
     }

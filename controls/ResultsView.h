@@ -30,6 +30,10 @@ class ResultsView : public QTreeView {
     void setColumns(const std::vector<Column>& columns);
     /// What a screen reader says of a group row, with "{0}" for its text.
     void setSpokenGroup(const QString& pattern) { spokenGroup_ = pattern; }
+    /// Gives the rows a pin each, which is seen while the mouse is over a row or the row is pinned. The list
+    /// asks what is pinned whenever it is painted; see repaintPins().
+    void setPins(ResultsModel::Pins pins);
+    void repaintPins() { viewport()->update(); }
     /// What is said in the middle of a list without rows.
     void setEmptyText(const QString& text) { emptyText_ = text; }
     /// Lets a click on a heading, or its keys, ask for another order of the rows.
@@ -77,6 +81,8 @@ class ResultsView : public QTreeView {
     void columnMenuRequested(const QPoint& place);
     /// The keys of copying were pressed.
     void copyRequested();
+    /// The pin of a row was clicked.
+    void pinClicked(int row);
 
   protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& options,
@@ -85,14 +91,22 @@ class ResultsView : public QTreeView {
     void scrollContentsBy(int dx, int dy) override;
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
   private:
+    /// The row whose pin is at a place of the viewport, -1 elsewhere.
+    int pinAt(const QPoint& place) const;
+    bool isHovered(const QRect& row) const;
+    void drawPin(QPainter* painter, const QRect& place, int row) const;
     void paintGround(QPainter* painter, const QRect& place, int row) const;
     void drawGroup(QPainter* painter, const QStyleOptionViewItem& options, const QModelIndex& index) const;
     void drawLabelOver(QPainter* painter, const QStyleOptionViewItem& options,
                        const QModelIndex& index) const;
     bool isInUse() const;
     int fittingWidth(int column) const;
+    bool isCut(const QModelIndex& index) const;
     void setWidth(int column, int width);
 
     ResultsModel model_;
@@ -100,6 +114,7 @@ class ResultsView : public QTreeView {
     QString spokenGroup_ = QStringLiteral("{0}");
     QString emptyText_;
     QHash<QString, int> chosenWidths_;
+    int pressedPin_ = -1;
     bool isArranging_ = false;  // widths are set by the program
 };
 

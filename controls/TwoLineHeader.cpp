@@ -197,12 +197,12 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int secti
         const bool isAtLeft = isLeftAligned(section);
         const QRect inner =
             isAtLeft ? rect.adjusted(sidePadding, 5, -4, -5) : rect.adjusted(4, 5, -sidePadding, -5);
-        const Qt::Alignment side = isAtLeft ? Qt::AlignLeft : Qt::AlignRight;
+        const auto side = static_cast<int>(Qt::AlignVCenter | (isAtLeft ? Qt::AlignLeft : Qt::AlignRight));
         const int unitHeight = hasUnits() ? inner.height() / 2 : 0;
-        painter->drawText(inner.adjusted(0, 0, 0, -unitHeight), side | Qt::AlignVCenter, name);
+        painter->drawText(inner.adjusted(0, 0, 0, -unitHeight), side, name);
         painter->setPen(look.muted);
         painter->setFont(unitFont());
-        painter->drawText(inner.adjusted(0, inner.height() / 2, 0, 0), side | Qt::AlignVCenter, unit);
+        painter->drawText(inner.adjusted(0, inner.height() / 2, 0, 0), side, unit);
         if (section == sortSection_) {
             // Next to the name, on the side where it does not begin or end with the values.
             const int width = QFontMetrics(nameFont()).horizontalAdvance(name);

@@ -1,6 +1,7 @@
 #include "data/Hooks.h"
 
 #include <iostream>
+#include <utility>
 
 #include "data/Session.h"
 
@@ -9,6 +10,10 @@ namespace marvello {
 void giveTurn() {
     if (const auto& turn = Session::current().hooks.giveTurn) turn();
 }
+
+NoTurns::NoTurns() : held_(std::exchange(Session::current().hooks.giveTurn, nullptr)) {}
+
+NoTurns::~NoTurns() { Session::current().hooks.giveTurn = std::move(held_); }
 
 void showBox(BoxKind kind, const std::string& text) {
     if (const auto& show = Session::current().hooks.showBox)

@@ -29,6 +29,19 @@ struct Hooks {
 /// Gives the user interface of the current session a turn; does nothing without one.
 void giveTurn();
 
+/// Holds back the turns of the user interface of the current session while it lives: nobody can change or
+/// close what is calculated from meanwhile.
+class NoTurns {
+  public:
+    NoTurns();
+    ~NoTurns();
+    NoTurns(const NoTurns&) = delete;
+    NoTurns& operator=(const NoTurns&) = delete;
+
+  private:
+    std::function<void()> held_;
+};
+
 /// Shows a box; without a user interface the text goes to standard error.
 void showBox(BoxKind kind, const std::string& text);
 

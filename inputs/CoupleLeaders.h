@@ -1,5 +1,9 @@
 #pragma once
 
+#include <span>
+#include <string>
+#include <vector>
+
 #include "inputs/Input.h"
 
 namespace marvello {
@@ -13,6 +17,11 @@ class CoupleLeaders {
     /// Lets an input that was typed lead its couple. Ignores an input outside the couples.
     void typed(Input input);
 
+    /// Names that say which inputs lead, such as "ted" and "tcm", and the leaders that they say. Names that
+    /// no couple has are passed over.
+    std::vector<std::string> names() const;
+    static CoupleLeaders named(std::span<const std::string> names);
+
     /// The inputs typed last; the others of their couples are derived.
     Input evaporating() const { return evaporating_; }
     Input condensing() const { return condensing_; }
@@ -21,6 +30,8 @@ class CoupleLeaders {
         return evaporating_ == Input::evaporatingMid ? evaporating_ : Input::evaporatingDew;
     }
     Input condensingTemperature() const { return condensingTemperature_; }
+
+    bool operator==(const CoupleLeaders&) const = default;
 
   private:
     Input evaporating_ = Input::evaporatingDew;

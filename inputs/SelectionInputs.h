@@ -45,6 +45,7 @@ struct InputState {
     CoupleLeaders leaders;
 
     bool isEmpty() const { return keys.empty(); }
+    bool operator==(const InputState&) const = default;
 };
 
 /// The inputs of a form: what they offer, how they follow one another, their ranges and units, and

@@ -59,16 +59,16 @@ void Interrupt::ask() {
     [[maybe_unused]] const auto written = write(wakeUp.back(), "!", 1);
 }
 
-Input::Input(const std::string& file)
+ByteInput::ByteInput(const std::string& file)
     : file_(file == "-" ? STDIN_FILENO : open(file.c_str(), O_RDONLY | O_CLOEXEC)) {
     if (file_ < 0) fail(file);
 }
 
-Input::~Input() {
+ByteInput::~ByteInput() {
     if (file_ != STDIN_FILENO) close(file_);
 }
 
-std::size_t Input::read(char* bytes, std::size_t size) {
+std::size_t ByteInput::read(char* bytes, std::size_t size) {
     // Without an Interrupt the pipe is -1, which poll passes over.
     std::array<pollfd, 2> waits{pollfd{file_, POLLIN, 0}, pollfd{wakeUp.front(), POLLIN, 0}};
     while (!Interrupt::isAsked()) {

@@ -26,13 +26,13 @@ class Interrupt {
 };
 
 /// The bytes of a file or of standard input.
-class Input {
+class ByteInput {
   public:
     /// "-" is standard input. Throws std::system_error if the file cannot be opened.
-    explicit Input(const std::string& file);
-    ~Input();
-    Input(const Input&) = delete;
-    Input& operator=(const Input&) = delete;
+    explicit ByteInput(const std::string& file);
+    ~ByteInput();
+    ByteInput(const ByteInput&) = delete;
+    ByteInput& operator=(const ByteInput&) = delete;
 
     /// Reads what is there, up to `size` bytes, and waits until there is something. Returns 0 at the end, and
     /// once an interrupt was asked for. Throws std::system_error.

@@ -100,6 +100,11 @@ std::string broughtWith(const MessageId& message, const Advice& advice) {
 
 }  // namespace
 
+std::span<const Advice> shownOf(const std::vector<Advice>& advice) {
+    constexpr std::size_t most = 3;
+    return std::span(advice).first(std::min(advice.size(), most));
+}
+
 ShownAdvice shownAdvice(const std::vector<MessageAdvice>& all, const MessageId& message, const Advice& advice,
                         const clsProjectConditions& conditions, UnitSystem units, const NumberMarks& marks) {
     ShownAdvice shown{textOf(advice, conditions, units, marks), stepOf(advice, conditions, units, marks),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,8 @@ struct ShownAdvice {
     std::string effect;  ///< what it does to the other messages; empty if there are none
 };
 
-/// How many of a message are shown.
-inline constexpr int maxShownAdvice = 3;
+/// Those that are shown of a message: the first three at most.
+std::span<const Advice> shownOf(const std::vector<Advice>& advice);
 
 /// Returns the texts of `advice`, which is about `message` and was found in `units` at `conditions`. `all` is
 /// what adviseOn gave.

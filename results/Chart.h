@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/Numbers.h"
@@ -37,12 +38,19 @@ struct ChartCurve {
     std::vector<DrawnPoint> points{};
     CurveStyle style{};
     bool isOnSecond = false;  ///< Counts on the second axis of values.
+    std::string name{};       ///< What its values are called where they are read; empty if they are not.
+    int set = 0;              ///< Curves of one set are one thing to those who read them.
+    bool isOutline = false;   ///< Closed, about an area.
 };
 
 /// An axis has round ends about all that is drawn along it.
 struct ChartAxis {
     std::string title{};
     bool hasZero = false;  ///< Begins at 0, or ends there.
+    // Of values that are read.
+    std::string name{};
+    std::string unit{};
+    std::string_view pattern = "#0.0";
 };
 
 /// A line of the legend.

@@ -16,16 +16,27 @@ double shownTemperature(double celsius, UnitSystem units) {
     return convertedTemperature(celsius, UnitSystem::metric, units);
 }
 
-std::string temperatureTitle(const char* key, UnitSystem units) {
-    return withUnit(dictionaryText(key), unitText(Quantity::temperature, units));
+ChartAxis temperatureAxis(const char* key, const char* shortKey, UnitSystem units) {
+    const std::string unit = unitText(Quantity::temperature, units);
+    return {.title = withUnit(dictionaryText(key), unit), .name = dictionaryText(shortKey), .unit = unit};
+}
+
+const char* const evaporating = "frmselection.txtted.captiontext";
+const char* const condensing = "frmselection.txttcd.captiontext";
+
+std::string nameOf(const ComparedMachine& machine) {
+    return machine.choice.serie + '-' + machine.choice.model;
 }
 
 /// The application limits of a machine as closed curves.
-std::vector<ChartCurve> limitsOf(const ComparedMachine& machine, const CurveStyle& style, UnitSystem units) {
+std::vector<ChartCurve> limitsOf(const ComparedMachine& machine, std::size_t place, UnitSystem units) {
     std::vector<ChartCurve> curves;
     if (machine.limits() == nullptr) return curves;
     for (const PlanePolygon& polygon : applicationPolygons(*machine.limits())) {
-        ChartCurve& curve = curves.emplace_back(ChartCurve{.style = style});
+        ChartCurve& curve = curves.emplace_back(ChartCurve{.style = styleOfMachine(place),
+                                                           .name = nameOf(machine),
+                                                           .set = static_cast<int>(place),
+                                                           .isOutline = true});
         for (const PlanePoint& point : polygon)
             curve.points.push_back({shownTemperature(point.x, units), shownTemperature(point.y, units)});
         curve.points.push_back(curve.points.front());
@@ -51,14 +62,14 @@ CurveStyle styleOfMachine(std::size_t place) {
 
 Chart limitsChart(const Comparison& comparison, UnitSystem units) {
     Chart chart{.title = dictionaryText("frmcomparison.limits"),
-                .across = {.title = temperatureTitle("frmselection.limitreport.xaxis.caption", units)},
-                .up = {.title = temperatureTitle("frmselection.limitreport.yaxis.caption", units)}};
+                .across = temperatureAxis("frmselection.limitreport.xaxis.caption", evaporating, units),
+                .up = temperatureAxis("frmselection.limitreport.yaxis.caption", condensing, units)};
     std::vector<ChartCurve> points;
     for (std::size_t i = 0; i < comparison.machines.size(); ++i) {
         const ComparedMachine& machine = comparison.machines[i];
         CurveStyle style = styleOfMachine(i);
-        for (ChartCurve& curve : limitsOf(machine, style, units)) chart.curves.push_back(std::move(curve));
-        chart.legend.push_back({machine.choice.serie + '-' + machine.choice.model, style});
+        for (ChartCurve& curve : limitsOf(machine, i, units)) chart.curves.push_back(std::move(curve));
+        chart.legend.push_back({nameOf(machine), style});
         style.line = CurveStyle::Line::none;
         style.hasRings = true;
         const OperatingPoint at = pointOf(machine.choice.conditions);
@@ -74,19 +85,27 @@ Chart limitsChart(const Comparison& comparison, UnitSystem units) {
 Chart curvesChart(const Comparison& comparison, const std::vector<Curve>& curves, CurveAxis axis,
                   Figure figure, UnitSystem units) {
     const bool isEvaporating = axis == CurveAxis::evaporating;
-    const std::string title = withUnit(dictionaryText(textOf(figure).name), unitOf(figure, units));
+    const char* const temperature = isEvaporating ? evaporating : condensing;
+    const FigureText& text = textOf(figure);
+    const std::string unit = unitOf(figure, units);
+    const std::string title = withUnit(dictionaryText(text.name), unit);
     Chart chart{.title = title,
-                .across = {.title = temperatureTitle(isEvaporating ? "frmselection.txtted.captiontext"
-                                                                   : "frmselection.txttcd.captiontext",
-                                                     units)},
-                .up = {.title = title, .hasZero = figure == Figure::capacity}};
+                .across = temperatureAxis(temperature, temperature, units),
+                .up = {.title = title,
+                       .hasZero = figure == Figure::capacity,
+                       .name = dictionaryText(text.name),
+                       .unit = unit,
+                       .pattern = text.pattern}};
     for (std::size_t i = 0; i < curves.size(); ++i) {
         const double factor = figure == Figure::capacity ? comparison.machines[i].choice.machines : 1;
         bool goesOn = false;
         for (const CurvePoint& point : curves[i]) {
             const auto value = mappedValueOf(point.performance, figure);
             if (value) {
-                if (!goesOn || point.beginsPart) chart.curves.push_back({.style = styleOfMachine(i)});
+                if (!goesOn || point.beginsPart)
+                    chart.curves.push_back({.style = styleOfMachine(i),
+                                            .name = nameOf(comparison.machines[i]),
+                                            .set = static_cast<int>(i)});
                 chart.curves.back().points.push_back(
                     {shownTemperature(point.at, units), valueIn(figure, *value * factor, units)});
             }

@@ -210,11 +210,14 @@ class TableMaker {
         ComparisonTable table;
         for (const ComparedMachine& machine : comparison_.machines) table.heads.push_back(headOf(machine));
         table.groups = {pointGroup(), refrigerantGroup(), electricalGroup(), machineGroup()};
+        const auto hasValues = [](const ComparedMachine& machine) { return machine.performance.hasValues(); };
+        // Where no machine has values their errors take the place of the first group.
+        const bool isPointEmpty = std::ranges::none_of(comparison_.machines, hasValues);
         for (ComparedGroup& group : table.groups)
-            std::erase_if(group.rows, [](const ComparedRow& row) {
-                return std::ranges::all_of(row.cells,
-                                           [](const ComparedCell& cell) { return cell.text == "-"; });
-            });
+            if (!isPointEmpty || &group != &table.groups.front())
+                std::erase_if(group.rows, [](const ComparedRow& row) {
+                    return std::ranges::all_of(row.cells, &ComparedCell::isEmpty);
+                });
         std::erase_if(table.groups, [](const ComparedGroup& group) { return group.rows.empty(); });
         return table;
     }
@@ -393,7 +396,7 @@ class TableMaker {
     /// A text of the technical data, such as "286 kg", with the number that it begins with.
     static ComparedCell technicalCell(const std::string& text, int machines, bool isOfAll) {
         ComparedCell cell = wordCell(text);
-        if (cell.text == "-") return cell;
+        if (cell.isEmpty()) return cell;
         cell.shown = localNumber(text.substr(0, text.find(' ')));
         if (!isOfAll || machines == 1) return cell;
         if (cell.shown) *cell.shown *= machines;
@@ -468,9 +471,9 @@ std::string comparisonCsv(const ComparisonTable& table, bool hasDifferences, std
         for (const ComparedRow& row : group.rows) {
             line = {std::string(row.name), csvQuoted(row.caption), csvQuoted(row.unit)};
             for (const ComparedCell& cell : row.cells)
-                line.push_back(cell.value         ? plainText(*cell.value, point)
-                               : cell.text == "-" ? std::string()
-                                                  : csvQuoted(cell.text));
+                line.push_back(cell.value       ? plainText(*cell.value, point)
+                               : cell.isEmpty() ? std::string()
+                                                : csvQuoted(cell.text));
             if (hasDifferences)
                 for (const ComparedCell& cell : row.cells)
                     line.push_back(cell.difference.empty() ? std::string() : csvQuoted(cell.difference));

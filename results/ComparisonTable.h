@@ -20,6 +20,8 @@ struct ComparedCell {
     std::optional<double> shown{};  ///< the number that the text shows
     bool isBest = false;            ///< of its row, and better than another one as shown
     std::string difference{};       ///< from the reference, of the shown numbers: "+4.2 %"; may be empty
+
+    bool isEmpty() const { return text == "-"; }
 };
 
 struct ComparedRow {
@@ -52,7 +54,9 @@ struct ComparedHead {
 /// Machines next to each other as windows, paper and files show them.
 struct ComparisonTable {
     std::vector<ComparedHead> heads;
-    std::vector<ComparedGroup> groups;  ///< without the rows in which no machine has a value
+    /// The first is that of the operating point. None has rows in which no machine has a value, but for the
+    /// first one where all machines have errors.
+    std::vector<ComparedGroup> groups;
 };
 
 struct ComparisonStyle {

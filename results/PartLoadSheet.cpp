@@ -17,11 +17,13 @@ using Kind = LoadRun::Kind;
 using Line = CurveStyle::Line;
 using Tone = CurveStyle::Tone;
 
+constexpr std::string_view loadPattern = "#0.0";
 constexpr std::array shownShares{1.0, 0.75, 0.5, 0.25};
 
-/// In the order of the columns.
-constexpr std::array shownFigures{Figure::capacity, Figure::power,    Figure::cop,
-                                  Figure::current,  Figure::massFlow, Figure::dischargeTemperature};
+/// The columns of the figures, in front of the sentence and behind it: it says how the first ones come about,
+/// and is in sight where there is no room for all.
+constexpr std::array firstFigures{Figure::capacity, Figure::power, Figure::cop};
+constexpr std::array otherFigures{Figure::current, Figure::massFlow, Figure::dischargeTemperature};
 
 /// Writes the rows of a sheet.
 class SheetWriter {
@@ -35,10 +37,21 @@ class SheetWriter {
 
   private:
     std::string loadText(std::optional<double> share) const {
-        return share ? formatNumber(*share * 100, "#0.0", marks_) : "-";
+        return share ? formatNumber(*share * 100, loadPattern, marks_) : "-";
     }
     std::string temperatureText(double celsius) const {
         return formatNumber(convertedTemperature(celsius, UnitSystem::metric, units_), "#0.0", marks_);
+    }
+
+    /// What is in the columns of the figures and of the sentence.
+    template <class Value>
+    void addValues(PartLoadSheet::Row& row, Value valueOf, const std::string& sentence) const {
+        const auto add = [&](Figure figure) {
+            row.values.push_back(shownFigure(figure, valueOf(figure), units_, marks_).text);
+        };
+        for (const Figure figure : firstFigures) add(figure);
+        row.values.push_back(sentence);
+        for (const Figure figure : otherFigures) add(figure);
     }
 
     const PreparedCompressor& compressor_;
@@ -56,16 +69,19 @@ std::vector<PartLoadSheet::Column> SheetWriter::columns() const {
          .name = dictionaryText("frmselection.txttcd.captiontext"),
          .unit = unitText(Quantity::temperature, units_),
          .description = {}}};
-    for (const Figure figure : shownFigures)
+    const auto add = [&](Figure figure) {
         columns.push_back({.key = std::string(nameOf(figure)),
                            .name = dictionaryText(textOf(figure).name),
                            .unit = unitOf(figure, units_),
                            .description = dictionaryText(textOf(figure).description)});
+    };
+    for (const Figure figure : firstFigures) add(figure);
     columns.push_back({.key = "sentence",
                        .name = dictionaryText("frmselection.tabstrip.tabs.messages"),
                        .unit = {},
                        .description = {},
                        .isText = true});
+    for (const Figure figure : otherFigures) add(figure);
     return columns;
 }
 
@@ -75,13 +91,11 @@ PartLoadSheet::Row SheetWriter::rowOf(const SteadyLoad& load) const {
         .label = stateText(compressor_, load.state, marks_),
         .state = performance.state,
         .values = {loadText(load.share), temperatureText(load.state.at.conditions.TCondensationDew)}};
-    for (const Figure figure : shownFigures)
-        row.values.push_back(shownFigure(figure, valueOf(performance, figure), units_, marks_).text);
     std::string sentence;
     for (const ShownMessage& message : messagesOf(load.messages))
         if (message.severity != Severity::information)
             sentence += (sentence.empty() ? "" : " ") + message.text;
-    row.values.push_back(std::move(sentence));
+    addValues(row, [&](Figure figure) { return valueOf(performance, figure); }, sentence);
     return row;
 }
 
@@ -98,10 +112,9 @@ PartLoadSheet::Row SheetWriter::rowOf(const PartLoad& load) const {
     PartLoadSheet::Row row{.label = percentText(load.share, marks_),
                            .state = stateOf(load.run),
                            .values = {loadText(load.share), temperatureText(load.condensing)}};
-    for (const Figure figure : shownFigures)
-        row.values.push_back(shownFigure(figure, valueOf(load.run, figure), units_, marks_).text);
-    row.values.push_back(load.run.kind == Kind::none ? dictionaryText(load.error)
-                                                     : runText(compressor_, load.run, marks_));
+    addValues(
+        row, [&](Figure figure) { return valueOf(load.run, figure); },
+        load.run.kind == Kind::none ? dictionaryText(load.error) : runText(compressor_, load.run, marks_));
     return row;
 }
 
@@ -143,7 +156,7 @@ Line lineBetween(const Place& one, const Place& other) {
 }
 
 void addCurves(Chart& chart, const std::vector<Place>& places, std::optional<double> Place::* figure,
-               Tone tone, bool isOnSecond) {
+               Tone tone, bool isOnSecond, const std::string& name) {
     for (std::size_t i = 1; i < places.size(); ++i) {
         if (!(places[i - 1].*figure) || !(places[i].*figure)) continue;
         if (places[i - 1].share == places[i].share || isBreak(places[i - 1], places[i])) continue;
@@ -153,7 +166,12 @@ void addCurves(Chart& chart, const std::vector<Place>& places, std::optional<dou
         const bool goesOn = !chart.curves.empty() && chart.curves.back().isOnSecond == isOnSecond &&
                             chart.curves.back().style.line == style.line &&
                             chart.curves.back().points.back().x == from.x;
-        if (!goesOn) chart.curves.push_back({{from}, style, isOnSecond});
+        if (!goesOn)
+            chart.curves.push_back({.points = {from},
+                                    .style = style,
+                                    .isOnSecond = isOnSecond,
+                                    .name = name,
+                                    .set = isOnSecond ? 1 : 0});
         chart.curves.back().points.push_back(to);
     }
 }
@@ -186,8 +204,12 @@ void addLegend(Chart& chart, const PreparedCompressor& compressor) {
         add("frmselection.partload.chart.intermittent", {.line = Line::dotted, .tone = Tone::muted});
 }
 
-std::string axisTitle(const std::string& name, const std::string& unit) {
-    return unit.empty() ? name : name + ", " + unit;
+ChartAxis axisOf(const std::string& name, const std::string& unit, std::string_view pattern) {
+    return {.title = unit.empty() ? name : name + ", " + unit,
+            .hasZero = true,
+            .name = name,
+            .unit = unit,
+            .pattern = pattern};
 }
 
 }  // namespace
@@ -233,16 +255,14 @@ PartLoadSheet partLoadSheet(const PreparedCompressor& compressor, const PartLoad
 }
 
 Chart partLoadChart(const PreparedCompressor& compressor, const PartLoadTable& table, UnitSystem units) {
-    Chart chart{
-        .title = dictionaryText("frmselection.partload.chart"),
-        .across = {.title = axisTitle(dictionaryText("frmselection.partload.load"), "%"), .hasZero = true},
-        .up = {.title = dictionaryText(textOf(Figure::cop).name), .hasZero = true},
-        .second = ChartAxis{
-            .title = axisTitle(dictionaryText(textOf(Figure::power).name), unitOf(Figure::power, units)),
-            .hasZero = true}};
+    Chart chart{.title = dictionaryText("frmselection.partload.chart"),
+                .across = axisOf(dictionaryText("frmselection.partload.load"), "%", loadPattern),
+                .up = axisOf(dictionaryText(textOf(Figure::cop).name), {}, textOf(Figure::cop).pattern),
+                .second = axisOf(dictionaryText(textOf(Figure::power).name), unitOf(Figure::power, units),
+                                 textOf(Figure::power).pattern)};
     const std::vector<Place> places = placesOf(table);
-    addCurves(chart, places, &Place::power, Tone::text, true);
-    addCurves(chart, places, &Place::cop, Tone::accent, false);
+    addCurves(chart, places, &Place::power, Tone::text, true, chart.second->name);
+    addCurves(chart, places, &Place::cop, Tone::accent, false, chart.up.name);
     addRings(chart, table, Figure::power, Tone::text, true);
     addRings(chart, table, Figure::cop, Tone::accent, false);
     addLegend(chart, compressor);

@@ -26,7 +26,7 @@ struct PartLoadSheet {
     };
     std::string full;             ///< What the full capacity is.
     std::string label;            ///< Heads the labels.
-    std::vector<Column> columns;  ///< Load, condensing temperature, figures, and a sentence.
+    std::vector<Column> columns;  ///< Load, condensing temperature, figures, among them a sentence.
     std::string statesTitle;      ///< "Step capacity", or "Frequency".
     std::vector<Row> states;
     std::string sharesTitle;

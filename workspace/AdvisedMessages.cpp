@@ -1,7 +1,6 @@
 #include "workspace/AdvisedMessages.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "catalogue/clsCompressor.h"
 #include "controls/MessagesView.h"
@@ -53,7 +52,7 @@ void AdvisedMessages::showAdvice(const std::vector<MessageAdvice>& advice) {
     bool isAny = false;
     for (const MessageAdvice& about : advice_) {
         QList<AdviceLine::Texts> lines;
-        for (const Advice& each : about.advice | std::views::take(maxShownAdvice)) {
+        for (const Advice& each : shownOf(about.advice)) {
             const ShownAdvice shown = shownAdvice(advice_, about.message, each, *conditions_, units_, marks);
             lines.push_back({fromCore(shown.text), fromCore(shown.step), use, fromCore(shown.effect)});
         }

@@ -16,10 +16,8 @@ Background::Background(QObject& owner) : owner_(owner) {}
 
 void Background::start(Task task, Failed failed) {
     if (isRefpropConcurrent() && startInThread(task, failed)) return;
-    // Nothing else may happen in the middle of it.
-    const auto giveTurn = std::exchange(Session::current().hooks.giveTurn, nullptr);
+    const NoTurns untilItEnds;
     carryOut(++newest_, task, failed, {});
-    Session::current().hooks.giveTurn = giveTurn;
 }
 
 bool Background::startInThread(Task task, Failed failed) {

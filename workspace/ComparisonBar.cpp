@@ -2,6 +2,7 @@
 
 #include <QActionGroup>
 #include <QMenu>
+#include <cmath>
 
 #include "controls/AdvanceText.h"
 #include "controls/CoreText.h"
@@ -19,15 +20,13 @@ struct FieldDefinition {
     const char* captionKey;
     double OperatingPoint::* value;
     Quantity quantity;
-    double low, high;  ///< of what can be entered, in metric units
 };
 constexpr std::array<FieldDefinition, 4> definitions{
-    {{"txtTED", "frmselection.txtted.captiontext", &OperatingPoint::ted, Quantity::temperature, -100, 150},
-     {"txtTCD", "frmselection.txttcd.captiontext", &OperatingPoint::tcd, Quantity::temperature, -100, 150},
-     {"txtSH", "frmselection.cmbsh.captiontext", &OperatingPoint::superheat, Quantity::temperatureDifference,
-      0, 100},
-     {"txtSC", "frmselection.txtsc.captiontext", &OperatingPoint::subcooling, Quantity::temperatureDifference,
-      0, 100}}};
+    {{"txtTED", "frmselection.txtted.captiontext", &OperatingPoint::ted, Quantity::temperature},
+     {"txtTCD", "frmselection.txttcd.captiontext", &OperatingPoint::tcd, Quantity::temperature},
+     {"txtSH", "frmselection.cmbsh.captiontext", &OperatingPoint::superheat, Quantity::temperatureDifference},
+     {"txtSC", "frmselection.txtsc.captiontext", &OperatingPoint::subcooling,
+      Quantity::temperatureDifference}}};
 
 constexpr std::size_t gasField = 2;
 
@@ -35,6 +34,14 @@ constexpr std::size_t gasField = 2;
 Quantity quantityOf(std::size_t field, const OperatingPoint& point) {
     const bool isTemperature = field == gasField && point.superheatKind != SuperheatKind::difference;
     return isTemperature ? Quantity::temperature : definitions.at(field).quantity;
+}
+
+/// What can be entered, in metric units.
+struct Range {
+    double low, high;
+};
+Range rangeOf(Quantity quantity) {
+    return quantity == Quantity::temperature ? Range{-100, 150} : Range{0, 100};
 }
 
 /// The name under which readQuantity() knows the unit.
@@ -61,7 +68,7 @@ ComparisonBar::ComparisonBar(QWidget* parent)
                 readQuantity(toCore(plainNumberText(text)), quantity, unitName(units_, quantity));
             return TypedReading{read.value, read.isPlain, read.isUnfinished};
         });
-        connect(field, &AdvanceText::TextChange, this, &ComparisonBar::typed);
+        connect(field, &AdvanceText::TextChange, this, [this, i] { typed(i); });
         add(field, AdvanceText::halo);
         fields_.at(i) = field;
     }
@@ -87,9 +94,10 @@ void ComparisonBar::showPoint(const OperatingPoint& point, bool isSame, UnitSyst
     refresh();
 }
 
-void ComparisonBar::showReference(const std::vector<ComparedHead>& heads,
+void ComparisonBar::showReference(const std::vector<ComparedHead>& heads, const std::vector<int>& numbers,
                                   std::optional<std::size_t> reference) {
     heads_ = heads;
+    numbers_ = numbers;
     reference_ = reference;
     refresh();
 }
@@ -104,6 +112,9 @@ void ComparisonBar::refresh() {
         const UnitRule convert = conversionOf(quantity);
         const double value = convert(point_.*definitions.at(i).value, UnitSystem::metric, units_);
         field->SetUnitCaptiontext(fromCore(unitText(quantity, units_)));
+        const auto [low, high] = rangeOf(quantity);
+        field->setProperty("TextMin", convert(low, UnitSystem::metric, units_));
+        field->setProperty("TextMax", convert(high, UnitSystem::metric, units_));
         field->setProperty("UnitCaptionWidth", unitWidth);
         const int caption = field->fontMetrics().horizontalAdvance(field->CaptionText()) + gap;
         field->setProperty("CaptionWidth", caption);
@@ -120,38 +131,35 @@ void ComparisonBar::refresh() {
     layOut();
 }
 
-void ComparisonBar::typed() {
-    OperatingPoint point = point_;
-    for (std::size_t i = 0; i < fieldCount; ++i) {
-        AdvanceText* const field = fields_.at(i);
-        const FieldDefinition& definition = definitions.at(i);
-        const UnitRule convert = conversionOf(quantityOf(i, point_));
-        const double metric = convert(field->number(), units_, UnitSystem::metric);
-        if (field->isInvalid()) return;
-        if (metric < definition.low || metric > definition.high) return;
-        point.*definition.value = metric;
-    }
-    if (point == point_) return;
-    point_ = point;
-    emit pointTyped(point);
+void ComparisonBar::typed(std::size_t index) {
+    constexpr double noise = 1e-9;  // of a conversion there and back
+    const AdvanceText* const field = fields_.at(index);
+    if (field->isInvalid() || field->TextText().isEmpty()) return;
+    const UnitRule convert = conversionOf(quantityOf(index, point_));
+    const double metric = convert(field->number(), units_, UnitSystem::metric);
+    double& value = point_.*definitions.at(index).value;
+    if (std::abs(metric - value) <= noise) return;
+    value = metric;
+    emit pointTyped(point_);
 }
 
 void ComparisonBar::openReferences() {
-    QMenu menu(this);
-    QActionGroup group(&menu);
-    const auto addChoice = [&](const QString& text, std::optional<std::size_t> reference) {
-        QAction* entry = menu.addAction(text);
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    auto* group = new QActionGroup(menu);
+    const auto addChoice = [&](const QString& text, bool isChosen, std::optional<int> number) {
+        QAction* entry = menu->addAction(text);
         entry->setCheckable(true);
-        entry->setChecked(reference == reference_);
-        group.addAction(entry);
-        connect(entry, &QAction::triggered, this, [this, reference] { emit referenceChosen(reference); });
+        entry->setChecked(isChosen);
+        group->addAction(entry);
+        connect(entry, &QAction::triggered, this, [this, number] { emit referenceChosen(number); });
     };
-    addChoice(dictionaryText(QStringLiteral("frmcomparison.noreference")), std::nullopt);
+    addChoice(dictionaryText(QStringLiteral("frmcomparison.noreference")), !reference_, std::nullopt);
     for (std::size_t i = 0; i < heads_.size(); ++i)
         addChoice(
             filled(dictionaryText(QStringLiteral("frmcomparison.reference")), {fromCore(heads_[i].label())}),
-            i);
-    menu.exec(differences_->mapToGlobal(QPoint(0, differences_->height())));
+            reference_ == i, numbers_[i]);
+    menu->popup(differences_->mapToGlobal(QPoint(0, differences_->height())));
 }
 
 }  // namespace marvello

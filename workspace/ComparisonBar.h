@@ -23,8 +23,10 @@ class ComparisonBar : public PageBar {
     void translate();
     /// Shows a point in a system of units; fields are those of the same point alone.
     void showPoint(const OperatingPoint& point, bool isSame, UnitSystem units);
-    /// Shows what the differences are from; none without a reference.
-    void showReference(const std::vector<ComparedHead>& heads, std::optional<std::size_t> reference);
+    /// Shows what the differences are from, by its place; none without a reference. The numbers of the
+    /// machines are in the order of the heads.
+    void showReference(const std::vector<ComparedHead>& heads, const std::vector<int>& numbers,
+                       std::optional<std::size_t> reference);
     AdvanceText* firstField() const { return fields_.front(); }
 
   signals:
@@ -32,13 +34,14 @@ class ComparisonBar : public PageBar {
     void sameChosen(bool isSame);
     /// Another point was typed, in metric units.
     void pointTyped(const marvello::OperatingPoint& point);
-    void referenceChosen(const std::optional<std::size_t>& reference);
+    /// The differences are to be from a machine, by its number.
+    void referenceChosen(std::optional<int> number);
 
   private:
     /// Evaporating and condensing temperature, suction gas, subcooling.
     static constexpr std::size_t fieldCount = 4;
 
-    void typed();
+    void typed(std::size_t index);
     void openReferences();
     void refresh();
 
@@ -48,6 +51,7 @@ class ComparisonBar : public PageBar {
     OperatingPoint point_;
     UnitSystem units_ = UnitSystem::metric;
     std::vector<ComparedHead> heads_;
+    std::vector<int> numbers_;
     std::optional<std::size_t> reference_;
 };
 

@@ -94,7 +94,7 @@ class FigureDelegate : public QStyledItemDelegate {
         const QFontMetrics metrics(font);
         const QString text = metrics.elidedText(fromCore(cell.text), Qt::ElideRight, room.width());
         painter.setFont(font);
-        painter.setPen(cell.text == "-" ? look.muted : look.text);
+        painter.setPen(cell.isEmpty() ? look.muted : look.text);
         painter.drawText(room, Qt::AlignVCenter | Qt::AlignRight, text);
         double left = room.right() + 1 - metrics.horizontalAdvance(text);
         if (cell.isBest) {
@@ -140,6 +140,15 @@ const ComparedCell* ComparisonModel::cell(const QModelIndex& index) const {
     return &at.row->cells.at(static_cast<std::size_t>(index.column() - 1));
 }
 
+ComparisonModel::Lines ComparisonModel::errorLines(std::size_t machine) const {
+    if (table_.groups.empty() || table_.heads.at(machine).error.empty()) return {};
+    const std::vector<ComparedRow>& rows = table_.groups.front().rows;
+    const auto isEmpty = [machine](const ComparedRow& row) { return row.cells.at(machine).isEmpty(); };
+    const auto first = std::ranges::find_if(rows, isEmpty);
+    const auto behind = std::find_if_not(first, rows.end(), isEmpty);
+    return {static_cast<int>(first - rows.begin()) + 1, static_cast<int>(behind - first)};
+}
+
 int ComparisonModel::rowCount(const QModelIndex&) const { return static_cast<int>(lines_.size()); }
 
 int ComparisonModel::columnCount(const QModelIndex&) const {
@@ -153,7 +162,8 @@ QVariant ComparisonModel::data(const QModelIndex& index, int role) const {
     if (!at.row) return isText ? fromCore(at.group->caption) : QVariant();
     if (index.column() == 0) return isText ? fromCore(at.row->captionWithUnit()) : QVariant();
     const ComparedHead& head = table_.heads.at(static_cast<std::size_t>(index.column() - 1));
-    const bool isError = at.group == &table_.groups.front() && !head.error.empty();
+    const auto [first, count] = errorLines(static_cast<std::size_t>(index.column() - 1));
+    const bool isError = index.row() >= first && index.row() < first + count;
     if (role == Qt::UserRole) return isError ? fromCore(head.error) : QString();
     if (!isText) return {};
     if (isError) return fromCore(head.error);
@@ -196,10 +206,9 @@ void ComparisonFigures::setTable(ComparisonTable table, const QString& bestText)
         setRowHeight(row, isHeading ? headingHeight : lineHeight);
         if (isHeading) setSpan(row, 0, 1, model_.columnCount());
     }
-    const ComparisonTable& shown = model_.table();
-    const int ofPoint = shown.groups.empty() ? 0 : static_cast<int>(shown.groups.front().rows.size());
-    for (std::size_t i = 0; i < shown.heads.size(); ++i)
-        if (!shown.heads[i].error.empty() && ofPoint > 1) setSpan(1, static_cast<int>(i) + 1, ofPoint, 1);
+    for (std::size_t i = 0; i < model_.table().heads.size(); ++i)
+        if (const auto [first, count] = model_.errorLines(i); count > 1)
+            setSpan(first, static_cast<int>(i) + 1, count, 1);
     layOut();
     const int column = std::min(std::max(beforeColumn, 1), model_.columnCount() - 1);
     const int row = std::min(std::max(beforeRow, 1), model_.rowCount() - 1);
@@ -227,9 +236,17 @@ void ComparisonFigures::resizeEvent(QResizeEvent* event) {
     layOut();
 }
 
+void ComparisonFigures::setCurrentMachine(int machine) {
+    const QModelIndex index = model_.index(currentIndex().row(), machine + 1);
+    if (machine >= 0 && index.isValid()) setCurrentIndex(index);
+}
+
 void ComparisonFigures::keyPressEvent(QKeyEvent* event) {
+    const bool isSideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
     if (event->matches(QKeySequence::Copy))
         emit copyRequested();
+    else if (event->key() == Qt::Key_Delete || (isSideways && event->modifiers() & Qt::AltModifier))
+        event->ignore();  // the form takes machines out and moves them
     else
         QTableView::keyPressEvent(event);
 }

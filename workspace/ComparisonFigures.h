@@ -25,6 +25,13 @@ class ComparisonModel : public QAbstractTableModel {
     const Line& line(int row) const { return lines_.at(static_cast<std::size_t>(row)); }
     /// The cell of a machine; null in the column of captions and in a heading.
     const ComparedCell* cell(const QModelIndex& index) const;
+    /// The lines of values that the error of a machine takes the place of: those at the operating point that
+    /// have none. `count` is 0 for one without an error.
+    struct Lines {
+        int first = 0;
+        int count = 0;
+    };
+    Lines errorLines(std::size_t machine) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -52,6 +59,8 @@ class ComparisonFigures : public QTableView {
     const ComparisonTable& table() const { return model_.table(); }
     /// The machine of the cell in use, -1 without one.
     int currentMachine() const { return currentIndex().column() - 1; }
+    /// Puts the cell in use into the column of a machine, in the same row.
+    void setCurrentMachine(int machine);
 
   signals:
     void copyRequested();

@@ -51,7 +51,7 @@ QString markOf(PointState state) {
 /// One head.
 class ComparisonHead : public QWidget {
   public:
-    ComparisonHead(ComparisonHeads& owner, int place)
+    ComparisonHead(ComparisonHeads& owner, std::size_t place)
         : QWidget(&owner), owner_(owner), place_(place), close_(new QToolButton(this)) {
         setFocusPolicy(Qt::StrongFocus);
         setObjectName(QStringLiteral("head%1").arg(place));
@@ -61,11 +61,13 @@ class ComparisonHead : public QWidget {
         close_->setAutoRaise(true);
         close_->setFocusPolicy(Qt::NoFocus);  // the key Delete does the same
         close_->hide();
-        connect(close_, &QToolButton::clicked, &owner, [this] { emit owner_.takenOut(place_); });
+        connect(close_, &QToolButton::clicked, &owner, [this] { emit owner_.takenOut(number_); });
     }
 
-    void setHead(const ComparedHead& head, const QImage& photo) {
+    int number() const { return number_; }
+    void setHead(const ComparedHead& head, int number, const QImage& photo) {
         head_ = head;
+        number_ = number;
         photo_ = photo;
         QStringList words{fromCore(head.name), fromCore(head.facts)};
         for (const ShownMessage& message : head.messages) words += fromCore(message.text);
@@ -116,18 +118,18 @@ class ComparisonHead : public QWidget {
     void contextMenuEvent(QContextMenuEvent* event) override {
         const QPoint at =
             event->reason() == QContextMenuEvent::Mouse ? event->globalPos() : mapToGlobal(rect().center());
-        emit owner_.menuRequested(place_, at);
+        emit owner_.menuRequested(number_, at);
     }
     void keyPressEvent(QKeyEvent* event) override {
         const bool isLeft = event->key() == Qt::Key_Left;
         if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace)
-            emit owner_.takenOut(place_);
+            emit owner_.takenOut(number_);
         else if (!isLeft && event->key() != Qt::Key_Right)
             QWidget::keyPressEvent(event);
         else if (event->modifiers() & Qt::AltModifier)
-            emit owner_.moved(place_, place_ + (isLeft ? -1 : 1));
+            emit owner_.stepped(number_, isLeft ? -1 : 1);
         else
-            owner_.focusHead(place_ + (isLeft ? -1 : 1));
+            owner_.focusPlace(static_cast<std::ptrdiff_t>(place_) + (isLeft ? -1 : 1));
     }
     void mousePressEvent(QMouseEvent* event) override {
         if (event->button() == Qt::LeftButton) pressed_ = event->pos();
@@ -185,14 +187,14 @@ class ComparisonHead : public QWidget {
         }
         const double y = room.center().y() + 0.5;
         Drawing sample{.ground = {.opacity = 0}};
-        sample.shapes.emplace_back(
-            DrawnLine{{{left - sampleLength + 0.0, y}, {left + 0.0, y}},
-                      strokeOf(styleOfMachine(static_cast<std::size_t>(place_)), ChartPane::onScreen())});
+        sample.shapes.emplace_back(DrawnLine{{{left - sampleLength + 0.0, y}, {left + 0.0, y}},
+                                             strokeOf(styleOfMachine(place_), ChartPane::onScreen())});
         paintDrawing(painter, sample);
     }
 
     ComparisonHeads& owner_;
-    int place_;
+    std::size_t place_;
+    int number_ = -1;
     QToolButton* close_;
     ComparedHead head_;
     QImage photo_;
@@ -205,8 +207,7 @@ ComparisonHeads::ComparisonHeads(const ComparisonFigures& figures, QWidget* pare
     setObjectName(QStringLiteral("heads"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     add_->setObjectName(QStringLiteral("lnkAdd"));
-    for (std::size_t i = 0; i < maxCompared; ++i)
-        heads_.push_back(new ComparisonHead(*this, static_cast<int>(i)));
+    for (std::size_t i = 0; i < maxCompared; ++i) heads_.push_back(new ComparisonHead(*this, i));
 }
 
 void ComparisonHeads::translate() {
@@ -215,10 +216,19 @@ void ComparisonHeads::translate() {
     layOut();
 }
 
-void ComparisonHeads::setHeads(const std::vector<ComparedHead>& heads, const std::vector<QImage>& photos) {
-    shown_ = static_cast<int>(heads.size());
-    for (std::size_t i = 0; i < heads.size(); ++i) heads_[i]->setHead(heads[i], photos[i]);
-    add_->setEnabled(heads.size() < maxCompared);
+void ComparisonHeads::setHeads(const std::vector<ComparedHead>& heads, const std::vector<int>& numbers,
+                               const std::vector<QImage>& photos) {
+    const auto focused = focusedPlace();
+    const int inUse = focused ? heads_[*focused]->number() : -1;
+    shown_ = heads.size();
+    for (std::size_t i = 0; i < shown_; ++i) heads_[i]->setHead(heads[i], numbers[i], photos[i]);
+    add_->setEnabled(shown_ < maxCompared);
+    if (focused) {
+        const auto place = std::ranges::find(numbers, inUse) - numbers.begin();
+        focusPlace(place < std::ssize(numbers)
+                       ? place
+                       : std::min(static_cast<std::ptrdiff_t>(*focused), std::ssize(numbers) - 1));
+    }
     layOut();
 }
 
@@ -228,12 +238,12 @@ QSize ComparisonHeads::sizeHint() const {
 }
 
 void ComparisonHeads::layOut() {
-    for (int i = 0; i < static_cast<int>(heads_.size()); ++i) {
-        ComparisonHead* const head = heads_[static_cast<std::size_t>(i)];
-        head->setVisible(i < shown_);
+    for (std::size_t i = 0; i < heads_.size(); ++i) {
+        const int column = static_cast<int>(i) + 1;
+        heads_[i]->setVisible(i < shown_);
         if (i < shown_)
-            head->setGeometry(figures_.columnViewportPosition(i + 1), 0, figures_.columnWidth(i + 1),
-                              height());
+            heads_[i]->setGeometry(figures_.columnViewportPosition(column), 0, figures_.columnWidth(column),
+                                   height());
     }
     const QSize size = add_->sizeHint().boundedTo({figures_.columnWidth(0) - wideSide, 40});
     add_->setGeometry({QPoint(wideSide, height() - below - size.height()), size});
@@ -242,20 +252,27 @@ void ComparisonHeads::layOut() {
 
 void ComparisonHeads::resizeEvent(QResizeEvent*) { layOut(); }
 
-int ComparisonHeads::machineAt(int x) const {
-    int machine = 0;
-    while (machine + 1 < shown_ && x >= figures_.columnViewportPosition(machine + 2)) ++machine;
-    return machine;
+std::size_t ComparisonHeads::placeAt(int x) const {
+    std::size_t place = 0;
+    while (place + 1 < shown_ && x >= figures_.columnViewportPosition(static_cast<int>(place) + 2)) ++place;
+    return place;
 }
 
-void ComparisonHeads::dropped(int machine, int x) {
-    const int to = machineAt(x);
+void ComparisonHeads::dropped(std::size_t place, int x) {
+    const std::size_t to = placeAt(x);
     layOut();
-    if (to != machine) emit moved(machine, to);
+    if (to != place) emit moved(heads_[place]->number(), heads_[to]->number());
 }
 
-void ComparisonHeads::focusHead(int machine) {
-    if (machine >= 0 && machine < shown_) heads_[static_cast<std::size_t>(machine)]->setFocus();
+std::optional<std::size_t> ComparisonHeads::focusedPlace() const {
+    const auto found = std::ranges::find_if(heads_, &QWidget::hasFocus);
+    if (found == heads_.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - heads_.begin());
+}
+
+void ComparisonHeads::focusPlace(std::ptrdiff_t place) {
+    if (place >= 0 && place < static_cast<std::ptrdiff_t>(shown_))
+        heads_[static_cast<std::size_t>(place)]->setFocus();
 }
 
 }  // namespace marvello

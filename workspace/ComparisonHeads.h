@@ -2,6 +2,8 @@
 
 #include <QImage>
 #include <QWidget>
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "results/ComparisonTable.h"
@@ -21,34 +23,41 @@ class ComparisonHeads : public QWidget {
     explicit ComparisonHeads(const ComparisonFigures& figures, QWidget* parent);
 
     void translate();
-    /// The photos in the order of the heads.
-    void setHeads(const std::vector<ComparedHead>& heads, const std::vector<QImage>& photos);
+    /// Numbers and photos are in the order of the heads. A head that has the focus keeps it at its new place.
+    void setHeads(const std::vector<ComparedHead>& heads, const std::vector<int>& numbers,
+                  const std::vector<QImage>& photos);
     /// Places the heads above the columns of the figures.
     void layOut();
-    void focusHead(int machine);
+    /// The place of the head that has the focus; none elsewhere.
+    std::optional<std::size_t> focusedPlace() const;
+    /// Gives the focus to the head at a place, if there is one.
+    void focusPlace(std::ptrdiff_t place);
     Link& addLink() const { return *add_; }
-    /// A head was let go of at a place across.
-    void dropped(int machine, int x);
+    /// The head at a place was let go of at an abscissa.
+    void dropped(std::size_t place, int x);
 
     QSize sizeHint() const override;
 
   signals:
-    void takenOut(int machine);
-    /// `machine` is to be at place `to`.
-    void moved(int machine, int to);
+    // Machines are known by their numbers: those at their places may be others when a signal arrives.
+    void takenOut(int number);
+    /// A machine is to take the place of another one.
+    void moved(int number, int intoPlaceOf);
+    /// A machine is to go on by places to the right, or to the left if negative.
+    void stepped(int number, int by);
     /// The menu of a machine was asked for, at a place of the screen.
-    void menuRequested(int machine, const QPoint& place);
+    void menuRequested(int number, const QPoint& place);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    /// The machine whose column is at a place across.
-    int machineAt(int x) const;
+    /// The place whose column is at an abscissa.
+    std::size_t placeAt(int x) const;
 
     const ComparisonFigures& figures_;
-    std::vector<ComparisonHead*> heads_;  ///< as many as were needed so far
-    int shown_ = 0;
+    std::vector<ComparisonHead*> heads_;  ///< by places, more than are shown
+    std::size_t shown_ = 0;
     Link* add_;
 };
 

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/CoreText.h"
 #include "controls/ResultsView.h"
@@ -69,6 +70,7 @@ void ListPane::makeList() {
     connect(lvCps_, &QWidget::customContextMenuRequested, this, &ListPane::openPopUp);
     connect(lvCps_, &ResultsView::columnMenuRequested, this, &ListPane::openColumnMenu);
     connect(lvCps_, &ResultsView::copyRequested, this, [this] { copy(); });
+    connect(lvCps_, &ResultsView::pinClicked, this, &ListPane::switchCompared);
 }
 
 void ListPane::makePopUp() {
@@ -142,6 +144,12 @@ void ListPane::translate() {
     lvCps_->setSpokenGroup(dictionaryText(QStringLiteral("frmselection.list.group")));
     for (const PopUpEntry& entry : popUpEntries_)
         entry.action->setText(dictionaryText(QLatin1String(entry.textKey)));
+    const CommandDefinition& add = definitionOf(Command::addToComparison);
+    lvCps_->setPins({.isPinned = [this](int row) { return isCompared(row); },
+                     .addText = withoutAccessKey(dictionaryText(QLatin1String(add.textKey))) +
+                                QStringLiteral(" (%1)").arg(add.keys.toString(QKeySequence::NativeText)),
+                     .takeText = dictionaryText(QStringLiteral("frmcomparison.takeout.list")),
+                     .pinnedText = dictionaryText(QStringLiteral("frmcomparison.listed"))});
     pages_->translate();
     relist();
 }
@@ -200,6 +208,26 @@ std::vector<ComparedChoice> ListPane::selectedChoices() const {
     for (const int row : lvCps_->selectedRows())
         if (const auto choice = choiceOf(row)) choices.push_back(*choice);
     return choices;
+}
+
+void ListPane::showCompared(const std::vector<ComparedChoice>& choices) {
+    compared_ = choices;
+    lvCps_->repaintPins();
+}
+
+std::optional<bool> ListPane::isCompared(int row) const {
+    const auto choice = choiceOf(row);
+    if (!choice) return std::nullopt;
+    return std::ranges::find(compared_, *choice) != compared_.end();
+}
+
+void ListPane::switchCompared(int row) {
+    const auto choice = choiceOf(row);
+    if (!choice) return;
+    if (*isCompared(row))
+        emit takenFromComparison(*choice);
+    else
+        emit chosenToCompare({*choice});
 }
 
 QString ListPane::mapQuantity() const { return pages_->mapQuantity(); }

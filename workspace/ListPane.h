@@ -60,6 +60,8 @@ class ListPane : public Splitter {
     };
     std::vector<Listed> listedRows() const;
     std::vector<ComparedChoice> selectedChoices() const;
+    /// Marks the rows that are in the comparison.
+    void showCompared(const std::vector<ComparedChoice>& choices);
 
     virtual bool canCopy() const = 0;
     virtual bool canPrint() const = 0;
@@ -86,6 +88,8 @@ class ListPane : public Splitter {
     void pointUsed(const marvello::UsedPoint& point);
     /// The selected rows are to be compared.
     void chosenToCompare(const std::vector<marvello::ComparedChoice>& choices);
+    /// A row of the comparison is to leave it.
+    void takenFromComparison(const marvello::ComparedChoice& choice);
     /// A page was written to a file; the note says which.
     void exported(const QString& note);
 
@@ -125,6 +129,10 @@ class ListPane : public Splitter {
     void openPopUp(const QPoint& place);
     void openColumnMenu(const QPoint& place);
 
+    /// Whether a row is in the comparison; none for one that cannot be.
+    std::optional<bool> isCompared(int row) const;
+    void switchCompared(int row);
+
     QString currentPage() const;
     int listHeight() const;
     /// Gives the list the height that belongs to the page; the selected row stays in sight.
@@ -132,6 +140,7 @@ class ListPane : public Splitter {
     void keepHeight(int height);
 
     QMenu* mnu_cpspopup_;
+    std::vector<ComparedChoice> compared_;
     QHash<QString, int> heights_;
     struct PopUpEntry {
         QAction* action;

@@ -236,6 +236,8 @@ void MDIMain::compare(const std::vector<ComparedChoice>& choices) {
         form = std::make_unique<frmComparison>().release();  // its window owns it
         form->MeasureUnits(cmbmeasureunits_->Key().toInt(), false);
         connect(form, &frmComparison::addRequested, this, &MDIMain::offerToCompare);
+        connect(form, &frmComparison::choicesChanged, this, &MDIMain::showCompared);
+        connect(form, &QObject::destroyed, this, &MDIMain::showCompared);
         place(form, form->focusWidget());
         if (before) area_->setActiveSubWindow(before);
         if (inUse) inUse->setFocus();
@@ -244,6 +246,13 @@ void MDIMain::compare(const std::vector<ComparedChoice>& choices) {
     const frmComparison::Added added = form->add(choices);
     if (!added.note.isEmpty()) note(added.note);
     if (!added.refusal.isEmpty()) MessageBox::show(this, MessageBox::Mark::information, added.refusal);
+}
+
+void MDIMain::showCompared() {
+    const frmComparison* const form = comparison();
+    for (Form* each : forms())
+        if (auto* withInputs = qobject_cast<InputForm*>(each))
+            withInputs->results().showCompared(form ? form->choices() : std::vector<ComparedChoice>());
 }
 
 void MDIMain::offerToCompare(const QPoint& place) {
@@ -284,7 +293,11 @@ void MDIMain::open(InputForm* form) {
     if (auto* selection = qobject_cast<SelectionForm*>(form))
         selection->populateLVCPS(cmbGroupBy_->Key().toInt());
     connect(&form->results(), &ListPane::chosenToCompare, this, &MDIMain::compare);
+    connect(&form->results(), &ListPane::takenFromComparison, this, [this](const ComparedChoice& choice) {
+        if (frmComparison* compared = comparison()) compared->remove(choice);
+    });
     place(form, firstInUse);
+    showCompared();
 }
 
 void MDIMain::place(Form* form, QWidget* firstInUse) {

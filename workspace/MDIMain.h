@@ -73,6 +73,8 @@ class MDIMain : public QMainWindow {
     frmComparison* comparison() const;
     /// Adds compressors to the comparison, which is opened behind the form at hand if there is none.
     void compare(const std::vector<ComparedChoice>& choices);
+    /// Marks what the comparison holds in all lists.
+    void showCompared();
     /// Lets the user add a compressor of a list, from a menu at a place of the screen.
     void offerToCompare(const QPoint& place);
     /// Opens a solution of a search as a selection, and calculates it.

@@ -25,6 +25,7 @@ namespace {
 
 constexpr int beforeProgress = 300;  // milliseconds
 constexpr int afterTyping = 150;
+constexpr int minChartWidth = 280;
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 
@@ -53,9 +54,10 @@ PartLoadPage::PartLoadPage(const SelectionInputs& inputs, QWidget* parent)
     chart_->setObjectName(QStringLiteral("picPartLoad"));
     auto* row = new QHBoxLayout;
     row->setSpacing(0);
-    row->addWidget(list_, 3);
+    row->addWidget(list_, 2);
     row->addWidget(between_);
-    row->addWidget(chart_, 2);
+    row->addWidget(chart_, 1);
+    chart_->setMinimumWidth(minChartWidth);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -105,7 +107,7 @@ void PartLoadPage::showCompressor(const clsCompressor& compressor, const clsProj
     catalogue_ = preparedCatalogue(gDatabase());
     compressor_ = catalogue_->find(compressor.Refrigerant, compressor.Serie, compressor.Model);
     conditions_ = conditions;
-    if (compressor_ == nullptr) return;
+    if (compressor_ == nullptr) return say(text("frmselection.rating.empty"));
     bar_->setUnits(inputs_.units());
     start();
 }
@@ -136,8 +138,10 @@ void PartLoadPage::fill() {
     for (const PartLoadSheet::Column& column : sheet.columns) {
         const QString unit = column.unit.empty() ? QString() : u'(' + fromCore(column.unit) + u')';
         columns.push_back({fromCore(column.key), fromCore(column.name) + unit, fromCore(column.description)});
-        columns.back().minWidth = 64;
-        if (column.isText) columns.back().kind = ResultsModel::Kind::words;
+        columns.back().minWidth = 52;
+        if (!column.isText) continue;
+        columns.back().kind = ResultsModel::Kind::words;
+        columns.back().maxWidth = 400;
     }
     list_->clear();
     list_->setColumns(columns);

@@ -14,15 +14,19 @@ namespace marvello {
 
 namespace {
 
-ReportPartLoad::Table tableOf(const std::string& title, const std::vector<PartLoadSheet::Row>& rows) {
+ReportPartLoad::Table tableOf(const std::vector<PartLoadSheet::Column>& columns, const std::string& title,
+                              const std::vector<PartLoadSheet::Row>& rows) {
     ReportPartLoad::Table table{.title = fromCore(title), .rows = {}};
     for (const PartLoadSheet::Row& row : rows) {
-        // The last column is the sentence.
-        ReportPartLoad::Row printed{.label = fromCore(row.label),
-                                    .mark = markOf(row.state),
-                                    .values = {},
-                                    .sentence = fromCore(row.values.back())};
-        for (std::size_t i = 0; i + 1 < row.values.size(); ++i) printed.values += fromCore(row.values[i]);
+        ReportPartLoad::Row printed{
+            .label = fromCore(row.label), .mark = markOf(row.state), .values = {}, .sentence = {}};
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            const QString value = fromCore(row.values[i]);
+            if (columns[i].isText)
+                printed.sentence = value;
+            else
+                printed.values += value;
+        }
         table.rows.push_back(std::move(printed));
     }
     return table;
@@ -51,7 +55,8 @@ std::optional<ReportPartLoad> partLoadSection(const clsCompressor& compressor,
         .chart = chartDrawing(partLoadChart(*prepared, *table, units),
                               {.width = chartWidth, .height = chartHeight, .marks = marks}),
         .columns = {},
-        .tables = {tableOf(sheet.statesTitle, sheet.states), tableOf(sheet.sharesTitle, sheet.shares)}};
+        .tables = {tableOf(sheet.columns, sheet.statesTitle, sheet.states),
+                   tableOf(sheet.columns, sheet.sharesTitle, sheet.shares)}};
     for (const PartLoadSheet::Column& column : sheet.columns)
         if (!column.isText) section.columns.push_back({fromCore(column.name), fromCore(column.unit)});
     return section;

@@ -7,6 +7,7 @@
 #include "catalogue/PreparedCatalogue.h"
 #include "controls/NumberText.h"
 #include "data/CollectedBoxes.h"
+#include "data/Hooks.h"
 #include "data/Session.h"
 #include "engine/PerformanceMap.h"
 #include "results/CycleDrawing.h"
@@ -24,16 +25,16 @@ namespace {
 
 /// What a section is about.
 struct Subject {
-    const clsCompressor& compressor;
-    const clsProjectConditions& conditions;
-    const SelectionInputs& inputs;
+    std::shared_ptr<const clsCompressor> compressor;
+    std::shared_ptr<const clsProjectConditions> conditions;
+    SelectionInputs inputs;
     SectionChoices choices;
 };
 
 using Content = std::optional<decltype(ReportSection::content)>;
 
 Content tablesContent(const Subject& subject) {
-    auto tables = ratingSection(subject.compressor, subject.conditions, subject.inputs.units());
+    auto tables = ratingSection(*subject.compressor, *subject.conditions, subject.inputs.units());
     if (!tables) return std::nullopt;
     return *std::move(tables);
 }
@@ -50,14 +51,14 @@ std::optional<PerformanceMap> finestMap(const PreparedCompressor& compressor,
 }
 
 Content mapContent(const Subject& subject) {
-    const clsCompressor& compressor = subject.compressor;
+    const clsCompressor& compressor = *subject.compressor;
     const auto catalogue = preparedCatalogue(gDatabase());
     const PreparedCompressor* const prepared =
         catalogue->find(compressor.Refrigerant, compressor.Serie, compressor.Model);
     if (prepared == nullptr) return std::nullopt;
-    const auto map = finestMap(*prepared, subject.conditions);
+    const auto map = finestMap(*prepared, *subject.conditions);
     if (!map) return std::nullopt;
-    const clsLimits& limits = prepared->envelopeFor(subject.conditions.EcoCalculateMode)->limits;
+    const clsLimits& limits = prepared->envelopeFor(subject.conditions->EcoCalculateMode)->limits;
     const auto shown =
         shownMap(*map, limits, subject.choices.mapped, subject.inputs.units(), marksOf(QLocale()));
     if (!shown) return std::nullopt;
@@ -72,7 +73,7 @@ Content cyclePageContent(const Subject& subject) {
     constexpr double height = 420;
     const UnitSystem units = subject.inputs.units();
     const NumberMarks marks = marksOf(QLocale());
-    const auto cycle = cycleContent(subject.compressor, units);
+    const auto cycle = cycleContent(*subject.compressor, units);
     if (!cycle) return std::nullopt;
     const CycleTable table = tableOf(*cycle->cycle, units, marks);
     ReportCycle content{.heading = cycle->title,
@@ -97,7 +98,7 @@ Content cyclePageContent(const Subject& subject) {
 }
 
 Content partLoadContent(const Subject& subject) {
-    auto load = partLoadSection(subject.compressor, subject.conditions, subject.choices.partLoad,
+    auto load = partLoadSection(*subject.compressor, *subject.conditions, subject.choices.partLoad,
                                 subject.inputs.units());
     if (!load) return std::nullopt;
     return *std::move(load);
@@ -117,18 +118,19 @@ constexpr std::array kinds{Kind{"limits", "frmselection.tabstrip.tabs.limits", m
 QString titleOf(const QString& name, const Subject& subject) {
     const SelectionInputs& inputs = subject.inputs;
     QStringList parts{
-        name, fromCore(subject.compressor.Refrigerant),
+        name, fromCore(subject.compressor->Refrigerant),
         withUnit(inputs, Input::evaporatingDew) + QStringLiteral(" / ") +
             withUnit(inputs, Input::condensingDew),
         fromCore(inputs.caption(Input::superheatKind)) + u' ' + withUnit(inputs, Input::superheat),
         dictionaryText(QStringLiteral("frmselection.txtsc.captiontext")) + u' ' +
             withUnit(inputs, Input::subcooling)};
-    if (subject.compressor.hasInvert) parts += withUnit(inputs, Input::frequency);
+    if (subject.compressor->hasInvert) parts += withUnit(inputs, Input::frequency);
     return parts.join(QStringLiteral(" \u00B7 "));
 }
 
 /// A failure was said by the calculation of the list.
 std::optional<ReportSection> made(const Kind& kind, const QString& name, const Subject& subject) try {
+    const NoTurns untilItIsMade;
     const CollectedBoxes said;
     auto content = kind.make(subject);
     if (!content) return std::nullopt;
@@ -139,8 +141,8 @@ std::optional<ReportSection> made(const Kind& kind, const QString& name, const S
 
 }  // namespace
 
-std::vector<OfferedSection> offeredSections(const clsCompressor& compressor,
-                                            const clsProjectConditions& conditions,
+std::vector<OfferedSection> offeredSections(const std::shared_ptr<const clsCompressor>& compressor,
+                                            const std::shared_ptr<const clsProjectConditions>& conditions,
                                             const SelectionInputs& inputs, const SectionChoices& choices) {
     const Subject subject{compressor, conditions, inputs, choices};
     std::vector<OfferedSection> offered;

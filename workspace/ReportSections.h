@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -26,10 +27,11 @@ struct SectionChoices {
 };
 
 /// Returns the sections that the report of a calculated compressor can have, in their order: the limits with
-/// a map of a figure, rating tables, the cycle, part load. To make one throws nothing; none comes where there
-/// are no values. The arguments outlive them.
-std::vector<OfferedSection> offeredSections(const clsCompressor& compressor,
-                                            const clsProjectConditions& conditions,
+/// a map of a figure, rating tables, the cycle, part load. They keep what they are made of, whatever becomes
+/// of the arguments. To make one throws nothing; none comes where there are no values. The user interface has
+/// no turn while one is made, so that nothing starts it, or closes its window, a second time.
+std::vector<OfferedSection> offeredSections(const std::shared_ptr<const clsCompressor>& compressor,
+                                            const std::shared_ptr<const clsProjectConditions>& conditions,
                                             const SelectionInputs& inputs, const SectionChoices& choices);
 
 /// Makes those of the sections whose keys are chosen.

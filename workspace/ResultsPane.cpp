@@ -151,7 +151,7 @@ std::optional<ReportContent> ResultsPane::report() const {
 
 std::vector<OfferedSection> ResultsPane::sections() const {
     if (!canPrint()) return {};
-    return offeredSections(*selectedCompressor(), *run_.conditions(), inputs_, pages_->sectionChoices());
+    return offeredSections(selected()->compressor, run_.conditions(), inputs_, pages_->sectionChoices());
 }
 
 void ResultsPane::print(bool preview) const {

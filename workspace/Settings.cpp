@@ -56,14 +56,6 @@ QVariant storable(const Value& value) {
     }
 }
 
-/// A condensing pressure comes after the temperature that leads under it, so that both lead again.
-QStringList leadersOf(const CoupleLeaders& leaders) {
-    QStringList names;
-    for (const Input input : {leaders.evaporating(), leaders.condensingTemperature(), leaders.condensing()})
-        names += fromCore(nameInCouple(input));
-    return names;
-}
-
 /// The first versions stored two flags for the temperatures that lead, and nothing of pressures.
 void nameLeaders(QSettings& store) {
     constexpr std::pair<const char*, const char*> flags[] = {{"MidLeadsEvaporation", "tem"},
@@ -92,6 +84,14 @@ void spreadListHeight(QSettings& store) {
     if (!heights.isEmpty() && !store.contains(settings::listHeights.key))
         settings::listHeights.keep(heights, store);
     store.remove(height.key);
+}
+
+/// The rating tables were the only section that a report could have.
+void nameReportSections(QSettings& store) {
+    const QString key = QStringLiteral("Report/RatingTables");
+    if (store.value(key).toInt() == 1 && !store.contains(settings::reportSections.key))
+        settings::reportSections.keep({QStringLiteral("rating")}, store);
+    store.remove(key);
 }
 
 }  // namespace
@@ -123,7 +123,7 @@ template struct Setting<QHash<QString, double>>;
 
 void migrateSettings() {
     // A step for each version, in order; the last one is the version of the table.
-    constexpr void (*steps[])(QSettings&) = {nameLeaders, spreadListHeight};
+    constexpr void (*steps[])(QSettings&) = {nameLeaders, spreadListHeight, nameReportSections};
     constexpr int current = std::size(steps);
     QSettings store = userSettings();
     const int version = settings::version.value(store);
@@ -148,7 +148,9 @@ void keepFormState(const QString& form, const FormState& state) {
     for (const auto& [name, value] : state.inputs.values) values[fromCore(name)] = value;
     QSettings store = userSettings();
     of.measureUnit.keep(static_cast<int>(state.inputs.units), store);
-    of.leaders.keep(leadersOf(state.inputs.leaders), store);
+    QStringList leaders;
+    for (const std::string& name : state.inputs.leaders.names()) leaders += fromCore(name);
+    of.leaders.keep(leaders, store);
     of.keys.keep(keys, store);
     of.values.keep(values, store);
     of.columnWidths.keep(state.columnWidths, store);
@@ -162,10 +164,9 @@ FormState keptFormState(const QString& form) {
     const QSettings store = userSettings();
     FormState state;
     state.inputs.units = static_cast<UnitSystem>(of.measureUnit.value(store));
-    for (const QString& name : of.leaders.value(store))
-        for (const InputDefinition& definition : allInputs())
-            if (!definition.isChoice && name == fromCore(nameInCouple(definition.input)))
-                state.inputs.leaders.typed(definition.input);
+    std::vector<std::string> leaders;
+    for (const QString& name : of.leaders.value(store)) leaders.push_back(toCore(name));
+    state.inputs.leaders = CoupleLeaders::named(leaders);
     const auto keys = of.keys.value(store);
     for (auto key = keys.begin(); key != keys.end(); ++key)
         state.inputs.keys[toCore(key.key())] = toCore(*key);

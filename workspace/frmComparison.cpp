@@ -145,6 +145,7 @@ void frmComparison::connectParts() {
     connect(figures_, &ComparisonFigures::copyRequested, this, &frmComparison::CopyToClipBoard);
     connect(heads_, &ComparisonHeads::takenOut, this, &frmComparison::takeOut, Qt::QueuedConnection);
     connect(heads_, &ComparisonHeads::moved, this, &frmComparison::move, Qt::QueuedConnection);
+    connect(heads_, &ComparisonHeads::stepped, this, &frmComparison::step, Qt::QueuedConnection);
     connect(heads_, &ComparisonHeads::menuRequested, this, &frmComparison::openMenu);
     connect(&heads_->addLink(), &Link::clicked, this, [this] {
         const Link& link = heads_->addLink();
@@ -200,79 +201,87 @@ void frmComparison::MeasureUnits(int unit, bool refresh) {
 frmComparison::Added frmComparison::add(const std::vector<ComparedChoice>& choices) {
     Added added;
     for (const ComparedChoice& choice : choices) {
-        const bool isThere = std::ranges::any_of(choices_, [&](const ComparedChoice& each) {
+        const bool isThere = std::ranges::any_of(choices_.all(), [&](const ComparedChoice& each) {
             return same_ ? isSameMachine(each, choice) : each == choice;
         });
         if (isThere) {
             added.note = filled(text("frmcomparison.already"), {nameOf(choice)});
-        } else if (choices_.size() == maxCompared) {
+        } else if (choices_.all().size() == maxCompared) {
             added.refusal = filled(text("frmcomparison.full"), {nameOf(choice)});
             break;
         } else {
-            choices_.push_back(choice);
+            choices_.add(choice);
             added.note =
-                filled(text("frmcomparison.added"), {nameOf(choice), QString::number(choices_.size())});
+                filled(text("frmcomparison.added"), {nameOf(choice), QString::number(choices_.all().size())});
         }
     }
     recalculate();
+    emit choicesChanged();
     return added;
 }
 
-void frmComparison::takeOut(int machine) {
-    if (machine < 0 || machine >= std::ssize(choices_)) return;
-    choices_.erase(choices_.begin() + machine);
-    if (reference_ && *reference_ == static_cast<std::size_t>(machine))
-        reference_.reset();
-    else if (reference_ && *reference_ > static_cast<std::size_t>(machine))
-        --*reference_;
+void frmComparison::remove(const ComparedChoice& choice) {
+    const auto found = std::ranges::find(choices_.all(), choice) - choices_.all().begin();
+    if (found < std::ssize(choices_.all())) takeOut(choices_.numbers()[static_cast<std::size_t>(found)]);
+}
+
+void frmComparison::takeOut(int number) {
+    const bool isInHeads = heads_->focusedPlace().has_value();
+    const auto place = choices_.placeOf(number);
+    if (!choices_.takeOut(number)) return;
+    if (reference_ == number) reference_.reset();
     recalculate();
-    if (choices_.empty())
+    emit choicesChanged();
+    if (choices_.all().empty())
         setFocus();
-    else
-        heads_->focusHead(std::min(machine, static_cast<int>(choices_.size()) - 1));
+    else if (isInHeads)  // to the one that takes its place
+        if (const auto next =
+                shownPlaceOf(choices_.numbers()[std::min(*place, choices_.numbers().size() - 1)]))
+            heads_->focusPlace(static_cast<std::ptrdiff_t>(*next));
 }
 
-void frmComparison::move(int machine, int to) {
-    const auto count = static_cast<int>(choices_.size());
-    if (machine < 0 || machine >= count || to < 0 || to >= count || machine == to) return;
-    const auto from = choices_.begin() + machine;
-    if (to > machine)
-        std::rotate(from, from + 1, choices_.begin() + to + 1);
-    else
-        std::rotate(choices_.begin() + to, from, from + 1);
-    if (reference_) {
-        const int reference = static_cast<int>(*reference_);
-        if (reference == machine)
-            reference_ = static_cast<std::size_t>(to);
-        else if (reference > machine && reference <= to)
-            --*reference_;
-        else if (reference < machine && reference >= to)
-            ++*reference_;
-    }
-    recalculate();
-    heads_->focusHead(to);
+void frmComparison::move(int number, int intoPlaceOf) {
+    if (choices_.move(number, intoPlaceOf)) recalculate();
 }
 
-void frmComparison::openMenu(int machine, const QPoint& place) {
-    QMenu menu(this);
+void frmComparison::step(int number, int by) {
+    if (choices_.step(number, by)) recalculate();
+}
+
+std::optional<std::size_t> frmComparison::shownPlaceOf(int number) const {
+    const auto found = std::ranges::find(shown_, number);
+    if (found == shown_.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - shown_.begin());
+}
+
+std::optional<int> frmComparison::machineInUse() const {
+    const int place = figures_->currentMachine();
+    if (!figures_->hasFocus() || place < 0 || place >= std::ssize(shown_)) return std::nullopt;
+    return shown_[static_cast<std::size_t>(place)];
+}
+
+void frmComparison::openMenu(int number, const QPoint& place) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto addEntry = [&](const char* key, const QKeySequence& keys, bool isEnabled, auto act) {
-        QAction* entry = menu.addAction(text(key));
+        QAction* entry = menu->addAction(text(key));
         entry->setShortcut(keys);
         entry->setShortcutVisibleInContextMenu(true);
         entry->setEnabled(isEnabled);
         connect(entry, &QAction::triggered, this, act);
     };
-    addEntry("frmcomparison.moveleft", Qt::ALT | Qt::Key_Left, machine > 0,
-             [this, machine] { move(machine, machine - 1); });
-    addEntry("frmcomparison.moveright", Qt::ALT | Qt::Key_Right, machine + 1 < std::ssize(choices_),
-             [this, machine] { move(machine, machine + 1); });
-    addEntry("frmcomparison.takeout", Qt::Key_Delete, true, [this, machine] { takeOut(machine); });
-    menu.exec(place);
+    const auto& numbers = choices_.numbers();
+    addEntry("frmcomparison.moveleft", Qt::ALT | Qt::Key_Left, number != numbers.front(),
+             [this, number] { step(number, -1); });
+    addEntry("frmcomparison.moveright", Qt::ALT | Qt::Key_Right, number != numbers.back(),
+             [this, number] { step(number, 1); });
+    addEntry("frmcomparison.takeout", Qt::Key_Delete, true, [this, number] { takeOut(number); });
+    menu->popup(place);
 }
 
 void frmComparison::setSamePoint(bool isSame) {
     same_.reset();
-    if (isSame && !choices_.empty()) same_ = pointOf(choices_.front().conditions);
+    if (isSame && !choices_.all().empty()) same_ = pointOf(choices_.all().front().conditions);
     recalculate();
 }
 
@@ -282,7 +291,7 @@ void frmComparison::setPoint(const OperatingPoint& point) {
 }
 
 std::vector<ComparedChoice> frmComparison::calculated() const {
-    std::vector<ComparedChoice> choices = choices_;
+    std::vector<ComparedChoice> choices = choices_.all();
     if (same_)
         for (ComparedChoice& choice : choices) choice.conditions = movedTo(choice.conditions, *same_);
     return choices;
@@ -290,7 +299,7 @@ std::vector<ComparedChoice> frmComparison::calculated() const {
 
 void frmComparison::recalculate() {
     failure_.clear();
-    if (choices_.empty()) {
+    if (choices_.all().empty()) {
         run_.stop();
         comparison_.reset();
         curves_.clear();
@@ -305,13 +314,22 @@ void frmComparison::recalculate() {
 }
 
 void frmComparison::compared(const std::shared_ptr<const Comparison>& comparison) {
+    const int place = figures_->currentMachine();
+    const auto inUse = place < 0 || place >= std::ssize(shown_)
+                           ? std::nullopt
+                           : std::optional(shown_[static_cast<std::size_t>(place)]);
     comparison_ = comparison;
+    shown_ = choices_.numbers();  // nothing changes them without a newer run
     curves_.clear();
     relist();
+    if (const auto now = inUse ? shownPlaceOf(*inUse) : std::nullopt)
+        figures_->setCurrentMachine(static_cast<int>(*now));
     showPages();
 }
 
-ComparisonStyle frmComparison::style() const { return {units_, marksOf(QLocale()), reference_}; }
+ComparisonStyle frmComparison::style() const {
+    return {units_, marksOf(QLocale()), reference_ ? shownPlaceOf(*reference_) : std::nullopt};
+}
 
 const ComparisonTable& frmComparison::table() const { return figures_->table(); }
 
@@ -320,16 +338,15 @@ void frmComparison::relist() {
         emit stateChanged();
         return;
     }
-    ComparisonStyle shown = style();
-    if (shown.reference && *shown.reference >= comparison_->machines.size()) shown.reference.reset();
+    const ComparisonStyle shown = style();
     const ComparisonTable table = comparisonTable(*comparison_, shown);
     std::vector<QImage> photos;
     for (const ComparedMachine& machine : comparison_->machines)
         photos.push_back(readPhoto(fromCore(machine.choice.serie), fromCore(machine.choice.model)));
     figures_->setTable(table, text("frmcomparison.best"));
-    heads_->setHeads(table.heads, photos);
+    heads_->setHeads(table.heads, shown_, photos);
     bar_->showPoint(pointOf(comparison_->machines.front().choice.conditions), same_.has_value(), units_);
-    bar_->showReference(table.heads, shown.reference);
+    bar_->showReference(table.heads, shown_, shown.reference);
     showCharts();
     emit stateChanged();
 }
@@ -381,7 +398,7 @@ void frmComparison::resizeEvent(QResizeEvent*) {
 }
 
 void frmComparison::keyPressEvent(QKeyEvent* event) {
-    const int machine = figures_->hasFocus() ? figures_->currentMachine() : -1;
+    const auto machine = machineInUse();
     const bool isAlt = event->modifiers() == Qt::AltModifier;
     if (event->key() == Qt::Key_F5)
         recalculate();
@@ -389,12 +406,12 @@ void frmComparison::keyPressEvent(QKeyEvent* event) {
         goRound({bar_, heads_, figures_, axes_});
     else if (event->key() == Qt::Key_F1)
         emit guideRequested();
-    else if (event->key() == Qt::Key_Delete && machine >= 0)
-        takeOut(machine);
-    else if (isAlt && event->key() == Qt::Key_Left && machine >= 0)
-        move(machine, machine - 1);
-    else if (isAlt && event->key() == Qt::Key_Right && machine >= 0)
-        move(machine, machine + 1);
+    else if (event->key() == Qt::Key_Delete && machine)
+        takeOut(*machine);
+    else if (isAlt && event->key() == Qt::Key_Left && machine)
+        step(*machine, -1);
+    else if (isAlt && event->key() == Qt::Key_Right && machine)
+        step(*machine, 1);
     else
         Form::keyPressEvent(event);
 }
@@ -403,15 +420,15 @@ QList<QStringList> frmComparison::textRows(const QString& bestMark) const {
     const ComparisonTable& shown = table();
     QList<QStringList> rows{{QString()}};
     for (const ComparedHead& head : shown.heads) rows.front() += fromCore(head.label());
+    std::vector<bool> isSaid(shown.heads.size());  // whether the error of a machine is
     for (const ComparedGroup& group : shown.groups) {
         rows += QStringList{fromCore(group.caption)};
-        const bool isOfPoint = &group == &shown.groups.front();
         for (const ComparedRow& row : group.rows) {
             rows += QStringList{fromCore(row.captionWithUnit())};
             for (std::size_t i = 0; i < row.cells.size(); ++i) {
                 const ComparedCell& cell = row.cells[i];
-                const bool isError =
-                    isOfPoint && &row == &group.rows.front() && !shown.heads[i].error.empty();
+                const bool isError = cell.isEmpty() && !shown.heads[i].error.empty() && !isSaid[i];
+                isSaid[i] = isSaid[i] || isError;
                 QString words = cell.isBest ? bestMark : QString();
                 words += fromCore(isError ? shown.heads[i].error : cell.text);
                 if (!cell.difference.empty()) words += QStringLiteral(" (%1)").arg(fromCore(cell.difference));
@@ -468,7 +485,7 @@ void frmComparison::PrintReport(bool preview) {
 }
 
 QString frmComparison::subject() const {
-    return filled(text("frmcomparison.count"), {QString::number(choices_.size())});
+    return filled(text("frmcomparison.count"), {QString::number(choices_.all().size())});
 }
 
 QString frmComparison::counts() const {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "results/ComparisonTable.h"
+#include "workspace/ComparedChoices.h"
 #include "workspace/ComparisonRun.h"
 #include "workspace/Form.h"
 #include "workspace/ListPrint.h"
@@ -39,7 +40,9 @@ class frmComparison : public Form {
         QString refusal;  ///< Why the rest was not added; empty if there is no rest.
     };
     Added add(const std::vector<ComparedChoice>& choices);
-    const std::vector<ComparedChoice>& choices() const { return choices_; }
+    /// Takes out a choice as it was added; nothing if it is gone.
+    void remove(const ComparedChoice& choice);
+    const std::vector<ComparedChoice>& choices() const { return choices_.all(); }
     /// True from a change until all of it is shown.
     bool isCalculating() const { return run_.isRunning(); }
     const ComparisonTable& table() const;
@@ -53,7 +56,7 @@ class frmComparison : public Form {
     void ExportCPS() override;
     void PrintReport(bool preview) override;
     void recalculate() override;
-    bool hasResults() const override { return comparison_ != nullptr && !choices_.empty(); }
+    bool hasResults() const override { return comparison_ != nullptr && !choices_.all().empty(); }
     bool canCopy() const override { return hasResults(); }
     bool canPrint() const override { return hasResults(); }
     QString subject() const override;
@@ -62,6 +65,8 @@ class frmComparison : public Form {
   signals:
     /// A compressor of a list is to be added; its menu is wanted at a place of the screen.
     void addRequested(const QPoint& place);
+    /// A choice was added or taken out.
+    void choicesChanged();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -71,9 +76,15 @@ class frmComparison : public Form {
     void makeFigures();
     void makeCharts();
     void connectParts();
-    void takeOut(int machine);
-    void move(int machine, int to);
-    void openMenu(int machine, const QPoint& place);
+    // Machines by their numbers; one that is gone stays gone.
+    void takeOut(int number);
+    void move(int number, int intoPlaceOf);
+    void step(int number, int by);
+    void openMenu(int number, const QPoint& place);
+    /// Where a machine is among those that are shown; none if it is not.
+    std::optional<std::size_t> shownPlaceOf(int number) const;
+    /// The machine of the cell in use while the figures have the focus.
+    std::optional<int> machineInUse() const;
     void setSamePoint(bool isSame);
     void setPoint(const OperatingPoint& point);
     /// The choices as they are calculated: at the same point if that was chosen.
@@ -88,12 +99,13 @@ class frmComparison : public Form {
     QList<QStringList> textRows(const QString& bestMark) const;
     ComparisonStyle style() const;
 
-    std::vector<ComparedChoice> choices_;
+    ComparedChoices choices_;
     std::optional<OperatingPoint> same_;  ///< Of all machines, if they are to be at the same one.
-    std::optional<std::size_t> reference_;
+    std::optional<int> reference_;        ///< The number of a machine.
     CurveAxis axis_ = CurveAxis::evaporating;
     UnitSystem units_ = UnitSystem::metric;
     std::shared_ptr<const Comparison> comparison_;  ///< What is shown.
+    std::vector<int> shown_;                        ///< The numbers of its machines.
     std::vector<Curve> curves_;
     QString failure_;
 

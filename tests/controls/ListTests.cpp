@@ -209,3 +209,41 @@ TEST(TypedChoice, TakesTheRowThatBeginsWithWhatWasTyped) {
     EXPECT_EQ(typedChoice(rows, "mm", 1), 0) << "a letter again goes on to the next";
     EXPECT_EQ(typedChoice(rows, "tx", 1), -1);
 }
+
+// The pin is in front of the label, in the 24 pixels that a row below a group begins with.
+TEST(ResultsView, APinIsClickedAndSaidByItsRowAlone) {
+    ResultsView list;
+    list.setColumns({{"model", "Model", ""}, {"q0", "Capacity(kW)", ""}});
+    list.addGroup("g", "Group");
+    for (const char* key : {"a", "b", "c"}) list.addRow({key, key, mark::possible, "", {"1"}});
+    list.setPins({.isPinned = [](int row) -> std::optional<bool> {
+                      if (row == 3) return std::nullopt;
+                      return row == 2;
+                  },
+                  .addText = "add",
+                  .takeText = "take",
+                  .pinnedText = "in use"});
+    list.resize(400, 200);
+    list.show();
+    QSignalSpy clicks(&list, &ResultsView::pinClicked);
+    const auto place = [&list](int row, int x) {
+        return QPoint(x, list.visualRect(list.model()->index(row, 0)).center().y());
+    };
+    for (const int row : {0, 1, 2, 3}) QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place(row, 12));
+    ASSERT_EQ(clicks.count(), 2) << "neither the group nor a row without a pin";
+    EXPECT_EQ(clicks[0].front().toInt(), 1);
+    EXPECT_EQ(clicks[1].front().toInt(), 2);
+    EXPECT_EQ(list.selectedRow(), 3) << "a click where there is no pin selects";
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place(1, 12));
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, place(1, 12));
+    EXPECT_EQ(clicks.count(), 3);
+    QTest::mouseClick(list.viewport(), Qt::RightButton, {}, place(1, 12));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place(1, 40));
+    EXPECT_EQ(clicks.count(), 3);
+    EXPECT_EQ(list.selectedRow(), 1);
+    const auto spoken = [&list](int row) {
+        return list.model()->index(row, 0).data(Qt::AccessibleTextRole).toString();
+    };
+    EXPECT_EQ(spoken(1), "a");
+    EXPECT_EQ(spoken(2), "b, in use");
+}

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <thread>
 
 #include "tests/data/TestCatalogue.h"
@@ -44,6 +45,24 @@ TEST_F(Sessions, LeaveNothingToTheNext) {
     EXPECT_NE(session.applicationFolder, "/somewhere");
     EXPECT_FALSE(AbortRequested());
     EXPECT_EQ(nameOf(second), "second");
+}
+
+TEST_F(Sessions, HoldTurnsBackAsLongAsSomethingMustStay) {
+    Session session;
+    int turns = 0;
+    session.hooks.giveTurn = [&turns] { ++turns; };
+    try {
+        const NoTurns outer;
+        {
+            const NoTurns inner;
+        }
+        giveTurn();
+        EXPECT_EQ(turns, 0);
+        throw std::runtime_error("a calculation failed");
+    } catch (const std::runtime_error&) {
+    }
+    giveTurn();
+    EXPECT_EQ(turns, 1);
 }
 
 TEST_F(Sessions, GiveTheOneBeforeBack) {

@@ -151,6 +151,15 @@ TEST_F(PartLoadPageTest, ACompressorWithoutCapacitySaysWhereToLook) {
     EXPECT_FALSE(control<ctlBtn>(*form, "partLoadCopy")->isEnabled());
 }
 
+TEST_F(PartLoadPageTest, TheTableOfTheFormerCompressorGoesAtOnce) {
+    const QString former = cell("Step 100 %", "capacity");
+    list()->selectRow(list()->selectedRow() + 1);
+    EXPECT_EQ(table()->rowCount(), 0) << "before the new one is calculated";
+    EXPECT_FALSE(control<ctlBtn>(*form, "partLoadCopy")->isEnabled());
+    ASSERT_TRUE(wait());
+    EXPECT_NE(cell("Step 100 %", "capacity"), former);
+}
+
 TEST_F(PartLoadPageTest, IsCopiedAndFollowsUnitsAndLanguages) {
     control<ctlBtn>(*form, "partLoadCopy")->click();
     const QStringList lines = QApplication::clipboard()->text().split("\r\n", Qt::SkipEmptyParts);

@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QLabel>
+#include <QMap>
 #include <QMenu>
+#include <QMenuBar>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTabBar>
@@ -146,6 +148,34 @@ TEST_P(RealCatalogueTest, TooltipsOfCommandsShowNoAccessKey) {
         EXPECT_FALSE(action->toolTip().contains(accessKey)) << action->toolTip().toStdString();
     }
     EXPECT_GE(tooltips, 4);  // new, close, close all, exit
+}
+
+TEST_P(RealCatalogueTest, EntriesOfAMenuHaveAccessKeysOfTheirOwn) {
+    window->newFind();
+    const QRegularExpression accessKey(QStringLiteral("&(.)"));
+    const auto expectApart = [&](const QList<QAction*>& entries, const QString& where) {
+        QMap<QString, QString> texts;
+        for (const QAction* entry : entries) {
+            const QString key = accessKey.match(entry->text()).captured(1).toLower();
+            if (key.isEmpty()) continue;
+            EXPECT_FALSE(texts.contains(key))
+                << qPrintable(where + ": " + texts.value(key) + ", " + entry->text());
+            texts[key] = entry->text();
+        }
+    };
+    int menus = 0;
+    expectApart(window->menuBar()->actions(), QStringLiteral("menu bar"));
+    for (const auto* menu : window->findChildren<QMenu*>()) {
+        if (menu->objectName().isEmpty()) continue;  // those of the platform
+        expectApart(menu->actions(), menu->objectName());
+        if (menu->objectName() != u"mnu_cpspopup") continue;
+        ++menus;
+        for (const QAction* entry : menu->actions()) {
+            if (!entry->isCheckable()) continue;  // what the pages are
+            EXPECT_TRUE(entry->text().contains(accessKey)) << qPrintable(entry->text());
+        }
+    }
+    EXPECT_EQ(menus, 2) << "of a selection and of a search";
 }
 
 TEST_P(RealCatalogueTest, TheHelpOfEachInputHasRoom) {

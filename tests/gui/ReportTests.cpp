@@ -331,6 +331,25 @@ TEST_P(ReportTest, HasTheMapOfTheLimitsAndTheCycleAsSections) {
         EXPECT_TRUE(words.contains(plain(fromCore(figure.value)))) << figure.value;
 }
 
+// An economizer gives turns while it is calculated: a key press in one of them would take the list away.
+TEST(ReportSectionsTest, AreMadeWithoutATurnOfTheWindow) {
+    marvello::testing::RealForm real("en-EN");
+    real.choose("lstSeries", "TK-A");
+    real.choose("cmbEco", "1");
+    real.calculate();
+    ASSERT_TRUE(real.form->hasResults());
+    real.list()->selectRow(1);
+    settings::reportSections.keep({"limits", "rating", "cycle", "partload"});
+    int turns = 0;
+    real.session.hooks.giveTurn = [&turns] { ++turns; };
+    const auto report = real.form->results().report();
+    ASSERT_TRUE(report);
+    EXPECT_EQ(report->sections.size(), 4U);
+    EXPECT_EQ(turns, 0);
+    giveTurn();
+    EXPECT_EQ(turns, 1) << "afterwards there are turns again";
+}
+
 TEST_P(ReportTest, AFileThatCannotBeWrittenIsSaidAndLosesNothing) {
     calculate("R134A", "TK-A");
     const ReportContent report = *form->results().report();

@@ -151,6 +151,16 @@ TEST_F(ComparisonTableTest, ACompressorWithAnErrorKeepsItsColumnWithItsFirstMess
     EXPECT_EQ(differences("capacity"), "[][][]") << "the reference has no value";
 }
 
+TEST_F(ComparisonTableTest, TheFirstGroupIsThatOfThePointEvenWithoutAnyValue) {
+    ComparedChoice outside = choice("R134A", "TK-A", "255");
+    outside.conditions.TCondensationDew = 95;
+    compareThese({outside, outside});
+    const ComparisonTable table = comparisonTable(comparison, style);
+    EXPECT_EQ(table.groups.front().caption, "At 2.0 / 95.0 \u00B0C");
+    EXPECT_EQ(texts("capacity"), "- | -");
+    EXPECT_NE(texts("weight"), "- | -");
+}
+
 TEST_F(ComparisonTableTest, PartLoadsOfAllMachinesAreRowsOfTheirOwn) {
     compareThese({choice("R134A", "TK-A", "255"), choice("R513A", "MV-E", "50-240")});
     comparison.machines[0].partLoadCop = {4.1, 3.9, std::nullopt};

@@ -42,11 +42,11 @@ TEST_F(SettingsTest, FlagsOfMidTemperaturesBecomeLeaders) {
     // Once, and never over what a later version stored.
     userSettings().setValue(flag, true);
     form.leaders.keep({"ted", "tcd"});
-    for (const int version : {0, 1, 2, 3}) {
+    for (const int version : {0, 1, 2, 3, 4}) {
         settings::version.keep(version);
         migrateSettings();
         EXPECT_EQ(form.leaders.value(), QStringList({"ted", "tcd"}));
-        EXPECT_EQ(settings::version.value(), version == 3 ? 3 : 2);
+        EXPECT_EQ(settings::version.value(), version == 4 ? 4 : 3);
     }
 }
 
@@ -66,4 +66,20 @@ TEST_F(SettingsTest, TheHeightOfTheListIsThatOfThePagesThatNeedNone) {
     settings::version.keep(1);
     migrateSettings();
     EXPECT_TRUE(settings::listHeights.value().isEmpty());
+}
+
+TEST_F(SettingsTest, TheRatingTablesOfTheReportAreOneOfItsSections) {
+    const QString old = QStringLiteral("Report/RatingTables");
+    const auto migrated = [&old](int tables) {
+        userSettings().setValue(old, tables);
+        settings::version.keep(2);
+        migrateSettings();
+        EXPECT_FALSE(userSettings().contains(old));
+        return settings::reportSections.value();
+    };
+    EXPECT_EQ(migrated(0), QStringList());
+    EXPECT_EQ(migrated(1), QStringList("rating"));
+    // Who chose sections since then keeps them.
+    settings::reportSections.keep({"cycle"});
+    EXPECT_EQ(migrated(1), QStringList("cycle"));
 }

@@ -233,7 +233,7 @@ BatchEnd runBatch(const BatchOptions& options, const Format& format, const Reque
                   const Choices& choices) {
     const Interrupt interrupt;
     Batch batch{options, format, base, choices};
-    std::optional<Input> input;
+    std::optional<ByteInput> input;
     std::optional<LineReader> reader;
     BatchEnd end;
     try {

@@ -13,6 +13,7 @@ enum ExitStatus {
     nothingMatches = 1,
     refused = 2,
     someLinesBad = 3,
+    resultsDiffer = 4,
     interrupted = Interrupt::status
 };
 

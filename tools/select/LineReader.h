@@ -21,7 +21,7 @@ class LineReader {
     static constexpr std::size_t longestLine = 1'000'000;
 
     /// `first` is the number of the first line.
-    LineReader(Input& input, long long first) : input_(input), line_(first) {}
+    LineReader(ByteInput& input, long long first) : input_(input), line_(first) {}
 
     /// The next lines, `most` of them or those that have come in; waits for one. None at the end, and once an
     /// interrupt was asked for. Throws std::system_error if the text cannot be read.
@@ -32,7 +32,7 @@ class LineReader {
     LineBlock take(std::size_t size, int lines);
     LineBlock passOver();
 
-    Input& input_;
+    ByteInput& input_;
     std::string held_;  ///< What was read and not taken.
     std::size_t at_ = 0;
     long long line_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <utility>
 
 #include "data/Csv.h"
@@ -96,7 +95,7 @@ void addAdvice(std::string& text, const std::vector<MessageAdvice>& all, const M
                const clsProjectConditions& conditions) {
     const std::string indent(8, ' ');
     if (about.advice.empty()) text += indent + noAdviceText() + '\n';
-    for (const Advice& each : about.advice | std::views::take(maxShownAdvice)) {
+    for (const Advice& each : shownOf(about.advice)) {
         const ShownAdvice shown =
             shownAdvice(all, about.message, each, conditions, UnitSystem::metric, NumberMarks());
         text += indent + shown.text;

@@ -23,6 +23,7 @@
 #include "tools/select/MapCommand.h"
 #include "tools/select/Output.h"
 #include "tools/select/PartLoadCommand.h"
+#include "tools/select/ProjectCommand.h"
 #include "tools/select/RatingCommand.h"
 #include "tools/select/RefrigerantListing.h"
 #include "tools/select/Request.h"
@@ -166,6 +167,7 @@ int run(int argc, char** argv) {
     const FindCommand find(app);
     const MapCommand map(app);
     const PartLoadCommand partLoad(app);
+    const ProjectCommand project(app);
     const RatingCommand rating(app);
     const ExplainCommand explain(app);
     const YearCommand year(app);
@@ -177,6 +179,7 @@ int run(int argc, char** argv) {
         if (find.isGiven()) return find.run();
         if (map.isGiven()) return map.run();
         if (partLoad.isGiven()) return partLoad.run();
+        if (project.isGiven()) return project.run();
         if (rating.isGiven()) return rating.run();
         if (explain.isGiven()) return explain.run();
         if (year.isGiven()) return year.run();
