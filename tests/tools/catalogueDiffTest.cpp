@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <string>
 
 #include "catalogue/Globals.h"
@@ -148,6 +149,24 @@ TEST_F(CatalogueDiffTest, FindsThreePlantedChangesAndExactlyWhatFollows) {
     }
     EXPECT_THAT(changed, UnorderedElementsAre("TK-A 120", "TK-A 120 economized", "TK-A 165",
                                               "TK-A 165 economized", "NL-H 165"));
+}
+
+/// The port of an economizer is no reason for what comes without one, though both are in one row.
+TEST_F(CatalogueDiffTest, NamesTheReasonsOfEachResult) {
+    auto compressors = test::linesOf(new_ / "tCompressors.csv");
+    for (std::string& line : compressors)
+        if (line.starts_with("R134A,TK-A,165,")) replaceAll(line, ",1.52,0.25,1270,", ",1.53,0.25,1270,");
+    test::writeLines(new_ / "tCompressors.csv", compressors);
+    change("tPolynomials.csv", "TK-A-R134A-165,0,75,", "TK-A-R134A-165,0,75,1");  // of a capacity step
+    change("tPolynomials.csv", "TK-A-R134A-165,1,100,", "TK-A-R134A-165,1,100,1");
+    const DiffFindings found = findings();
+    ASSERT_THAT(names(found.rows), SizeIs(3));
+    std::map<bool, std::vector<std::string>> reasons;
+    for (const ResultChange& change : found.results->changes)
+        for (const std::size_t row : change.reasons)
+            reasons[change.economized].push_back(found.rows.rows[row].key);
+    EXPECT_THAT(reasons[false], ElementsAre("TK-A-R134A-165, 1, 100"));
+    EXPECT_THAT(reasons[true], UnorderedElementsAre("TK-A-R134A-165, 1, 100", "R134A, TK-A, 165"));
 }
 
 TEST_F(CatalogueDiffTest, AnotherWayOfWritingIsNoChange) {

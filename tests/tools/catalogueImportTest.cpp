@@ -132,8 +132,8 @@ TEST_F(CatalogueImport, NamesEachValueThatDoesNotFit) {
     const fs::path file = database(R"json([
       {"name": "TMOTORS", "columns": [["fMotorID", "double"], ["FHZ", "text"], ["fC1", "text"], ["fC2", "single"],
          ["fC3", "double"], ["fC4", "double"], ["fC5", "double"], ["fLra1", "double"], ["fLra2", "double"],
-         ["fPhase", "int"], ["FNominalPower", "text"], ["fNote", "text"]],
-       "rows": [[1, "50", "8.4", 0.1, 0, 0, 0, 105.3, 175.5, 3, "20 hp", "kept by Anna"],
+         ["fPhase", "int"], ["FNominalPower", "date"], ["fNote", "text"]],
+       "rows": [[1, "50", "8.4", 0.1, 0, 0, 0, 105.3, 175.5, 3, 36526.25, "kept by Anna"],
                 [2, "50", "8,4", 0.1, 0, 0, 0, 105.3, 175.5, 3, null, null],
                 [3.5, "50", "8.4", 0.1, null, 0, 0, 105.3, 175.5, 3, null, null],
                 [1, "50", "9.9", 0.2, 0, 0, 0, 105.3, 175.5, 3, null, null]]},
@@ -167,7 +167,8 @@ TEST_F(CatalogueImport, NamesEachValueThatDoesNotFit) {
     EXPECT_THAT(answer.out, Not(HasSubstr("tSources")));  // may be missing
 
     EXPECT_EQ(linesOf("tMotors.csv").size(), 2U);
-    EXPECT_EQ(linesOf("tMotors.csv")[1], "1,50,8.4,0.1,0,0,0,105.3,175.5,3,20 hp");
+    // 36526 days after 30 December 1899, and a quarter.
+    EXPECT_EQ(linesOf("tMotors.csv")[1], "1,50,8.4,0.1,0,0,0,105.3,175.5,3,2000-01-01 06:00:00");
     EXPECT_EQ(linesOf("tLimits.csv").size(), 2U);
     EXPECT_EQ(linesOf("tFluidi.csv").size(), 1U);
 

@@ -1,6 +1,9 @@
 #include "tools/catalogue/ChangeReasons.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
+#include <string_view>
 
 #include "catalogue/FirstConditions.h"
 #include "data/Numbers.h"
@@ -13,6 +16,11 @@ namespace {
 constexpr int capacityType = 0;
 constexpr int powerType = 1;
 constexpr int dischargeType = 3;
+
+// The columns of tCompressors that a calculation reads with or without economizer alone.
+constexpr std::array<std::string_view, 6> onlyWithEconomizer{
+    "fKForo", "fKPerdita", "fSez", "fValue1", "fOilCoolingLimitEco", "fLimitEconomizedID"};
+constexpr std::array<std::string_view, 2> onlyWithoutEconomizer{"fOilCoolingLimit", "fLimitID"};
 
 std::string joined(const std::vector<std::string>& parts) {
     std::string text;
@@ -82,16 +90,29 @@ std::vector<std::string> lookupsOf(const PreparedCompressor& compressor, bool ec
 
 bool isReadByCalculations(const RowChange& change) { return !lookupOf(change).empty(); }
 
-ChangeReasons::ChangeReasons(const CatalogueDiff& diff) {
+ChangeReasons::ChangeReasons(const CatalogueDiff& diff) : diff_(diff) {
     for (std::size_t i = 0; i < diff.rows.size(); ++i)
         if (const std::string lookup = lookupOf(diff.rows[i]); !lookup.empty()) rows_.emplace(lookup, i);
+}
+
+/// Of a compressor's own row, whether one of the changed columns counts with or without economizer.
+bool ChangeReasons::isRead(std::size_t row, bool economized) const {
+    const RowChange& change = diff_.rows[row];
+    if (change.kind != ChangeKind::changed || !equalIgnoringCase(change.table, "tCompressors")) return true;
+    const std::span<const std::string_view> others =
+        economized ? std::span<const std::string_view>(onlyWithoutEconomizer) : onlyWithEconomizer;
+    return !std::ranges::all_of(change.columns, [&](const ColumnChange& changed) {
+        return std::ranges::any_of(
+            others, [&](std::string_view column) { return equalIgnoringCase(column, changed.column); });
+    });
 }
 
 std::vector<std::size_t> ChangeReasons::of(const PreparedCompressor& compressor, bool economized) const {
     std::vector<std::size_t> found;
     for (const std::string& lookup : lookupsOf(compressor, economized)) {
         const auto [first, last] = rows_.equal_range(lookup);
-        for (auto row = first; row != last; ++row) found.push_back(row->second);
+        for (auto row = first; row != last; ++row)
+            if (isRead(row->second, economized)) found.push_back(row->second);
     }
     std::ranges::sort(found);
     const auto [first, last] = std::ranges::unique(found);

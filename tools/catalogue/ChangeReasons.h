@@ -12,7 +12,7 @@ namespace marvello {
 /// Whether calculations read rows of the table, as they do of compressors and not of texts.
 bool isReadByCalculations(const RowChange& change);
 
-/// The changed rows of two catalogues by the compressors whose calculations read them.
+/// The changed rows of two catalogues by the compressors whose calculations read them. Refers to the diff.
 class ChangeReasons {
   public:
     explicit ChangeReasons(const CatalogueDiff& diff);
@@ -22,6 +22,9 @@ class ChangeReasons {
     std::vector<std::size_t> of(const PreparedCompressor& compressor, bool economized) const;
 
   private:
+    bool isRead(std::size_t row, bool economized) const;
+
+    const CatalogueDiff& diff_;
     std::multimap<std::string, std::size_t> rows_;  ///< By what a calculation looks them up with.
 };
 

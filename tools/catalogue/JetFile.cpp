@@ -105,7 +105,8 @@ class TableReading {
 
     void readRows() {
         const std::string text =
-            ask("mdb-export", {"-B", "-b", "hex", "-d", std::string(1, separator), "--", file_, table_.name});
+            ask("mdb-export", {"-B", "-b", "hex", "-D", "%Y-%m-%d", "-T", "%Y-%m-%d %H:%M:%S", "-d",
+                               std::string(1, separator), "--", file_, table_.name});
         Faults faults;
         const auto records = readCsv(text, "mdb-export", faults, separator);
         for (const std::string& fault : faults.lines()) doubt(fault);
