@@ -44,16 +44,15 @@ void writeRejected(const JetImport& result, const fs::path& folder) {
 void print(const std::vector<std::string>& faults) {
     constexpr std::size_t most = 200;
     for (std::size_t i = 0; i < std::min(faults.size(), most); ++i) std::cerr << faults[i] << '\n';
-    if (faults.size() > most)
-        std::cerr << "and " << faults.size() - most << " more, which are in " << rejectedName << '\n';
+    if (faults.size() > most) std::cerr << "and " << faults.size() - most << " more\n";
 }
 
 std::string summaryOf(const JetImport& result, const std::string& folder) {
     std::size_t rows = 0;
     for (const TableContent& table : result.content.tables) rows += table.records.size();
-    std::string text =
-        std::to_string(rows) + " rows taken, " + std::to_string(result.rejectedRows) + " rejected";
-    if (result.rejectedRows > 0) text += "; see " + (fs::path(folder) / rejectedName).string();
+    std::string text = std::to_string(rows) + (rows == 1 ? " row" : " rows") + " taken, " +
+                       std::to_string(result.rejectedRows) + " rejected";
+    if (!result.rejected.empty()) text += "; see " + (fs::path(folder) / rejectedName).string();
     return text + "\nNow: marvello-catalogue check " + folder + "\n";
 }
 

@@ -186,10 +186,20 @@ class TableImport {
         if (isSound) isSound = isNew(row, record, fields);
         if (isSound) {
             content_.records.push_back(std::move(record));
+            keepUnknown(fields);
             return;
         }
         ++result_.rejectedRows;
         result_.rejected.insert(result_.rejected.end(), fields.begin(), fields.end());
+    }
+
+    /// The values of a row that the catalogue has no column for.
+    void keepUnknown(const std::vector<RejectedField>& fields) {
+        for (const RejectedField& field : fields)
+            if (!field.value.empty() && table_.columnIndex(field.column) == table_.columns.size()) {
+                result_.rejected.push_back(field);
+                result_.rejected.back().reason = "the catalogue has no column " + field.column;
+            }
     }
 
     bool isNew(std::size_t row, const Record& record, std::vector<RejectedField>& fields) {

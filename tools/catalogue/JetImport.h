@@ -8,7 +8,7 @@
 
 namespace marvello {
 
-/// A field of a row that was not taken; the reason is that of this field, and may be empty.
+/// A field that was not taken, with its row or alone; the reason is that of this field, and may be empty.
 struct RejectedField {
     std::string table;
     std::size_t row = 0;  ///< in the order of the database, from 1
@@ -23,7 +23,7 @@ struct JetImport {
     Content content;
     /// What could not be taken, as "table row 3 (key): column: reason" or "table: reason".
     std::vector<std::string> faults{};
-    /// All fields of the rows that could not be taken.
+    /// All fields of the rows that could not be taken, and the values of unknown columns of the others.
     std::vector<RejectedField> rejected{};
     std::size_t rejectedRows = 0;
 };
