@@ -6,6 +6,7 @@
 #include <set>
 
 #include "catalogue/CatalogueLists.h"
+#include "catalogue/FirstConditions.h"
 #include "catalogue/Globals.h"
 #include "catalogue/SearchRange.h"
 #include "catalogue/clsInverter.h"
@@ -19,9 +20,6 @@
 namespace marvello {
 
 namespace {
-
-/// The operating point and the options of a new form.
-constexpr clsProjectConditions atFirst = conditionsAt(2, 40);
 
 int wholeNumber(std::string_view text) {
     int number = 0;
@@ -65,19 +63,19 @@ std::string neutralKey(Input input) {
         case Input::maxMachines:
             return std::to_string(searchRange::maxMachines);
         case Input::superheatKind:
-            return keyOf(atFirst.SuperHeatType);
+            return keyOf(firstConditions.SuperHeatType);
         case Input::economizerMode:
             return noEconomizer;
         case Input::oilCoolingMode:
-            return keyOf(atFirst.OilCoolingCalculateMode);
+            return keyOf(firstConditions.OilCoolingCalculateMode);
         case Input::motorVoltage:
-            return storedText(atFirst.MotorVoltage) + '_' + std::to_string(atFirst.MotorHz);
+            return storedText(firstConditions.MotorVoltage) + '_' + std::to_string(firstConditions.MotorHz);
         case Input::motorSize:
-            return keyOf(atFirst.MotorSize);
+            return keyOf(firstConditions.MotorSize);
         case Input::motorSpeed:
-            return std::to_string(atFirst.MotorRPM);
+            return std::to_string(firstConditions.MotorRPM);
         case Input::capacityStep:
-            return std::to_string(atFirst.StepCapacity);
+            return std::to_string(firstConditions.StepCapacity);
         default:
             return {};
     }
@@ -116,13 +114,13 @@ SelectionInputs::SelectionInputs(const SelectionKind& kind) : kind_(kind) {
         const std::string key = std::to_string(step);
         at(Input::capacityStep).choices.push_back({key, step == 25 ? "Start/Stop(25%)" : key + '%'});
     }
-    set(Input::evaporatingDew, atFirst.TEvaporatingDew);
-    set(Input::condensingDew, atFirst.TCondensationDew);
-    set(Input::superheat, atFirst.SuperHeat);
-    set(Input::subcooling, atFirst.SubCooling);
-    set(Input::economizer, atFirst.Eco);
-    set(Input::oilCooling, atFirst.OilCooling);
-    if (kind.hasInverter) set(Input::frequency, static_cast<double>(atFirst.InverterFrequency));
+    set(Input::evaporatingDew, firstConditions.TEvaporatingDew);
+    set(Input::condensingDew, firstConditions.TCondensationDew);
+    set(Input::superheat, firstConditions.SuperHeat);
+    set(Input::subcooling, firstConditions.SubCooling);
+    set(Input::economizer, firstConditions.Eco);
+    set(Input::oilCooling, firstConditions.OilCooling);
+    if (kind.hasInverter) set(Input::frequency, static_cast<double>(firstConditions.InverterFrequency));
     set(Input::capacity, firstCapacity);
     set(Input::toleranceBelow, -searchRange::usualBelow);
     set(Input::toleranceAbove, searchRange::usualAbove);

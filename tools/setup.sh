@@ -6,7 +6,7 @@ packages=(
     qt6-base-dev qt6-svg-dev qt6-translations-l10n libgl-dev
     libsqlite3-dev libsqlitecpp-dev zlib1g-dev libqpdf-dev nlohmann-json3-dev libcli11-dev libeigen3-dev
     libgtest-dev libgmock-dev libbenchmark-dev
-    python3
+    python3 mdbtools
     xvfb xauth openbox fonts-roboto-unhinted fonts-noto-cjk locales
     povray libfreetype-dev fonts-liberation qpdf poppler-utils mupdf-tools
 )

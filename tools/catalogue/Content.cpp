@@ -1,16 +1,15 @@
 #include "tools/catalogue/Content.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <map>
 #include <optional>
 #include <system_error>
 
 #include "data/Csv.h"
 #include "data/FileText.h"
-#include "data/Numbers.h"
 #include "data/Texts.h"
+#include "tools/catalogue/ContentFiles.h"
+#include "tools/catalogue/Fields.h"
 #include "tools/catalogue/TableExchange.h"
 
 namespace marvello {
@@ -18,110 +17,6 @@ namespace marvello {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A value, or the reason why the text is none.
-struct Parsed {
-    Value value;
-    std::string reason;
-};
-
-template <class T>
-bool parsesWholly(std::string_view text, T& value) {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() && end == text.data() + text.size();
-}
-
-Parsed parsedReal(std::string_view field) {
-    double value = 0;
-    if (!parsesWholly(field, value) || !std::isfinite(value))
-        return {{}, "\"" + std::string(field) + "\" is not a number"};
-    return {value, {}};
-}
-
-Parsed parsedInteger(std::string_view field, ColumnKind kind) {
-    int value = 0;
-    if (!parsesWholly(field, value)) return {{}, "\"" + std::string(field) + "\" is not a whole number"};
-    if (kind == ColumnKind::byte && (value < 0 || value > 255))
-        return {{}, std::string(field) + " is outside 0 to 255"};
-    return {value, {}};
-}
-
-Parsed parsedName(const std::string& field) {
-    if (trimmed(field) != field)
-        return {{}, "\"" + field + "\" begins or ends with a blank; remove it, or nothing finds the name"};
-    // Names are pasted into statements and into "key|caption;key|caption" lists.
-    if (field.find_first_of("';|") != std::string::npos)
-        return {{}, "\"" + field + "\" holds one of the characters ' ; | that a name cannot have"};
-    return {field, {}};
-}
-
-Parsed parsedPoints(const std::string& field) {
-    std::string text = field;
-    std::erase_if(text, [](char c) { return c == '(' || c == ')'; });
-    const auto points = splitText(text, ';');
-    for (const std::string& point : points) {
-        const auto comma = point.find(',');
-        if (comma == std::string::npos || !storedNumber(point.substr(0, comma)) ||
-            !storedNumber(point.substr(comma + 1)))
-            return {{}, "\"" + point + "\" is not a point \"x,y\""};
-    }
-    if (points.size() < 4)
-        return {{}, "a polyline needs at least four points and has " + std::to_string(points.size())};
-    return {field, {}};
-}
-
-Parsed parsed(const std::string& field, ColumnKind kind) {
-    const bool mayBeEmpty =
-        kind == ColumnKind::nullable || kind == ColumnKind::freeText || kind == ColumnKind::optionalReal;
-    if (trimmed(field).empty() && !mayBeEmpty) return {{}, "the value is missing"};
-    switch (kind) {
-        case ColumnKind::name:
-            return parsedName(field);
-        case ColumnKind::text:
-        case ColumnKind::freeText:
-            return {field, {}};
-        case ColumnKind::nullable:
-            return {field.empty() ? Value() : Value(field), {}};
-        case ColumnKind::integer:
-        case ColumnKind::byte:
-            return parsedInteger(field, kind);
-        case ColumnKind::real:
-            return parsedReal(field);
-        case ColumnKind::optionalReal:
-            return trimmed(field).empty() ? Parsed{} : parsedReal(field);
-        case ColumnKind::points:
-            return parsedPoints(field);
-        case ColumnKind::boolean:
-            if (equalIgnoringCase(field, "true")) return {1, {}};
-            if (equalIgnoringCase(field, "false")) return {0, {}};
-            return {{}, "\"" + field + "\" is neither True nor False"};
-    }
-    return {};
-}
-
-/// What the name of a file in the content folder says.
-struct FileName {
-    std::string table;
-    std::string language;  ///< Second part, of a table by language.
-    std::string document;  ///< Third part, of a help document.
-    std::string extension;
-};
-
-FileName splitName(const fs::path& file) {
-    FileName name;
-    name.extension = file.extension().string();
-    std::string stem = file.stem().string();
-    const auto takePart = [&stem] {
-        const auto dot = std::min(stem.find('.'), stem.size());
-        std::string part = stem.substr(0, dot);
-        stem.erase(0, std::min(dot + 1, stem.size()));
-        return part;
-    };
-    name.table = takePart();
-    name.language = takePart();
-    name.document = stem;
-    return name;
-}
 
 /// Reads the files of one table.
 class TableReader {
@@ -149,7 +44,7 @@ class TableReader {
         for (auto record = records.begin() + 1; record != records.end(); ++record) readRecord(*record);
     }
 
-    void readDocument(const fs::path& file, const FileName& name) {
+    void readDocument(const fs::path& file, const ContentFileName& name) {
         file_ = file.filename().string();
         const auto body = read(file);
         if (!body) return;
@@ -203,7 +98,7 @@ class TableReader {
         bool sound = true;
         for (std::size_t field = 0; field < columns_.size(); ++field) {
             const Column& column = table_.columns[columns_[field]];
-            auto [value, reason] = parsed(csv.fields[field], column.kind);
+            auto [value, reason] = parsedField(csv.fields[field], column.kind);
             if (!reason.empty()) {
                 faults_.add(file_, csv.line, std::string(column.name) + ": " + reason);
                 sound = false;
@@ -214,8 +109,7 @@ class TableReader {
     }
 
     void addRecord(Record record) {
-        std::string key;
-        for (const auto column : table_.key) key += keyText(record.values[table_.columnIndex(column)]) + '\n';
+        const std::string key = keyText(table_, record.values);
         if (!key.empty()) {
             const auto [first, isNew] = keys_.emplace(key, record.file + ":" + std::to_string(record.line));
             if (!isNew) {
@@ -226,13 +120,6 @@ class TableReader {
         content_.records.push_back(std::move(record));
     }
 
-    static std::string keyText(const Value& value) {
-        if (const auto* const text = std::get_if<std::string>(&value)) return lowered(*text);
-        if (const auto* const whole = std::get_if<int>(&value)) return std::to_string(*whole);
-        if (const auto* const real = std::get_if<double>(&value)) return storedText(*real);
-        return {};
-    }
-
     TableContent& content_;
     const Table& table_;
     Faults& faults_;
@@ -241,14 +128,6 @@ class TableReader {
     std::vector<std::size_t> columns_;  ///< The table's column of each field of the file.
     std::map<std::string, std::string> keys_;
 };
-
-std::vector<fs::path> filesOf(const fs::path& folder) {
-    std::vector<fs::path> files;
-    for (const auto& entry : fs::directory_iterator(folder))
-        if (entry.is_regular_file()) files.push_back(entry.path());
-    std::ranges::sort(files);
-    return files;
-}
 
 }  // namespace
 
@@ -267,12 +146,12 @@ Content readContent(const fs::path& folder, Faults& faults) {
         faults.add(folder.string(), failure.what());
         return content;
     }
-    const auto files = filesOf(folder);
+    const auto files = contentFiles(folder);
     for (auto& tableContent : content.tables) {
         TableReader reader(tableContent, faults);
         bool found = false;
         for (const auto& file : files) {
-            const FileName name = splitName(file);
+            const ContentFileName name = contentFileName(file);
             if (name.table != tableContent.table->name) continue;
             if (name.extension == ".csv") {
                 reader.readCsvFile(file, name.language);
@@ -285,8 +164,12 @@ Content readContent(const fs::path& folder, Faults& faults) {
         if (!found && !tableContent.table->isOptional)
             faults.add(folder.string(), "the table " + std::string(tableContent.table->name) + " is missing");
     }
+    if (fs::exists(folder / rejectedName, ignored))
+        faults.warn(rejectedName,
+                    "the import could not take these rows; enter them in the tables, or remove the file");
     for (const auto& file : files) {
-        const auto known = std::ranges::find(schemaTables(), splitName(file).table, &Table::name);
+        if (file.filename() == rejectedName) continue;
+        const auto known = std::ranges::find(schemaTables(), contentFileName(file).table, &Table::name);
         if (file.extension() == ".csv" && known == schemaTables().end())
             faults.add(file.filename().string(), "there is no table of this name");
     }

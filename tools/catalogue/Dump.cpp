@@ -5,14 +5,14 @@
 #include <SQLiteCpp/Statement.h>
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <stdexcept>
 
 #include "data/Csv.h"
-#include "data/Numbers.h"
 #include "data/clsApplication.h"
 #include "data/clsDatabase.h"
+#include "tools/catalogue/ContentFiles.h"
+#include "tools/catalogue/Fields.h"
 #include "tools/catalogue/TableExchange.h"
 
 namespace marvello {
@@ -59,24 +59,6 @@ TableContent readTable(SQLite::Database& database, const fs::path& file, const T
         content.records.push_back(std::move(record));
     }
     return content;
-}
-
-std::string fieldText(const Value& value, ColumnKind kind) {
-    if (const auto* const whole = std::get_if<int>(&value)) {
-        if (kind == ColumnKind::boolean) return *whole != 0 ? "True" : "False";
-        return std::to_string(*whole);
-    }
-    if (const auto* const real = std::get_if<double>(&value)) {
-        if (!std::isfinite(*real)) throw std::runtime_error("a number is not finite");
-        return storedText(*real);
-    }
-    const auto* const text = std::get_if<std::string>(&value);
-    return text ? *text : std::string();
-}
-
-/// Whether a text can stand between the dots of a file's name.
-bool isFileNamePart(const std::string& text) {
-    return !text.empty() && text.find_first_of("/\\.") == std::string::npos;
 }
 
 std::string languageOf(const Table& table, const Record& record) {

@@ -47,6 +47,7 @@ const std::vector<Table>& tables() {
          .key = {"fMotorID", "fhz"}},
         {.name = "tLimits",
          .columns = {{"fLimitID", name}, {"fType", integer}, {"fPoints", points}},
+         .naming = {"fLimitID", "fType"},
          .index = {"fLimitID"},
          .keepsOrder = true},
         {.name = "tRefrigeranti",
@@ -90,6 +91,7 @@ const std::vector<Table>& tables() {
          .columns = {
              {"fParametersRowsID", integer}, {"fObjectName", name},
              {"fObjectType", freeText}, {"fObjectPropertyValue", text}},
+         .naming = {"fParametersRowsID", "fObjectName"},
          .index = {"fParametersRowsID"},
          .keepsOrder = true},
     };

@@ -33,6 +33,8 @@ struct Table {
     // NOLINTBEGIN(readability-redundant-member-init): GCC asks for these where a table leaves a member out.
     /// The columns that tell a row from all others; none when rows may repeat.
     std::vector<std::string_view> key{};
+    /// Of a table without a key, the columns by which a row is named: several rows may have the same.
+    std::vector<std::string_view> naming{};
     /// The columns of the index next to the key, for statements that go by others or want another order.
     std::vector<std::string_view> index{};
     /// The columns of a second index, by which a single row is found. The first one is none of `index`'s

@@ -1,5 +1,6 @@
 // marvello-catalogue: for who maintains a catalogue. Builds the catalogue file from its text tables, checks
-// them, writes a file's tables back, and fits surfaces to rating points.
+// them, compares two of them, writes the tables of a file or of a Jet database, and fits surfaces to rating
+// points.
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -16,8 +17,10 @@
 #include "data/Session.h"
 #include "data/Texts.h"
 #include "tools/catalogue/Check.h"
+#include "tools/catalogue/DiffCommand.h"
 #include "tools/catalogue/Dump.h"
 #include "tools/catalogue/Fit.h"
+#include "tools/catalogue/ImportCommand.h"
 #include "tools/catalogue/Index.h"
 
 namespace {
@@ -176,6 +179,9 @@ int main(int argc, char** argv) try {
     dump->add_option("FOLDER", folder, "Where the tables are written")->required();
     dump->add_flag("--force", isForced, "Replace the tables that are there");
 
+    const DiffCommand diff(program);
+    const ImportCommand importing(program);
+
     FitArguments fitting;
     CLI::Option* field = nullptr;
     auto* const fit = program.add_subcommand("fit", "Fit the coefficients of a surface to rating points");
@@ -197,6 +203,8 @@ int main(int argc, char** argv) try {
                       << '\n';
         return done;
     }
+    if (diff.isGiven()) return diff.run();
+    if (importing.isGiven()) return importing.run();
     if (*fit) {
         constexpr double usualSuperheat = 10;  // K
         if (fitting.request.isDischarge && field->count() == 0) fitting.request.field = usualSuperheat;
