@@ -1,12 +1,16 @@
 #include "reports/FinishedPdf.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <qpdf/Buffer.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFPageObjectHelper.hh>
 #include <qpdf/QPDFWriter.hh>
+#include <set>
+#include <string>
 
 namespace marvello {
 
@@ -65,6 +69,37 @@ Handle outlines(QPDF& pdf, const PdfFacts& facts) {
     return root;
 }
 
+constexpr std::size_t tagLength = 6;
+
+/// "AAAAAA", "AAAAAB", ...
+std::string tagOf(std::size_t number) {
+    constexpr std::size_t letters = 26;
+    std::string tag(tagLength, 'A');
+    for (auto letter = tag.rbegin(); letter != tag.rend() && number > 0; ++letter, number /= letters)
+        *letter = static_cast<char>('A' + number % letters);
+    return tag;
+}
+
+/// Names the parts of fonts anew, in the order of the pages: ISO 32000-1, 9.6.4 wants six letters and a "+"
+/// before the name of the font, which Qt takes at random.
+void nameFonts(QPDF& pdf) {
+    std::set<QPDFObjGen> named;
+    for (QPDFPageObjectHelper& page : QPDFPageDocumentHelper(pdf).getAllPages()) {
+        Handle fonts = page.getAttribute("/Resources", false).getKey("/Font");
+        if (!fonts.isDictionary()) continue;
+        for (const std::string& key : fonts.getKeys()) {
+            Handle descendants = fonts.getKey(key).getKey("/DescendantFonts");
+            if (!descendants.isArray() || descendants.getArrayNItems() != 1) continue;
+            Handle descriptor = descendants.getArrayItem(0).getKey("/FontDescriptor");
+            if (!descriptor.isDictionary() || !descriptor.getKey("/FontName").isName()) continue;
+            const std::string name = descriptor.getKey("/FontName").getName();
+            if (name.find('+') == tagLength + 1 && named.insert(descriptor.getObjGen()).second)
+                descriptor.replaceKey(
+                    "/FontName", Handle::newName('/' + tagOf(named.size() - 1) + name.substr(tagLength + 1)));
+        }
+    }
+}
+
 }  // namespace
 
 QByteArray finishedPdf(const QByteArray& file, const PdfFacts& facts) {
@@ -79,6 +114,7 @@ QByteArray finishedPdf(const QByteArray& file, const PdfFacts& facts) {
     Handle preferences = Handle::newDictionary();
     preferences.replaceKey("/DisplayDocTitle", Handle::newBool(true));
     root.replaceKey("/ViewerPreferences", preferences);
+    nameFonts(pdf);
     if (facts.bookmarks.size() > 1) {
         root.replaceKey("/Outlines", outlines(pdf, facts));
         root.replaceKey("/PageMode", Handle::newName("/UseOutlines"));

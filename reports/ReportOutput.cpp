@@ -30,6 +30,22 @@ PdfFacts factsOf(const ReportContent& content) {
 
 QSizeF paperOf(const QPageLayout& layout) { return layout.fullRect(QPageLayout::Millimeter).size(); }
 
+QByteArray writtenPages(const QPageLayout& layout, const ReportContent& content) {
+    QBuffer made;
+    made.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&made);
+        writer.setResolution(dotsPerInch);
+        writer.setPageLayout(layout);
+        QPainter painter(&writer);
+        for (int page = 1; page <= pageCount(content); ++page) {
+            if (page > 1) writer.newPage();
+            paintReport(painter, paperOf(layout), content, page);
+        }
+    }
+    return made.data();
+}
+
 }  // namespace
 
 QPageLayout reportLayout() {
@@ -51,20 +67,10 @@ bool printReport(QPrinter& printer, const ReportContent& content) {
 }
 
 QString saveReport(const QString& file, const QPageLayout& layout, const ReportContent& content) {
-    QBuffer made;
-    made.open(QIODevice::WriteOnly);
-    {
-        QPdfWriter writer(&made);
-        writer.setResolution(dotsPerInch);
-        writer.setPageLayout(layout);
-        QPainter painter(&writer);
-        for (int page = 1; page <= pageCount(content); ++page) {
-            if (page > 1) writer.newPage();
-            paintReport(painter, paperOf(layout), content, page);
-        }
-    }
+    // The outlines of letters change in their last digits once all of them were painted.
+    writtenPages(layout, content);
     try {
-        return writeWholeFile(file, finishedPdf(made.data(), factsOf(content)));
+        return writeWholeFile(file, finishedPdf(writtenPages(layout, content), factsOf(content)));
     } catch (const std::exception& fault) {
         return QString::fromUtf8(fault.what());
     }
