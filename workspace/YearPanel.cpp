@@ -65,7 +65,7 @@ struct YearPanel::Number {
             return units == UnitSystem::metric ? QStringLiteral("kg") : QStringLiteral("lb");
         if (measure == Measure::quantity) return fromCore(unitText(quantity, units));
         const QLatin1String plain(unit);
-        return plain.startsWith(QLatin1String("frmyear.")) ? marvello::text(unit) : QString(plain);
+        return plain.contains(u'.') ? marvello::text(unit) : QString(plain);  // a key has a point
     }
 };
 

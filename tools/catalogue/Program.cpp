@@ -50,7 +50,6 @@ std::span<const CompletedKey> completedKeys() {
         {"general.", programWindows().marks},
         {"variables.meaning.", namesOfVariables()},
         {"frmselection.help.%1.caption", programWindows().fields, false},
-        {"frmyear.", {}, false},          // the units that the panel of a year names are keys or units
         {"frmyear.profile.", {}, false},  // those of the profiles of the folder; without one its title shows
         {"help.", {}, false},             // the documents of thelp, whose names are the catalogue's own
     };
