@@ -302,7 +302,7 @@ void ChartPicture::curve(const ChartCurve& curve) {
 }
 
 void ChartPicture::legend() {
-    constexpr double firstLine = 14;
+    constexpr double firstLine = 18;
     constexpr double middle = 4;
     constexpr double afterSample = 8;
     for (const PlacedKey& placed : placedLegend(chart_, plane_.right() - plane_.left())) {
@@ -351,7 +351,7 @@ ChartPlane::ChartPlane(const Chart& chart, double width, double height)
     : categories_(chart.categories.size()) {
     constexpr double forNumbers = 52;
     constexpr double narrow = 16;
-    constexpr double forTitles = 34;
+    constexpr double forTitles = 38;
     const double forAxis = hasSecondLine(chart) ? 58 : 44;
     constexpr double betweenAcross = 55;  // pixels between two numbers
     constexpr double betweenUp = 34;

@@ -50,8 +50,9 @@ std::span<const CompletedKey> completedKeys() {
         {"general.", programWindows().marks},
         {"variables.meaning.", namesOfVariables()},
         {"frmselection.help.%1.caption", programWindows().fields, false},
-        {"frmyear.profile.", {}, false},  // those of the profiles of the folder; without one its title shows
-        {"help.", {}, false},             // the documents of thelp, whose names are the catalogue's own
+        // Those of content/year; one without a text shows its own title.
+        {"frmyear.profile.", {"eu-mt", "eu-lt", "eu-chiller", "flat"}, false},
+        {"help.", {}, false},  // the documents of thelp, whose names are the catalogue's own
     };
     return all;
 }
