@@ -38,7 +38,7 @@ inline constexpr std::size_t commandCount = static_cast<std::size_t>(Command::ab
 enum class Needs {
     nothing,
     form,
-    inputs,  ///< a form with inputs
+    inputs,  ///< a form with inputs that can be hidden
     results,
     listedResults,
     selectionResults,

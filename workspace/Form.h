@@ -39,6 +39,11 @@ class Form : public QWidget {
     void Quit();
     /// Turns of the mouse wheel over the field in use. False when the pointer is elsewhere.
     virtual bool WheelMoved(int) { return false; }
+    /// Whether it has inputs next to its results, which can be hidden.
+    virtual bool canCollapse() const { return false; }
+    virtual bool isCollapsed() const { return false; }
+    /// Hides the inputs, or shows them again.
+    virtual void CloseFrame(bool) {}
     /// Keeps what the next form of this kind starts with.
     virtual void keep() const {}
 

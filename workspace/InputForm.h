@@ -33,7 +33,9 @@ class InputForm : public Form {
     /// Inputs are converted for display and keep the value that was entered.
     void MeasureUnits(int unit, bool refresh) override;
     int MeasureUnit() const override { return static_cast<int>(inputs_.units()); }
-    void CloseFrame(bool collapse);
+    bool canCollapse() const override { return true; }
+    bool isCollapsed() const override;
+    void CloseFrame(bool collapse) override;
     /// Carries out a command by its key: "messages" selects the page of that name, "copytoclipboard" copies.
     void MnuPopUp(const QString& name);
     /// Copies the selected compressors of the list with their values, separated by tabs.
@@ -60,7 +62,6 @@ class InputForm : public Form {
     bool canPrint() const override;
     /// The list with its pages.
     virtual ListPane& results() const = 0;
-    bool isCollapsed() const;
     /// To be kept between starts.
     struct Sizes {
         int panelWidth;                   ///< of the inputs

@@ -417,9 +417,9 @@ void MDIMain::refreshState() {
     commands_.enable(Needs::listedRow, withInputs && withInputs->canCopy());
     commands_.enable(Needs::copyableRow, form && form->canCopy());
     commands_.enable(Needs::printableRow, form && form->canPrint());
-    commands_.enable(Needs::inputs, withInputs != nullptr);
+    commands_.enable(Needs::inputs, form && form->canCollapse());
     commands_.enable(Needs::listedResults, hasResults && withInputs);
-    commands_[Command::collapseInputs]->setChecked(withInputs && withInputs->isCollapsed());
+    commands_[Command::collapseInputs]->setChecked(form && form->isCollapsed());
     cmbGroupBy_->setEnabled(hasResults && isSelection);
     cmbmeasureunits_->setEnabled(form != nullptr);
     // Each form keeps its own system of units.

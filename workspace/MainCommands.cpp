@@ -133,7 +133,7 @@ void MDIMain::makeCommands() {
     });
     commands_[Command::collapseInputs]->setCheckable(true);
     connect(commands_[Command::collapseInputs], &QAction::toggled, this, [this](bool collapse) {
-        if (auto* form = qobject_cast<InputForm*>(ActiveForm())) form->CloseFrame(collapse);
+        if (Form* form = ActiveForm()) form->CloseFrame(collapse);
     });
     onInputForm(Command::previousRow, [](InputForm& form) { form.results().moveSelection(-1); });
     onInputForm(Command::nextRow, [](InputForm& form) { form.results().moveSelection(1); });

@@ -174,8 +174,13 @@ void frmYear::connectParts() {
     connect(pages_, &YearPages::binChosen, &panel_->bins(), &YearBins::choose);
     connect(pages_, &YearPages::copyRequested, this, &frmYear::CopyToClipBoard);
     connect(figures_, &ComparisonFigures::copyRequested, this, &frmYear::CopyToClipBoard);
-    connect(splitter_, &Splitter::moved, this,
-            [this] { settings::yearWidth.keep(splitter_->SplitterPos()); });
+    connect(splitter_, &Splitter::moved, this, [this] {
+        if (isCollapsed()) return;
+        splitter_->SetMinSize1(InputsFold::minWidth);  // the bar was dragged out of its corner
+        settings::yearWidth.keep(splitter_->SplitterPos());
+        layOut();
+        emit stateChanged();
+    });
     connect(results_, &Splitter::moved, this, [this] { settings::yearHeight.keep(results_->SplitterPos()); });
     connect(&run_, &YearRun::calculated, this, &frmYear::calculated);
     connect(&run_, &YearRun::failed, this, [this](const QString& reason) {
@@ -415,7 +420,21 @@ void frmYear::takeDefaults() {
 
 void frmYear::keep() const { keepYearInputs(inputs_); }
 
-void frmYear::resizeEvent(QResizeEvent*) {
+bool frmYear::isCollapsed() const { return splitter_->SplitterPos() == 0; }
+
+void frmYear::CloseFrame(bool collapse) {
+    if (collapse == isCollapsed()) return;
+    const bool heldFocus = panel_->isAncestorOf(window()->focusWidget());
+    splitter_->SetMinSize1(collapse ? 0 : InputsFold::minWidth);
+    splitter_->SetSplitterPos(collapse ? 0 : settings::yearWidth.value());
+    layOut();
+    if (collapse && heldFocus && results_->isVisible()) figures_->setFocus();
+    emit stateChanged();
+}
+
+void frmYear::resizeEvent(QResizeEvent*) { layOut(); }
+
+void frmYear::layOut() {
     splitter_->setGeometry(rect());
     // Without room next to the figures, what there is to say of them is below.
     const bool isNarrow = width() - splitter_->SplitterPos() < roomForSide;

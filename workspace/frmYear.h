@@ -53,6 +53,9 @@ class frmYear : public Form {
     void ExportCPS() override;
     void PrintReport(bool preview) override;
     void recalculate() override;
+    bool canCollapse() const override { return true; }
+    bool isCollapsed() const override;
+    void CloseFrame(bool collapse) override;
     void keep() const override;
     bool hasResults() const override { return years_ && !isOutdated_; }
     bool canCopy() const override { return hasResults(); }
@@ -85,6 +88,7 @@ class frmYear : public Form {
     void calculate();
     void calculated(const std::shared_ptr<const YearComparison>& years);
     void setOutdated(bool isOutdated);
+    void layOut();
     void relist();
     void showPages();
     void openFile();

@@ -369,6 +369,22 @@ TEST_F(YearFormTest, EveryLanguageHasItsTexts) {
     }
 }
 
+TEST_F(YearFormTest, InputsAreHiddenAndShownAgain) {
+    type("txtPlant1", "TK-A-120 R134A");
+    const auto width = [this] { return control<QWidget>(*form, "yearResults")->width(); };
+    const int before = width();
+    QAction* const hide = control<QAction>(*window, "frameresize");
+    ASSERT_TRUE(hide->isEnabled());
+    QTest::keyClick(form->window()->focusWidget(), Qt::Key_F9);
+    QApplication::processEvents();
+    EXPECT_TRUE(hide->isChecked());
+    EXPECT_GT(width(), before + 350);
+    EXPECT_EQ(window->focusWidget(), control<QWidget>(*form, "yearFigures"));
+    hide->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(width(), before);
+}
+
 TEST_F(YearFormTest, KeysGoRoundTheParts) {
     type("txtPlant1", "TK-A-120 R134A");
     const auto part = [this]() -> QString {
