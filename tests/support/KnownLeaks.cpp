@@ -7,7 +7,7 @@ extern "C" {
 
 const char* __lsan_default_suppressions() {
     return "leak:libfontconfig\n"    // patterns that stay in Qt's font database, which is never emptied
-           "leak:__argz_add_sep\n";  // of the printing plug-in, which is unloaded with what it holds
+           "leak:__argz_add_sep\n";  // of p11-kit, which the printing plug-in and qpdf bring along
 }
 
 const char* __lsan_default_options() { return "print_suppressions=0"; }
