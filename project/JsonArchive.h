@@ -41,8 +41,8 @@ inline constexpr bool isMap<std::map<K, V>> = true;
 
 /// The entries of one list, or of one object of names.
 inline constexpr std::size_t maxEntries = 10'000;
-/// Larger numbers are damage.
-inline constexpr double maxNumber = 1e15;
+/// Larger numbers are damage, and no float has them.
+inline constexpr double maxNumber = 1e30;
 
 template <class Enumeration>
 std::string wordOf(Enumeration value) {
@@ -87,8 +87,8 @@ class JsonWriter {
             return value;
         } else {
             JsonWriter writer;
-            // One description serves both ways.
-            describe(writer, const_cast<T&>(value));  // NOLINT(cppcoreguidelines-pro-type-const-cast)
+            T written = value;  // one description serves both ways, and may write
+            describe(writer, written);
             return writer.take();
         }
     }

@@ -14,34 +14,46 @@ namespace {
 
 constexpr double bodyText = 8.5;  // points
 
-class MapPaper : public PaperPage {
+/// What the pages of the sections share between head and foot.
+class SectionPaper : public PaperPage {
   public:
     using PaperPage::PaperPage;
 
-    void paint(const ReportMap& map) {
+  protected:
+    void paintHeading(const QString& words) {
         text({side, bodyTop, right() - side, lineStep}, Qt::AlignLeft | Qt::AlignVCenter, bodyText * point,
-             map.heading, headingBlue, QFont::Medium);
+             words, headingBlue, QFont::Medium);
+    }
+    /// Paints a drawing over the whole width. Returns where it ends.
+    double paintAcross(const Drawing& drawing, double top) {
+        const double scale = (right() - side) / drawing.width;
+        painter_.save();
+        painter_.translate(side, top);
+        painter_.scale(scale, scale);
+        paintDrawing(painter_, drawing);
+        painter_.restore();
+        return top + drawing.height * scale;
+    }
+};
+
+class MapPaper : public SectionPaper {
+  public:
+    using SectionPaper::SectionPaper;
+
+    void paint(const ReportMap& map) {
+        paintHeading(map.heading);
         constexpr double height = 150 * mm;
         paintEnvelope(map.envelope, {side, bodyTop + 1.5 * lineStep, right() - side, height}, 5);
     }
 };
 
-class CyclePaper : public PaperPage {
+class CyclePaper : public SectionPaper {
   public:
-    using PaperPage::PaperPage;
+    using SectionPaper::SectionPaper;
 
     void paint(const ReportCycle& cycle) {
-        const double width = right() - side;
-        text({side, bodyTop, width, lineStep}, Qt::AlignLeft | Qt::AlignVCenter, bodyText * point,
-             cycle.heading, headingBlue, QFont::Medium);
-        const double top = bodyTop + 1.5 * lineStep;
-        const double scale = width / cycle.diagram.width;
-        painter_.save();
-        painter_.translate(side, top);
-        painter_.scale(scale, scale);
-        paintDrawing(painter_, cycle.diagram);
-        painter_.restore();
-        const double states = top + cycle.diagram.height * scale + lineStep;
+        paintHeading(cycle.heading);
+        const double states = paintAcross(cycle.diagram, bodyTop + 1.5 * lineStep) + lineStep;
         paintFigures(cycle, paintStates(cycle, states) + lineStep);
     }
 
@@ -85,24 +97,16 @@ class CyclePaper : public PaperPage {
     }
 };
 
-class PartLoadPaper : public PaperPage {
+class PartLoadPaper : public SectionPaper {
   public:
-    using PaperPage::PaperPage;
+    using SectionPaper::SectionPaper;
 
     void paint(const ReportPartLoad& load) {
         const double width = right() - side;
-        text({side, bodyTop, width, lineStep}, Qt::AlignLeft | Qt::AlignVCenter, bodyText * point,
-             load.heading, headingBlue, QFont::Medium);
+        paintHeading(load.heading);
         text({side, bodyTop + lineStep, width, lineStep}, Qt::AlignLeft | Qt::AlignVCenter, 7.5 * point,
              load.full, ink);
-        double top = bodyTop + 2.5 * lineStep;
-        const double scale = width / load.chart.width;
-        painter_.save();
-        painter_.translate(side, top);
-        painter_.scale(scale, scale);
-        paintDrawing(painter_, load.chart);
-        painter_.restore();
-        top += load.chart.height * scale + lineStep;
+        double top = paintAcross(load.chart, bodyTop + 2.5 * lineStep) + lineStep;
         cell_ = (width - labels) / std::max(1.0, static_cast<double>(load.columns.size()));
         step_ = std::min(lineStep, (footTop() - top) / (lines(load) + 1));
         top = paintHeads(load, top);
