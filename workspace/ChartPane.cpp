@@ -108,7 +108,8 @@ void ChartPane::read(std::optional<std::size_t> place) {
 void ChartPane::mousePressEvent(QMouseEvent* event) {
     const ChartPlane drawn = plane();
     const auto category = drawn.categoryAt(event->position().x());
-    if (category && event->position().y() >= drawn.top()) emit categoryClicked(*category);
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (isLeft && category && event->position().y() >= drawn.top()) emit categoryClicked(*category);
     QWidget::mousePressEvent(event);
 }
 

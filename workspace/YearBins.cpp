@@ -36,6 +36,8 @@ constexpr const char* goesDown = "goesDown";  // of an editor that Enter ends
 
 QString text(const char* key) { return dictionaryText(QLatin1String(key)); }
 
+QString tooManyBins() { return fromCore(sentenceOf(LoadProfileFault::Reason::tooManyBins, {})); }
+
 /// The digits and signs of every script as those of ASCII, in rows of fields.
 QString plainRows(const QString& text) {
     QStringList rows;
@@ -181,7 +183,10 @@ bool BinsModel::setData(const QModelIndex& index, const QVariant& value, int rol
         emit refused(fromCore(sentenceOf(fault)));
         return false;
     }
-    if (isNew && bins_.size() >= LoadProfile::maxBins) return false;
+    if (isNew && bins_.size() >= LoadProfile::maxBins) {
+        emit refused(tooManyBins());
+        return false;
+    }
     put(bin, row);
     emit entered(this->index(static_cast<int>(rowOf_), index.column()));
     return true;
@@ -217,6 +222,8 @@ class YearBins::Table : public QTableView {
   public:
     explicit Table(YearBins& owner) : QTableView(&owner), owner_(owner) {}
 
+    /// What was entered is not taken.
+    void setRefused() { isRefused_ = true; }
     /// Where a value is that was entered: its bin may have another row by then.
     void setEntered(const QModelIndex& index) { entered_ = index; }
 
@@ -225,6 +232,7 @@ class YearBins::Table : public QTableView {
         const bool isDown = editor->property(goesDown).toBool();
         const QPersistentModelIndex entered = std::exchange(entered_, {});
         QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+        if (std::exchange(isRefused_, false)) return;  // the reason is at this cell
         const bool isNext = hint == QAbstractItemDelegate::EditNextItem;
         if (!isDown && !isNext && hint != QAbstractItemDelegate::EditPreviousItem) return;
         if (entered.isValid()) setCurrentIndex(entered);
@@ -261,6 +269,7 @@ class YearBins::Table : public QTableView {
 
     YearBins& owner_;
     QPersistentModelIndex entered_;
+    bool isRefused_ = false;
 };
 
 YearBins::YearBins(QWidget* parent) : QWidget(parent), table_(new Table(*this)), sum_(new QLabel(this)) {
@@ -296,7 +305,10 @@ YearBins::YearBins(QWidget* parent) : QWidget(parent), table_(new Table(*this)),
         if (note_) note_->hide();
         if (!isFilling_) emit chosenByUser();
     });
-    connect(&model_, &BinsModel::refused, this, &YearBins::refused);
+    connect(&model_, &BinsModel::refused, this, [this](const QString& sentence) {
+        table_->setRefused();
+        refused(sentence);
+    });
     connect(&model_, &BinsModel::entered, this, [this](const QModelIndex& now) {
         table_->setEntered(now);
         showSum();
@@ -374,6 +386,7 @@ void YearBins::paste() {
             pasted(this->bins(), static_cast<std::size_t>(at.row()), static_cast<BinColumn>(at.column()),
                    toCore(plainRows(QGuiApplication::clipboard()->text())), model_.units());
         const std::size_t row = sortBins(bins, static_cast<std::size_t>(at.row()));
+        if (bins == this->bins()) return;
         setBins(bins);
         table_->setCurrentIndex(model_.index(static_cast<int>(row), at.column()));
         emit edited(true);
@@ -385,7 +398,7 @@ void YearBins::paste() {
 void YearBins::insertRow() {
     const auto row = chosen();
     std::vector<LoadBin> bins = this->bins();
-    if (bins.size() >= LoadProfile::maxBins) return;
+    if (bins.size() >= LoadProfile::maxBins) return refused(tooManyBins());
     LoadBin bin = row ? bins[*row] : nextBin(bins);
     bin.hours = 0;
     bins.insert(bins.begin() + static_cast<std::ptrdiff_t>(row.value_or(bins.size())), bin);

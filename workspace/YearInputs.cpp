@@ -43,21 +43,10 @@ void takeChoice(Choice& choice, double number, Choice last) {
     if (number >= 0 && number <= static_cast<double>(last)) choice = static_cast<Choice>(number);
 }
 
-const ShippedProfile* profileOf(const YearTables& tables, const std::string& name) {
-    const auto found = std::ranges::find(tables.profiles, name, &ShippedProfile::name);
-    return found == tables.profiles.end() ? nullptr : &*found;
-}
-
-const GridIntensity* gridOf(const YearTables& tables, const std::string& region) {
-    const auto found = std::ranges::find(tables.grids, region, &GridIntensity::region);
-    return found == tables.grids.end() ? nullptr : &*found;
-}
-
 void takeKeptProfile(YearInputs& inputs, const YearTables& tables, const QHash<QString, QString>& texts) {
     const std::string name = toCore(texts.value(QStringLiteral("profile")));
-    const ShippedProfile* const shipped = profileOf(tables, name);
     const std::string bins = toCore(settings::yearBins.value());
-    if (shipped) takeProfile(inputs, *shipped);
+    if (const ShippedProfile* const shipped = profileOf(tables, name)) takeProfile(inputs, *shipped);
     if (bins.empty()) return;
     try {
         inputs.load = loadProfileIn(bins, {});
@@ -66,7 +55,11 @@ void takeKeptProfile(YearInputs& inputs, const YearTables& tables, const QHash<Q
     }
     inputs.profile.clear();
     inputs.profileName = texts.value(QStringLiteral("profileName"));
-    if (!shipped) inputs.rule.reset();
+    dropRule(inputs);
+    if (const auto* const ruling = profileOf(tables, toCore(texts.value(QStringLiteral("ruleOf"))))) {
+        inputs.rule = ruling->rule;
+        inputs.ruleOf = ruling->name;
+    }
 }
 
 }  // namespace
@@ -107,11 +100,27 @@ YearTables yearTables() {
     return tables;
 }
 
+const ShippedProfile* profileOf(const YearTables& tables, const std::string& name) {
+    const auto found = std::ranges::find(tables.profiles, name, &ShippedProfile::name);
+    return found == tables.profiles.end() ? nullptr : &*found;
+}
+
+const GridIntensity* gridOf(const YearTables& tables, const std::string& region) {
+    const auto found = std::ranges::find(tables.grids, region, &GridIntensity::region);
+    return found == tables.grids.end() ? nullptr : &*found;
+}
+
+void dropRule(YearInputs& inputs) {
+    inputs.rule.reset();
+    inputs.ruleOf.clear();
+}
+
 void takeProfile(YearInputs& inputs, const ShippedProfile& profile) {
     inputs.profile = profile.name;
     inputs.profileName.clear();
     inputs.load = profile.profile;
     inputs.rule = profile.rule;
+    inputs.ruleOf = profile.rule ? profile.name : std::string();
     if (profile.rule && profile.rule->evaporating)
         inputs.evaporating.points = {{.outdoor = 0, .evaporating = *profile.rule->evaporating}};
 }
@@ -168,6 +177,7 @@ void keepYearInputs(const YearInputs& inputs) {
     if (inputs.degradation) numbers[QStringLiteral("degradation")] = static_cast<double>(*inputs.degradation);
     const QHash<QString, QString> texts{{QStringLiteral("profile"), fromCore(inputs.profile)},
                                         {QStringLiteral("profileName"), inputs.profileName},
+                                        {QStringLiteral("ruleOf"), fromCore(inputs.ruleOf)},
                                         {QStringLiteral("evaporating"), fromCore(textOf(inputs.evaporating))},
                                         {QStringLiteral("currency"), inputs.currency},
                                         {QStringLiteral("region"), fromCore(inputs.region)}};

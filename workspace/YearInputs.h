@@ -27,6 +27,7 @@ struct YearInputs {
     QString profileName;               ///< Of one of the user's; may be empty.
     LoadProfile load{};                ///< As it is in the table.
     std::optional<SeasonalRule> rule;  ///< That the profile follows.
+    std::string ruleOf;                ///< The shipped profile that has it; empty without one.
 
     Staging staging = Staging::power;
     std::optional<Degradation::Form> degradation{};  ///< None for that of the rule.
@@ -56,6 +57,12 @@ struct YearTables {
 };
 YearTables yearTables();
 
+/// Null for a name that there is not.
+const ShippedProfile* profileOf(const YearTables& tables, const std::string& name);
+const GridIntensity* gridOf(const YearTables& tables, const std::string& region);
+
+/// Lets a profile follow no rule.
+void dropRule(YearInputs& inputs);
 /// Takes over a shipped profile with what it says of evaporating temperature.
 void takeProfile(YearInputs& inputs, const ShippedProfile& profile);
 /// Takes over the emissions of electricity somewhere.

@@ -106,13 +106,11 @@ void YearPages::show(std::shared_ptr<const YearComparison> years, const YearStyl
                      const QStringList& assumptions) {
     years_ = std::move(years);
     style_ = style;
-    showCharts();
     fill(*lists_[0], runningSheet(*years_, style));
     fill(*lists_[1], yearSheet(*years_, style));
     assumptions_->clear();
     for (const QString& assumption : assumptions)
         assumptions_->addMessage(mark::information, markText(mark::information), assumption, QString());
-    mark(marked_);
 }
 
 void YearPages::showCharts() {

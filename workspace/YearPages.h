@@ -26,6 +26,7 @@ class YearPages : public QWidget {
     explicit YearPages(QWidget* parent);
 
     void translate();
+    /// To be followed by mark(), which shows the charts.
     void show(std::shared_ptr<const YearComparison> years, const YearStyle& style,
               const QStringList& assumptions);
     /// Marks a bin in charts and tables.

@@ -106,8 +106,8 @@ QString offeredProfiles(const YearInputs& inputs, const YearTables& tables) {
 }
 
 bool chooseProfile(YearInputs& inputs, const YearTables& tables, const QString& key) {
-    const auto found = std::ranges::find(tables.profiles, toCore(key), &ShippedProfile::name);
-    if (found == tables.profiles.end()) return false;
+    const ShippedProfile* const found = profileOf(tables, toCore(key));
+    if (!found) return false;
     takeProfile(inputs, *found);
     return true;
 }
@@ -123,11 +123,10 @@ QString offeredRegions(const YearInputs&, const YearTables& tables) {
 }
 
 bool chooseRegion(YearInputs& inputs, const YearTables& tables, const QString& key) {
-    const auto found = std::ranges::find(tables.grids, toCore(key), &GridIntensity::region);
-    if (found == tables.grids.end())
-        inputs.region.clear();
-    else
+    if (const GridIntensity* const found = gridOf(tables, toCore(key)))
         takeRegion(inputs, *found);
+    else
+        inputs.region.clear();
     return true;
 }
 
@@ -393,6 +392,7 @@ void YearPanel::chosen(std::size_t place) {
 void YearPanel::typedEvaporating() {
     try {
         inputs_.evaporating = evaporatingRuleIn(toCore(plainNumberText(evaporating_->TextText())), units_);
+        shownRule_ = inputs_.evaporating;
         evaporating_->SetRefusal({});
     } catch (const std::invalid_argument&) {
         const auto shown = [this](double celsius) {
@@ -416,7 +416,7 @@ void YearPanel::takeBins(bool isLoad) {
         inputs_.degradation = inputs_.rule->degradation.form;
         inputs_.coefficient = inputs_.rule->degradation.coefficient;
     }
-    if (isLoad) inputs_.rule.reset();
+    if (isLoad) dropRule(inputs_);
     show();
     emit edited();
 }
@@ -441,6 +441,7 @@ void YearPanel::showChoice(std::size_t place) {
 }
 
 void YearPanel::showEvaporating() {
+    shownRule_ = inputs_.evaporating;
     evaporating_->SetTextValue(fromCore(enteredText(inputs_.evaporating, units_, marksOf(QLocale()))));
     evaporating_->SetRefusal({});
 }
@@ -458,7 +459,8 @@ void YearPanel::show() {
     for (std::size_t i = 0; i < numbers_.size(); ++i) showNumber(i);
     showChoices();
     evaporating_->SetUnitCaptiontext(fromCore(unitText(temperature, units_)));
-    showEvaporating();
+    // What cannot be read yet stays until another rule takes its place.
+    if (!evaporating_->isInvalid() || shownRule_ != inputs_.evaporating) showEvaporating();
     currency_->SetTextValue(inputs_.currency);
     field("txtPrice")->SetUnitCaptiontext(inputs_.currency);
     const bool isFixed = inputs_.condensing == Condensing::fixed;

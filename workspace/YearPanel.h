@@ -89,6 +89,7 @@ class YearPanel : public Container {
     std::vector<AdvanceText*> numbers_;  ///< as their definitions
     std::vector<AdvanceText*> choices_;  ///< as their definitions
     AdvanceText* evaporating_ = nullptr;
+    EvaporatingRule shownRule_;  ///< that its field had last
     AdvanceText* currency_ = nullptr;
     YearBins* bins_ = nullptr;
 };

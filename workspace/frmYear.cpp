@@ -70,6 +70,10 @@ clsProjectConditions optionsOf(clsProjectConditions conditions) {
     return conditions;
 }
 
+std::string firstMachine(const Plant& plant) {
+    return plant.refrigerant() + ' ' + machineName(*plant.machines.front().compressor);
+}
+
 QStringList fromCore(const std::vector<std::string>& texts) {
     QStringList result;
     for (const std::string& each : texts) result += marvello::fromCore(each);
@@ -235,9 +239,10 @@ frmYear::Added frmYear::add(const std::vector<ComparedChoice>& choices) {
         const PreparedCompressor* const found =
             catalogue_->find(choice.refrigerant, choice.serie, choice.model);
         if (!found) continue;
-        const Typed typed{marvello::fromCore(textOf(Plant{{{found, choice.machines}}})),
-                          optionsOf(choice.conditions)};
-        const QString name = marvello::fromCore(plantName(Plant{{{found, choice.machines}}}));
+        const Plant plant{{{found, choice.machines}}};
+        const Typed typed{marvello::fromCore(textOf(plant)), optionsOf(choice.conditions),
+                          firstMachine(plant)};
+        const QString name = marvello::fromCore(plantName(plant));
         const bool isThere = std::ranges::any_of(typed_, [&](const Typed& other) {
             return other.text == typed.text && other.conditions == typed.conditions;
         });
@@ -274,8 +279,7 @@ void frmYear::showPlants() {
 void frmYear::plantTyped(std::size_t place) {
     Typed& typed = typed_.at(place);
     typed.text = panel_->plant(place)->TextText();
-    // Another plant has options of its own.
-    if (typed.text.trimmed().isEmpty()) typed.conditions = conditionsAt(0, 0);
+    if (typed.text.trimmed().isEmpty()) typed = {};
     showPlants();
     changed(pauseOfNames);
 }
@@ -298,8 +302,12 @@ std::vector<YearChoice> frmYear::readPlants() {
         QString refusal;
         if (const QString typed = typed_.at(i).text.trimmed(); !typed.isEmpty()) {
             try {
-                choices.push_back({plantOf(toCore(typed), *catalogue_, usual), typed_.at(i).conditions});
-                usual = choices.back().plant.refrigerant();
+                const Plant plant = plantOf(toCore(typed), *catalogue_, usual);
+                // Another machine has options of its own.
+                if (std::exchange(typed_.at(i).machine, firstMachine(plant)) != firstMachine(plant))
+                    typed_.at(i).conditions = conditionsAt(0, 0);
+                choices.push_back({plant, typed_.at(i).conditions});
+                usual = plant.refrigerant();
             } catch (const PlantTextFault& fault) {
                 refusal = marvello::fromCore(sentenceOf(fault));
                 if (unusable_.isEmpty()) unusable_ = field.CaptionText();
@@ -314,6 +322,7 @@ void frmYear::calculate() {
     pause_->stop();
     failure_ = inputs_.load.bins.empty() ? tables_.fault : QString();
     unusable_.clear();
+    isGivenUp_ = false;
     catalogue_ = preparedCatalogue(gDatabase());
     const std::vector<YearChoice> choices = readPlants();
     if (!choices.empty()) unusable_.clear();  // the others go on
@@ -371,6 +380,9 @@ void frmYear::relist() {
 void frmYear::showPages() {
     if (!failure_.isEmpty())
         empty_->setTexts(text("formselection.year"), failure_, {}, {});
+    else if (isGivenUp_)
+        empty_->setTexts(text("frmyear.aborted.title"), text("frmyear.aborted.text"),
+                         panel_->lnkCalculate->text(), QStringLiteral("F5"));
     else if (!unusable_.isEmpty())
         empty_->setTexts(text("frmyear.unusable.title"), text("frmyear.unusable.text"), {}, {}, unusable_);
     else
@@ -405,7 +417,7 @@ void frmYear::openFile() {
         return;
     }
     inputs_.profile.clear();
-    inputs_.rule.reset();
+    dropRule(inputs_);
     inputs_.profileName = QFileInfo(path).completeBaseName();
     settings::exportFolder.keep(QFileInfo(path).absolutePath());
     panel_->show();
@@ -443,12 +455,10 @@ void frmYear::layOut() {
 }
 
 void frmYear::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && run_.isRunning()) {
-        run_.stop();
-        hideProgress();
-        return;
-    }
-    Form::keyPressEvent(event);
+    if (event->key() == Qt::Key_Escape && isCalculating())
+        giveUp();
+    else
+        Form::keyPressEvent(event);
 }
 
 QList<QStringList> frmYear::figureRows(const QString& bestMark) const {
@@ -538,9 +548,9 @@ QString frmYear::statusOfBin() const {
     for (std::size_t i = 0; i < years_->plants.size(); ++i) {
         const YearBin& bin = years_->plants[i].year.bins.at(*chosen);
         if (bin.load.unmet <= 0) continue;
-        missing += filled(
-            text("frmyear.status.covers"),
-            {QString::number(i + 1), formatNumber(bin.metShare() * 100, u"#0") + QStringLiteral(" %")});
+        missing += filled(text("frmyear.status.covers"),
+                          {marvello::fromCore(table_.figures.heads[i].name),
+                           formatNumber(bin.metShare() * 100, u"#0") + QStringLiteral(" %")});
     }
     if (missing.isEmpty()) missing += text("frmyear.status.met");
     const YearStyle style = styleOf(inputs_, tables_, units_);
@@ -564,15 +574,18 @@ void frmYear::showProgress() {
     // Typing goes on meanwhile, and begins the calculation anew.
     progress_->setWindowModality(Qt::NonModal);
     progress_->setAttribute(Qt::WA_ShowWithoutActivating);
-    connect(
-        progress_.get(), &frmpG::aborted, this,
-        [this] {
-            run_.stop();
-            hideProgress();
-        },
-        Qt::QueuedConnection);
+    connect(progress_.get(), &frmpG::aborted, this, &frmYear::giveUp, Qt::QueuedConnection);
     progress_->show();
     follow_->start(betweenProgress);
+}
+
+void frmYear::giveUp() {
+    pause_->stop();
+    run_.stop();
+    hideProgress();
+    years_.reset();
+    isGivenUp_ = true;
+    showPages();
 }
 
 void frmYear::hideProgress() {

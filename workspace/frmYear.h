@@ -73,6 +73,7 @@ class frmYear : public Form {
     struct Typed {
         QString text;
         clsProjectConditions conditions = conditionsAt(0, 0);
+        std::string machine{};  ///< The first one, to which the options belong.
     };
 
     void makePanes();
@@ -99,6 +100,8 @@ class frmYear : public Form {
     QList<QStringList> figureRows(const QString& bestMark) const;
     void showProgress();
     void hideProgress();
+    /// Ends the calculation, as the user wishes.
+    void giveUp();
 
     const YearTables tables_;
     YearInputs inputs_;
@@ -108,6 +111,7 @@ class frmYear : public Form {
     std::shared_ptr<const YearComparison> years_;  ///< What is shown.
     YearTable table_;
     bool isOutdated_ = false;
+    bool isGivenUp_ = false;
     QString failure_;
     QString unusable_;  ///< The caption of an input that cannot be used.
 

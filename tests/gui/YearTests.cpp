@@ -146,6 +146,10 @@ TEST_F(YearFormTest, CompressorsOfAListComeWithTheirOptions) {
     ASSERT_EQ(texts("energy").count(u'|'), 1);
     EXPECT_EQ(texts("cooling").section(u'|', 0, 0), hot);
     EXPECT_NE(texts("cooling").section(u'|', 1), hot) << "10 K as in a new form";
+    type("txtPlant1", "TK-A-140 R134A");
+    type("txtPlant2", "TK-A-140");
+    EXPECT_EQ(texts("cooling").section(u'|', 0, 0), texts("cooling").section(u'|', 1))
+        << "another machine has options of its own";
     list->selectAll();
     window->findChild<TabStrip*>("TabStrip")->setCurrentIndex(1);
     control<QAction>(*window, "mnu_tools_year")->trigger();
@@ -184,8 +188,9 @@ TEST_F(YearFormTest, BinsAreEditedWithTheKeys) {
     ASSERT_TRUE(note);
     bool isSaid = false;
     for (const FieldNote* each : window->findChildren<FieldNote*>())
-        isSaid = isSaid || each->text().contains("above full load");
-    EXPECT_TRUE(isSaid);
+        isSaid = isSaid || (each->isVisible() && each->text().contains("above full load"));
+    EXPECT_TRUE(isSaid) << "next to the value, which keeps the focus";
+    EXPECT_EQ(bins()->currentIndex().row(), 1);
     settle();
     EXPECT_EQ(form->inputs().load.bins.size(), 2U);
     EXPECT_EQ(field(*form, "cmbProfile")->TextText(), "Own profile");
@@ -207,7 +212,7 @@ TEST_F(YearFormTest, AChosenBinIsMarkedEverywhere) {
     QTest::mouseClick(chart, Qt::LeftButton, {}, QPoint(chart->width() - 20, chart->height() / 2));
     EXPECT_EQ(bins()->currentIndex().row(), 57) << "the last one";
     EXPECT_TRUE(control<QLabel>(*window, "statusCounts")->text().contains("Bin 38.0"));
-    EXPECT_TRUE(control<QLabel>(*window, "statusCounts")->text().contains("compressor 1 covers"));
+    EXPECT_TRUE(control<QLabel>(*window, "statusCounts")->text().contains("TK-A-120 covers"));
     EXPECT_EQ(control<ResultsView>(*form, "yearTable")->selectedRow(), 57);
     control<TabStrip>(*form, "yearTabs")->setCurrentIndex(4);
     control<ResultsView>(*form, "yearTable")->selectRow(3);
@@ -326,6 +331,49 @@ TEST_F(YearFormTest, TheNextFormGoesOnWithTheInputs) {
     settle();
     EXPECT_EQ(form->inputs().designLoad, 100);
     EXPECT_EQ(form->inputs().profile, "eu-mt");
+}
+
+TEST_F(YearFormTest, OtherHoursKeepTheirRuleInTheNextForm) {
+    type("txtPlant1", "TK-A-120 R134A");
+    bins()->setCurrentIndex(bins()->model()->index(3, 1));
+    enterBin("33");
+    settle();
+    ASSERT_EQ(form->inputs().usedDegradation(), usualDegradation(Degradation::Form::condensingUnit));
+    form->Quit();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    form = window->newYear();
+    EXPECT_EQ(form->inputs().load.bins.at(3).hours, 33);
+    EXPECT_EQ(form->inputs().usedDegradation(), usualDegradation(Degradation::Form::condensingUnit));
+}
+
+TEST_F(YearFormTest, APasteOfNothingLeavesTheProfile) {
+    type("txtPlant1", "TK-A-120 R134A");
+    QGuiApplication::clipboard()->setText("\n");
+    bins()->setCurrentIndex(bins()->model()->index(0, 0));
+    QTest::keyClick(bins(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form->inputs().profile, "eu-mt");
+}
+
+TEST_F(YearFormTest, WhatCannotBeReadYetStaysWhileOthersAreChosen) {
+    type("txtPlant1", "TK-A-120 R134A");
+    type("txtEvaporating", "-10:x");
+    choose(*form, "cmbStaging", "1");
+    EXPECT_EQ(field(*form, "txtEvaporating")->TextText(), "-10:x");
+    EXPECT_FALSE(form->hasResults());
+    choose(*form, "cmbProfile", "eu-lt");
+    EXPECT_EQ(field(*form, "txtEvaporating")->TextText(), "-35.00") << "that of the profile";
+}
+
+TEST_F(YearFormTest, EscapeEndsACalculation) {
+    marvello::testing::type(*form, "txtPlant1", "TK-A-120 R134A");
+    ASSERT_TRUE(form->isCalculating());
+    QTest::keyClick(form, Qt::Key_Escape);
+    EXPECT_FALSE(form->isCalculating());
+    EXPECT_TRUE(emptyPage()->accessibleName().contains("stopped"))
+        << emptyPage()->accessibleName().toStdString();
+    QTest::keyClick(form, Qt::Key_F5);
+    settle();
+    EXPECT_TRUE(form->hasResults());
 }
 
 TEST_F(YearFormTest, CopyAndFileHoldFiguresAssumptionsAndBins) {
