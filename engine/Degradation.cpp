@@ -7,6 +7,7 @@
 
 #include "data/Numbers.h"
 #include "data/Texts.h"
+#include "engine/YearLimits.h"
 
 namespace marvello {
 
@@ -35,7 +36,7 @@ Degradation degradationOf(std::string_view text) {
     if (degradation.form == Form::none)
         refuse(text, "has a coefficient, and without degradation there is none");
     const auto coefficient = storedNumber(trimmed(text.substr(colon + 1)));
-    if (!coefficient || !(*coefficient >= 0 && *coefficient <= 1))
+    if (!coefficient || !yearLimits::degradation.holds(*coefficient))
         refuse(text, "needs a coefficient from 0 to 1, as condensing-unit:0.25");
     degradation.coefficient = *coefficient;
     return degradation;

@@ -17,13 +17,14 @@ namespace {
     throw std::invalid_argument('"' + std::string(part) + "\" " + reason);
 }
 
-double temperatureIn(std::string_view text, std::string_view part) {
+double temperatureIn(std::string_view text, std::string_view part, const YearLimit& limit) {
     const auto value = storedNumber(text);
     if (!value)
         refuse(part,
                "is not a temperature such as -10, or outdoor and evaporating ones such as -10:-8;30:-12");
-    if (!yearLimits::evaporatingTemperature.holds(*value))
-        refuse(part, "is outside the range of -100 to 100 degrees Celsius");
+    if (!limit.holds(*value))
+        refuse(part, "is outside the range of " + storedText(limit.minimum) + " to " +
+                         storedText(limit.maximum) + " degrees Celsius");
     return *value;
 }
 
@@ -39,14 +40,16 @@ double EvaporatingRule::at(double outdoor) const {
 }
 
 EvaporatingRule evaporatingRuleOf(std::string_view text) {
+    constexpr YearLimit evaporating = yearLimits::evaporatingTemperature;
     EvaporatingRule rule;
     const std::vector<std::string> parts = splitText(trimmed(text), ';');
     if (parts.size() == 1 && parts.front().find(':') == std::string::npos)
-        return {{{.outdoor = 0, .evaporating = temperatureIn(parts.front(), parts.front())}}};
+        return {{{.outdoor = 0, .evaporating = temperatureIn(parts.front(), parts.front(), evaporating)}}};
     for (const std::string& part : parts) {
         const std::vector<std::string> pair = splitText(part, ':');
         if (pair.size() != 2) refuse(part, "is not an outdoor and an evaporating temperature such as -10:-8");
-        rule.points.push_back({temperatureIn(pair[0], part), temperatureIn(pair[1], part)});
+        rule.points.push_back({temperatureIn(pair[0], part, yearLimits::outdoorTemperature),
+                               temperatureIn(pair[1], part, evaporating)});
     }
     std::ranges::stable_sort(rule.points, {}, &EvaporatingRule::Point::outdoor);
     const auto twice = std::ranges::adjacent_find(rule.points, {}, &EvaporatingRule::Point::outdoor);

@@ -154,7 +154,8 @@ void calculate(const YearRequest& request, Calculator& calculator, SamePoint& po
     for (const std::size_t index : point.bins) {
         YearBin& bin = bins[index];
         bin.load = sharedLoad(group, bin.needed, request.staging, request.degradation);
-        bin.errors = errors;
+        // Where nothing is needed nothing has to run.
+        bin.errors = bin.needed > 0 ? errors : std::vector<std::string>(errors.size());
     }
     point.calculations = states.calculations();
 }

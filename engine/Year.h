@@ -47,7 +47,8 @@ struct YearBin {
     double ted = 0;     ///< Evaporating dew temperature, degrees Celsius.
     double tcd = 0;     ///< Condensing dew temperature, degrees Celsius.
     StagedLoad load{};
-    /// By kind of machine: the key of the error, or failureName, of one that cannot run here; else empty.
+    /// By kind of machine: the key of the error, or failureName, of one that is needed and cannot run here;
+    /// else empty.
     std::vector<std::string> errors{};
 
     double delivered() const { return load.capacity(); }   ///< kW

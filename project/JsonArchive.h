@@ -46,9 +46,7 @@ inline constexpr double maxNumber = 1e30;
 
 template <class Enumeration>
 std::string wordOf(Enumeration value) {
-    for (const auto& [each, word] : FileWords<Enumeration>::words)
-        if (each == value) return word;
-    return {};
+    return nameIn(FileWords<Enumeration>::words, value);
 }
 
 }  // namespace json_archive

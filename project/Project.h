@@ -1,10 +1,12 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -43,6 +45,11 @@ struct ListState {
 
 /// Which form asks for the inputs.
 enum class FormKind : std::uint8_t { selection, inverter, search };
+
+/// Their names in files.
+inline constexpr std::array formKindNames{std::pair{FormKind::selection, "selection"},
+                                          std::pair{FormKind::inverter, "inverter"},
+                                          std::pair{FormKind::search, "search"}};
 
 /// A selection or a search, with its inputs in the units that they were typed in.
 struct SavedSelection {

@@ -52,9 +52,7 @@ struct FileWords<UnitSystem> {
 };
 template <>
 struct FileWords<FormKind> {
-    static constexpr std::array words{std::pair{FormKind::selection, "selection"},
-                                      std::pair{FormKind::inverter, "inverter"},
-                                      std::pair{FormKind::search, "search"}};
+    static constexpr auto& words = formKindNames;
 };
 template <>
 struct FileWords<CurveAxis> {
@@ -63,9 +61,7 @@ struct FileWords<CurveAxis> {
 };
 template <>
 struct FileWords<Severity> {
-    static constexpr std::array words{std::pair{Severity::error, "error"},
-                                      std::pair{Severity::attention, "warning"},
-                                      std::pair{Severity::information, "note"}};
+    static constexpr auto& words = severityNames;
 };
 template <>
 struct FileWords<CataloguePart> {

@@ -48,22 +48,21 @@ class Fingerprint {
     std::uint64_t hash_ = 14695981039346656037U;
 };
 
-std::string ofModel(const PreparedCompressor& compressor) {
+std::string ofModel(const PreparedCompressor& compressor, bool isEconomized) {
     Fingerprint print;
     const clsInverter& inverter = compressor.InverterInfo;
-    for (const std::string& text :
-         {compressor.VI, compressor.polynomialQ0Name, compressor.polynomialPtaName,
-          compressor.polynomialShName, compressor.limitName, compressor.limitEconomizedName})
+    for (const std::string& text : {compressor.VI, compressor.polynomialQ0Name, compressor.polynomialPtaName,
+                                    compressor.polynomialShName, compressor.fault})
         print.add(text);
     for (const double number :
          {compressor.Fla, compressor.Fla2, inverter.Q0C1, inverter.Q0C2, inverter.Q0C3, inverter.PtaC1,
           inverter.PtaC2, inverter.PtaC3, inverter.CaC1, inverter.CaC2, inverter.CaC3, inverter.InCurrent,
-          static_cast<double>(compressor.ctsca), compressor.Economizer.KForo, compressor.Economizer.Sez,
-          compressor.Economizer.KPerdita, compressor.OilCoolingLimit, compressor.OilCoolingLimitEco,
-          compressor.KValues.Value1})
+          static_cast<double>(compressor.ctsca), compressor.OilCoolingLimit, compressor.Economizer.KForo,
+          compressor.Economizer.Sez, compressor.Economizer.KPerdita})
         print.add(number);
+    if (isEconomized) print.add(compressor.OilCoolingLimitEco).add(compressor.KValues.Value1);
     for (const int number : {compressor.hasInvert ? 1 : 0, compressor.hasFullSmallMotor ? 1 : 0,
-                             compressor.isMotorSmallDefault ? 1 : 0, compressor.StartMode, compressor.Market})
+                             compressor.isMotorSmallDefault ? 1 : 0, compressor.StartMode})
         print.add(number);
     return print.text();
 }
@@ -74,15 +73,13 @@ std::string ofRows(std::span<const SurfaceRow> rows) {
     return print.text();
 }
 
-std::string ofEnvelopes(const PreparedCompressor& compressor) {
+std::string ofEnvelope(const Envelope* envelope) {
     Fingerprint print;
-    for (const Envelope* const envelope : {compressor.envelope, compressor.envelopeEconomized}) {
-        print.add(envelope == nullptr ? "none" : envelope->fault);
-        if (envelope == nullptr) continue;
-        for (const auto& limit : envelope->limits) {
-            print.add(limit->LimitType);
-            for (const clsPoint& point : limit->Points) print.add(point.x).add(point.Y);
-        }
+    print.add(envelope == nullptr ? "none" : envelope->fault);
+    if (envelope == nullptr) return print.text();
+    for (const auto& limit : envelope->limits) {
+        print.add(limit->LimitType);
+        for (const clsPoint& point : limit->Points) print.add(point.x).add(point.Y);
     }
     return print.text();
 }
@@ -97,13 +94,15 @@ std::string ofMotors(const PreparedCompressor& compressor) {
     return print.text();
 }
 
-std::map<CataloguePart, std::string> fingerprintsOf(const PreparedCompressor& compressor) {
+/// Of what a calculation at these conditions reads.
+std::map<CataloguePart, std::string> fingerprintsOf(const PreparedCompressor& compressor,
+                                                    const clsProjectConditions& conditions) {
     using enum CataloguePart;
-    return {{model, ofModel(compressor)},
+    return {{model, ofModel(compressor, conditions.EcoCalculateMode != EconomizerMode::none)},
             {capacitySurface, ofRows(compressor.capacityRows)},
             {powerSurface, ofRows(compressor.powerRows)},
             {dischargeSurface, ofRows(compressor.dischargeRows)},
-            {envelope, ofEnvelopes(compressor)},
+            {envelope, ofEnvelope(compressor.envelopeFor(conditions.EcoCalculateMode))},
             {motor, ofMotors(compressor)}};
 }
 
@@ -116,7 +115,8 @@ bool isProperty(const std::string& name) {
 }
 
 bool areEqual(double one, double other, double tolerance) {
-    return std::abs(one - other) <= tolerance * std::max(std::abs(one), std::abs(other));
+    constexpr double floor = 1e-3;  // what is next to 0 differs by the last bits of what it came from
+    return std::abs(one - other) <= tolerance * std::max({floor, std::abs(one), std::abs(other)});
 }
 
 std::optional<double> valueIn(const std::map<std::string, double>& values, const std::string& name) {
@@ -172,7 +172,7 @@ PromisedResult promisedResult(Calculator& calculator, const PreparedCompressor& 
                           .conditions = conditions,
                           .values = {},
                           .messages = {},
-                          .fingerprints = fingerprintsOf(compressor)};
+                          .fingerprints = fingerprintsOf(compressor, conditions)};
     const clsCompressor& calculated = calculator.calculate(compressor, conditions);
     for (const clsVariable* const variable : calculated.Variables)
         if (variable->isNumber()) result.values.emplace(variable->Name(), variable->number());
@@ -203,7 +203,7 @@ std::vector<CheckedResult> checkedResults(const Promise& promise, const Prepared
             // Rows that cannot be read give no values.
             result.today = PromisedResult{.compressor = promised.compressor,
                                           .conditions = promised.conditions,
-                                          .fingerprints = fingerprintsOf(*compressor)};
+                                          .fingerprints = fingerprintsOf(*compressor, promised.conditions)};
         }
         result.change = changeOf(promised, *result.today, tolerance);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -46,6 +47,18 @@ inline constexpr std::array cataloguePartNames{
     std::pair{CataloguePart::model, "model"},        std::pair{CataloguePart::capacitySurface, "capacity"},
     std::pair{CataloguePart::powerSurface, "power"}, std::pair{CataloguePart::dischargeSurface, "discharge"},
     std::pair{CataloguePart::envelope, "envelope"},  std::pair{CataloguePart::motor, "motor"}};
+
+inline constexpr std::array severityNames{std::pair{Severity::error, "error"},
+                                          std::pair{Severity::attention, "attention"},
+                                          std::pair{Severity::information, "information"}};
+
+/// Returns the name of a value in files.
+template <class Value, std::size_t count>
+std::string nameIn(const std::array<std::pair<Value, const char*>, count>& names, Value value) {
+    for (const auto& [each, name] : names)
+        if (each == value) return name;
+    return {};
+}
 
 /// A message that was given with a result.
 struct PromisedMessage {
@@ -121,7 +134,8 @@ struct CheckedResult {
 };
 
 /// Calculates promised results again, in their order. Values within `tolerance` of each other, relative to
-/// the larger one, are equal: another machine may differ in the last bits. Throws FluidLibraryError.
+/// the larger one or to 0.001, are equal: another machine may differ in the last bits. Throws
+/// FluidLibraryError.
 std::vector<CheckedResult> checkedResults(const Promise& promise, const PreparedCatalogue& catalogue,
                                           Calculator& calculator, double tolerance = 1e-9);
 

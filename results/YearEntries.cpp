@@ -51,11 +51,7 @@ EvaporatingRule evaporatingRuleIn(std::string_view text, UnitSystem units) {
             point += (point.empty() ? "" : ":") + metricTemperature(trimmed(number), units);
         metric += (metric.empty() ? "" : ";") + point;
     }
-    EvaporatingRule rule = evaporatingRuleOf(metric);
-    for (const EvaporatingRule::Point& point : rule.points)
-        if (rule.points.size() > 1 && !yearLimits::outdoorTemperature.holds(point.outdoor))
-            throw std::invalid_argument(storedText(point.outdoor) + " is no outdoor temperature");
-    return rule;
+    return evaporatingRuleOf(metric);
 }
 
 std::string enteredText(const EvaporatingRule& rule, UnitSystem units, const NumberMarks& marks) {

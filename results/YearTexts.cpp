@@ -7,6 +7,7 @@
 #include "catalogue/clsInverter.h"
 #include "data/DictionaryTexts.h"
 #include "engine/CapacityStates.h"
+#include "engine/PermittedConditions.h"
 #include "engine/Statements.h"
 #include "results/PartLoadTexts.h"
 #include "results/ReportLines.h"
@@ -110,8 +111,12 @@ std::string condensingText(const CondensingRule& rule, const YearStyle& style) {
 std::string optionsOf(const YearOfPlant& plant, const YearStyle& style) {
     const clsProjectConditions& conditions = plant.choice.conditions;
     std::string text = gasText(pointOf(conditions), {.units = style.units, .marks = style.marks});
-    if (conditions.EcoCalculateMode != EconomizerMode::none)
-        text += dot + dictionaryText("frmyear.assumption.economizer");
+    const bool hasEconomizer =
+        std::ranges::any_of(plant.choice.plant.machines, [&](const PlantMachines& machines) {
+            return permittedConditions(*machines.compressor, conditions).conditions.EcoCalculateMode !=
+                   EconomizerMode::none;
+        });
+    if (hasEconomizer) text += dot + dictionaryText("frmyear.assumption.economizer");
     return text;
 }
 
@@ -272,13 +277,39 @@ std::string sentenceOf(const PlantTextFault& fault) {
 }
 
 std::string sentenceOf(LoadProfileFault::Reason reason, const std::string& text) {
-    constexpr std::array<const char*, 14> keys{
-        "frmyear.file.notcsv",        "frmyear.file.nobins",         "frmyear.file.toomanybins",
-        "frmyear.file.missingcolumn", "frmyear.file.repeatedcolumn", "frmyear.file.unknownunit",
-        "frmyear.file.fieldcount",    "frmyear.file.missingvalue",   "frmyear.file.notanumber",
-        "frmyear.file.outsiderange",  "frmyear.file.negativehours",  "frmyear.file.hoursaboveyear",
-        "frmyear.file.negativeload",  "frmyear.file.loadabovefull"};
-    return dictionaryText(keys.at(static_cast<std::size_t>(reason)), {text});
+    using enum LoadProfileFault::Reason;
+    const auto sentence = [&](const char* key) { return dictionaryText(key, {text}); };
+    switch (reason) {
+        case notCsv:
+            return sentence("frmyear.file.notcsv");
+        case noBins:
+            return sentence("frmyear.file.nobins");
+        case tooManyBins:
+            return sentence("frmyear.file.toomanybins");
+        case missingColumn:
+            return sentence("frmyear.file.missingcolumn");
+        case repeatedColumn:
+            return sentence("frmyear.file.repeatedcolumn");
+        case unknownUnit:
+            return sentence("frmyear.file.unknownunit");
+        case fieldCount:
+            return sentence("frmyear.file.fieldcount");
+        case missingValue:
+            return sentence("frmyear.file.missingvalue");
+        case notANumber:
+            return sentence("frmyear.file.notanumber");
+        case outsideRange:
+            return sentence("frmyear.file.outsiderange");
+        case negativeHours:
+            return sentence("frmyear.file.negativehours");
+        case hoursAboveYear:
+            return sentence("frmyear.file.hoursaboveyear");
+        case negativeLoad:
+            return sentence("frmyear.file.negativeload");
+        case loadAboveFull:
+            return sentence("frmyear.file.loadabovefull");
+    }
+    return text;
 }
 
 std::string sentenceOf(const LoadProfileFault& fault) {

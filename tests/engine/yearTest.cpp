@@ -198,8 +198,9 @@ TEST_F(YearTest, AMachineOutsideOfItsLimitsSaysWhy) {
     request_.machines = {machines("TK-A", "120")};
     request_.designLoad = 60;
     request_.condensing = condensingRuleOf("outdoor+12");
-    request_.profile.bins = {{-19, 10, 1}, {30, 100, 0.5}, {70, 1, 1}};
+    request_.profile.bins = {{-19, 10, 1}, {30, 100, 0.5}, {70, 1, 1}, {70, 9, 0}};
     const Year year = this->year();
+    EXPECT_TRUE(year.bins[3].errors.front().empty()) << "nothing is needed of it";
     EXPECT_EQ(year.bins[2].errors.front(), outsideEnvelope);
     EXPECT_EQ(year.bins[2].load.unmet, 60);
     EXPECT_FALSE(year.bins[0].errors.front().empty());  // it would condense below what evaporates

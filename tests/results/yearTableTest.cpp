@@ -215,9 +215,16 @@ TEST_F(YearTableTest, EveryFaultHasASentenceInEachLanguage) {
             const std::string sentence = sentenceOf(static_cast<LoadProfileFault::Reason>(reason), "7");
             EXPECT_FALSE(sentence.starts_with("frmyear")) << sentence;
         }
+        for (int reason = 0; reason <= static_cast<int>(PlantTextFault::Reason::severalInverters); ++reason) {
+            const PlantTextFault fault(static_cast<PlantTextFault::Reason>(reason), "", {"7"});
+            EXPECT_FALSE(sentenceOf(fault).starts_with("frmyear")) << sentenceOf(fault);
+        }
         const PlantTextFault fault(PlantTextFault::Reason::severalRefrigerants, "", {"R134A", "R290"});
         EXPECT_NE(sentenceOf(fault).find("R134A, R290"), std::string::npos) << language;
     }
+    gApplication().populateDictionary("en-EN", "en-EN");
+    EXPECT_NE(sentenceOf(LoadProfileFault::Reason::negativeLoad, "-7").find("-7"), std::string::npos);
+    EXPECT_NE(sentenceOf(LoadProfileFault::Reason::missingColumn, "hours").find("column"), std::string::npos);
 }
 
 }  // namespace

@@ -85,6 +85,18 @@ TEST_F(ProjectCommand, AnotherValueIsListedAndChangesTheExitStatus) {
                                             ",\"today\":" + Json(today).dump() + "}]"));
 }
 
+TEST_F(ProjectCommand, AChangedMessageIsInEachFormat) {
+    project_["items"][0]["promised"]["results"][0]["messages"] = {
+        {{"severity", "attention"}, {"key", "messages.message13"}}};
+    EXPECT_THAT(call("--check").out, HasSubstr("- attention messages.message13"));
+    const Answer csv = call("--check --format csv");
+    EXPECT_EQ(csv.status, 4);
+    EXPECT_THAT(csv.out, HasSubstr("\nDock,R134A,TK-A,255,messages.message13,attention,,yes\n"));
+    EXPECT_EQ(
+        Json::parse(call("--check --format json").out)["items"][0]["results"][0]["change"]["lost"][0]["name"],
+        "messages.message13");
+}
+
 TEST_F(ProjectCommand, ACompressorThatIsGoneIsADifference) {
     project_["items"][0]["promised"]["results"][0]["compressor"]["model"] = "256";
     const Answer check = call("--check");

@@ -22,23 +22,7 @@ using Json = nlohmann::ordered_json;
 
 std::string kindOf(const ProjectItem& item) {
     const auto* const selection = std::get_if<SavedSelection>(&item.content);
-    if (selection == nullptr) return "comparison";
-    switch (selection->form) {
-        case FormKind::selection:
-            return "selection";
-        case FormKind::inverter:
-            return "inverter";
-        case FormKind::search:
-            break;
-    }
-    return "search";
-}
-
-template <class Value, class Names>
-std::string wordIn(const Names& names, Value value) {
-    for (const auto& [each, name] : names)
-        if (each == value) return name;
-    return {};
+    return selection == nullptr ? "comparison" : nameIn(formKindNames, selection->form);
 }
 
 std::string nameOf(const CompressorName& name) { return name.serie + '-' + name.model; }
@@ -55,7 +39,7 @@ std::string reasonText(const Change& change) {
         switch (reason) {
             case ChangeReason::row: {
                 text += "the catalogue has other rows:";
-                for (const CataloguePart part : change.parts) text += ' ' + wordIn(cataloguePartNames, part);
+                for (const CataloguePart part : change.parts) text += ' ' + nameIn(cataloguePartNames, part);
                 break;
             }
             case ChangeReason::property:
@@ -85,11 +69,14 @@ std::string stateText(const CheckedResult& result) {
            "; " + reasonText(result.change);
 }
 
+/// With all digits: a change may be in the last ones.
+std::string stored(std::optional<double> value) { return value ? storedText(*value) : "-"; }
+
 std::string changeLines(const Change& change) {
     const std::string indent(6, ' ');
     std::string text;
     for (const Change::Value& value : change.values)
-        text += indent + value.name + ' ' + shown(value.promised) + " -> " + shown(value.today) + '\n';
+        text += indent + value.name + ' ' + stored(value.promised) + " -> " + stored(value.today) + '\n';
     for (const PromisedMessage& message : change.gained)
         text += indent + "+ " + wordOf(message.severity) + ' ' + message.key + '\n';
     for (const PromisedMessage& message : change.lost)
@@ -111,12 +98,12 @@ std::string headText(const ProjectDetails& details) {
 std::string tableOf(const ProjectAnswer& answer) {
     constexpr std::array figures{"Q0", "Pta", "COP"};
     std::vector<Cells> lines{{"", "refrigerant", "T. E.", "T. C.", "Q0 kW", "Pta kW", "COP"}};
-    std::vector<std::string> behind{""};  // of each line: its state, and the lines below it
+    std::vector<std::string> states{""};  // of each line, with the lines below it
     for (const CheckedItem& item : answer.items) {
         const auto isAny = [&](const CheckedResult& result) { return isShown(answer, result); };
         if (answer.hasDifferencesAlone && std::ranges::none_of(item.results, isAny)) continue;
         lines.push_back({item.item->title.empty() ? kindOf(*item.item) : item.item->title});
-        behind.emplace_back(item.results.empty() ? "  no promised results" : "");
+        states.emplace_back(item.results.empty() ? "  no promised results" : "");
         for (std::size_t i = 0; i < item.results.size(); ++i) {
             const CheckedResult& result = item.results[i];
             if (!isShown(answer, result)) continue;
@@ -129,7 +116,7 @@ std::string tableOf(const ProjectAnswer& answer) {
                 const auto found = values.find(figure);
                 line.push_back(!result.today || found == values.end() ? "-" : shown(found->second));
             }
-            behind.push_back("  " + stateText(result) + '\n' + changeLines(result.change));
+            states.push_back("  " + stateText(result) + '\n' + changeLines(result.change));
         }
     }
     constexpr std::size_t captionWidth = 24;
@@ -141,7 +128,7 @@ std::string tableOf(const ProjectAnswer& answer) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
         std::string line = lineText(lines[i], widths, 2);
         line.erase(line.find_last_not_of(" \n") + 1);
-        text += line + behind[i];
+        text += line + states[i];
         if (text.back() != '\n') text += '\n';
     }
     if (lines.size() == 1 && answer.hasDifferencesAlone) return "All results are as promised.\n";
@@ -151,9 +138,18 @@ std::string tableOf(const ProjectAnswer& answer) {
 std::string csvOf(const ProjectAnswer& answer) {
     std::string text =
         csvLine({"item", "refrigerant", "series", "model", "variable", "promised", "today", "changed"});
-    const auto stored = [](const std::map<std::string, double>& values, const std::string& name) {
+    const auto valueIn = [](const std::map<std::string, double>& values, const std::string& name) {
         const auto found = values.find(name);
         return found == values.end() ? std::string() : storedText(found->second);
+    };
+    struct Line {
+        std::string name, promised, today;
+    };
+    const auto add = [&](const CheckedItem& item, const PromisedResult& result, const Line& line,
+                         bool isChanged) {
+        const auto& [refrigerant, serie, model] = result.compressor;
+        text += csvLine({item.item->title, refrigerant, serie, model, line.name, line.promised, line.today,
+                         isChanged ? "yes" : "no"});
     };
     for (const CheckedItem& item : answer.items)
         for (std::size_t i = 0; i < item.results.size(); ++i) {
@@ -168,10 +164,12 @@ std::string csvOf(const ProjectAnswer& answer) {
                 const bool isChanged =
                     !result.today || std::ranges::count(result.change.values, name, &Change::Value::name) > 0;
                 if (answer.hasDifferencesAlone && !isChanged) continue;
-                text += csvLine({item.item->title, promised.compressor.refrigerant, promised.compressor.serie,
-                                 promised.compressor.model, name, stored(promised.values, name),
-                                 stored(today, name), isChanged ? "yes" : "no"});
+                add(item, promised, {name, valueIn(promised.values, name), valueIn(today, name)}, isChanged);
             }
+            for (const PromisedMessage& message : result.change.lost)
+                add(item, promised, {message.key, wordOf(message.severity), {}}, true);
+            for (const PromisedMessage& message : result.change.gained)
+                add(item, promised, {message.key, {}, wordOf(message.severity)}, true);
         }
     return text;
 }
@@ -191,8 +189,8 @@ Json changeJson(const Change& change) {
               {"lost", messagesOf(change.lost)}};
     const auto number = [](std::optional<double> value) { return value ? Json(*value) : Json(); };
     for (const ChangeReason reason : change.reasons)
-        json["reasons"].push_back(wordIn(changeReasonNames, reason));
-    for (const CataloguePart part : change.parts) json["rows"].push_back(wordIn(cataloguePartNames, part));
+        json["reasons"].push_back(nameIn(changeReasonNames, reason));
+    for (const CataloguePart part : change.parts) json["rows"].push_back(nameIn(cataloguePartNames, part));
     for (const Change::Value& value : change.values)
         json["values"].push_back(
             {{"name", value.name}, {"promised", number(value.promised)}, {"today", number(value.today)}});
