@@ -190,6 +190,17 @@ TEST_F(CatalogueImport, NamesEachValueThatDoesNotFit) {
     EXPECT_EQ(comma->fields[5], "\"8,4\" is not a number");
 }
 
+TEST_F(CatalogueImport, NoNumberOfBadRowsHidesWhatIsSaidOfTables) {
+    std::string rows;
+    for (int i = 0; i < 250; ++i) rows += std::string(i > 0 ? "," : "") + "[\"A\", 1, \"bad\"]";
+    const Answer answer = imported(database(
+        R"([{"name": "tLimits", "columns": [["fLimitID", "text"], ["fType", "int"], ["fPoints", "memo"]], "rows": [)" +
+        rows + R"(]}, {"name": "tPrices", "columns": [["fModel", "text"]], "rows": [["120"]]}])"));
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_THAT(answer.out, HasSubstr("tPrices: the catalogue has no such table; 1 row rejected\n"));
+    EXPECT_THAT(answer.out, HasSubstr("\nand 50 more of rows; see rejected.csv\n"));
+}
+
 TEST_F(CatalogueImport, ReadsTheTypesOfOldTables) {
     const std::string columns = [] {
         std::string text;

@@ -23,7 +23,9 @@ std::string counted(std::size_t count, const std::string& what) {
 bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
 /// Both texts with what they share at their ends left out, where they are long.
-std::pair<std::string, std::string> shortened(const std::string& before, const std::string& after) {
+std::pair<std::string, std::string> shortened(std::string before, std::string after) {
+    for (std::string* const text : {&before, &after})
+        for (const char* end : {"\r", "\n"}) replaceAll(*text, end, " ");
     constexpr std::size_t most = 60;
     constexpr std::size_t kept = 16;  // around what differs
     if (letterCount(before) <= most && letterCount(after) <= most) return {before, after};
@@ -41,9 +43,7 @@ std::pair<std::string, std::string> shortened(const std::string& before, const s
         to = std::min(to, from + longest);
         while (from > 0 && isContinuation(text[from])) --from;
         while (to < text.size() && isContinuation(text[to])) ++to;
-        std::string piece = text.substr(from, to - from);
-        for (const char* end : {"\r", "\n"}) replaceAll(piece, end, " ");
-        return (from > 0 ? "…" : "") + piece + (to < text.size() ? "…" : "");
+        return (from > 0 ? "…" : "") + text.substr(from, to - from) + (to < text.size() ? "…" : "");
     };
     return {cut(before), cut(after)};
 }
@@ -205,7 +205,8 @@ std::string csvOf(const DiffFindings& findings) {
                              storedText(change.point.x) + "/" + storedText(change.point.Y), column, before,
                              after, unit, percent, reasons});
         };
-        add("state", change.stateBefore, change.stateAfter, "", "");
+        if (change.stateBefore != change.stateAfter)
+            add("state", change.stateBefore, change.stateAfter, "", "");
         for (const FigureChange& figure : change.figures)
             add(figure.figure, stored(figure.before), stored(figure.after), figure.unit,
                 stored(figure.percent()));

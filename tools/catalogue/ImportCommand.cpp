@@ -41,10 +41,14 @@ void writeRejected(const JetImport& result, const fs::path& folder) {
     if (!stream) throw std::runtime_error("The rejected rows cannot be written to " + file.string() + ".");
 }
 
-void print(const std::vector<std::string>& faults) {
-    constexpr std::size_t most = 200;
-    for (std::size_t i = 0; i < std::min(faults.size(), most); ++i) std::cerr << faults[i] << '\n';
-    if (faults.size() > most) std::cerr << "and " << faults.size() - most << " more\n";
+/// All that is said of tables; of the rows, which are all among the rejected ones, the first.
+void print(const JetImport& result) {
+    constexpr std::size_t maxRows = 200;
+    for (const std::string& fault : result.tableFaults) std::cerr << fault << '\n';
+    const std::vector<std::string>& rows = result.rowFaults;
+    for (std::size_t i = 0; i < std::min(rows.size(), maxRows); ++i) std::cerr << rows[i] << '\n';
+    if (rows.size() > maxRows)
+        std::cerr << "and " << rows.size() - maxRows << " more of rows; see " << rejectedName << '\n';
 }
 
 std::string summaryOf(const JetImport& result, const std::string& folder) {
@@ -76,9 +80,9 @@ int ImportCommand::run() const {
     const JetImport result = importJet(file);
     writeTables(result.content, folder_, false);
     writeRejected(result, folder_);
-    print(result.faults);
+    print(result);
     printText(summaryOf(result, folder_));
-    return result.faults.empty() ? allTaken : someRejected;
+    return result.isWhole() ? allTaken : someRejected;
 }
 
 }  // namespace marvello

@@ -102,8 +102,8 @@ class TableImport {
         findColumns();
         for (std::size_t row = 0; row < jet_.rows.size(); ++row) take(row);
         for (const auto& [reason, count] : ofAll_)
-            result_.faults.push_back(std::string(table_.name) + ": " + reason + "; " + counted(count, "row") +
-                                     " rejected");
+            result_.tableFaults.push_back(std::string(table_.name) + ": " + reason + "; " +
+                                          counted(count, "row") + " rejected");
     }
 
   private:
@@ -120,19 +120,20 @@ class TableImport {
             if (places_[i]) continue;
             const Column& column = table_.columns[i];
             if (mayBeMissing(column.kind))
-                result_.faults.push_back(std::string(table_.name) + ": the column " +
-                                         std::string(column.name) + " is missing and stays empty");
+                result_.tableFaults.push_back(std::string(table_.name) + ": the column " +
+                                              std::string(column.name) + " is missing and stays empty");
             else if (jet_.rows.empty())
-                result_.faults.push_back(std::string(table_.name) + ": the column " +
-                                         std::string(column.name) + " is missing");
+                result_.tableFaults.push_back(std::string(table_.name) + ": the column " +
+                                              std::string(column.name) + " is missing");
         }
     }
 
     void sayUnknown(std::size_t column) {
         const auto count = static_cast<std::size_t>(std::ranges::count_if(
             jet_.rows, [&](const std::vector<std::string>& row) { return !row[column].empty(); }));
-        result_.faults.push_back(std::string(table_.name) + ": the catalogue has no column " +
-                                 jet_.columns[column].name + "; " + counted(count, "value") + " left out");
+        result_.tableFaults.push_back(std::string(table_.name) + ": the catalogue has no column " +
+                                      jet_.columns[column].name + "; " + counted(count, "value") +
+                                      " left out");
     }
 
     /// The values of the key as they are in the database.
@@ -222,8 +223,8 @@ class TableImport {
     }
 
     void say(std::size_t row, const std::string& reason) {
-        result_.faults.push_back(jet_.name + " row " + std::to_string(row + 1) + " (" + keyOf(row) +
-                                 "): " + reason);
+        result_.rowFaults.push_back(jet_.name + " row " + std::to_string(row + 1) + " (" + keyOf(row) +
+                                    "): " + reason);
     }
 
     const JetTable& jet_;
@@ -236,8 +237,8 @@ class TableImport {
 };
 
 void rejectTable(const JetTable& jet, JetImport& result) {
-    result.faults.push_back(jet.name + ": the catalogue has no such table; " +
-                            counted(jet.rows.size(), "row") + " rejected");
+    result.tableFaults.push_back(jet.name + ": the catalogue has no such table; " +
+                                 counted(jet.rows.size(), "row") + " rejected");
     for (std::size_t row = 0; row < jet.rows.size(); ++row) {
         const auto fields = rejectedFields(jet, row, {});
         result.rejected.insert(result.rejected.end(), fields.begin(), fields.end());
@@ -253,7 +254,7 @@ JetImport importJet(const JetFile& file) {
     std::vector<bool> areFound(result.content.tables.size());
     for (const std::string& name : file.tables()) {
         const JetTable jet = file.read(name);
-        for (const std::string& doubt : jet.doubts) result.faults.push_back(name + ": " + doubt);
+        for (const std::string& doubt : jet.doubts) result.tableFaults.push_back(name + ": " + doubt);
         const auto known = std::ranges::find_if(result.content.tables, [&](const TableContent& content) {
             return equalIgnoringCase(content.table->name, name);
         });
@@ -265,10 +266,10 @@ JetImport importJet(const JetFile& file) {
         TableImport(jet, *known, result).run();
     }
     for (const std::string& name : file.linkedTables())
-        result.faults.push_back(name + ": the table is a link to another database, which has its rows");
+        result.tableFaults.push_back(name + ": the table is a link to another database, which has its rows");
     for (std::size_t i = 0; i < areFound.size(); ++i)
         if (const Table& table = *result.content.tables[i].table; !areFound[i] && !table.isOptional)
-            result.faults.push_back(std::string(table.name) + ": the database has no such table");
+            result.tableFaults.push_back(std::string(table.name) + ": the database has no such table");
     return result;
 }
 

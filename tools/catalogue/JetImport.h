@@ -21,11 +21,15 @@ struct RejectedField {
 /// What a Jet database gives.
 struct JetImport {
     Content content;
-    /// What could not be taken, as "table row 3 (key): column: reason" or "table: reason".
-    std::vector<std::string> faults{};
+    /// What could not be taken of whole tables and columns, as "table: reason".
+    std::vector<std::string> tableFaults{};
+    /// What could not be taken of rows, as "table row 3 (key): column: reason".
+    std::vector<std::string> rowFaults{};
     /// All fields of the rows that could not be taken, and the values of unknown columns of the others.
     std::vector<RejectedField> rejected{};
     std::size_t rejectedRows = 0;
+
+    bool isWhole() const { return tableFaults.empty() && rowFaults.empty(); }
 };
 
 /// Takes the tables of a Jet database into the content of a catalogue. Each table and column that the

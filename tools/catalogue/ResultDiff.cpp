@@ -32,22 +32,25 @@ namespace fs = std::filesystem;
 /// A content as a catalogue file that the engine can read, for as long as this lives.
 class TemporaryCatalogue {
   public:
-    explicit TemporaryCatalogue(const Content& content)
-        : folder_(makeFreshFolder(fs::temp_directory_path() / "marvello-diff-")) {
-        writeCatalogue(content, file());
-    }
-    ~TemporaryCatalogue() {
-        std::error_code ignored;
-        fs::remove(file(), ignored);
-        fs::remove(folder_, ignored);
-    }
-    TemporaryCatalogue(const TemporaryCatalogue&) = delete;
-    TemporaryCatalogue& operator=(const TemporaryCatalogue&) = delete;
+    explicit TemporaryCatalogue(const Content& content) { writeCatalogue(content, file()); }
 
-    fs::path file() const { return folder_ / "db.mdb"; }
+    fs::path file() const { return folder_.path / "db.mdb"; }
 
   private:
-    fs::path folder_;
+    /// Goes also if the catalogue cannot be written.
+    struct Folder {
+        Folder() = default;
+        ~Folder() {
+            std::error_code ignored;
+            fs::remove(path / "db.mdb", ignored);
+            fs::remove(path, ignored);
+        }
+        Folder(const Folder&) = delete;
+        Folder& operator=(const Folder&) = delete;
+
+        const fs::path path = makeFreshFolder(fs::temp_directory_path() / "marvello-diff-");
+    };
+    Folder folder_;
 };
 
 struct NamedFigure {
@@ -85,7 +88,7 @@ void addFigures(const clsCompressor& calculated, std::vector<NamedFigure>& figur
         if (const auto value = valueOf(performance, each.figure))
             figures.push_back({each.name, each.unit, *value});
     if (!performance.hasValues()) return;
-    for (const auto& [variable, name] : {std::pair{var::Fla, "rated current"},
+    for (const auto& [variable, name] : {std::pair{var::Fla, "full-load current"},
                                          {var::Lra1, "locked-rotor current, first stage"},
                                          {var::Lra2, "locked-rotor current, second stage"}})
         if (calculated.Variables.isSet(variable))

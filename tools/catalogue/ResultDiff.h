@@ -22,7 +22,7 @@ struct FigureChange {
     std::optional<double> percent() const;
 };
 
-/// A message of a compressor, with its weight: "error", "attention" or "information".
+/// A message of a compressor, with its severity: "error", "attention" or "information".
 struct NamedMessage {
     std::string severity;
     std::string key;
